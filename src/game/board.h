@@ -1,0 +1,60 @@
+// The context that every operation takes, and the one table of what belongs to a side.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "game/board_state.h"
+#include "platform/platform.h"
+#include "sheet/stat_sheet.h"
+#include "shell/event_log.h"
+
+namespace dtb {
+
+struct Board {
+  BoardState& state;
+  StatSheet& sheet;
+  EventLog& log;
+  Platform& platform;
+};
+
+enum class Side { Visitors, Home };
+
+[[nodiscard]] constexpr Side Other(Side side) {
+  return side == Side::Visitors ? Side::Home : Side::Visitors;
+}
+
+// The twin fields of one side, by their role.
+struct SideFields {
+  LineupList& list;
+  Field<bool>& atBat;                // the option "AT BAT"
+  Field<std::string>& rememberedRow;  // row that last became the batter
+  Field<bool>& edit;                 // the check box "EDIT"
+  Field<std::string>& newEntry;      // text field for a new row
+  Field<std::string>& team;          // team name on the board
+  Field<std::string>& pitcher;       // current pitcher
+  Field<std::string>& pitcherTag;    // pitcher until the last change
+  Field<Picture>& pitcherPhoto;
+  Field<Picture>& logo;
+  ScoreRow& score;                // the side's row of the line score
+  StatGrid& grid;                 // the side's table of the sheet
+  Field<std::string>& sheetTeam;  // team name on the sheet
+  Field<Picture>& sheetLogo;
+  int boxScoreRow;         // the side's row of grd_BoxScore
+  const char* letter;      // "V" or "H", as lbl_VisHome and lbl_GridSelected name the side
+  const char* defaultLogo;  // file in Logos for a team without a logo
+};
+
+[[nodiscard]] SideFields SideOf(Board& board, Side side);
+
+// The side whose option "AT BAT" is on; nothing before the player chose one.
+[[nodiscard]] std::optional<Side> SideAtBat(const BoardState& state);
+
+// The colour of a side's list, team name and option: white at bat, grey in the field. While nobody
+// is at bat the visitors are white.
+[[nodiscard]] Colour SideColour(const BoardState& state, Side side);
+
+// Turns the option "AT BAT" of a side on, and the other side's off.
+void PutAtBat(Board& board, Side side);
+
+}  // namespace dtb

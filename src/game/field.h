@@ -1,0 +1,76 @@
+// A named value of the board that tells when it changes.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace dtb {
+
+// Holds one value. A write of an equal value is no change. Any other write stores the value, tells
+// the observers (what shows the value on the screen) and then runs the field's change operation (a
+// rule of the game), nested in the write. The observers come first, so that the screen is right
+// while a message box of the change operation waits.
+//
+// Copies are plain values: copying a field takes its value and leaves observers and change
+// operation where they are. Assigning one field to another puts a remembered value back in
+// silence: observers hear of it, the change operation does not run.
+template <class T>
+class Field {
+ public:
+  Field() = default;
+  explicit Field(T initial) : value_(std::move(initial)) {}
+  Field(const Field& other) : value_(other.value_) {}
+  ~Field() = default;
+
+  Field& operator=(const Field& other) {
+    if (this != &other && !(value_ == other.value_)) {
+      value_ = other.value_;
+      TellObservers();
+    }
+    return *this;
+  }
+
+  [[nodiscard]] const T& value() const { return value_; }
+
+  void Set(T value) {
+    if (value_ == value) return;
+    value_ = std::move(value);
+    TellObservers();
+    if (hooks_ && hooks_->change) hooks_->change();
+  }
+
+  // The one rule that runs on every change by Set. It may write this field again.
+  void SetChangeOperation(std::function<void()> operation) {
+    MakeHooks().change = std::move(operation);
+  }
+
+  // Observers are never taken off: they must outlive the field or know when they are dead.
+  void Observe(std::function<void()> observer) {
+    MakeHooks().observers.push_back(std::move(observer));
+  }
+
+  friend bool operator==(const Field& a, const Field& b) { return a.value_ == b.value_; }
+
+ private:
+  struct Hooks {
+    std::function<void()> change;
+    std::vector<std::function<void()>> observers;
+  };
+
+  Hooks& MakeHooks() {
+    if (!hooks_) hooks_ = std::make_unique<Hooks>();
+    return *hooks_;
+  }
+
+  void TellObservers() {
+    if (!hooks_) return;
+    for (std::size_t i = 0; i < hooks_->observers.size(); ++i) hooks_->observers[i]();
+  }
+
+  T value_{};
+  std::unique_ptr<Hooks> hooks_;
+};
+
+}  // namespace dtb

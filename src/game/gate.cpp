@@ -1,0 +1,100 @@
+#include "game/gate.h"
+
+#include <string>
+
+#include "game/played_mark.h"
+#include "teams/game_pieces.h"
+
+namespace dtb {
+namespace {
+
+constexpr int kLastOfOrder = kStarters - 1;
+
+void ShowRecorded(Board& board, const std::string& message) {
+  board.platform.boxes.ShowRecorded(message, BoxAlignment::Centred);
+}
+
+// Raises the at-bats of the current batter. The visitors' table is searched first, whichever side
+// is at bat.
+bool CountAtBat(Board& board) {
+  for (StatGrid* grid : {&board.sheet.grd_VisStats, &board.sheet.grd_HomeStats}) {
+    if (const auto row = grid->FindRow(stat_column::kBatter, board.state.lbl_Selected.value())) {
+      grid->Raise(*row, stat_column::kAtBats);
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+bool BothTeamsLoaded(const BoardState& state) {
+  return !state.List1.empty() && !state.List2.empty();
+}
+
+bool PitchersAndBatterChosen(const BoardState& state) {
+  return !state.lbl_VisPitcher.value().empty() && !state.lbl_HomePitcher.value().empty() &&
+         !state.lbl_Selected.value().empty();
+}
+
+bool OutcomeGate(Board& board) {
+  if (!BothTeamsLoaded(board.state)) return false;
+  if (PitchersAndBatterChosen(board.state)) return true;
+  PitcherBatterSelectWarn(board);
+  return false;
+}
+
+void PitcherBatterSelectWarn(Board& board) {
+  board.platform.boxes.ShowRecorded(
+      "Both pitchers must be selected first. 'AT BAT' button must be selected. Then first batter "
+      "must be selected.",
+      BoxAlignment::Left);
+}
+
+void LogOutcome(Board& board, std::string_view suffix) {
+  const auto atBat = SideAtBat(board.state);
+  if (!atBat) return;
+  board.log.Append(SideOf(board, *atBat).list.SelectedEntry() + std::string(suffix));
+}
+
+void AdvanceLineup(Board& board) {
+  const auto atBat = SideAtBat(board.state);
+  if (!atBat) return;
+  LineupList& list = SideOf(board, *atBat).list;
+  const int next = list.selected() == kLastOfOrder ? 0 : list.selected() + 1;
+  list.Select(list.HasRow(next) ? next : 0);
+}
+
+void AssignAtBat(Board& board) {
+  ChangeOfState(board);
+  if (CountAtBat(board)) AdvanceLineup(board);
+}
+
+void EventMessage(Board& board) {
+  ShowRecorded(board, "Stat Recorded.");
+  board.state.StolenBasePiece = 0;
+}
+
+void HitRecordedMsg(Board& board) { ShowRecorded(board, "HIT recorded."); }
+
+void OutRecordedMsg(Board& board) {
+  BoardState& state = board.state;
+  ShowRecorded(board, "OUT recorded.");
+  TakeOffBoard(board, state.lbl_Selected.value());
+  if (state.tb_OUT.number() != 3) {
+    AssignAtBat(board);
+    return;
+  }
+  EndOfInning(board);
+  // The sides have changed over already: the batter is counted, and his line-up stays on him.
+  CountAtBat(board);
+  state.tb_OUT.Set("0");
+}
+
+void EndOfInning(Board& board) {
+  ShowRecorded(board, "END OF INNING.");
+  ResetGamePieces(board);
+  board.log.Append("[" + DecimalText(board.state.tb_OutsCount.number() / 6) + "]");
+}
+
+}  // namespace dtb

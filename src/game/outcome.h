@@ -1,0 +1,29 @@
+// The outcomes that the board can record.
+#pragma once
+
+#include <string_view>
+
+namespace dtb {
+
+enum class Outcome {
+  Single,
+  Double,
+  Triple,
+  Homer,
+  Walk,
+  Strikeout,
+  Groundout,
+  Flyout,
+  Lineout,
+  Popout,
+  DoublePlay,
+  FieldersChoice,
+  ThrownOut,
+  AtBat,
+  RunBattedIn,
+};
+
+// What stands behind the batter's list line in the event log: "_____1B".
+[[nodiscard]] std::string_view LogSuffix(Outcome outcome);
+
+}  // namespace dtb

@@ -1,0 +1,46 @@
+#include "game/outcomes.h"
+
+#include "game/gate.h"
+#include "game/hits.h"
+#include "game/outs.h"
+#include "game/runs.h"
+#include "shell/program_error.h"
+
+namespace dtb {
+namespace {
+
+// For a batter who reached on an error and the like. Asks neither for pitchers nor for a batter.
+void RecordAtBat(Board& board) {
+  if (!BothTeamsLoaded(board.state)) return;
+  LogOutcome(board, LogSuffix(Outcome::AtBat));
+  AssignAtBat(board);
+  board.platform.boxes.ShowRecorded("At-Bat recorded.", BoxAlignment::Centred);
+}
+
+void Record(Board& board, Outcome outcome) {
+  switch (outcome) {
+    case Outcome::Single:
+    case Outcome::Double:
+    case Outcome::Triple:
+    case Outcome::Homer:
+    case Outcome::Walk:
+    case Outcome::Strikeout: RecordPlateAppearance(board, outcome); break;
+    case Outcome::Groundout:
+    case Outcome::Flyout:
+    case Outcome::Lineout:
+    case Outcome::Popout: RecordBatterOut(board, outcome); break;
+    case Outcome::DoublePlay: RecordDoublePlay(board); break;
+    case Outcome::FieldersChoice: RecordFieldersChoice(board); break;
+    case Outcome::ThrownOut: RecordThrownOut(board); break;
+    case Outcome::AtBat: RecordAtBat(board); break;
+    case Outcome::RunBattedIn: RecordRun(board); break;
+  }
+}
+
+}  // namespace
+
+void RecordOutcome(Board& board, Outcome outcome) {
+  Trapped(board.platform.boxes, [&] { Record(board, outcome); });
+}
+
+}  // namespace dtb

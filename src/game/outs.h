@@ -1,0 +1,23 @@
+// Outs on the field.
+#pragma once
+
+#include "game/board.h"
+#include "game/outcome.h"
+
+namespace dtb {
+
+// Groundout, Flyout, Lineout, Popout: one out, the batter is out.
+void RecordBatterOut(Board& board, Outcome outcome);
+
+// Two outs, the batter is one of them. With two outs already it is told and refused; the log line
+// stands.
+void RecordDoublePlay(Board& board);
+
+// One out on the bases, the batter is safe and keeps his game piece. With two outs already it is
+// told and refused without a log line.
+void RecordFieldersChoice(Board& board);
+
+// A runner is out while the batter stays at bat: no at-bat, also when it ends the half-inning.
+void RecordThrownOut(Board& board);
+
+}  // namespace dtb

@@ -1,0 +1,45 @@
+#include "game/runners.h"
+
+#include "game/gate.h"
+#include "game/played_mark.h"
+
+namespace dtb {
+
+void ClickPiece(Board& board, int piece) {
+  BoardState& state = board.state;
+  const std::string& tag = state.pieces.at(piece).tag.value();
+  if (tag.empty()) return;
+  state.LastRunnerClicked = tag;
+  if (!board.platform.keyboard.FreshlyDown(Key::Control)) return;
+  state.StolenBasePiece = piece + 1;
+  StolenBase(board);
+}
+
+void StolenBase(Board& board) {
+  BoardState& state = board.state;
+  if (state.StolenBasePiece < 1 || !OutcomeGate(board)) return;
+  const auto atBat = SideAtBat(state);
+  if (!atBat) return;
+  board.log.Append(state.LastRunnerClicked + "_____SB");
+  ChangeOfState(board);
+  StatGrid& grid = SideOf(board, *atBat).grid;
+  const std::string& runner = state.pieces.at(state.StolenBasePiece - 1).tag.value();
+  if (const auto row = grid.FindRow(stat_column::kBatter, runner)) {
+    grid.Raise(*row, stat_column::kStolenBases);
+    EventMessage(board);
+  }
+}
+
+void ExplainStolenBase(Board& board) {
+  board.platform.boxes.Show(
+      "To record a stolen base:\n\nHold down CTRL key, then click on the top half of the runner who "
+      "stole the base.",
+      BoxIcon::Information);
+}
+
+void ToggleBase(Board& board, int base) {
+  Field<Colour>& colour = board.state.lbl_tracker.at(base);
+  colour.Set(colour.value() == kOccupiedGreen ? kWhite : kOccupiedGreen);
+}
+
+}  // namespace dtb

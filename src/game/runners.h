@@ -1,0 +1,22 @@
+// Runners on the board: stolen bases and the base tracker.
+#pragma once
+
+#include "game/board.h"
+
+namespace dtb {
+
+// A click on a game piece, 0 to 3: notes the runner; with Ctrl freshly pressed his stolen base is
+// recorded. A piece that bears no name does nothing.
+void ClickPiece(Board& board, int piece);
+
+// Records a stolen base for the man on the piece StolenBasePiece, in the table of the side at bat.
+void StolenBase(Board& board);
+
+// Tells how a stolen base is recorded.
+void ExplainStolenBase(Board& board);
+
+// A click on a base of the tracker, 0 to 2 for first to third: occupied becomes empty and the other
+// way round. Nothing reads it: it is the player's memo.
+void ToggleBase(Board& board, int base);
+
+}  // namespace dtb

@@ -1,0 +1,40 @@
+#include "game/score_pad.h"
+
+#include "game/constant_update.h"
+#include "shell/program_error.h"
+
+namespace dtb {
+
+void FocusScoreCell(Board& board, Side side, int cell) {
+  board.state.lbl_BoxSel.Set(DecimalText(cell));
+  board.state.lbl_VisHome.Set(SideOf(board, side).letter);
+  board.state.CaretAtStart = true;
+  ConstantUpdate(board);
+}
+
+void ClickDigit(Board& board, const std::string& digit) {
+  board.state.lbl_NumSel.Set(digit);
+  Trapped(board.platform.boxes, [&] { PutValue(board); });
+}
+
+void PutValue(Board& board) {
+  BoardState& state = board.state;
+  if (state.lbl_BoxSel.value().empty()) return;
+  const auto cell = static_cast<std::size_t>(NumberOf(state.lbl_BoxSel.value()));
+  const std::string& digit = state.lbl_NumSel.value();
+  for (const Side side : {Side::Visitors, Side::Home}) {
+    const SideFields fields = SideOf(board, side);
+    if (state.lbl_VisHome.value() != fields.letter) continue;
+    TextCell& text = fields.score.at(cell).text;
+    text.Set(state.CaretAtStart ? digit : text.value() + digit);
+    state.CaretAtStart = false;
+  }
+}
+
+void ToggleFinished(Board& board, Side side, int cell) {
+  if (cell < 0 || cell >= kInnings) return;
+  Field<Colour>& colour = SideOf(board, side).score.at(cell).colour;
+  colour.Set(colour.value() == kFinishedYellow ? kGrey : kFinishedYellow);
+}
+
+}  // namespace dtb

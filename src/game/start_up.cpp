@@ -1,0 +1,51 @@
+#include "game/start_up.h"
+
+#include "game/innings.h"
+#include "shell/program_error.h"
+#include "shell/settings_keys.h"
+#include "teams/game_pieces.h"
+#include "teams/lineup_edit.h"
+
+namespace dtb {
+namespace {
+
+void Connect(Board& board) {
+  board.state.tb_OUT.SetChangeOperation([&board] { OutsChanged(board); });
+  board.state.tb_OutsCount.SetChangeOperation([&board] { OutsCountChanged(board); });
+  for (const Side side : {Side::Visitors, Side::Home}) {
+    SideOf(board, side).list.SetSelectedEvent([&board, side] { SelectBatter(board, side); });
+  }
+}
+
+}  // namespace
+
+std::string WindowTitle() {
+  return std::string("Kelvane Diamond Table ") + "(" + kBuildLabel + ")";
+}
+
+void StartUp(Board& board) {
+  Trapped(board.platform.boxes, [&] {
+    Connect(board);
+    PlacePiecesAtStart(board.state);
+    SetUpSheet(board.sheet);
+    board.state.lbl_PhotoPath.Set(
+        board.platform.settings.Read(settings::kLabels, settings::kPhotoPath, ""));
+  });
+}
+
+bool ConfirmExit(Board& board) {
+  return board.platform.boxes.Ask(
+      "Don't forget to go to the Stats Form and save all stats using 'SAVE TO DB'.\n\nDo you still "
+      "want to EXIT?",
+      "EXIT program?");
+}
+
+void ToggleOptions(Board& board) {
+  board.state.fra_Options_visible.Set(!board.state.fra_Options_visible.value());
+}
+
+void ToggleBaseTracker(Board& board) {
+  board.state.pb_BaseTracker_visible.Set(!board.state.pb_BaseTracker_visible.value());
+}
+
+}  // namespace dtb

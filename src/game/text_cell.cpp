@@ -1,0 +1,74 @@
+#include "game/text_cell.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace dtb {
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r\n";
+
+// The longest plain form of a double has 309 digits before the point (DBL_MAX) or 324 zeros and 17
+// digits behind it (the smallest denormal), plus sign and point.
+using PlainDigits = std::array<char, 400>;
+
+// Reads a number at the start of the text and says how many characters it took; 0 if there is none.
+std::size_t ReadNumber(std::string_view text, double& number) {
+  number = 0;
+  const bool plus = !text.empty() && text.front() == '+';
+  const std::string_view digits = plus ? text.substr(1) : text;
+  const std::size_t first = !plus && !digits.empty() && digits.front() == '-' ? 1 : 0;
+  // The library also reads "inf" and "nan", which are no numbers of a game.
+  if (first >= digits.size()) return 0;
+  const char start = digits[first];
+  if ((start < '0' || start > '9') && start != '.') return 0;
+  const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  if (result.ec == std::errc::invalid_argument) return 0;
+  if (result.ec != std::errc{}) number = 0;
+  return static_cast<std::size_t>(result.ptr - text.data());
+}
+
+}  // namespace
+
+double NumberOf(std::string_view text) {
+  const std::size_t start = text.find_first_not_of(kBlanks);
+  if (start == std::string_view::npos) return 0;
+  double number = 0;
+  ReadNumber(text.substr(start), number);
+  return number;
+}
+
+std::optional<double> WholeNumberOf(std::string_view text) {
+  const std::size_t start = text.find_first_not_of(kBlanks);
+  if (start == std::string_view::npos) return std::nullopt;
+  const std::size_t last = text.find_last_not_of(kBlanks);
+  const std::string_view trimmed = text.substr(start, last - start + 1);
+  double number = 0;
+  if (ReadNumber(trimmed, number) != trimmed.size()) return std::nullopt;
+  return number;
+}
+
+std::string DecimalText(double number) {
+  if (number == 0) return "0";
+  PlainDigits digits;
+  const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), number,
+                                    std::chars_format::fixed);
+  return {digits.data(), result.ptr};
+}
+
+std::string TwoDecimals(double number) {
+  const double rounded = std::round(number * 100) / 100 + 0.0;
+  PlainDigits digits;
+  const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), rounded,
+                                    std::chars_format::fixed, 2);
+  return {digits.data(), result.ptr};
+}
+
+std::string RaisedText(std::string_view text, double by) {
+  const double raised = NumberOf(text) + by;
+  return DecimalText(std::isfinite(raised) ? raised : std::numeric_limits<double>::max());
+}
+
+}  // namespace dtb

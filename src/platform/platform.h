@@ -1,0 +1,99 @@
+// The services of the desktop that the logic calls, one small interface each. The program binds
+// them to the toolkit; tests bind them to a scripted stand-in.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "platform/picture.h"
+
+namespace dtb {
+
+enum class BoxIcon { None, Information, Warning, Exclamation, Critical };
+enum class BoxAlignment { Centred, Left };
+
+// Message boxes. All of them block: the call returns when the person has closed the box; timers go
+// on meanwhile, and no other gesture reaches the program.
+class MessageBoxes {
+ public:
+  virtual ~MessageBoxes() = default;
+  // The box that confirms a click of the game, without a button.
+  virtual void ShowRecorded(const std::string& message, BoxAlignment alignment) = 0;
+  // A standard box with one OK button. An empty title stands for the program's own.
+  virtual void Show(const std::string& message, BoxIcon icon, const std::string& title = {}) = 0;
+  // A question with Yes and No. True for Yes; closing the box in any other way is a No.
+  [[nodiscard]] virtual bool Ask(const std::string& question, const std::string& title) = 0;
+};
+
+struct OpenFileRequest {
+  std::string title;
+  std::filesystem::path folder;
+  std::string filter;  // "Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*": caption and patterns in turn
+};
+
+class FileDialogs {
+ public:
+  virtual ~FileDialogs() = default;
+  // The chosen file's full path, or nothing if the person cancelled.
+  [[nodiscard]] virtual std::optional<std::filesystem::path> OpenFile(
+      const OpenFileRequest& request) = 0;
+};
+
+class Pictures {
+ public:
+  virtual ~Pictures() = default;
+  // The picture in a file, or nothing if the file is missing, unreadable, no picture or too large.
+  // Cheap when the file is as it was at the last call: then nothing is read or decoded again.
+  [[nodiscard]] virtual std::optional<Picture> Load(const std::filesystem::path& file) = 0;
+};
+
+enum class Key { Control, F12 };
+
+struct KeyState {
+  bool down = false;
+  bool pressedSinceLastQuery = false;
+};
+
+class Keyboard {
+ public:
+  virtual ~Keyboard() = default;
+  // Tells the key's state and forgets that it was pressed.
+  virtual KeyState Query(Key key) = 0;
+  // The test of all Ctrl + click gestures: down now and pressed since the last query. So one press
+  // of Ctrl serves one click.
+  [[nodiscard]] bool FreshlyDown(Key key) {
+    const KeyState state = Query(key);
+    return state.down && state.pressedSinceLastQuery;
+  }
+};
+
+class SettingsStore {
+ public:
+  virtual ~SettingsStore() = default;
+  // The stored text, or `missing` where the key was never stored or the store cannot be read.
+  [[nodiscard]] virtual std::string Read(const std::string& section, const std::string& key,
+                                         const std::string& missing) = 0;
+  // Stored when the call returns. Throws ProgramError if the store cannot be written.
+  virtual void Write(const std::string& section, const std::string& key,
+                     const std::string& value) = 0;
+};
+
+class Pages {
+ public:
+  virtual ~Pages() = default;
+  // Opens a web address or a file with the system's own program. Failure is silent.
+  virtual void Open(const std::string& addressOrFile) = 0;
+};
+
+struct Platform {
+  MessageBoxes& boxes;
+  FileDialogs& dialogs;
+  Pictures& pictures;
+  Keyboard& keyboard;
+  SettingsStore& settings;
+  Pages& pages;
+  std::filesystem::path programFolder;  // holds Teams, Ballparks, Logos, Charts
+};
+
+}  // namespace dtb

@@ -1,0 +1,42 @@
+#include "sheet/cell_edit.h"
+
+#include <string>
+
+#include "shell/program_error.h"
+
+namespace dtb {
+
+void BeginCellEdit(Board& board, Side side, int row, int column) {
+  StatSheet& sheet = board.sheet;
+  const SideFields fields = SideOf(board, side);
+  const StatGrid& grid = fields.grid;
+  if (row < 0 || row >= grid.rows() || column < 0 || column >= grid.columns()) return;
+  if (grid.ColumnAt(column).width < 1) return;
+  sheet.lbl_GridSelected.Set(fields.letter);
+  sheet.editedRow = row;
+  sheet.editedColumn = column;
+  sheet.Text1.Set(std::string(grid.Text(row, column)));
+  sheet.Text1_visible.Set(true);
+}
+
+int CommitCellEdit(Board& board) {
+  StatSheet& sheet = board.sheet;
+  if (!sheet.Text1_visible.value()) return sheet.editedRow;
+  StatGrid& grid = sheet.lbl_GridSelected.value() == SideOf(board, Side::Visitors).letter
+                       ? sheet.grd_VisStats
+                       : sheet.grd_HomeStats;
+  Trapped(board.platform.boxes, [&] {
+    grid.SetText(sheet.editedRow, sheet.editedColumn, sheet.Text1.value());
+    if (sheet.editedRow < grid.rows() - 1) ++sheet.editedRow;
+  });
+  sheet.Text1_visible.Set(false);
+  return sheet.editedRow;
+}
+
+void DropCellEdit(Board& board) { board.sheet.Text1_visible.Set(false); }
+
+void ClearCell(Board& board, Side side, int row, int column) {
+  Trapped(board.platform.boxes, [&] { SideOf(board, side).grid.SetText(row, column, ""); });
+}
+
+}  // namespace dtb

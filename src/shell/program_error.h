@@ -1,0 +1,53 @@
+// The standard report of an unexpected error.
+#pragma once
+
+#include <exception>
+#include <stdexcept>
+#include <string>
+
+#include "platform/platform.h"
+
+namespace dtb {
+
+// Ends an operation at its failing step; what was done before stays. The numbers are those of the
+// runtime that people of this field know from their error messages.
+class ProgramError : public std::runtime_error {
+ public:
+  ProgramError(int number, const std::string& description)
+      : std::runtime_error(description), number_(number) {}
+  [[nodiscard]] int number() const { return number_; }
+
+ private:
+  int number_;
+};
+
+namespace error_number {
+inline constexpr int kInvalidCall = 5;
+inline constexpr int kOutOfMemory = 7;
+inline constexpr int kSubscriptOutOfRange = 9;
+inline constexpr int kInternal = 51;
+inline constexpr int kFileNotFound = 53;
+inline constexpr int kDeviceFault = 57;
+inline constexpr int kPermissionDenied = 70;
+inline constexpr int kPathOrFileAccess = 75;
+}  // namespace error_number
+
+// Shows the box "Program Error" for an error.
+void ReportError(MessageBoxes& boxes, int number, const std::string& description);
+
+// Runs one whole operation. An error that leaves it is shown in the box "Program Error" and goes no
+// further.
+template <class Operation>
+void Trapped(MessageBoxes& boxes, Operation&& operation) {
+  try {
+    operation();
+  } catch (const ProgramError& error) {
+    ReportError(boxes, error.number(), error.what());
+  } catch (const std::bad_alloc&) {
+    ReportError(boxes, error_number::kOutOfMemory, "Out of memory");
+  } catch (const std::exception& error) {
+    ReportError(boxes, error_number::kInternal, error.what());
+  }
+}
+
+}  // namespace dtb

@@ -1,0 +1,77 @@
+#include "teams/lineup_edit.h"
+
+#include <algorithm>
+
+#include "shell/program_error.h"
+#include "teams/game_pieces.h"
+#include "teams/player_name.h"
+
+namespace dtb {
+namespace {
+
+void MoveSelected(LineupList& list, int by) {
+  const int row = list.selected();
+  if (!list.HasRow(row) || !list.HasRow(row + by)) return;
+  list.Swap(row, row + by);
+  list.Select(row + by);
+}
+
+// The highlight goes to the row for as long as the box is open, and stays there; the batter does not
+// change.
+void ShowEntry(Board& board, LineupList& list, int row) {
+  board.state.tb_ListBoxStatus.Set("1");
+  list.Select(row);
+  board.platform.boxes.Show(list.SelectedEntry(), BoxIcon::Exclamation);
+  board.state.tb_ListBoxStatus.Set("0");
+}
+
+void DropEntry(LineupList& list, int from, bool behind) {
+  const int target = list.selected();
+  if (from == target || !list.HasRow(from) || !list.HasRow(target)) return;
+  // Taking the entry out first shifts the target down if it lay behind; the entry then goes in
+  // directly above the target, or directly below it.
+  const int shifted = target > from ? target - 1 : target;
+  list.Move(from, behind ? shifted + 1 : shifted);
+}
+
+}  // namespace
+
+void SelectBatter(Board& board, Side side) {
+  const SideFields fields = SideOf(board, side);
+  if (fields.edit.value() || !fields.atBat.value()) return;
+  if (board.state.tb_ListBoxStatus.number() > 0 || fields.list.empty()) return;
+  if (fields.list.selected() >= kStarters) return;
+  Trapped(board.platform.boxes, [&] {
+    board.state.lbl_Selected.Set(PlayerNameOf(fields.list.SelectedEntry()));
+    fields.rememberedRow.Set(DecimalText(fields.list.selected()));
+    PlaceBatterPhoto(board, board.state.lbl_Selected.value());
+  });
+}
+
+void MoveEntryUp(Board& board, Side side) { MoveSelected(SideOf(board, side).list, -1); }
+
+void MoveEntryDown(Board& board, Side side) { MoveSelected(SideOf(board, side).list, 1); }
+
+void ReplaceEntry(Board& board, Side side) {
+  const SideFields fields = SideOf(board, side);
+  if (fields.newEntry.value().empty() || !fields.list.HasRow(fields.list.selected())) return;
+  fields.list.Replace(fields.list.selected(), fields.newEntry.value());
+  fields.newEntry.Set("");
+}
+
+void BeginDrag(Board& board, Side side) {
+  const SideFields fields = SideOf(board, side);
+  if (fields.edit.value()) board.state.DragSourceIndex = fields.list.selected();
+}
+
+void EndDrag(Board& board, Side side, MouseButton button, bool shiftAlone,
+             std::optional<int> rowUnderPointer) {
+  const SideFields fields = SideOf(board, side);
+  if (button == MouseButton::Right && rowUnderPointer && fields.list.HasRow(*rowUnderPointer)) {
+    ShowEntry(board, fields.list, *rowUnderPointer);
+    return;
+  }
+  if (fields.edit.value()) DropEntry(fields.list, board.state.DragSourceIndex, shiftAlone);
+}
+
+}  // namespace dtb

@@ -1,0 +1,49 @@
+#include "teams/pitchers.h"
+
+#include "game/innings.h"
+#include "shell/program_error.h"
+#include "teams/game_pieces.h"
+#include "teams/player_name.h"
+
+namespace dtb {
+namespace {
+
+void EnterPitcher(StatGrid& grid, const std::string& name) {
+  for (int row = 1; row < grid.rows(); ++row) {
+    const auto text = grid.Text(row, stat_column::kPitcher);
+    if (text == name) return;
+    if (!text.empty()) continue;
+    grid.SetText(row, stat_column::kPitcher, name);
+    return;
+  }
+}
+
+}  // namespace
+
+void ChangePitcher(Board& board, Side side) {
+  const SideFields fields = SideOf(board, side);
+  if (fields.list.SelectedEntry().empty()) return;
+  Trapped(board.platform.boxes, [&] {
+    fields.pitcherPhoto.Set({});
+    fields.pitcherTag.Set(fields.pitcher.value());
+    fields.pitcher.Set(PlayerNameOf(fields.list.SelectedEntry()));
+    EnterPitcher(fields.grid, fields.pitcher.value());
+    CalcPitcherIP(board);
+    if (!fields.rememberedRow.value().empty()) {
+      fields.list.Select(static_cast<int>(NumberOf(fields.rememberedRow.value())));
+    }
+    board.log.Append(fields.pitcher.value() + "_____[current pitcher]");
+  });
+}
+
+void RefreshPitcherPhotos(Board& board) {
+  for (const Side side : {Side::Visitors, Side::Home}) {
+    const SideFields fields = SideOf(board, side);
+    if (fields.pitcher.value().empty()) continue;
+    const auto photo =
+        board.platform.pictures.Load(PhotoFile(board.state, fields.pitcher.value()));
+    if (photo) fields.pitcherPhoto.Set(*photo);
+  }
+}
+
+}  // namespace dtb

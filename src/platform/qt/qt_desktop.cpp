@@ -1,0 +1,40 @@
+#include "platform/qt/qt_desktop.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QUrl>
+
+#include "platform/paths.h"
+
+namespace dtb {
+
+QString ToolkitFilter(const std::string& filter) {
+  const QStringList fields = QString::fromStdString(filter).split(QLatin1Char('|'));
+  static const QRegularExpression inBrackets(QStringLiteral(R"(\s*\([^)]*\)\s*$)"));
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < fields.size(); i += 2) {
+    QString patterns = fields[i + 1];
+    patterns.replace(QLatin1Char(';'), QLatin1Char(' '));
+    filters << QString(fields[i]).remove(inBrackets) + QStringLiteral(" (%1)").arg(patterns);
+  }
+  return filters.join(QStringLiteral(";;"));
+}
+
+std::optional<std::filesystem::path> QtFileDialogs::OpenFile(const OpenFileRequest& request) {
+  const QString chosen = QFileDialog::getOpenFileName(
+      QApplication::activeWindow(), QString::fromStdString(request.title),
+      QString::fromStdString(TextOf(request.folder)), ToolkitFilter(request.filter));
+  if (chosen.isEmpty()) return std::nullopt;
+  return PathOf(chosen.toStdString());
+}
+
+void QtPages::Open(const std::string& addressOrFile) {
+  const QString text = QString::fromStdString(addressOrFile);
+  QDesktopServices::openUrl(QFileInfo::exists(text) ? QUrl::fromLocalFile(text)
+                                                    : QUrl::fromUserInput(text));
+}
+
+}  // namespace dtb

@@ -1,0 +1,23 @@
+// File dialogs and the system's own programs.
+#pragma once
+
+#include <QWidget>
+
+#include "platform/platform.h"
+
+namespace dtb {
+
+class QtFileDialogs : public FileDialogs {
+ public:
+  std::optional<std::filesystem::path> OpenFile(const OpenFileRequest& request) override;
+};
+
+class QtPages : public Pages {
+ public:
+  void Open(const std::string& addressOrFile) override;
+};
+
+// "Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*" in the toolkit's form: "Text (*.txt);;Csv (*.csv*)".
+[[nodiscard]] QString ToolkitFilter(const std::string& filter);
+
+}  // namespace dtb

@@ -1,0 +1,108 @@
+#include "platform/qt/qt_pictures.h"
+
+#include <QByteArrayList>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QImageReader>
+#include <algorithm>
+
+#include "platform/paths.h"
+
+namespace dtb {
+namespace {
+
+constexpr qint64 kLargestFile = 64LL * 1024 * 1024;
+constexpr qint64 kMostPixels = 64LL * 1000 * 1000;
+// A piece as high as the scene on a screen of twice the reference density needs no more.
+constexpr int kLongestSide = 1200;
+constexpr qint64 kCacheBytes = 96LL * 1024 * 1024;
+constexpr std::size_t kMostEntries = 4096;
+
+QString QtPath(const std::string& path) { return QString::fromStdString(path); }
+
+// Changes with the file's contents; 0 for what is no readable regular file.
+std::uint64_t StampOf(const std::string& path) {
+  if (path.find('\0') != std::string::npos) return 0;
+  const QFileInfo info(QtPath(path));
+  if (!info.isFile() || info.size() > kLargestFile) return 0;
+  const auto modified = static_cast<std::uint64_t>(info.lastModified().toMSecsSinceEpoch());
+  constexpr std::uint64_t kMix = 0x9E3779B97F4A7C15;  // spreads the bits: 2^64 / golden ratio
+  const std::uint64_t stamp = (modified * kMix) ^ static_cast<std::uint64_t>(info.size());
+  return stamp == 0 ? 1 : stamp;
+}
+
+bool IsPhotoFormat(const QByteArray& format) {
+  static const QByteArrayList formats{"jpeg", "jpg", "png", "gif", "bmp", "webp"};
+  return formats.contains(format);
+}
+
+QImage Decode(const std::string& path) {
+  QImageReader reader(QtPath(path));
+  reader.setDecideFormatFromContent(true);
+  reader.setAutoTransform(true);
+  if (!IsPhotoFormat(reader.format())) return {};
+  const QSize size = reader.size();
+  if (!size.isValid() || qint64{size.width()} * size.height() > kMostPixels) return {};
+  if (std::max(size.width(), size.height()) > kLongestSide) {
+    reader.setScaledSize(size.scaled(kLongestSide, kLongestSide, Qt::KeepAspectRatio)
+                             .expandedTo(QSize(1, 1)));
+  }
+  return reader.read();
+}
+
+}  // namespace
+
+std::optional<Picture> QtPictures::Load(const std::filesystem::path& file) {
+  const std::string path = TextOf(file);
+  const std::uint64_t stamp = StampOf(path);
+  if (stamp == 0 || !Refresh(path, stamp).loaded) return std::nullopt;
+  return Picture{path, stamp};
+}
+
+QImage QtPictures::Image(const Picture& picture) {
+  if (picture.empty()) return {};
+  const std::uint64_t stamp = StampOf(picture.path);
+  if (stamp == 0) return {};
+  Entry& entry = Refresh(picture.path, stamp);
+  if (entry.loaded && entry.image.isNull()) {
+    entry.image = Decode(picture.path);
+    bytes_ += entry.image.sizeInBytes();
+  }
+  const QImage image = entry.image;
+  ForgetOldImages();
+  return image;
+}
+
+QtPictures::Entry& QtPictures::Refresh(const std::string& path, std::uint64_t stamp) {
+  const auto [place, added] = entries_.try_emplace(path);
+  Entry& entry = place->second;
+  if (added) {
+    entry.use = uses_.insert(uses_.end(), path);
+  } else {
+    uses_.splice(uses_.end(), uses_, entry.use);
+  }
+  if (entry.stamp == stamp) return entry;
+  bytes_ -= entry.image.sizeInBytes();
+  entry.stamp = stamp;
+  entry.image = Decode(path);
+  entry.loaded = !entry.image.isNull();
+  bytes_ += entry.image.sizeInBytes();
+  ForgetOldImages();
+  return entry;
+}
+
+// Never touches the entry used last.
+void QtPictures::ForgetOldImages() {
+  for (auto use = uses_.begin(); bytes_ > kCacheBytes && std::next(use) != uses_.end(); ++use) {
+    QImage& image = entries_.at(*use).image;
+    bytes_ -= image.sizeInBytes();
+    image = {};
+  }
+  while (uses_.size() > kMostEntries) {
+    bytes_ -= entries_.at(uses_.front()).image.sizeInBytes();
+    entries_.erase(uses_.front());
+    uses_.pop_front();
+  }
+}
+
+}  // namespace dtb

@@ -1,0 +1,39 @@
+// Pictures from files, decoded once.
+#pragma once
+
+#include <QImage>
+#include <QString>
+#include <list>
+#include <unordered_map>
+
+#include "platform/platform.h"
+
+namespace dtb {
+
+// Decodes photos and logos no larger than the board can show them, and remembers the outcome for as
+// long as the file stays as it is, failures too. A file that is no regular file, larger than 64 MiB,
+// of more than 64 million pixels or of a format that is no photo's is no picture.
+class QtPictures : public Pictures {
+ public:
+  std::optional<Picture> Load(const std::filesystem::path& file) override;
+
+  // The pixels of a picture; empty if the file went bad since it was loaded.
+  [[nodiscard]] QImage Image(const Picture& picture);
+
+ private:
+  struct Entry {
+    std::uint64_t stamp = 0;
+    bool loaded = false;
+    QImage image;
+    std::list<std::string>::iterator use;
+  };
+
+  Entry& Refresh(const std::string& path, std::uint64_t stamp);
+  void ForgetOldImages();
+
+  std::unordered_map<std::string, Entry> entries_;
+  std::list<std::string> uses_;  // least recently used first
+  qint64 bytes_ = 0;
+};
+
+}  // namespace dtb

@@ -1,0 +1,189 @@
+#include "windows/controls.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyleOption>
+
+#include "windows/look.h"
+
+namespace dtb {
+
+using namespace look;
+
+Panel::Panel(QWidget* parent) : QWidget(parent), fill_(kSlateOverPark) {}
+
+void Panel::SetLit(bool lit) {
+  if (lit_ == lit) return;
+  lit_ = lit;
+  update();
+}
+
+void Panel::SetFill(const QColor& fill) {
+  fill_ = fill;
+  update();
+}
+
+void Panel::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  DrawPlate(painter, rect(), fill_, lit_ ? kCream : kEdge, lit_ ? 3 : 1);
+}
+
+ClickLabel::ClickLabel(const QString& caption, const Shades& shades, QWidget* parent)
+    : QAbstractButton(parent), shades_(shades) {
+  setText(caption);
+  setFocusPolicy(Qt::TabFocus);
+  setAttribute(Qt::WA_Hover);
+}
+
+void ClickLabel::SetShades(const Shades& shades) {
+  shades_ = shades;
+  update();
+}
+
+void ClickLabel::SetHint(const QString& hint) {
+  hint_ = hint;
+  update();
+}
+
+void ClickLabel::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  QColor fill = underMouse() && isEnabled() ? shades_.hover : shades_.rest;
+  QColor text = shades_.text;
+  if (!isEnabled()) {
+    fill.setAlphaF(fill.alphaF() * 0.35F);
+    text = kCreamDim;
+  }
+  const QColor edge = isDown() ? kCream : Qt::transparent;
+  DrawPlate(painter, rect(), fill, edge, isDown() ? 3 : 0);
+  if (hasFocus()) DrawFocus(painter, rect());
+  const bool hint = this->text().isEmpty();
+  const QRect inside = rect().adjusted(6, 2, -6, -2);
+  if (hint) {
+    painter.setFont(Font(font().pixelSize() * 0.72));
+    text.setAlphaF(0.7F);
+  }
+  painter.setPen(text);
+  painter.drawText(inside, Qt::AlignCenter,
+                   painter.fontMetrics().elidedText(hint ? hint_ : this->text(), Qt::ElideRight,
+                                                    inside.width()));
+}
+
+void ClickLabel::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!enter) {
+    QAbstractButton::keyPressEvent(event);
+    return;
+  }
+  if (event->isAutoRepeat()) return;
+  // What takes a double click of the mouse takes one press of Enter.
+  if (receivers(SIGNAL(doubleClicked())) > 0) {
+    emit doubleClicked();
+  } else {
+    click();
+  }
+}
+
+void ClickLabel::mouseDoubleClickEvent(QMouseEvent* event) {
+  QAbstractButton::mouseDoubleClickEvent(event);
+  if (event->button() == Qt::LeftButton) emit doubleClicked();
+}
+
+bool ClickLabel::event(QEvent* event) {
+  if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) update();
+  return QAbstractButton::event(event);
+}
+
+PictureBox::PictureBox(Fit fit, QWidget* parent) : QWidget(parent), fit_(fit) {}
+
+void PictureBox::SetImage(const QImage& image) {
+  image_ = image;
+  scaled_ = {};
+  update();
+}
+
+void PictureBox::resizeEvent(QResizeEvent* /*event*/) { scaled_ = {}; }
+
+void PictureBox::paintEvent(QPaintEvent* /*event*/) {
+  if (image_.isNull() || width() < 1 || height() < 1) return;
+  if (scaled_.isNull()) {
+    const double ratio = devicePixelRatioF();
+    const auto aspect = fit_ == Fit::Whole ? Qt::KeepAspectRatio : Qt::IgnoreAspectRatio;
+    scaled_ = QPixmap::fromImage(
+        image_.scaled((QSizeF(size()) * ratio).toSize(), aspect, Qt::SmoothTransformation));
+    scaled_.setDevicePixelRatio(ratio);
+  }
+  QPainter painter(this);
+  const QSizeF shown = scaled_.deviceIndependentSize();
+  painter.drawPixmap(QPointF((width() - shown.width()) / 2, (height() - shown.height()) / 2),
+                     scaled_);
+}
+
+FigureField::FigureField(QWidget* parent) : QLineEdit(parent) {
+  setFrame(false);
+  setAlignment(Qt::AlignCenter);
+  setContextMenuPolicy(Qt::NoContextMenu);
+  setTextMargins(0, 0, 0, 0);
+}
+
+void FigureField::SetGround(const QColor& ground, const QColor& figures) {
+  QPalette palette = this->palette();
+  palette.setColor(QPalette::Base, ground);
+  palette.setColor(QPalette::Text, figures);
+  setPalette(palette);
+}
+
+void FigureField::paintEvent(QPaintEvent* event) {
+  {
+    QPainter painter(this);
+    DrawPlate(painter, rect(), palette().color(QPalette::Base), Qt::transparent, 0, 4);
+    if (hasFocus()) DrawFocus(painter, rect(), 4);
+  }
+  QLineEdit::paintEvent(event);
+}
+
+void FigureField::focusInEvent(QFocusEvent* event) {
+  QLineEdit::focusInEvent(event);
+  // The return of the focus after a box, a menu or another window is no new visit to the cell.
+  switch (event->reason()) {
+    case Qt::MouseFocusReason:
+    case Qt::TabFocusReason:
+    case Qt::BacktabFocusReason:
+    case Qt::ShortcutFocusReason:
+      firstPress_ = event->reason() == Qt::MouseFocusReason;
+      selectAll();
+      emit focused();
+      break;
+    default: break;
+  }
+}
+
+void FigureField::mousePressEvent(QMouseEvent* event) {
+  // The press that brings the focus keeps the whole text selected, so that typing replaces it.
+  if (firstPress_) {
+    firstPress_ = false;
+    return;
+  }
+  QLineEdit::mousePressEvent(event);
+}
+
+void FigureField::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) emit marked();
+}
+
+void FigureField::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (enter && event->modifiers().testFlag(Qt::ControlModifier)) {
+    emit marked();
+    return;
+  }
+  QLineEdit::keyPressEvent(event);
+}
+
+QLabel* MakeCaption(const QString& text, QWidget* parent, Qt::Alignment alignment) {
+  auto* label = new QLabel(text, parent);
+  label->setAlignment(alignment);
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+}  // namespace dtb

@@ -1,0 +1,103 @@
+// The controls that the board draws itself.
+#pragma once
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPixmap>
+
+#include "game/board.h"
+
+namespace dtb {
+
+// A floating plate of slate over the park; a lit one has a cream edge.
+class Panel : public QWidget {
+  Q_OBJECT
+ public:
+  explicit Panel(QWidget* parent);
+  void SetLit(bool lit);
+  void SetFill(const QColor& fill);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  bool lit_ = false;
+  QColor fill_;
+};
+
+// A label that can be clicked: its ground changes under the pointer, its border shows while it is
+// pressed. It does not take the focus from a text field when clicked, but can be reached by Tab.
+class ClickLabel : public QAbstractButton {
+  Q_OBJECT
+ public:
+  struct Shades {
+    QColor rest;
+    QColor hover;
+    QColor text;
+  };
+  ClickLabel(const QString& caption, const Shades& shades, QWidget* parent);
+  void SetShades(const Shades& shades);
+  // The hint is shown, dimly, while the caption is "".
+  void SetHint(const QString& hint);
+
+ signals:
+  void doubleClicked();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  Shades shades_;
+  QString hint_;
+};
+
+// Shows a picture, whole and in its proportions, or stretched over the whole box.
+class PictureBox : public QWidget {
+  Q_OBJECT
+ public:
+  enum class Fit { Whole, Stretched };
+  PictureBox(Fit fit, QWidget* parent);
+  void SetImage(const QImage& image);
+  [[nodiscard]] bool empty() const { return image_.isNull(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  Fit fit_;
+  QImage image_;
+  QPixmap scaled_;  // for the present size; null: to be made
+};
+
+// A text field with a fixed ground, for figures of the scoreboard.
+class FigureField : public QLineEdit {
+  Q_OBJECT
+ public:
+  explicit FigureField(QWidget* parent);
+  void SetGround(const QColor& ground, const QColor& figures);
+
+ signals:
+  void focused();
+  void marked();  // double click or Ctrl + Enter
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  bool firstPress_ = false;
+};
+
+// A caption on slate.
+QLabel* MakeCaption(const QString& text, QWidget* parent,
+                    Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
+
+}  // namespace dtb

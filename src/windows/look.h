@@ -1,0 +1,67 @@
+// The looks that all windows share: colours, type and the few shapes that are drawn by hand.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPainter>
+#include <QPalette>
+#include <QRectF>
+#include <string>
+#include <string_view>
+
+#include "game/colour.h"
+
+namespace dtb::look {
+
+// An old scoreboard at night: dark green slate with cream figures, one accent.
+inline constexpr QColor kSlate{22, 38, 31};
+inline constexpr QColor kSlateOverPark{22, 38, 31, 224};  // 88 % over the park
+inline constexpr QColor kSlateRaised{42, 64, 53};
+inline constexpr QColor kSlateHover{58, 84, 70};
+inline constexpr QColor kEdge{58, 84, 70};
+inline constexpr QColor kEdgeBright{116, 146, 129};
+inline constexpr QColor kCream{243, 233, 210};
+inline constexpr QColor kCreamDim{176, 178, 160};
+inline constexpr QColor kInk{28, 32, 30};
+inline constexpr QColor kAccent{255, 200, 60};  // scoreboard yellow: focus, current batter
+
+// Colours that the system fixes.
+inline constexpr QColor kBoxGrey{64, 64, 64};      // message box, game piece, base tracker
+inline constexpr QColor kPlateGrey{128, 128, 128};  // name plate, visitors' title on the sheet
+inline constexpr QColor kOutsRed{255, 0, 0};
+
+// Type sizes at the scene's reference size; no others are used.
+inline constexpr double kTiny = 10;
+inline constexpr double kSmall = 12;
+inline constexpr double kBody = 14;
+inline constexpr double kLarge = 18;
+inline constexpr double kHuge = 24;
+
+inline constexpr double kCorner = 6;
+
+[[nodiscard]] QFont Font(double pixels, bool bold = false);
+[[nodiscard]] QPalette Palette();
+[[nodiscard]] inline QColor Shade(Colour colour) {
+  return {colour.red, colour.green, colour.blue};
+}
+
+// A rounded plate with an edge of the given width inside the rectangle.
+void DrawPlate(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& edge,
+               double edgeWidth = 1, double corner = kCorner);
+
+// The ring around what has the keyboard focus.
+void DrawFocus(QPainter& painter, const QRectF& rect, double corner = kCorner);
+
+}  // namespace dtb::look
+
+namespace dtb {
+
+[[nodiscard]] inline QString ToQt(std::string_view utf8) {
+  return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+[[nodiscard]] inline std::string FromQt(const QString& text) {
+  const QByteArray utf8 = text.toUtf8();
+  return {utf8.constData(), static_cast<std::size_t>(utf8.size())};
+}
+
+}  // namespace dtb

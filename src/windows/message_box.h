@@ -1,0 +1,73 @@
+// The message boxes of the program: small plates over the window that the person works in.
+#pragma once
+
+#include <QEventLoop>
+#include <QPointer>
+#include <QWidget>
+
+#include "platform/platform.h"
+
+namespace dtb {
+
+// A box that holds the program until the person closes it: with Enter, Space or Esc, by a click
+// anywhere, or by its close box. A question takes Yes and No only; Esc and the close box are a No.
+// Its objectName is "CustMsgBox" for the confirmations of the game and "MsgBox" for all others.
+class MessageBox : public QWidget {
+  Q_OBJECT
+ public:
+  struct Content {
+    QString message;
+    QString title;  // none for the confirmations of the game
+    BoxIcon icon = BoxIcon::None;
+    BoxAlignment alignment = BoxAlignment::Centred;
+    bool question = false;
+  };
+
+  // Shows the box over the window and waits. True for Yes, and for every way to close a box that
+  // asks nothing. Without a visible window the box is a window of its own.
+  static bool Run(QWidget* window, const Content& content);
+
+  // The box that is open, if one is.
+  [[nodiscard]] static MessageBox* Open();
+
+  [[nodiscard]] QString message() const { return content_.message; }
+  [[nodiscard]] bool question() const { return content_.question; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  MessageBox(QWidget* window, const Content& content);
+
+  void Build(double scale);
+  void BuildButtons(double scale, QWidget* below);
+  void PlaceOverWindow();
+  void Finish(bool answer);
+  [[nodiscard]] bool Confirmation() const { return content_.title.isEmpty(); }
+  [[nodiscard]] bool Holds(const QObject* watched, const QEvent* event) const;
+  bool FilterKey(QEvent* event);
+
+  Content content_;
+  QPointer<QWidget> window_;
+  QEventLoop loop_;
+  bool answer_ = false;
+};
+
+// The port MessageBoxes, over the window that is in front.
+class WindowBoxes : public MessageBoxes {
+ public:
+  void ShowRecorded(const std::string& message, BoxAlignment alignment) override;
+  void Show(const std::string& message, BoxIcon icon, const std::string& title) override;
+  bool Ask(const std::string& question, const std::string& title) override;
+
+  // The main window, over which boxes come when no other window is in front.
+  void SetMainWindow(QWidget* window) { mainWindow_ = window; }
+
+ private:
+  [[nodiscard]] QWidget* Front() const;
+  QPointer<QWidget> mainWindow_;
+};
+
+}  // namespace dtb

@@ -1,0 +1,27 @@
+// The toolkit's own controls, drawn in the looks of the board.
+#pragma once
+
+#include <QProxyStyle>
+
+namespace dtb {
+
+// Flat plates for buttons, fields, marks, menus, headers and scroll bars. Rest, hover, press, focus
+// and disabled look different from each other.
+class SlateStyle : public QProxyStyle {
+  Q_OBJECT
+ public:
+  SlateStyle();
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override;
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                          QPainter* painter, const QWidget* widget) const override;
+  int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                  const QWidget* widget) const override;
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* returnData) const override;
+};
+
+}  // namespace dtb

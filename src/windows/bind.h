@@ -10,6 +10,7 @@
 
 #include "game/field.h"
 #include "windows/look.h"
+#include "platform/qt/qt_text.h"
 
 namespace dtb {
 

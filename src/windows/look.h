@@ -6,8 +6,6 @@
 #include <QPainter>
 #include <QPalette>
 #include <QRectF>
-#include <string>
-#include <string_view>
 
 #include "game/colour.h"
 
@@ -53,15 +51,3 @@ void DrawPlate(QPainter& painter, const QRectF& rect, const QColor& fill, const 
 void DrawFocus(QPainter& painter, const QRectF& rect, double corner = kCorner);
 
 }  // namespace dtb::look
-
-namespace dtb {
-
-[[nodiscard]] inline QString ToQt(std::string_view utf8) {
-  return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-[[nodiscard]] inline std::string FromQt(const QString& text) {
-  const QByteArray utf8 = text.toUtf8();
-  return {utf8.constData(), static_cast<std::size_t>(utf8.size())};
-}
-
-}  // namespace dtb

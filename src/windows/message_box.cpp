@@ -13,6 +13,7 @@
 
 #include "game/board_state.h"
 #include "windows/look.h"
+#include "platform/qt/qt_text.h"
 
 namespace dtb {
 namespace {

@@ -8,11 +8,12 @@
 #include <QUrl>
 
 #include "platform/paths.h"
+#include "platform/qt/qt_text.h"
 
 namespace dtb {
 
 QString ToolkitFilter(const std::string& filter) {
-  const QStringList fields = QString::fromStdString(filter).split(QLatin1Char('|'));
+  const QStringList fields = ToQt(filter).split(QLatin1Char('|'));
   static const QRegularExpression inBrackets(QStringLiteral(R"(\s*\([^)]*\)\s*$)"));
   QStringList filters;
   for (qsizetype i = 0; i + 1 < fields.size(); i += 2) {
@@ -25,14 +26,14 @@ QString ToolkitFilter(const std::string& filter) {
 
 std::optional<std::filesystem::path> QtFileDialogs::OpenFile(const OpenFileRequest& request) {
   const QString chosen = QFileDialog::getOpenFileName(
-      QApplication::activeWindow(), QString::fromStdString(request.title),
-      QString::fromStdString(TextOf(request.folder)), ToolkitFilter(request.filter));
+      QApplication::activeWindow(), ToQt(request.title),
+      ToQt(TextOf(request.folder)), ToolkitFilter(request.filter));
   if (chosen.isEmpty()) return std::nullopt;
-  return PathOf(chosen.toStdString());
+  return PathOf(FromQt(chosen));
 }
 
 void QtPages::Open(const std::string& addressOrFile) {
-  const QString text = QString::fromStdString(addressOrFile);
+  const QString text = ToQt(addressOrFile);
   QDesktopServices::openUrl(QFileInfo::exists(text) ? QUrl::fromLocalFile(text)
                                                     : QUrl::fromUserInput(text));
 }

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "platform/paths.h"
+#include "platform/qt/qt_text.h"
 
 namespace dtb {
 namespace {
@@ -18,7 +19,7 @@ constexpr int kLongestSide = 1200;
 constexpr qint64 kCacheBytes = 96LL * 1024 * 1024;
 constexpr std::size_t kMostEntries = 4096;
 
-QString QtPath(const std::string& path) { return QString::fromStdString(path); }
+QString QtPath(const std::string& path) { return ToQt(path); }
 
 // Changes with the file's contents; 0 for what is no readable regular file.
 std::uint64_t StampOf(const std::string& path) {

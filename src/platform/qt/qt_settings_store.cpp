@@ -6,12 +6,13 @@
 #include <utility>
 
 #include "shell/program_error.h"
+#include "platform/qt/qt_text.h"
 
 namespace dtb {
 namespace {
 
 QString KeyOf(const std::string& section, const std::string& key) {
-  return QString::fromStdString(section) + QLatin1Char('/') + QString::fromStdString(key);
+  return ToQt(section) + QLatin1Char('/') + ToQt(key);
 }
 
 // A name beside the file under which nothing stands yet.
@@ -39,17 +40,17 @@ std::string QtSettingsStore::Read(const std::string& section, const std::string&
                                   const std::string& missing) {
   const QSettings settings(file_, QSettings::IniFormat);
   const QString name = KeyOf(section, key);
-  return settings.contains(name) ? settings.value(name).toString().toStdString() : missing;
+  return settings.contains(name) ? FromQt(settings.value(name).toString()) : missing;
 }
 
 void QtSettingsStore::Write(const std::string& section, const std::string& key,
                             const std::string& value) {
   QSettings settings(file_, QSettings::IniFormat);
-  settings.setValue(KeyOf(section, key), QString::fromStdString(value));
+  settings.setValue(KeyOf(section, key), ToQt(value));
   settings.sync();
   if (settings.status() != QSettings::NoError) {
     throw ProgramError(error_number::kPathOrFileAccess,
-                       "The setting could not be stored in the file \"" + file_.toStdString() +
+                       "The setting could not be stored in the file \"" + FromQt(file_) +
                            "\". It holds until the program ends.");
   }
 }

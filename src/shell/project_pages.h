@@ -1,0 +1,8 @@
+// The addresses of the project, in one place.
+#pragma once
+
+namespace dtb {
+
+inline constexpr const char* kDonationPage = "https://kelvane-diamond-table.example/donate";
+
+}  // namespace dtb

@@ -1,0 +1,43 @@
+#include "windows/desk.h"
+
+#include <QApplication>
+#include <QToolTip>
+
+#include "game/start_up.h"
+#include "platform/qt/qt_text.h"
+#include "windows/look.h"
+#include "windows/slate_style.h"
+
+namespace dtb {
+
+void DressApplication() {
+  QApplication::setStyle(new SlateStyle);
+  QApplication::setPalette(look::Palette());
+  QApplication::setFont(look::Font(look::kBody));
+  QToolTip::setPalette(look::Palette());
+  QToolTip::setFont(look::Font(look::kBody));
+}
+
+Desk::Desk(const Setup& setup)
+    : settings_(setup.settingsFile),
+      platform_{boxes_,
+                setup.dialogs != nullptr ? *setup.dialogs : ownDialogs_,
+                pictures_,
+                keyboard_,
+                settings_,
+                setup.pages != nullptr ? *setup.pages : ownPages_,
+                setup.programFolder} {
+  StartUp(board_);
+  form1_ = std::make_unique<Form1>(board_, pictures_);
+  boxes_.SetMainWindow(form1_.get());
+}
+
+void Desk::Open() {
+  form1_->show();
+  if (settings_.damagedFile().isEmpty()) return;
+  boxes_.Show("The settings file could not be understood. It is kept as \"" +
+                  FromQt(settings_.damagedFile()) + "\", and the settings start anew.",
+              BoxIcon::Warning, "Settings");
+}
+
+}  // namespace dtb

@@ -1,0 +1,53 @@
+// One run of the program, put together: board, services of the desktop, windows.
+#pragma once
+
+#include <QString>
+#include <filesystem>
+#include <memory>
+
+#include "game/board.h"
+#include "platform/qt/qt_desktop.h"
+#include "platform/qt/qt_keyboard.h"
+#include "platform/qt/qt_pictures.h"
+#include "platform/qt/qt_settings_store.h"
+#include "windows/form1.h"
+#include "windows/message_box.h"
+
+namespace dtb {
+
+// Looks of the whole application; before any window is made.
+void DressApplication();
+
+class Desk {
+ public:
+  struct Setup {
+    std::filesystem::path programFolder;  // holds Teams, Ballparks, Logos
+    QString settingsFile;                 // "": the user's own
+    FileDialogs* dialogs = nullptr;       // none: the system's
+    Pages* pages = nullptr;               // none: the system's programs
+  };
+
+  explicit Desk(const Setup& setup);
+
+  // Shows the board, and tells what was found wrong with the settings.
+  void Open();
+
+  [[nodiscard]] Board& board() { return board_; }
+  [[nodiscard]] Form1& form1() { return *form1_; }
+
+ private:
+  QtFileDialogs ownDialogs_;
+  QtPages ownPages_;
+  QtPictures pictures_;
+  QtKeyboard keyboard_;
+  QtSettingsStore settings_;
+  WindowBoxes boxes_;
+  Platform platform_;
+  BoardState state_;
+  StatSheet sheet_;
+  EventLog log_;
+  Board board_{state_, sheet_, log_, platform_};
+  std::unique_ptr<Form1> form1_;
+};
+
+}  // namespace dtb

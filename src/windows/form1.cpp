@@ -1,0 +1,140 @@
+#include "windows/form1.h"
+
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QScreen>
+
+#include "game/constant_update.h"
+#include "game/start_up.h"
+#include "platform/paths.h"
+#include "platform/qt/qt_text.h"
+#include "teams/pitchers.h"
+#include "windows/base_tracker.h"
+#include "windows/options_panel.h"
+#include "windows/piece_view.h"
+
+namespace dtb {
+namespace {
+
+constexpr int kConstantInterval = 100;  // milliseconds
+constexpr const char* kDefaultPark = "DEFAULT1679X974.jpg";
+// The smallest board whose letters can still be read, as a share of the scene.
+constexpr double kSmallestScale = 0.42;
+
+}  // namespace
+
+Form1::Form1(Board& board, QtPictures& pictures)
+    : board_(board), pictures_(pictures), scene_(kSceneWidth, kSceneHeight) {
+  setObjectName(QStringLiteral("Form1"));
+  setWindowTitle(ToQt(WindowTitle()));
+  BuildMenu();
+  BuildScene();
+  log_ = new LogWindow(board.log, this);
+  form2_ = new Form2(board, pictures, this);
+  setMinimumSize(qRound(kSceneWidth * kSmallestScale), qRound(kSceneHeight * kSmallestScale));
+  PlaceAtLaunch();
+  tmr_Constant_.setInterval(kConstantInterval);
+  connect(&tmr_Constant_, &QTimer::timeout, this, [this] {
+    scoreboard_->AlignExtraInnings();
+    RefreshPitcherPhotos(board_);
+  });
+  tmr_Constant_.start();
+}
+
+void Form1::BuildMenu() {
+  const auto add = [this](const char* name, const char* caption, auto operation) {
+    QAction* action = menuBar()->addAction(QLatin1String(caption));
+    action->setObjectName(QLatin1String(name));
+    connect(action, &QAction::triggered, this, operation);
+  };
+  menuBar()->setNativeMenuBar(false);
+  add("mnuEventLog", "EventLog", [this] { ShowLog(); });
+  add("mnu_Options", "Options", [this] { ToggleOptions(board_); });
+}
+
+void Form1::BuildScene() {
+  park_ = new ParkView(this);
+  park_->installEventFilter(this);
+  setCentralWidget(park_);
+  const auto file = board_.platform.programFolder / "Ballparks" / kDefaultPark;
+  park_->LoadPark(ToQt(TextOf(file)));
+  connect(park_, &ParkView::pointerMoved, this, [this] { ScrollListsUp(); });
+  visitors_ = new SidePanel(board_, Side::Visitors, pictures_, scene_, park_);
+  scoreboard_ = new Scoreboard(board_, pictures_, scene_, park_);
+  home_ = new SidePanel(board_, Side::Home, pictures_, scene_, park_);
+  auto* outcomes = new OutcomePanel(board_, scene_, park_);
+  connect(outcomes, &OutcomePanel::statsWanted, this, [this] { ShowStats(); });
+  BuildPieces();
+  new OptionsPanel(board_, scene_, park_);
+  new BaseTracker(board_, scene_, park_);
+}
+
+void Form1::BuildPieces() {
+  for (int piece = 0; piece < kPieces; ++piece) {
+    new PieceView(board_, piece, pictures_, scene_, park_);
+  }
+}
+
+void Form1::ScrollListsUp() {
+  visitors_->list().ScrollUpOneLine();
+  home_->list().ScrollUpOneLine();
+}
+
+void Form1::ShowStats() {
+  CenterForm(form2_, this);
+  ConstantUpdate(board_);
+  form2_->exec();
+}
+
+void Form1::ShowLog() {
+  CenterForm(log_, this);
+  log_->exec();
+}
+
+void Form1::PlaceAtLaunch() {
+  const int menu = menuBar()->sizeHint().height();
+  // A title bar and borders of the usual desktops, which are known only once the window is shown.
+  constexpr QSize kFrame(8, 40);
+  const QRect free = screen()->availableGeometry();
+  const double scale = ScaleAtLaunch(kSceneWidth, kSceneHeight, free.width() - kFrame.width(),
+                                     free.height() - kFrame.height() - menu);
+  resize(qRound(kSceneWidth * scale), qRound(kSceneHeight * scale) + menu);
+  const QSize room = free.size() - size() - kFrame;
+  move(free.left() + std::max(0, room.width() / 2), free.top() + std::max(0, room.height() / 4));
+}
+
+void Form1::KeepRatio() {
+  if (isMaximized() || isFullScreen() || isMinimized()) return;
+  const int menu = menuBar()->height();
+  const int wanted = qRound(scene_.resizer().HeightFor(width())) + menu;
+  const int most = screen()->availableGeometry().height();
+  if (std::abs(height() - wanted) > 1 && wanted <= most) resize(width(), wanted);
+}
+
+void Form1::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  // Asked for after the event, so that the resize it makes is not nested in this one.
+  if (isVisible())
+    QMetaObject::invokeMethod(
+        this, [this] { KeepRatio(); }, Qt::QueuedConnection);
+}
+
+bool Form1::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == park_ && event->type() == QEvent::Resize) SupplementalResize();
+  return QMainWindow::eventFilter(watched, event);
+}
+
+void Form1::SupplementalResize() {
+  scene_.Apply(park_->size());
+  board_.state.cb_Xinnings.Set(false);
+}
+
+void Form1::closeEvent(QCloseEvent* event) {
+  if (ConfirmExit(board_)) {
+    event->accept();
+  } else {
+    event->ignore();
+  }
+}
+
+}  // namespace dtb

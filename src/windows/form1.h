@@ -1,0 +1,57 @@
+// The board: the main window of the program.
+#pragma once
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include "game/board.h"
+#include "platform/qt/qt_pictures.h"
+#include "windows/form2.h"
+#include "windows/log_window.h"
+#include "windows/outcome_panel.h"
+#include "windows/park_view.h"
+#include "windows/scene.h"
+#include "windows/scoreboard.h"
+#include "windows/side_panel.h"
+
+namespace dtb {
+
+class Form1 : public QMainWindow {
+  Q_OBJECT
+ public:
+  Form1(Board& board, QtPictures& pictures);
+
+  [[nodiscard]] QTimer& constantTimer() { return tmr_Constant_; }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void BuildMenu();
+  void BuildScene();
+  void BuildPieces();
+  void ScrollListsUp();
+  void ShowStats();
+  void ShowLog();
+  // The size and place at start: the launch shrink, or what the screen has room for; centred, with
+  // a quarter of the free height above.
+  void PlaceAtLaunch();
+  void KeepRatio();
+  // The scene follows the size of the park.
+  void SupplementalResize();
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+  Board& board_;
+  QtPictures& pictures_;
+  Scene scene_;
+  ParkView* park_ = nullptr;
+  SidePanel* visitors_ = nullptr;
+  SidePanel* home_ = nullptr;
+  Scoreboard* scoreboard_ = nullptr;
+  Form2* form2_ = nullptr;
+  LogWindow* log_ = nullptr;
+  QTimer tmr_Constant_;
+};
+
+}  // namespace dtb

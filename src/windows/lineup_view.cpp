@@ -1,0 +1,224 @@
+#include "windows/lineup_view.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include "platform/qt/qt_text.h"
+#include "windows/bind.h"
+#include "windows/look.h"
+
+namespace dtb {
+namespace {
+
+using namespace look;
+
+// No screen shows more of a line; the box of the right click shows all of it.
+constexpr std::size_t kShownBytes = 600;
+
+QString ShownEntry(const std::string& entry) {
+  return ToQt(std::string_view(entry).substr(0, kShownBytes));
+}
+
+// Draws place in the order, entry, and the line under the ninth man.
+class EntryDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    const bool selected = option.state.testFlag(QStyle::State_Selected);
+    const QRect row = option.rect;
+    if (selected) painter->fillRect(row, kAccent);
+    const bool inOrder = index.row() < kStarters;
+    const int gutter = option.fontMetrics.horizontalAdvance(QStringLiteral("00")) + 4;
+    painter->setFont(Font(option.font.pixelSize() * 0.72));
+    painter->setPen(selected ? kInk : QColor(84, 92, 86));
+    if (inOrder) {
+      painter->drawText(QRect(row.left(), row.top(), gutter, row.height()), Qt::AlignCenter,
+                        QString::number(index.row() + 1));
+    }
+    painter->setFont(option.font);
+    painter->setPen(inOrder || selected ? kInk : QColor(64, 70, 66));
+    const QRect place = row.adjusted(gutter + 2, 0, -4, 0);
+    painter->drawText(
+        place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+        option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, place.width()));
+    if (index.row() == kStarters - 1) {
+      painter->setPen(QPen(kEdgeBright, 1));
+      painter->drawLine(row.bottomLeft(), row.bottomRight());
+    }
+    painter->restore();
+  }
+
+  // Twelve rows fill the list without a scroll bar.
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    constexpr int kRows = 12;
+    const auto* view = qobject_cast<const QListView*>(option.widget);
+    const int height =
+        view == nullptr ? option.fontMetrics.height() : qMax(8, view->viewport()->height() / kRows);
+    return {QStyledItemDelegate::sizeHint(option, index).width(), height};
+  }
+};
+
+MouseButton ButtonOf(Qt::MouseButton button) {
+  if (button == Qt::LeftButton) return MouseButton::Left;
+  return button == Qt::RightButton ? MouseButton::Right : MouseButton::Other;
+}
+
+}  // namespace
+
+LineupModel::LineupModel(LineupList& list, QObject* parent)
+    : QAbstractListModel(parent), list_(list) {}
+
+int LineupModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : shownRows_;
+}
+
+QVariant LineupModel::data(const QModelIndex& index, int role) const {
+  if (!list_.HasRow(index.row())) return {};
+  const bool text = role == Qt::DisplayRole || role == Qt::AccessibleTextRole;
+  if (!text) return {};
+  return ShownEntry(list_.entries()[static_cast<std::size_t>(index.row())]);
+}
+
+void LineupModel::Refresh() {
+  const int rows = list_.size();
+  if (rows > shownRows_) {
+    beginInsertRows({}, shownRows_, rows - 1);
+    shownRows_ = rows;
+    endInsertRows();
+  } else if (rows < shownRows_) {
+    beginRemoveRows({}, rows, shownRows_ - 1);
+    shownRows_ = rows;
+    endRemoveRows();
+  } else if (rows > 0) {
+    emit dataChanged(index(0), index(rows - 1));
+  }
+}
+
+LineupView::LineupView(Board& board, Side side, QWidget* parent)
+    : QListView(parent),
+      board_(board),
+      side_(side),
+      model_(new LineupModel(SideOf(board, side).list, this)) {
+  setModel(model_);
+  setItemDelegate(new EntryDelegate(this));
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(SingleSelection);
+  setUniformItemSizes(true);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollMode(ScrollPerItem);
+  setFrameShape(NoFrame);
+  setMouseTracking(true);
+  setContextMenuPolicy(Qt::PreventContextMenu);
+  setResizeMode(Adjust);
+  SideOf(board, side).list.Observe([this] { ShowState(); });
+  FollowAll(
+      this,
+      [this] {
+        QPalette palette = this->palette();
+        palette.setColor(QPalette::Base, Shade(SideColour(board_.state, side_)));
+        setPalette(palette);
+      },
+      board.state.Option5, board.state.Option6);
+  ShowState();
+}
+
+void LineupView::ShowState() {
+  const LineupList& list = SideOf(board_, side_).list;
+  model_->Refresh();
+  const QModelIndex selected = model_->index(list.selected());
+  if (currentIndex() == selected) return;
+  setCurrentIndex(selected);
+  if (!selected.isValid()) clearSelection();
+}
+
+void LineupView::ScrollUpOneLine() {
+  verticalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepSub);
+}
+
+std::optional<int> LineupView::RowAt(const QPoint& place) const {
+  const QModelIndex index = indexAt(place);
+  if (!index.isValid()) return std::nullopt;
+  return index.row();
+}
+
+void LineupView::mousePressEvent(QMouseEvent* event) {
+  setFocus(Qt::MouseFocusReason);
+  pressed_ = true;
+  if (event->button() != Qt::LeftButton) return;
+  if (const auto row = RowAt(event->pos())) SideOf(board_, side_).list.Select(*row);
+  BeginDrag(board_, side_);
+}
+
+void LineupView::mouseMoveEvent(QMouseEvent* event) {
+  const LineupList& list = SideOf(board_, side_).list;
+  const auto row = RowAt(event->pos());
+  if (!row || !list.HasRow(*row)) return;
+  setToolTip(QStringLiteral("<qt>%1</qt>")
+                 .arg(ShownEntry(list.entries()[static_cast<std::size_t>(*row)]).toHtmlEscaped()));
+  const bool dragging =
+      pressed_ && event->buttons().testFlag(Qt::LeftButton) && SideOf(board_, side_).edit.value();
+  if (dragging && *row != list.selected()) SideOf(board_, side_).list.Select(*row);
+}
+
+void LineupView::mouseReleaseEvent(QMouseEvent* event) {
+  if (!pressed_) return;
+  pressed_ = false;
+  EndDrag(board_, side_, ButtonOf(event->button()), event->modifiers() == Qt::ShiftModifier,
+          RowAt(event->pos()));
+}
+
+void LineupView::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) ReplaceEntry(board_, side_);
+}
+
+void LineupView::keyPressEvent(QKeyEvent* event) {
+  LineupList& list = SideOf(board_, side_).list;
+  const int page = 11;
+  switch (event->key()) {
+    case Qt::Key_Up:
+      list.Select(list.selected() - 1);
+      break;
+    case Qt::Key_Down:
+      list.Select(list.selected() + 1);
+      break;
+    case Qt::Key_PageUp:
+      list.Select(std::max(0, list.selected() - page));
+      break;
+    case Qt::Key_PageDown:
+      list.Select(std::min(list.size() - 1, list.selected() + page));
+      break;
+    case Qt::Key_Home:
+      list.Select(0);
+      break;
+    case Qt::Key_End:
+      list.Select(list.size() - 1);
+      break;
+    case Qt::Key_Space:
+      list.Select(list.selected());
+      break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (!event->isAutoRepeat()) ReplaceEntry(board_, side_);
+      break;
+    case Qt::Key_Menu:
+      EndDrag(board_, side_, MouseButton::Right, false, list.selected());
+      break;
+    default:
+      event->ignore();
+  }
+}
+
+void LineupView::paintEvent(QPaintEvent* event) {
+  QListView::paintEvent(event);
+  if (!hasFocus()) return;
+  QPainter painter(viewport());
+  DrawFocus(painter, viewport()->rect(), 2);
+}
+
+}  // namespace dtb

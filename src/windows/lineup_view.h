@@ -1,0 +1,55 @@
+// A side's line-up as a list on the board.
+#pragma once
+
+#include <QAbstractListModel>
+#include <QListView>
+
+#include "game/board.h"
+#include "teams/lineup_edit.h"
+
+namespace dtb {
+
+class LineupModel : public QAbstractListModel {
+  Q_OBJECT
+ public:
+  LineupModel(LineupList& list, QObject* parent);
+  int rowCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+
+  // The list changed in any way.
+  void Refresh();
+
+ private:
+  LineupList& list_;
+  int shownRows_ = 0;
+};
+
+// Turns the gestures of mouse and keyboard into operations on the side's line-up. The row under the
+// pointer is read in full in the tool-tip; a right click shows it in a box.
+class LineupView : public QListView {
+  Q_OBJECT
+ public:
+  LineupView(Board& board, Side side, QWidget* parent);
+
+  void ScrollUpOneLine();
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void ShowState();
+  [[nodiscard]] std::optional<int> RowAt(const QPoint& place) const;
+  void Release(MouseButton button, bool shiftAlone, std::optional<int> row);
+
+  Board& board_;
+  Side side_;
+  LineupModel* model_;
+  bool pressed_ = false;  // the press that a release belongs to was seen here
+};
+
+}  // namespace dtb

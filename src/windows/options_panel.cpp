@@ -1,0 +1,145 @@
+#include "windows/options_panel.h"
+
+#include <QKeyEvent>
+#include <QPushButton>
+
+#include "game/start_up.h"
+#include "platform/qt/qt_text.h"
+#include "shell/project_pages.h"
+#include "teams/game_pieces.h"
+#include "teams/photo_folder.h"
+#include "windows/bind.h"
+#include "windows/look.h"
+
+namespace dtb {
+namespace {
+
+using namespace look;
+
+constexpr Place kPanel{12, 532, 408, 276};
+constexpr double kRowHeight = 28;
+constexpr double kFirstRow = 40;
+constexpr double kRightColumn = 232;
+
+// The editor of the photo folder: a double click, or Enter, takes the text over.
+class PathEdit : public QLineEdit {
+ public:
+  PathEdit(Board& board, QWidget* parent) : QLineEdit(parent), board_(board) {}
+
+ protected:
+  void mouseDoubleClickEvent(QMouseEvent* /*event*/) override { SavePhotoPath(board_); }
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter) {
+      QLineEdit::keyPressEvent(event);
+    } else if (!event->isAutoRepeat()) {
+      SavePhotoPath(board_);
+    }
+  }
+
+ private:
+  Board& board_;
+};
+
+}  // namespace
+
+OptionsPanel::OptionsPanel(Board& board, Scene& scene, QWidget* parent)
+    : Panel(parent), board_(board), scene_(scene) {
+  Name(this, "fra_Options", QStringLiteral("OPTIONS"));
+  SetFill(kSlate);
+  scene.Put(this, kPanel);
+  scene.Put(MakeCaption(QStringLiteral("OPTIONS"), this), {16, 8, 200, 24}, kBody, true);
+  auto* close = new ClickLabel(QStringLiteral("X"), {kSlateRaised, kSlateHover, kCream}, this);
+  Name(close, "Label9", QStringLiteral("Close the options"));
+  scene.Put(close, {372, 8, 24, 24}, kBody, true);
+  connect(close, &QAbstractButton::clicked, this, [this] { ToggleOptions(board_); });
+  BuildChecks();
+  BuildOutsCount();
+  BuildPhotoSize();
+  BuildPhotoPath();
+  BuildDonation();
+  BindVisible(this, board.state.fra_Options_visible);
+}
+
+void OptionsPanel::BuildChecks() {
+  const auto add = [&](const char* name, const char* caption, int row, Field<bool>& field) {
+    auto* check = new QCheckBox(QLatin1String(caption), this);
+    Name(check, name, QLatin1String(caption));
+    scene_.Put(check, {16, kFirstRow + row * kRowHeight, 208, kRowHeight}, kBody);
+    BindCheck(check, field);
+    return check;
+  };
+  auto* tracker = add("cb_BaseTracker", "SHOW BASE TRACKER", 0, board_.state.cb_BaseTracker);
+  connect(tracker, &QAbstractButton::clicked, this, [this] { ToggleBaseTracker(board_); });
+  add("chk_Ctrls", "HIDE CONTROLS", 1, board_.state.chk_Ctrls);
+}
+
+void OptionsPanel::BuildOutsCount() {
+  scene_.Put(MakeCaption(QStringLiteral("MASTER # OF OUTS"), this),
+             {kRightColumn, kFirstRow, 112, kRowHeight}, kSmall);
+  auto* count = new FigureField(this);
+  Name(count, "tb_OutsCount", QStringLiteral("MASTER # OF OUTS"));
+  count->setToolTip(QStringLiteral("Total outs made thus far"));
+  count->SetGround(palette().color(QPalette::Base), kInk);
+  scene_.Put(count, {348, kFirstRow, 48, kRowHeight}, kBody, true);
+  BindText(count, board_.state.tb_OutsCount);
+}
+
+void OptionsPanel::BuildPhotoSize() {
+  const double top = kFirstRow + 40;
+  auto* title = MakeCaption(QStringLiteral("PHOTO SIZE"), this);
+  Name(title, "Label6");
+  scene_.Put(title, {kRightColumn, top, 80, 32}, kSmall);
+  const auto add = [&](const char* name, const char* caption, double left, auto operation) {
+    auto* button = new QPushButton(QLatin1String(caption), this);
+    Name(button, name, QStringLiteral("PHOTO SIZE ") + QLatin1String(caption));
+    scene_.Put(button, {left, top, 40, 32}, kSmall);
+    connect(button, &QPushButton::clicked, this, [this, operation] { operation(board_); });
+  };
+  add("cmd_FotoBig", "BIG", 312, EnlargePieces);
+  add("cmd_FotoSmall", "SM", 356, ShrinkPieces);
+}
+
+void OptionsPanel::BuildPhotoPath() {
+  auto* title = MakeCaption(QStringLiteral("User-defined PLAYER-PHOTOS path"), this);
+  Name(title, "Label8");
+  scene_.Put(title, {16, 188, 380, 20}, kSmall);
+
+  auto* path = new ClickLabel({}, {kSlateRaised, kSlateHover, kCream}, this);
+  Name(path, "lbl_PhotoPath", QStringLiteral("Folder of the player photos"));
+  path->setToolTip(QStringLiteral("Ctrl + Click to EDIT"));
+  scene_.Put(path, {16, 210, 380, 32}, kBody);
+  Follow<std::string>(path, board_.state.lbl_PhotoPath,
+                      [path](const std::string& folder) { path->setText(ToQt(folder)); });
+  Follow<bool>(path, board_.state.Text1_visible,
+               [path](bool editing) { path->setVisible(!editing); });
+  connect(path, &QAbstractButton::clicked, this, [this] { ClickPhotoPath(board_); });
+
+  auto* edit = new PathEdit(board_, this);
+  Name(edit, "Text1", QStringLiteral("New folder of the player photos"));
+  edit->setToolTip(QStringLiteral("Double-Click to SAVE"));
+  scene_.Put(edit, {16, 210, 380, 32}, kBody);
+  BindText(edit, board_.state.Text1);
+  Follow<bool>(edit, board_.state.Text1_visible, [edit](bool editing) {
+    edit->setVisible(editing);
+    if (editing) edit->setFocus(Qt::OtherFocusReason);
+  });
+
+  auto* hint =
+      MakeCaption(QStringLiteral("CTRL + Click to Edit path ..... DblClick to Save path"), this);
+  Name(hint, "Label11");
+  scene_.Put(hint, {16, 246, 380, 20}, kSmall);
+}
+
+void OptionsPanel::BuildDonation() {
+  auto* donation =
+      new ClickLabel(QStringLiteral("DONATE"), {kSlateRaised, kSlateHover, kAccent}, this);
+  Name(donation, "Image7", QStringLiteral("Open the donation page"));
+  donation->setToolTip(QStringLiteral("Opens the donation page in your browser"));
+  donation->setCursor(Qt::PointingHandCursor);
+  scene_.Put(donation, {kRightColumn, kFirstRow + 84, 164, 32}, kSmall, true);
+  connect(donation, &QAbstractButton::clicked, this,
+          [this] { board_.platform.pages.Open(kDonationPage); });
+}
+
+}  // namespace dtb

@@ -1,0 +1,32 @@
+// The picture of the ballpark, on which everything of the board stands.
+#pragma once
+
+#include <QImage>
+#include <QPixmap>
+#include <QWidget>
+
+namespace dtb {
+
+// Picture1. Fills itself with the picture, whatever its proportions.
+class ParkView : public QWidget {
+  Q_OBJECT
+ public:
+  explicit ParkView(QWidget* parent);
+
+  // A file that is no picture leaves the park as it is. False then.
+  bool LoadPark(const QString& file);
+
+ signals:
+  // The pointer moved over the park itself.
+  void pointerMoved();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+
+ private:
+  QImage park_;
+  QPixmap scaled_;
+};
+
+}  // namespace dtb

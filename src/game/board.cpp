@@ -6,17 +6,41 @@ SideFields SideOf(Board& board, Side side) {
   BoardState& state = board.state;
   StatSheet& sheet = board.sheet;
   if (side == Side::Visitors) {
-    return {state.List1,          state.Option5,      state.lbl_L1current, state.Check1,
-            state.tb_List1edit,   state.tb_VisTeam,   state.lbl_VisPitcher,
-            state.lbl_VisPitcher_tag, state.img_VisPitch, state.img_VisLogo, state.tb_BoxScore,
-            sheet.grd_VisStats,   sheet.lbl_VisTeam,  sheet.Picture3,      1,
-            "V",                  "VisLogo.jpg"};
+    return {state.List1,
+            state.Option5,
+            state.lbl_L1current,
+            state.Check1,
+            state.tb_List1edit,
+            state.tb_VisTeam,
+            state.lbl_VisPitcher,
+            state.lbl_VisPitcher_tag,
+            state.img_VisPitch,
+            state.img_VisLogo,
+            state.tb_BoxScore,
+            sheet.grd_VisStats,
+            sheet.lbl_VisTeam,
+            sheet.Picture3,
+            1,
+            "V",
+            "VisLogo.jpg"};
   }
-  return {state.List2,          state.Option6,       state.lbl_L2current, state.Check2,
-          state.tb_List2edit,   state.tb_HomeTeam,   state.lbl_HomePitcher,
-          state.lbl_HomePitcher_tag, state.img_HomePitch, state.img_HomeLogo,
-          state.tb_BoxScoreBottom, sheet.grd_HomeStats, sheet.lbl_HomeTeam, sheet.Picture4, 2,
-          "H",                  "HomeLogo.jpg"};
+  return {state.List2,
+          state.Option6,
+          state.lbl_L2current,
+          state.Check2,
+          state.tb_List2edit,
+          state.tb_HomeTeam,
+          state.lbl_HomePitcher,
+          state.lbl_HomePitcher_tag,
+          state.img_HomePitch,
+          state.img_HomeLogo,
+          state.tb_BoxScoreBottom,
+          sheet.grd_HomeStats,
+          sheet.lbl_HomeTeam,
+          sheet.Picture4,
+          2,
+          "H",
+          "HomeLogo.jpg"};
 }
 
 std::optional<Side> SideAtBat(const BoardState& state) {

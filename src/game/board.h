@@ -27,21 +27,21 @@ enum class Side { Visitors, Home };
 // The twin fields of one side, by their role.
 struct SideFields {
   LineupList& list;
-  Field<bool>& atBat;                // the option "AT BAT"
+  Field<bool>& atBat;                 // the option "AT BAT"
   Field<std::string>& rememberedRow;  // row that last became the batter
-  Field<bool>& edit;                 // the check box "EDIT"
-  Field<std::string>& newEntry;      // text field for a new row
-  Field<std::string>& team;          // team name on the board
-  Field<std::string>& pitcher;       // current pitcher
-  Field<std::string>& pitcherTag;    // pitcher until the last change
+  Field<bool>& edit;                  // the check box "EDIT"
+  Field<std::string>& newEntry;       // text field for a new row
+  Field<std::string>& team;           // team name on the board
+  Field<std::string>& pitcher;        // current pitcher
+  Field<std::string>& pitcherTag;     // pitcher until the last change
   Field<Picture>& pitcherPhoto;
   Field<Picture>& logo;
   ScoreRow& score;                // the side's row of the line score
   StatGrid& grid;                 // the side's table of the sheet
   Field<std::string>& sheetTeam;  // team name on the sheet
   Field<Picture>& sheetLogo;
-  int boxScoreRow;         // the side's row of grd_BoxScore
-  const char* letter;      // "V" or "H", as lbl_VisHome and lbl_GridSelected name the side
+  int boxScoreRow;          // the side's row of grd_BoxScore
+  const char* letter;       // "V" or "H", as lbl_VisHome and lbl_GridSelected name the side
   const char* defaultLogo;  // file in Logos for a team without a logo
 };
 

@@ -70,11 +70,11 @@ struct BoardState {
   TextCell tb_ListBoxStatus{"0"};         // above 0: a selection names no batter
 
   // Editing of the line-ups.
-  Field<bool> Check1;                // "EDIT" of the visitors
-  Field<bool> Check2;                // "EDIT" of the home team
-  Field<std::string> tb_List1edit;   // new text for a row of List1
-  Field<std::string> tb_List2edit;   // new text for a row of List2
-  int DragSourceIndex = 0;           // row where a drag in edit mode began
+  Field<bool> Check1;               // "EDIT" of the visitors
+  Field<bool> Check2;               // "EDIT" of the home team
+  Field<std::string> tb_List1edit;  // new text for a row of List1
+  Field<std::string> tb_List2edit;  // new text for a row of List2
+  int DragSourceIndex = 0;          // row where a drag in edit mode began
 
   // Pitchers.
   Field<std::string> lbl_VisPitcher;      // current pitcher of the visitors
@@ -90,16 +90,16 @@ struct BoardState {
   Field<bool> cb_Xinnings;     // the panel of innings 11 to 20 is open
 
   // Line score.
-  ScoreRow tb_BoxScore;           // visitors
-  ScoreRow tb_BoxScoreBottom;     // home team
-  Field<std::string> lbl_BoxSel;  // index of the cell that last had the focus
+  ScoreRow tb_BoxScore;            // visitors
+  ScoreRow tb_BoxScoreBottom;      // home team
+  Field<std::string> lbl_BoxSel;   // index of the cell that last had the focus
   Field<std::string> lbl_VisHome;  // its row: "V" or "H"
   Field<std::string> lbl_NumSel;   // digit last clicked on the score pad
   bool CaretAtStart = true;        // that cell's caret stands before its text
 
   // Game pieces and base tracker.
-  std::array<GamePiece, kPieces> pieces;       // pb_Player1 to pb_Player4
-  Field<double> pieceWidth{kPieceWidth};       // size of all four, in layout units
+  std::array<GamePiece, kPieces> pieces;  // pb_Player1 to pb_Player4
+  Field<double> pieceWidth{kPieceWidth};  // size of all four, in layout units
   Field<double> pieceHeight{kPieceHeight};
   int StolenBasePiece = 0;        // piece 1 to 4 whose stolen base is being recorded
   std::string LastRunnerClicked;  // name on the piece clicked last
@@ -113,8 +113,8 @@ struct BoardState {
 
   // The panel "OPTIONS".
   Field<bool> fra_Options_visible;
-  Field<bool> cb_BaseTracker;  // "SHOW BASE TRACKER"
-  Field<bool> chk_Ctrls;       // "HIDE CONTROLS": the outcome labels are hidden
+  Field<bool> cb_BaseTracker;        // "SHOW BASE TRACKER"
+  Field<bool> chk_Ctrls;             // "HIDE CONTROLS": the outcome labels are hidden
   Field<std::string> lbl_PhotoPath;  // folder of the player photos
   Field<std::string> Text1;          // editor of that folder
   Field<bool> Text1_visible;         // the editor is shown instead of lbl_PhotoPath

@@ -7,8 +7,8 @@
 
 namespace dtb {
 
-// Passes when both teams are loaded, both pitchers named and a batter chosen. Without teams it stops
-// silently, otherwise with the warning below.
+// Passes when both teams are loaded, both pitchers named and a batter chosen. Without teams it
+// stops silently, otherwise with the warning below.
 [[nodiscard]] bool OutcomeGate(Board& board);
 
 // The gate's two tests on their own, for the outcome that asks something else in between.

@@ -1,20 +1,26 @@
 #include "game/hits.h"
 
 #include "game/gate.h"
-#include "game/played_mark.h"
 #include "game/pitcher_of_record.h"
+#include "game/played_mark.h"
 
 namespace dtb {
 namespace {
 
 int BatterColumn(Outcome outcome) {
   switch (outcome) {
-    case Outcome::Single: return stat_column::kSingles;
-    case Outcome::Double: return stat_column::kDoubles;
-    case Outcome::Triple: return stat_column::kTriples;
-    case Outcome::Homer: return stat_column::kHomeRuns;
-    case Outcome::Walk: return stat_column::kWalks;
-    default: return stat_column::kStrikeouts;
+    case Outcome::Single:
+      return stat_column::kSingles;
+    case Outcome::Double:
+      return stat_column::kDoubles;
+    case Outcome::Triple:
+      return stat_column::kTriples;
+    case Outcome::Homer:
+      return stat_column::kHomeRuns;
+    case Outcome::Walk:
+      return stat_column::kWalks;
+    default:
+      return stat_column::kStrikeouts;
   }
 }
 

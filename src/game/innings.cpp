@@ -34,8 +34,8 @@ void OutsChanged(Board& board) {
   BoardState& state = board.state;
   ChangeOfState(board);
   if (state.tb_OutsCount.number() == kMostOuts) {
-    board.platform.boxes.Show(
-        "Maximum INNINGS reached. Use manual scoring to complete game.", BoxIcon::Information);
+    board.platform.boxes.Show("Maximum INNINGS reached. Use manual scoring to complete game.",
+                              BoxIcon::Information);
     return;
   }
   if (state.tb_OUT.number() >= 3 && state.tb_OUT.value() != "3") {

@@ -4,21 +4,36 @@ namespace dtb {
 
 std::string_view LogSuffix(Outcome outcome) {
   switch (outcome) {
-    case Outcome::Single: return "_____1B";
-    case Outcome::Double: return "_____2B";
-    case Outcome::Triple: return "_____3B";
-    case Outcome::Homer: return "_____HR";
-    case Outcome::Walk: return "_____BB";
-    case Outcome::Strikeout: return "_____K";
-    case Outcome::Groundout: return "_____GO";
-    case Outcome::Flyout: return "_____FO";
-    case Outcome::Lineout: return "_____LO";
-    case Outcome::Popout: return "_____PO";
-    case Outcome::DoublePlay: return "_____DP";
-    case Outcome::FieldersChoice: return "_____FC";
-    case Outcome::ThrownOut: return "_____TO";
-    case Outcome::AtBat: return "_____AB [ERR]";
-    case Outcome::RunBattedIn: return "_____RBI";
+    case Outcome::Single:
+      return "_____1B";
+    case Outcome::Double:
+      return "_____2B";
+    case Outcome::Triple:
+      return "_____3B";
+    case Outcome::Homer:
+      return "_____HR";
+    case Outcome::Walk:
+      return "_____BB";
+    case Outcome::Strikeout:
+      return "_____K";
+    case Outcome::Groundout:
+      return "_____GO";
+    case Outcome::Flyout:
+      return "_____FO";
+    case Outcome::Lineout:
+      return "_____LO";
+    case Outcome::Popout:
+      return "_____PO";
+    case Outcome::DoublePlay:
+      return "_____DP";
+    case Outcome::FieldersChoice:
+      return "_____FC";
+    case Outcome::ThrownOut:
+      return "_____TO";
+    case Outcome::AtBat:
+      return "_____AB [ERR]";
+    case Outcome::RunBattedIn:
+      return "_____RBI";
   }
   return "";
 }

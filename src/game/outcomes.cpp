@@ -24,16 +24,30 @@ void Record(Board& board, Outcome outcome) {
     case Outcome::Triple:
     case Outcome::Homer:
     case Outcome::Walk:
-    case Outcome::Strikeout: RecordPlateAppearance(board, outcome); break;
+    case Outcome::Strikeout:
+      RecordPlateAppearance(board, outcome);
+      break;
     case Outcome::Groundout:
     case Outcome::Flyout:
     case Outcome::Lineout:
-    case Outcome::Popout: RecordBatterOut(board, outcome); break;
-    case Outcome::DoublePlay: RecordDoublePlay(board); break;
-    case Outcome::FieldersChoice: RecordFieldersChoice(board); break;
-    case Outcome::ThrownOut: RecordThrownOut(board); break;
-    case Outcome::AtBat: RecordAtBat(board); break;
-    case Outcome::RunBattedIn: RecordRun(board); break;
+    case Outcome::Popout:
+      RecordBatterOut(board, outcome);
+      break;
+    case Outcome::DoublePlay:
+      RecordDoublePlay(board);
+      break;
+    case Outcome::FieldersChoice:
+      RecordFieldersChoice(board);
+      break;
+    case Outcome::ThrownOut:
+      RecordThrownOut(board);
+      break;
+    case Outcome::AtBat:
+      RecordAtBat(board);
+      break;
+    case Outcome::RunBattedIn:
+      RecordRun(board);
+      break;
   }
 }
 

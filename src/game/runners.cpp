@@ -32,7 +32,8 @@ void StolenBase(Board& board) {
 
 void ExplainStolenBase(Board& board) {
   board.platform.boxes.Show(
-      "To record a stolen base:\n\nHold down CTRL key, then click on the top half of the runner who "
+      "To record a stolen base:\n\nHold down CTRL key, then click on the top half of the runner "
+      "who "
       "stole the base.",
       BoxIcon::Information);
 }

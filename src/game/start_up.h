@@ -22,7 +22,8 @@ void StartUp(Board& board);
 // The menu command "Options" and the "X" of its panel.
 void ToggleOptions(Board& board);
 
-// The check box "SHOW BASE TRACKER" was clicked: the tracker itself decides whether it comes or goes.
+// The check box "SHOW BASE TRACKER" was clicked: the tracker itself decides whether it comes or
+// goes.
 void ToggleBaseTracker(Board& board);
 
 }  // namespace dtb

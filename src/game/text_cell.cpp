@@ -53,8 +53,8 @@ std::optional<double> WholeNumberOf(std::string_view text) {
 std::string DecimalText(double number) {
   if (number == 0) return "0";
   PlainDigits digits;
-  const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), number,
-                                    std::chars_format::fixed);
+  const auto result =
+      std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
   return {digits.data(), result.ptr};
 }
 

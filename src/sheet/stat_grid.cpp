@@ -37,9 +37,9 @@ StatGrid& StatGrid::operator=(const StatGrid& other) {
 
 std::size_t StatGrid::IndexOf(int row, int column) const {
   if (row < 0 || row >= rows_ || column < 0 || column >= columns()) {
-    throw ProgramError(error_number::kSubscriptOutOfRange,
-                       "The table has no row " + std::to_string(row) + ", column " +
-                           std::to_string(column));
+    throw ProgramError(
+        error_number::kSubscriptOutOfRange,
+        "The table has no row " + std::to_string(row) + ", column " + std::to_string(column));
   }
   return static_cast<std::size_t>(row) * columns_.size() + static_cast<std::size_t>(column);
 }

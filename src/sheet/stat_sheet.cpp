@@ -15,9 +15,9 @@ constexpr Colour kOddRow{224, 224, 224};
 void SetUpTeamTable(StatGrid& grid, std::string_view batter, std::string_view pitcher,
                     Colour evenRows) {
   using namespace stat_column;
-  const std::array<std::string_view, kCount> headers{
-      "",  batter, "K",  "BB", "1B", "2B", "3B", "HR", "SB", "RBI",
-      "AB", pitcher, "K", "BB", "H", "HR", "ER", "IP", ""};
+  const std::array<std::string_view, kCount> headers{"",   batter, "K",   "BB", "1B",    "2B", "3B",
+                                                     "HR", "SB",   "RBI", "AB", pitcher, "K",  "BB",
+                                                     "H",  "HR",   "ER",  "IP", ""};
   constexpr std::array<int, kCount> widths{0,   1800, 450, 450, 450, 450, 450, 450, 450, 450,
                                            450, 2000, 450, 450, 450, 450, 450, 600, 0};
   for (int column = 0; column < kCount; ++column) {

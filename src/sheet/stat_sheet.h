@@ -33,8 +33,8 @@ inline constexpr int kPlayed = 18;          // hidden; "1": the batter of this r
 inline constexpr int kCount = 19;
 }  // namespace stat_column
 
-inline constexpr int kStatRows = 50;    // the header and 49 players
-inline constexpr int kScoreRows = 3;    // the header, visitors, home team
+inline constexpr int kStatRows = 50;      // the header and 49 players
+inline constexpr int kScoreRows = 3;      // the header, visitors, home team
 inline constexpr int kScoreColumns = 24;  // the team, 20 innings, R, H, E
 inline constexpr int kStarters = 9;
 
@@ -45,15 +45,15 @@ struct StatSheet {
   StatGrid grd_VisStats{kStatRows, stat_column::kCount};
   StatGrid grd_HomeStats{kStatRows, stat_column::kCount};
   StatGrid grd_BoxScore{kScoreRows, kScoreColumns};  // a copy of the board's line score
-  Field<std::string> lbl_VisTeam{"Team"};   // "Team" until a team is loaded
+  Field<std::string> lbl_VisTeam{"Team"};            // "Team" until a team is loaded
   Field<std::string> lbl_HomeTeam{"Team"};
   Field<Picture> Picture3;  // logo of the visitors
   Field<Picture> Picture4;  // logo of the home team
   Field<std::string> tb_Comments;
 
   // The cell editor.
-  Field<std::string> Text1;                 // the text being edited
-  Field<bool> Text1_visible;                // a cell is being edited
+  Field<std::string> Text1;                  // the text being edited
+  Field<bool> Text1_visible;                 // a cell is being edited
   Field<std::string> lbl_GridSelected{"0"};  // the editor's table: "V" or "H"
   int editedRow = 0;
   int editedColumn = 0;

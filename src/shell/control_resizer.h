@@ -21,6 +21,8 @@ class ControlResizer {
   // The form has a new inner size, in pixels. A size below one pixel counts as one.
   void FormResized(double innerWidth, double innerHeight);
 
+  [[nodiscard]] double baseWidth() const { return baseWidth_; }
+  [[nodiscard]] double baseHeight() const { return baseHeight_; }
   [[nodiscard]] double scaleX() const { return scaleX_; }
   [[nodiscard]] double scaleY() const { return scaleY_; }
   // Fonts follow the smaller of the two scales.

@@ -108,9 +108,8 @@ void EnlargePieces(Board& board) { ScalePieces(board.state, kBigFactor); }
 void ShrinkPieces(Board& board) {
   BoardState& state = board.state;
   ScalePieces(state, kSmallFactor);
-  const bool below = std::any_of(state.pieces.begin(), state.pieces.end(), [](const GamePiece& p) {
-    return p.top.value() >= kGroundLine;
-  });
+  const bool below = std::any_of(state.pieces.begin(), state.pieces.end(),
+                                 [](const GamePiece& p) { return p.top.value() >= kGroundLine; });
   if (!below) return;
   for (GamePiece& piece : state.pieces) piece.top.Set(kGroundLine - state.pieceHeight.value());
 }

@@ -16,8 +16,8 @@ void MoveSelected(LineupList& list, int by) {
   list.Select(row + by);
 }
 
-// The highlight goes to the row for as long as the box is open, and stays there; the batter does not
-// change.
+// The highlight goes to the row for as long as the box is open, and stays there; the batter does
+// not change.
 void ShowEntry(Board& board, LineupList& list, int row) {
   board.state.tb_ListBoxStatus.Set("1");
   list.Select(row);

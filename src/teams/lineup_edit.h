@@ -9,9 +9,9 @@ namespace dtb {
 
 enum class MouseButton { Left, Right, Other };
 
-// Runs whenever a row of the side's list was selected, by a click or by the system: names the batter
-// and gives him a game piece. Only outside edit mode, only on the side at bat, and only for the
-// first nine rows.
+// Runs whenever a row of the side's list was selected, by a click or by the system: names the
+// batter and gives him a game piece. Only outside edit mode, only on the side at bat, and only for
+// the first nine rows.
 void SelectBatter(Board& board, Side side);
 
 // The buttons "UP" and "DN": the selected entry changes places with its neighbour and stays
@@ -19,16 +19,16 @@ void SelectBatter(Board& board, Side side);
 void MoveEntryUp(Board& board, Side side);
 void MoveEntryDown(Board& board, Side side);
 
-// Double click on a list: the selected entry is replaced by the text of the side's edit field, which
-// is emptied. Nothing happens while the field is "".
+// Double click on a list: the selected entry is replaced by the text of the side's edit field,
+// which is emptied. Nothing happens while the field is "".
 void ReplaceEntry(Board& board, Side side);
 
 // Mouse press on a list in edit mode: a drag begins at the selected row.
 void BeginDrag(Board& board, Side side);
 
 // Mouse release on a list, with the row under the pointer if there is one. The right button shows
-// that row's whole entry in a box. In edit mode, the entry of the drag moves to the selected row, or
-// behind it while Shift alone is held.
+// that row's whole entry in a box. In edit mode, the entry of the drag moves to the selected row,
+// or behind it while Shift alone is held.
 void EndDrag(Board& board, Side side, MouseButton button, bool shiftAlone,
              std::optional<int> rowUnderPointer);
 

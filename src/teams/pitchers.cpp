@@ -40,8 +40,7 @@ void RefreshPitcherPhotos(Board& board) {
   for (const Side side : {Side::Visitors, Side::Home}) {
     const SideFields fields = SideOf(board, side);
     if (fields.pitcher.value().empty()) continue;
-    const auto photo =
-        board.platform.pictures.Load(PhotoFile(board.state, fields.pitcher.value()));
+    const auto photo = board.platform.pictures.Load(PhotoFile(board.state, fields.pitcher.value()));
     if (photo) fields.pitcherPhoto.Set(*photo);
   }
 }

@@ -7,8 +7,8 @@ namespace dtb {
 
 // Double click on the side's pitcher label: the player of the selected row becomes its pitcher. He
 // gets a row of the pitcher block unless he has one; the innings of the side in the field are
-// settled; the list goes back to the batting order. Without a selection nothing happens. When all 49
-// rows are taken he pitches without a row.
+// settled; the list goes back to the batting order. Without a selection nothing happens. When all
+// 49 rows are taken he pitches without a row.
 void ChangePitcher(Board& board, Side side);
 
 // Keeps the photos of both pitchers in step with their files. Runs ten times a second.

@@ -26,9 +26,10 @@ std::optional<std::size_t> LastCharacters(const std::string& text, std::size_t c
 std::string WithoutExtension(const std::string& fileName) {
   const auto cut = LastCharacters(fileName, kExtensionLength);
   if (!cut) {
-    throw ProgramError(error_number::kInvalidCall,
-                       "The file name \"" + fileName +
-                           "\" is too short. A team file's name is the team's name and .txt or .csv.");
+    throw ProgramError(
+        error_number::kInvalidCall,
+        "The file name \"" + fileName +
+            "\" is too short. A team file's name is the team's name and .txt or .csv.");
   }
   return fileName.substr(0, *cut);
 }

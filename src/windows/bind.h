@@ -9,8 +9,8 @@
 #include <string>
 
 #include "game/field.h"
-#include "windows/look.h"
 #include "platform/qt/qt_text.h"
+#include "windows/look.h"
 
 namespace dtb {
 
@@ -53,8 +53,7 @@ inline void BindCheck(QAbstractButton* check, Field<bool>& field) {
   Follow<bool>(check, field, [check](bool on) {
     if (check->isChecked() != on) check->setChecked(on);
   });
-  QObject::connect(check, &QAbstractButton::clicked, check,
-                   [&field](bool on) { field.Set(on); });
+  QObject::connect(check, &QAbstractButton::clicked, check, [&field](bool on) { field.Set(on); });
 }
 
 inline void BindVisible(QWidget* widget, Field<bool>& field) {

@@ -153,7 +153,8 @@ void FigureField::focusInEvent(QFocusEvent* event) {
       selectAll();
       emit focused();
       break;
-    default: break;
+    default:
+      break;
   }
 }
 

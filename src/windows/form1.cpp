@@ -92,31 +92,15 @@ void Form1::ShowLog() {
 }
 
 void Form1::PlaceAtLaunch() {
-  const int menu = menuBar()->sizeHint().height();
-  // A title bar and borders of the usual desktops, which are known only once the window is shown.
-  constexpr QSize kFrame(8, 40);
+  FitAtLaunch(this, scene_.resizer(), menuBar()->sizeHint().height());
   const QRect free = screen()->availableGeometry();
-  const double scale = ScaleAtLaunch(kSceneWidth, kSceneHeight, free.width() - kFrame.width(),
-                                     free.height() - kFrame.height() - menu);
-  resize(qRound(kSceneWidth * scale), qRound(kSceneHeight * scale) + menu);
-  const QSize room = free.size() - size() - kFrame;
+  const QSize room = free.size() - size();
   move(free.left() + std::max(0, room.width() / 2), free.top() + std::max(0, room.height() / 4));
-}
-
-void Form1::KeepRatio() {
-  if (isMaximized() || isFullScreen() || isMinimized()) return;
-  const int menu = menuBar()->height();
-  const int wanted = qRound(scene_.resizer().HeightFor(width())) + menu;
-  const int most = screen()->availableGeometry().height();
-  if (std::abs(height() - wanted) > 1 && wanted <= most) resize(width(), wanted);
 }
 
 void Form1::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
-  // Asked for after the event, so that the resize it makes is not nested in this one.
-  if (isVisible())
-    QMetaObject::invokeMethod(
-        this, [this] { KeepRatio(); }, Qt::QueuedConnection);
+  HoldRatio(this, scene_.resizer(), menuBar()->height());
 }
 
 bool Form1::eventFilter(QObject* watched, QEvent* event) {

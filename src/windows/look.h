@@ -24,7 +24,7 @@ inline constexpr QColor kInk{28, 32, 30};
 inline constexpr QColor kAccent{255, 200, 60};  // scoreboard yellow: focus, current batter
 
 // Colours that the system fixes.
-inline constexpr QColor kBoxGrey{64, 64, 64};      // message box, game piece, base tracker
+inline constexpr QColor kBoxGrey{64, 64, 64};       // message box, game piece, base tracker
 inline constexpr QColor kPlateGrey{128, 128, 128};  // name plate, visitors' title on the sheet
 inline constexpr QColor kOutsRed{255, 0, 0};
 
@@ -39,9 +39,7 @@ inline constexpr double kCorner = 6;
 
 [[nodiscard]] QFont Font(double pixels, bool bold = false);
 [[nodiscard]] QPalette Palette();
-[[nodiscard]] inline QColor Shade(Colour colour) {
-  return {colour.red, colour.green, colour.blue};
-}
+[[nodiscard]] inline QColor Shade(Colour colour) { return {colour.red, colour.green, colour.blue}; }
 
 // A rounded plate with an edge of the given width inside the rectangle.
 void DrawPlate(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& edge,

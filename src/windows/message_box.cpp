@@ -12,8 +12,8 @@
 #include <QVBoxLayout>
 
 #include "game/board_state.h"
-#include "windows/look.h"
 #include "platform/qt/qt_text.h"
+#include "windows/look.h"
 
 namespace dtb {
 namespace {
@@ -39,7 +39,8 @@ class ClickGuard : public QObject {
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
     switch (event->type()) {
       case QEvent::MouseButtonRelease:
-      case QEvent::MouseButtonDblClick: return true;
+      case QEvent::MouseButtonDblClick:
+        return true;
       case QEvent::MouseButtonPress:
         if (static_cast<QMouseEvent*>(event)->flags() & Qt::MouseEventCreatedDoubleClick) {
           return true;
@@ -47,18 +48,23 @@ class ClickGuard : public QObject {
         qApp->removeEventFilter(this);
         deleteLater();
         return false;
-      default: return false;
+      default:
+        return false;
     }
   }
 };
 
 QString IconText(BoxIcon icon) {
   switch (icon) {
-    case BoxIcon::Critical: return QStringLiteral("\u00D7");
-    case BoxIcon::Information: return QStringLiteral("i");
+    case BoxIcon::Critical:
+      return QStringLiteral("\u00D7");
+    case BoxIcon::Information:
+      return QStringLiteral("i");
     case BoxIcon::Warning:
-    case BoxIcon::Exclamation: return QStringLiteral("!");
-    case BoxIcon::None: break;
+    case BoxIcon::Exclamation:
+      return QStringLiteral("!");
+    case BoxIcon::None:
+      break;
   }
   return {};
 }
@@ -118,9 +124,9 @@ bool MessageBox::Run(QWidget* window, const Content& content) {
 MessageBox::MessageBox(QWidget* window, const Content& content)
     : QWidget(window), content_(content), window_(window), answer_(!content.question) {
   setObjectName(Confirmation() ? QStringLiteral("CustMsgBox") : QStringLiteral("MsgBox"));
-  setAccessibleName(content_.title.isEmpty() ? Shortened(content_.message)
-                                             : content_.title + QStringLiteral(": ") +
-                                                   Shortened(content_.message));
+  setAccessibleName(content_.title.isEmpty()
+                        ? Shortened(content_.message)
+                        : content_.title + QStringLiteral(": ") + Shortened(content_.message));
   setFocusPolicy(Qt::StrongFocus);
   const double scale = window == nullptr ? 1 : std::max(0.5, window->width() / kSceneWidth);
   Build(scale);
@@ -159,9 +165,9 @@ void MessageBox::Build(double scale) {
   label->setObjectName(QStringLiteral("Label1"));
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
-  label->setAlignment((content_.alignment == BoxAlignment::Left ? Qt::AlignLeft
-                                                                : Qt::AlignHCenter) |
-                      Qt::AlignVCenter);
+  label->setAlignment(
+      (content_.alignment == BoxAlignment::Left ? Qt::AlignLeft : Qt::AlignHCenter) |
+      Qt::AlignVCenter);
   QPalette palette = label->palette();
   palette.setColor(QPalette::WindowText, Qt::white);
   label->setPalette(palette);
@@ -249,7 +255,9 @@ bool MessageBox::FilterKey(QEvent* event) {
   if (key->key() == Qt::Key_Control || key->key() == Qt::Key_F12) return false;
   if (event->type() == QEvent::KeyRelease || key->isAutoRepeat()) return true;
   switch (key->key()) {
-    case Qt::Key_Escape: Finish(!content_.question); break;
+    case Qt::Key_Escape:
+      Finish(!content_.question);
+      break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space: {
@@ -276,7 +284,8 @@ bool MessageBox::FilterKey(QEvent* event) {
         break;
       }
       break;
-    default: break;
+    default:
+      break;
   }
   return true;
 }
@@ -296,12 +305,15 @@ bool MessageBox::eventFilter(QObject* watched, QEvent* event) {
       Finish(true);
       return true;
     }
-    case QEvent::MouseMove: return !Holds(watched, event);
+    case QEvent::MouseMove:
+      return !Holds(watched, event);
     case QEvent::Wheel:
-    case QEvent::ContextMenu: return watched->isWidgetType() && !Holds(watched, event);
+    case QEvent::ContextMenu:
+      return watched->isWidgetType() && !Holds(watched, event);
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
-    case QEvent::ShortcutOverride: return FilterKey(event);
+    case QEvent::ShortcutOverride:
+      return FilterKey(event);
     case QEvent::Close:
       if (watched == window_.data()) {
         Finish(!content_.question);
@@ -309,7 +321,8 @@ bool MessageBox::eventFilter(QObject* watched, QEvent* event) {
         return true;
       }
       return false;
-    default: return false;
+    default:
+      return false;
   }
 }
 
@@ -323,8 +336,8 @@ void WindowBoxes::Show(const std::string& message, BoxIcon icon, const std::stri
 }
 
 bool WindowBoxes::Ask(const std::string& question, const std::string& title) {
-  return MessageBox::Run(Front(), {ToQt(question), ToQt(title), BoxIcon::Exclamation,
-                                   BoxAlignment::Left, true});
+  return MessageBox::Run(
+      Front(), {ToQt(question), ToQt(title), BoxIcon::Exclamation, BoxAlignment::Left, true});
 }
 
 QWidget* WindowBoxes::Front() const {

@@ -1,6 +1,8 @@
 #include "windows/scene.h"
 
+#include <QScreen>
 #include <algorithm>
+#include <cstdlib>
 
 #include "windows/look.h"
 
@@ -31,19 +33,55 @@ void Scene::Apply(const QSize& innerSize) {
 
 void Scene::Arrange(const Control& control) const {
   if (!control.widget) return;
-  const Place place = resizer_.Scaled(control.place);
-  // Edges are rounded, not sizes, so that equal gaps stay equal to a pixel.
+  // Edges are rounded on the form, not sizes inside a panel: equal gaps stay equal to a pixel, and
+  // nothing sticks out of its panel.
+  const QPointF origin = OriginIn(control.widget->parentWidget());
+  Place onForm = control.place;
+  onForm.left += origin.x();
+  onForm.top += origin.y();
+  const Place place = resizer_.Scaled(onForm);
+  const QPoint parent(qRound(origin.x() * resizer_.scaleX()),
+                      qRound(origin.y() * resizer_.scaleY()));
   const QPoint topLeft(qRound(place.left), qRound(place.top));
   const QPoint bottomRight(qRound(place.left + place.width), qRound(place.top + place.height));
-  control.widget->setGeometry(QRect(topLeft, bottomRight - QPoint(1, 1)));
+  control.widget->setGeometry(QRect(topLeft, bottomRight - QPoint(1, 1)).translated(-parent));
   if (control.typeSize <= 0) return;
   const QFont font = look::Font(control.typeSize * resizer_.fontScale(), control.bold);
   if (control.widget->font() != font) control.widget->setFont(font);
 }
 
+QPointF Scene::OriginIn(const QWidget* panel) const {
+  QPointF origin;
+  for (; panel != nullptr && !panel->isWindow(); panel = panel->parentWidget()) {
+    const Place place = PlaceOf(panel);
+    origin += QPointF(place.left, place.top);
+  }
+  return origin;
+}
+
 std::vector<Scene::Control>::iterator Scene::Find(const QWidget* widget) {
   return std::find_if(controls_.begin(), controls_.end(),
                       [&](const Control& c) { return c.widget == widget; });
+}
+
+void FitAtLaunch(QWidget* window, const ControlResizer& resizer, int above) {
+  // Title bar and borders of the usual desktops; the true ones are known only to a shown window.
+  constexpr QSize kFrame(8, 40);
+  const QSize free = window->screen()->availableSize() - kFrame - QSize(0, above);
+  const double scale =
+      ScaleAtLaunch(resizer.baseWidth(), resizer.baseHeight(), free.width(), free.height());
+  window->resize(qRound(resizer.baseWidth() * scale), qRound(resizer.baseHeight() * scale) + above);
+}
+
+void HoldRatio(QWidget* window, const ControlResizer& resizer, int above) {
+  if (!window->isVisible()) return;
+  const auto hold = [window, &resizer, above] {
+    if (window->isMaximized() || window->isFullScreen() || window->isMinimized()) return;
+    const int wanted = qRound(resizer.HeightFor(window->width())) + above;
+    const bool fits = wanted <= window->screen()->availableSize().height();
+    if (fits && std::abs(window->height() - wanted) > 1) window->resize(window->width(), wanted);
+  };
+  QMetaObject::invokeMethod(window, hold, Qt::QueuedConnection);
 }
 
 }  // namespace dtb

@@ -36,10 +36,20 @@ class Scene {
   };
 
   void Arrange(const Control& control) const;
+  // Where a panel's inside begins on the form, in layout units.
+  [[nodiscard]] QPointF OriginIn(const QWidget* panel) const;
   [[nodiscard]] std::vector<Control>::iterator Find(const QWidget* widget);
 
   ControlResizer resizer_;
   std::vector<Control> controls_;
 };
+
+// Gives a window the size at which it starts: the launch shrink, or what the screen has room for.
+// `above` is the height of what stands over the scene, such as a menu bar, in pixels.
+void FitAtLaunch(QWidget* window, const ControlResizer& resizer, int above);
+
+// Ties the height of a window to its width, as long as the screen has room for that and the person
+// has not maximised it. Called from the window's resize event; acts after it.
+void HoldRatio(QWidget* window, const ControlResizer& resizer, int above);
 
 }  // namespace dtb

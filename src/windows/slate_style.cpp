@@ -99,7 +99,9 @@ void SlateStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
                                QPainter* painter, const QWidget* widget) const {
   painter->save();
   switch (element) {
-    case PE_PanelButtonCommand: DrawButton(*painter, option); break;
+    case PE_PanelButtonCommand:
+      DrawButton(*painter, option);
+      break;
     case PE_PanelLineEdit:
       // A field without a frame is part of something that draws its own ground.
       if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
@@ -108,15 +110,25 @@ void SlateStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
       }
       break;
     case PE_FrameLineEdit:
-    case PE_FrameStatusBarItem: break;
+    case PE_FrameStatusBarItem:
+      break;
     case PE_FrameFocusRect:
       DrawFocus(*painter, QRectF(option->rect), 4);
       break;
-    case PE_IndicatorCheckBox: DrawCheckMark(*painter, option); break;
-    case PE_IndicatorRadioButton: DrawOptionMark(*painter, option); break;
-    case PE_PanelMenuBar: painter->fillRect(option->rect, kSlate); break;
-    case PE_FrameMenu: DrawPlate(*painter, option->rect, Qt::transparent, kEdgeBright, 1, 0); break;
-    default: QProxyStyle::drawPrimitive(element, option, painter, widget);
+    case PE_IndicatorCheckBox:
+      DrawCheckMark(*painter, option);
+      break;
+    case PE_IndicatorRadioButton:
+      DrawOptionMark(*painter, option);
+      break;
+    case PE_PanelMenuBar:
+      painter->fillRect(option->rect, kSlate);
+      break;
+    case PE_FrameMenu:
+      DrawPlate(*painter, option->rect, Qt::transparent, kEdgeBright, 1, 0);
+      break;
+    default:
+      QProxyStyle::drawPrimitive(element, option, painter, widget);
   }
   painter->restore();
 }
@@ -156,7 +168,8 @@ void SlateStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
 int SlateStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                             const QWidget* widget) const {
   switch (metric) {
-    case PM_ScrollBarExtent: return kScrollBarWidth;
+    case PM_ScrollBarExtent:
+      return kScrollBarWidth;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
     case PM_ExclusiveIndicatorWidth:
@@ -164,8 +177,10 @@ int SlateStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
       // Marks follow the type, so that they keep pace with a scaled form.
       return widget != nullptr ? qMax(10, widget->fontMetrics().height() * 7 / 8) : kMarkSize;
     case PM_ButtonShiftHorizontal:
-    case PM_ButtonShiftVertical: return 0;
-    default: return QProxyStyle::pixelMetric(metric, option, widget);
+    case PM_ButtonShiftVertical:
+      return 0;
+    default:
+      return QProxyStyle::pixelMetric(metric, option, widget);
   }
 }
 

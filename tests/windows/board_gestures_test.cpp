@@ -1,0 +1,163 @@
+#include <QLineEdit>
+
+#include "windows/window_test.h"
+
+namespace dtb {
+namespace {
+
+class BoardGesturesTest : public WindowTest {
+ protected:
+  QPoint RowPlace(LineupView* list, int row) {
+    list->scrollTo(list->model()->index(row, 0));
+    return list->visualRect(list->model()->index(row, 0)).center();
+  }
+
+  void DragRow(LineupView* list, int from, int to, Qt::KeyboardModifiers modifiers) {
+    QWidget* port = list->viewport();
+    QWindow* window = form1().windowHandle();
+    const auto at = [&](int row) { return port->mapTo(&form1(), RowPlace(list, row)); };
+    QTest::mousePress(window, Qt::LeftButton, modifiers, at(from));
+    QMouseEvent move(QEvent::MouseMove, RowPlace(list, to), port->mapToGlobal(RowPlace(list, to)),
+                     Qt::NoButton, Qt::LeftButton, modifiers);
+    QCoreApplication::sendEvent(port, &move);
+    QTest::mouseRelease(window, Qt::LeftButton, modifiers, at(to));
+  }
+};
+
+TEST_F(BoardGesturesTest, RowsAreDraggedOnlyInEditMode) {
+  StartGame();
+  auto* list = Find<LineupView>("List1");
+  const auto entry = [&](int row) { return board().state.List1.entries().at(row); };
+  DragRow(list, 4, 1, {});
+  EXPECT_EQ(entry(1), "Ants 2");
+  EXPECT_EQ(board().state.lbl_Selected.value(), "Ants 5");  // the press chose him, the way did not
+  Click(Find("Check1"));
+  DragRow(list, 10, 2, {});
+  EXPECT_EQ(entry(2), "Ants 11");
+  DragRow(list, 2, 5, Qt::ShiftModifier);
+  EXPECT_EQ(entry(5), "Ants 11");
+  EXPECT_EQ(board().state.List1.selected(), 5);
+  EXPECT_EQ(board().state.lbl_Selected.value(), "Ants 5");
+}
+
+TEST_F(BoardGesturesTest, RightClickShowsTheWholeEntryAndNamesNobody) {
+  StartGame();
+  auto* list = Find<LineupView>("List1");
+  QString shown;
+  WhileWaiting([&] {
+    shown = MessageBox::Open()->message();
+    Press(&form1(), Qt::Key_Return);
+  });
+  Click(list->viewport(), {}, Qt::RightButton, RowPlace(list, 6));
+  EXPECT_EQ(shown, QStringLiteral("Ants 7"));
+  EXPECT_EQ(board().state.List1.selected(), 6);
+  EXPECT_EQ(board().state.lbl_Selected.value(), "Ants 1");
+}
+
+TEST_F(BoardGesturesTest, RowIsRewrittenByADoubleClick) {
+  StartGame();
+  Click(Find("Check1"));
+  auto* field = Find<QLineEdit>("tb_List1edit");
+  Click(field);
+  Type(&form1(), "Sub=PH");
+  auto* list = Find<LineupView>("List1");
+  DoubleClick(list->viewport(), RowPlace(list, 3));
+  EXPECT_EQ(board().state.List1.entries().at(3), "Sub=PH");
+  EXPECT_EQ(field->text(), QString());
+}
+
+// One press of Ctrl serves one runner; held on, the next click is a plain click.
+TEST_F(BoardGesturesTest, CtrlClickRecordsOneStolenBase) {
+  StartGame();
+  auto* piece = Find("pb_Player1");
+  const auto stolen = [&] { return board().sheet.grd_VisStats.Text(1, stat_column::kStolenBases); };
+  Click(piece);
+  EXPECT_EQ(stolen(), "");
+  QTest::keyPress(form1().windowHandle(), Qt::Key_Control);
+  WhileWaiting([&] { Press(&form1(), Qt::Key_Return); });
+  Click(piece, Qt::ControlModifier);
+  EXPECT_EQ(stolen(), "1");
+  Click(piece, Qt::ControlModifier);
+  EXPECT_EQ(stolen(), "1");
+  QTest::keyRelease(form1().windowHandle(), Qt::Key_Control);
+}
+
+TEST_F(BoardGesturesTest, PieceFollowsThePointerAndStaysThere) {
+  StartGame();
+  auto* piece = Find("pb_Player1");
+  QWindow* window = form1().windowHandle();
+  QTest::mousePress(window, Qt::LeftButton, {}, piece->mapTo(&form1(), QPoint(20, 20)));
+  const QPointF far(piece->width() / 2.0 + 300, piece->height() / 2.0 - 200);
+  QMouseEvent move(QEvent::MouseMove, far, piece->mapToGlobal(far), Qt::NoButton, Qt::LeftButton,
+                   {});
+  const double left = board().state.pieces.at(0).left.value();
+  QCoreApplication::sendEvent(piece, &move);
+  QTest::mouseRelease(window, Qt::LeftButton, {}, piece->mapTo(&form1(), piece->rect().center()));
+  const double moved = board().state.pieces.at(0).left.value();
+  EXPECT_GT(moved, left + 200);
+  form1().resize(form1().width() - 200, form1().height() - 100);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(board().state.pieces.at(0).left.value(), moved);
+  EXPECT_EQ(board().state.pieces.at(0).tag.value(), "Ants 1");
+}
+
+TEST_F(BoardGesturesTest, ScorePadWorksOnTheCellThatHadTheFocus) {
+  auto* cell = Find<QLineEdit>("tb_BoxScore[2]");
+  const auto text = [&] { return board().state.tb_BoxScore.at(2).text.value(); };
+  Click(Find("lbl_5"));
+  EXPECT_EQ(text(), "");
+  board().state.tb_BoxScore.at(2).text.Set("12");
+  Click(cell);
+  Click(Find("lbl_5"));
+  EXPECT_EQ(text(), "5");
+  Click(Find("lbl_0"));
+  EXPECT_EQ(text(), "50");
+  EXPECT_EQ(board().sheet.grd_BoxScore.Text(1, 3), "12");  // as fresh as the focus
+  Click(Find("tb_BoxScoreBottom[2]"));
+  EXPECT_EQ(board().state.tb_BoxScore.at(kTotalRuns).text.value(), "50");
+  Click(cell);
+  Type(&form1(), "7");
+  EXPECT_EQ(text(), "7");
+  DoubleClick(cell);
+  EXPECT_EQ(board().state.tb_BoxScore.at(2).colour.value(), kFinishedYellow);
+}
+
+// Typed outs run the same rules as clicked ones; the field shows what the rules made of it.
+TEST_F(BoardGesturesTest, TypedOutsEndTheHalf) {
+  StartGame();
+  auto* outs = Find<QLineEdit>("tb_OUT");
+  Click(outs);
+  Type(&form1(), "5");
+  EXPECT_EQ(outs->text(), QStringLiteral("3"));
+  EXPECT_EQ(board().state.tb_OutsCount.value(), "3");
+  EXPECT_TRUE(board().state.Option6.value());
+}
+
+TEST_F(BoardGesturesTest, SheetCellsAreEditedInPlace) {
+  StartGame();
+  WhileWaiting([&] {
+    auto* sheet = Find<Form2>("Form2");
+    auto* table = Find<StatGridView>("grd_VisStats");
+    auto* editor = sheet->findChild<QLineEdit*>(QStringLiteral("Text1"));
+    const auto at = [&](int row, int column) { return table->CellRect(row, column).center(); };
+    DoubleClick(table->viewport(), at(2, stat_column::kRunsBattedIn));
+    EXPECT_EQ(editor->geometry(), table->CellRect(2, stat_column::kRunsBattedIn));
+    Type(sheet, "4");
+    Press(sheet, Qt::Key_Return);
+    EXPECT_FALSE(editor->isVisible());
+    EXPECT_EQ(table->currentRow(), 3);
+    EXPECT_TRUE(table->hasFocus());
+    Press(sheet, Qt::Key_Return);
+    Type(sheet, "9");
+    Click(table->viewport(), {}, Qt::LeftButton, at(5, stat_column::kAtBats));
+    EXPECT_FALSE(editor->isVisible());
+    Press(sheet, Qt::Key_Up);
+    Press(sheet, Qt::Key_Escape);
+  });
+  Click(Find("lbl_STATS"));
+  EXPECT_EQ(board().sheet.grd_VisStats.Text(2, stat_column::kRunsBattedIn), "4");
+  EXPECT_EQ(board().sheet.grd_VisStats.Text(3, stat_column::kRunsBattedIn), "");
+}
+
+}  // namespace
+}  // namespace dtb

@@ -1,0 +1,94 @@
+#include <QAbstractButton>
+#include <QLabel>
+#include <QLineEdit>
+
+#include "windows/window_test.h"
+
+namespace dtb {
+namespace {
+
+class LayoutTest : public WindowTest {
+ protected:
+  // Everything that the board can show is shown.
+  void ShowAll() {
+    board().state.fra_Options_visible.Set(true);
+    board().state.pb_BaseTracker_visible.Set(true);
+    board().state.Check1.Set(true);
+    board().state.Check2.Set(true);
+  }
+
+  static QString TextOf(const QWidget* widget) {
+    if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) return button->text();
+    if (const auto* label = qobject_cast<const QLabel*>(widget)) return label->text();
+    return {};
+  }
+};
+
+// The usual screens, less a title bar.
+const std::vector<QSize> kScreens{{1280, 680}, {1366, 728}, {1920, 1040}, {2560, 1400}, {960, 560}};
+
+TEST_F(LayoutTest, NothingIsCutOffOrOutsideItsPanel) {
+  StartGame();
+  ShowAll();
+  for (const QSize& screen : kScreens) {
+    form1().resize(screen.height() * 1679 / 1000, screen.height());
+    QCoreApplication::processEvents();
+    for (const auto* widget : form1().findChildren<QWidget*>()) {
+      if (widget->window() != &form1() || !widget->isVisible()) continue;
+      const QString what = QStringLiteral("%1 at %2").arg(widget->objectName()).arg(screen.width());
+      const QString text = TextOf(widget);
+      if (!text.isEmpty() && !widget->objectName().startsWith(QStringLiteral("lbl_Player"))) {
+        EXPECT_LE(widget->fontMetrics().horizontalAdvance(text), widget->width())
+            << FromQt(what) << ": " << FromQt(text);
+        EXPECT_LE(widget->fontMetrics().ascent(), widget->height()) << FromQt(what);
+      }
+      const bool placed = widget->parentWidget() != nullptr && !widget->objectName().isEmpty() &&
+                          !widget->objectName().startsWith(QStringLiteral("qt_"));
+      if (placed) {
+        EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry())) << FromQt(what);
+      }
+    }
+  }
+}
+
+// What floats on the park at start leaves everything else free.
+TEST_F(LayoutTest, PanelsDoNotCoverEachOther) {
+  const std::vector<const char*> names{"VisitorsPanel", "HomePanel",  "Frame3",     "pb_Res",
+                                       "pb_Player1",    "pb_Player2", "pb_Player3", "pb_Player4"};
+  for (std::size_t a = 0; a < names.size(); ++a) {
+    for (std::size_t b = a + 1; b < names.size(); ++b) {
+      EXPECT_FALSE(Find(names[a])->geometry().intersects(Find(names[b])->geometry()))
+          << names[a] << " and " << names[b];
+    }
+  }
+  for (const char* hit : {"lbl_Single", "lbl_BB", "lbl_Pick", "lbl_STATS"}) {
+    EXPECT_GE(Find(hit)->width() * kSceneWidth / form1().width(), 44) << hit;
+    EXPECT_GE(Find(hit)->height() * kSceneWidth / form1().width(), 32) << hit;
+  }
+}
+
+// Every control is reached with Tab, says its name to a screen reader, and is reached once.
+TEST_F(LayoutTest, EveryControlIsReachedByKeyboard) {
+  StartGame();
+  ShowAll();
+  std::set<const QWidget*> reached;
+  form1().activateWindow();
+  for (int step = 0; step < 400; ++step) {
+    Press(&form1(), Qt::Key_Tab);
+    if (QApplication::focusWidget() != nullptr) reached.insert(QApplication::focusWidget());
+  }
+  for (const auto* widget : form1().findChildren<QWidget*>()) {
+    const bool control = qobject_cast<const QAbstractButton*>(widget) != nullptr ||
+                         qobject_cast<const QLineEdit*>(widget) != nullptr ||
+                         qobject_cast<const LineupView*>(widget) != nullptr;
+    if (!control || widget->window() != &form1() || !widget->isVisible() || !widget->isEnabled()) {
+      continue;
+    }
+    if (widget->objectName().startsWith(QStringLiteral("qt_"))) continue;
+    EXPECT_TRUE(reached.contains(widget)) << FromQt(widget->objectName());
+    EXPECT_FALSE(widget->accessibleName().isEmpty()) << FromQt(widget->objectName());
+  }
+}
+
+}  // namespace
+}  // namespace dtb

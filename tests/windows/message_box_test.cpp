@@ -1,0 +1,136 @@
+#include <QPushButton>
+
+#include "game/outcomes.h"
+#include "windows/window_test.h"
+
+namespace dtb {
+namespace {
+
+class MessageBoxTest : public WindowTest {};
+
+// Each way to close a box, and what it answers to a plain box and to a question.
+struct Way {
+  const char* name;
+  std::function<void(QWidget& form, MessageBox& box)> close;
+  bool closesQuestion;
+  bool answersYes;
+};
+
+const std::vector<Way>& Ways() {
+  const auto key = [](Qt::Key k) {
+    return [k](QWidget& form, MessageBox&) { QTest::keyClick(form.windowHandle(), k); };
+  };
+  static const std::vector<Way> ways{
+      {"Enter", key(Qt::Key_Return), true, false},  // No has the focus: a game is not lost lightly
+      {"Space", key(Qt::Key_Space), true, false},
+      {"Esc", key(Qt::Key_Escape), true, false},
+      {"Y", key(Qt::Key_Y), true, true},
+      {"N", key(Qt::Key_N), true, false},
+      {"click on the board",
+       [](QWidget& form, MessageBox&) {
+         QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {}, QPoint(form.width() / 2, 300));
+       },
+       false, false},
+      {"click on the box",
+       [](QWidget& form, MessageBox& box) {
+         QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {},
+                           box.mapTo(&form, QPoint(box.width() / 2, box.height() - 8)));
+       },
+       false, false},
+      {"close box",
+       [](QWidget& form, MessageBox& box) {
+         auto* close = box.findChild<QPushButton*>(QStringLiteral("CloseBox"));
+         QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {},
+                           close->mapTo(&form, close->rect().center()));
+       },
+       true, false},
+      {"close of the main window", [](QWidget& form, MessageBox&) { form.close(); }, true, false},
+  };
+  return ways;
+}
+
+TEST_F(MessageBoxTest, EachWayClosesAndAnswers) {
+  for (const Way& way : Ways()) {
+    SCOPED_TRACE(way.name);
+    bool waited = false;
+    const bool letter = QByteArray(way.name).size() == 1;
+    if (!letter) {
+      WhileWaiting([&] {
+        waited = MessageBox::Open() != nullptr;
+        way.close(form1(), *MessageBox::Open());
+      });
+      board().platform.boxes.ShowRecorded("OUT recorded.", BoxAlignment::Centred);
+      EXPECT_TRUE(waited);
+    }
+    bool stayed = false;
+    WhileWaiting([&] {
+      way.close(form1(), *MessageBox::Open());
+      QTimer::singleShot(0, qApp, [&] {
+        if (MessageBox::Open() == nullptr) return;
+        stayed = true;
+        QTest::keyClick(form1().windowHandle(), Qt::Key_Escape);
+      });
+    });
+    EXPECT_EQ(board().platform.boxes.Ask("Sure?", "Question"), way.answersYes);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(stayed, !way.closesQuestion);
+    EXPECT_EQ(MessageBox::Open(), nullptr);
+    EXPECT_TRUE(form1().isVisible());
+  }
+}
+
+TEST_F(MessageBoxTest, HoldsTheOperationBackWhileTimersTick) {
+  StartGame();
+  WhileWaiting([&] {
+    EXPECT_EQ(MessageBox::Open()->message(), QStringLiteral("HIT recorded."));
+    EXPECT_EQ(board().sheet.grd_VisStats.Text(1, stat_column::kAtBats), "");
+    // No other click reaches the board: this one only closes the box.
+    Click(Find("lbl_Single"));
+  });
+  Click(Find("lbl_Homer"));
+  EXPECT_EQ(board().sheet.grd_VisStats.Text(1, stat_column::kAtBats), "1");
+  EXPECT_EQ(board().sheet.grd_VisStats.Text(2, stat_column::kSingles), "");
+}
+
+// A hand that closes a box by a double click means one click: the piece under the box stays.
+TEST_F(MessageBoxTest, SecondHalfOfADoubleClickGoesNowhere) {
+  StartGame();
+  GamePiece& piece = board().state.pieces.at(0);
+  auto* view = Find("pb_Player1");
+  WhileWaiting([&] { DoubleClick(view); });
+  board().platform.boxes.ShowRecorded("HIT recorded.", BoxAlignment::Centred);
+  EXPECT_EQ(piece.tag.value(), "Ants 1");
+  DoubleClick(view);
+  EXPECT_EQ(piece.tag.value(), "");
+}
+
+// A key that is held down records one outcome and leaves its box open.
+TEST_F(MessageBoxTest, HeldKeyDoesNotCloseTheBoxItOpened) {
+  StartGame();
+  auto* label = Find("lbl_GO");
+  label->setFocus();
+  bool open = false;
+  WhileWaiting([&] {
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, {}, QString(), true);
+    QCoreApplication::sendEvent(label, &held);
+    QTimer::singleShot(0, qApp, [&] {
+      open = MessageBox::Open() != nullptr;
+      Press(&form1(), Qt::Key_Return);
+    });
+  });
+  Press(&form1(), Qt::Key_Return);
+  EXPECT_TRUE(open);
+  EXPECT_EQ(board().state.tb_OUT.value(), "1");
+}
+
+TEST_F(MessageBoxTest, ExitAnsweredNoKeepsTheGame) {
+  StartGame();
+  WhileWaiting([&] { Press(&form1(), Qt::Key_N); });
+  EXPECT_FALSE(form1().close());
+  EXPECT_TRUE(form1().isVisible());
+  WhileWaiting([&] { Press(&form1(), Qt::Key_Y); });
+  EXPECT_TRUE(form1().close());
+}
+
+}  // namespace
+}  // namespace dtb

@@ -1,0 +1,144 @@
+#include <sys/stat.h>
+
+#include <QBuffer>
+#include <QImage>
+
+#include "shell/program_error.h"
+#include "windows/window_test.h"
+
+namespace dtb {
+namespace {
+
+class ServicesTest : public testing::Test {
+ protected:
+  std::filesystem::path PathIn(const char* name) {
+    return FromQt(folder_.filePath(QLatin1String(name)));
+  }
+  QTemporaryDir folder_;
+};
+
+// A 20,000 x 20,000 picture in a few bytes: only its header tells the size.
+QByteArray HugeBitmapHeader() {
+  QImage small(1, 1, QImage::Format_RGB32);
+  small.fill(Qt::red);
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  small.save(&buffer, "BMP");
+  const QByteArray side("\x20\x4E\x00\x00", 4);  // 20,000, as bitmaps store it
+  bytes.replace(18, 4, side);
+  bytes.replace(22, 4, side);
+  return bytes;
+}
+
+TEST_F(ServicesTest, OnlyPicturesAreLoaded) {
+  QtPictures pictures;
+  QImage photo(40, 60, QImage::Format_RGB32);
+  photo.fill(Qt::blue);
+  const auto save = [&](const char* name, const char* format) {
+    ASSERT_TRUE(photo.save(folder_.filePath(QLatin1String(name)), format));
+  };
+  save("Jpeg.jpg", "JPG");
+  save("Png.jpg", "PNG");  // the name says nothing about the contents
+  WriteFile(folder_.filePath(QStringLiteral("Text.jpg")), "no picture at all");
+  WriteFile(folder_.filePath(QStringLiteral("Empty.jpg")), "");
+  WriteFile(folder_.filePath(QStringLiteral("Huge.jpg")), HugeBitmapHeader());
+  WriteFile(folder_.filePath(QStringLiteral("Vector.jpg")),
+            "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>");
+  QDir(folder_.path()).mkdir(QStringLiteral("Folder.jpg"));
+  ASSERT_EQ(mkfifo(PathIn("Pipe.jpg").c_str(), 0600), 0);  // a reader would wait for ever
+  const std::map<const char*, bool> cases{
+      {"Jpeg.jpg", true},    {"Png.jpg", true},   {"Text.jpg", false},
+      {"Empty.jpg", false},  {"Huge.jpg", false}, {"Vector.jpg", false},
+      {"Folder.jpg", false}, {"Pipe.jpg", false}, {"Missing.jpg", false}};
+  for (const auto& [name, good] : cases) {
+    EXPECT_EQ(pictures.Load(PathIn(name)).has_value(), good) << name;
+  }
+  const auto wide = QImage(5000, 100, QImage::Format_RGB32);
+  ASSERT_TRUE(wide.save(folder_.filePath(QStringLiteral("Wide.jpg")), "JPG"));
+  EXPECT_LE(pictures.Image(*pictures.Load(PathIn("Wide.jpg"))).width(), 1200);
+  EXPECT_FALSE(pictures.Load(std::string("nul\0.jpg", 8)).has_value());
+}
+
+// A photo that is put into the folder during a game shows by itself; one that stays as it is is
+// the same picture at each look.
+TEST_F(ServicesTest, PictureFollowsItsFile) {
+  QtPictures pictures;
+  const auto file = PathIn("Later.jpg");
+  const auto save = [&](Qt::GlobalColor colour, int width) {
+    QImage photo(width, 60, QImage::Format_RGB32);
+    photo.fill(colour);
+    ASSERT_TRUE(photo.save(ToQt(file.string()), "PNG"));
+  };
+  EXPECT_FALSE(pictures.Load(file));
+  save(Qt::red, 40);
+  const auto red = pictures.Load(file);
+  ASSERT_TRUE(red);
+  EXPECT_EQ(pictures.Load(file), red);
+  EXPECT_EQ(pictures.Image(*red).cacheKey(), pictures.Image(*red).cacheKey());
+  save(Qt::green, 80);
+  const auto green = pictures.Load(file);
+  ASSERT_TRUE(green);
+  EXPECT_NE(green, red);
+  EXPECT_EQ(pictures.Image(*green).pixelColor(1, 1), QColor(Qt::green));
+  QFile::remove(ToQt(file.string()));
+  EXPECT_FALSE(pictures.Load(file));
+}
+
+TEST_F(ServicesTest, SettingsLastAndFailuresAreTold) {
+  const QString file = folder_.filePath(QStringLiteral("DTB.ini"));
+  const std::string odd = "C:\\Photos, \"O'Neill\" = \xC3\x81ngel;\n#x";
+  QtSettingsStore(file).Write("labels", "lbl_Team(0)", odd);
+  EXPECT_EQ(QtSettingsStore(file).Read("labels", "lbl_Team(0)", ""), odd);
+  EXPECT_EQ(QtSettingsStore(file).Read("labels", "lbl_team(0)", "none"), "none");
+
+  QtSettingsStore nowhere(file + QStringLiteral("/below/a/file.ini"));
+  EXPECT_EQ(nowhere.Read("labels", "x", "missing"), "missing");
+  EXPECT_THROW(nowhere.Write("labels", "x", "y"), ProgramError);
+}
+
+TEST_F(ServicesTest, DamagedSettingsAreKeptAside) {
+  const QString file = folder_.filePath(QStringLiteral("DTB.ini"));
+  const QByteArray damaged("[labels\n\x00\xFF=====\nno section = 1\n]", 30);
+  WriteFile(file, damaged);
+  QtSettingsStore store(file);
+  ASSERT_FALSE(store.damagedFile().isEmpty());
+  QFile kept(store.damagedFile());
+  ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
+  EXPECT_EQ(kept.readAll(), damaged);
+  store.Write("labels", "x", "y");
+  EXPECT_EQ(QtSettingsStore(file).Read("labels", "x", ""), "y");
+}
+
+TEST_F(ServicesTest, KeyIsFreshOnceForEachPress) {
+  QtKeyboard keyboard;
+  QObject window;
+  const auto send = [&](QEvent::Type type, int key, bool repeat) {
+    QKeyEvent event(type, key, {}, QString(), repeat);
+    QCoreApplication::sendEvent(&window, &event);
+  };
+  EXPECT_FALSE(keyboard.FreshlyDown(Key::Control));
+  send(QEvent::KeyPress, Qt::Key_Control, false);
+  EXPECT_TRUE(keyboard.FreshlyDown(Key::Control));
+  send(QEvent::KeyPress, Qt::Key_Control, true);
+  EXPECT_FALSE(keyboard.FreshlyDown(Key::Control));
+  send(QEvent::KeyRelease, Qt::Key_Control, false);
+  send(QEvent::KeyPress, Qt::Key_Control, false);
+  send(QEvent::KeyRelease, Qt::Key_Control, false);
+  EXPECT_FALSE(keyboard.FreshlyDown(Key::Control));  // pressed since, but not down
+  // Pressed while another program had the keyboard: the click itself tells.
+  QMouseEvent click(QEvent::MouseButtonPress, QPointF(), QPointF(), Qt::LeftButton, Qt::LeftButton,
+                    Qt::ControlModifier);
+  QCoreApplication::sendEvent(&window, &click);
+  EXPECT_TRUE(keyboard.FreshlyDown(Key::Control));
+}
+
+TEST_F(ServicesTest, FiltersBecomeTheToolkits) {
+  EXPECT_EQ(ToolkitFilter("Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*"),
+            QStringLiteral("Text (*.txt);;Csv (*.csv*)"));
+  EXPECT_EQ(ToolkitFilter("All Picture Files|*.bmp;*.jpg"),
+            QStringLiteral("All Picture Files (*.bmp *.jpg)"));
+}
+
+}  // namespace
+}  // namespace dtb

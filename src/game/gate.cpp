@@ -94,7 +94,8 @@ void OutRecordedMsg(Board& board) {
 void EndOfInning(Board& board) {
   ShowRecorded(board, "END OF INNING.");
   ResetGamePieces(board);
-  board.log.Append("[" + DecimalText(board.state.tb_OutsCount.number() / 6) + "]");
+  const std::string inning = DecimalText(board.state.tb_OutsCount.number() / 6);
+  board.log.Append(std::string("[").append(inning).append("]"));
 }
 
 }  // namespace dtb

@@ -113,7 +113,7 @@ std::string Decoded(std::string bytes) {
 }
 
 std::string ReadBytes(const std::filesystem::path& file) {
-  const std::string name = "\"" + TextOf(file) + "\"";
+  const std::string name = std::string("\"").append(TextOf(file)).append("\"");
   std::error_code error;
   const auto status = std::filesystem::status(file, error);
   if (!std::filesystem::exists(status)) {

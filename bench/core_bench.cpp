@@ -1,0 +1,39 @@
+// What a click costs in the logic alone. Goal: 20 microseconds an outcome.
+#include <benchmark/benchmark.h>
+
+#include "bench/quiet_table.h"
+#include "game/outcomes.h"
+
+namespace dtb {
+namespace {
+
+void OutcomeInCore(benchmark::State& state, Outcome outcome) {
+  QuietTable table;
+  for (auto _ : state) RecordOutcome(table.board, outcome);
+}
+BENCHMARK_CAPTURE(OutcomeInCore, single, Outcome::Single);
+BENCHMARK_CAPTURE(OutcomeInCore, walk, Outcome::Walk);
+BENCHMARK_CAPTURE(OutcomeInCore, run, Outcome::RunBattedIn);
+
+// A groundout with the end of every third half, on a new table before the frame is full.
+void OutsInCore(benchmark::State& state) {
+  QuietTable table;
+  for (auto _ : state) {
+    RecordOutcome(table.board, Outcome::Groundout);
+    if (table.state.tb_OutsCount.value() == "117") table.state.tb_OutsCount.Set("0");
+  }
+}
+BENCHMARK(OutsInCore);
+
+void LoadTeamOf49(benchmark::State& state) {
+  QuietTable table;
+  const auto file = FullTeamFile();
+  for (auto _ : state) {
+    table.state.List1.Clear();
+    OpenTeam(table.board, Side::Visitors, file);
+  }
+}
+BENCHMARK(LoadTeamOf49)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace dtb

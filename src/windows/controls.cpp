@@ -104,7 +104,12 @@ void PictureBox::SetImage(const QImage& image) {
 void PictureBox::resizeEvent(QResizeEvent* /*event*/) { scaled_ = {}; }
 
 void PictureBox::paintEvent(QPaintEvent* /*event*/) {
-  if (image_.isNull() || width() < 1 || height() < 1) return;
+  if (width() < 1 || height() < 1) return;
+  if (image_.isNull()) {
+    QPainter painter(this);
+    if (plateWhenEmpty_) DrawPlate(painter, rect(), QColor(14, 26, 20, 120), kEdge, 1);
+    return;
+  }
   if (scaled_.isNull()) {
     const double ratio = devicePixelRatioF();
     const auto aspect = fit_ == Fit::Whole ? Qt::KeepAspectRatio : Qt::IgnoreAspectRatio;

@@ -62,6 +62,8 @@ class PictureBox : public QWidget {
   enum class Fit { Whole, Stretched };
   PictureBox(Fit fit, QWidget* parent);
   void SetImage(const QImage& image);
+  // A plate stands where no picture is.
+  void SetPlateWhenEmpty() { plateWhenEmpty_ = true; }
   [[nodiscard]] bool empty() const { return image_.isNull(); }
 
  protected:
@@ -70,6 +72,7 @@ class PictureBox : public QWidget {
 
  private:
   Fit fit_;
+  bool plateWhenEmpty_ = false;
   QImage image_;
   QPixmap scaled_;  // for the present size; null: to be made
 };

@@ -53,6 +53,9 @@ void Form2::BuildTop(QtPictures& pictures) {
   boxScore_ = new StatGridView(board_.sheet.grd_BoxScore, this);
   Name(boxScore_, "grd_BoxScore", QStringLiteral("Line score"));
   boxScore_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  QPalette palette = boxScore_->palette();
+  palette.setColor(QPalette::Base, kSlate);  // what the innings do not fill
+  boxScore_->setPalette(palette);
   scene_.Put(boxScore_, {220, 12, 1080, 84});
 }
 
@@ -77,6 +80,7 @@ void Form2::BuildSide(Side side) {
   Name(table, visitors ? "grd_VisStats" : "grd_HomeStats",
        visitors ? QStringLiteral("Visitors' statistics") : QStringLiteral("Home statistics"));
   table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  table->SetStretchColumns({stat_column::kBatter, stat_column::kPitcher});
   scene_.Put(table, {left, 140, kTableWidth, 624});
   connect(table, &StatGridView::editWanted, this,
           [this, side](int row, int column) { BeginCellEdit(board_, side, row, column); });
@@ -166,6 +170,11 @@ void Form2::resizeEvent(QResizeEvent* event) {
   }
   boxScore_->SetScale(kLarge * scale, kBoxScoreTwip * scene_.resizer().scaleX());
   HoldRatio(this, scene_.resizer(), 0);
+}
+
+void Form2::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  visitors_->setFocus(Qt::OtherFocusReason);
 }
 
 void Form2::mousePressEvent(QMouseEvent* event) {

@@ -21,6 +21,8 @@ QString ShownEntry(const std::string& entry) {
   return ToQt(std::string_view(entry).substr(0, kShownBytes));
 }
 
+constexpr int kRows = 12;  // fill the list without a scroll bar
+
 // Draws place in the order, entry, and the line under the ninth man.
 class EntryDelegate : public QStyledItemDelegate {
  public:
@@ -54,9 +56,7 @@ class EntryDelegate : public QStyledItemDelegate {
     painter->restore();
   }
 
-  // Twelve rows fill the list without a scroll bar.
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    constexpr int kRows = 12;
     const auto* view = qobject_cast<const QListView*>(option.widget);
     const int height =
         view == nullptr ? option.fontMetrics.height() : qMax(8, view->viewport()->height() / kRows);
@@ -179,7 +179,7 @@ void LineupView::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void LineupView::keyPressEvent(QKeyEvent* event) {
   LineupList& list = SideOf(board_, side_).list;
-  const int page = 11;
+  constexpr int page = kRows - 1;
   switch (event->key()) {
     case Qt::Key_Up:
       list.Select(list.selected() - 1);
@@ -212,6 +212,12 @@ void LineupView::keyPressEvent(QKeyEvent* event) {
     default:
       event->ignore();
   }
+}
+
+// The list shows whole rows only.
+void LineupView::resizeEvent(QResizeEvent* event) {
+  setViewportMargins(0, 0, 0, contentsRect().height() % kRows);
+  QListView::resizeEvent(event);
 }
 
 void LineupView::paintEvent(QPaintEvent* event) {

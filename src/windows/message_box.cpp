@@ -175,10 +175,10 @@ void MessageBox::Build(double scale) {
   scroll->setWidgetResizable(true);
   scroll->setFrameShape(QFrame::NoFrame);
   scroll->viewport()->setAutoFillBackground(false);
-  label->setAutoFillBackground(false);
   scroll->setFocusPolicy(Qt::NoFocus);
   scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   scroll->setWidget(label);
+  label->setAutoFillBackground(false);  // the scroll area turns it on
   const int textWidth = width() - units(content_.icon == BoxIcon::None ? 44 : 100);
   const int highest = window_.isNull() ? units(400) : qRound(window_->height() * 0.6);
   scroll->setFixedHeight(std::clamp(label->heightForWidth(textWidth), units(40), highest));

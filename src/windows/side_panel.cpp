@@ -127,6 +127,7 @@ void SidePanel::BuildPitcher(QtPictures& pictures) {
 
   auto* photo = new PictureBox(PictureBox::Fit::Whole, this);
   Name(photo, names.photo, ForTeam("Photo of the pitcher", side_));
+  photo->SetPlateWhenEmpty();
   PutMirrored(photo, {12, 396, 76, 104}, 0);
   Follow<Picture>(photo, fields.pitcherPhoto, [photo, &pictures](const Picture& picture) {
     photo->SetImage(pictures.Image(picture));

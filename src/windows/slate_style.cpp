@@ -142,6 +142,8 @@ void SlateStyle::drawControl(ControlElement element, const QStyleOption* option,
     }
   } else if (element == CE_MenuBarEmptyArea) {
     painter->fillRect(option->rect, kSlate);
+  } else if (element == CE_HeaderEmptyArea) {
+    painter->fillRect(option->rect, kSlateRaised);
   } else if (element == CE_HeaderSection) {
     painter->fillRect(option->rect, kSlateRaised);
     painter->setPen(kEdgeBright);
@@ -186,6 +188,7 @@ int SlateStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
 
 int SlateStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* returnData) const {
+  if (hint == SH_Table_GridLineColor) return static_cast<int>(QColor(168, 174, 168).rgba());
   if (hint == SH_EtchDisabledText || hint == SH_UnderlineShortcut) return 0;
   return QProxyStyle::styleHint(hint, option, widget, returnData);
 }

@@ -101,6 +101,26 @@ void StatGridView::SetScale(double typePixels, double pixelsPerTwip) {
   horizontalHeader()->setFont(look::Font(typePixels, true));
   verticalHeader()->setDefaultSectionSize(qRound(typePixels * 1.5));
   for (int column = 0; column < grid_.columns(); ++column) ArrangeColumn(column);
+  Stretch();
+}
+
+void StatGridView::SetStretchColumns(std::vector<int> columns) {
+  stretched_ = std::move(columns);
+  Stretch();
+}
+
+void StatGridView::Stretch() {
+  if (stretched_.empty()) return;
+  for (const int column : stretched_) ArrangeColumn(column);
+  const int left = viewport()->width() - horizontalHeader()->length();
+  if (left <= 0) return;
+  const int share = left / static_cast<int>(stretched_.size());
+  for (const int column : stretched_) setColumnWidth(column, columnWidth(column) + share);
+}
+
+void StatGridView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  Stretch();
 }
 
 void StatGridView::ArrangeColumn(int column) {

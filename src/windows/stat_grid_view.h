@@ -3,6 +3,7 @@
 
 #include <QAbstractTableModel>
 #include <QTableView>
+#include <vector>
 
 #include "sheet/stat_grid.h"
 
@@ -36,6 +37,9 @@ class StatGridView : public QTableView {
   // Type size in pixels, and pixels for a twentieth of a point of column width.
   void SetScale(double typePixels, double pixelsPerTwip);
 
+  // Columns that share what is left of the table's width, names as a rule.
+  void SetStretchColumns(std::vector<int> columns);
+
   // The grid's row of the current cell.
   [[nodiscard]] int currentRow() const { return currentIndex().row() + 1; }
   void SetCurrentCell(int row, int column);
@@ -50,11 +54,14 @@ class StatGridView : public QTableView {
   void keyPressEvent(QKeyEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   bool focusNextPrevChild(bool next) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void ArrangeColumn(int column);
+  void Stretch();
 
   StatGrid& grid_;
+  std::vector<int> stretched_;
   double pixelsPerTwip_ = 1.0 / 15;
 };
 

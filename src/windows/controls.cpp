@@ -57,7 +57,8 @@ void ClickLabel::paintEvent(QPaintEvent* /*event*/) {
   DrawPlate(painter, rect(), fill, edge, isDown() ? 3 : 0);
   if (hasFocus()) DrawFocus(painter, rect());
   const bool hint = this->text().isEmpty();
-  const QRect inside = rect().adjusted(6, 2, -6, -2);
+  const int margin = qMin(6, width() / 12);
+  const QRect inside = rect().adjusted(margin, 0, -margin, 0);
   if (hint) {
     painter.setFont(Font(font().pixelSize() * 0.72));
     text.setAlphaF(0.7F);

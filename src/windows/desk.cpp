@@ -5,12 +5,14 @@
 
 #include "game/start_up.h"
 #include "platform/qt/qt_text.h"
+#include "windows/accessible_roles.h"
 #include "windows/look.h"
 #include "windows/slate_style.h"
 
 namespace dtb {
 
 void DressApplication() {
+  InstallAccessibleRoles();
   QApplication::setStyle(new SlateStyle);
   QApplication::setPalette(look::Palette());
   QApplication::setFont(look::Font(look::kBody));

@@ -10,6 +10,7 @@
 #include "platform/qt/qt_text.h"
 #include "teams/pitchers.h"
 #include "windows/base_tracker.h"
+#include "windows/look.h"
 #include "windows/options_panel.h"
 #include "windows/piece_view.h"
 
@@ -110,6 +111,9 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
 
 void Form1::SupplementalResize() {
   scene_.Apply(park_->size());
+  constexpr double kLeastMenuType = 10;
+  menuBar()->setFont(
+      look::Font(std::max(kLeastMenuType, look::kBody * scene_.resizer().fontScale())));
   board_.state.cb_Xinnings.Set(false);
 }
 

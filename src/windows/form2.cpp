@@ -134,6 +134,9 @@ void Form2::ShowEditor(bool shown) {
   table.SetCurrentCell(sheet.editedRow, sheet.editedColumn);
   editor_->setParent(table.viewport());
   editor_->setFont(table.font());
+  const bool name =
+      sheet.editedColumn == stat_column::kBatter || sheet.editedColumn == stat_column::kPitcher;
+  editor_->setAlignment(name ? Qt::AlignLeft : Qt::AlignHCenter);
   editor_->setGeometry(table.CellRect(sheet.editedRow, sheet.editedColumn));
   editor_->selectAll();
   editor_->show();

@@ -34,7 +34,9 @@ class EntryDelegate : public QStyledItemDelegate {
     painter->setRenderHint(QPainter::Antialiasing);
     const bool selected = option.state.testFlag(QStyle::State_Selected);
     const QRect row = option.rect;
-    if (selected) painter->fillRect(row, kAccent);
+    // The side's place in the order: bright where the batter stands, quiet in the field.
+    const bool atBat = option.palette.color(QPalette::Base) == Qt::white;
+    if (selected) painter->fillRect(row, atBat ? kAccent : QColor(222, 200, 132));
     const bool inOrder = index.row() < kStarters;
     const int gutter = option.fontMetrics.horizontalAdvance(QStringLiteral("00")) + 4;
     painter->setFont(Font(option.font.pixelSize() * 0.72));
@@ -214,16 +216,14 @@ void LineupView::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-// The list shows whole rows only.
-void LineupView::resizeEvent(QResizeEvent* event) {
-  setViewportMargins(0, 0, 0, contentsRect().height() % kRows);
-  QListView::resizeEvent(event);
-}
-
 void LineupView::paintEvent(QPaintEvent* event) {
   QListView::paintEvent(event);
-  if (!hasFocus()) return;
   QPainter painter(viewport());
+  // Whole rows only: what is left below the twelfth is too little for a name.
+  QRect rest = viewport()->rect();
+  rest.setTop(rest.height() - rest.height() % kRows);
+  painter.fillRect(rest, palette().color(QPalette::Base));
+  if (!hasFocus()) return;
   DrawFocus(painter, viewport()->rect(), 2);
 }
 

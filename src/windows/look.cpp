@@ -45,6 +45,8 @@ QPalette Palette() {
 void DrawPlate(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& edge,
                double edgeWidth, double corner) {
   const double inset = edgeWidth / 2;
+  // On a small form the usual corner would make a pill of a button.
+  if (corner == kCorner) corner = std::min(corner, std::min(rect.width(), rect.height()) * 0.18);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(edgeWidth > 0 ? QPen(edge, edgeWidth) : QPen(Qt::NoPen));
   painter.setBrush(fill);

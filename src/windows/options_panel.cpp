@@ -19,7 +19,7 @@ using namespace look;
 constexpr Place kPanel{12, 532, 408, 276};
 constexpr double kRowHeight = 28;
 constexpr double kFirstRow = 40;
-constexpr double kRightColumn = 232;
+constexpr double kRightColumn = 216;
 
 // The editor of the photo folder: a double click, or Enter, takes the text over.
 class PathEdit : public QLineEdit {
@@ -65,7 +65,7 @@ void OptionsPanel::BuildChecks() {
   const auto add = [&](const char* name, const char* caption, int row, Field<bool>& field) {
     auto* check = new QCheckBox(QLatin1String(caption), this);
     Name(check, name, QLatin1String(caption));
-    scene_.Put(check, {16, kFirstRow + row * kRowHeight, 208, kRowHeight}, kBody);
+    scene_.Put(check, {16, kFirstRow + row * kRowHeight, 192, kRowHeight}, kBody);
     BindCheck(check, field);
     return check;
   };
@@ -76,12 +76,12 @@ void OptionsPanel::BuildChecks() {
 
 void OptionsPanel::BuildOutsCount() {
   scene_.Put(MakeCaption(QStringLiteral("MASTER # OF OUTS"), this),
-             {kRightColumn, kFirstRow, 112, kRowHeight}, kSmall);
+             {kRightColumn, kFirstRow, 136, kRowHeight}, kBody);
   auto* count = new FigureField(this);
   Name(count, "tb_OutsCount", QStringLiteral("MASTER # OF OUTS"));
   count->setToolTip(QStringLiteral("Total outs made thus far"));
   count->SetGround(palette().color(QPalette::Base), kInk);
-  scene_.Put(count, {348, kFirstRow, 48, kRowHeight}, kBody, true);
+  scene_.Put(count, {354, kFirstRow, 42, kRowHeight}, kBody, true);
   BindText(count, board_.state.tb_OutsCount);
 }
 
@@ -89,11 +89,11 @@ void OptionsPanel::BuildPhotoSize() {
   const double top = kFirstRow + 40;
   auto* title = MakeCaption(QStringLiteral("PHOTO SIZE"), this);
   Name(title, "Label6");
-  scene_.Put(title, {kRightColumn, top, 80, 32}, kSmall);
+  scene_.Put(title, {kRightColumn, top, 84, 32}, kBody);
   const auto add = [&](const char* name, const char* caption, double left, auto operation) {
     auto* button = new QPushButton(QLatin1String(caption), this);
     Name(button, name, QStringLiteral("PHOTO SIZE ") + QLatin1String(caption));
-    scene_.Put(button, {left, top, 40, 32}, kSmall);
+    scene_.Put(button, {left, top, 40, 32}, kBody);
     connect(button, &QPushButton::clicked, this, [this, operation] { operation(board_); });
   };
   add("cmd_FotoBig", "BIG", 312, EnlargePieces);
@@ -103,7 +103,7 @@ void OptionsPanel::BuildPhotoSize() {
 void OptionsPanel::BuildPhotoPath() {
   auto* title = MakeCaption(QStringLiteral("User-defined PLAYER-PHOTOS path"), this);
   Name(title, "Label8");
-  scene_.Put(title, {16, 188, 380, 20}, kSmall);
+  scene_.Put(title, {16, 188, 380, 20}, kBody);
 
   auto* path = new ClickLabel({}, {kSlateRaised, kSlateHover, kCream}, this);
   Name(path, "lbl_PhotoPath", QStringLiteral("Folder of the player photos"));
@@ -128,7 +128,7 @@ void OptionsPanel::BuildPhotoPath() {
   auto* hint =
       MakeCaption(QStringLiteral("CTRL + Click to Edit path ..... DblClick to Save path"), this);
   Name(hint, "Label11");
-  scene_.Put(hint, {16, 246, 380, 20}, kSmall);
+  scene_.Put(hint, {16, 246, 380, 20}, kBody);
 }
 
 void OptionsPanel::BuildDonation() {
@@ -137,7 +137,7 @@ void OptionsPanel::BuildDonation() {
   Name(donation, "Image7", QStringLiteral("Open the donation page"));
   donation->setToolTip(QStringLiteral("Opens the donation page in your browser"));
   donation->setCursor(Qt::PointingHandCursor);
-  scene_.Put(donation, {kRightColumn, kFirstRow + 84, 164, 32}, kSmall, true);
+  scene_.Put(donation, {kRightColumn, kFirstRow + 84, 180, 32}, kBody, true);
   connect(donation, &QAbstractButton::clicked, this,
           [this] { board_.platform.pages.Open(kDonationPage); });
 }

@@ -40,7 +40,7 @@ void PieceShadow::paintEvent(QPaintEvent* /*event*/) {
 }
 
 PieceView::PieceView(Board& board, int piece, QtPictures& pictures, Scene& scene, QWidget* parent)
-    : QWidget(parent),
+    : QAbstractButton(parent),
       board_(board),
       piece_(piece),
       scene_(scene),
@@ -56,6 +56,8 @@ PieceView::PieceView(Board& board, int piece, QtPictures& pictures, Scene& scene
   scene.Put(this, {});
   scene.Put(photo_, {});
   BuildPlate();
+  // The press that assistive programs make; the gestures of mouse and keyboard stand below.
+  connect(this, &QAbstractButton::clicked, this, [this] { ClickPiece(board_, piece_); });
   FollowAll(
       this, [this] { Arrange(); }, Piece().left, Piece().top, board.state.pieceWidth,
       board.state.pieceHeight);
@@ -71,6 +73,8 @@ PieceView::PieceView(Board& board, int piece, QtPictures& pictures, Scene& scene
 void PieceView::BuildPlate() {
   plate_->setObjectName(QStringLiteral("lbl_Player%1").arg(piece_ + 1));
   plate_->setAutoFillBackground(true);
+  plate_->setBackgroundRole(QPalette::Window);  // not the button's, which it lies on
+  plate_->setForegroundRole(QPalette::WindowText);
   QPalette palette = plate_->palette();
   palette.setColor(QPalette::Window, kPlateGrey);
   palette.setColor(QPalette::WindowText, Qt::white);
@@ -116,12 +120,12 @@ void PieceView::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void PieceView::focusInEvent(QFocusEvent* event) {
-  QWidget::focusInEvent(event);
+  QAbstractButton::focusInEvent(event);
   Arrange();
 }
 
 void PieceView::focusOutEvent(QFocusEvent* event) {
-  QWidget::focusOutEvent(event);
+  QAbstractButton::focusOutEvent(event);
   Arrange();
 }
 
@@ -147,7 +151,7 @@ void PieceView::mouseReleaseEvent(QMouseEvent* event) {
   if (!pressed_ || event->button() != Qt::LeftButton) return;
   pressed_ = false;
   board_.state.cb_Xinnings.Set(false);
-  if (!dragged_ && rect().contains(event->position().toPoint())) ClickPiece(board_, piece_);
+  if (!dragged_ && rect().contains(event->position().toPoint())) click();
 }
 
 void PieceView::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -180,10 +184,10 @@ void PieceView::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:
-      if (!event->isAutoRepeat()) ClickPiece(board_, piece_);
+      if (!event->isAutoRepeat()) click();
       break;
     default:
-      QWidget::keyPressEvent(event);
+      QAbstractButton::keyPressEvent(event);
   }
 }
 
@@ -193,7 +197,7 @@ bool PieceView::eventFilter(QObject* watched, QEvent* event) {
     ClearPlate(board_, piece_);
     return true;
   }
-  return QWidget::eventFilter(watched, event);
+  return QAbstractButton::eventFilter(watched, event);
 }
 
 }  // namespace dtb

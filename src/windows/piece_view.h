@@ -20,7 +20,7 @@ class PieceShadow : public QWidget {
 
 // One game piece: photo or empty box, and the name plate. It is dragged with the left button, taken
 // off by a double click, and moved by the arrow keys.
-class PieceView : public QWidget {
+class PieceView : public QAbstractButton {
   Q_OBJECT
  public:
   PieceView(Board& board, int piece, QtPictures& pictures, Scene& scene, QWidget* parent);

@@ -5,6 +5,7 @@
 
 #include "game/innings.h"
 #include "game/score_pad.h"
+#include "platform/paths.h"
 #include "platform/qt/qt_text.h"
 #include "teams/game_pieces.h"
 #include "windows/bind.h"
@@ -196,6 +197,15 @@ void Scoreboard::BuildCommands() {
   extra->setToolTip(QStringLiteral("Extra innings 11-20"));
   scene_.Put(extra, {882, 96, 105, 36}, kBody);
   BindCheck(extra, board_.state.cb_Xinnings);
+  // The rest of this row is kept for the chart buttons and the rules.
+  auto* help =
+      new ClickLabel(QStringLiteral("DTB HELP"), {QColor(224, 224, 224), Qt::white, kInk}, this);
+  Name(help, "lbl_help", QStringLiteral("DTB HELP"));
+  help->setCursor(Qt::PointingHandCursor);
+  scene_.Put(help, {878, 144, 109, 32}, kBody, true);
+  connect(help, &QAbstractButton::clicked, this, [this] {
+    board_.platform.pages.Open(TextOf(board_.platform.programFolder / "HELP.htm"));
+  });
 }
 
 void Scoreboard::BuildExtraInnings() {

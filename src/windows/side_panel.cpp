@@ -1,7 +1,9 @@
 #include "windows/side_panel.h"
 
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyleOption>
 
 #include "platform/qt/qt_text.h"
 #include "teams/lineup_edit.h"
@@ -45,6 +47,35 @@ constexpr Names kHome{"HomePanel", "Command7",      "LOAD Home team",  "List2",
                       "home team"};
 
 const Names& NamesOf(Side side) { return side == Side::Visitors ? kVisitors : kHome; }
+
+// The option "AT BAT" on a ground of its own, white or grey as its side is at bat or in the field.
+class AtBatOption : public QRadioButton {
+ public:
+  explicit AtBatOption(QWidget* parent) : QRadioButton(QStringLiteral("AT BAT"), parent) {
+    setAutoExclusive(false);  // the board keeps the two sides apart
+    QPalette palette = this->palette();
+    palette.setColor(QPalette::WindowText, kInk);
+    setPalette(palette);
+  }
+  void SetGround(const QColor& ground) {
+    ground_ = ground;
+    update();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    DrawPlate(painter, rect(), ground_, kAccent, hasFocus() ? 2 : 0);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.state.setFlag(QStyle::State_HasFocus, false);
+    option.rect.adjust(fontMetrics().height() / 3, 0, 0, 0);
+    style()->drawControl(QStyle::CE_RadioButton, &option, &painter, this);
+  }
+
+ private:
+  QColor ground_;
+};
 
 QString ForTeam(const char* what, Side side) {
   return QStringLiteral("%1, %2").arg(QLatin1String(what), QLatin1String(NamesOf(side).team));
@@ -100,14 +131,19 @@ void SidePanel::BuildButtons() {
 
   auto* edit = new QCheckBox(QStringLiteral("EDIT"), this);
   Name(edit, names.edit, ForTeam("EDIT", side_));
-  PutMirrored(edit, {148, 352, 68, 36}, kBody);
+  PutMirrored(edit, {140, 352, 68, 36}, kBody);
   BindCheck(edit, fields.edit);
 
-  auto* atBat = new QRadioButton(QStringLiteral("AT BAT"), this);
+  auto* atBat = new AtBatOption(this);
   Name(atBat, names.atBat, ForTeam("AT BAT", side_));
-  atBat->setAutoExclusive(false);  // the board keeps the two sides apart
-  PutMirrored(atBat, {224, 352, 84, 36}, kBody, true);
-  Follow<bool>(atBat, fields.atBat, [atBat](bool on) { atBat->setChecked(on); });
+  PutMirrored(atBat, {216, 352, 92, 36}, kBody, true);
+  FollowAll(
+      atBat,
+      [this, atBat] {
+        atBat->setChecked(SideOf(board_, side_).atBat.value());
+        atBat->SetGround(Shade(SideColour(board_.state, side_)));
+      },
+      board_.state.Option5, board_.state.Option6);
   connect(atBat, &QRadioButton::clicked, this, [this, atBat] {
     PutAtBat(board_, side_);
     atBat->setChecked(true);
@@ -136,7 +172,7 @@ void SidePanel::BuildPitcher(QtPictures& pictures) {
   auto* title =
       MakeCaption(QStringLiteral("PITCHER"), this,
                   (side_ == Side::Visitors ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignBottom);
-  PutMirrored(title, {96, 432, 212, 20}, kSmall);
+  PutMirrored(title, {96, 432, 212, 20}, kBody);
 
   auto* pitcher = new ClickLabel({}, {kSlateRaised, kSlateHover, kCream}, this);
   Name(pitcher, names.pitcher, QLatin1String(names.pitcherTip));

@@ -143,7 +143,7 @@ void SlateStyle::drawControl(ControlElement element, const QStyleOption* option,
   } else if (element == CE_MenuBarEmptyArea) {
     painter->fillRect(option->rect, kSlate);
   } else if (element == CE_HeaderEmptyArea) {
-    painter->fillRect(option->rect, kSlateRaised);
+    painter->fillRect(option->rect, option->palette.color(QPalette::Base));
   } else if (element == CE_HeaderSection) {
     painter->fillRect(option->rect, kSlateRaised);
     painter->setPen(kEdgeBright);
@@ -178,6 +178,9 @@ int SlateStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_ExclusiveIndicatorHeight:
       // Marks follow the type, so that they keep pace with a scaled form.
       return widget != nullptr ? qMax(10, widget->fontMetrics().height() * 7 / 8) : kMarkSize;
+    case PM_CheckBoxLabelSpacing:
+    case PM_RadioButtonLabelSpacing:
+      return widget != nullptr ? qMax(3, widget->fontMetrics().height() / 3) : 6;
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
       return 0;

@@ -1,0 +1,30 @@
+#include "windows/accessible_roles.h"
+
+#include <QAccessibleWidget>
+
+#include "windows/controls.h"
+#include "windows/message_box.h"
+
+namespace dtb {
+namespace {
+
+QAccessibleInterface* MakeInterface(const QString& /*className*/, QObject* object) {
+  auto* widget = qobject_cast<QWidget*>(object);
+  if (widget == nullptr) return nullptr;
+  if (qobject_cast<PictureBox*>(widget) != nullptr) {
+    return new QAccessibleWidget(widget, QAccessible::Graphic);
+  }
+  if (qobject_cast<Panel*>(widget) != nullptr) {
+    return new QAccessibleWidget(widget, QAccessible::Grouping);
+  }
+  if (qobject_cast<MessageBox*>(widget) != nullptr) {
+    return new QAccessibleWidget(widget, QAccessible::AlertMessage);
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+void InstallAccessibleRoles() { QAccessible::installFactory(MakeInterface); }
+
+}  // namespace dtb

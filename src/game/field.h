@@ -42,9 +42,7 @@ class Field {
   }
 
   // The one rule that runs on every change by Set. It may write this field again.
-  void SetChangeOperation(std::function<void()> operation) {
-    MakeHooks().change = std::move(operation);
-  }
+  void SetChangeOperation(std::function<void()> operation) { MakeHooks().change.swap(operation); }
 
   // Observers are never taken off: they must outlive the field or know when they are dead.
   void Observe(std::function<void()> observer) {

@@ -21,6 +21,8 @@ StatGrid::StatGrid(const StatGrid& other)
       evenRows_(other.evenRows_),
       oddRows_(other.oddRows_) {}
 
+// Cells are written one by one, so that the observer hears of those that change.
+// cppcheck-suppress operatorEqVarError
 StatGrid& StatGrid::operator=(const StatGrid& other) {
   if (this == &other) return *this;
   if (rows_ != other.rows_ || columns_.size() != other.columns_.size()) {

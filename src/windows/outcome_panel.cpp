@@ -35,13 +35,13 @@ ClickLabel::Shades ShadesOf(Family family) {
 }
 
 struct Label {
-  const char* name;
-  const char* caption;
-  const char* tip;
-  Family family;
-  Outcome outcome;  // not used by SB and STATS
-  double left;
-  double top;
+  const char* name = "";
+  const char* caption = "";
+  const char* tip = "";
+  Family family = Family::Plain;
+  Outcome outcome = Outcome::AtBat;  // not used by SB and STATS
+  double left = 0;
+  double top = 0;
   double width = kWidth;
   double height = kHeight;
 };

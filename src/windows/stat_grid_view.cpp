@@ -88,6 +88,7 @@ StatGridView::StatGridView(StatGrid& grid, QWidget* parent) : QTableView(parent)
   horizontalHeader()->setMinimumSectionSize(4);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setSectionsClickable(false);
+  setTabKeyNavigation(false);  // Tab leaves the table, the arrow keys move inside it
   setHorizontalScrollMode(ScrollPerPixel);
   QPalette palette = this->palette();
   palette.setColor(QPalette::Base, QColor(224, 224, 224));
@@ -155,8 +156,5 @@ void StatGridView::mouseDoubleClickEvent(QMouseEvent* event) {
     emit editWanted(cell.row() + 1, cell.column());
   }
 }
-
-// Tab leaves the table; the arrow keys move inside it.
-bool StatGridView::focusNextPrevChild(bool next) { return QWidget::focusNextPrevChild(next); }
 
 }  // namespace dtb

@@ -25,9 +25,9 @@ QString ToolkitFilter(const std::string& filter) {
 }
 
 std::optional<std::filesystem::path> QtFileDialogs::OpenFile(const OpenFileRequest& request) {
-  const QString chosen = QFileDialog::getOpenFileName(
-      QApplication::activeWindow(), ToQt(request.title),
-      ToQt(TextOf(request.folder)), ToolkitFilter(request.filter));
+  const QString chosen =
+      QFileDialog::getOpenFileName(QApplication::activeWindow(), ToQt(request.title),
+                                   ToQt(TextOf(request.folder)), ToolkitFilter(request.filter));
   if (chosen.isEmpty()) return std::nullopt;
   return PathOf(FromQt(chosen));
 }

@@ -42,7 +42,8 @@ bool QtKeyboard::eventFilter(QObject* watched, QEvent* event) {
       Put(Key::Control, false);
       Put(Key::F12, false);
       break;
-    default: break;
+    default:
+      break;
   }
   return QObject::eventFilter(watched, event);
 }

@@ -45,8 +45,8 @@ QImage Decode(const std::string& path) {
   const QSize size = reader.size();
   if (!size.isValid() || qint64{size.width()} * size.height() > kMostPixels) return {};
   if (std::max(size.width(), size.height()) > kLongestSide) {
-    reader.setScaledSize(size.scaled(kLongestSide, kLongestSide, Qt::KeepAspectRatio)
-                             .expandedTo(QSize(1, 1)));
+    reader.setScaledSize(
+        size.scaled(kLongestSide, kLongestSide, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
   }
   return reader.read();
 }
@@ -69,7 +69,7 @@ QImage QtPictures::Image(const Picture& picture) {
     entry.image = Decode(picture.path);
     bytes_ += entry.image.sizeInBytes();
   }
-  const QImage image = entry.image;
+  QImage image = entry.image;
   ForgetOldImages();
   return image;
 }

@@ -11,8 +11,8 @@
 namespace dtb {
 
 // Decodes photos and logos no larger than the board can show them, and remembers the outcome for as
-// long as the file stays as it is, failures too. A file that is no regular file, larger than 64 MiB,
-// of more than 64 million pixels or of a format that is no photo's is no picture.
+// long as the file stays as it is, failures too. A file that is no regular file, larger than 64
+// MiB, of more than 64 million pixels or of a format that is no photo's is no picture.
 class QtPictures : public Pictures {
  public:
   std::optional<Picture> Load(const std::filesystem::path& file) override;

@@ -5,8 +5,8 @@
 #include <QStandardPaths>
 #include <utility>
 
-#include "shell/program_error.h"
 #include "platform/qt/qt_text.h"
+#include "shell/program_error.h"
 
 namespace dtb {
 namespace {

@@ -15,8 +15,7 @@ class QtSettingsStore : public SettingsStore {
 
   std::string Read(const std::string& section, const std::string& key,
                    const std::string& missing) override;
-  void Write(const std::string& section, const std::string& key,
-             const std::string& value) override;
+  void Write(const std::string& section, const std::string& key, const std::string& value) override;
 
   // Where a damaged file was kept; empty if there was none.
   [[nodiscard]] const QString& damagedFile() const { return damagedFile_; }

@@ -1,6 +1,10 @@
 #include "windows/desk.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QToolTip>
 
 #include "game/start_up.h"
@@ -11,7 +15,31 @@
 
 namespace dtb {
 
+namespace {
+
+// Enter presses what has the focus, as Space does: in the main window too, not in dialogs alone.
+class EnterPresses : public QObject {
+ public:
+  using QObject::QObject;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress) return false;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+    const bool button = qobject_cast<QPushButton*>(watched) != nullptr ||
+                        qobject_cast<QCheckBox*>(watched) != nullptr ||
+                        qobject_cast<QRadioButton*>(watched) != nullptr;
+    if (!enter || !button) return false;
+    if (!key->isAutoRepeat()) static_cast<QAbstractButton*>(watched)->click();
+    return true;
+  }
+};
+
+}  // namespace
+
 void DressApplication() {
+  qApp->installEventFilter(new EnterPresses(qApp));
   InstallAccessibleRoles();
   QApplication::setStyle(new SlateStyle);
   QApplication::setPalette(look::Palette());

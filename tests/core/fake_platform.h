@@ -1,0 +1,212 @@
+// A scripted stand-in for the desktop, and a table at which a game is played from a script.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <functional>
+#include <map>
+#include <set>
+#include <sstream>
+
+#include "game/memento.h"
+#include "game/outcomes.h"
+#include "game/runners.h"
+#include "game/score_pad.h"
+#include "game/start_up.h"
+#include "platform/paths.h"
+#include "shell/program_error.h"
+#include "teams/game_pieces.h"
+#include "teams/lineup_edit.h"
+#include "teams/pitchers.h"
+#include "teams/team_load.h"
+
+namespace dtb {
+
+// All services of the desktop. Boxes are written down as text and closed at once.
+struct FakePlatform final : MessageBoxes, FileDialogs, Pictures, Keyboard, SettingsStore, Pages {
+  ~FakePlatform() override { std::filesystem::remove_all(folder); }
+  void ShowRecorded(const std::string& message, BoxAlignment alignment) override {
+    Tell((alignment == BoxAlignment::Left ? "left: " : "") + message);
+  }
+  void Show(const std::string& message, BoxIcon icon, const std::string& title) override {
+    Tell(" iw!x"[static_cast<int>(icon)] + (": " + title + (title.empty() ? "" : ": ")) + message);
+  }
+  bool Ask(const std::string&, const std::string& title) override { return Tell(title), false; }
+  std::optional<std::filesystem::path> OpenFile(const OpenFileRequest&) override { return chosen; }
+  std::optional<Picture> Load(const std::filesystem::path& file) override {
+    return photos.contains(TextOf(file)) ? std::optional(Picture{TextOf(file), 1}) : std::nullopt;
+  }
+  KeyState Query(Key) override { return std::exchange(control, {control.down, false}); }
+  std::string Read(const std::string& section, const std::string& key,
+                   const std::string& missing) override {
+    return settings.emplace(section + "/" + key, missing).first->second;
+  }
+  void Write(const std::string& section, const std::string& key,
+             const std::string& value) override {
+    if (settingsFail) throw ProgramError(error_number::kPathOrFileAccess, "no settings");
+    settings[section + "/" + key] = value;
+  }
+  void Open(const std::string& page) override { Tell(page); }
+
+  void Tell(const std::string& text) {
+    told += (told.empty() ? "" : " | ") + text;
+    if (whileOpen) whileOpen();
+  }
+
+  std::string told;                             // all boxes since the last look, in order
+  std::function<void()> whileOpen;              // runs while a box is open
+  std::optional<std::filesystem::path> chosen;  // in the file dialog; none: cancelled
+  std::set<std::string> photos;                 // paths of the pictures that exist
+  KeyState control;
+  std::map<std::string, std::string> settings;
+  bool settingsFail = false;
+  std::string folderName = std::filesystem::temp_directory_path() / "tableXXXXXX";
+  std::filesystem::path folder = mkdtemp(folderName.data());
+  Platform ports{*this, *this, *this, *this, *this, *this, folder};
+};
+
+// The outcome labels, in the order of the enumeration.
+inline const std::vector<std::string> kLabels{"1B", "2B", "3B", "HR", "BB", "K",  "GO", "FO",
+                                              "LO", "PO", "DP", "FC", "TO", "AB", "RBI"};
+
+// A table ready for the first pitch: the visitors' first man bats, the last man of each list
+// pitches. With `loaded` false it is as it stands after start-up.
+struct Game {
+  explicit Game(bool loaded = true) {
+    StartUp(board);
+    if (!loaded) return;
+    Load(Side::Visitors, "Owls.txt", "A=x\nB=x\nC=x\nD=x\nE=x\nF=x\nG=x\nH=x\nI=x\nJ=x\nK=x\nL=x");
+    Load(Side::Home, "Elks.txt", "a=x\nb=x\nc=x\nd=x\ne=x\nf=x\ng=x\nh=x\ni=x\nj=x\nk=x\nl=x");
+    Play("pitch:v11 pitch:h11 atbat:v bat:v0");
+    Look("log");
+  }
+
+  void Load(Side side, const std::filesystem::path& name, const std::string& bytes) {
+    fake.chosen = fake.folder / name;
+    std::ofstream(*fake.chosen, std::ios::binary) << bytes;
+    LoadTeam(board, side);
+  }
+
+  // Plays gestures: outcome labels, and verbs with an argument. "bat:v0" clicks the first row of
+  // the visitors' list, "OUT:12" types into a field, "free:p3" double-clicks the fourth game piece.
+  void Play(const std::string& script) {
+    std::istringstream words(script);
+    for (std::string word; words >> word;) Do(word);
+  }
+
+  void Do(const std::string& word) {
+    const auto label = std::find(kLabels.begin(), kLabels.end(), word);
+    if (label != kLabels.end()) return RecordOutcome(board, Outcome(label - kLabels.begin()));
+    const std::string verb = word.substr(0, word.find(':'));
+    const std::string argument = word.substr(verb.size() + 1);
+    const std::string rest = argument.empty() ? "" : argument.substr(1);
+    const Side side = argument.starts_with('h') ? Side::Home : Side::Visitors;
+    const SideFields fields = SideOf(board, side);
+    const int row = std::atoi(rest.c_str());
+    const bool drop = verb == "drop" || verb == "dropshift";
+    if (drop || verb == "bat" || verb == "pitch" || verb == "drag") fields.list.Select(row);
+    if (drop) EndDrag(board, side, MouseButton::Left, verb == "dropshift", row);
+    if (verb == "show") EndDrag(board, side, MouseButton::Right, false, row);
+    if (verb == "edit") fields.edit.Set(!fields.edit.value());
+    if (verb == "rewrite") fields.newEntry.Set(rest), ReplaceEntry(board, side);
+    if (verb == "atbat") PutAtBat(board, side);
+    if (verb == "pitch") ChangePitcher(board, side);
+    if (verb == "drag") BeginDrag(board, side);
+    if (verb == "up") MoveEntryUp(board, side);
+    if (verb == "down") MoveEntryDown(board, side);
+    if (verb == "click") ClickPiece(board, row);
+    if (verb == "free") FreePiece(board, row);
+    if (verb == "plate") ClearPlate(board, row);
+    if (verb == "reset") ResetGamePieces(board);
+    if (verb == "photo") fake.photos.insert("/" + argument + ".jpg");
+    if (verb == "ctrl") fake.control = {argument != "up", argument != "held"};
+    if (verb == "unload") fields.list.Clear();
+    if (verb == "unpitch") fields.pitcher.Set("");
+    if (verb == "unbat") state.lbl_Selected.Set("");
+    if (verb == "OUT") state.tb_OUT.Set(argument);
+    if (verb == "MASTER") state.tb_OutsCount.Set(argument);
+    if (verb == "type") fields.score.at(row).text.Set(word.substr(word.find('=') + 1));
+    if (verb == "focus") FocusScoreCell(board, side, row);
+    if (verb == "digit") ClickDigit(board, argument);
+    if (verb == "toggle") ToggleFinished(board, side, row);
+  }
+
+  // One way to look at the table.
+  std::string Look(const std::string& facet) {
+    std::ostringstream text;
+    const auto totals = [&](std::size_t cell) {
+      text << state.tb_BoxScore.at(cell).text.value() << ":"
+           << state.tb_BoxScoreBottom.at(cell).text.value();
+    };
+    if (facet == "told") text << std::exchange(fake.told, "");
+    if (facet == "log") {  // the lines since the last look, each with ";" behind it
+      for (; logRead < log.text().size(); ++logRead) {
+        const char c = log.text()[logRead];
+        if (c != '\r') text << (c == '\n' ? ';' : c);
+      }
+    } else if (facet == "clock") {  // outs, master count, side at bat, batter
+      text << state.tb_OUT.value() << " " << state.tb_OutsCount.value() << " "
+           << (state.Option5.value() ? "V " : "") << (state.Option6.value() ? "H " : "")
+           << state.lbl_Selected.value();
+    } else if (facet == "order") {  // both line-ups, each with its selected row
+      for (const LineupList* list : {&state.List1, &state.List2}) {
+        for (const std::string& entry : list->entries()) text << entry.front();
+        text << list->selected() << (list == &state.List1 ? " " : "");
+      }
+    } else if (facet == "pieces") {  // "tag:plate"; "#" for a photo, "*" for one in the store
+      for (const GamePiece& piece : state.pieces) {
+        text << (&piece == &state.pieces[0] ? "" : " ") << piece.tag.value() << ":"
+             << piece.plate.value() << (piece.picture.value().empty() ? "" : "#")
+             << (piece.store.value().empty() ? "" : "*");
+      }
+    } else if (facet == "score") {  // half-innings with a text or a mark, runs: "0=2* 4= 2:0"
+      for (int k = 0; k < kHalves; ++k) {
+        const std::string& runs = Cell(state, k).text.value();
+        const bool marked = Cell(state, k).colour.value() == kFinishedYellow;
+        if (marked || !runs.empty()) text << k << "=" << runs << (marked ? "* " : " ");
+      }
+      totals(kTotalRuns);
+    } else if (facet == "counters") {  // all that are not "", and hits: "A 1B=1, l H=1, 1:0"
+      for (const StatGrid* grid : {&sheet.grd_VisStats, &sheet.grd_HomeStats}) {
+        for (int cell = stat_column::kCount; cell < kStatRows * stat_column::kCount; ++cell) {
+          const int row = cell / stat_column::kCount, column = cell % stat_column::kCount;
+          const std::string name(grid->Text(row, column < 11 ? 1 : 11)),
+              count(grid->Text(row, column));
+          const bool counter = column > 1 && column != 11 && column != 18 && !count.empty();
+          if (counter) text << name << " " << grid->Text(0, column) << "=" << count << ", ";
+        }
+      }
+      totals(kTotalHits);
+    }
+    return text.str();
+  }
+
+  FakePlatform fake;
+  BoardState state;
+  StatSheet sheet;
+  EventLog log;
+  Board board{state, sheet, log, fake.ports};
+  std::size_t logRead = 0;
+};
+
+// Plays each row "script => looks" of the table in a new game and compares; an empty look is "-". A
+// row goes on in lines that begin with blanks.
+inline void Check(const std::string& looks, std::string table) {
+  for (std::size_t at; (at = table.find("\n  ")) != table.npos;) table.replace(at, 3, " ");
+  std::istringstream rows(table);
+  for (std::string row; std::getline(rows, row);) {
+    const std::size_t arrow = row.find(" => ");
+    if (arrow == row.npos) continue;
+    Game game;
+    game.Play(row.substr(0, arrow));
+    std::string seen, facet;
+    for (std::istringstream facets(looks); facets >> facet;) {
+      const std::string look = game.Look(facet);
+      seen += (seen.empty() ? "" : " / ") + (look.empty() ? "-" : look);
+    }
+    EXPECT_EQ(seen, row.substr(arrow + 4)) << row;
+  }
+}
+
+}  // namespace dtb

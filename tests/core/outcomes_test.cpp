@@ -1,0 +1,100 @@
+// What each outcome label records, for whom, and in which order.
+#include "fake_platform.h"
+
+namespace dtb {
+
+TEST(Outcomes, RecordCountersLogLineAndBoxesAndMoveOn) {
+  Check("counters log told clock pieces", R"(
+1B => A 1B=1, A AB=1, l H=1, 1:0 / A=x_____1B; / HIT recorded. / 0 0 V B / A:A B:B : :
+2B => A 2B=1, A AB=1, l H=1, 1:0 / A=x_____2B; / HIT recorded. / 0 0 V B / A:A B:B : :
+3B => A 3B=1, A AB=1, l H=1, 1:0 / A=x_____3B; / HIT recorded. / 0 0 V B / A:A B:B : :
+HR => A HR=1, A AB=1, l H=1, l HR=1, 1:0 / A=x_____HR; / HIT recorded. / 0 0 V B / A:A B:B : :
+BB => A BB=1, l BB=1, 0:0 / A=x_____BB; / Stat Recorded. / 0 0 V B / A:A B:B : :
+K => A K=1, A AB=1, l K=1, 0:0 / A=x_____K; / OUT recorded. / 1 0 V B / B:B : : :
+GO => A AB=1, 0:0 / A=x_____GO; / OUT recorded. / 1 0 V B / B:B : : :
+FO => A AB=1, 0:0 / A=x_____FO; / OUT recorded. / 1 0 V B / B:B : : :
+LO => A AB=1, 0:0 / A=x_____LO; / OUT recorded. / 1 0 V B / B:B : : :
+PO => A AB=1, 0:0 / A=x_____PO; / OUT recorded. / 1 0 V B / B:B : : :
+DP => A AB=1, 0:0 / A=x_____DP; / OUT recorded. / 2 0 V B / B:B : : :
+FC => A AB=1, 0:0 / A=x_____FC; / OUT recorded. / 1 0 V B / A:A B:B : :
+TO => 0:0 / A=x_____TO; / OUT recorded. / 1 0 V A / A:A : : :
+AB => A AB=1, 0:0 / A=x_____AB [ERR]; / At-Bat recorded. / 0 0 V B / A:A B:B : :
+RBI => A RBI=1, l ER=1, 0:0 / A=x_____RBI; / Stat Recorded. / 0 0 V A / A:A : : :
+
+At two outs a double play leaves its log line, a fielder's choice nothing.
+OUT:2 DP => 0:0 / A=x_____DP; / There are already 2 outs. / 2 0 V A / A:A : : :
+OUT:2 FC => 0:0 / - / i: FC requires < 2 outs. Use GO if it's the 3rd out. / 2 0 V A / A:A : : :
+
+The home team's men count in their own table, against the visitors' pitcher.
+atbat:h bat:h0 HR => L H=1, L HR=1, a HR=1, a AB=1, 0:1 / a=x_____HR; / HIT recorded. / 0 0 H b
+  / A:A a:a b:b :
+
+A batter without a row: a hit is only logged, an out counts, the line-up stays.
+rewrite:vZ bat:v0 1B => 0:0 / Z_____1B; / - / 0 0 V Z / A:A Z:Z : :
+rewrite:vZ bat:v0 GO => 0:0 / Z_____GO; / OUT recorded. / 1 0 V Z / A:A Z: : :
+
+The order goes on from the highlight: from the ninth man, from a reserve, from the last of them.
+bat:v8 BB => I BB=1, l BB=1, 0:0 / I=x_____BB; / Stat Recorded. / 0 0 V A / A:A I:I A:A :
+bat:v9 GO => A AB=1, 0:0 / J=x_____GO; / OUT recorded. / 1 0 V A / A: : : :
+bat:v11 BB => A BB=1, l BB=1, 0:0 / L=x_____BB; / Stat Recorded. / 0 0 V A / A:A A:A : :
+)");
+}
+
+TEST(Outcomes, TheThirdOutEndsTheHalfWhicheverLabelMakesIt) {
+  Check("counters log clock score pieces", R"(
+OUT:2 K => A K=1, A AB=1, l K=1, 0:0 / A=x_____K;[0.5]; / 0 3 H A / 0=0* 0:0 / A: : : :
+OUT:1 DP => A AB=1, 0:0 / A=x_____DP;[0.5]; / 0 3 H A / 0=0* 0:0 / A: : : :
+OUT:2 TO => 0:0 / A=x_____TO;[0.5]; / 0 3 H A / 0=0* 0:0 / A: : : :
+1B OUT:2 FO => A 1B=1, A AB=1, B AB=1, l H=1, 1:0 / A=x_____1B;B=x_____FO;[0.5]; / 0 3 H B
+  / 0=0* 0:0 / A: B: : :
+
+Until a batter of the new side is chosen the old name is foreign to it.
+OUT:3 1B => 0:0 / a=x_____1B; / 3 3 H A / 0=0* 0:0 / A:A : : :
+OUT:3 RBI => 0:0 / a=x_____RBI; / 3 3 H A / 0=0* 1=1 0:1 / A:A : : :
+OUT:3 OUT:0 GO => A AB=1, 0:0 / a=x_____GO; / 1 3 H b / 0=0* 0:0 / b:b : : :
+)");
+  Game game;  // each step waits for the boxes before it
+  game.Play("1B OUT:2");
+  game.fake.whileOpen = [&] {
+    const bool first = game.Look("told").ends_with("| OUT recorded.");
+    EXPECT_EQ(game.Look("clock"), "3 3 H B");
+    EXPECT_EQ(game.Look("pieces"), first ? "A:A B:B : :" : "A:A B: : :");
+    EXPECT_EQ(game.Look("log"), first ? "A=x_____1B;B=x_____GO;" : "");
+  };
+  game.Do("GO");
+}
+
+TEST(Outcomes, AreDeadWithoutTeamsAndRefusedWithoutPitchersOrBatter) {
+  const std::string warning =
+      "left: Both pitchers must be selected first. 'AT BAT' button must be selected. Then first "
+      "batter must be selected.";
+  for (std::string label : kLabels) {
+    if (label == "AB") label = "ctrl:fresh click:p0";
+    for (const std::string lack : {"unload:v", "unload:h", "unpitch:v", "unpitch:h", "unbat:v"}) {
+      Check("log counters score told",
+            lack + " " + label + " => - / 0:0 / 0:0 / " + (lack[2] == 'l' ? "-" : warning));
+    }
+  }
+}
+
+TEST(Outcomes, CountAtBatsOnTheFirstRowOfTheName) {
+  Game table(false);
+  table.Load(Side::Visitors, "Owls.txt", "A\nB");
+  table.Load(Side::Home, "Elks.txt", "A\nC");
+  table.Play("atbat:v AB atbat:h bat:h0 AB");
+  EXPECT_EQ(table.Look("log") + table.Look("clock"), "_____AB [ERR];A_____AB [ERR];0 0 H C");
+  EXPECT_EQ(table.Look("counters"), "A AB=1,  AB=1, 0:0") << "without a batter, a nameless row";
+  EXPECT_EQ(table.sheet.grd_VisStats.Text(1, stat_column::kAtBats), "1") << "visitors first";
+  table.Play("AB");
+  EXPECT_EQ(table.Look("clock"), "0 0 H A") << "after the last man of a short list";
+}
+
+TEST(Outcomes, MarkAsPlayedTheManOnTheFirstPiece) {
+  Game game;
+  game.Play("1B bat:v9 up:v GO");
+  EXPECT_EQ(game.sheet.grd_VisStats.Text(10, stat_column::kPlayed), "") << "on another piece";
+  game.Play("reset: bat:v8 1B");
+  EXPECT_EQ(game.sheet.grd_VisStats.Text(10, stat_column::kPlayed), "1");
+}
+
+}  // namespace dtb

@@ -1,0 +1,168 @@
+// Team files, line-ups and their editing, game pieces and photos.
+#include "fake_platform.h"
+#include "teams/photo_folder.h"
+
+namespace dtb {
+
+// Lines in the list, the last one and the last name that the table got from them, names and marks
+// in the table, team on the board and on the sheet, number of the error.
+std::string Visitors(Game& game) {
+  const auto& entries = game.state.List1.entries();
+  const StatGrid& grid = game.sheet.grd_VisStats;
+  int marks = 0;
+  while (grid.Text(marks + 1, stat_column::kPlayed) == "1") ++marks;
+  const int last = std::min(game.state.List1.size(), kStatRows - 1);
+  const std::string told = game.Look("told") + "occurred: none";
+  std::ostringstream text;
+  text << entries.size() << " " << (entries.empty() ? "" : entries.back()) << ">"
+       << (last > 0 ? grid.Text(last, 1) : "") << " " << grid.FindRow(1, "").value_or(kStatRows) - 1
+       << " " << marks << " " << game.state.tb_VisTeam.value() << "|"
+       << game.sheet.lbl_VisTeam.value() << " "
+       << std::atoi(told.c_str() + told.find("occurred: ") + 10);
+  return text.str();
+}
+
+TEST(TeamFiles, LoadAsFarAsTheyAreGood) {
+  using namespace std::string_literals;
+  const auto lines = [](int count) {
+    std::string text;
+    for (int i = 1; i <= count; ++i) text += "P" + std::to_string(i) + "=x\n";
+    return text;
+  };
+  const std::vector<std::tuple<std::u8string, std::string, std::string>> cases{
+      {u8"Comets 1968.txt", lines(12), "12 P12=x>P12 12 9 Comets 1968|Comets 1968 0"},
+      {u8"Comets=1968.csv", lines(49), "49 P49=x>P49 49 9 Comets|Comets 0"},
+      {u8"Team.csvx", lines(1), "1 P1=x>P1 1 9 Team.|Team. 0"},
+      {u8"\u00C4.txt", "", "0 > 0 9 \xC3\x84|\xC3\x84 0"},
+      {u8".txt", lines(3), "3 P3=x>P3 3 0 |Team 5"},
+      {u8"a.b", lines(3), "3 P3=x> 0 0 a.b|Team 5"},
+      {u8"Comets=1968.txt", lines(50), "50 P50=x>P49 49 0 Comets=1968|Team 9"},
+      {u8"Big.txt", lines(5000), "5000 P5000=x>P49 49 0 Big|Team 9"},
+      {u8"huge.txt", std::string(17'000'000, 'A'), "0 > 0 0 VIS|Team 75"},
+      {u8"no folder/none.txt", "", "0 > 0 0 VIS|Team 53"},
+      {u8".", "", "0 > 0 0 VIS|Team 75"},
+      // Whatever the line ends and the encoding.
+      {u8"Owls.txt", "A\rB\r\nC\nD\r\n\r\nE", "5 E>E 5 9 Owls|Owls 0"},
+      {u8"Owls.txt", "A\n \n=x\nA =x=.3", "4 A =x=.3>A  2 9 Owls|Owls 0"},
+      {u8"Owls.txt", "A,RF,\0=x"s, "1 A,RF,\0=x>A,RF,\0 1 9 Owls|Owls 0"s},
+      {u8"Owls.txt", "\xEF\xBB\xBF\xC3\xA9=", "1 \xC3\xA9=>\xC3\xA9 1 9 Owls|Owls 0"},
+      {u8"Owls.txt", "=\xE9\x80\xFF", "1 =\xC3\xA9\xE2\x82\xAC\xC3\xBF> 0 9 Owls|Owls 0"},
+      {u8"Owls.txt", "=\xED\xA0\x80", "1 =\xC3\xAD\xC2\xA0\xE2\x82\xAC> 0 9 Owls|Owls 0"},
+      {u8"Owls.txt", "\xFF\xFE\xE9\0\r\0\n\0B\0"s, "2 B>B 2 9 Owls|Owls 0"},
+      {u8"Owls.txt", "\xFE\xFF\0=\xD8\x3D\xDE\0\xD8\0\0"s,
+       "1 =\xF0\x9F\x98\x80\xEF\xBF\xBD> 0 9 Owls|Owls 0"},
+  };
+  for (const auto& [file, bytes, expected] : cases) {
+    Game game(false);
+    game.Load(Side::Visitors, file, bytes);
+    EXPECT_EQ(Visitors(game), expected);
+  }
+  Game game;
+  game.Load(Side::Visitors, "Bats.txt", lines(10));
+  EXPECT_EQ(Visitors(game), "10 P10=x>P10 12 9 Bats|Bats 0") << "what stands below them stays";
+  game.fake.chosen.reset();
+  LoadTeam(game.board, Side::Visitors);
+  EXPECT_EQ(Visitors(game), "0 > 12 9 Bats|Bats 0") << "cancelled";
+}
+
+TEST(LineUps, AreEdited) {
+  Check("order clock told", R"(
+bat:v9 => ABCDEFGHIJKL9 abcdefghijkl0 / 0 0 V A / -
+bat:h3 => ABCDEFGHIJKL0 abcdefghijkl3 / 0 0 V A / -
+up:v => ABCDEFGHIJKL0 abcdefghijkl0 / 0 0 V A / -
+bat:v2 up:v => ACBDEFGHIJKL1 abcdefghijkl0 / 0 0 V C / -
+bat:v9 up:v => ABCDEFGHJIKL8 abcdefghijkl0 / 0 0 V J / -
+bat:v8 down:v => ABCDEFGHJIKL9 abcdefghijkl0 / 0 0 V I / -
+bat:v11 down:v => ABCDEFGHIJKL11 abcdefghijkl0 / 0 0 V A / -
+bat:h1 up:h => ABCDEFGHIJKL0 bacdefghijkl0 / 0 0 V A / -
+edit:v bat:v1 up:v => BACDEFGHIJKL0 abcdefghijkl0 / 0 0 V A / -
+
+A dragged entry lands above the row of its drop, with Shift below it.
+edit:v drag:v1 drop:v4 => ACDBEFGHIJKL3 abcdefghijkl0 / 0 0 V A / -
+edit:v drag:v1 dropshift:v4 => ACDEBFGHIJKL4 abcdefghijkl0 / 0 0 V A / -
+edit:v drag:v4 drop:v1 => AEBCDFGHIJKL1 abcdefghijkl0 / 0 0 V A / -
+edit:v drag:v4 dropshift:v1 => ABECDFGHIJKL2 abcdefghijkl0 / 0 0 V A / -
+edit:v drag:v0 dropshift:v11 => BCDEFGHIJKLA11 abcdefghijkl0 / 0 0 V A / -
+drag:v1 drop:v4 => ABCDEFGHIJKL4 abcdefghijkl0 / 0 0 V E / -
+
+bat:v1 rewrite:vZ => AZCDEFGHIJKL1 abcdefghijkl0 / 0 0 V B / -
+show:v3 => ABCDEFGHIJKL3 abcdefghijkl0 / 0 0 V A / !: D=x
+show:v3 bat:v4 => ABCDEFGHIJKL4 abcdefghijkl0 / 0 0 V E / !: D=x
+
+A change of pitchers gives the highlight back to the batting order.
+bat:v3 pitch:v10 => ABCDEFGHIJKL3 abcdefghijkl0 / 0 0 V D / -
+atbat:h bat:h8 bat:h9 pitch:h10 => ABCDEFGHIJKL0 abcdefghijkl8 / 0 0 H i / -
+)");
+}
+
+TEST(Pieces, AreTakenAndFreed) {
+  Check("pieces clock", R"(
+1B 1B 1B 1B => A:A B:B C:C D:D / 0 0 V E
+bat:v0 GO => B:B A: : : / 1 0 V B
+free:p0 => : : : : / 0 0 V A
+plate:p0 => A: : : : / 0 0 V A
+1B reset: => A: B: : : / 0 0 V B
+
+A photo that was taken off stays in the store: only another photo takes the piece.
+photo:B 1B => A:A B:#* : : / 0 0 V B
+photo:B 1B GO => A:A B:* C:C : / 1 0 V C
+photo:B 1B free:p1 bat:v2 bat:v1 => A:A B:#* C:C : / 0 0 V B
+photo:B 1B free:p1 reset: bat:v2 => C:C : : : / 0 0 V C
+photo:A reset: bat:v0 bat:v0 bat:v0 bat:v0 free:p2 bat:v1 => A:#* A:#* :* A:#* / 0 0 V B
+)");
+}
+
+TEST(Pieces, GiveStolenBasesToTheNameOnThem) {
+  Check("counters log told", R"(
+click:p0 => 0:0 / - / -
+ctrl:held click:p0 => 0:0 / - / -
+ctrl:up click:p0 => 0:0 / - / -
+ctrl:fresh click:p3 => 0:0 / - / -
+ctrl:fresh click:p0 click:p0 => A SB=1, 0:0 / A_____SB; / Stat Recorded.
+plate:p0 ctrl:fresh click:p0 => A SB=1, 0:0 / A_____SB; / Stat Recorded.
+OUT:3 bat:h0 ctrl:fresh click:p0 => 0:0 / A_____SB; / -
+)");
+}
+
+TEST(Pieces, ShrinkToTheGroundLineAndStayWithinReach) {
+  Game game;
+  MovePiece(game.board, 2, 500, 5000);
+  EnlargePieces(game.board);
+  ShrinkPieces(game.board);
+  for (const GamePiece& piece : game.state.pieces) EXPECT_NEAR(piece.top.value(), 816.725, 1e-9);
+  EXPECT_DOUBLE_EQ(game.state.pieces[2].left.value(), 455);
+  for (int i = 0; i < 100; ++i) ShrinkPieces(game.board);
+  MovePiece(game.board, 3, -5000, -5000);
+  EXPECT_GE(game.state.pieceWidth.value(), 12);
+  EXPECT_GT(game.state.pieces[3].left.value() + game.state.pieceWidth.value(), 0);
+}
+
+TEST(Photos, ComeFromTheFolderOfThePlayer) {
+  Game game;
+  game.fake.photos = {"/new/l.jpg"};
+  for (const std::string folder : {"/without Ctrl", "/new", "/newer"}) {
+    const bool shown = folder.starts_with("/new");
+    game.fake.control = {true, shown};
+    game.fake.settingsFail = folder == "/newer";
+    ClickPhotoPath(game.board);
+    game.state.Text1.Set(folder);
+    SavePhotoPath(game.board);
+    RefreshPitcherPhotos(game.board);
+    EXPECT_EQ(game.state.lbl_PhotoPath.value(), shown ? folder : "");
+    EXPECT_EQ(game.state.img_HomePitch.value().path, shown ? "/new/l.jpg" : "");
+  }
+  EXPECT_EQ(game.fake.settings["labels/lbl_PhotoPath"], "/new");
+  EXPECT_EQ(game.Look("told"),
+            "x: Program Error: The following error has occurred: 75, no settings");
+  game.Do("pitch:h3");
+  EXPECT_TRUE(game.state.img_HomePitch.value().empty()) << "never the photo of another man";
+}
+
+TEST(Program, GoesOnUnchangedAfterANo) {
+  Game game;
+  const GameMemento before = Remember(game.board);
+  EXPECT_FALSE(ConfirmExit(game.board));
+  EXPECT_TRUE(Remember(game.board) == before);
+}
+
+}  // namespace dtb

@@ -33,7 +33,7 @@ MessageBox* openBox = nullptr;
 // reach what lies under the box.
 class ClickGuard : public QObject {
  public:
-  ClickGuard() { qApp->installEventFilter(this); }
+  ClickGuard() : QObject(qApp) { qApp->installEventFilter(this); }
 
  protected:
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {

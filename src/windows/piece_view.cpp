@@ -113,10 +113,22 @@ void PieceView::ShowPlate() {
 void PieceView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), kBoxGrey);
+  DrawInitials(painter);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(hasFocus() ? kAccent : QColor(104, 104, 104), hasFocus() ? 3 : 1));
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(QRectF(rect()).adjusted(1, 1, -1, -1));
+}
+
+// A man without a photo is told from the next by more than his small plate.
+void PieceView::DrawInitials(QPainter& painter) {
+  const QString name = ToQt(Piece().plate.value()).left(400).simplified();
+  if (name.isEmpty()) return;
+  QString initials = name.left(1);
+  if (name.contains(QLatin1Char(' '))) initials += name.section(QLatin1Char(' '), -1).left(1);
+  painter.setFont(Font(width() * 0.42, true));
+  painter.setPen(QColor(140, 140, 140));
+  painter.drawText(QRect(0, 0, width(), plate_->y()), Qt::AlignCenter, initials);
 }
 
 void PieceView::focusInEvent(QFocusEvent* event) {

@@ -40,6 +40,7 @@ class PieceView : public QAbstractButton {
   void BuildPlate();
   void Arrange();
   void ShowPlate();
+  void DrawInitials(QPainter& painter);
   void Nudge(double right, double down);
   [[nodiscard]] GamePiece& Piece() { return board_.state.pieces.at(piece_); }
 

@@ -182,13 +182,7 @@ void DoubleClick(const Target& target, Qt::KeyboardModifiers modifiers) {
   Click(target, Qt::LeftButton, modifiers, Times::Twice);
 }
 
-void DragRow(const QString& list, int from, int to, Qt::KeyboardModifiers modifiers) {
-  // Both rows have to show at the same time.
-  for (const int row : {to, from, to}) Require(TargetAtRow(list, row));
-  const Target end = TargetAtRow(list, to);
-  const auto* view = Find<QAbstractItemView>(list, "list");
-  const Target start{end.control, view->visualRect(view->model()->index(from, 0)).center()};
-  Require(start);
+void Drag(const Target& start, const Target& end, Qt::KeyboardModifiers modifiers) {
   QWindow* window = end.control->window()->windowHandle();
   const HeldKeys held(window, modifiers);
   const auto mouse = [&](QTest::MouseAction action, const Target& target) {
@@ -199,6 +193,16 @@ void DragRow(const QString& list, int from, int to, Qt::KeyboardModifiers modifi
   mouse(QTest::MouseMove, {start.control, (start.place + end.place) / 2});
   mouse(QTest::MouseMove, end);
   mouse(QTest::MouseRelease, end);
+}
+
+void DragRow(const QString& list, int from, int to, Qt::KeyboardModifiers modifiers) {
+  // Both rows have to show at the same time.
+  for (const int row : {to, from, to}) Require(TargetAtRow(list, row));
+  const Target end = TargetAtRow(list, to);
+  const auto* view = Find<QAbstractItemView>(list, "list");
+  const Target start{end.control, view->visualRect(view->model()->index(from, 0)).center()};
+  Require(start);
+  Drag(start, end, modifiers);
 }
 
 void TypeText(QWidget* field, const QString& text) {

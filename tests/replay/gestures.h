@@ -42,6 +42,8 @@ enum class Times { Once, Twice };
 void Click(const Target& target, Qt::MouseButton button = Qt::LeftButton,
            Qt::KeyboardModifiers modifiers = {}, Times times = Times::Once);
 void DoubleClick(const Target& target, Qt::KeyboardModifiers modifiers = {});
+// With the left button, from one place to another.
+void Drag(const Target& start, const Target& end, Qt::KeyboardModifiers modifiers = {});
 // With the left button, from one row of a list to another.
 void DragRow(const QString& list, int from, int to, Qt::KeyboardModifiers modifiers = {});
 // Clicks into the text field and types over all of its text.

@@ -16,6 +16,14 @@ namespace {
 
 constexpr int kShowPause = 150;  // milliseconds
 
+// "X,Y" is a place of the park in layout units, the same at every size of the window.
+void DragToScene(const QString& name, const QString& place) {
+  QWidget* park = FindControl("Picture1");
+  const double x = place.section(',', 0, 0).toDouble() / kSceneWidth;
+  const double y = place.section(',', 1, 1).toDouble() / kSceneHeight;
+  Drag(TargetAt(name), {park, QPoint(qRound(park->width() * x), qRound(park->height() * y))});
+}
+
 struct Names {
   const char* load;
   const char* list;
@@ -246,6 +254,7 @@ void Player::Perform(const QString& gesture) {
        [](Player&, const QString& g) {
          DragRow(Word(g, 1), Number(g, 2), Number(g, 3), Qt::ShiftModifier);
        }},
+      {"DRAG", [](Player&, const QString& g) { DragToScene(Word(g, 1), Word(g, 2)); }},
       {"CELL",
        [](Player&, const QString& g) {
          Click(TargetAtCell(Word(g, 1), Number(g, 2), Number(g, 3)));

@@ -58,11 +58,11 @@ class EntryDelegate : public QStyledItemDelegate {
     painter->restore();
   }
 
+  // As wide as the list, however long the entry.
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const auto* view = qobject_cast<const QListView*>(option.widget);
-    const int height =
-        view == nullptr ? option.fontMetrics.height() : qMax(8, view->viewport()->height() / kRows);
-    return {QStyledItemDelegate::sizeHint(option, index).width(), height};
+    if (view == nullptr) return QStyledItemDelegate::sizeHint(option, index);
+    return {view->viewport()->width(), qMax(8, view->viewport()->height() / kRows)};
   }
 };
 

@@ -123,9 +123,14 @@ void PieceView::paintEvent(QPaintEvent* /*event*/) {
 // A man without a photo is told from the next by more than his small plate.
 void PieceView::DrawInitials(QPainter& painter) {
   const QString name = ToQt(Piece().plate.value()).left(400).simplified();
-  if (name.isEmpty()) return;
-  QString initials = name.left(1);
-  if (name.contains(QLatin1Char(' '))) initials += name.section(QLatin1Char(' '), -1).left(1);
+  QString initials;
+  for (const QString& word :
+       {name, name.section(QLatin1Char(' '), 1).section(QLatin1Char(' '), -1)}) {
+    const auto letters = word.toUcs4();
+    if (!letters.isEmpty() && QChar::isLetterOrNumber(letters.first())) {
+      initials += QString::fromUcs4(&letters.first(), 1);
+    }
+  }
   painter.setFont(Font(width() * 0.42, true));
   painter.setPen(QColor(140, 140, 140));
   painter.drawText(QRect(0, 0, width(), plate_->y()), Qt::AlignCenter, initials);

@@ -127,9 +127,9 @@ void PieceView::DrawInitials(QPainter& painter) {
   for (const QString& word :
        {name, name.section(QLatin1Char(' '), 1).section(QLatin1Char(' '), -1)}) {
     const auto letters = word.toUcs4();
-    if (!letters.isEmpty() && QChar::isLetterOrNumber(letters.first())) {
-      initials += QString::fromUcs4(&letters.first(), 1);
-    }
+    if (letters.isEmpty() || !QChar::isLetterOrNumber(letters.first())) continue;
+    const char32_t letter = letters.first();
+    initials += QString::fromUcs4(&letter, 1);
   }
   painter.setFont(Font(width() * 0.42, true));
   painter.setPen(QColor(140, 140, 140));

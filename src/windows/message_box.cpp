@@ -91,6 +91,11 @@ class Badge : public QWidget {
   BoxIcon icon_;
 };
 
+// A box that names no title bears the program's.
+QString TitleOr(const std::string& title) {
+  return title.empty() ? QStringLiteral("Kelvane Diamond Table") : ToQt(title);
+}
+
 QString Shortened(const QString& message) {
   return message.size() <= kLongestMessage ? message
                                            : message.left(kLongestMessage) + QChar(0x2026);
@@ -331,13 +336,12 @@ void WindowBoxes::ShowRecorded(const std::string& message, BoxAlignment alignmen
 }
 
 void WindowBoxes::Show(const std::string& message, BoxIcon icon, const std::string& title) {
-  const std::string shown = title.empty() ? "Kelvane Diamond Table" : title;
-  MessageBox::Run(Front(), {ToQt(message), ToQt(shown), icon, BoxAlignment::Left, false});
+  MessageBox::Run(Front(), {ToQt(message), TitleOr(title), icon, BoxAlignment::Left, false});
 }
 
 bool WindowBoxes::Ask(const std::string& question, const std::string& title) {
   return MessageBox::Run(
-      Front(), {ToQt(question), ToQt(title), BoxIcon::Exclamation, BoxAlignment::Left, true});
+      Front(), {ToQt(question), TitleOr(title), BoxIcon::Exclamation, BoxAlignment::Left, true});
 }
 
 QWidget* WindowBoxes::Front() const {

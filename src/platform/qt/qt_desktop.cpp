@@ -1,6 +1,7 @@
 #include "platform/qt/qt_desktop.h"
 
 #include <QApplication>
+#include <QDateTime>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -25,9 +26,9 @@ QString ToolkitFilter(const std::string& filter) {
 }
 
 std::optional<std::filesystem::path> QtFileDialogs::OpenFile(const OpenFileRequest& request) {
-  const QString chosen = QFileDialog::getOpenFileName(
-      QApplication::activeWindow(), ToQt(request.title),
-      ToQt(TextOf(request.folder)), ToolkitFilter(request.filter));
+  const QString chosen =
+      QFileDialog::getOpenFileName(QApplication::activeWindow(), ToQt(request.title),
+                                   ToQt(TextOf(request.folder)), ToolkitFilter(request.filter));
   if (chosen.isEmpty()) return std::nullopt;
   return PathOf(FromQt(chosen));
 }
@@ -36,6 +37,13 @@ void QtPages::Open(const std::string& addressOrFile) {
   const QString text = ToQt(addressOrFile);
   QDesktopServices::openUrl(QFileInfo::exists(text) ? QUrl::fromLocalFile(text)
                                                     : QUrl::fromUserInput(text));
+}
+
+LocalTime QtClock::Now() {
+  const QDateTime now = QDateTime::currentDateTime();
+  const QDate date = now.date();
+  const QTime time = now.time();
+  return {date.year(), date.month(), date.day(), time.hour(), time.minute(), time.second()};
 }
 
 }  // namespace dtb

@@ -5,12 +5,20 @@
 #include <fstream>
 
 #include "game/start_up.h"
+#include "platform/database.h"
 #include "teams/pitchers.h"
 #include "teams/team_load.h"
 
 namespace dtb {
 
-struct QuietPlatform : MessageBoxes, FileDialogs, Pictures, Keyboard, SettingsStore, Pages {
+struct QuietPlatform : MessageBoxes,
+                       FileDialogs,
+                       Pictures,
+                       Keyboard,
+                       SettingsStore,
+                       Pages,
+                       Clock,
+                       Database {
   void ShowRecorded(const std::string& /*message*/, BoxAlignment /*alignment*/) override {}
   void Show(const std::string& /*message*/, BoxIcon /*icon*/,
             const std::string& /*title*/) override {}
@@ -29,6 +37,14 @@ struct QuietPlatform : MessageBoxes, FileDialogs, Pictures, Keyboard, SettingsSt
   void Write(const std::string& /*section*/, const std::string& /*key*/,
              const std::string& /*value*/) override {}
   void Open(const std::string& /*addressOrFile*/) override {}
+  LocalTime Now() override { return {}; }
+  void Run(const Statement& /*query*/, StatGrid& /*result*/) override {}
+  std::vector<std::string> Delete(const std::vector<Statement>& /*statements*/) override {
+    return {};
+  }
+  std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>& /*tables*/) override {
+    return nullptr;
+  }
 };
 
 // A team file of 49 players with remarks.
@@ -54,7 +70,7 @@ inline void StartGame(Board& board) {
 
 struct QuietTable {
   QuietPlatform quiet;
-  Platform platform{quiet, quiet, quiet, quiet, quiet, quiet, {}};
+  Platform platform{quiet, quiet, quiet, quiet, quiet, quiet, quiet, quiet, {}};
   BoardState state;
   StatSheet sheet;
   EventLog log;

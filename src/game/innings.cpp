@@ -72,24 +72,28 @@ void ScoreUpdate(Board& board) {
   });
 }
 
+double InningsNotCredited(Board& board, Side fielding) {
+  double outs = board.state.tb_OUT.number();
+  const ScoreRow& score = SideOf(board, Other(fielding)).score;
+  for (int inning = 0; inning < kInnings; ++inning) {
+    if (score.at(inning).colour.value() == kFinishedYellow) outs += 3;
+  }
+  const StatGrid& grid = SideOf(board, fielding).grid;
+  double credited = 0;
+  for (int row = 1; row < grid.rows(); ++row) {
+    credited += NumberOf(grid.Text(row, stat_column::kInningsPitched));
+  }
+  return std::round(outs / 3 * 100) / 100 - credited;
+}
+
 void CalcPitcherIP(Board& board) {
   const auto atBat = SideAtBat(board.state);
   if (!atBat) return;
-  const SideFields batting = SideOf(board, *atBat);
-  const SideFields fielding = SideOf(board, Other(*atBat));
-
-  double outs = board.state.tb_OUT.number();
-  for (int inning = 0; inning < kInnings; ++inning) {
-    if (batting.score.at(inning).colour.value() == kFinishedYellow) outs += 3;
-  }
-  const double innings = std::round(outs / 3 * 100) / 100;
-
-  double credited = 0;
-  for (int row = 1; row < fielding.grid.rows(); ++row) {
-    credited += NumberOf(fielding.grid.Text(row, stat_column::kInningsPitched));
-  }
+  const Side side = Other(*atBat);
+  const SideFields fielding = SideOf(board, side);
   if (const auto row = fielding.grid.FindRow(stat_column::kPitcher, fielding.pitcherTag.value())) {
-    fielding.grid.SetText(*row, stat_column::kInningsPitched, TwoDecimals(innings - credited));
+    fielding.grid.SetText(*row, stat_column::kInningsPitched,
+                          TwoDecimals(InningsNotCredited(board, side)));
   }
 }
 

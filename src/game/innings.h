@@ -17,6 +17,10 @@ void OutsCountChanged(Board& board);
 // Adds the innings of each line-score row into its total of runs. Text that is no number counts 0.
 void ScoreUpdate(Board& board);
 
+// Innings that a side has pitched, with two decimals, less those its pitchers are credited with.
+// Its outs are those of all finished half-innings of the other side and of the one in progress.
+[[nodiscard]] double InningsNotCredited(Board& board, Side fielding);
+
 // Settles the innings of the pitcher who has just left the side in the field: outs of all finished
 // half-innings and of the one in progress, less what the side's pitchers are credited with already.
 // Without a row for him nothing is written.

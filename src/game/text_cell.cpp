@@ -58,11 +58,14 @@ std::string DecimalText(double number) {
   return {digits.data(), result.ptr};
 }
 
-std::string TwoDecimals(double number) {
-  const double rounded = std::round(number * 100) / 100 + 0.0;
+std::string TwoDecimals(double number) { return FixedDecimals(number, 2); }
+
+std::string FixedDecimals(double number, int decimals) {
+  const double unit = std::pow(10.0, decimals);
+  const double rounded = std::round(number * unit) / unit + 0.0;
   PlainDigits digits;
   const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), rounded,
-                                    std::chars_format::fixed, 2);
+                                    std::chars_format::fixed, decimals);
   return {digits.data(), result.ptr};
 }
 

@@ -86,6 +86,24 @@ class Pages {
   virtual void Open(const std::string& addressOrFile) = 0;
 };
 
+struct LocalTime {
+  int year = 0;
+  int month = 1;  // 1 to 12
+  int day = 1;
+  int hour = 0;  // 0 to 23
+  int minute = 0;
+  int second = 0;
+};
+
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  // Date and time where the computer stands.
+  [[nodiscard]] virtual LocalTime Now() = 0;
+};
+
+class Database;
+
 struct Platform {
   MessageBoxes& boxes;
   FileDialogs& dialogs;
@@ -93,6 +111,8 @@ struct Platform {
   Keyboard& keyboard;
   SettingsStore& settings;
   Pages& pages;
+  Database& database;
+  Clock& clock;
   std::filesystem::path programFolder;  // holds Teams, Ballparks, Logos, Charts
 };
 

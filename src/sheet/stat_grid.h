@@ -1,7 +1,6 @@
 // A table of text cells, addressed by row and column from 0, with a fixed header row 0.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -10,25 +9,39 @@
 #include <vector>
 
 #include "game/colour.h"
+#include "sheet/cell_column.h"
 
 namespace dtb {
 
+// Width of a column that nobody has sized yet.
+inline constexpr int kUsualColumnWidth = 900;
+
 enum class CellAlignment { Left, Centred, Right };
 
-// One flat store of cells: a text of up to seven bytes lies in the cell itself, a longer one beside
-// it. A column of width 0 is hidden, yet its cells exist. Copies take contents and looks and leave
-// the observer where it is; assignment puts them back and tells the observer of what changed.
+// New contents for a whole grid, on their way into it: headers, then cell after cell.
+struct GridContents {
+  std::vector<std::string> headers;
+  std::vector<CellColumn> columns;  // as many as headers, all of the same size
+};
+
+// A column of width 0 is hidden, yet its cells exist. Copies take contents and looks and leave the
+// observer where it is; assignment puts them back and tells the observer of what changed.
 class StatGrid {
  public:
   struct Column {
     int width = 0;  // twentieths of a point; 0: hidden
     CellAlignment alignment = CellAlignment::Left;
+    std::optional<Colour> ink = {};  // of the data cells' text; none: the usual one
     friend bool operator==(const Column&, const Column&) = default;
   };
 
   struct Observer {
     std::function<void(int row, int column)> cellChanged;
     std::function<void(int column)> columnChanged;
+    // Anything may have changed, the number of rows and columns too.
+    std::function<void()> replaced = {};
+    // The texts of many data cells changed, or which row holds them; nothing else.
+    std::function<void()> rearranged = {};
   };
 
   StatGrid(int rows, int columns);
@@ -52,10 +65,27 @@ class StatGrid {
   [[nodiscard]] const Column& ColumnAt(int column) const { return columns_.at(column); }
   void SetColumnWidth(int column, int width);
   void SetColumnAlignment(int column, CellAlignment alignment);
+  void SetColumnInk(int column, std::optional<Colour> ink);
 
   // Data rows alternate between two colours that tell the table apart from its neighbour.
-  void SetRowColours(Colour evenRows, Colour oddRows);
-  [[nodiscard]] Colour RowColour(int row) const { return row % 2 == 0 ? evenRows_ : oddRows_; }
+  void SetRowColours(Colour evenRows, Colour oddRows) { SetRowBands(oddRows, evenRows, 1); }
+  // From row 1 on, bands of so many rows alternate between two colours.
+  void SetRowBands(Colour first, Colour second, int rowsPerBand);
+  [[nodiscard]] Colour RowColour(int row) const {
+    return row > 0 && (row - 1) / rowsPerBand_ % 2 == 0 ? firstBand_ : secondBand_;
+  }
+
+  // Takes all contents anew, with the columns in their first look (shown, left-aligned, usual ink)
+  // and white rows. One notification.
+  void Replace(GridContents contents);
+  // Puts the function's result in the place of each text of a column's data rows. One notification.
+  void RewriteColumn(int column, const std::function<std::string(std::string_view)>& rewrite);
+  // Sorts the data rows on a column as CellColumn::Sorted says. One notification.
+  void SortRows(int column, SortOrder order);
+  // The number of characters of the longest text of a column, its header included.
+  [[nodiscard]] std::size_t LongestText(int column) const;
+  // Bytes of store that all cells take.
+  [[nodiscard]] std::size_t BytesTaken() const;
 
   // There is one observer at most.
   void Observe(Observer observer) { observer_ = std::move(observer); }
@@ -63,23 +93,17 @@ class StatGrid {
   friend bool operator==(const StatGrid& a, const StatGrid& b);
 
  private:
-  // The last byte is the length of a text held here, or kLong: then the first four bytes are the
-  // text's place in longTexts_.
-  using Cell = std::array<char, 8>;
-  static constexpr std::size_t kShortLimit = 7;
-  static constexpr char kLong = 127;
-
-  [[nodiscard]] std::size_t IndexOf(int row, int column) const;
-  [[nodiscard]] std::string_view TextAt(std::size_t index) const;
-  void StoreAt(std::size_t index, std::string_view text);
+  void RequireCell(int row, int column) const;
+  template <class Change>
+  void ChangeColumn(int column, Change change);
 
   int rows_;
   std::vector<Column> columns_;
-  std::vector<Cell> cells_;
-  std::vector<std::string> longTexts_;
-  std::vector<std::uint32_t> freeLongTexts_;
-  Colour evenRows_ = kWhite;
-  Colour oddRows_ = kWhite;
+  std::vector<std::string> headers_;  // row 0
+  std::vector<CellColumn> cells_;     // rows from 1 on
+  Colour firstBand_ = kWhite;
+  Colour secondBand_ = kWhite;
+  int rowsPerBand_ = 1;
   Observer observer_;
 };
 

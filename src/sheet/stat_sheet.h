@@ -4,6 +4,7 @@
 #include <string>
 
 #include "game/field.h"
+#include "game/text_cell.h"
 #include "platform/picture.h"
 #include "sheet/stat_grid.h"
 
@@ -50,6 +51,14 @@ struct StatSheet {
   Field<Picture> Picture3;  // logo of the visitors
   Field<Picture> Picture4;  // logo of the home team
   Field<std::string> tb_Comments;
+
+  // The save.
+  Field<bool> Command2_enabled{true};  // "SAVE TO DB" is in use: the game is not saved yet
+  Field<std::string> tb_TimeStamp2;    // GameID of the last save
+  TextCell tb_VisWin;                  // "1" while the win of the visitors is recorded
+  TextCell tb_VisLoss;
+  TextCell tb_HomeWin;
+  TextCell tb_HomeLoss;
 
   // The cell editor.
   Field<std::string> Text1;                  // the text being edited

@@ -25,11 +25,14 @@ namespace error_number {
 inline constexpr int kInvalidCall = 5;
 inline constexpr int kOutOfMemory = 7;
 inline constexpr int kSubscriptOutOfRange = 9;
+inline constexpr int kTypeMismatch = 13;
 inline constexpr int kInternal = 51;
 inline constexpr int kFileNotFound = 53;
 inline constexpr int kDeviceFault = 57;
+inline constexpr int kDiskFull = 61;
 inline constexpr int kPermissionDenied = 70;
 inline constexpr int kPathOrFileAccess = 75;
+inline constexpr int kInvalidFileFormat = 321;
 }  // namespace error_number
 
 // Shows the box "Program Error" for an error.

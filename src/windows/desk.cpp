@@ -50,12 +50,15 @@ void DressApplication() {
 
 Desk::Desk(const Setup& setup)
     : settings_(setup.settingsFile),
+      database_(setup.programFolder / kDatabaseFile),
       platform_{boxes_,
                 setup.dialogs != nullptr ? *setup.dialogs : ownDialogs_,
                 pictures_,
                 keyboard_,
                 settings_,
                 setup.pages != nullptr ? *setup.pages : ownPages_,
+                database_,
+                clock_,
                 setup.programFolder} {
   StartUp(board_);
   form1_ = std::make_unique<Form1>(board_, pictures_);

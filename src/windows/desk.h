@@ -10,6 +10,7 @@
 #include "platform/qt/qt_keyboard.h"
 #include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_settings_store.h"
+#include "platform/sqlite/sqlite_database.h"
 #include "windows/form1.h"
 #include "windows/message_box.h"
 
@@ -41,6 +42,8 @@ class Desk {
   QtPictures pictures_;
   QtKeyboard keyboard_;
   QtSettingsStore settings_;
+  SqliteDatabase database_;
+  QtClock clock_;
   WindowBoxes boxes_;
   Platform platform_;
   BoardState state_;

@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QStyleOption>
+#include <algorithm>
 
 #include "windows/look.h"
 
@@ -25,6 +26,12 @@ void DrawButton(QPainter& painter, const QStyleOption* option) {
   QColor fill = kSlateRaised;
   if (hover) fill = kSlateHover;
   if (pressed) fill = QColor(14, 26, 20);
+  // A button with a colour of its own keeps its hue.
+  if (const QColor own = option->palette.color(QPalette::Button); own != kSlateRaised) {
+    fill = own;
+    if (hover) fill = own.lighter(115);
+    if (pressed) fill = own.darker(130);
+  }
   if (!enabled) fill = QColor(30, 46, 38);
   QColor edge = hover ? kCream : kEdgeBright;
   if (!enabled) edge = kEdge;
@@ -81,6 +88,30 @@ void DrawMenuBarItem(QPainter& painter, const QStyleOptionMenuItem& item) {
   if (Has(&item, QStyle::State_HasFocus) && selected) DrawFocus(painter, item.rect, 2);
 }
 
+// A tab grows out of the page under it; the one in front has the colour of the page.
+void DrawTab(QPainter& painter, const QStyleOption* option) {
+  const bool front = Has(option, QStyle::State_Selected);
+  const bool hover = Has(option, QStyle::State_MouseOver) && !front;
+  const QRectF tab = QRectF(option->rect).adjusted(1, front ? 0 : 3, -1, 8);
+  painter.setClipRect(option->rect);
+  DrawPlate(painter, tab, front ? kSlate : (hover ? kSlateHover : kSlateRaised),
+            front ? kEdgeBright : kEdge);
+  if (front) painter.fillRect(QRectF(tab.left() + 8, tab.top() + 1, tab.width() - 16, 3), kAccent);
+}
+
+void DrawTabPage(QPainter& painter, const QStyleOption* option) {
+  painter.fillRect(option->rect, kSlate);
+  painter.setPen(kEdgeBright);
+  painter.drawLine(option->rect.topLeft(), option->rect.topRight());
+}
+
+void DrawProgress(QPainter& painter, const QStyleOptionProgressBar& bar) {
+  const double all = std::max(1, bar.maximum - bar.minimum);
+  QRectF done = QRectF(bar.rect).adjusted(1, 1, -1, -1);
+  done.setWidth(done.width() * (bar.progress - bar.minimum) / all);
+  DrawPlate(painter, done, kAccent, Qt::transparent, 0, 3);
+}
+
 void DrawScrollBar(QPainter& painter, const QStyle& style, const QStyleOptionSlider& bar,
                    const QWidget* widget) {
   painter.fillRect(bar.rect, QColor(214, 210, 198));
@@ -124,6 +155,11 @@ void SlateStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     case PE_PanelMenuBar:
       painter->fillRect(option->rect, kSlate);
       break;
+    case PE_FrameTabWidget:
+      DrawTabPage(*painter, option);
+      break;
+    case PE_FrameTabBarBase:
+      break;
     case PE_FrameMenu:
       DrawPlate(*painter, option->rect, Qt::transparent, kEdgeBright, 1, 0);
       break;
@@ -149,6 +185,14 @@ void SlateStyle::drawControl(ControlElement element, const QStyleOption* option,
     painter->setPen(kEdgeBright);
     painter->drawLine(option->rect.topRight(), option->rect.bottomRight());
     painter->drawLine(option->rect.bottomLeft(), option->rect.bottomRight());
+  } else if (element == CE_TabBarTabShape) {
+    DrawTab(*painter, option);
+  } else if (element == CE_ProgressBarGroove) {
+    DrawPlate(*painter, option->rect, QColor(14, 26, 20), kEdgeBright, 1, 4);
+  } else if (element == CE_ProgressBarContents) {
+    if (const auto* bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option)) {
+      DrawProgress(*painter, *bar);
+    }
   } else {
     QProxyStyle::drawControl(element, option, painter, widget);
   }
@@ -181,6 +225,12 @@ int SlateStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_CheckBoxLabelSpacing:
     case PM_RadioButtonLabelSpacing:
       return widget != nullptr ? qMax(3, widget->fontMetrics().height() / 3) : 6;
+    case PM_TabBarTabHSpace:
+      return 28;
+    case PM_TabBarTabVSpace:
+      return 16;
+    case PM_TabBarTabShiftVertical:
+    case PM_TabBarTabShiftHorizontal:
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
       return 0;

@@ -5,8 +5,8 @@
 
 namespace dtb {
 
-// Flat plates for buttons, fields, marks, menus, headers and scroll bars. Rest, hover, press, focus
-// and disabled look different from each other.
+// Flat plates for buttons, fields, marks, menus, tabs, headers, progress and scroll bars. Rest,
+// hover, press, focus and disabled look different from each other.
 class SlateStyle : public QProxyStyle {
   Q_OBJECT
  public:

@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <algorithm>
 
 #include "platform/qt/qt_text.h"
 #include "windows/look.h"
@@ -40,7 +41,16 @@ StatGridModel::StatGridModel(StatGrid& grid, QObject* parent)
                     emit dataChanged(cell, cell);
                   }
                 },
-                [this](int column) { emit columnChanged(column); }});
+                [this](int column) { emit columnChanged(column); },
+                [this] {
+                  beginResetModel();
+                  endResetModel();
+                },
+                [this] { TellRearranged(); }});
+}
+
+void StatGridModel::TellRearranged() {
+  if (rowCount() > 0) emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }
 
 int StatGridModel::rowCount(const QModelIndex& parent) const {
@@ -60,8 +70,10 @@ QVariant StatGridModel::data(const QModelIndex& index, int role) const {
       return AlignmentOf(grid_.ColumnAt(index.column()).alignment).toInt();
     case Qt::BackgroundRole:
       return look::Shade(grid_.RowColour(row));
-    case Qt::ForegroundRole:
-      return look::kInk;
+    case Qt::ForegroundRole: {
+      const auto& ink = grid_.ColumnAt(index.column()).ink;
+      return ink ? look::Shade(*ink) : look::kInk;
+    }
     default:
       return {};
   }
@@ -70,13 +82,16 @@ QVariant StatGridModel::data(const QModelIndex& index, int role) const {
 QVariant StatGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal) return {};
   if (role == Qt::DisplayRole) return ShownText(grid_, 0, section);
-  if (role == Qt::TextAlignmentRole) return AlignmentOf(grid_.ColumnAt(section).alignment).toInt();
+  if (role == Qt::TextAlignmentRole) {
+    return headersCentred_ ? int{Qt::AlignCenter}
+                           : AlignmentOf(grid_.ColumnAt(section).alignment).toInt();
+  }
   return {};
 }
 
-StatGridView::StatGridView(StatGrid& grid, QWidget* parent) : QTableView(parent), grid_(grid) {
-  auto* model = new StatGridModel(grid, this);
-  setModel(model);
+StatGridView::StatGridView(StatGrid& grid, QWidget* parent)
+    : QTableView(parent), grid_(grid), model_(new StatGridModel(grid, this)) {
+  setModel(model_);
   setEditTriggers(NoEditTriggers);
   setSelectionMode(SingleSelection);
   setFrameShape(NoFrame);
@@ -93,7 +108,12 @@ StatGridView::StatGridView(StatGrid& grid, QWidget* parent) : QTableView(parent)
   QPalette palette = this->palette();
   palette.setColor(QPalette::Base, QColor(224, 224, 224));
   setPalette(palette);
-  connect(model, &StatGridModel::columnChanged, this, &StatGridView::ArrangeColumn);
+  connect(model_, &StatGridModel::columnChanged, this, &StatGridView::ArrangeSoon);
+  connect(model_, &StatGridModel::modelReset, this, &StatGridView::ArrangeSoon);
+  connect(this, &QTableView::clicked, this,
+          [this](const QModelIndex& cell) { emit cellClicked(cell.row() + 1, cell.column()); });
+  connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
+          [this](int column) { emit cellDoubleClicked(0, column); });
 }
 
 void StatGridView::SetScale(double typePixels, double pixelsPerTwip) {
@@ -101,33 +121,79 @@ void StatGridView::SetScale(double typePixels, double pixelsPerTwip) {
   setFont(look::Font(typePixels));
   horizontalHeader()->setFont(look::Font(typePixels, true));
   verticalHeader()->setDefaultSectionSize(qRound(typePixels * 1.5));
-  for (int column = 0; column < grid_.columns(); ++column) ArrangeColumn(column);
-  Stretch();
+  Arrange();
 }
 
 void StatGridView::SetStretchColumns(std::vector<int> columns) {
   stretched_ = std::move(columns);
-  Stretch();
+  Arrange();
 }
 
-void StatGridView::Stretch() {
-  if (stretched_.empty()) return;
-  for (const int column : stretched_) ArrangeColumn(column);
-  const int left = viewport()->width() - horizontalHeader()->length();
-  if (left <= 0) return;
-  const int share = left / static_cast<int>(stretched_.size());
-  for (const int column : stretched_) setColumnWidth(column, columnWidth(column) + share);
+void StatGridView::StretchAllColumns() {
+  allStretched_ = true;
+  Arrange();
+}
+
+void StatGridView::ShowAsResult() {
+  model_->CentreHeaders();
+  firstColumnShown_ = false;
+  Arrange();
 }
 
 void StatGridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
-  Stretch();
+  Arrange();
 }
 
-void StatGridView::ArrangeColumn(int column) {
-  const int width = grid_.ColumnAt(column).width;
-  setColumnHidden(column, width < 1);
-  if (width >= 1) setColumnWidth(column, qRound(width * pixelsPerTwip_));
+// A new result changes each column in turn; they are arranged once, before the next painting.
+void StatGridView::ArrangeSoon() {
+  viewport()->update();
+  if (arrangePending_) return;
+  arrangePending_ = true;
+  QMetaObject::invokeMethod(this, &StatGridView::Arrange, Qt::QueuedConnection);
+}
+
+bool StatGridView::Shown(int column) const {
+  return grid_.ColumnAt(column).width >= 1 && (column > 0 || firstColumnShown_);
+}
+
+std::vector<int> StatGridView::StretchedNow() const {
+  std::vector<int> columns;
+  for (int column = 0; column < grid_.columns(); ++column) {
+    const bool chosen = std::find(stretched_.begin(), stretched_.end(), column) != stretched_.end();
+    if (Shown(column) && (allStretched_ || chosen)) columns.push_back(column);
+  }
+  return columns;
+}
+
+std::vector<int> StatGridView::Widths() const {
+  std::vector<int> widths(static_cast<std::size_t>(grid_.columns()));
+  int left = viewport()->width();
+  for (int column = 0; column < grid_.columns(); ++column) {
+    if (!Shown(column)) continue;
+    int& width = widths[static_cast<std::size_t>(column)];
+    width = std::max(1, qRound(grid_.ColumnAt(column).width * pixelsPerTwip_));
+    left -= width;
+  }
+  const std::vector<int> stretched = StretchedNow();
+  auto sharers = static_cast<int>(stretched.size());
+  for (const int column : stretched) {
+    if (left <= 0) break;
+    const int share = left / sharers--;
+    widths[static_cast<std::size_t>(column)] += share;
+    left -= share;
+  }
+  return widths;
+}
+
+void StatGridView::Arrange() {
+  arrangePending_ = false;
+  const std::vector<int> widths = Widths();
+  for (int column = 0; column < grid_.columns(); ++column) {
+    const int width = widths[static_cast<std::size_t>(column)];
+    setColumnHidden(column, width == 0);
+    if (width > 0) setColumnWidth(column, width);
+  }
 }
 
 void StatGridView::SetCurrentCell(int row, int column) {
@@ -142,7 +208,13 @@ void StatGridView::keyPressEvent(QKeyEvent* event) {
   const QModelIndex cell = currentIndex();
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (enter) {
-    if (cell.isValid() && !event->isAutoRepeat()) emit editWanted(cell.row() + 1, cell.column());
+    if (!cell.isValid() || event->isAutoRepeat()) return;
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+      emit cellDoubleClicked(cell.row() + 1, cell.column());
+    } else {
+      emit cellClicked(cell.row() + 1, cell.column());
+    }
+    emit editWanted(cell.row() + 1, cell.column());
   } else if (event->key() == Qt::Key_Delete) {
     if (cell.isValid()) emit clearWanted(cell.row() + 1, cell.column());
   } else {
@@ -153,6 +225,7 @@ void StatGridView::keyPressEvent(QKeyEvent* event) {
 void StatGridView::mouseDoubleClickEvent(QMouseEvent* event) {
   const QModelIndex cell = indexAt(event->pos());
   if (cell.isValid() && event->button() == Qt::LeftButton) {
+    emit cellDoubleClicked(cell.row() + 1, cell.column());
     emit editWanted(cell.row() + 1, cell.column());
   }
 }

@@ -20,15 +20,21 @@ class StatGridModel : public QAbstractTableModel {
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
+  void CentreHeaders() { headersCentred_ = true; }
+
  signals:
   void columnChanged(int column);
 
  private:
+  void TellRearranged();
+
   StatGrid& grid_;
+  bool headersCentred_ = false;  // whatever the alignment of the column
 };
 
 // A table whose columns have the grid's widths and whose type follows the form. Columns of width 0
-// are hidden. Enter or a double click wants a cell edited, Delete wants it cleared.
+// are hidden. Enter or a double click wants a cell edited, Delete wants it cleared. All signals
+// give the grid's rows and columns.
 class StatGridView : public QTableView {
   Q_OBJECT
  public:
@@ -39,6 +45,11 @@ class StatGridView : public QTableView {
 
   // Columns that share what is left of the table's width, names as a rule.
   void SetStretchColumns(std::vector<int> columns);
+  // All shown columns take their part of it.
+  void StretchAllColumns();
+
+  // The looks of a query's result: header cells are centred, column 0 is hidden.
+  void ShowAsResult();
 
   // The grid's row of the current cell.
   [[nodiscard]] int currentRow() const { return currentIndex().row() + 1; }
@@ -49,6 +60,9 @@ class StatGridView : public QTableView {
  signals:
   void editWanted(int row, int column);
   void clearWanted(int row, int column);
+  void cellClicked(int row, int column);  // or Enter
+  // Or Ctrl + Enter. A double click on the header is one, too: row 0.
+  void cellDoubleClicked(int row, int column);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -56,11 +70,19 @@ class StatGridView : public QTableView {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void ArrangeColumn(int column);
-  void Stretch();
+  void ArrangeSoon();
+  void Arrange();
+  [[nodiscard]] bool Shown(int column) const;
+  // Pixels of each column; 0 for one that is not shown.
+  [[nodiscard]] std::vector<int> Widths() const;
+  [[nodiscard]] std::vector<int> StretchedNow() const;
 
   StatGrid& grid_;
+  StatGridModel* model_;
   std::vector<int> stretched_;
+  bool allStretched_ = false;
+  bool firstColumnShown_ = true;
+  bool arrangePending_ = false;
   double pixelsPerTwip_ = 1.0 / 15;
 };
 

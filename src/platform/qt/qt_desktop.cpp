@@ -1,6 +1,7 @@
 #include "platform/qt/qt_desktop.h"
 
 #include <QApplication>
+#include <QDateTime>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -36,6 +37,13 @@ void QtPages::Open(const std::string& addressOrFile) {
   const QString text = ToQt(addressOrFile);
   QDesktopServices::openUrl(QFileInfo::exists(text) ? QUrl::fromLocalFile(text)
                                                     : QUrl::fromUserInput(text));
+}
+
+LocalTime QtClock::Now() {
+  const QDateTime now = QDateTime::currentDateTime();
+  const QDate date = now.date();
+  const QTime time = now.time();
+  return {date.year(), date.month(), date.day(), time.hour(), time.minute(), time.second()};
 }
 
 }  // namespace dtb

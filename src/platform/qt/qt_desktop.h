@@ -1,4 +1,4 @@
-// File dialogs and the system's own programs.
+// File dialogs, clock and the system's own programs.
 #pragma once
 
 #include <QWidget>
@@ -15,6 +15,11 @@ class QtFileDialogs : public FileDialogs {
 class QtPages : public Pages {
  public:
   void Open(const std::string& addressOrFile) override;
+};
+
+class QtClock : public Clock {
+ public:
+  LocalTime Now() override;
 };
 
 // "Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*" in the toolkit's form: "Text (*.txt);;Csv (*.csv*)".

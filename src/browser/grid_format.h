@@ -1,0 +1,34 @@
+// How a grid of the browser is filled, formatted and sorted.
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+#include "browser/browser.h"
+#include "platform/database.h"
+
+namespace dtb {
+
+// Shows the grid and replaces its contents with the statement's result; all columns are centred but
+// those listed, and as wide as their texts. Throws ProgramError, and the grid keeps its contents.
+void LoadGrid(Browser& browser, BrowserGrid& grid, const Statement& statement,
+              std::initializer_list<int> leftAligned);
+
+enum class Decimals { Two = 2, Three = 3 };  // the patterns ".00" and ".000"
+
+// A number with two or three decimals, rounded half away from zero, without a zero before the
+// point: ".250", "12.00", "-.50". Text that is no number stays as it is.
+[[nodiscard]] std::string PatternText(std::string_view number, Decimals decimals);
+
+// Rewrites the data cells of a column so and aligns it right.
+void FormatColumn(StatGrid& grid, int column, Decimals decimals);
+
+// Rows in pairs: rows 1 and 2 take the first tint, 3 and 4 the second, and so on.
+void BandRows(StatGrid& grid, Colour first, Colour second);
+
+// Double click on a column of MSHFlexGrid2 to 5. Sorts with Ctrl held, else does nothing. A new
+// column is sorted in the direction used last, the same column the other way.
+void SortOnDoubleClick(Browser& browser, BrowserGrid& grid, int column);
+
+}  // namespace dtb

@@ -1,0 +1,122 @@
+#include "platform/sqlite/sqlite_database.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "game/text_cell.h"
+#include "platform/sqlite/connection.h"
+#include "platform/sqlite/sqlite_save.h"
+#include "sheet/stat_grid.h"
+
+namespace dtb {
+namespace {
+
+// A double has no more than 15 digits that can be relied on: 0.1 + 0.2 is 0.3 to a person.
+std::string PlainNumber(double number) {
+  constexpr int kDigits = 15;
+  std::array<char, 40> digits{};
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
+                                 std::chars_format::scientific, kDigits - 1);
+  double rounded = number;
+  std::from_chars(digits.data(), end.ptr, rounded);
+  return DecimalText(rounded);
+}
+
+void AppendValue(CellColumn& column, sqlite3_stmt* row, int field) {
+  switch (sqlite3_column_type(row, field)) {
+    case SQLITE_NULL:
+      return column.Append({});
+    case SQLITE_INTEGER:
+      return column.AppendNumber(sqlite3_column_int64(row, field));
+    case SQLITE_FLOAT:
+      return column.Append(PlainNumber(sqlite3_column_double(row, field)));
+    default: {
+      const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, field));
+      const auto size = static_cast<std::size_t>(sqlite3_column_bytes(row, field));
+      return column.Append(text == nullptr ? std::string_view() : std::string_view(text, size));
+    }
+  }
+}
+
+// The library's own way to a value costs more than the value: hence the engine's bare calls here.
+GridContents AllRows(const SQLite::Database& database, const Statement& query,
+                     const std::filesystem::path& file) {
+  sqlite3_stmt* made = nullptr;
+  const int prepared =
+      sqlite3_prepare_v2(database.getHandle(), query.text.c_str(), -1, &made, nullptr);
+  const std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> statement(made,
+                                                                             sqlite3_finalize);
+  if (prepared != SQLITE_OK) sqlite::ThrowFault(database, file);
+  for (std::size_t i = 0; i < query.bound.size(); ++i) {
+    const std::string& text = query.bound[i];
+    sqlite3_bind_text64(made, static_cast<int>(i) + 1, text.data(), text.size(), SQLITE_STATIC,
+                        SQLITE_UTF8);
+  }
+
+  const int fields = sqlite3_column_count(made);
+  GridContents contents{{""}, std::vector<CellColumn>(static_cast<std::size_t>(fields) + 1)};
+  for (int field = 0; field < fields; ++field) {
+    contents.headers.emplace_back(sqlite3_column_name(made, field));
+  }
+  int stepped = SQLITE_ROW;
+  while ((stepped = sqlite3_step(made)) == SQLITE_ROW) {
+    contents.columns.front().Append({});
+    for (int field = 0; field < fields; ++field) {
+      AppendValue(contents.columns[static_cast<std::size_t>(field) + 1], made, field);
+    }
+  }
+  if (stepped != SQLITE_DONE) sqlite::ThrowFault(database, file);
+  for (CellColumn& column : contents.columns) column.Fit();
+  return contents;
+}
+
+void RunBound(SQLite::Database& database, const Statement& statement) {
+  SQLite::Statement bound(database, statement.text);
+  for (std::size_t i = 0; i < statement.bound.size(); ++i) {
+    bound.bindNoCopy(static_cast<int>(i) + 1, statement.bound[i]);
+  }
+  bound.exec();
+}
+
+void AddOnce(std::vector<std::string>& faults, const std::string& fault) {
+  if (std::ranges::find(faults, fault) == faults.end()) faults.push_back(fault);
+}
+
+}  // namespace
+
+void SqliteDatabase::Run(const Statement& query, StatGrid& result) {
+  GridContents contents = AllRows(sqlite::Open(file_), query, file_);
+  result.Replace(std::move(contents));
+}
+
+std::vector<std::string> SqliteDatabase::Delete(const std::vector<Statement>& statements) {
+  std::vector<std::string> faults;
+  try {
+    SQLite::Database database = sqlite::Open(file_);
+    for (const Statement& statement : statements) {
+      try {
+        try {
+          RunBound(database, statement);
+        } catch (const SQLite::Exception& fault) {
+          // One wait is enough for all.
+          database.setBusyTimeout(0);
+          sqlite::ThrowFault(fault, file_);
+        }
+      } catch (const ProgramError& fault) {
+        AddOnce(faults, fault.what());
+      }
+    }
+  } catch (const ProgramError& fault) {
+    AddOnce(faults, fault.what());
+  }
+  return faults;
+}
+
+std::unique_ptr<DatabaseSave> SqliteDatabase::BeginSave(const std::vector<TableColumns>& tables) {
+  return std::make_unique<SqliteSave>(file_, tables);
+}
+
+}  // namespace dtb

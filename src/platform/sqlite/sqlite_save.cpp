@@ -1,0 +1,96 @@
+#include "platform/sqlite/sqlite_save.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <string_view>
+
+namespace dtb {
+namespace {
+
+std::string InsertInto(const TableColumns& table) {
+  std::string names;
+  std::string marks;
+  for (const std::string& column : table.columns) {
+    names += (names.empty() ? "" : ", ") + sqlite::Quoted(column);
+    marks += marks.empty() ? "?" : ", ?";
+  }
+  return "INSERT INTO " + sqlite::Quoted(table.table) + " (" + names + ") VALUES (" + marks + ")";
+}
+
+// The engine names the check that a row failed, and the checks are named after their columns.
+std::string Refusal(const SQLite::Exception& fault, const std::string& table,
+                    const std::vector<ColumnText>& row) {
+  const std::string_view message = fault.what();
+  for (const auto& [column, text] : row) {
+    if (!message.ends_with(": " + column)) continue;
+    return "The column \"" + column + "\" of the table \"" + table +
+           "\" takes no text but numbers, "
+           "and \"" +
+           text + "\" is none.";
+  }
+  return "The table \"" + table + "\" refuses a row: " + std::string(message) + ".";
+}
+
+}  // namespace
+
+SqliteSave::SqliteSave(const std::filesystem::path& file, const std::vector<TableColumns>& tables)
+    : file_(file), database_(sqlite::Open(file)) {
+  try {
+    RequireWritable();
+    for (const TableColumns& columns : tables) {
+      tables_.push_back({columns, SQLite::Statement(database_, InsertInto(columns))});
+    }
+  } catch (const SQLite::Exception& fault) {
+    sqlite::ThrowFault(fault, file_);
+  }
+}
+
+void SqliteSave::RequireWritable() {
+  if (sqlite3_db_readonly(database_.getHandle(), "main") == 1) {
+    throw SQLite::Exception("read-only", SQLITE_READONLY);
+  }
+  database_.exec("BEGIN IMMEDIATE");
+  // Writing what is there already opens the journal, and so finds a folder that cannot be written.
+  const int version = database_.execAndGet("PRAGMA user_version");
+  database_.exec("PRAGMA user_version = " + std::to_string(version));
+}
+
+SqliteSave::Table& SqliteSave::TableOf(const std::string& name) {
+  const auto found = std::ranges::find_if(
+      tables_, [&name](const Table& table) { return table.columns.table == name; });
+  if (found == tables_.end()) throw ProgramError(error_number::kInternal, "No table " + name);
+  return *found;
+}
+
+void SqliteSave::Append(const std::string& table, const std::vector<ColumnText>& row) {
+  auto& [columns, insert] = TableOf(table);
+  try {
+    insert.reset();
+    insert.clearBindings();
+    for (const auto& [column, text] : row) {
+      const auto place = std::ranges::find(columns.columns, column);
+      if (place == columns.columns.end()) {
+        throw ProgramError(error_number::kInternal, "No column " + column);
+      }
+      insert.bind(static_cast<int>(place - columns.columns.begin()) + 1, text);
+    }
+    insert.exec();
+  } catch (const SQLite::Exception& fault) {
+    const int code = fault.getErrorCode();
+    if (code == SQLITE_CONSTRAINT || code == SQLITE_MISMATCH || code == SQLITE_TOOBIG) {
+      throw RowRefused(error_number::kTypeMismatch, Refusal(fault, table, row));
+    }
+    sqlite::ThrowFault(fault, file_);
+  }
+}
+
+void SqliteSave::Commit() {
+  try {
+    database_.exec("COMMIT");
+  } catch (const SQLite::Exception& fault) {
+    sqlite::ThrowFault(fault, file_);
+  }
+}
+
+}  // namespace dtb

@@ -1,0 +1,33 @@
+// One save: rows that are stored all together or not at all.
+#pragma once
+
+#include <filesystem>
+
+#include "platform/database.h"
+#include "platform/sqlite/connection.h"
+
+namespace dtb {
+
+// The connection closes with the object, and what was not committed is gone.
+class SqliteSave : public DatabaseSave {
+ public:
+  SqliteSave(const std::filesystem::path& file, const std::vector<TableColumns>& tables);
+
+  void Append(const std::string& table, const std::vector<ColumnText>& row) override;
+  void Commit() override;
+
+ private:
+  struct Table {
+    TableColumns columns;
+    SQLite::Statement insert;  // takes a text for every column, in their order
+  };
+
+  void RequireWritable();
+  [[nodiscard]] Table& TableOf(const std::string& name);
+
+  std::filesystem::path file_;
+  SQLite::Database database_;
+  std::vector<Table> tables_;
+};
+
+}  // namespace dtb

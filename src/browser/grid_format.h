@@ -1,7 +1,7 @@
 // How a grid of the browser is filled, formatted and sorted.
 #pragma once
 
-#include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -13,7 +13,7 @@ namespace dtb {
 // Shows the grid and replaces its contents with the statement's result; all columns are centred but
 // those listed, and as wide as their texts. Throws ProgramError, and the grid keeps its contents.
 void LoadGrid(Browser& browser, BrowserGrid& grid, const Statement& statement,
-              std::initializer_list<int> leftAligned);
+              std::span<const int> leftAligned);
 
 enum class Decimals { Two = 2, Three = 3 };  // the patterns ".00" and ".000"
 

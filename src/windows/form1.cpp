@@ -10,6 +10,7 @@
 #include "platform/qt/qt_text.h"
 #include "teams/pitchers.h"
 #include "windows/base_tracker.h"
+#include "windows/form4.h"
 #include "windows/look.h"
 #include "windows/options_panel.h"
 #include "windows/piece_view.h"
@@ -49,6 +50,7 @@ void Form1::BuildMenu() {
     connect(action, &QAction::triggered, this, operation);
   };
   menuBar()->setNativeMenuBar(false);
+  add("mnuStatistics", "Database", [this] { Form4::Run(board_.platform, this); });
   add("mnuEventLog", "EventLog", [this] { ShowLog(); });
   add("mnu_Options", "Options", [this] { ToggleOptions(board_); });
 }

@@ -8,8 +8,10 @@
 #include "game/constant_update.h"
 #include "platform/qt/qt_text.h"
 #include "sheet/cell_edit.h"
+#include "sheet/save_game.h"
 #include "windows/bind.h"
 #include "windows/controls.h"
+#include "windows/form4_busy.h"
 #include "windows/look.h"
 
 namespace dtb {
@@ -104,8 +106,11 @@ void Form2::BuildBottom() {
   auto* save = new QPushButton(QStringLiteral("SAVE TO DB"), this);
   Name(save, "Command2", QStringLiteral("SAVE TO DB"));
   save->setAutoDefault(false);
-  save->setEnabled(false);
-  save->setToolTip(QStringLiteral("Saving games to the database comes with the next version"));
+  Follow<bool>(save, board_.sheet.Command2_enabled, [save](bool on) { save->setEnabled(on); });
+  connect(save, &QPushButton::clicked, this, [this] {
+    const BusyPointer busy;
+    SaveGame(board_);
+  });
   scene_.Put(save, {1260, 776, 248, 44}, kLarge, true);
 }
 

@@ -1,0 +1,60 @@
+#include "browser/deletes.h"
+
+#include <string>
+#include <vector>
+
+#include "platform/database.h"
+#include "sheet/saved_tables.h"
+#include "sheet/text_order.h"
+
+namespace dtb {
+namespace {
+
+void DeleteAfterQuestion(Browser& browser, const std::string& question,
+                         const std::vector<Statement>& statements, const std::string& completion) {
+  MessageBoxes& boxes = browser.platform.boxes;
+  if (!boxes.Ask(question, kBrowserTitle)) return;
+  std::string faults;
+  for (const std::string& fault : browser.platform.database.Delete(statements)) {
+    faults += "\n\n" + fault;
+  }
+  if (!faults.empty()) {
+    boxes.Show("Not everything could be deleted." + faults, BoxIcon::Exclamation, kBrowserTitle);
+  }
+  boxes.Show(completion, BoxIcon::Information, kBrowserTitle);
+}
+
+}  // namespace
+
+void SelectForDelete(Browser& browser, const BrowserGrid& grid, int row) {
+  constexpr int kName = 1;
+  if (row < 1 || row >= grid.grid.rows()) return;
+  browser.state.lbl_DEL2.Set(std::string(grid.grid.Text(row, kName)));
+}
+
+void DeleteSelected(Browser& browser) {
+  const std::string& name = browser.state.lbl_DEL2.value();
+  if (name.empty()) return;
+  DeleteAfterQuestion(
+      browser, "DELETE all statistics?",
+      {{"DELETE FROM WinLoss WHERE Team = ?1", {name}},
+       {"DELETE FROM Matchups WHERE Matchup LIKE ?1 ESCAPE '\\'", {EscapedForLike(name)}}},
+      "Delete of data is complete.");
+}
+
+void DeleteWinLoss(Browser& browser) {
+  DeleteAfterQuestion(browser, "DELETE all Win/Loss and Matchups data?",
+                      {{"DELETE FROM WinLoss"}, {"DELETE FROM Matchups"}},
+                      "Win/Loss Matchup data has been deleted.");
+}
+
+void PurgeAll(Browser& browser) {
+  std::vector<Statement> statements;
+  for (const TableColumns& table : SavedTables()) {
+    statements.push_back({"DELETE FROM " + table.table});
+  }
+  DeleteAfterQuestion(browser, "DELETE all statistics?", statements,
+                      "Delete of all statistics is complete.");
+}
+
+}  // namespace dtb

@@ -84,7 +84,7 @@ Form4::Form4(Platform& platform, QWidget* parent)
   Name(SSTab1_, "SSTab1", QStringLiteral("Tables of the database"));
   SSTab1_->tabBar()->setExpanding(false);
   auto* whole = new QVBoxLayout(this);
-  whole->setContentsMargins(0, 8, 0, 0);
+  whole->setContentsMargins(12, 8, 12, 0);
   whole->addWidget(SSTab1_);
 
   BuildLineScores();
@@ -119,7 +119,7 @@ QVBoxLayout* Form4::AddTab(const char* caption) {
   page->setAccessibleName(QLatin1String(caption));
   SSTab1_->addTab(page, QLatin1String(caption));
   auto* column = new QVBoxLayout(page);
-  column->setContentsMargins(12, 12, 12, 12);
+  column->setContentsMargins(0, 12, 0, 12);
   column->setSpacing(8);
   return column;
 }
@@ -232,7 +232,7 @@ void Form4::BuildWinLoss() {
   page->addLayout(tables);
   const auto add = [&](const char* name, const char* accessibleName, GridField grid) {
     StatGridView* view = AddGrid(name, accessibleName, grid, kBody);
-    view->SetStretchColumns({1});
+    view->StretchAllColumns();
     view->setSelectionBehavior(QTableView::SelectRows);
     tables->addWidget(view);
     BindVisible(view, (state_.*grid).visible);
@@ -250,7 +250,7 @@ void Form4::BuildWinLoss() {
   Follow<std::string>(selected, state_.lbl_DEL2, [selected](const std::string& name) {
     const QString shown = ToQt(name);
     selected->setText(shown.left(400));
-    selected->setToolTip(shown.toHtmlEscaped());
+    selected->setToolTip(WholeTextTip(shown));
     selected->setAccessibleName(QStringLiteral("Selected: ") + shown);
   });
   QPushButton* one = AddButton(strip, "Command36", "DELETE Matchup or Win/Loss");
@@ -276,7 +276,7 @@ void Form4::BuildGameStats() {
   const auto add = [&](const char* name, const char* accessibleName, GridField grid, int row,
                        int column, int span) {
     StatGridView* view = AddGrid(name, accessibleName, grid, kBody);
-    view->SetStretchColumns({1});
+    view->StretchAllColumns();
     QPalette palette = view->palette();
     palette.setColor(QPalette::Base, kButtonFace);
     view->setPalette(palette);
@@ -331,15 +331,15 @@ void Form4::resizeEvent(QResizeEvent* event) {
   for (const SizedGrid& grid : grids_) {
     grid.view->SetScale(grid.size * scale, kTwip * scale * grid.size / kBody);
   }
+  const int height = qRound(kControlHeight * scale);
   for (auto* button : findChildren<QPushButton*>()) {
-    button->setFixedHeight(qRound(kControlHeight * scale));
+    const int caption = button->fontMetrics().horizontalAdvance(button->text());
+    button->setFixedSize(caption + height, height);
   }
-  for (auto* box : findChildren<QLineEdit*>()) {
-    box->setFixedSize(qRound(kBoxWidth * scale), qRound(kControlHeight * scale));
-  }
-  lineScore_->setFixedHeight(lineScore_->horizontalHeader()->sizeHint().height() +
-                             2 * lineScore_->verticalHeader()->defaultSectionSize() +
-                             style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 4);
+  for (auto* box : findChildren<QLineEdit*>()) box->setFixedSize(qRound(kBoxWidth * scale), height);
+  // The header, both teams and room for a scroll bar.
+  lineScore_->setFixedHeight(3 * lineScore_->verticalHeader()->defaultSectionSize() +
+                             style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 8);
   bracket_->SetType(kBody * scale);
 }
 

@@ -25,6 +25,7 @@ constexpr double kWidth = 1520;  // layout units
 constexpr double kHeight = 832;
 constexpr double kControlHeight = 32;
 constexpr double kBoxWidth = 168;
+constexpr double kTeamWidth = 264;
 constexpr double kTwip = 1.0 / 15;  // pixels on the reference screen, in body type
 
 constexpr QColor kPurgeRed{255, 0, 0};
@@ -33,9 +34,9 @@ constexpr QColor kResetBlue{192, 192, 255};
 constexpr QColor kLightStrip{224, 224, 224};
 constexpr QColor kButtonFace{240, 240, 240};
 
-constexpr const char* kPlayerHint = "Beginning of the player's name";
-constexpr const char* kTeamHint = "Beginning of the team's name";
-constexpr const char* kGameHint = "Any part of the GameID";
+constexpr const char* kPlayerHint = "Name begins with";
+constexpr const char* kTeamHint = "Team begins with";
+constexpr const char* kGameHint = "GameID contains";
 constexpr const char* kExportLater = "Exporting comes with a later version";
 
 void Tint(QPushButton* button, const QColor& ground, const QColor& ink) {
@@ -83,6 +84,7 @@ Form4::Form4(Platform& platform, QWidget* parent)
   setWindowTitle(QLatin1String(kBrowserTitle));
   Name(SSTab1_, "SSTab1", QStringLiteral("Tables of the database"));
   SSTab1_->tabBar()->setExpanding(false);
+  SSTab1_->tabBar()->setAccessibleName(SSTab1_->accessibleName());
   auto* whole = new QVBoxLayout(this);
   whole->setContentsMargins(12, 8, 12, 0);
   whole->addWidget(SSTab1_);
@@ -146,7 +148,7 @@ void Form4::AddSearches(QHBoxLayout* strip, const std::vector<Search>& searches)
     if (search.box != nullptr) {
       box = new QLineEdit;
       Name(box, search.box, QLatin1String(query.caption));
-      box->setToolTip(QLatin1String(search.hint));
+      box->setPlaceholderText(QLatin1String(search.hint));
       box->setAccessibleDescription(QLatin1String(search.hint));
       BindText(box, state_.*query.box);
       strip->addWidget(box);
@@ -306,10 +308,10 @@ void Form4::BuildTournament() {
   Name(instruction, "lbl_instr", instruction->text());
   strip->addWidget(instruction);
   strip->addStretch();
-  auto* team = new QLineEdit;
-  Name(team, "tb_Team", QStringLiteral("Text to be placed"));
-  BindText(team, state_.tb_Team);
-  strip->addWidget(team);
+  team_ = new QLineEdit;
+  Name(team_, "tb_Team", QStringLiteral("Text to be placed"));
+  BindText(team_, state_.tb_Team);
+  strip->addWidget(team_);
 
   auto* places = new QGridLayout;
   page->addLayout(places, 1);
@@ -337,6 +339,7 @@ void Form4::resizeEvent(QResizeEvent* event) {
     button->setFixedSize(caption + height, height);
   }
   for (auto* box : findChildren<QLineEdit*>()) box->setFixedSize(qRound(kBoxWidth * scale), height);
+  team_->setFixedWidth(qRound(kTeamWidth * scale));
   // The header, both teams and room for a scroll bar.
   lineScore_->setFixedHeight(3 * lineScore_->verticalHeader()->defaultSectionSize() +
                              style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 8);

@@ -225,7 +225,6 @@ TEST_F(BrowserWindowTest, BracketSurvivesReopening) {
   });
 }
 
-// Texts fit, parts are apart, and Tab reaches each of them by its name.
 TEST_F(BrowserWindowTest, EveryTabIsWholeOnSmallScreens) {
   MakeDatabase();
   Open([this] {
@@ -247,14 +246,33 @@ TEST_F(BrowserWindowTest, EveryTabIsWholeOnSmallScreens) {
           EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry()) ||
                       widget->objectName().isEmpty())
               << FromQt(widget->objectName()) << " at " << size.width();
-          if ((widget->focusPolicy() & Qt::TabFocus) != 0) {
-            EXPECT_FALSE(widget->accessibleName().isEmpty()) << FromQt(widget->objectName());
-          }
         }
       }
       for (const auto* grid : form().findChildren<StatGridView*>()) ExpectColumnsWideEnough(*grid);
       const auto* tabs = Part<QTabWidget>("SSTab1")->tabBar();
       EXPECT_GE(tabs->width(), tabs->sizeHint().width()) << size.width();
+    }
+    CloseForm();
+  });
+}
+
+TEST_F(BrowserWindowTest, EveryControlIsReachedByKeyboard) {
+  MakeDatabase();
+  Open([this] {
+    ClickCell("MSHFlexGrid1", 1, line_score_column::kGameID);
+    for (int tab = 0; tab < Part<QTabWidget>("SSTab1")->count(); ++tab) {
+      GoTo(tab);
+      std::set<const QWidget*> reached;
+      for (int step = 0; step < 45; ++step) {
+        Press(&form(), Qt::Key_Tab);
+        reached.insert(QApplication::focusWidget());
+      }
+      for (const auto* widget : form().findChildren<QWidget*>()) {
+        const bool control = (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isEnabled();
+        if (!control || !widget->isVisible() || widget->focusProxy() != nullptr) continue;
+        EXPECT_TRUE(reached.contains(widget)) << FromQt(widget->objectName());
+        EXPECT_FALSE(widget->accessibleName().isEmpty()) << FromQt(widget->objectName());
+      }
     }
     CloseForm();
   });

@@ -32,6 +32,12 @@ int FirstOf(int round) { return 2 * kFirstRound - (2 * kFirstRound >> round); }
 
 }  // namespace
 
+QString WholeTextTip(const QString& text) {
+  constexpr qsizetype kLongest = 2000;
+  if (text.isEmpty()) return {};
+  return QStringLiteral("<qt>%1</qt>").arg(text.left(kLongest).toHtmlEscaped());
+}
+
 BracketView::BracketView(Browser& browser, QWidget* parent) : QWidget(parent), browser_(browser) {
   ForEachSlot(browser.state,
               [this](const std::string& key, Field<std::string>& text) { AddSlot(key, text); });
@@ -52,7 +58,7 @@ void BracketView::AddSlot(const std::string& key, Field<std::string>& text) {
     const QString shown = ToQt(placed);
     slot->setText(shown);
     slot->setShortcut({});  // an "&" in a name is no shortcut
-    slot->setToolTip(shown.toHtmlEscaped());
+    slot->setToolTip(WholeTextTip(shown));
     slot->setAccessibleName(place + QStringLiteral(": ") +
                             (shown.isEmpty() ? QStringLiteral("empty") : shown));
   });

@@ -25,6 +25,7 @@ constexpr double kWidth = 1520;  // layout units
 constexpr double kHeight = 832;
 constexpr double kControlHeight = 32;
 constexpr double kBoxWidth = 168;
+constexpr double kTeamWidth = 264;
 constexpr double kTwip = 1.0 / 15;  // pixels on the reference screen, in body type
 
 constexpr QColor kPurgeRed{255, 0, 0};
@@ -33,9 +34,9 @@ constexpr QColor kResetBlue{192, 192, 255};
 constexpr QColor kLightStrip{224, 224, 224};
 constexpr QColor kButtonFace{240, 240, 240};
 
-constexpr const char* kPlayerHint = "Beginning of the player's name";
-constexpr const char* kTeamHint = "Beginning of the team's name";
-constexpr const char* kGameHint = "Any part of the GameID";
+constexpr const char* kPlayerHint = "Name begins with";
+constexpr const char* kTeamHint = "Team begins with";
+constexpr const char* kGameHint = "GameID contains";
 constexpr const char* kExportLater = "Exporting comes with a later version";
 
 void Tint(QPushButton* button, const QColor& ground, const QColor& ink) {
@@ -83,8 +84,9 @@ Form4::Form4(Platform& platform, QWidget* parent)
   setWindowTitle(QLatin1String(kBrowserTitle));
   Name(SSTab1_, "SSTab1", QStringLiteral("Tables of the database"));
   SSTab1_->tabBar()->setExpanding(false);
+  SSTab1_->tabBar()->setAccessibleName(SSTab1_->accessibleName());
   auto* whole = new QVBoxLayout(this);
-  whole->setContentsMargins(0, 8, 0, 0);
+  whole->setContentsMargins(12, 8, 12, 0);
   whole->addWidget(SSTab1_);
 
   BuildLineScores();
@@ -119,7 +121,7 @@ QVBoxLayout* Form4::AddTab(const char* caption) {
   page->setAccessibleName(QLatin1String(caption));
   SSTab1_->addTab(page, QLatin1String(caption));
   auto* column = new QVBoxLayout(page);
-  column->setContentsMargins(12, 12, 12, 12);
+  column->setContentsMargins(0, 12, 0, 12);
   column->setSpacing(8);
   return column;
 }
@@ -146,7 +148,7 @@ void Form4::AddSearches(QHBoxLayout* strip, const std::vector<Search>& searches)
     if (search.box != nullptr) {
       box = new QLineEdit;
       Name(box, search.box, QLatin1String(query.caption));
-      box->setToolTip(QLatin1String(search.hint));
+      box->setPlaceholderText(QLatin1String(search.hint));
       box->setAccessibleDescription(QLatin1String(search.hint));
       BindText(box, state_.*query.box);
       strip->addWidget(box);
@@ -232,7 +234,7 @@ void Form4::BuildWinLoss() {
   page->addLayout(tables);
   const auto add = [&](const char* name, const char* accessibleName, GridField grid) {
     StatGridView* view = AddGrid(name, accessibleName, grid, kBody);
-    view->SetStretchColumns({1});
+    view->StretchAllColumns();
     view->setSelectionBehavior(QTableView::SelectRows);
     tables->addWidget(view);
     BindVisible(view, (state_.*grid).visible);
@@ -250,7 +252,7 @@ void Form4::BuildWinLoss() {
   Follow<std::string>(selected, state_.lbl_DEL2, [selected](const std::string& name) {
     const QString shown = ToQt(name);
     selected->setText(shown.left(400));
-    selected->setToolTip(shown.toHtmlEscaped());
+    selected->setToolTip(WholeTextTip(shown));
     selected->setAccessibleName(QStringLiteral("Selected: ") + shown);
   });
   QPushButton* one = AddButton(strip, "Command36", "DELETE Matchup or Win/Loss");
@@ -276,7 +278,7 @@ void Form4::BuildGameStats() {
   const auto add = [&](const char* name, const char* accessibleName, GridField grid, int row,
                        int column, int span) {
     StatGridView* view = AddGrid(name, accessibleName, grid, kBody);
-    view->SetStretchColumns({1});
+    view->StretchAllColumns();
     QPalette palette = view->palette();
     palette.setColor(QPalette::Base, kButtonFace);
     view->setPalette(palette);
@@ -306,10 +308,10 @@ void Form4::BuildTournament() {
   Name(instruction, "lbl_instr", instruction->text());
   strip->addWidget(instruction);
   strip->addStretch();
-  auto* team = new QLineEdit;
-  Name(team, "tb_Team", QStringLiteral("Text to be placed"));
-  BindText(team, state_.tb_Team);
-  strip->addWidget(team);
+  team_ = new QLineEdit;
+  Name(team_, "tb_Team", QStringLiteral("Text to be placed"));
+  BindText(team_, state_.tb_Team);
+  strip->addWidget(team_);
 
   auto* places = new QGridLayout;
   page->addLayout(places, 1);
@@ -331,15 +333,16 @@ void Form4::resizeEvent(QResizeEvent* event) {
   for (const SizedGrid& grid : grids_) {
     grid.view->SetScale(grid.size * scale, kTwip * scale * grid.size / kBody);
   }
+  const int height = qRound(kControlHeight * scale);
   for (auto* button : findChildren<QPushButton*>()) {
-    button->setFixedHeight(qRound(kControlHeight * scale));
+    const int caption = button->fontMetrics().horizontalAdvance(button->text());
+    button->setFixedSize(caption + height, height);
   }
-  for (auto* box : findChildren<QLineEdit*>()) {
-    box->setFixedSize(qRound(kBoxWidth * scale), qRound(kControlHeight * scale));
-  }
-  lineScore_->setFixedHeight(lineScore_->horizontalHeader()->sizeHint().height() +
-                             2 * lineScore_->verticalHeader()->defaultSectionSize() +
-                             style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 4);
+  for (auto* box : findChildren<QLineEdit*>()) box->setFixedSize(qRound(kBoxWidth * scale), height);
+  team_->setFixedWidth(qRound(kTeamWidth * scale));
+  // The header, both teams and room for a scroll bar.
+  lineScore_->setFixedHeight(3 * lineScore_->verticalHeader()->defaultSectionSize() +
+                             style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 8);
   bracket_->SetType(kBody * scale);
 }
 

@@ -66,6 +66,7 @@ class Form4 : public QDialog {
   ControlResizer resizer_;
   QTabWidget* SSTab1_;
   StatGridView* lineScore_ = nullptr;  // of one game
+  QLineEdit* team_ = nullptr;          // the text that goes into the bracket
   BracketView* bracket_ = nullptr;
   std::vector<Typed> typed_;  // all others have the form's own type
   std::vector<SizedGrid> grids_;

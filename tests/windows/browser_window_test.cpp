@@ -1,0 +1,282 @@
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include <QAction>
+#include <QHeaderView>
+#include <QLabel>
+#include <QTabBar>
+#include <fstream>
+
+#include "windows/form4.h"
+#include "windows/window_test.h"
+
+namespace dtb {
+namespace {
+
+std::string SchemaText() {
+  const auto root = std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
+  std::ifstream stream(root / "program" / "schema.sql");
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+// Two games of two teams, two batters and a pitcher each.
+constexpr const char* kSeason = R"(
+  INSERT INTO BoxScores (Team, I1, Runs, Hits, Errors, Host, GameID) VALUES
+    ('Ants', 1, 1, 4, 0, 'a_VIS', '041219600101'), ('Bees', 0, 0, 2, 1, 'b_HOME', '041219600101'),
+    ('Bees', 2, 2, 5, 0, 'a_VIS', '041319600101'), ('Ants', 3, 3, 7, 2, 'b_HOME', '041319600101');
+  INSERT INTO Batting (Batter, [1B], AB, Team, GameID) VALUES
+    ('Abel', 1, 4, 'Ants', '041219600101'), ('Adam', 9, 10, 'Ants', '041219600101'),
+    ('Bill', NULL, 4, 'Bees', '041219600101'), ('O''Neill', 2, 4, 'Bees', '041319600101');
+  INSERT INTO Pitching (Pitcher, k, IP, Team, GameID) VALUES
+    ('Ace', 7, 9, 'Ants', '041219600101'), ('Bob', 2, 6.33, 'Bees', '041219600101');
+  INSERT INTO WinLoss VALUES ('Ants', 1, NULL), ('Bees', NULL, 1);
+  INSERT INTO Matchups VALUES ('Ants at Bees', 1);)";
+
+class BrowserWindowTest : public WindowTest {
+ protected:
+  void MakeDatabase() {
+    const std::string file = FromQt(folder_.filePath(QStringLiteral("DTB.mdb")));
+    SQLite::Database(file, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+        .exec(SchemaText() + kSeason);
+  }
+
+  // Opens the form from the menu and runs the action, which closes it, while it is in front.
+  void Open(const std::function<void()>& action) {
+    WhenTrue([] { return qobject_cast<Form4*>(QApplication::activeModalWidget()) != nullptr; },
+             action);
+    form1().findChild<QAction*>(QStringLiteral("mnuStatistics"))->trigger();
+    EXPECT_EQ(form1().findChild<Form4*>(), nullptr) << "made anew for each opening";
+  }
+
+  // Answers the boxes that come from now on, one after the other; returns their messages.
+  std::shared_ptr<QStringList> AnswerBoxes(std::vector<Qt::Key> keys) {
+    auto messages = std::make_shared<QStringList>();
+    AnswerNext(std::move(keys), messages, nullptr);
+    return messages;
+  }
+
+  Form4& form() { return *form1().findChild<Form4*>(); }
+
+  template <class T = QWidget>
+  T* Part(const char* name) {
+    T* part = form().findChild<T*>(QLatin1String(name));
+    EXPECT_NE(part, nullptr) << name;
+    return part;
+  }
+
+  void GoTo(int tab) {
+    Part<QTabWidget>("SSTab1")->setCurrentIndex(tab);
+    QCoreApplication::processEvents();
+  }
+
+  QString Cell(const char* grid, int row, int column) {
+    const auto* model = Part<StatGridView>(grid)->model();
+    return model->index(row - 1, column).data().toString();
+  }
+
+  void ClickCell(const char* grid, int row, int column) {
+    auto* view = Part<StatGridView>(grid);
+    Click(view->viewport(), {}, Qt::LeftButton, view->CellRect(row, column).center());
+  }
+
+  void DoubleClickCell(const char* grid, int column, Qt::KeyboardModifiers modifiers) {
+    auto* view = Part<StatGridView>(grid);
+    const QPoint place = view->viewport()->mapTo(&form(), view->CellRect(1, column).center());
+    QTest::mouseDClick(form().windowHandle(), Qt::LeftButton, modifiers, place);
+  }
+
+  // No text of the table is wider than its column.
+  void ExpectColumnsWideEnough(const StatGridView& grid) {
+    const auto* model = grid.model();
+    for (int column = 0; column < model->columnCount(); ++column) {
+      if (grid.isColumnHidden(column)) continue;
+      constexpr int kMargins = 6;
+      const QString header = model->headerData(column, Qt::Horizontal).toString();
+      EXPECT_LE(grid.horizontalHeader()->fontMetrics().horizontalAdvance(header) + kMargins,
+                grid.columnWidth(column))
+          << FromQt(grid.objectName() + QChar(' ') + header);
+      for (int row = 0; row < model->rowCount(); ++row) {
+        const QString text = model->index(row, column).data().toString();
+        EXPECT_LE(grid.fontMetrics().horizontalAdvance(text) + kMargins, grid.columnWidth(column))
+            << FromQt(grid.objectName() + QChar(' ') + text);
+      }
+    }
+  }
+
+  void CloseForm() { Press(&form(), Qt::Key_Escape); }
+
+ private:
+  static void WhenTrue(const std::function<bool()>& condition,
+                       const std::function<void()>& action) {
+    QTimer::singleShot(0, qApp, [=] { condition() ? action() : WhenTrue(condition, action); });
+  }
+
+  static void AnswerNext(const std::vector<Qt::Key>& keys,
+                         const std::shared_ptr<QStringList>& messages, const MessageBox* last) {
+    if (keys.empty()) return;
+    const auto newBox = [last] {
+      return MessageBox::Open() != nullptr && MessageBox::Open() != last;
+    };
+    WhenTrue(newBox, [=] {
+      MessageBox* box = MessageBox::Open();
+      messages->append(box->message());
+      AnswerNext({keys.begin() + 1, keys.end()}, messages, box);
+      QTest::keyClick(box->window()->windowHandle(), keys.front());
+    });
+  }
+};
+
+TEST_F(BrowserWindowTest, MissingDatabaseIsToldOnceAndTheFormIsUsable) {
+  const auto messages = AnswerBoxes({Qt::Key_Return, Qt::Key_Return});
+  Open([&] {
+    EXPECT_EQ(messages->size(), 1);
+    EXPECT_FALSE(Part("MSHFlexGrid1")->isVisible());
+    Click(Part("Command4"));  // asks again, and is told again
+    CloseForm();
+  });
+  EXPECT_EQ(messages->size(), 2);
+  for (const QString& message : *messages) EXPECT_TRUE(message.contains(folder_.path()));
+  EXPECT_FALSE(QFile::exists(folder_.filePath(QStringLiteral("DTB.mdb"))));
+}
+
+TEST_F(BrowserWindowTest, SearchesAndSorts) {
+  MakeDatabase();
+  Open([this] {
+    GoTo(browser_tab::kBattingByGame);
+    Part("Text1")->setFocus();
+    Type(&form(), "o'n");
+    EXPECT_EQ(Part<StatGridView>("MSHFlexGrid2")->model()->rowCount(), 4);
+    Press(&form(), Qt::Key_Return);
+    EXPECT_EQ(Part<StatGridView>("MSHFlexGrid2")->model()->rowCount(), 1);
+    EXPECT_EQ(Cell("MSHFlexGrid2", 1, 1), QStringLiteral("O'Neill"));
+
+    GoTo(browser_tab::kAggregateBatting);
+    constexpr int kSingles = 4;
+    DoubleClickCell("MSHFlexGrid4", kSingles, {});
+    EXPECT_EQ(Cell("MSHFlexGrid4", 1, 1), QStringLiteral("Abel"));
+    DoubleClickCell("MSHFlexGrid4", kSingles, Qt::ControlModifier);
+    EXPECT_EQ(Cell("MSHFlexGrid4", 1, 1), QStringLiteral("Bill"));  // none comes first
+    DoubleClickCell("MSHFlexGrid4", kSingles, Qt::ControlModifier);
+    EXPECT_EQ(Cell("MSHFlexGrid4", 1, 1), QStringLiteral("Adam"));
+    EXPECT_EQ(Cell("MSHFlexGrid4", 1, 12), QStringLiteral(".900"));
+    CloseForm();
+  });
+}
+
+TEST_F(BrowserWindowTest, ClickOnGameShowsItsBoxScore) {
+  MakeDatabase();
+  Open([this] {
+    const auto* tabs = Part<QTabWidget>("SSTab1");
+    EXPECT_TRUE(Part<StatGridView>("MSHFlexGrid1")->isColumnHidden(line_score_column::kHost));
+    ClickCell("MSHFlexGrid1", 3, line_score_column::kGameID);  // the older game
+    EXPECT_EQ(tabs->currentIndex(), browser_tab::kGameStats);
+    EXPECT_EQ(Cell("MSHFlexGrid6", 1, 1), QStringLiteral("Abel"));
+    EXPECT_EQ(Cell("MSHFlexGrid7", 1, 1), QStringLiteral("Ace"));
+    EXPECT_EQ(Cell("MSHFlexGrid8", 1, 1), QStringLiteral("Bill"));
+    EXPECT_EQ(Cell("MSHFlexGrid11", 1, 7), QStringLiteral("6.33"));
+    EXPECT_EQ(Cell("MSHFlexGrid12", 2, 1), QStringLiteral("Bees"));
+    GoTo(browser_tab::kLineScores);
+    EXPECT_EQ(Part<QLineEdit>("Text9")->text(), QStringLiteral("041219600101"));
+    ClickCell("MSHFlexGrid1", 1, line_score_column::kTeam);
+    EXPECT_EQ(Part<QLineEdit>("Text9")->text(), QString());
+    CloseForm();
+  });
+}
+
+TEST_F(BrowserWindowTest, SelectedPairingIsDeleted) {
+  MakeDatabase();
+  Open([this] {
+    GoTo(browser_tab::kWinLoss);
+    ClickCell("MSHFlexGrid9", 2, 2);
+    EXPECT_EQ(Part<QLabel>("lbl_DEL2")->text(), QStringLiteral("Bees"));
+    ClickCell("MSHFlexGrid10", 1, 2);
+    EXPECT_EQ(Part<QLabel>("lbl_DEL2")->text(), QStringLiteral("Ants at Bees"));
+    const auto messages = AnswerBoxes({Qt::Key_Y, Qt::Key_Return});
+    Click(Part("Command36"));
+    EXPECT_EQ(*messages, QStringList({QStringLiteral("DELETE all statistics?"),
+                                      QStringLiteral("Delete of data is complete.")}));
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    CloseForm();
+  });
+  Open([this] {
+    EXPECT_EQ(Part<StatGridView>("MSHFlexGrid10")->model()->rowCount(), 0);
+    EXPECT_EQ(Part<StatGridView>("MSHFlexGrid9")->model()->rowCount(), 2);
+    CloseForm();
+  });
+}
+
+TEST_F(BrowserWindowTest, BracketSurvivesReopening) {
+  MakeDatabase();
+  Open([this] {
+    GoTo(browser_tab::kTournament);
+    Part("tb_Team")->setFocus();
+    Type(&form(), "A & B");
+    Click(Part("lbl_Team(3)"));
+    Part("lbl_Champ")->setFocus(Qt::TabFocusReason);
+    Press(&form(), Qt::Key_Return);
+    CloseForm();
+  });
+  Open([this] {
+    for (const char* slot : {"lbl_Team(3)", "lbl_Champ"}) {
+      EXPECT_EQ(Part<ClickLabel>(slot)->text(), QStringLiteral("A & B")) << slot;
+    }
+    EXPECT_EQ(Part<ClickLabel>("lbl_Team(2)")->text(), QString());
+    EXPECT_EQ(Part<QLineEdit>("tb_Team")->text(), QString());
+    CloseForm();
+  });
+}
+
+TEST_F(BrowserWindowTest, EveryTabIsWholeOnSmallScreens) {
+  MakeDatabase();
+  Open([this] {
+    ClickCell("MSHFlexGrid1", 1, line_score_column::kGameID);
+    for (const QSize& size : {QSize(1326, 728), QSize(1240, 680), QSize(1880, 1040)}) {
+      form().resize(size);
+      for (int tab = 0; tab < Part<QTabWidget>("SSTab1")->count(); ++tab) {
+        GoTo(tab);
+        for (const auto* widget : form().findChildren<QWidget*>()) {
+          if (!widget->isVisible() || widget->objectName().startsWith(QStringLiteral("qt_")))
+            continue;
+          const auto* button = qobject_cast<const QAbstractButton*>(widget);
+          const auto* label = qobject_cast<const QLabel*>(widget);
+          const QString text = button != nullptr  ? button->text()
+                               : label != nullptr ? label->text()
+                                                  : QString();
+          EXPECT_LE(widget->fontMetrics().horizontalAdvance(text), widget->width())
+              << FromQt(text) << " at " << size.width();
+          EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry()) ||
+                      widget->objectName().isEmpty())
+              << FromQt(widget->objectName()) << " at " << size.width();
+        }
+      }
+      for (const auto* grid : form().findChildren<StatGridView*>()) ExpectColumnsWideEnough(*grid);
+      const auto* tabs = Part<QTabWidget>("SSTab1")->tabBar();
+      EXPECT_GE(tabs->width(), tabs->sizeHint().width()) << size.width();
+    }
+    CloseForm();
+  });
+}
+
+TEST_F(BrowserWindowTest, EveryControlIsReachedByKeyboard) {
+  MakeDatabase();
+  Open([this] {
+    ClickCell("MSHFlexGrid1", 1, line_score_column::kGameID);
+    for (int tab = 0; tab < Part<QTabWidget>("SSTab1")->count(); ++tab) {
+      GoTo(tab);
+      std::set<const QWidget*> reached;
+      for (int step = 0; step < 45; ++step) {
+        Press(&form(), Qt::Key_Tab);
+        reached.insert(QApplication::focusWidget());
+      }
+      for (const auto* widget : form().findChildren<QWidget*>()) {
+        const bool control = (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isEnabled();
+        if (!control || !widget->isVisible() || widget->focusProxy() != nullptr) continue;
+        EXPECT_TRUE(reached.contains(widget)) << FromQt(widget->objectName());
+        EXPECT_FALSE(widget->accessibleName().isEmpty()) << FromQt(widget->objectName());
+      }
+    }
+    CloseForm();
+  });
+}
+
+}  // namespace
+}  // namespace dtb

@@ -14,6 +14,7 @@
 #include "game/runners.h"
 #include "game/score_pad.h"
 #include "game/start_up.h"
+#include "platform/database.h"
 #include "platform/paths.h"
 #include "shell/program_error.h"
 #include "teams/game_pieces.h"
@@ -24,7 +25,14 @@
 namespace dtb {
 
 // All services of the desktop. Boxes are written down as text and closed at once.
-struct FakePlatform final : MessageBoxes, FileDialogs, Pictures, Keyboard, SettingsStore, Pages {
+struct FakePlatform final : MessageBoxes,
+                            FileDialogs,
+                            Pictures,
+                            Keyboard,
+                            SettingsStore,
+                            Pages,
+                            Database,
+                            Clock {
   ~FakePlatform() override { std::filesystem::remove_all(folder); }
   void ShowRecorded(const std::string& message, BoxAlignment alignment) override {
     Tell((alignment == BoxAlignment::Left ? "left: " : "") + message);
@@ -48,6 +56,12 @@ struct FakePlatform final : MessageBoxes, FileDialogs, Pictures, Keyboard, Setti
     settings[section + "/" + key] = value;
   }
   void Open(const std::string& page) override { Tell(page); }
+  void Run(const Statement&, StatGrid&) override {}
+  std::vector<std::string> Delete(const std::vector<Statement>&) override { return {}; }
+  std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>&) override {
+    throw DatabaseOutOfReach(error_number::kFileNotFound, "no database");
+  }
+  LocalTime Now() override { return {}; }
 
   void Tell(const std::string& text) {
     told += (told.empty() ? "" : " | ") + text;
@@ -63,7 +77,7 @@ struct FakePlatform final : MessageBoxes, FileDialogs, Pictures, Keyboard, Setti
   bool settingsFail = false;
   std::string folderName = std::filesystem::temp_directory_path() / "tableXXXXXX";
   std::filesystem::path folder = mkdtemp(folderName.data());
-  Platform ports{*this, *this, *this, *this, *this, *this, folder};
+  Platform ports{*this, *this, *this, *this, *this, *this, *this, *this, folder};
 };
 
 // The outcome labels, in the order of the enumeration.

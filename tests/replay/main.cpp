@@ -36,13 +36,15 @@ void MakeScreen(QTemporaryFile& config, const QSize& size) {
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + config.fileName().toUtf8());
 }
 
-int PlayGame(const QString& given, const Player::Options& options) {
+int PlayGame(const QString& given, Player::Options options) {
   const bool isFolder = QFileInfo(given).isDir();
   const QString script = isFolder ? given + "/clicks.txt" : given;
   const QFileInfo file(script);
   const QString expected = file.dir().filePath("expected.txt");
   const bool isGame = file.fileName() == "clicks.txt";
   const QString title = isGame ? QFileInfo(file.absolutePath()).fileName() : file.fileName();
+  const bool compared = isGame && QFile::exists(expected);
+  options.save = compared;
   dtb::replay::PlayTable table;
   Player player(table, script, options);
   dtb::Form1& form1 = table.desk().form1();
@@ -50,7 +52,7 @@ int PlayGame(const QString& given, const Player::Options& options) {
   table.desk().Open();
   if (const int status = player.Run(); status != 0) return status;
   const QString played = QString("%1: played %2 lines").arg(title).arg(player.lines());
-  if (!isGame || !QFile::exists(expected)) {
+  if (!compared) {
     Print(played);
     return 0;
   }

@@ -95,6 +95,7 @@ Player::Player(PlayTable& table, const QString& script, const Options& options)
   if (!file.open(QIODevice::ReadOnly)) throw Refused(script + ": cannot be read");
   lines_ = QString::fromUtf8(file.readAll()).remove('\r').split('\n');
   if (lines_.last().isEmpty()) lines_.removeLast();
+  if (options.save) lines_ += {"CLICK lbl_STATS", "CLICK Command2", "CLOSE"};
   // On a screen the timers run by themselves; else they tick when the script says so.
   if (!options.show) table.desk().form1().constantTimer().stop();
 }

@@ -18,6 +18,7 @@ class Player : public Driver {
     bool show = false;
     QString pictures;  // folder of the pictures; "": none are kept
     QSize screen;
+    bool save = false;  // the game, at the end of the script: it settles the last pitchers
   };
 
   // The script's file; chosen files are looked for beside it.

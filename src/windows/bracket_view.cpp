@@ -52,7 +52,9 @@ void BracketView::AddSlot(const std::string& key, Field<std::string>& text) {
       champion ? QStringLiteral("Champion")
                : QStringLiteral("Round %1, slot %2").arg(round + 1).arg(index - FirstOf(round) + 1);
   auto* slot = new ClickLabel({}, champion ? kChampionShades : kSlotShades, this);
-  slot->setObjectName(ToQt(key));
+  slot->setObjectName(ToQt(key)
+                          .replace(QLatin1Char('('), QLatin1Char('['))
+                          .replace(QLatin1Char(')'), QLatin1Char(']')));
   connect(slot, &ClickLabel::clicked, this, [this, &text] { PlaceInBracket(browser_, text); });
   Follow<std::string>(slot, text, [slot, place](const std::string& placed) {
     const QString shown = ToQt(placed);

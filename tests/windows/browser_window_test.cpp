@@ -210,16 +210,16 @@ TEST_F(BrowserWindowTest, BracketSurvivesReopening) {
     GoTo(browser_tab::kTournament);
     Part("tb_Team")->setFocus();
     Type(&form(), "A & B");
-    Click(Part("lbl_Team(3)"));
+    Click(Part("lbl_Team[3]"));
     Part("lbl_Champ")->setFocus(Qt::TabFocusReason);
     Press(&form(), Qt::Key_Return);
     CloseForm();
   });
   Open([this] {
-    for (const char* slot : {"lbl_Team(3)", "lbl_Champ"}) {
+    for (const char* slot : {"lbl_Team[3]", "lbl_Champ"}) {
       EXPECT_EQ(Part<ClickLabel>(slot)->text(), QStringLiteral("A & B")) << slot;
     }
-    EXPECT_EQ(Part<ClickLabel>("lbl_Team(2)")->text(), QString());
+    EXPECT_EQ(Part<ClickLabel>("lbl_Team[2]")->text(), QString());
     EXPECT_EQ(Part<QLineEdit>("tb_Team")->text(), QString());
     CloseForm();
   });

@@ -15,9 +15,6 @@
 namespace dtb::sqlite {
 namespace {
 
-// A save of ours or of another copy of the program takes far less.
-constexpr int kLongestWait = 2000;  // milliseconds
-
 std::string_view TextOfValue(sqlite3_value* value) {
   // The text first: it is what converts the value and so settles the length.
   const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
@@ -121,10 +118,11 @@ constexpr std::array<Complaint, 9> kComplaints{{
 
 }  // namespace
 
-SQLite::Database Open(const std::filesystem::path& file) {
+SQLite::Database Open(const std::filesystem::path& file, std::chrono::milliseconds longestWait) {
   RequireFile(file);
   try {
-    SQLite::Database database(TextOf(file), SQLite::OPEN_READWRITE, kLongestWait);
+    SQLite::Database database(TextOf(file), SQLite::OPEN_READWRITE,
+                              static_cast<int>(longestWait.count()));
     for (const int arguments : {2, 3}) {
       database.createFunction("like", arguments, true, nullptr, Like);
     }

@@ -3,14 +3,16 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include <chrono>
 #include <filesystem>
 #include <string>
 
 namespace dtb::sqlite {
 
 // Opens the file with our LIKE and the order NAMES. Never makes a file. Throws DatabaseOutOfReach
-// for a file that is missing, empty, foreign, damaged or locked longer than a person likes to wait.
-[[nodiscard]] SQLite::Database Open(const std::filesystem::path& file);
+// for a file that is missing, empty, foreign, damaged or locked longer than the wait.
+[[nodiscard]] SQLite::Database Open(const std::filesystem::path& file,
+                                    std::chrono::milliseconds longestWait);
 
 // Throws the ProgramError for what went wrong last on the connection.
 [[noreturn]] void ThrowFault(const SQLite::Exception& fault, const std::filesystem::path& file);

@@ -88,14 +88,14 @@ void AddOnce(std::vector<std::string>& faults, const std::string& fault) {
 }  // namespace
 
 void SqliteDatabase::Run(const Statement& query, StatGrid& result) {
-  GridContents contents = AllRows(sqlite::Open(file_), query, file_);
+  GridContents contents = AllRows(sqlite::Open(file_, longestWait_), query, file_);
   result.Replace(std::move(contents));
 }
 
 std::vector<std::string> SqliteDatabase::Delete(const std::vector<Statement>& statements) {
   std::vector<std::string> faults;
   try {
-    SQLite::Database database = sqlite::Open(file_);
+    SQLite::Database database = sqlite::Open(file_, longestWait_);
     for (const Statement& statement : statements) {
       try {
         try {
@@ -116,7 +116,7 @@ std::vector<std::string> SqliteDatabase::Delete(const std::vector<Statement>& st
 }
 
 std::unique_ptr<DatabaseSave> SqliteDatabase::BeginSave(const std::vector<TableColumns>& tables) {
-  return std::make_unique<SqliteSave>(file_, tables);
+  return std::make_unique<SqliteSave>(file_, longestWait_, tables);
 }
 
 }  // namespace dtb

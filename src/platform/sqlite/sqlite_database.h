@@ -1,6 +1,7 @@
 // The statistics database in a file of SQLite.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <utility>
 
@@ -10,7 +11,12 @@ namespace dtb {
 
 class SqliteDatabase : public Database {
  public:
-  explicit SqliteDatabase(std::filesystem::path file) : file_(std::move(file)) {}
+  // A file that another program locks is waited for; the saves of a second copy take far less.
+  static constexpr std::chrono::milliseconds kLongestWait{2000};
+
+  explicit SqliteDatabase(std::filesystem::path file,
+                          std::chrono::milliseconds longestWait = kLongestWait)
+      : file_(std::move(file)), longestWait_(longestWait) {}
 
   void Run(const Statement& query, StatGrid& result) override;
   std::vector<std::string> Delete(const std::vector<Statement>& statements) override;
@@ -18,6 +24,7 @@ class SqliteDatabase : public Database {
 
  private:
   std::filesystem::path file_;
+  std::chrono::milliseconds longestWait_;
 };
 
 // The name of the database's file in the program's folder.

@@ -34,8 +34,9 @@ std::string Refusal(const SQLite::Exception& fault, const std::string& table,
 
 }  // namespace
 
-SqliteSave::SqliteSave(const std::filesystem::path& file, const std::vector<TableColumns>& tables)
-    : file_(file), database_(sqlite::Open(file)) {
+SqliteSave::SqliteSave(const std::filesystem::path& file, std::chrono::milliseconds longestWait,
+                       const std::vector<TableColumns>& tables)
+    : file_(file), database_(sqlite::Open(file, longestWait)) {
   try {
     RequireWritable();
     for (const TableColumns& columns : tables) {

@@ -1,6 +1,7 @@
 // One save: rows that are stored all together or not at all.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 
 #include "platform/database.h"
@@ -11,7 +12,8 @@ namespace dtb {
 // The connection closes with the object, and what was not committed is gone.
 class SqliteSave : public DatabaseSave {
  public:
-  SqliteSave(const std::filesystem::path& file, const std::vector<TableColumns>& tables);
+  SqliteSave(const std::filesystem::path& file, std::chrono::milliseconds longestWait,
+             const std::vector<TableColumns>& tables);
 
   void Append(const std::string& table, const std::vector<ColumnText>& row) override;
   void Commit() override;

@@ -1,0 +1,147 @@
+// A real database in a folder of its own, and a desk that answers for the person.
+#pragma once
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <random>
+#include <sstream>
+
+#include "browser/browser.h"
+#include "game/constant_update.h"
+#include "game/start_up.h"
+#include "platform/sqlite/sqlite_database.h"
+#include "sheet/save_game.h"
+#include "sheet/saved_tables.h"
+
+namespace dtb {
+
+struct TestDesk final : MessageBoxes, FileDialogs, Pictures, Keyboard, SettingsStore, Pages, Clock {
+  void ShowRecorded(const std::string& message, BoxAlignment /*alignment*/) override {
+    told.push_back(message);
+  }
+  void Show(const std::string& message, BoxIcon /*icon*/, const std::string& /*title*/) override {
+    told.push_back(message);
+  }
+  bool Ask(const std::string& question, const std::string& /*title*/) override {
+    told.push_back(question);
+    return yes;
+  }
+  std::optional<std::filesystem::path> OpenFile(const OpenFileRequest& /*request*/) override {
+    return {};
+  }
+  std::optional<Picture> Load(const std::filesystem::path& /*file*/) override { return {}; }
+  KeyState Query(Key /*key*/) override { return {control, false}; }
+  std::string Read(const std::string& section, const std::string& key,
+                   const std::string& missing) override {
+    const auto found = settings.find(section + "/" + key);
+    return found == settings.end() ? missing : found->second;
+  }
+  void Write(const std::string& section, const std::string& key,
+             const std::string& value) override {
+    settings[section + "/" + key] = value;
+  }
+  void Open(const std::string& /*page*/) override {}
+  LocalTime Now() override { return time; }
+
+  std::vector<std::string> told;  // boxes and questions in order
+  bool yes = true;                // to every question
+  bool control = false;
+  std::map<std::string, std::string> settings;
+  LocalTime time{2026, 11, 18, 10, 44, 13};
+};
+
+using Strings = std::vector<std::string>;
+
+// The data rows of a grid from column 1 on, cells parted by "|".
+inline Strings RowsOf(const StatGrid& grid) {
+  Strings rows;
+  for (int row = 1; row < grid.rows(); ++row) {
+    std::string text;
+    for (int column = 1; column < grid.columns(); ++column) {
+      text += (column > 1 ? "|" : "") + std::string(grid.Text(row, column));
+    }
+    rows.push_back(text);
+  }
+  return rows;
+}
+
+inline Strings ColumnOf(const StatGrid& grid, int column) {
+  Strings texts;
+  for (int row = 1; row < grid.rows(); ++row) texts.emplace_back(grid.Text(row, column));
+  return texts;
+}
+
+// One run of the program: a board with two teams of a man or more, ready to be saved.
+struct Table {
+  Table(Platform& platform, const std::string& visitors, const std::string& home)
+      : board{state, sheet, log, platform} {
+    StartUp(board);
+    for (const auto& [side, team] : {std::pair{Side::Visitors, visitors}, {Side::Home, home}}) {
+      const SideFields fields = SideOf(board, side);
+      sheet.grd_BoxScore.SetText(fields.boxScoreRow, 0, team);
+      fields.list.Append("Anyone");
+      fields.list.Select(0);
+      fields.pitcher.Set("Last of " + team);
+    }
+  }
+  // Cells of a row: "2=1 11=Joe" puts "1" into column 2 and "Joe" into column 11.
+  void Put(Side side, int row, const std::vector<std::pair<int, std::string>>& cells) {
+    for (const auto& [column, text] : cells) SideOf(board, side).grid.SetText(row, column, text);
+  }
+  std::string Cell(Side side, int row, int column) {
+    return std::string(SideOf(board, side).grid.Text(row, column));
+  }
+
+  BoardState state;
+  StatSheet sheet;
+  EventLog log;
+  Board board;
+};
+
+class DatabaseTest : public testing::Test {
+ protected:
+  DatabaseTest() { Execute(ReadAll(DTB_SCHEMA)); }
+  ~DatabaseTest() override { std::filesystem::remove_all(folder); }
+
+  static std::string ReadAll(const std::filesystem::path& path) {
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+  }
+  void Execute(const std::string& statements) const {
+    SQLite::Database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec(statements);
+  }
+  // What the file holds, read past the program: cells parted by "|", Null as "-".
+  Strings Stored(const std::string& query) const {
+    SQLite::Database plain(file.string(), SQLite::OPEN_READWRITE);
+    SQLite::Statement statement(plain, query);
+    Strings rows;
+    while (statement.executeStep()) {
+      std::string row;
+      for (int i = 0; i < statement.getColumnCount(); ++i) {
+        const auto value = statement.getColumn(i);
+        row += (i > 0 ? "|" : "") + (value.isNull() ? "-" : value.getString());
+      }
+      rows.push_back(row);
+    }
+    return rows;
+  }
+  std::string Count(const std::string& table) const {
+    return Stored("SELECT count(*) FROM " + table).front();
+  }
+
+  std::string folderName = (std::filesystem::temp_directory_path() / "seasonXXXXXX").string();
+  std::filesystem::path folder = mkdtemp(folderName.data());
+  std::filesystem::path file = folder / kDatabaseFile;
+  SqliteDatabase database{file, std::chrono::milliseconds(20)};
+  TestDesk desk;
+  Platform ports{desk, desk, desk, desk, desk, desk, database, desk, folder};
+};
+
+}  // namespace dtb

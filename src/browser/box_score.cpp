@@ -34,12 +34,18 @@ std::array<std::string, 2> TeamsOf(const StatGrid& lineScores, const std::string
   return teams;
 }
 
+// The pattern of all texts that hold this one.
+std::string Containing(const std::string& text) {
+  return std::string("%").append(text).append("%");
+}
+
 void LoadPlayers(Browser& browser, BrowserGrid& grid, const Players& players,
                  const std::string& team) {
   LoadGrid(browser, grid,
-           {"SELECT * FROM " + std::string(players.table) +
-                " WHERE GameID LIKE ?1 AND Team LIKE ?2 ESCAPE '\\' ORDER BY rowid",
-            {"%" + browser.state.Text9.value() + "%", "%" + EscapedForLike(team) + "%"}},
+           {std::string("SELECT * FROM ")
+                .append(players.table)
+                .append(" WHERE GameID LIKE ?1 AND Team LIKE ?2 ESCAPE '\\' ORDER BY rowid"),
+            {Containing(browser.state.Text9.value()), Containing(EscapedForLike(team))}},
            kNameColumn);
   grid.grid.SetColumnWidth(players.teamColumn, 0);
   grid.grid.SetColumnWidth(players.teamColumn + 1, 0);

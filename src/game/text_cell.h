@@ -24,7 +24,8 @@ namespace dtb {
 // A number with exactly two decimals ("2.33", "4.00", never "-0.00").
 [[nodiscard]] std::string TwoDecimals(double number);
 
-// A number with exactly so many decimals, rounded half away from zero (".000" of -0.0001 is "0.000").
+// A number with exactly so many decimals, rounded half away from zero (".000" of -0.0001 is
+// "0.000").
 [[nodiscard]] std::string FixedDecimals(double number, int decimals);
 
 // The text of a counter after it went up: NumberOf(text) + by.

@@ -123,7 +123,8 @@ struct Game {
     if (drop) EndDrag(board, side, MouseButton::Left, verb == "dropshift", row);
     if (verb == "show") EndDrag(board, side, MouseButton::Right, false, row);
     if (verb == "edit") fields.edit.Set(!fields.edit.value());
-    if (verb == "rewrite") fields.newEntry.Set(rest), ReplaceEntry(board, side);
+    if (verb == "rewrite" && !rest.empty()) fields.newEntry.Set(rest);
+    if (verb == "rewrite") ReplaceEntry(board, side);
     if (verb == "atbat") PutAtBat(board, side);
     if (verb == "pitch") ChangePitcher(board, side);
     if (verb == "drag") BeginDrag(board, side);
@@ -181,14 +182,14 @@ struct Game {
         if (marked || !runs.empty()) text << k << "=" << runs << (marked ? "* " : " ");
       }
       totals(kTotalRuns);
-    } else if (facet == "counters") {  // all that are not "", and hits: "A 1B=1, l H=1, 1:0"
+    } else if (facet == "counters") {  // and marks of reserves: "A 1B=1, J =1, l H=1, 1:0"
       for (const StatGrid* grid : {&sheet.grd_VisStats, &sheet.grd_HomeStats}) {
         for (int cell = stat_column::kCount; cell < kStatRows * stat_column::kCount; ++cell) {
           const int row = cell / stat_column::kCount, column = cell % stat_column::kCount;
-          const std::string name(grid->Text(row, column < 11 ? 1 : 11)),
-              count(grid->Text(row, column));
-          const bool counter = column > 1 && column != 11 && column != 18 && !count.empty();
-          if (counter) text << name << " " << grid->Text(0, column) << "=" << count << ", ";
+          const auto name = grid->Text(row, column > 10 && column < 18 ? 11 : 1);
+          const auto count = grid->Text(row, column);
+          if (column < 2 || column == 11 || (column == 18 && row < 10) || count.empty()) continue;
+          text << name << " " << grid->Text(0, column) << "=" << count << ", ";
         }
       }
       totals(kTotalHits);

@@ -26,31 +26,26 @@ OUT:12 => 3 3 H A / 0=0* 0:0 / -
 OUT:03 => 3 3 H A / 0=0* 0:0 / -
 OUT:3 OUT:7 => 3 6 V A / 0=0* 1=0* 0:0 / -
 OUT:x => x 0 V A / 0:0 / -
-MASTER:7 => 0 7 V A / 0=* 1=* 0:0 / -
+MASTER:8 => 0 8 V A / 0=* 1=* 0:0 / -
 MASTER:7 OUT:3 => 3 10 H A / 0=* 1=* 2=* 0:0 / -
 MASTER:6 OUT:1 => 1 6 V A / 0=* 1=0* 0:0 / -
 MASTER:6 MASTER:-3 => 0 0 V A / 0:0 / -
 MASTER:6 MASTER: => 0  V A / 0=* 1=* 0:0
   / w: Only numbers 0 and higher are allowed. An error has occurred.
-MASTER:x OUT:3 => 3 3 H A / 0=0* 0:0
-  / w: Only numbers 0 and higher are allowed. An error has occurred.
-OUT:3 toggle:v0 => 3 3 H A / 0=0 0:0 / -
 OUT:3 toggle:v0 OUT:1 => 1 3 H A / 0=0* 0:0 / -
-toggle:v19 toggle:h0 toggle:h0 toggle:v20 => 0 0 V A / 38=* 0:0 / -
+toggle:v19 toggle:h0 toggle:h0 => 0 0 V A / 38=* 0:0 / -
 MASTER:3 RBI RBI => 0 3 V A / 0=* 1=2 0:2 / Stat Recorded. | Stat Recorded.
 MASTER:6 RBI => 0 6 V A / 0=* 1=* 2=1 1:0 / Stat Recorded.
 MASTER:117 RBI MASTER:0 => 0 0 V A / 39=1 0:1 / Stat Recorded.
+OUT:2 MASTER:117 GO MASTER:0 => 0 0 H A / 39=0 0:0 / OUT recorded. | END OF INNING.
+  | i: Maximum INNINGS reached. Use manual scoring to complete game.
 MASTER:120 RBI MASTER:1e300 RBI MASTER:0 => 0 0 V A / 0:0 / Stat Recorded. | Stat Recorded.
 
 The score pad works on the cell that took the focus; totals follow.
 digit:5 => 0 0 V A / 0:0 / -
-type:v3=12 focus:v3 digit:5 digit:7 => 0 0 V A / 6=57 12:0 / -
+focus:v3 digit:1 digit:2 focus:v3 digit:5 digit:7 => 0 0 V A / 6=57 12:0 / -
 focus:h0 digit:4 focus:h22 digit:1 => 0 0 V A / 1=4 0:4 / -
-type:v0=x type:v1=2y type:h20=9 focus:v0 => 0 0 V A / 0=x 2=2y 2:0 / -
-)");
-  Check("log told clock", R"(
-OUT:2 MASTER:117 GO => A=x_____GO;[20]; / OUT recorded. | END OF INNING.
-  | i: Maximum INNINGS reached. Use manual scoring to complete game. / 0 120 H A
+type:v0=x type:v1=2y type:h20=9 reset: => 0 0 V A / 0=x 2=2y 2:0 / -
 )");
 }
 
@@ -67,15 +62,19 @@ Where nobody pitched before the present man, a nameless row takes the innings.
 MASTER:12 OUT:1 pitch:v10 =>  IP=2.33, 0:0
 )");
   Game full;
-  for (int row = 2; row < kStatRows; ++row) full.sheet.grd_HomeStats.SetText(row, 11, "?");
-  full.Play("pitch:h10 HR K BB RBI");
-  EXPECT_EQ(full.Look("counters"), "A K=1, A BB=1, A HR=1, B RBI=1, l IP=0.00, 0:0");
+  full.Play("pitch:h10 pitch:h11");
+  EXPECT_EQ(full.Look("log"), "k_____[current pitcher];l_____[current pitcher];");
+  EXPECT_EQ(full.sheet.grd_HomeStats.FindRow(11, ""), 3) << "who comes back has his row";
+  for (int row = 3; row < kStatRows; ++row) full.sheet.grd_HomeStats.SetText(row, 11, "?");
+  full.Play("pitch:h9 HR K BB RBI");
+  EXPECT_EQ(full.Look("counters"), "A K=1, A BB=1, A HR=1, B RBI=1, l IP=0.00, k IP=0.00, 0:0");
   EXPECT_EQ(full.Look("told"), "Stat Recorded.") << "a pitcher without a row is charged nothing";
 }
 
 TEST(Sheet, CopiesTheLineScoreAndOpensExtraInnings) {
   Game table(false);
   const StatGrid& grid = table.sheet.grd_BoxScore;
+  EXPECT_EQ(grid.ColumnAt(10).width, 0);
   for (const std::string seen : {"Team:Team/1500 :4/0 :/0 2:4/350 0:7/350 3:0/400 ",
                                  "Team:Team/1500 0:4/350 1:/350 3:4/350 0:7/350 3:0/400 "}) {
     table.Play("type:v0=2 type:h9=4 type:h21=7 type:v22=3 focus:v0");
@@ -97,13 +96,17 @@ TEST(Sheet, CellsAreEditedAsTyped) {
     return game.sheet.Text1_visible.value() ? CommitCellEdit(game.board) : -1;
   };
   EXPECT_EQ(edit(1, 0, "x") + edit(1, 18, "x") + edit(1, 19, "x") + edit(50, 5, "x"), -4);
-  EXPECT_EQ(edit(1, 4, "2x") + edit(49, 17, "a long text"), 2 + 49);
+  EXPECT_EQ(edit(1, 4, "2x") + edit(3, 17, "a long text"), 2 + 4);
+  ClearCell(game.board, Side::Visitors, 3, 17);
+  EXPECT_EQ(edit(48, 17, "the long text") + edit(49, 17, "a longer text"), 49 + 49);
   BeginCellEdit(game.board, Side::Home, 1, 5);
+  game.sheet.Text1.Set("9");
   DropCellEdit(game.board);
   CommitCellEdit(game.board);
   ClearCell(game.board, Side::Visitors, 2, stat_column::kBatter);
   game.Play("1B 1B");
-  EXPECT_EQ(game.Look("counters"), "A 1B=3, A AB=1,  IP=a long text, l H=1, 1:0");
+  EXPECT_EQ(game.Look("counters"),
+            "A 1B=3, A AB=1,  IP=the long text,  IP=a longer text, l H=1, 1:0");
 }
 
 }  // namespace dtb

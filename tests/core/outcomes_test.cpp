@@ -12,9 +12,6 @@ HR => A HR=1, A AB=1, l H=1, l HR=1, 1:0 / A=x_____HR; / HIT recorded. / 0 0 V B
 BB => A BB=1, l BB=1, 0:0 / A=x_____BB; / Stat Recorded. / 0 0 V B / A:A B:B : :
 K => A K=1, A AB=1, l K=1, 0:0 / A=x_____K; / OUT recorded. / 1 0 V B / B:B : : :
 GO => A AB=1, 0:0 / A=x_____GO; / OUT recorded. / 1 0 V B / B:B : : :
-FO => A AB=1, 0:0 / A=x_____FO; / OUT recorded. / 1 0 V B / B:B : : :
-LO => A AB=1, 0:0 / A=x_____LO; / OUT recorded. / 1 0 V B / B:B : : :
-PO => A AB=1, 0:0 / A=x_____PO; / OUT recorded. / 1 0 V B / B:B : : :
 DP => A AB=1, 0:0 / A=x_____DP; / OUT recorded. / 2 0 V B / B:B : : :
 FC => A AB=1, 0:0 / A=x_____FC; / OUT recorded. / 1 0 V B / A:A B:B : :
 TO => 0:0 / A=x_____TO; / OUT recorded. / 1 0 V A / A:A : : :
@@ -31,12 +28,19 @@ atbat:h bat:h0 HR => L H=1, L HR=1, a HR=1, a AB=1, 0:1 / a=x_____HR; / HIT reco
 
 A batter without a row: a hit is only logged, an out counts, the line-up stays.
 rewrite:vZ bat:v0 1B => 0:0 / Z_____1B; / - / 0 0 V Z / A:A Z:Z : :
-rewrite:vZ bat:v0 GO => 0:0 / Z_____GO; / OUT recorded. / 1 0 V Z / A:A Z: : :
+rewrite:vZ bat:v0 LO => 0:0 / Z_____LO; / OUT recorded. / 1 0 V Z / A:A Z: : :
 
 The order goes on from the highlight: from the ninth man, from a reserve, from the last of them.
 bat:v8 BB => I BB=1, l BB=1, 0:0 / I=x_____BB; / Stat Recorded. / 0 0 V A / A:A I:I A:A :
-bat:v9 GO => A AB=1, 0:0 / J=x_____GO; / OUT recorded. / 1 0 V A / A: : : :
+bat:v9 PO => A AB=1, 0:0 / J=x_____PO; / OUT recorded. / 1 0 V A / A: : : :
 bat:v11 BB => A BB=1, l BB=1, 0:0 / L=x_____BB; / Stat Recorded. / 0 0 V A / A:A A:A : :
+
+A reserve has played once he is the man on the first piece. A nameless piece marks nobody.
+reset: bat:v9 up:v GO => J AB=1, J =1, 0:0 / J=x_____GO; / OUT recorded. / 1 0 V A / A:A : : :
+bat:v9 up:v free:p0 GO => J AB=1, 0:0 / J=x_____GO; / OUT recorded. / 1 0 V A / A:A J: : :
+
+Without a batter an at-bat goes to the first nameless row.
+unbat:v AB =>  AB=1, 0:0 / A=x_____AB [ERR]; / At-Bat recorded. / 0 0 V B / A:A B:B : :
 )");
 }
 
@@ -45,8 +49,8 @@ TEST(Outcomes, TheThirdOutEndsTheHalfWhicheverLabelMakesIt) {
 OUT:2 K => A K=1, A AB=1, l K=1, 0:0 / A=x_____K;[0.5]; / 0 3 H A / 0=0* 0:0 / A: : : :
 OUT:1 DP => A AB=1, 0:0 / A=x_____DP;[0.5]; / 0 3 H A / 0=0* 0:0 / A: : : :
 OUT:2 TO => 0:0 / A=x_____TO;[0.5]; / 0 3 H A / 0=0* 0:0 / A: : : :
-1B OUT:2 FO => A 1B=1, A AB=1, B AB=1, l H=1, 1:0 / A=x_____1B;B=x_____FO;[0.5]; / 0 3 H B
-  / 0=0* 0:0 / A: B: : :
+1B RBI OUT:2 FO => A 1B=1, A AB=1, B RBI=1, B AB=1, l H=1, l ER=1, 1:0
+  / A=x_____1B;B=x_____RBI;B=x_____FO;[0.5]; / 0 3 H B / 0=1* 1:0 / A: B: : :
 
 Until a batter of the new side is chosen the old name is foreign to it.
 OUT:3 1B => 0:0 / a=x_____1B; / 3 3 H A / 0=0* 0:0 / A:A : : :
@@ -77,24 +81,13 @@ TEST(Outcomes, AreDeadWithoutTeamsAndRefusedWithoutPitchersOrBatter) {
   }
 }
 
-TEST(Outcomes, CountAtBatsOnTheFirstRowOfTheName) {
-  Game table(false);
-  table.Load(Side::Visitors, "Owls.txt", "A\nB");
-  table.Load(Side::Home, "Elks.txt", "A\nC");
-  table.Play("atbat:v AB atbat:h bat:h0 AB");
-  EXPECT_EQ(table.Look("log") + table.Look("clock"), "_____AB [ERR];A_____AB [ERR];0 0 H C");
-  EXPECT_EQ(table.Look("counters"), "A AB=1,  AB=1, 0:0") << "without a batter, a nameless row";
-  EXPECT_EQ(table.sheet.grd_VisStats.Text(1, stat_column::kAtBats), "1") << "visitors first";
-  table.Play("AB");
-  EXPECT_EQ(table.Look("clock"), "0 0 H A") << "after the last man of a short list";
-}
-
-TEST(Outcomes, MarkAsPlayedTheManOnTheFirstPiece) {
+TEST(Outcomes, CountAtBatsForTheVisitorsFirst) {
   Game game;
-  game.Play("1B bat:v9 up:v GO");
-  EXPECT_EQ(game.sheet.grd_VisStats.Text(10, stat_column::kPlayed), "") << "on another piece";
-  game.Play("reset: bat:v8 1B");
-  EXPECT_EQ(game.sheet.grd_VisStats.Text(10, stat_column::kPlayed), "1");
+  game.Load(Side::Home, "Elks.txt", "A\nC");
+  game.Play("atbat:h bat:h0 AB AB");
+  EXPECT_EQ(game.Look("counters"), "A AB=1, C AB=1, 0:0");
+  EXPECT_EQ(game.sheet.grd_VisStats.Text(1, stat_column::kAtBats), "1") << "of the same name";
+  EXPECT_EQ(game.Look("clock"), "0 0 H A") << "after the last man of a short list";
 }
 
 }  // namespace dtb

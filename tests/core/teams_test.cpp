@@ -33,7 +33,7 @@ TEST(TeamFiles, LoadAsFarAsTheyAreGood) {
       {u8"Comets 1968.txt", lines(12), "12 P12=x>P12 12 9 Comets 1968|Comets 1968 0"},
       {u8"Comets=1968.csv", lines(49), "49 P49=x>P49 49 9 Comets|Comets 0"},
       {u8"Team.csvx", lines(1), "1 P1=x>P1 1 9 Team.|Team. 0"},
-      {u8"\u00C4.txt", "", "0 > 0 9 \xC3\x84|\xC3\x84 0"},
+      {u8"Owls.t\u00EBx", "", "0 > 0 9 Owls|Owls 0"},
       {u8".txt", lines(3), "3 P3=x>P3 3 0 |Team 5"},
       {u8"a.b", lines(3), "3 P3=x> 0 0 a.b|Team 5"},
       {u8"Comets=1968.txt", lines(50), "50 P50=x>P49 49 0 Comets=1968|Team 9"},
@@ -68,7 +68,6 @@ TEST(TeamFiles, LoadAsFarAsTheyAreGood) {
 TEST(LineUps, AreEdited) {
   Check("order clock told", R"(
 bat:v9 => ABCDEFGHIJKL9 abcdefghijkl0 / 0 0 V A / -
-bat:h3 => ABCDEFGHIJKL0 abcdefghijkl3 / 0 0 V A / -
 up:v => ABCDEFGHIJKL0 abcdefghijkl0 / 0 0 V A / -
 bat:v2 up:v => ACBDEFGHIJKL1 abcdefghijkl0 / 0 0 V C / -
 bat:v9 up:v => ABCDEFGHJIKL8 abcdefghijkl0 / 0 0 V J / -
@@ -85,7 +84,7 @@ edit:v drag:v4 dropshift:v1 => ABECDFGHIJKL2 abcdefghijkl0 / 0 0 V A / -
 edit:v drag:v0 dropshift:v11 => BCDEFGHIJKLA11 abcdefghijkl0 / 0 0 V A / -
 drag:v1 drop:v4 => ABCDEFGHIJKL4 abcdefghijkl0 / 0 0 V E / -
 
-bat:v1 rewrite:vZ => AZCDEFGHIJKL1 abcdefghijkl0 / 0 0 V B / -
+rewrite:vZ bat:v1 rewrite:v => ZBCDEFGHIJKL1 abcdefghijkl0 / 0 0 V B / -
 show:v3 => ABCDEFGHIJKL3 abcdefghijkl0 / 0 0 V A / !: D=x
 show:v3 bat:v4 => ABCDEFGHIJKL4 abcdefghijkl0 / 0 0 V E / !: D=x
 
@@ -104,7 +103,6 @@ plate:p0 => A: : : : / 0 0 V A
 1B reset: => A: B: : : / 0 0 V B
 
 A photo that was taken off stays in the store: only another photo takes the piece.
-photo:B 1B => A:A B:#* : : / 0 0 V B
 photo:B 1B GO => A:A B:* C:C : / 1 0 V C
 photo:B 1B free:p1 bat:v2 bat:v1 => A:A B:#* C:C : / 0 0 V B
 photo:B 1B free:p1 reset: bat:v2 => C:C : : : / 0 0 V C
@@ -119,18 +117,21 @@ ctrl:held click:p0 => 0:0 / - / -
 ctrl:up click:p0 => 0:0 / - / -
 ctrl:fresh click:p3 => 0:0 / - / -
 ctrl:fresh click:p0 click:p0 => A SB=1, 0:0 / A_____SB; / Stat Recorded.
-plate:p0 ctrl:fresh click:p0 => A SB=1, 0:0 / A_____SB; / Stat Recorded.
+1B plate:p1 ctrl:fresh click:p1 => A 1B=1, A AB=1, B SB=1, l H=1, 1:0 / A=x_____1B;B_____SB;
+  / HIT recorded. | Stat Recorded.
 OUT:3 bat:h0 ctrl:fresh click:p0 => 0:0 / A_____SB; / -
 )");
 }
 
 TEST(Pieces, ShrinkToTheGroundLineAndStayWithinReach) {
   Game game;
-  MovePiece(game.board, 2, 500, 5000);
   EnlargePieces(game.board);
   ShrinkPieces(game.board);
-  for (const GamePiece& piece : game.state.pieces) EXPECT_NEAR(piece.top.value(), 816.725, 1e-9);
-  EXPECT_DOUBLE_EQ(game.state.pieces[2].left.value(), 455);
+  EXPECT_DOUBLE_EQ(game.state.pieces[0].top.value(), 974 - 1.175 * 135);
+  MovePiece(game.board, 2, 500, 5000);
+  ShrinkPieces(game.board);
+  for (const GamePiece& piece : game.state.pieces) EXPECT_NEAR(piece.top.value(), 830.09, 1e-9);
+  EXPECT_DOUBLE_EQ(game.state.pieces[2].left.value(), 500 - 90 * 0.99 / 2);
   for (int i = 0; i < 100; ++i) ShrinkPieces(game.board);
   MovePiece(game.board, 3, -5000, -5000);
   EXPECT_GE(game.state.pieceWidth.value(), 12);
@@ -149,9 +150,12 @@ TEST(Photos, ComeFromTheFolderOfThePlayer) {
     SavePhotoPath(game.board);
     RefreshPitcherPhotos(game.board);
     EXPECT_EQ(game.state.lbl_PhotoPath.value(), shown ? folder : "");
+    EXPECT_FALSE(game.state.Text1_visible.value());
     EXPECT_EQ(game.state.img_HomePitch.value().path, shown ? "/new/l.jpg" : "");
   }
-  EXPECT_EQ(game.fake.settings["labels/lbl_PhotoPath"], "/new");
+  StartUp(game.board);
+  EXPECT_EQ(game.fake.settings["labels/lbl_PhotoPath"] + game.state.lbl_PhotoPath.value(),
+            "/new/new");
   EXPECT_EQ(game.Look("told"),
             "x: Program Error: The following error has occurred: 75, no settings");
   game.Do("pitch:h3");
@@ -163,6 +167,7 @@ TEST(Program, GoesOnUnchangedAfterANo) {
   const GameMemento before = Remember(game.board);
   EXPECT_FALSE(ConfirmExit(game.board));
   EXPECT_TRUE(Remember(game.board) == before);
+  EXPECT_EQ(game.Look("told"), "EXIT program?");
 }
 
 }  // namespace dtb

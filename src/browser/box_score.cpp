@@ -73,7 +73,7 @@ void GetBoxScore(Browser& browser) {
     LoadPlayers(browser, state.MSHFlexGrid11, kPitching, second);
     LoadGrid(browser, state.MSHFlexGrid12,
              {"SELECT * FROM BoxScores WHERE GameID LIKE ?1 ORDER BY Host, rowid",
-              {"%" + state.Text9.value() + "%"}},
+              {Containing(state.Text9.value())}},
              kTeamAndGame);
     state.MSHFlexGrid12.grid.SetColumnWidth(kHost, 0);
     state.SSTab1.Set(browser_tab::kGameStats);

@@ -1,5 +1,6 @@
 #include "game/text_cell.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -30,6 +31,12 @@ std::size_t ReadNumber(std::string_view text, double& number) {
   return static_cast<std::size_t>(result.ptr - text.data());
 }
 
+// Hand-typed figures can add up beyond all numbers; a figure is a number all the same.
+double Finite(double number) {
+  constexpr double kLargest = std::numeric_limits<double>::max();
+  return std::isnan(number) ? 0 : std::clamp(number, -kLargest, kLargest);
+}
+
 }  // namespace
 
 double NumberOf(std::string_view text) {
@@ -51,6 +58,7 @@ std::optional<double> WholeNumberOf(std::string_view text) {
 }
 
 std::string DecimalText(double number) {
+  number = Finite(number);
   if (number == 0) return "0";
   PlainDigits digits;
   const auto result =
@@ -61,8 +69,11 @@ std::string DecimalText(double number) {
 std::string TwoDecimals(double number) { return FixedDecimals(number, 2); }
 
 std::string FixedDecimals(double number, int decimals) {
-  const double unit = std::pow(10.0, decimals);
-  const double rounded = std::round(number * unit) / unit + 0.0;
+  number = Finite(number);
+  const double units = number * std::pow(10.0, decimals);
+  // A number too large to be counted in such small units has no decimals to round.
+  const double rounded =
+      std::isfinite(units) ? std::round(units) / std::pow(10.0, decimals) + 0.0 : number;
   PlainDigits digits;
   const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), rounded,
                                     std::chars_format::fixed, decimals);
@@ -70,8 +81,7 @@ std::string FixedDecimals(double number, int decimals) {
 }
 
 std::string RaisedText(std::string_view text, double by) {
-  const double raised = NumberOf(text) + by;
-  return DecimalText(std::isfinite(raised) ? raised : std::numeric_limits<double>::max());
+  return DecimalText(NumberOf(text) + by);
 }
 
 }  // namespace dtb

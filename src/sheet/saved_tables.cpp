@@ -9,7 +9,7 @@ namespace {
 TableColumns BoxScores() {
   TableColumns boxScores{table::kBoxScores, {"Team"}};
   for (int inning = 1; inning <= kInnings; ++inning) {
-    boxScores.columns.push_back("I" + DecimalText(inning));
+    boxScores.columns.push_back(std::string("I").append(DecimalText(inning)));
   }
   for (const char* column : {"Runs", "Hits", "Errors", "Host", "GameID"}) {
     boxScores.columns.emplace_back(column);

@@ -105,11 +105,13 @@ std::string FromUtf16(std::string_view bytes, bool bigEndian) {
 }
 
 std::string Decoded(std::string bytes) {
-  const std::string_view view = bytes;
-  if (view.starts_with("\xEF\xBB\xBF")) return Decoded(bytes.substr(3));
-  if (view.starts_with("\xFF\xFE")) return FromUtf16(view.substr(2), false);
-  if (view.starts_with("\xFE\xFF")) return FromUtf16(view.substr(2), true);
-  return IsUtf8(view) ? std::move(bytes) : FromWindows1252(view);
+  // One mark at most: what looks like a second one is text.
+  if (bytes.starts_with("\xEF\xBB\xBF")) {
+    bytes.erase(0, 3);
+  } else if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) {
+    return FromUtf16(std::string_view(bytes).substr(2), bytes.front() == '\xFE');
+  }
+  return IsUtf8(bytes) ? std::move(bytes) : FromWindows1252(bytes);
 }
 
 std::string ReadBytes(const std::filesystem::path& file) {

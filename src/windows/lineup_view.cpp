@@ -134,7 +134,7 @@ void LineupView::ShowState() {
   const LineupList& list = SideOf(board_, side_).list;
   model_->Refresh();
   const QModelIndex selected = model_->index(list.selected());
-  if (currentIndex() == selected) return;
+  if (currentIndex() == selected && selectionModel()->isSelected(selected)) return;
   setCurrentIndex(selected);
   if (!selected.isValid()) clearSelection();
 }

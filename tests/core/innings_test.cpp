@@ -18,6 +18,9 @@ TEST(TextCells, ReadTheNumberInFront) {
   }
   EXPECT_EQ(TwoDecimals(7 / 3.0) + TwoDecimals(4) + TwoDecimals(-0.001), "2.334.000.00");
   EXPECT_EQ(DecimalText(1e300).size(), 301U);
+  // Two hand-typed figures of 1e308 add up beyond all numbers.
+  EXPECT_EQ(DecimalText(1e308 + 1e308).size(), 309U);
+  EXPECT_EQ(TwoDecimals(1e308 + 1e308).size(), 312U);
 }
 
 TEST(Innings, FollowTheTwoCounters) {

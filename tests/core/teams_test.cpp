@@ -42,9 +42,10 @@ TEST(TeamFiles, LoadAsFarAsTheyAreGood) {
       {u8"no folder/none.txt", "", "0 > 0 0 VIS|Team 53"},
       {u8".", "", "0 > 0 0 VIS|Team 75"},
       // Whatever the line ends and the encoding.
-      {u8"Owls.txt", "A\rB\r\nC\nD\r\n\r\nE", "5 E>E 5 9 Owls|Owls 0"},
+      {u8"Owls.txt", "A\rB\rC\r\nD\n\r\nE", "5 E>E 5 9 Owls|Owls 0"},
       {u8"Owls.txt", "A\n \n=x\nA =x=.3", "4 A =x=.3>A  2 9 Owls|Owls 0"},
       {u8"Owls.txt", "A,RF,\0=x"s, "1 A,RF,\0=x>A,RF,\0 1 9 Owls|Owls 0"s},
+      {u8"Owls.txt", "\xEF\xBB\xBF\xEF\xBB\xBF=", "1 \xEF\xBB\xBF=>\xEF\xBB\xBF 1 9 Owls|Owls 0"},
       {u8"Owls.txt", "\xEF\xBB\xBF\xC3\xA9=", "1 \xC3\xA9=>\xC3\xA9 1 9 Owls|Owls 0"},
       {u8"Owls.txt", "=\xE9\x80\xFF", "1 =\xC3\xA9\xE2\x82\xAC\xC3\xBF> 0 9 Owls|Owls 0"},
       {u8"Owls.txt", "=\xED\xA0\x80", "1 =\xC3\xAD\xC2\xA0\xE2\x82\xAC> 0 9 Owls|Owls 0"},

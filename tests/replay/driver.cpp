@@ -8,12 +8,6 @@
 #include "replay/gestures.h"
 
 namespace dtb::replay {
-namespace {
-
-// More turns of the event loop than any gesture takes.
-constexpr int kMostWaits = 20000;
-
-}  // namespace
 
 int Driver::Run() {
   Schedule();
@@ -26,24 +20,19 @@ void Driver::Finish(int status) {
 }
 
 void Driver::Schedule() {
-  if (pause_ > 0) {
-    QTimer::singleShot(pause_, this, [this] { Step(); });
-  } else {
-    QMetaObject::invokeMethod(
-        this, [this] { Step(); }, Qt::QueuedConnection);
-  }
+  QTimer::singleShot(pause_, this, [this] { Step(); });
 }
 
 void Driver::Step() {
+  constexpr int kMostWaits = 20000;  // turns of the event loop; no gesture takes as many
   if (finished_) return;
   Schedule();
   const int loops = thread()->loopLevel();
   MessageBox* box = MessageBox::Open();
-  const bool windowWaits =
-      QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr;
+  const bool windowWaits = QApplication::activeModalWidget() || QApplication::activePopupWidget();
   // In the loop of the gesture itself its events are still on their way; in the loop of a box or
   // window that is closed already, the gesture is about to go on.
-  const bool closed = box != nullptr ? box == answered_ : loops_ > 0 && !windowWaits;
+  const bool closed = box ? box == answered_ : loops_ > 0 && !windowWaits;
   if (loops <= loops_ || closed) {
     if (++waits_ > kMostWaits) Refuse("the gesture does not end");
     return;
@@ -52,12 +41,12 @@ void Driver::Step() {
   const QScopedValueRollback hold(loops_, loops);
   // Without a desktop nobody else gives the focus back after a window is closed.
   QWidget* front = FrontWindow();
-  if (front != nullptr && !front->isActiveWindow()) {
+  if (front && !front->isActiveWindow()) {
     front->activateWindow();
     QApplication::processEvents();
   }
   try {
-    if (box == nullptr) {
+    if (!box) {
       MakeGesture();
     } else if (Answer(*box)) {
       answered_ = box;

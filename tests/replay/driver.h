@@ -1,25 +1,19 @@
 // Makes gestures one after the other, also while boxes and windows wait for the person.
 #pragma once
 
-#include <QObject>
-#include <QPointer>
-
 #include "windows/message_box.h"
 
 namespace dtb::replay {
 
 // A gesture that opens a box or a modal window returns only when that is closed again, so the next
-// gestures come from inside its event loop. They come only when every event of the gesture before
-// has been delivered, except for the last one, which waits.
+// gestures come from inside its event loop, and only after all events before them were delivered.
 class Driver : public QObject {
  public:
   explicit Driver(int pause = 0) : pause_(pause) {}  // milliseconds between gestures
-
   // Runs the application until Finish; returns its status.
   int Run();
 
  protected:
-  // Makes one gesture in the front window, or finishes.
   virtual void MakeGesture() = 0;
   // True when the box was closed.
   virtual bool Answer(MessageBox& box) = 0;

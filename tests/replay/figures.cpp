@@ -1,98 +1,84 @@
-#include "replay/figures.h"
-
 #include <QFile>
 #include <QMap>
-#include <QSet>
 
 #include "platform/qt/qt_text.h"
+#include "replay/game_state.h"
 
 namespace dtb::replay {
 namespace {
 
-using Counters = QMap<QString, QString>;
-using Figures = QMap<QString, Counters>;  // by team, or by team and player
+using Figures = QMap<QString, QString>;  // "Team, Player: RBI" and "2"
 
-QString Batting(const QString& team, const QString& player) { return team + ", " + player; }
-QString Pitching(const QString& team, const QString& player) {
-  return Batting(team, player) + " (pitching)";
+QString Batter(const QString& team, const QString& name) { return team + ", " + name + ": "; }
+QString Pitcher(const QString& team, const QString& name) {
+  return team + ", " + name + " (pitching): ";
+}
+QString Inning(const QString& team, qsizetype inning) {
+  return QString("%1: inning %2").arg(team).arg(inning + 1);
 }
 
-void AddLineScore(Counters& counters, const QString& cells) {
-  const QStringList innings = cells.split(' ', Qt::SkipEmptyParts);
-  for (int i = 0; i < innings.size(); ++i) {
-    if (innings[i] != "-") counters.insert(QString("inning %1").arg(i + 1), innings[i]);
-  }
-}
-
-Figures Expected(const QString& text) {
-  Figures figures;
-  for (const QString& line : text.split('\n', Qt::SkipEmptyParts)) {
-    const QString kind = line.section(' ', 0, 0);
-    QStringList parts = line.section(' ', 1).split('|');
-    for (QString& part : parts) part = part.trimmed();
-    if (parts.size() != 3) {
-      figures[line].insert("the line", "readable");
-    } else if (kind == "LINE") {
-      Counters& counters = figures[parts[0]];
-      AddLineScore(counters, parts[1]);
-      counters.insert("R", parts[2].section(' ', 1, 1));
-      counters.insert("H", parts[2].section(' ', 3, 3));
-    } else {
-      Counters& counters =
-          figures[kind == "PITCHING" ? Pitching(parts[0], parts[1]) : Batting(parts[0], parts[1])];
-      for (const QString& counter : parts[2].split(' ', Qt::SkipEmptyParts)) {
-        counters.insert(counter.section('=', 0, 0), counter.section('=', 1));
-      }
+void AddExpected(Figures& figures, const QString& line) {
+  const QString kind = line.section(' ', 0, 0);
+  const QStringList parts = line.section(' ', 1).split(" | ");
+  if (parts.size() != 3) {
+    figures[line] = "a line that can be read";
+  } else if (kind == "LINE") {
+    const QStringList innings = parts[1].split(' ');
+    for (qsizetype i = 0; i < innings.size(); ++i) {
+      figures[Inning(parts[0], i)] = innings[i] == "-" ? "" : innings[i];
+    }
+    figures[parts[0] + ": R"] = parts[2].section(' ', 1, 1);
+    figures[parts[0] + ": H"] = parts[2].section(' ', 3, 3);
+  } else {
+    const QString who = (kind == "PITCHING" ? Pitcher : Batter)(parts[0], parts[1]);
+    for (const QString& counter : parts[2].split(' ', Qt::SkipEmptyParts)) {
+      figures[who + counter.section('=', 0, 0)] = counter.section('=', 1);
     }
   }
-  return figures;
 }
 
 void AddSide(Figures& figures, const SideFields& side) {
-  const QString team = ToQt(side.team.value());
-  for (int inning = 0; inning < kInnings; ++inning) {
-    figures[team].insert(QString("inning %1").arg(inning + 1),
-                         ToQt(side.score.at(inning).text.value()));
-  }
-  figures[team].insert("R", ToQt(side.score.at(kTotalRuns).text.value()));
-  figures[team].insert("H", ToQt(side.score.at(kTotalHits).text.value()));
   namespace column = stat_column;
+  const QString team = ToQt(side.team.value());
+  const auto score = [&](int cell) { return ToQt(side.score.at(cell).text.value()); };
+  for (int inning = 0; inning < kInnings; ++inning) figures[Inning(team, inning)] = score(inning);
+  figures[team + ": R"] = score(kTotalRuns);
+  figures[team + ": H"] = score(kTotalHits);
   const auto cell = [&](int row, int at) { return ToQt(side.grid.Text(row, at)); };
   for (int row = 1; row < side.grid.rows(); ++row) {
-    const QString batter = Batting(team, cell(row, column::kBatter));
-    for (int at = column::kStrikeouts; at <= column::kAtBats; ++at) {
-      figures[batter].insert(cell(0, at), cell(row, at));
-    }
-    const QString pitcher = Pitching(team, cell(row, column::kPitcher));
-    for (int at = column::kPitcherStrikeouts; at <= column::kInningsPitched; ++at) {
-      figures[pitcher].insert(cell(0, at), cell(row, at));
+    const QString batter = Batter(team, cell(row, column::kBatter));
+    const QString pitcher = Pitcher(team, cell(row, column::kPitcher));
+    for (int at = column::kStrikeouts; at <= column::kInningsPitched; ++at) {
+      if (at != column::kPitcher) {
+        figures[(at < column::kPitcher ? batter : pitcher) + cell(0, at)] = cell(row, at);
+      }
     }
   }
 }
-
-QString Shown(const QString& figure) { return figure.isEmpty() ? "none" : figure; }
 
 }  // namespace
 
 QStringList Differences(Board& board, const QString& expectedFile) {
   QFile file(expectedFile);
-  if (!file.open(QIODevice::ReadOnly)) return {expectedFile + ": cannot be read"};
-  const Figures expected = Expected(QString::fromUtf8(file.readAll()).remove('\r'));
+  if (!file.open(QIODevice::ReadOnly)) return {expectedFile + " cannot be read"};
+  Figures expected;
+  for (const QString& line : QString::fromUtf8(file.readAll()).remove('\r').split('\n')) {
+    if (!line.isEmpty()) AddExpected(expected, line);
+  }
   Figures actual;
   for (const Side side : {Side::Visitors, Side::Home}) {
     AddSide(actual, SideOf(board, side));
   }
+  Figures all = actual;
+  all.insert(expected);
   QStringList differences;
-  Figures all = expected;
-  for (auto who = actual.begin(); who != actual.end(); ++who) all[who.key()].insert(who.value());
-  for (auto who = all.begin(); who != all.end(); ++who) {
-    for (const QString& counter : who.value().keys()) {
-      const QString is = actual.value(who.key()).value(counter);
-      const QString should = expected.value(who.key()).value(counter);
-      if (is == should) continue;
-      differences +=
-          QString("%1: %2 is %3, should be %4").arg(who.key(), counter, Shown(is), Shown(should));
-    }
+  for (const QString& figure : all.keys()) {
+    const QString is = actual.value(figure);
+    const QString should = expected.value(figure);
+    if (is == should) continue;
+    differences +=
+        QString("%1 is %2, should be %3")
+            .arg(figure, is.isEmpty() ? "empty" : is, should.isEmpty() ? "empty" : should);
   }
   return differences;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QTest>
 #include <QWidget>
 #include <stdexcept>
 
@@ -22,34 +23,30 @@ struct Target {
 // The window that takes the input; null when none is open.
 [[nodiscard]] QWidget* FrontWindow();
 
-// All of the following throw Refused: for a control that is not in the front window, and for a
-// gesture at a control that is hidden, disabled or covered there.
+// All of the following throw Refused: for what is not in the front window, and for a gesture at a
+// control that is hidden, disabled or covered there.
 
 // "NAME" or "WINDOW.NAME"; an index may stand in [ ] or ( ).
 [[nodiscard]] QWidget* FindControl(QString name);
 // "NAME", which stands for the middle of it, or "NAME@X,Y".
 [[nodiscard]] Target TargetAt(const QString& nameAndPlace);
-// A row of a list or a cell of a table, header row 0, after it was scrolled into view.
+// A row of a list or a cell of a table, header row 0; it is scrolled into view.
 [[nodiscard]] Target TargetAtRow(const QString& list, int row);
 [[nodiscard]] Target TargetAtCell(const QString& table, int row, int column);
 [[nodiscard]] Target TargetAtTab(const QString& name, int tab);
 // An entry of the menu bar.
 [[nodiscard]] Target TargetAtMenu(const QString& caption);
 
-enum class Times { Once, Twice };
-
-// Modifiers are keys really held: they are pressed before and released after the mouse.
+// Modifiers are keys that are really held meanwhile.
 void Click(const Target& target, Qt::MouseButton button = Qt::LeftButton,
-           Qt::KeyboardModifiers modifiers = {}, Times times = Times::Once);
-void DoubleClick(const Target& target, Qt::KeyboardModifiers modifiers = {});
-// With the left button, from one place to another.
-void Drag(const Target& start, const Target& end, Qt::KeyboardModifiers modifiers = {});
-// With the left button, from one row of a list to another.
+           Qt::KeyboardModifiers modifiers = {}, QTest::MouseAction action = QTest::MouseClick);
+// With the left button; what covers the end does not matter.
+void Drag(const Target& from, const Target& to, Qt::KeyboardModifiers modifiers = {});
+// Both rows must be in view together.
 void DragRow(const QString& list, int from, int to, Qt::KeyboardModifiers modifiers = {});
 // Clicks into the text field and types over all of its text.
 void TypeText(QWidget* field, const QString& text);
 // "Return", "Ctrl+F12": the control takes the focus, then the key.
 void PressKey(QWidget* control, const QString& key);
-void CloseWindow(QWidget* window);
 
 }  // namespace dtb::replay

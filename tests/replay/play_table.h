@@ -1,17 +1,25 @@
 // The whole program at a table of its own, for scripts and tests.
 #pragma once
 
-#include <QList>
-#include <QTemporaryDir>
-#include <memory>
+#include <SQLiteCpp/SQLiteCpp.h>
 
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "platform/paths.h"
+#include "platform/qt/qt_text.h"
 #include "windows/desk.h"
 
 namespace dtb::replay {
 
+inline std::filesystem::path PathOfFile(const QString& file) { return PathOf(FromQt(file)); }
+
 // Gives the answers in order; a dialog that nobody prepared is cancelled.
 struct ScriptedDialogs : FileDialogs {
-  std::optional<std::filesystem::path> OpenFile(const OpenFileRequest& request) override;
+  std::optional<std::filesystem::path> OpenFile(const OpenFileRequest& /*request*/) override {
+    return answers.isEmpty() ? std::nullopt : answers.takeFirst();
+  }
   QList<std::optional<std::filesystem::path>> answers;
 };
 
@@ -21,19 +29,24 @@ struct NoPages : Pages {
 };
 
 // A desk whose program folder and settings are made for it and go with it.
-class PlayTable {
- public:
-  PlayTable();
+struct PlayTable {
+  PlayTable() {
+    const QDir program(QStringLiteral(DTB_PROGRAM_FOLDER));
+    for (const QString& name : program.entryList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
+      QFile::link(program.filePath(name), folder.filePath(name));
+    }
+    QFile schema(folder.filePath("schema.sql"));
+    if (!schema.open(QIODevice::ReadOnly)) return;
+    SQLite::Database(FromQt(folder.filePath("DTB.mdb")),
+                     SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+        .exec(schema.readAll().toStdString());
+  }
 
-  [[nodiscard]] Desk& desk() { return *desk_; }
-  [[nodiscard]] ScriptedDialogs& dialogs() { return dialogs_; }
-  [[nodiscard]] QString Folder(const QString& name) const { return folder_.filePath(name); }
-
- private:
-  QTemporaryDir folder_;
-  ScriptedDialogs dialogs_;
-  NoPages pages_;
-  std::unique_ptr<Desk> desk_;
+  QTemporaryDir folder;
+  ScriptedDialogs dialogs;
+  NoPages pages;
+  Desk desk{
+      Desk::Setup{PathOfFile(folder.path()), folder.filePath("settings.ini"), &dialogs, &pages}};
 };
 
 }  // namespace dtb::replay

@@ -1,14 +1,11 @@
 #include "replay/player.h"
 
-#include <QApplication>
-#include <QDir>
+#include <QLineEdit>
+#include <QWindow>
 #include <cstdio>
-#include <unordered_map>
 
-#include "platform/paths.h"
-#include "platform/qt/qt_text.h"
+#include "replay/game_state.h"
 #include "replay/gestures.h"
-#include "replay/state_dump.h"
 #include "teams/player_name.h"
 
 namespace dtb::replay {
@@ -16,35 +13,16 @@ namespace {
 
 constexpr int kShowPause = 150;  // milliseconds
 
-// "X,Y" is a place of the park in layout units, the same at every size of the window.
-void DragToScene(const QString& name, const QString& place) {
-  QWidget* park = FindControl("Picture1");
-  const double x = place.section(',', 0, 0).toDouble() / kSceneWidth;
-  const double y = place.section(',', 1, 1).toDouble() / kSceneHeight;
-  Drag(TargetAt(name), {park, QPoint(qRound(park->width() * x), qRound(park->height() * y))});
-}
-
 struct Names {
-  const char* load;
-  const char* list;
-  const char* pitcher;
-  const char* atBat;
-  const char* edit;
-  const char* newEntry;
-};
-constexpr Names kVisitors{"Command6", "List1",  "lbl_VisPitcher",
-                          "Option5",  "Check1", "tb_List1edit"};
-constexpr Names kHome{"Command7", "List2", "lbl_HomePitcher", "Option6", "Check2", "tb_List2edit"};
-
-struct SideWord {
-  Side side;
-  const Names& names;
+  QString list, load, pitcher, atBat, edit, newEntry;
 };
 
-SideWord SideOfWord(const QString& word) {
-  if (word == "visitors") return {Side::Visitors, kVisitors};
-  if (word == "home") return {Side::Home, kHome};
-  throw Refused("\"" + word + "\" is no side");
+const Names& NamesOf(Side side) {
+  static const Names visitors{"List1",   "Command6", "lbl_VisPitcher",
+                              "Option5", "Check1",   "tb_List1edit"};
+  static const Names home{"List2",   "Command7", "lbl_HomePitcher",
+                          "Option6", "Check2",   "tb_List2edit"};
+  return side == Side::Visitors ? visitors : home;
 }
 
 const QHash<QString, QString>& Outcomes() {
@@ -61,23 +39,25 @@ QString Rest(const QString& line, int n) { return line.section(' ', n); }
 
 int Number(const QString& line, int n) {
   bool good = false;
-  const int number = Word(line, n).toInt(&good);
-  if (!good || number < 0) throw Refused("\"" + Word(line, n) + "\" is no number");
-  return number;
+  const uint number = Word(line, n).toUInt(&good);
+  if (!good) throw Refused("\"" + Word(line, n) + "\" is no number");
+  return static_cast<int>(number);
 }
 
-int RowOfPlayer(const LineupList& list, const QString& name) {
+QString RowOf(const LineupList& list, const QString& name) {
   for (int row = 0; row < list.size(); ++row) {
-    if (ToQt(PlayerNameOf(list.entries()[row])) == name) return row;
+    if (ToQt(PlayerNameOf(list.entries()[row])) == name) return QString::number(row);
   }
   throw Refused("there is no " + name + " in the line-up");
 }
 
-QString RowGesture(const char* gesture, const char* list, int row) {
-  return QString("%1 %2 %3").arg(gesture, list).arg(row);
+// "X,Y" is a place of the park in layout units, the same at every size of the window.
+Target TargetInPark(const QString& place) {
+  QWidget* park = FindControl("Picture1");
+  const double x = place.section(',', 0, 0).toDouble() / kSceneWidth;
+  const double y = place.section(',', 1).toDouble() / kSceneHeight;
+  return {park, QPoint(qRound(park->width() * x), qRound(park->height() * y))};
 }
-
-bool IsRemark(const QString& line) { return line.trimmed().isEmpty() || line.startsWith('#'); }
 
 bool BringsUpBatter(const QString& verb) {
   return verb == "BATTER" || (Outcomes().contains(verb) && verb != "RBI" && verb != "TO");
@@ -88,33 +68,22 @@ bool BringsUpBatter(const QString& verb) {
 Player::Player(PlayTable& table, const QString& script, const Options& options)
     : Driver(options.show ? kShowPause : 0),
       table_(table),
-      board_(table.desk().board()),
+      board_(table.desk.board()),
       script_(script),
       options_(options) {
   QFile file(script);
   if (!file.open(QIODevice::ReadOnly)) throw Refused(script + ": cannot be read");
   lines_ = QString::fromUtf8(file.readAll()).remove('\r').split('\n');
   if (lines_.last().isEmpty()) lines_.removeLast();
+  scriptLines_ = lines_.size();
   if (options.save) lines_ += {"CLICK lbl_STATS", "CLICK Command2", "CLOSE"};
   // On a screen the timers run by themselves; else they tick when the script says so.
-  if (!options.show) table.desk().form1().constantTimer().stop();
+  if (!options.show) table.desk.form1().constantTimer().stop();
 }
 
 void Player::Refuse(const QString& reason) {
-  const QString report = QString("%1:%2: %3\n").arg(script_).arg(next_).arg(reason);
-  std::fputs(report.toUtf8().constData(), stderr);
+  std::fprintf(stderr, "%s:%lld: %s\n", qUtf8Printable(script_), next_, qUtf8Printable(reason));
   Finish(1);
-}
-
-bool Player::TakeLine() {
-  while (next_ < lines_.size() && IsRemark(lines_[next_])) ++next_;
-  if (next_ == lines_.size()) return false;
-  const QString line = lines_[next_++];
-  WatchPieces();
-  if (BringsUpBatter(Word(line, 0))) gestures_ = QStringList{Tidying()};
-  gestures_ += GesturesOf(line);
-  gestures_.removeAll({});
-  return true;
 }
 
 void Player::MakeGesture() {
@@ -122,25 +91,30 @@ void Player::MakeGesture() {
     half_ = HalfInProgress(board_.state);
     KeepPicture(QString("half-%1").arg(half_, 2, 10, QChar('0')));
   }
-  if (gestures_.isEmpty() && !TakeLine()) {
-    Finish(0);
-  } else {
-    Perform(gestures_.takeFirst());
+  while (gestures_.isEmpty() && next_ < lines_.size()) TakeLine();
+  if (gestures_.isEmpty()) return Finish(0);
+  Perform(gestures_.takeFirst());
+}
+
+void Player::TakeLine() {
+  const QString line = lines_[next_++];
+  if (line.trimmed().isEmpty() || line.startsWith('#')) return;
+  if (const QString tidying = Tidying(); BringsUpBatter(Word(line, 0)) && !tidying.isEmpty()) {
+    gestures_ += tidying;
   }
+  gestures_ += GesturesOf(line);
 }
 
 bool Player::NextLineIsFor(const MessageBox& box) const {
   if (!gestures_.isEmpty() || next_ == lines_.size()) return false;
   const QString name = Word(lines_[next_], 1).section('@', 0, 0);
   return Word(lines_[next_], 0) == "SHOT" || box.objectName() == name ||
-         (!name.isEmpty() && box.findChild<QWidget*>(name) != nullptr);
+         (!name.isEmpty() && box.findChild<QWidget*>(name));
 }
 
 bool Player::Answer(MessageBox& box) {
-  if (seen_ != &box) {
-    seen_ = &box;
-    messages_.append(box.message());
-  }
+  if (seen_ != &box) messages_ += box.message();
+  seen_ = &box;
   if (NextLineIsFor(box)) {
     const QString line = lines_[next_++];
     Perform(line);
@@ -155,59 +129,67 @@ bool Player::Answer(MessageBox& box) {
   return true;
 }
 
-QStringList Player::GesturesOf(const QString& line) {
+QStringList Player::GesturesOf(const QString& line) const {
   const QString verb = Word(line, 0);
   if (Outcomes().contains(verb)) return {"CLICK " + Outcomes()[verb]};
-  if (verb == "SB") {
-    const std::string name = FromQt(Rest(line, 1));
-    for (int piece = 0; piece < kPieces; ++piece) {
-      if (board_.state.pieces.at(piece).tag.value() != name) continue;
-      const QString box = QString("pb_Player%1").arg(piece + 1);
-      const QWidget* control = FindControl(box);
-      return {QString("CTRLCLICK %1@%2,%3")
-                  .arg(box)
-                  .arg(control->width() / 2)
-                  .arg(control->height() / 4)};
-    }
-    throw Refused("no game piece bears " + Rest(line, 1));
-  }
-  if (verb == "SWAP") return SwapGestures(Word(line, 1), Rest(line, 2));
-  static const QStringList forms{"LOAD", "PITCHER", "ATBAT", "BATTER"};
-  if (!forms.contains(verb)) return {line};
-  const auto [side, names] = SideOfWord(Word(line, 1));
-  if (verb == "ATBAT") return {QString("CLICK ") + names.atBat};
-  if (verb == "LOAD") return {"CHOOSE " + Rest(line, 2), QString("CLICK ") + names.load};
-  const int row = RowOfPlayer(SideOf(board_, side).list, Rest(line, 2));
-  QStringList gestures{RowGesture("ROW", names.list, row)};
-  if (verb == "PITCHER") gestures += QString("DBLCLICK ") + names.pitcher;
+  if (verb == "SB") return {GestureAtPieceOf(FromQt(Rest(line, 1)))};
+  if (!QStringList{"LOAD", "PITCHER", "ATBAT", "BATTER", "SWAP"}.contains(verb)) return {line};
+  const QString word = Word(line, 1);
+  if (word != "visitors" && word != "home") throw Refused("\"" + word + "\" is no side");
+  const Side side = word == "home" ? Side::Home : Side::Visitors;
+  const Names& names = NamesOf(side);
+  if (verb == "SWAP") return GesturesOfSwap(side, Rest(line, 2));
+  if (verb == "ATBAT") return {"CLICK " + names.atBat};
+  if (verb == "LOAD") return {"CHOOSE " + Rest(line, 2), "CLICK " + names.load};
+  const QString row = RowOf(SideOf(table_.desk.board(), side).list, Rest(line, 2));
+  QStringList gestures{"ROW " + names.list + ' ' + row};
+  if (verb == "PITCHER") gestures += "DBLCLICK " + names.pitcher;
   return gestures;
 }
 
-QStringList Player::SwapGestures(const QString& sideWord, const QString& players) {
-  const auto [side, names] = SideOfWord(sideWord);
-  const LineupList& list = SideOf(board_, side).list;
-  const int first = RowOfPlayer(list, players.section(" | ", 0, 0));
-  const int second = RowOfPlayer(list, players.section(" | ", 1));
-  QStringList gestures{QString("CLICK ") + names.edit};
-  for (const auto& [row, entryOf] : {std::pair{first, second}, std::pair{second, first}}) {
-    gestures += RowGesture("ROW", names.list, row);
-    gestures += QString("TYPE %1 ").arg(names.newEntry) + ToQt(list.entries()[entryOf]);
-    gestures += RowGesture("DBLROW", names.list, row);
+QStringList Player::GesturesOfSwap(Side side, const QString& players) const {
+  const LineupList& list = SideOf(table_.desk.board(), side).list;
+  const Names& names = NamesOf(side);
+  const QString place = names.list + ' ';
+  const QString first = RowOf(list, players.section(" | ", 0, 0));
+  const QString second = RowOf(list, players.section(" | ", 1));
+  QStringList gestures{"CLICK " + names.edit};
+  for (const auto& [row, other] : {std::pair{first, second}, std::pair{second, first}}) {
+    const QString entry = ToQt(list.entries()[other.toUInt()]);
+    gestures +=
+        {"ROW " + place + row, "TYPE " + names.newEntry + ' ' + entry, "DBLROW " + place + row};
   }
-  if (list.HasRow(list.selected())) gestures += RowGesture("ROW", names.list, list.selected());
-  return gestures += QString("CLICK ") + names.edit;
+  const QString before = QString::number(list.selected());
+  if (list.HasRow(list.selected())) gestures += "ROW " + place + before;
+  return gestures + QStringList{"CLICK " + names.edit};
 }
 
-void Player::WatchPieces() {
+QString Player::GestureAtPieceOf(const std::string& name) const {
   for (int piece = 0; piece < kPieces; ++piece) {
-    const GamePiece& shown = board_.state.pieces.at(piece);
-    Man& man = men_.at(piece);
-    if (shown.free()) {
-      man = {};
-    } else if (man.since == 0 || man.name != shown.tag.value()) {
-      man = {shown.tag.value(), ++clock_};
-    }
+    if (board_.state.pieces.at(piece).tag.value() != name) continue;
+    const QString box = QString("pb_Player%1").arg(piece + 1);
+    const QSize size = FindControl(box)->size();
+    return QString("CTRLCLICK %1@%2,%3").arg(box).arg(size.width() / 2).arg(size.height() / 4);
   }
+  throw Refused("no game piece bears " + ToQt(name));
+}
+
+QString Player::Tidying() {
+  std::map<std::string, int> men;
+  int oldest = -1;
+  bool full = true;
+  for (int i = 0; i < kPieces; ++i) {
+    const GamePiece& piece = board_.state.pieces.at(i);
+    const std::string& name = piece.tag.value();
+    full = full && !piece.free();
+    if (piece.free()) continue;
+    men[name] = men_.contains(name) ? men_[name] : ++clock_;
+    if (name == board_.state.lbl_Selected.value() || StealsLater(name)) continue;
+    const bool older = oldest < 0 || men[name] < men[board_.state.pieces.at(oldest).tag.value()];
+    if (older) oldest = i;
+  }
+  men_ = men;
+  return full && oldest >= 0 ? QString("DBLCLICK pb_Player%1").arg(oldest + 1) : QString();
 }
 
 bool Player::StealsLater(const std::string& name) const {
@@ -220,93 +202,76 @@ bool Player::StealsLater(const std::string& name) const {
   return false;
 }
 
-QString Player::Tidying() const {
-  int oldest = -1;
-  for (int piece = 0; piece < kPieces; ++piece) {
-    const Man& man = men_.at(piece);
-    if (man.since == 0) return {};
-    if (man.name == board_.state.lbl_Selected.value() || StealsLater(man.name)) continue;
-    if (oldest < 0 || man.since < men_.at(oldest).since) oldest = piece;
+bool Player::UseMouse(QString verb, const QString& gesture) {
+  const auto has = [&verb](const QString& prefix) {
+    const bool found = verb.startsWith(prefix);
+    if (found) verb.remove(0, prefix.size());
+    return found;
+  };
+  Qt::KeyboardModifiers modifiers;
+  modifiers.setFlag(Qt::ControlModifier, has("CTRL"));
+  modifiers.setFlag(Qt::ShiftModifier, has("SHIFT"));
+  const auto button = has("RIGHT") ? Qt::RightButton : Qt::LeftButton;
+  const auto action = has("DBL") ? QTest::MouseDClick : QTest::MouseClick;
+  const QString name = Word(gesture, 1);
+  Target target;
+  if (verb == "CLICK") target = TargetAt(name);
+  if (verb == "ROW") target = TargetAtRow(name, Number(gesture, 2));
+  if (verb == "CELL") target = TargetAtCell(name, Number(gesture, 2), Number(gesture, 3));
+  if (verb == "TAB") target = TargetAtTab(name, Number(gesture, 2));
+  if (verb == "MENU") target = TargetAtMenu(Rest(gesture, 1));
+  if (verb == "DRAGROW") {
+    DragRow(name, Number(gesture, 2), Number(gesture, 3), modifiers);
+  } else if (target.control) {
+    Click(target, button, modifiers, action);
   }
-  return oldest < 0 ? QString() : QString("DBLCLICK pb_Player%1").arg(oldest + 1);
+  return verb == "DRAGROW" || target.control;
 }
 
 void Player::Perform(const QString& gesture) {
-  using Operation = std::function<void(Player&, const QString&)>;
-  static const std::unordered_map<std::string, Operation> operations{
-      {"CLICK", [](Player&, const QString& g) { Click(TargetAt(Word(g, 1))); }},
-      {"DBLCLICK", [](Player&, const QString& g) { DoubleClick(TargetAt(Word(g, 1))); }},
-      {"CTRLCLICK",
-       [](Player&, const QString& g) {
-         Click(TargetAt(Word(g, 1)), Qt::LeftButton, Qt::ControlModifier);
-       }},
-      {"RIGHTCLICK",
-       [](Player&, const QString& g) { Click(TargetAt(Word(g, 1)), Qt::RightButton); }},
-      {"ROW", [](Player&, const QString& g) { Click(TargetAtRow(Word(g, 1), Number(g, 2))); }},
-      {"DBLROW",
-       [](Player&, const QString& g) { DoubleClick(TargetAtRow(Word(g, 1), Number(g, 2))); }},
-      {"RIGHTROW",
-       [](Player&, const QString& g) {
-         Click(TargetAtRow(Word(g, 1), Number(g, 2)), Qt::RightButton);
-       }},
-      {"DRAGROW",
-       [](Player&, const QString& g) { DragRow(Word(g, 1), Number(g, 2), Number(g, 3)); }},
-      {"SHIFTDRAGROW",
-       [](Player&, const QString& g) {
-         DragRow(Word(g, 1), Number(g, 2), Number(g, 3), Qt::ShiftModifier);
-       }},
-      {"DRAG", [](Player&, const QString& g) { DragToScene(Word(g, 1), Word(g, 2)); }},
-      {"CELL",
-       [](Player&, const QString& g) {
-         Click(TargetAtCell(Word(g, 1), Number(g, 2), Number(g, 3)));
-       }},
-      {"DBLCELL",
-       [](Player&, const QString& g) {
-         DoubleClick(TargetAtCell(Word(g, 1), Number(g, 2), Number(g, 3)));
-       }},
-      {"CTRLDBLCELL",
-       [](Player&, const QString& g) {
-         DoubleClick(TargetAtCell(Word(g, 1), Number(g, 2), Number(g, 3)), Qt::ControlModifier);
-       }},
-      {"TYPE", [](Player&, const QString& g) { TypeText(FindControl(Word(g, 1)), Rest(g, 2)); }},
-      {"KEY", [](Player&, const QString& g) { PressKey(FindControl(Word(g, 1)), Word(g, 2)); }},
-      {"MENU", [](Player&, const QString& g) { Click(TargetAtMenu(Rest(g, 1))); }},
-      {"TAB", [](Player&, const QString& g) { Click(TargetAtTab(Word(g, 1), Number(g, 2))); }},
-      {"ANSWER", [](Player& p, const QString& g) { p.answers_ += Word(g, 1); }},
-      {"CHOOSE", [](Player& p, const QString& g) { p.Choose(Rest(g, 1)); }},
-      {"CANCEL", [](Player& p, const QString&) { p.table_.dialogs().answers += std::nullopt; }},
-      {"CLOSE", [](Player&, const QString&) { CloseWindow(FrontWindow()); }},
-      {"TICK", [](Player& p, const QString& g) { p.Tick(Number(g, 1)); }},
-      {"DUMP", [](Player& p, const QString&) { p.Dump(); }},
-      {"SHOT", [](Player& p, const QString& g) { p.KeepPicture(Word(g, 1)); }},
-  };
-  const auto operation = operations.find(FromQt(Word(gesture, 0)));
-  if (operation == operations.end()) throw Refused("there is no gesture " + Word(gesture, 0));
-  operation->second(*this, gesture);
-}
-
-void Player::Choose(const QString& file) {
-  table_.dialogs().answers += PathOf(FromQt(QFileInfo(script_).dir().absoluteFilePath(file)));
+  const QString verb = Word(gesture, 0);
+  QWidget* front = FrontWindow();
+  if (verb == "TYPE") {
+    TypeText(FindControl(Word(gesture, 1)), Rest(gesture, 2));
+  } else if (verb == "KEY") {
+    PressKey(FindControl(Word(gesture, 1)), Word(gesture, 2));
+  } else if (verb == "DRAG") {
+    Drag(TargetAt(Word(gesture, 1)), TargetInPark(Word(gesture, 2)));
+  } else if (verb == "ANSWER") {
+    answers_ += Word(gesture, 1);
+  } else if (verb == "CHOOSE") {
+    const QDir folder = QFileInfo(script_).dir();
+    table_.dialogs.answers += PathOfFile(folder.absoluteFilePath(Rest(gesture, 1)));
+  } else if (verb == "CANCEL") {
+    table_.dialogs.answers += std::nullopt;
+  } else if (verb == "CLOSE" && front) {
+    front->windowHandle()->close();
+  } else if (verb == "TICK") {
+    for (int period = Number(gesture, 1); period > 0; --period) {
+      QMetaObject::invokeMethod(&table_.desk.form1().constantTimer(), "timeout");
+    }
+  } else if (verb == "DUMP") {
+    Dump();
+  } else if (verb == "SHOT") {
+    KeepPicture(Word(gesture, 1));
+  } else if (!UseMouse(verb, gesture)) {
+    throw Refused("there is no way to " + gesture);
+  }
 }
 
 void Player::Dump() {
-  for (const auto& [name, value] : StateLines(board_, table_.desk().form1(), messages_)) {
+  for (const auto& [name, value] : StateLines(board_, table_.desk.form1(), messages_)) {
     std::printf("%s = %s\n", name.c_str(), value.c_str());
   }
   messages_.clear();
 }
 
-void Player::Tick(int periods) {
-  QTimer& timer = table_.desk().form1().constantTimer();
-  for (int i = 0; i < periods; ++i) QMetaObject::invokeMethod(&timer, "timeout");
-}
-
-void Player::KeepPicture(const QString& name) {
+void Player::KeepPicture(const QString& name) const {
+  constexpr int kFast = 80;  // of 100, least effort to make the file small
+  const QString file = options_.pictures + '/' + name + ".png";
   QWidget* window = FrontWindow();
-  if (options_.pictures.isEmpty() || window == nullptr) return;
-  if (!window->grab().save(options_.pictures + '/' + name + ".png")) {
-    throw Refused("the picture " + name + " cannot be saved");
-  }
+  if (options_.pictures.isEmpty() || !window || window->grab().save(file, "PNG", kFast)) return;
+  throw Refused("the picture " + file + " cannot be saved");
 }
 
 }  // namespace dtb::replay

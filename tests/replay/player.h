@@ -3,15 +3,15 @@
 
 #include <QSize>
 #include <QStringList>
-#include <array>
+#include <map>
 
 #include "replay/driver.h"
 #include "replay/play_table.h"
 
 namespace dtb::replay {
 
-// Lines are taken apart into single gestures, so that the whole player knows but one kind. Boxes
-// are closed at once; only a picture, or a gesture at the box itself, comes before that.
+// Lines are taken apart into single gestures. A box is closed at once; only a picture, or a gesture
+// at the box itself, comes before that.
 class Player : public Driver {
  public:
   struct Options {
@@ -21,10 +21,9 @@ class Player : public Driver {
     bool save = false;  // the game, at the end of the script: it settles the last pitchers
   };
 
-  // The script's file; chosen files are looked for beside it.
+  // Files that the script names are looked for beside it.
   Player(PlayTable& table, const QString& script, const Options& options);
-
-  [[nodiscard]] int lines() const { return static_cast<int>(lines_.size()); }
+  [[nodiscard]] qsizetype lines() const { return scriptLines_; }
 
  protected:
   void MakeGesture() override;
@@ -32,30 +31,25 @@ class Player : public Driver {
   void Refuse(const QString& reason) override;
 
  private:
-  struct Man {
-    std::string name;
-    int since = 0;  // the larger, the later he came on
-  };
-
-  bool TakeLine();
-  [[nodiscard]] QStringList GesturesOf(const QString& line);
-  [[nodiscard]] QStringList SwapGestures(const QString& side, const QString& players);
+  void TakeLine();
+  [[nodiscard]] QStringList GesturesOf(const QString& line) const;
+  [[nodiscard]] QStringList GesturesOfSwap(Side side, const QString& players) const;
+  [[nodiscard]] QString GestureAtPieceOf(const std::string& name) const;
+  // The gesture that frees a piece for the next batter; "" where one is free.
+  [[nodiscard]] QString Tidying();
+  [[nodiscard]] bool StealsLater(const std::string& name) const;
   [[nodiscard]] bool NextLineIsFor(const MessageBox& box) const;
   void Perform(const QString& gesture);
-  void WatchPieces();
-  // The gesture that frees a piece for the next batter; "" where one is free.
-  [[nodiscard]] QString Tidying() const;
-  [[nodiscard]] bool StealsLater(const std::string& name) const;
-  void Choose(const QString& file);
+  bool UseMouse(QString verb, const QString& gesture);
   void Dump();
-  void Tick(int periods);
-  void KeepPicture(const QString& name);
+  void KeepPicture(const QString& name) const;
 
   PlayTable& table_;
   Board& board_;
   QString script_;
   Options options_;
   QStringList lines_;
+  qsizetype scriptLines_ = 0;
   qsizetype next_ = 0;    // line to be played next
   QStringList gestures_;  // what is left of the present line
   QStringList answers_;   // to the next questions
@@ -63,7 +57,7 @@ class Player : public Driver {
   QPointer<MessageBox> seen_;
   int half_ = 0;
   int clock_ = 0;
-  std::array<Man, kPieces> men_;
+  std::map<std::string, int> men_;  // on the pieces; the larger, the later he came on
 };
 
 }  // namespace dtb::replay

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "aids/random_generator.h"
 #include "game/start_up.h"
 #include "platform/database.h"
 #include "teams/pitchers.h"
@@ -18,6 +19,7 @@ struct QuietPlatform : MessageBoxes,
                        SettingsStore,
                        Pages,
                        Clock,
+                       Sounds,
                        Database {
   void ShowRecorded(const std::string& /*message*/, BoxAlignment /*alignment*/) override {}
   void Show(const std::string& /*message*/, BoxIcon /*icon*/,
@@ -37,6 +39,12 @@ struct QuietPlatform : MessageBoxes,
   void Write(const std::string& /*section*/, const std::string& /*key*/,
              const std::string& /*value*/) override {}
   void Open(const std::string& /*addressOrFile*/) override {}
+  KeyState Peek(Key /*key*/) override { return {}; }
+  bool OpenSystemInformation() override { return false; }
+  void PlayOnce(const std::filesystem::path& /*file*/) override {}
+  void StartLoop(const std::filesystem::path& /*file*/) override {}
+  void StopLoop() override {}
+  void Silence() override {}
   LocalTime Now() override { return {}; }
   void Run(const Statement& /*query*/, StatGrid& /*result*/) override {}
   std::vector<std::string> Delete(const std::vector<Statement>& /*statements*/) override {
@@ -70,7 +78,8 @@ inline void StartGame(Board& board) {
 
 struct QuietTable {
   QuietPlatform quiet;
-  Platform platform{quiet, quiet, quiet, quiet, quiet, quiet, quiet, quiet, {}};
+  RandomGenerator randoms{1};
+  Platform platform{quiet, quiet, quiet, quiet, quiet, quiet, quiet, quiet, quiet, randoms, {}};
   BoardState state;
   StatSheet sheet;
   EventLog log;

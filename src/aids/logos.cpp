@@ -16,4 +16,16 @@ void LoadLogo(Board& board, Side side) {
   }
 }
 
+void ChooseLogo(Board& board, Side side) {
+  const auto file =
+      board.platform.dialogs.OpenFile({"Open Image", board.platform.programFolder / "Logos",
+                                       "Graphic Files (*.bmp;*.jpg)|*.bmp;*.jpg"});
+  if (!file) return;
+  const SideFields fields = SideOf(board, side);
+  if (const auto logo = board.platform.pictures.Load(*file)) {
+    fields.logo.Set(*logo);
+    fields.sheetLogo.Set(*logo);
+  }
+}
+
 }  // namespace dtb

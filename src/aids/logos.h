@@ -9,4 +9,8 @@ namespace dtb {
 // side's default logo on the board; the sheet keeps what it showed.
 void LoadLogo(Board& board, Side side);
 
+// A click on a logo: the person picks another one, on the board and on the sheet, for this run. A
+// file that is no picture leaves the logo as it is.
+void ChooseLogo(Board& board, Side side);
+
 }  // namespace dtb

@@ -19,10 +19,6 @@ void Connect(Board& board) {
 
 }  // namespace
 
-std::string WindowTitle() {
-  return std::string("Kelvane Diamond Table ") + "(" + kBuildLabel + ")";
-}
-
 void StartUp(Board& board) {
   Trapped(board.platform.boxes, [&] {
     Connect(board);
@@ -34,10 +30,12 @@ void StartUp(Board& board) {
 }
 
 bool ConfirmExit(Board& board) {
-  return board.platform.boxes.Ask(
+  const bool end = board.platform.boxes.Ask(
       "Don't forget to go to the Stats Form and save all stats using 'SAVE TO DB'.\n\nDo you still "
       "want to EXIT?",
       "EXIT program?");
+  if (end) board.platform.sounds.Silence();
+  return end;
 }
 
 void ToggleOptions(Board& board) {

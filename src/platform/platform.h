@@ -53,6 +53,7 @@ enum class Key { Control, F12 };
 struct KeyState {
   bool down = false;
   bool pressedSinceLastQuery = false;
+  friend bool operator==(const KeyState&, const KeyState&) = default;
 };
 
 class Keyboard {
@@ -60,6 +61,8 @@ class Keyboard {
   virtual ~Keyboard() = default;
   // Tells the key's state and forgets that it was pressed.
   virtual KeyState Query(Key key) = 0;
+  // Tells the key's state and forgets nothing: for what looks at the keys again and again.
+  [[nodiscard]] virtual KeyState Peek(Key key) = 0;
   // The test of all Ctrl + click gestures: down now and pressed since the last query. So one press
   // of Ctrl serves one click.
   [[nodiscard]] bool FreshlyDown(Key key) {
@@ -84,6 +87,31 @@ class Pages {
   virtual ~Pages() = default;
   // Opens a web address or a file with the system's own program. Failure is silent.
   virtual void Open(const std::string& addressOrFile) = 0;
+  // Starts the desktop's own tool that tells about the system. False: there is none.
+  [[nodiscard]] virtual bool OpenSystemInformation() = 0;
+};
+
+class Sounds {
+ public:
+  virtual ~Sounds() = default;
+  // Plays a sound in the background; what it played before ends. A missing or broken file and a
+  // missing device are silent.
+  virtual void PlayOnce(const std::filesystem::path& file) = 0;
+  // Plays a sound again and again in the background, from its beginning. Throws ProgramError if the
+  // file is missing or no sound; without a device it is silent.
+  virtual void StartLoop(const std::filesystem::path& file) = 0;
+  virtual void StopLoop() = 0;
+  // Ends every sound.
+  virtual void Silence() = 0;
+};
+
+class Randoms {
+ public:
+  virtual ~Randoms() = default;
+  // Mixes the time into the generator.
+  virtual void Reseed(int secondsSinceMidnight) = 0;
+  // A number from 0 up to but not including 1, all equally likely.
+  virtual double Draw() = 0;
 };
 
 struct LocalTime {
@@ -93,6 +121,8 @@ struct LocalTime {
   int hour = 0;  // 0 to 23
   int minute = 0;
   int second = 0;
+
+  [[nodiscard]] int secondsSinceMidnight() const { return (hour * 60 + minute) * 60 + second; }
 };
 
 class Clock {
@@ -113,6 +143,8 @@ struct Platform {
   Pages& pages;
   Database& database;
   Clock& clock;
+  Sounds& sounds;
+  Randoms& randoms;
   std::filesystem::path programFolder;  // holds Teams, Ballparks, Logos, Charts
 };
 

@@ -3,6 +3,7 @@
 
 namespace dtb {
 
+inline constexpr const char* kProjectPage = "https://kelvane-diamond-table.example";
 inline constexpr const char* kDonationPage = "https://kelvane-diamond-table.example/donate";
 
 }  // namespace dtb

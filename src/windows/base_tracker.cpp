@@ -7,7 +7,7 @@
 namespace dtb {
 namespace {
 
-constexpr Place kPanel{1211, 532, 128, 128};
+constexpr Place kPanel{1043, 680, 128, 128};
 constexpr double kBase = 28;
 
 }  // namespace

@@ -124,6 +124,34 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
                      scaled_);
 }
 
+PictureButton::PictureButton(QWidget* parent)
+    : QAbstractButton(parent), box_(new PictureBox(PictureBox::Fit::Whole, this)) {
+  box_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  setFocusPolicy(Qt::TabFocus);
+  setAttribute(Qt::WA_Hover);
+  setCursor(Qt::PointingHandCursor);
+}
+
+void PictureButton::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  if (isDown()) {
+    DrawPlate(painter, rect(), Qt::transparent, kCream, 3);
+  } else if (underMouse()) {
+    DrawPlate(painter, rect(), kSlateHover, kCream, 1);
+  }
+  if (hasFocus()) DrawFocus(painter, rect());
+}
+
+void PictureButton::resizeEvent(QResizeEvent* /*event*/) {
+  constexpr int kRim = 2;  // for the ring around it
+  box_->setGeometry(rect().adjusted(kRim, kRim, -kRim, -kRim));
+}
+
+bool PictureButton::event(QEvent* event) {
+  if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) update();
+  return QAbstractButton::event(event);
+}
+
 FigureField::FigureField(QWidget* parent) : QLineEdit(parent) {
   setFrame(false);
   setAlignment(Qt::AlignCenter);

@@ -77,6 +77,22 @@ class PictureBox : public QWidget {
   QPixmap scaled_;  // for the present size; null: to be made
 };
 
+// A picture that can be clicked.
+class PictureButton : public QAbstractButton {
+  Q_OBJECT
+ public:
+  explicit PictureButton(QWidget* parent);
+  void SetImage(const QImage& image) { box_->SetImage(image); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  PictureBox* box_;
+};
+
 // A text field with a fixed ground, for figures of the scoreboard.
 class FigureField : public QLineEdit {
   Q_OBJECT

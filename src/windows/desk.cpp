@@ -7,9 +7,12 @@
 #include <QRadioButton>
 #include <QToolTip>
 
+#include "aids/ballparks.h"
+#include "aids/charts.h"
 #include "game/start_up.h"
 #include "platform/qt/qt_text.h"
 #include "windows/accessible_roles.h"
+#include "windows/controls.h"
 #include "windows/look.h"
 #include "windows/slate_style.h"
 
@@ -29,7 +32,8 @@ class EnterPresses : public QObject {
     const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
     const bool button = qobject_cast<QPushButton*>(watched) != nullptr ||
                         qobject_cast<QCheckBox*>(watched) != nullptr ||
-                        qobject_cast<QRadioButton*>(watched) != nullptr;
+                        qobject_cast<QRadioButton*>(watched) != nullptr ||
+                        qobject_cast<PictureButton*>(watched) != nullptr;
     if (!enter || !button) return false;
     if (!key->isAutoRepeat()) static_cast<QAbstractButton*>(watched)->click();
     return true;
@@ -59,9 +63,13 @@ Desk::Desk(const Setup& setup)
                 setup.pages != nullptr ? *setup.pages : ownPages_,
                 database_,
                 clock_,
+                setup.sounds != nullptr ? *setup.sounds : ownSounds_,
+                randoms_,
                 setup.programFolder} {
   StartUp(board_);
-  form1_ = std::make_unique<Form1>(board_, pictures_);
+  SetUpBallparks(aids_);
+  ReadChartNames(aids_);
+  form1_ = std::make_unique<Form1>(board_, aids_, pictures_);
   boxes_.SetMainWindow(form1_.get());
 }
 

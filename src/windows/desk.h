@@ -5,11 +5,14 @@
 #include <filesystem>
 #include <memory>
 
+#include "aids/aids_state.h"
+#include "aids/random_generator.h"
 #include "game/board.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/qt/qt_keyboard.h"
 #include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_settings_store.h"
+#include "platform/qt/qt_sounds.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "windows/form1.h"
 #include "windows/message_box.h"
@@ -26,6 +29,7 @@ class Desk {
     QString settingsFile;                 // "": the user's own
     FileDialogs* dialogs = nullptr;       // none: the system's
     Pages* pages = nullptr;               // none: the system's programs
+    Sounds* sounds = nullptr;             // none: the sound device
   };
 
   explicit Desk(const Setup& setup);
@@ -34,6 +38,7 @@ class Desk {
   void Open();
 
   [[nodiscard]] Board& board() { return board_; }
+  [[nodiscard]] AidsState& aids() { return aidsState_; }
   [[nodiscard]] Form1& form1() { return *form1_; }
 
  private:
@@ -44,12 +49,16 @@ class Desk {
   QtSettingsStore settings_;
   SqliteDatabase database_;
   QtClock clock_;
+  QtSounds ownSounds_;
+  RandomGenerator randoms_;
   WindowBoxes boxes_;
   Platform platform_;
   BoardState state_;
   StatSheet sheet_;
   EventLog log_;
   Board board_{state_, sheet_, log_, platform_};
+  AidsState aidsState_;
+  Aids aids_{aidsState_, platform_};
   std::unique_ptr<Form1> form1_;
 };
 

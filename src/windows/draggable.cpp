@@ -6,9 +6,15 @@
 
 namespace dtb {
 
+void DraggablePanel::mousePressEvent(QMouseEvent* event) {
+  // Without a key a mere click would make the panel jump; it follows the first move.
+  if (key_ == DragKey::Control) Drag(event);
+}
+
 void DraggablePanel::Drag(QMouseEvent* event) {
   if (!event->buttons().testFlag(Qt::LeftButton)) return;
-  if (!event->modifiers().testFlag(Qt::ControlModifier) || window()->isMinimized()) return;
+  const bool held = key_ == DragKey::None || event->modifiers().testFlag(Qt::ControlModifier);
+  if (!held || window()->isMinimized()) return;
   Place place = scene_.PlaceOf(this);
   const ControlResizer& resizer = scene_.resizer();
   const QPointF middle = mapToParent(event->position().toPoint());

@@ -8,15 +8,19 @@
 
 namespace dtb {
 
-// A panel whose middle jumps under the pointer and follows it while Ctrl and the left button are
+// The key that is held while a panel is dragged.
+enum class DragKey { None, Control };
+
+// A panel whose middle jumps under the pointer and follows it while the key and the left button are
 // held. Its middle stays inside the scene.
 class DraggablePanel : public Panel {
   Q_OBJECT
  public:
-  DraggablePanel(Scene& scene, QWidget* parent) : Panel(parent), scene_(scene) {}
+  DraggablePanel(Scene& scene, QWidget* parent, DragKey key = DragKey::Control)
+      : Panel(parent), scene_(scene), key_(key) {}
 
  protected:
-  void mousePressEvent(QMouseEvent* event) override { Drag(event); }
+  void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override { Drag(event); }
   [[nodiscard]] Scene& scene() { return scene_; }
 
@@ -24,6 +28,7 @@ class DraggablePanel : public Panel {
   void Drag(QMouseEvent* event);
 
   Scene& scene_;
+  DragKey key_;
 };
 
 }  // namespace dtb

@@ -4,12 +4,19 @@
 #include <QMenuBar>
 #include <QScreen>
 
+#include "aids/charts.h"
+#include "aids/dice.h"
 #include "game/constant_update.h"
 #include "game/start_up.h"
 #include "platform/paths.h"
 #include "platform/qt/qt_text.h"
+#include "shell/version.h"
 #include "teams/pitchers.h"
+#include "windows/about_box.h"
 #include "windows/base_tracker.h"
+#include "windows/bind.h"
+#include "windows/dice_panels.h"
+#include "windows/form3.h"
 #include "windows/form4.h"
 #include "windows/look.h"
 #include "windows/options_panel.h"
@@ -19,14 +26,13 @@ namespace dtb {
 namespace {
 
 constexpr int kConstantInterval = 100;  // milliseconds
-constexpr const char* kDefaultPark = "DEFAULT1679X974.jpg";
 // The smallest board whose letters can still be read, as a share of the scene.
 constexpr double kSmallestScale = 0.42;
 
 }  // namespace
 
-Form1::Form1(Board& board, QtPictures& pictures)
-    : board_(board), pictures_(pictures), scene_(kSceneWidth, kSceneHeight) {
+Form1::Form1(Board& board, Aids& aids, QtPictures& pictures)
+    : board_(board), aids_(aids), pictures_(pictures), scene_(kSceneWidth, kSceneHeight) {
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(ToQt(WindowTitle()));
   BuildMenu();
@@ -35,12 +41,21 @@ Form1::Form1(Board& board, QtPictures& pictures)
   form2_ = new Form2(board, pictures, this);
   setMinimumSize(qRound(kSceneWidth * kSmallestScale), qRound(kSceneHeight * kSmallestScale));
   PlaceAtLaunch();
-  tmr_Constant_.setInterval(kConstantInterval);
+  StartTimers();
+}
+
+void Form1::StartTimers() {
+  tmr_Constant_.setParent(this);
+  tmr_Constant_.setObjectName(QStringLiteral("tmr_Constant"));
+  tmr_F12detect_.setParent(this);
+  tmr_F12detect_.setObjectName(QStringLiteral("tmr_F12detect"));
   connect(&tmr_Constant_, &QTimer::timeout, this, [this] {
     scoreboard_->AlignExtraInnings();
     RefreshPitcherPhotos(board_);
   });
-  tmr_Constant_.start();
+  tmr_Constant_.start(kConstantInterval);
+  connect(&tmr_F12detect_, &QTimer::timeout, this, [this] { DetectF12(aids_); });
+  tmr_F12detect_.start(kF12Interval);
 }
 
 void Form1::BuildMenu() {
@@ -53,22 +68,30 @@ void Form1::BuildMenu() {
   add("mnuStatistics", "Database", [this] { Form4::Run(board_.platform, this); });
   add("mnuEventLog", "EventLog", [this] { ShowLog(); });
   add("mnu_Options", "Options", [this] { ToggleOptions(board_); });
+  add("About", "About", [this] { AboutBox::Run(board_.platform, this); });
 }
 
 void Form1::BuildScene() {
   park_ = new ParkView(this);
   park_->installEventFilter(this);
   setCentralWidget(park_);
-  const auto file = board_.platform.programFolder / "Ballparks" / kDefaultPark;
-  park_->LoadPark(ToQt(TextOf(file)));
+  Follow<Picture>(park_, aids_.state.Picture1, [this](const Picture& park) {
+    if (!park.empty()) park_->LoadPark(ToQt(park.path));
+  });
   connect(park_, &ParkView::pointerMoved, this, [this] { ScrollListsUp(); });
   visitors_ = new SidePanel(board_, Side::Visitors, pictures_, scene_, park_);
-  scoreboard_ = new Scoreboard(board_, pictures_, scene_, park_);
+  scoreboard_ = new Scoreboard(board_, aids_, pictures_, scene_, park_);
+  connect(scoreboard_, &Scoreboard::chartWanted, this, [this](int chart) {
+    Form3::Run(ToQt(aids_.state.lbl_chrt.at(chart).value()),
+               ToQt(TextOf(ChartFile(board_.platform, chart))), this);
+  });
   home_ = new SidePanel(board_, Side::Home, pictures_, scene_, park_);
   auto* outcomes = new OutcomePanel(board_, scene_, park_);
   connect(outcomes, &OutcomePanel::statsWanted, this, [this] { ShowStats(); });
   BuildPieces();
-  new OptionsPanel(board_, scene_, park_);
+  new OptionsPanel(board_, aids_, scene_, park_);
+  new FaceDicePanel(aids_, scene_, park_);
+  new NumberDicePanel(aids_, scene_, park_);
   new BaseTracker(board_, scene_, park_);
 }
 

@@ -4,6 +4,7 @@
 #include <QMainWindow>
 #include <QTimer>
 
+#include "aids/aids_state.h"
 #include "game/board.h"
 #include "platform/qt/qt_pictures.h"
 #include "windows/form2.h"
@@ -19,7 +20,7 @@ namespace dtb {
 class Form1 : public QMainWindow {
   Q_OBJECT
  public:
-  Form1(Board& board, QtPictures& pictures);
+  Form1(Board& board, Aids& aids, QtPictures& pictures);
 
   [[nodiscard]] QTimer& constantTimer() { return tmr_Constant_; }
 
@@ -31,6 +32,7 @@ class Form1 : public QMainWindow {
   void BuildMenu();
   void BuildScene();
   void BuildPieces();
+  void StartTimers();
   void ScrollListsUp();
   void ShowStats();
   void ShowLog();
@@ -42,6 +44,7 @@ class Form1 : public QMainWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
   Board& board_;
+  Aids& aids_;
   QtPictures& pictures_;
   Scene scene_;
   ParkView* park_ = nullptr;
@@ -51,6 +54,7 @@ class Form1 : public QMainWindow {
   Form2* form2_ = nullptr;
   LogWindow* log_ = nullptr;
   QTimer tmr_Constant_;
+  QTimer tmr_F12detect_;
 };
 
 }  // namespace dtb

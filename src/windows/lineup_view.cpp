@@ -134,7 +134,8 @@ void LineupView::ShowState() {
   const LineupList& list = SideOf(board_, side_).list;
   model_->Refresh();
   const QModelIndex selected = model_->index(list.selected());
-  if (currentIndex() == selected && selectionModel()->isSelected(selected)) return;
+  const bool shown = !selected.isValid() || selectionModel()->isSelected(selected);
+  if (currentIndex() == selected && shown) return;
   setCurrentIndex(selected);
   if (!selected.isValid()) clearSelection();
 }

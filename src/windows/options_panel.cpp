@@ -1,8 +1,8 @@
 #include "windows/options_panel.h"
 
-#include <QKeyEvent>
 #include <QPushButton>
 
+#include "aids/crowd.h"
 #include "game/start_up.h"
 #include "platform/qt/qt_text.h"
 #include "shell/project_pages.h"
@@ -10,6 +10,7 @@
 #include "teams/photo_folder.h"
 #include "windows/bind.h"
 #include "windows/look.h"
+#include "windows/name_edit.h"
 
 namespace dtb {
 namespace {
@@ -21,30 +22,10 @@ constexpr double kRowHeight = 28;
 constexpr double kFirstRow = 40;
 constexpr double kRightColumn = 216;
 
-// The editor of the photo folder: a double click, or Enter, takes the text over.
-class PathEdit : public QLineEdit {
- public:
-  PathEdit(Board& board, QWidget* parent) : QLineEdit(parent), board_(board) {}
-
- protected:
-  void mouseDoubleClickEvent(QMouseEvent* /*event*/) override { SavePhotoPath(board_); }
-  void keyPressEvent(QKeyEvent* event) override {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!enter) {
-      QLineEdit::keyPressEvent(event);
-    } else if (!event->isAutoRepeat()) {
-      SavePhotoPath(board_);
-    }
-  }
-
- private:
-  Board& board_;
-};
-
 }  // namespace
 
-OptionsPanel::OptionsPanel(Board& board, Scene& scene, QWidget* parent)
-    : Panel(parent), board_(board), scene_(scene) {
+OptionsPanel::OptionsPanel(Board& board, Aids& aids, Scene& scene, QWidget* parent)
+    : Panel(parent), board_(board), aids_(aids), scene_(scene) {
   Name(this, "fra_Options", QStringLiteral("OPTIONS"));
   SetFill(kSlate);
   scene.Put(this, kPanel);
@@ -62,16 +43,25 @@ OptionsPanel::OptionsPanel(Board& board, Scene& scene, QWidget* parent)
 }
 
 void OptionsPanel::BuildChecks() {
-  const auto add = [&](const char* name, const char* caption, int row, Field<bool>& field) {
+  const auto add = [&](const char* name, const char* caption, int row, Field<bool>& field,
+                       double left = 16) {
     auto* check = new QCheckBox(QLatin1String(caption), this);
     Name(check, name, QLatin1String(caption));
-    scene_.Put(check, {16, kFirstRow + row * kRowHeight, 192, kRowHeight}, kBody);
+    scene_.Put(check, {left, kFirstRow + row * kRowHeight, 184, kRowHeight}, kBody);
     BindCheck(check, field);
     return check;
   };
   auto* tracker = add("cb_BaseTracker", "SHOW BASE TRACKER", 0, board_.state.cb_BaseTracker);
   connect(tracker, &QAbstractButton::clicked, this, [this] { ToggleBaseTracker(board_); });
   add("chk_Ctrls", "HIDE CONTROLS", 1, board_.state.chk_Ctrls);
+  // People know this box by its tool-tip, odd as that is.
+  add("Check4", "SHOW DICE ROLLER", 2, aids_.state.Check4)
+      ->setToolTip(QStringLiteral("Show extended boxscore"));
+  add("cb_MuteDice", "MUTE DICE", 3, aids_.state.cb_MuteDice);
+  auto* crowd = add("cb_Crowd", "CROWD NOISE", 4, aids_.state.cb_Crowd);
+  connect(crowd, &QAbstractButton::clicked, this, [this] { CrowdClicked(aids_); });
+  auto* parks = add("cb_RandParks", "RANDOM BALLPARKS", 4, aids_.state.cb_RandParks, kRightColumn);
+  BindVisible(parks, aids_.state.cb_RandParks_visible);
 }
 
 void OptionsPanel::BuildOutsCount() {
@@ -115,7 +105,7 @@ void OptionsPanel::BuildPhotoPath() {
                [path](bool editing) { path->setVisible(!editing); });
   connect(path, &QAbstractButton::clicked, this, [this] { ClickPhotoPath(board_); });
 
-  auto* edit = new PathEdit(board_, this);
+  auto* edit = new NameEdit([this] { SavePhotoPath(board_); }, this);
   Name(edit, "Text1", QStringLiteral("New folder of the player photos"));
   edit->setToolTip(QStringLiteral("Double-Click to SAVE"));
   scene_.Put(edit, {16, 210, 380, 32}, kBody);
@@ -137,7 +127,7 @@ void OptionsPanel::BuildDonation() {
   Name(donation, "Image7", QStringLiteral("Open the donation page"));
   donation->setToolTip(QStringLiteral("Opens the donation page in your browser"));
   donation->setCursor(Qt::PointingHandCursor);
-  scene_.Put(donation, {kRightColumn, kFirstRow + 84, 180, 32}, kBody, true);
+  scene_.Put(donation, {kRightColumn, kFirstRow + 76, 180, 32}, kBody, true);
   connect(donation, &QAbstractButton::clicked, this,
           [this] { board_.platform.pages.Open(kDonationPage); });
 }

@@ -1,18 +1,19 @@
 // The panel "OPTIONS".
 #pragma once
 
+#include "aids/aids_state.h"
 #include "game/board.h"
 #include "windows/controls.h"
 #include "windows/scene.h"
 
 namespace dtb {
 
-// fra_Options: what is shown, the master count of outs, the size of the pieces and the folder of
-// the player photos. Rows are kept free for dice, sound and ballparks.
+// fra_Options: what is shown, sound and random ballparks, the master count of outs, the size of the
+// pieces and the folder of the player photos.
 class OptionsPanel : public Panel {
   Q_OBJECT
  public:
-  OptionsPanel(Board& board, Scene& scene, QWidget* parent);
+  OptionsPanel(Board& board, Aids& aids, Scene& scene, QWidget* parent);
 
  private:
   void BuildChecks();
@@ -22,6 +23,7 @@ class OptionsPanel : public Panel {
   void BuildDonation();
 
   Board& board_;
+  Aids& aids_;
   Scene& scene_;
 };
 

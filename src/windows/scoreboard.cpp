@@ -3,13 +3,16 @@
 #include <QMouseEvent>
 #include <QPushButton>
 
+#include "aids/ballparks.h"
+#include "aids/charts.h"
+#include "aids/logos.h"
 #include "game/innings.h"
 #include "game/score_pad.h"
-#include "platform/paths.h"
 #include "platform/qt/qt_text.h"
 #include "teams/game_pieces.h"
 #include "windows/bind.h"
 #include "windows/look.h"
+#include "windows/name_edit.h"
 
 namespace dtb {
 namespace {
@@ -31,6 +34,8 @@ constexpr double kFirstTotalLeft = 622;
 constexpr double kTotalWidth = 40;
 constexpr double kTotalPitch = 44;
 constexpr int kShownInnings = 10;
+constexpr double kChartWidth = 80;
+constexpr double kChartPitch = 88;
 
 double RowTop(Side side) { return side == Side::Visitors ? 28 : 76; }
 
@@ -73,8 +78,9 @@ QString CellTip(Side side, int cell) {
 
 }  // namespace
 
-Scoreboard::Scoreboard(Board& board, QtPictures& pictures, Scene& scene, QWidget* parent)
-    : Panel(parent), board_(board), scene_(scene) {
+Scoreboard::Scoreboard(Board& board, Aids& aids, QtPictures& pictures, Scene& scene,
+                       QWidget* parent)
+    : Panel(parent), board_(board), aids_(aids), scene_(scene) {
   Name(this, "Frame3", QStringLiteral("Scoreboard"));
   scene.Put(this, kFrame3);
   auto* frame4 = new QWidget(this);
@@ -84,14 +90,17 @@ Scoreboard::Scoreboard(Board& board, QtPictures& pictures, Scene& scene, QWidget
   BuildLineScore(frame4);
   BuildOuts();
   BuildCommands();
+  BuildCharts();
   BuildExtraInnings();
 }
 
 void Scoreboard::BuildTeams(QWidget* frame, QtPictures& pictures) {
   for (const Side side : {Side::Visitors, Side::Home}) {
     SideFields fields = SideOf(board_, side);
-    auto* logo = new PictureBox(PictureBox::Fit::Whole, frame);
-    Name(logo, NamesOf(side).logo, QStringLiteral("Logo"));
+    auto* logo = new PictureButton(frame);
+    Name(logo, NamesOf(side).logo, QLatin1String(NamesOf(side).word) + QStringLiteral(" logo"));
+    logo->setToolTip(QStringLiteral("Click to choose another logo"));
+    connect(logo, &QAbstractButton::clicked, this, [this, side] { ChooseLogo(board_, side); });
     scene_.Put(logo, {0, RowTop(side), 44, 44});
     Follow<Picture>(logo, fields.logo, [logo, &pictures](const Picture& picture) {
       logo->SetImage(pictures.Image(picture));
@@ -195,17 +204,52 @@ void Scoreboard::BuildCommands() {
   auto* extra = new QCheckBox(QStringLiteral("X-INN"), this);
   Name(extra, "cb_Xinnings", QStringLiteral("Extra innings 11-20"));
   extra->setToolTip(QStringLiteral("Extra innings 11-20"));
-  scene_.Put(extra, {882, 96, 105, 36}, kBody);
+  scene_.Put(extra, {882, 96, 105, 40}, kBody);
   BindCheck(extra, board_.state.cb_Xinnings);
-  // The rest of this row is kept for the chart buttons and the rules.
-  auto* help =
-      new ClickLabel(QStringLiteral("DTB HELP"), {QColor(224, 224, 224), Qt::white, kInk}, this);
-  Name(help, "lbl_help", QStringLiteral("DTB HELP"));
-  help->setCursor(Qt::PointingHandCursor);
-  scene_.Put(help, {878, 144, 109, 32}, kBody, true);
-  connect(help, &QAbstractButton::clicked, this, [this] {
-    board_.platform.pages.Open(TextOf(board_.platform.programFolder / "HELP.htm"));
-  });
+  auto* parks = new QPushButton(QStringLiteral("BALLPARKS"), this);
+  Name(parks, "Command9", QStringLiteral("BALLPARKS"));
+  parks->setToolTip(QStringLiteral("Choose the picture of the ballpark"));
+  scene_.Put(parks, {878, 54, 109, 36}, kBody);
+  connect(parks, &QPushButton::clicked, this, [this] { ChoosePark(aids_); });
+}
+
+void Scoreboard::BuildCharts() {
+  const auto addLabel = [this](const char* name, const QString& caption, const Place& place) {
+    auto* label = new ClickLabel(caption, {QColor(224, 224, 224), Qt::white, kInk}, this);
+    Name(label, name, caption);
+    label->setCursor(Qt::PointingHandCursor);
+    scene_.Put(label, place, kBody, true);
+    return label;
+  };
+  for (int chart = 0; chart < kChartButtons; ++chart) {
+    const Place place{12 + chart * kChartPitch, 144, kChartWidth, 32};
+    const QString number = QString::number(chart + 1);
+    auto* label = addLabel(qPrintable(QStringLiteral("lbl_chrt") + number), {}, place);
+    label->setToolTip(QStringLiteral("Ctrl + Click to EDIT"));
+    label->SetHint(QStringLiteral("Chart ") + number);
+    Follow<std::string>(label, aids_.state.lbl_chrt.at(chart), [label, number](const auto& name) {
+      label->setText(ToQt(name));
+      label->setAccessibleName(QStringLiteral("Chart %1 %2").arg(number, ToQt(name)).trimmed());
+    });
+    connect(label, &QAbstractButton::clicked, this, [this, chart] {
+      if (ClickChart(aids_, chart)) emit chartWanted(chart);
+    });
+    auto* edit = new NameEdit([this, chart] { SaveChartName(aids_, chart); }, this);
+    Name(edit, qPrintable(QStringLiteral("tb_chrt") + number),
+         QStringLiteral("Name of chart ") + number);
+    edit->setToolTip(QStringLiteral("Double-Click to SAVE"));
+    scene_.Put(edit, place, kBody);
+    BindText(edit, aids_.state.tb_chrt.at(chart));
+    Follow<bool>(edit, aids_.state.tb_chrt_visible.at(chart), [label, edit](bool editing) {
+      label->setVisible(!editing);
+      edit->setVisible(editing);
+      if (editing) edit->setFocus(Qt::OtherFocusReason);
+    });
+  }
+  auto* rules = addLabel("lbl_rules", QStringLiteral("RULES"), {804, 144, 66, 32});
+  connect(rules, &QAbstractButton::clicked, this, [this] { OpenRules(aids_); });
+  auto* help = addLabel("lbl_help", QStringLiteral("DTB HELP"), {878, 144, 109, 32});
+  connect(help, &QAbstractButton::clicked, this, [this] { OpenHelp(aids_); });
 }
 
 void Scoreboard::BuildExtraInnings() {

@@ -1,8 +1,9 @@
-// The scoreboard: team names, line score, outs.
+// The scoreboard: team names, line score, outs, ballparks and charts.
 #pragma once
 
 #include <functional>
 
+#include "aids/aids_state.h"
 #include "game/board.h"
 #include "platform/qt/qt_pictures.h"
 #include "windows/controls.h"
@@ -15,10 +16,13 @@ namespace dtb {
 class Scoreboard : public Panel {
   Q_OBJECT
  public:
-  Scoreboard(Board& board, QtPictures& pictures, Scene& scene, QWidget* parent);
+  Scoreboard(Board& board, Aids& aids, QtPictures& pictures, Scene& scene, QWidget* parent);
 
   // Keeps the extra innings over the line score, wherever that is. Runs ten times a second.
   void AlignExtraInnings();
+
+ signals:
+  void chartWanted(int chart);
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
@@ -29,11 +33,13 @@ class Scoreboard : public Panel {
   void BuildLineScore(QWidget* frame);
   void BuildOuts();
   void BuildCommands();
+  void BuildCharts();
   void BuildExtraInnings();
   void AddScoreCell(QWidget* frame, Side side, int cell, const Place& place);
   void AddDigit(QWidget* frame, int digit, const Place& place);
 
   Board& board_;
+  Aids& aids_;
   Scene& scene_;
   Panel* extraInnings_ = nullptr;
   QPointF dragOrigin_;

@@ -32,7 +32,9 @@ struct FakePlatform final : MessageBoxes,
                             SettingsStore,
                             Pages,
                             Database,
-                            Clock {
+                            Clock,
+                            Sounds,
+                            Randoms {
   ~FakePlatform() override { std::filesystem::remove_all(folder); }
   void ShowRecorded(const std::string& message, BoxAlignment alignment) override {
     Tell((alignment == BoxAlignment::Left ? "left: " : "") + message);
@@ -45,7 +47,11 @@ struct FakePlatform final : MessageBoxes,
   std::optional<Picture> Load(const std::filesystem::path& file) override {
     return photos.contains(TextOf(file)) ? std::optional(Picture{TextOf(file), 1}) : std::nullopt;
   }
-  KeyState Query(Key) override { return std::exchange(control, {control.down, false}); }
+  KeyState Query(Key key) override {
+    KeyState& state = key == Key::F12 ? f12 : control;
+    return std::exchange(state, {state.down, false});
+  }
+  KeyState Peek(Key key) override { return key == Key::F12 ? f12 : control; }
   std::string Read(const std::string& section, const std::string& key,
                    const std::string& missing) override {
     return settings.emplace(section + "/" + key, missing).first->second;
@@ -56,6 +62,17 @@ struct FakePlatform final : MessageBoxes,
     settings[section + "/" + key] = value;
   }
   void Open(const std::string& page) override { Tell(page); }
+  bool OpenSystemInformation() override { return false; }
+  void PlayOnce(const std::filesystem::path& file) override { Tell("once " + NameOf(file)); }
+  void StartLoop(const std::filesystem::path& file) override {
+    if (!std::filesystem::exists(file)) throw ProgramError(error_number::kFileNotFound, "no file");
+    Tell("loop " + NameOf(file));
+  }
+  void StopLoop() override { Tell("stop"); }
+  void Silence() override { Tell("silence"); }
+  void Reseed(int) override { ++reseeds; }
+  double Draw() override { return draws.empty() ? 0 : draws[drawn++ % draws.size()]; }
+  static std::string NameOf(const std::filesystem::path& file) { return TextOf(file.filename()); }
   void Run(const Statement&, StatGrid&) override {}
   std::vector<std::string> Delete(const std::vector<Statement>&) override { return {}; }
   std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>&) override {
@@ -72,12 +89,15 @@ struct FakePlatform final : MessageBoxes,
   std::function<void()> whileOpen;              // runs while a box is open
   std::optional<std::filesystem::path> chosen;  // in the file dialog; none: cancelled
   std::set<std::string> photos;                 // paths of the pictures that exist
-  KeyState control;
+  KeyState control, f12;
+  std::vector<double> draws;  // the generator goes round them
+  std::size_t drawn = 0;
+  int reseeds = 0;
   std::map<std::string, std::string> settings;
   bool settingsFail = false;
   std::string folderName = std::filesystem::temp_directory_path() / "tableXXXXXX";
   std::filesystem::path folder = mkdtemp(folderName.data());
-  Platform ports{*this, *this, *this, *this, *this, *this, *this, *this, folder};
+  Platform ports{*this, *this, *this, *this, *this, *this, *this, *this, *this, *this, folder};
 };
 
 // The outcome labels, in the order of the enumeration.

@@ -13,6 +13,7 @@
 #include <random>
 #include <sstream>
 
+#include "aids/random_generator.h"
 #include "browser/browser.h"
 #include "game/constant_update.h"
 #include "game/start_up.h"
@@ -22,7 +23,7 @@
 
 namespace dtb {
 
-struct TestDesk final : MessageBoxes, FileDialogs, Pictures, Keyboard, SettingsStore, Pages, Clock {
+struct TestDesk final : MessageBoxes, FileDialogs, Pictures, Keyboard, SettingsStore, Pages, Clock, Sounds {
   void ShowRecorded(const std::string& message, BoxAlignment /*alignment*/) override {
     told.push_back(message);
   }
@@ -48,6 +49,12 @@ struct TestDesk final : MessageBoxes, FileDialogs, Pictures, Keyboard, SettingsS
     settings[section + "/" + key] = value;
   }
   void Open(const std::string& /*page*/) override {}
+  KeyState Peek(Key /*key*/) override { return {}; }
+  bool OpenSystemInformation() override { return false; }
+  void PlayOnce(const std::filesystem::path& /*file*/) override {}
+  void StartLoop(const std::filesystem::path& /*file*/) override {}
+  void StopLoop() override {}
+  void Silence() override {}
   LocalTime Now() override { return time; }
 
   std::vector<std::string> told;  // boxes and questions in order
@@ -141,7 +148,8 @@ class DatabaseTest : public testing::Test {
   std::filesystem::path file = folder / kDatabaseFile;
   SqliteDatabase database{file, std::chrono::milliseconds(20)};
   TestDesk desk;
-  Platform ports{desk, desk, desk, desk, desk, desk, database, desk, folder};
+  RandomGenerator randoms{1};
+  Platform ports{desk, desk, desk, desk, desk, desk, database, desk, desk, randoms, folder};
 };
 
 }  // namespace dtb

@@ -26,27 +26,39 @@ struct ScriptedDialogs : FileDialogs {
 // What the program opens outside itself stays closed.
 struct NoPages : Pages {
   void Open(const std::string& /*addressOrFile*/) override {}
+  bool OpenSystemInformation() override { return false; }
+};
+
+// No test makes a noise.
+struct NoSounds : Sounds {
+  void PlayOnce(const std::filesystem::path& /*file*/) override {}
+  void StartLoop(const std::filesystem::path& /*file*/) override {}
+  void StopLoop() override {}
+  void Silence() override {}
+};
+
+// A program folder of its own, with an empty database.
+struct PlayFolder : QTemporaryDir {
+  PlayFolder() {
+    const QDir program(QStringLiteral(DTB_PROGRAM_FOLDER));
+    for (const QString& name : program.entryList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
+      QFile::link(program.filePath(name), filePath(name));
+    }
+    QFile schema(filePath("schema.sql"));
+    if (!schema.open(QIODevice::ReadOnly)) return;
+    SQLite::Database(FromQt(filePath("DTB.mdb")), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+        .exec(schema.readAll().toStdString());
+  }
 };
 
 // A desk whose program folder and settings are made for it and go with it.
 struct PlayTable {
-  PlayTable() {
-    const QDir program(QStringLiteral(DTB_PROGRAM_FOLDER));
-    for (const QString& name : program.entryList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
-      QFile::link(program.filePath(name), folder.filePath(name));
-    }
-    QFile schema(folder.filePath("schema.sql"));
-    if (!schema.open(QIODevice::ReadOnly)) return;
-    SQLite::Database(FromQt(folder.filePath("DTB.mdb")),
-                     SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
-        .exec(schema.readAll().toStdString());
-  }
-
-  QTemporaryDir folder;
+  PlayFolder folder;
   ScriptedDialogs dialogs;
   NoPages pages;
-  Desk desk{
-      Desk::Setup{PathOfFile(folder.path()), folder.filePath("settings.ini"), &dialogs, &pages}};
+  NoSounds sounds;
+  Desk desk{Desk::Setup{PathOfFile(folder.path()), folder.filePath("settings.ini"), &dialogs,
+                        &pages, &sounds}};
 };
 
 }  // namespace dtb::replay

@@ -1,6 +1,8 @@
 #include "replay/player.h"
 
 #include <QLineEdit>
+#include <QRegularExpression>
+#include <QTimer>
 #include <QWindow>
 #include <cstdio>
 
@@ -248,7 +250,11 @@ void Player::Perform(const QString& gesture) {
     front->windowHandle()->close();
   } else if (verb == "TICK") {
     for (int period = Number(gesture, 1); period > 0; --period) {
-      QMetaObject::invokeMethod(&table_.desk.form1().constantTimer(), "timeout");
+      for (auto* timer : table_.desk.form1().findChildren<QTimer*>(QRegularExpression("^tmr"))) {
+        const bool runs = timer->isActive() || timer->objectName() == "tmr_Constant";
+        const int ticks = runs ? 100 / timer->interval() : 0;
+        for (int tick = 0; tick < ticks; ++tick) QMetaObject::invokeMethod(timer, "timeout");
+      }
     }
   } else if (verb == "DUMP") {
     Dump();

@@ -15,6 +15,9 @@ class LayoutTest : public WindowTest {
   void ShowAll() {
     board().state.fra_Options_visible.Set(true);
     board().state.pb_BaseTracker_visible.Set(true);
+    desk_->aids().Check4.Set(true);
+    desk_->aids().fra_BBgumBB_visible.Set(true);
+    desk_->aids().cb_RandParks_visible.Set(true);
     board().state.Check1.Set(true);
     board().state.Check2.Set(true);
   }
@@ -58,8 +61,9 @@ TEST_F(LayoutTest, NothingIsCutOffOrOutsideItsPanel) {
 
 // What floats on the park at start leaves everything else free.
 TEST_F(LayoutTest, PanelsDoNotCoverEachOther) {
-  const std::vector<const char*> names{"VisitorsPanel", "HomePanel",  "Frame3",     "pb_Res",
-                                       "pb_Player1",    "pb_Player2", "pb_Player3", "pb_Player4"};
+  const std::vector<const char*> names{
+      "VisitorsPanel", "HomePanel",  "Frame3",     "pb_Res",     "fra_SOMBBdice",  "fra_BBgumBB",
+      "pb_Player1",    "pb_Player2", "pb_Player3", "pb_Player4", "pb_BaseTracker", "fra_Options"};
   for (std::size_t a = 0; a < names.size(); ++a) {
     for (std::size_t b = a + 1; b < names.size(); ++b) {
       EXPECT_FALSE(Find(names[a])->geometry().intersects(Find(names[b])->geometry()))

@@ -5,8 +5,12 @@
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QProcess>
 #include <QRegularExpression>
+#include <QStandardPaths>
 #include <QUrl>
+#include <algorithm>
+#include <array>
 
 #include "platform/paths.h"
 #include "platform/qt/qt_text.h"
@@ -37,6 +41,21 @@ void QtPages::Open(const std::string& addressOrFile) {
   const QString text = ToQt(addressOrFile);
   QDesktopServices::openUrl(QFileInfo::exists(text) ? QUrl::fromLocalFile(text)
                                                     : QUrl::fromUserInput(text));
+}
+
+bool QtPages::OpenSystemInformation() {
+  // The tools of the usual desktops; the first that is installed.
+  static const std::array<QStringList, 7> tools{{{"kinfocenter"},
+                                                 {"gnome-control-center", "info-overview"},
+                                                 {"cinnamon-settings", "info"},
+                                                 {"hardinfo2"},
+                                                 {"hardinfo"},
+                                                 {"lshw-gtk"},
+                                                 {"msinfo32"}}};
+  return std::any_of(tools.begin(), tools.end(), [](const QStringList& tool) {
+    const QString program = QStandardPaths::findExecutable(tool.first());
+    return !program.isEmpty() && QProcess::startDetached(program, tool.mid(1));
+  });
 }
 
 LocalTime QtClock::Now() {

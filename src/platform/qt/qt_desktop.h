@@ -15,6 +15,7 @@ class QtFileDialogs : public FileDialogs {
 class QtPages : public Pages {
  public:
   void Open(const std::string& addressOrFile) override;
+  bool OpenSystemInformation() override;
 };
 
 class QtClock : public Clock {

@@ -15,6 +15,7 @@ class QtKeyboard : public QObject, public Keyboard {
  public:
   QtKeyboard();
   KeyState Query(Key key) override;
+  KeyState Peek(Key key) override { return StateOf(key); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

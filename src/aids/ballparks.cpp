@@ -1,0 +1,84 @@
+#include "aids/ballparks.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/paths.h"
+#include "shell/program_error.h"
+
+namespace dtb {
+namespace {
+
+constexpr const char* kFilter =
+    "All Picture Files|*.bmp;*.jpg;*.gif;*.png|JPEG (*.jpg)|*.jpg|Bitmap (*.bmp)|*.bmp|"
+    "Graphics Interchange Format (*.gif)|*.gif|Portable Network Graphic (*.png)|*.png";
+
+std::filesystem::path ParksBesideProgram(const Aids& aids) {
+  return aids.platform.programFolder / "Ballparks";
+}
+
+void ShowPark(Aids& aids, const std::filesystem::path& file) {
+  if (const auto park = aids.platform.pictures.Load(file)) aids.state.Picture1.Set(*park);
+}
+
+void DrawPark(Aids& aids) {
+  aids.platform.randoms.Reseed(aids.platform.clock.Now().secondsSinceMidnight());
+  const auto& names = aids.state.ParkNames;
+  const double draw = aids.platform.randoms.Draw() * static_cast<double>(names.size());
+  if (names.empty()) return;
+  ShowPark(aids,
+           PathOf(aids.state.lbl_Path.value()) / PathOf(names[static_cast<std::size_t>(draw)]));
+}
+
+bool IsJpeg(const std::string& name) {
+  constexpr std::string_view kJpeg = ".jpg";
+  if (name.size() < kJpeg.size()) return false;
+  // Capital letters of these four characters differ from the small ones in one bit.
+  return std::equal(kJpeg.begin(), kJpeg.end(), name.end() - kJpeg.size(),
+                    [](char small, char any) { return small == (any == '.' ? any : any | 0x20); });
+}
+
+}  // namespace
+
+void SetUpBallparks(Aids& aids) {
+  aids.state.lbl_Path.Set(TextOf(ParksBesideProgram(aids)));
+  ShowPark(aids, ParksBesideProgram(aids) / kDefaultPark);
+}
+
+void ChoosePark(Aids& aids) {
+  if (aids.state.cb_RandParks.value()) {
+    DrawPark(aids);
+  } else {
+    aids.state.parkChoice =
+        aids.platform.dialogs.OpenFile({"BALLPARKS", ParksBesideProgram(aids), kFilter});
+    if (aids.state.parkChoice) ShowPark(aids, *aids.state.parkChoice);
+  }
+  Random_Ballparks(aids);
+}
+
+void Random_Ballparks(Aids& aids) {
+  AidsState& state = aids.state;
+  state.cb_RandParks_visible.Set(state.parkChoice.has_value());
+  if (!state.parkChoice) return;
+  Trapped(aids.platform.boxes, [&] {
+    const auto folder = state.parkChoice->parent_path();
+    state.lbl_Path.Set(TextOf(folder));
+    std::vector<std::string> names;
+    std::error_code failure;
+    for (std::filesystem::directory_iterator entry(folder, failure), end; entry != end;
+         entry.increment(failure)) {
+      const std::string name = TextOf(entry->path().filename());
+      if (IsJpeg(name)) names.push_back(name);
+      if (failure) break;
+    }
+    if (failure) {
+      throw ProgramError(error_number::kPathOrFileAccess,
+                         "The folder \"" + state.lbl_Path.value() + "\" cannot be read.");
+    }
+    // Folders come in any order; a fixed one makes the same draw give the same park.
+    std::sort(names.begin(), names.end());
+    state.ParkNames = std::move(names);
+  });
+}
+
+}  // namespace dtb

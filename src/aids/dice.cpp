@@ -1,0 +1,84 @@
+#include "aids/dice.h"
+
+#include <cmath>
+
+namespace dtb {
+namespace {
+
+constexpr int kFaceThrowsPerTick = 2;
+constexpr int kMostFaceThrows = 50;
+constexpr int kNumberThrowsPerTick = 7;
+constexpr int kMostNumberThrows = 150;
+constexpr int kFaces = 6;
+constexpr int kTwentySides = 20;
+
+void MakeDiceSound(Aids& aids) {
+  if (aids.state.cb_MuteDice.value()) return;
+  aids.platform.sounds.PlayOnce(aids.platform.programFolder / "DiceRoll.wav");
+}
+
+void ReseedFromClock(Aids& aids) {
+  aids.platform.randoms.Reseed(aids.platform.clock.Now().secondsSinceMidnight());
+}
+
+int Throw(Aids& aids, int lowest, int sides) {
+  return static_cast<int>(std::floor(aids.platform.randoms.Draw() * sides)) + lowest;
+}
+
+void ThrowNumberDice(Aids& aids) {
+  ReseedFromClock(aids);
+  for (std::size_t die = 0; die < kNumberDiceSet.size(); ++die) {
+    const NumberDie& kind = kNumberDiceSet[die];
+    aids.state.numbers[die].Set(DecimalText(Throw(aids, kind.lowest, kind.sides)));
+  }
+}
+
+}  // namespace
+
+void RollFaceDice(Aids& aids) {
+  aids.state.tmr_sombb.Set(true);
+  MakeDiceSound(aids);
+}
+
+void RollNumberDice(Aids& aids) {
+  aids.state.lblDiceTime.Set("0");
+  aids.state.tmrDice2.Set(true);
+  MakeDiceSound(aids);
+}
+
+void GetRndNum(Aids& aids) {
+  ReseedFromClock(aids);
+  for (Field<int>& face : aids.state.faces) face.Set(Throw(aids, 1, kFaces));
+  aids.state.lbl_20die.Set(DecimalText(Throw(aids, 1, kTwentySides)));
+}
+
+void TickFaceDice(Aids& aids) {
+  AidsState& state = aids.state;
+  for (int i = 0; i < kFaceThrowsPerTick; ++i) {
+    state.tb_DieCount.Raise();
+    GetRndNum(aids);
+    if (state.tb_DieCount.number() > kMostFaceThrows) {
+      state.tmr_sombb.Set(false);
+      state.tb_DieCount.Set("0");
+    }
+  }
+}
+
+void TickNumberDice(Aids& aids) {
+  AidsState& state = aids.state;
+  for (int i = 0; i < kNumberThrowsPerTick; ++i) {
+    state.lblDiceTime.Raise();
+    if (state.lblDiceTime.number() > kMostNumberThrows) state.tmrDice2.Set(false);
+    ThrowNumberDice(aids);
+  }
+}
+
+void DetectF12(Aids& aids) {
+  const KeyState f12 = aids.platform.keyboard.Query(Key::F12);
+  const KeyState control = aids.platform.keyboard.Peek(Key::Control);
+  // A tap of F12 between two ticks counts too, as long as Ctrl is held.
+  if (!control.down || !(f12.down || f12.pressedSinceLastQuery)) return;
+  aids.state.fra_BBgumBB_visible.Set(!aids.state.fra_BBgumBB_visible.value());
+}
+
+}  // namespace dtb

@@ -1,0 +1,180 @@
+// Dice, charts, ballparks, sound and the about box, by real mouse and key events.
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include "aids/dice.h"
+#include "windows/window_test.h"
+
+namespace dtb {
+namespace {
+
+class AidsWindowTest : public WindowTest {
+ protected:
+  // A picture of the given size and colour in the program's folder.
+  QString AddPicture(const char* name, const QSize& size, const QColor& colour) {
+    const QString file = folder_.filePath(QLatin1String(name));
+    QDir().mkpath(QFileInfo(file).path());
+    QImage picture(size, QImage::Format_RGB32);
+    picture.fill(colour);
+    EXPECT_TRUE(picture.save(file));
+    return file;
+  }
+  // Lets the roller's own timer run until the roll is over.
+  static void WaitFor(const Field<bool>& rolling) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !rolling.value(); }, 20000));
+  }
+};
+
+TEST_F(AidsWindowTest, DiceRollUntilTheyStand) {
+  auto* panel = Find("fra_SOMBBdice");
+  EXPECT_FALSE(panel->isVisible());
+  board().state.fra_Options_visible.Set(true);
+  Click(Find("Check4"));
+  EXPECT_TRUE(panel->isVisible());
+  Click(Find("cmd_Roll"));
+  WaitFor(desk_->aids().tmr_sombb);
+  // What stands on the screen is what was thrown last.
+  const QString twenty = QString::number(NumberOf(desk_->aids().lbl_20die.value()));
+  EXPECT_EQ(Find<QLabel>("lbl_20die")->text(), twenty);
+  EXPECT_GT(twenty.toInt(), 0);
+  for (const auto& [name, face] : {std::pair{"Image100", 0}, {"Image200", 1}, {"Image300", 2}}) {
+    const int value = desk_->aids().faces.at(face).value();
+    EXPECT_TRUE(Find(name)->accessibleName().endsWith(QString::number(value)));
+    QImage shown = Find(name)->grab().toImage();
+    const QColor pip = face == 2 ? Qt::black : Qt::white;
+    const bool centre = shown.pixelColor(shown.rect().center()) == pip;
+    EXPECT_EQ(centre, value % 2 == 1) << name << " shows " << value;
+  }
+}
+
+TEST_F(AidsWindowTest, NumberDiceComeWithTheirKeysAndFollowTheMouse) {
+  auto* panel = Find("fra_BBgumBB");
+  QTest::keyPress(form1().windowHandle(), Qt::Key_Control);
+  QTest::keyPress(form1().windowHandle(), Qt::Key_F12, Qt::ControlModifier);
+  QMetaObject::invokeMethod(Find<QTimer>("tmr_F12detect"), "timeout");
+  QTest::keyRelease(form1().windowHandle(), Qt::Key_F12, Qt::ControlModifier);
+  QTest::keyRelease(form1().windowHandle(), Qt::Key_Control);
+  QMetaObject::invokeMethod(Find<QTimer>("tmr_F12detect"), "timeout");
+  EXPECT_TRUE(panel->isVisible());
+  Click(Find("Command1"));
+  WaitFor(desk_->aids().tmrDice2);
+  for (const NumberDie& die : kNumberDiceSet) {
+    const int number = Find<QLabel>(die.label)->text().toInt();
+    EXPECT_TRUE(number >= die.lowest && number < die.lowest + die.sides) << die.label;
+  }
+  const auto drag = [&](QWidget* dragged, Qt::KeyboardModifiers keys) {
+    const QPoint before = dragged->pos();
+    const QPoint corner = dragged->mapTo(&form1(), QPoint(3, 3));
+    QTest::mousePress(form1().windowHandle(), Qt::LeftButton, keys, corner);
+    // The toolkit's own helper cannot move with a button held.
+    QMouseEvent move(QEvent::MouseMove, QPointF(30, 20), dragged->mapToGlobal(QPointF(30, 20)),
+                     Qt::NoButton, Qt::LeftButton, keys);
+    QApplication::sendEvent(dragged, &move);
+    QTest::mouseRelease(form1().windowHandle(), Qt::LeftButton, keys, corner);
+    return dragged->pos() != before;
+  };
+  desk_->aids().Check4.Set(true);
+  EXPECT_TRUE(drag(panel, Qt::NoModifier));
+  EXPECT_FALSE(drag(Find("fra_SOMBBdice"), Qt::NoModifier));
+  EXPECT_TRUE(drag(Find("fra_SOMBBdice"), Qt::ControlModifier));
+}
+
+TEST_F(AidsWindowTest, ChartsAreNamedAndOpened) {
+  QTest::keyPress(form1().windowHandle(), Qt::Key_Control);
+  Click(Find("lbl_chrt3"), Qt::ControlModifier);
+  QTest::keyRelease(form1().windowHandle(), Qt::Key_Control);
+  auto* edit = Find<QLineEdit>("tb_chrt3");
+  ASSERT_TRUE(edit->isVisible());
+  Type(&form1(), "bunts");
+  DoubleClick(edit);
+  EXPECT_EQ(Find<QAbstractButton>("lbl_chrt3")->text(), QStringLiteral("bunts"));
+  AddPicture("Charts/Chart03.jpg", {3000, 2000}, Qt::blue);
+  int shown = 0;
+  WhileWaiting([&] {
+    auto* viewer = QApplication::activeModalWidget();
+    auto* picture = viewer->findChild<QScrollArea*>(QStringLiteral("WebBrowser1"));
+    ASSERT_NE(picture, nullptr);
+    const auto width = [&] { return picture->widget()->width(); };
+    EXPECT_LE(width(), viewer->width()) << "the whole chart is seen first";
+    const int fitted = width();
+    Click(picture);
+    EXPECT_EQ(width(), 3000) << "a click shows it in full size";
+    Press(viewer, Qt::Key_Down);
+    EXPECT_GT(picture->verticalScrollBar()->value(), 0);
+    Press(viewer, Qt::Key_0);
+    EXPECT_EQ(width(), fitted);
+    for (int i = 0; i < 40; ++i) Press(viewer, Qt::Key_Plus);
+    EXPECT_EQ(width(), 12000) << "no larger than four times";
+    for (int i = 0; i < 60; ++i) Press(viewer, Qt::Key_Minus);
+    EXPECT_EQ(width(), fitted) << "no smaller than the window";
+    ++shown;
+    Press(viewer, Qt::Key_Escape);
+  });
+  Click(Find("lbl_chrt3"));
+  WriteFile(folder_.filePath(QStringLiteral("Charts/Chart04.jpg")), "no picture");
+  WhileWaiting([&] {
+    auto* viewer = QApplication::activeModalWidget();
+    const auto* page = viewer->findChild<QLabel*>(QStringLiteral("WebBrowser1"));
+    ASSERT_NE(page, nullptr);
+    EXPECT_TRUE(page->text().contains(QStringLiteral("Chart04.jpg")));
+    ++shown;
+    Press(viewer, Qt::Key_Escape);
+  });
+  Click(Find("lbl_chrt4"));
+  EXPECT_EQ(shown, 2);
+}
+
+TEST_F(AidsWindowTest, ParkStaysUntilAnotherPictureIsThere) {
+  // In front of home plate, where nothing stands on the park.
+  const auto park = [&] {
+    const QImage shown = Find("Picture1")->grab().toImage();
+    return shown.pixelColor(shown.width() / 2, shown.height() * 3 / 4);
+  };
+  const auto show = [&](const QString& file) {
+    desk_->aids().Picture1.Set({FromQt(file), 1});
+    return park();
+  };
+  EXPECT_EQ(show(AddPicture("Ballparks/Red.png", {20, 10}, Qt::red)), QColor(Qt::red));
+  WriteFile(folder_.filePath(QStringLiteral("Ballparks/None.jpg")), "none");
+  EXPECT_EQ(show(folder_.filePath(QStringLiteral("Ballparks/None.jpg"))), QColor(Qt::red));
+  form1().resize(900, 560);
+  EXPECT_EQ(park(), QColor(Qt::red));
+}
+
+TEST_F(AidsWindowTest, CrowdTellsWhatIsWrongWithItsFile) {
+  board().state.fra_Options_visible.Set(true);
+  QString told;
+  const auto click = [&] {
+    told.clear();
+    WhileWaiting([&] {
+      told = MessageBox::Open()->message();
+      Press(&form1(), Qt::Key_Escape);
+    });
+    Click(Find("cb_Crowd"));
+  };
+  click();
+  EXPECT_TRUE(told.contains(QStringLiteral("53, "))) << FromQt(told);
+  Click(Find("cb_Crowd"));  // off again, in silence
+  WriteFile(folder_.filePath(QStringLiteral("BaseballCrowd.wav")), "RIFF but no wave");
+  click();
+  EXPECT_TRUE(told.contains(QStringLiteral("321, "))) << FromQt(told);
+}
+
+TEST_F(AidsWindowTest, AboutTellsTheVersion) {
+  QString version;
+  WhileWaiting([&] {
+    auto* about = QApplication::activeModalWidget();
+    version = about->windowTitle() + QLatin1Char('/') +
+              about->findChild<QLabel*>(QStringLiteral("lblVersion"))->text();
+    Press(about, Qt::Key_Return);
+  });
+  Find<QAction>("About")->trigger();
+  EXPECT_EQ(version, QStringLiteral("About Kelvane Diamond Table/Version 1.0.2   [Build025]"));
+}
+
+}  // namespace
+}  // namespace dtb

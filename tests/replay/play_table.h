@@ -28,12 +28,17 @@ struct NoPages : Pages {
   void Open(const std::string& /*addressOrFile*/) override {}
 };
 
-// A desk whose program folder and settings are made for it and go with it.
+// A desk whose program folder and settings are made for it and go with it, and so does its database
+// unless one is given.
 struct PlayTable {
-  PlayTable() {
+  explicit PlayTable(const QString& database = {}) {
     const QDir program(QStringLiteral(DTB_PROGRAM_FOLDER));
     for (const QString& name : program.entryList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
       QFile::link(program.filePath(name), folder.filePath(name));
+    }
+    if (!database.isEmpty()) {
+      QFile::link(QFileInfo(database).absoluteFilePath(), folder.filePath("DTB.mdb"));
+      return;
     }
     QFile schema(folder.filePath("schema.sql"));
     if (!schema.open(QIODevice::ReadOnly)) return;

@@ -48,7 +48,8 @@ class RealGamesTest : public DatabaseTest {
       // A GameID lasts a second.
       if (games > 0) std::this_thread::sleep_for(std::chrono::seconds(1));
       const std::string game = std::string(DTB_GAMES "/") + name;
-      const std::string command = DTB_REPLAY " --database '" + file.string() + "' '" + game + "'";
+      const std::string command =
+          "'" DTB_REPLAY "' --database '" + file.string() + "' '" + game + "'";
       EXPECT_EQ(std::system((command + " > /dev/null").c_str()), 0) << command;
       Read(game + "/expected.txt");
       ++games;

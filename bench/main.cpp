@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "bench/pairs.h"
 #include "windows/desk.h"
 
 int main(int argc, char** argv) {
@@ -10,5 +11,6 @@ int main(int argc, char** argv) {
   dtb::DressApplication();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
+  dtb::PrintRatios();
   return 0;
 }

@@ -1,7 +1,12 @@
+#include <SQLiteCpp/SQLiteCpp.h>
+
 #include <QFile>
 #include <QMap>
 
+#include "game/text_cell.h"
+#include "platform/paths.h"
 #include "platform/qt/qt_text.h"
+#include "platform/sqlite/sqlite_database.h"
 #include "replay/game_state.h"
 
 namespace dtb::replay {
@@ -56,6 +61,75 @@ void AddSide(Figures& figures, const SideFields& side) {
   }
 }
 
+// A row that stands twice is no row of a figure.
+void AddStored(Figures& figures, const QString& figure, const QString& text) {
+  figures[figure] = figures.contains(figure) ? "stored twice" : text;
+}
+
+// Calls the function with each row of a game in a table.
+template <class Function>
+void ForEachRow(SQLite::Database& database, const char* table, const std::string& game,
+                Function&& function) {
+  SQLite::Statement rows(database, std::string("SELECT * FROM ") + table + " WHERE GameID = ?");
+  rows.bind(1, game);
+  while (rows.executeStep()) {
+    function([&rows](const char* column) { return ToQt(rows.getColumn(column).getString()); });
+  }
+}
+
+// The rows of a game as they stand in the file, under the names of the sheet's columns.
+void AddFile(Figures& figures, const std::string& file, const std::string& game) {
+  SQLite::Database database(file);
+  ForEachRow(database, "Batting", game, [&figures](const auto& cell) {
+    const QString who = Batter(cell("Team"), cell("Batter"));
+    for (const char* counter : {"k", "BB", "1B", "2B", "3B", "HR", "SB", "RBI", "AB"}) {
+      AddStored(figures, who + QString(counter).toUpper(), cell(counter));
+    }
+  });
+  ForEachRow(database, "Pitching", game, [&figures](const auto& cell) {
+    const QString who = Pitcher(cell("Team"), cell("Pitcher"));
+    for (const auto& [counter, column] :
+         {std::pair{"K", "k"}, {"BB", "BB"}, {"H", "Hits"}, {"HR", "HR"}, {"ER", "Runs"}}) {
+      AddStored(figures, who + counter, cell(column));
+    }
+    AddStored(figures, who + "IP", ToQt(TwoDecimals(NumberOf(FromQt(cell("IP"))))));
+  });
+  ForEachRow(database, "BoxScores", game, [&figures](const auto& cell) {
+    const QString team = cell("Team");
+    for (int inning = 0; inning < kInnings; ++inning) {
+      const std::string column = std::string("I").append(std::to_string(inning + 1));
+      AddStored(figures, Inning(team, inning), cell(column.c_str()));
+    }
+    AddStored(figures, team + ": R", cell("Runs"));
+    AddStored(figures, team + ": H", cell("Hits"));
+  });
+}
+
+// A reserve who never stood on the first piece has no row.
+void RemoveUnplayed(Figures& figures, const SideFields& side) {
+  for (int row = 1; row < side.grid.rows(); ++row) {
+    if (side.grid.Text(row, stat_column::kPlayed) == "1") continue;
+    const QString who =
+        Batter(ToQt(side.team.value()), ToQt(side.grid.Text(row, stat_column::kBatter)));
+    figures.removeIf([&who](const auto& figure) { return figure.key().startsWith(who); });
+  }
+}
+
+QStringList Differences(const QString& place, const Figures& actual, const Figures& expected) {
+  Figures all = actual;
+  all.insert(expected);
+  QStringList differences;
+  for (const QString& figure : all.keys()) {
+    const QString is = actual.value(figure);
+    const QString should = expected.value(figure);
+    if (is == should) continue;
+    differences +=
+        QString("%1, %2 is %3, should be %4")
+            .arg(place, figure, is.isEmpty() ? "empty" : is, should.isEmpty() ? "empty" : should);
+  }
+  return differences;
+}
+
 }  // namespace
 
 QStringList Differences(Board& board, const QString& expectedFile) {
@@ -65,22 +139,16 @@ QStringList Differences(Board& board, const QString& expectedFile) {
   for (const QString& line : QString::fromUtf8(file.readAll()).remove('\r').split('\n')) {
     if (!line.isEmpty()) AddExpected(expected, line);
   }
-  Figures actual;
+  Figures shown;
+  for (const Side side : {Side::Visitors, Side::Home}) AddSide(shown, SideOf(board, side));
+  Figures stored;
+  AddFile(stored, TextOf(board.platform.programFolder / kDatabaseFile),
+          board.sheet.tb_TimeStamp2.value());
+  QStringList differences = Differences("sheet", shown, expected);
   for (const Side side : {Side::Visitors, Side::Home}) {
-    AddSide(actual, SideOf(board, side));
+    RemoveUnplayed(expected, SideOf(board, side));
   }
-  Figures all = actual;
-  all.insert(expected);
-  QStringList differences;
-  for (const QString& figure : all.keys()) {
-    const QString is = actual.value(figure);
-    const QString should = expected.value(figure);
-    if (is == should) continue;
-    differences +=
-        QString("%1 is %2, should be %3")
-            .arg(figure, is.isEmpty() ? "empty" : is, should.isEmpty() ? "empty" : should);
-  }
-  return differences;
+  return differences + Differences("database", stored, expected);
 }
 
 }  // namespace dtb::replay

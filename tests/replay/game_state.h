@@ -13,7 +13,8 @@ namespace dtb::replay {
 [[nodiscard]] std::map<std::string, std::string> StateLines(Board& board, const Form1& form1,
                                                             const QStringList& messages);
 
-// What the sheet and the line score show differently from a file of figures, one sentence each.
+// What the sheet, the line score and the rows of the saved game show differently from a file of
+// figures, one sentence each.
 [[nodiscard]] QStringList Differences(Board& board, const QString& expectedFile);
 
 }  // namespace dtb::replay

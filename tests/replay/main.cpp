@@ -33,7 +33,7 @@ int PlayGame(const QString& given, Player::Options options) {
   const QString title = isGame ? script.absoluteDir().dirName() : script.fileName();
   const QString expected = script.dir().filePath("expected.txt");
   options.save = isGame && QFile::exists(expected);
-  PlayTable table;
+  PlayTable table(options.database);
   Player player(table, script.filePath(), options);
   if (options.show && !options.screen.isEmpty()) table.desk.form1().resize(options.screen - kFrame);
   table.desk.Open();
@@ -63,16 +63,21 @@ int Main(int argc, char** argv) {
   QStringList arguments;
   for (int i = 0; i < argc; ++i) arguments += QString::fromLocal8Bit(argv[i]);
   QCommandLineParser parser;
-  parser.addOptions({{"show", {}}, {"shots", {}, "DIR"}, {"size", {}, "WxH"}});
+  parser.addOptions(
+      {{"show", {}}, {"shots", {}, "DIR"}, {"size", {}, "WxH"}, {"database", {}, "FILE"}});
   const bool understood = parser.parse(arguments);
   const QStringList games = parser.positionalArguments();
   const QString size = parser.value("size");
   const Player::Options options{parser.isSet("show"),
                                 parser.value("shots"),
                                 {size.section('x', 0, 0).toInt(), size.section('x', 1).toInt()},
+                                parser.value("database"),
                                 false};
   if (!understood || games.isEmpty() || size.isEmpty() != options.screen.isEmpty()) {
-    std::fputs("Usage: dtb_replay [--show] [--shots DIR] [--size WxH] SCRIPT|FOLDER...\n", stderr);
+    std::fputs(
+        "Usage: dtb_replay [--show] [--shots DIR] [--size WxH] [--database FILE] "
+        "SCRIPT|FOLDER...\n",
+        stderr);
     return 2;
   }
   if (!options.pictures.isEmpty()) QDir().mkpath(options.pictures);

@@ -37,12 +37,16 @@ struct NoSounds : Sounds {
   void Silence() override {}
 };
 
-// A program folder of its own, with an empty database.
+// A program folder of its own, with the given database, or else an empty one.
 struct PlayFolder : QTemporaryDir {
-  PlayFolder() {
+  explicit PlayFolder(const QString& database) {
     const QDir program(QStringLiteral(DTB_PROGRAM_FOLDER));
     for (const QString& name : program.entryList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
       QFile::link(program.filePath(name), filePath(name));
+    }
+    if (!database.isEmpty()) {
+      QFile::link(QFileInfo(database).absoluteFilePath(), filePath("DTB.mdb"));
+      return;
     }
     QFile schema(filePath("schema.sql"));
     if (!schema.open(QIODevice::ReadOnly)) return;
@@ -51,8 +55,11 @@ struct PlayFolder : QTemporaryDir {
   }
 };
 
-// A desk whose program folder and settings are made for it and go with it.
+// A desk whose program folder and settings are made for it and go with it, and so does its database
+// unless one is given.
 struct PlayTable {
+  explicit PlayTable(const QString& database = {}) : folder(database) {}
+
   PlayFolder folder;
   ScriptedDialogs dialogs;
   NoPages pages;

@@ -18,6 +18,7 @@ class Player : public Driver {
     bool show = false;
     QString pictures;  // folder of the pictures; "": none are kept
     QSize screen;
+    QString database;   // that takes the game; "": one of its own
     bool save = false;  // the game, at the end of the script: it settles the last pitchers
   };
 

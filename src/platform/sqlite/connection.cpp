@@ -121,7 +121,8 @@ constexpr std::array<Complaint, 9> kComplaints{{
 SQLite::Database Open(const std::filesystem::path& file, std::chrono::milliseconds longestWait) {
   RequireFile(file);
   try {
-    SQLite::Database database(TextOf(file), SQLite::OPEN_READWRITE,
+    // One thread uses a connection, so the engine need not lock it for each value that is read.
+    SQLite::Database database(TextOf(file), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
                               static_cast<int>(longestWait.count()));
     for (const int arguments : {2, 3}) {
       database.createFunction("like", arguments, true, nullptr, Like);

@@ -17,6 +17,8 @@ namespace {
 // A double has no more than 15 digits that can be relied on: 0.1 + 0.2 is 0.3 to a person.
 std::string PlainNumber(double number) {
   constexpr int kDigits = 15;
+  std::string plain = DecimalText(number);
+  if (plain.size() <= kDigits) return plain;
   std::array<char, 40> digits{};
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
                                  std::chars_format::scientific, kDigits - 1);
@@ -25,17 +27,17 @@ std::string PlainNumber(double number) {
   return DecimalText(rounded);
 }
 
-void AppendValue(CellColumn& column, sqlite3_stmt* row, int field) {
-  switch (sqlite3_column_type(row, field)) {
+void AppendValue(CellColumn& column, sqlite3_value* value) {
+  switch (sqlite3_value_type(value)) {
     case SQLITE_NULL:
       return column.Append({});
     case SQLITE_INTEGER:
-      return column.AppendNumber(sqlite3_column_int64(row, field));
+      return column.AppendNumber(sqlite3_value_int64(value));
     case SQLITE_FLOAT:
-      return column.Append(PlainNumber(sqlite3_column_double(row, field)));
+      return column.Append(PlainNumber(sqlite3_value_double(value)));
     default: {
-      const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, field));
-      const auto size = static_cast<std::size_t>(sqlite3_column_bytes(row, field));
+      const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+      const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));
       return column.Append(text == nullptr ? std::string_view() : std::string_view(text, size));
     }
   }
@@ -65,7 +67,8 @@ GridContents AllRows(const SQLite::Database& database, const Statement& query,
   while ((stepped = sqlite3_step(made)) == SQLITE_ROW) {
     contents.columns.front().Append({});
     for (int field = 0; field < fields; ++field) {
-      AppendValue(contents.columns[static_cast<std::size_t>(field) + 1], made, field);
+      AppendValue(contents.columns[static_cast<std::size_t>(field) + 1],
+                  sqlite3_column_value(made, field));
     }
   }
   if (stepped != SQLITE_DONE) sqlite::ThrowFault(database, file);

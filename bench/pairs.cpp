@@ -1,0 +1,79 @@
+#include "bench/pairs.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+namespace dtb {
+namespace {
+
+struct Result {
+  std::string name;
+  int games;
+  const char* unit;
+  double ours;
+  double bare;
+  double ratio;
+  double goal;
+};
+
+std::vector<Result>& Results() {
+  static std::vector<Result> results;
+  return results;
+}
+
+double Median(std::vector<double> values) {
+  std::ranges::sort(values);
+  return values[values.size() / 2];
+}
+
+}  // namespace
+
+void MeasurePair(benchmark::State& state, const std::string& name, int games, double goal,
+                 const Pair& pair) {
+  std::vector<double> ours;
+  std::vector<double> bare;
+  std::vector<double> ratios;
+  pair.ours();
+  pair.bare();
+  for (auto _ : state) {
+    // Who comes first finds the caches colder.
+    const bool oursFirst = ours.size() % 2 == 0;
+    if (oursFirst) ours.push_back(pair.ours());
+    bare.push_back(pair.bare());
+    if (!oursFirst) ours.push_back(pair.ours());
+    ratios.push_back(ours.back() / bare.back());
+    state.SetIterationTime(ours.back());
+  }
+  constexpr double kMilliseconds = 1000;
+  const double ratio = Median(ratios);
+  state.counters["bare_ms"] = Median(bare) * kMilliseconds;
+  state.counters["ratio"] = ratio;
+  Results().push_back(
+      {name, games, "ms", Median(ours) * kMilliseconds, Median(bare) * kMilliseconds, ratio, goal});
+}
+
+void NoteRatio(const std::string& name, int games, double goal, double ours, double bare) {
+  constexpr double kMegabyte = 1 << 20;
+  Results().push_back({name, games, "MB", ours / kMegabyte, bare / kMegabyte, ours / bare, goal});
+}
+
+void PrintRatios() {
+  if (Results().empty()) return;
+  std::puts("\nThe database beside the bare engine:");
+  for (const Result& result : Results()) {
+    std::printf("%-34s %6d games: %8.2f %s, bare %8.2f, ratio %.2f (goal %.1f)%s\n",
+                result.name.c_str(), result.games, result.ours, result.unit, result.bare,
+                result.ratio, result.goal, result.ratio > result.goal ? " MISSED" : "");
+  }
+  for (const Result& large : Results()) {
+    const auto small = std::ranges::find_if(Results(), [&large](const Result& result) {
+      return result.name == large.name && result.games * 10 == large.games && large.games == 10000;
+    });
+    if (small == Results().end()) continue;
+    std::printf("%-34s ten times the games: %.1f times, bare %.1f times\n", large.name.c_str(),
+                large.ours / small->ours, large.bare / small->bare);
+  }
+}
+
+}  // namespace dtb

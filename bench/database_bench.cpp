@@ -71,8 +71,9 @@ struct OpenedBrowser {
   explicit OpenedBrowser(const std::filesystem::path& file) : database(file) {}
 
   QuietPlatform quiet;
+  RandomGenerator randoms{1};
   NotedDatabase database;
-  Platform platform{quiet, quiet, quiet, quiet, quiet, quiet, database, quiet, {}};
+  Platform platform{quiet, quiet, quiet, quiet, quiet, quiet, database, quiet, quiet, randoms, {}};
   BrowserState state;
   Browser browser{state, platform};
 };
@@ -241,9 +242,9 @@ void Save(benchmark::State& state, int games) {
   NotedDatabase database(file);
   QuietTable table;
   Platform& quiet = table.platform;
-  Platform platform{quiet.boxes,    quiet.dialogs,  quiet.pictures,
-                    quiet.keyboard, quiet.settings, quiet.pages,
-                    database,       quiet.clock,    {}};
+  Platform platform{quiet.boxes, quiet.dialogs, quiet.pictures, quiet.keyboard, quiet.settings,
+                    quiet.pages, database,      quiet.clock,    quiet.sounds,   quiet.randoms,
+                    {}};
   Board board{table.state, table.sheet, table.log, platform};
   FillSheet(board);
   const auto save = [&] {

@@ -41,17 +41,22 @@ void ClickOn(QWidget* control) {
   QCoreApplication::processEvents();
 }
 
-void ClickThroughTheWindows(benchmark::State& state, const char* label) {
+// The whole program with a game in progress.
+struct PlayedDesk {
+  PlayedDesk() {
+    desk.form1().resize(kFullHd);
+    desk.Open();
+    StartGame(desk.board());
+    QCoreApplication::processEvents();
+  }
+
   QTemporaryDir folder;
-  Desk::Setup setup;
-  setup.programFolder = PathOf(DTB_PROGRAM_FOLDER);
-  setup.settingsFile = folder.filePath(QStringLiteral("settings.ini"));
-  Desk desk(setup);
-  desk.form1().resize(kFullHd);
-  desk.Open();
-  StartGame(desk.board());
-  QCoreApplication::processEvents();
-  auto* control = desk.form1().findChild<QWidget*>(QLatin1String(label));
+  Desk desk{{PathOf(DTB_PROGRAM_FOLDER), folder.filePath(QStringLiteral("settings.ini"))}};
+};
+
+void ClickThroughTheWindows(benchmark::State& state, const char* label) {
+  PlayedDesk desk;
+  auto* control = desk.desk.form1().findChild<QWidget*>(QLatin1String(label));
   for (auto _ : state) ClickOn(control);
 }
 BENCHMARK_CAPTURE(ClickThroughTheWindows, single, "lbl_Single")->Unit(benchmark::kMillisecond);
@@ -67,6 +72,31 @@ void BareFrame(benchmark::State& state) {
   for (auto _ : state) park.repaint();
 }
 BENCHMARK(BareFrame)->Unit(benchmark::kMillisecond);
+
+// One step of dragging the board's edge: everything goes to its new place, the park is scaled and
+// all is painted. Goal: 60 steps a second. Bare: one smooth scale of the park by the toolkit.
+void DragTheEdge(benchmark::State& state) {
+  PlayedDesk desk;
+  int step = 0;
+  for (auto _ : state) {
+    step = (step + 1) % 100;
+    desk.desk.form1().resize(kFullHd - QSize(step, 0));
+    QCoreApplication::processEvents();
+  }
+}
+BENCHMARK(DragTheEdge)->Unit(benchmark::kMillisecond);
+
+void BareSmoothScale(benchmark::State& state) {
+  const QImage park(QStringLiteral(DTB_PROGRAM_FOLDER "/Ballparks/DEFAULT1679X974.jpg"));
+  const QImage source = park.convertToFormat(QImage::Format_RGB32);
+  int step = 0;
+  for (auto _ : state) {
+    step = (step + 1) % 100;
+    benchmark::DoNotOptimize(
+        source.scaled(kFullHd - QSize(step, 0), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+  }
+}
+BENCHMARK(BareSmoothScale)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace dtb

@@ -31,6 +31,9 @@ struct QuietPlatform : MessageBoxes,
   std::optional<Picture> Load(const std::filesystem::path& /*file*/) override {
     return std::nullopt;
   }
+  std::optional<Picture> Recognise(const std::filesystem::path& /*file*/) override {
+    return std::nullopt;
+  }
   KeyState Query(Key /*key*/) override { return {}; }
   std::string Read(const std::string& /*section*/, const std::string& /*key*/,
                    const std::string& missing) override {

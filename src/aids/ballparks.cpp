@@ -18,7 +18,7 @@ std::filesystem::path ParksBesideProgram(const Aids& aids) {
 }
 
 void ShowPark(Aids& aids, const std::filesystem::path& file) {
-  if (const auto park = aids.platform.pictures.Load(file)) aids.state.Picture1.Set(*park);
+  if (const auto park = aids.platform.pictures.Recognise(file)) aids.state.Picture1.Set(*park);
 }
 
 void DrawPark(Aids& aids) {

@@ -46,6 +46,9 @@ class Pictures {
   // The picture in a file, or nothing if the file is missing, unreadable, no picture or too large.
   // Cheap when the file is as it was at the last call: then nothing is read or decoded again.
   [[nodiscard]] virtual std::optional<Picture> Load(const std::filesystem::path& file) = 0;
+  // The same, judged by the head of the file alone: for large pictures, which are decoded where
+  // they are shown. The rest of the file may still turn out to be broken.
+  [[nodiscard]] virtual std::optional<Picture> Recognise(const std::filesystem::path& file) = 0;
 };
 
 enum class Key { Control, F12 };

@@ -26,7 +26,7 @@ TEST(TeamFiles, LoadAsFarAsTheyAreGood) {
   using namespace std::string_literals;
   const auto lines = [](int count) {
     std::string text;
-    for (int i = 1; i <= count; ++i) text += "P" + std::to_string(i) + "=x\n";
+    for (int i = 1; i <= count; ++i) text.append("P").append(std::to_string(i)).append("=x\n");
     return text;
   };
   const std::vector<std::tuple<std::u8string, std::string, std::string>> cases{

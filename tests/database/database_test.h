@@ -23,7 +23,14 @@
 
 namespace dtb {
 
-struct TestDesk final : MessageBoxes, FileDialogs, Pictures, Keyboard, SettingsStore, Pages, Clock, Sounds {
+struct TestDesk final : MessageBoxes,
+                        FileDialogs,
+                        Pictures,
+                        Keyboard,
+                        SettingsStore,
+                        Pages,
+                        Clock,
+                        Sounds {
   void ShowRecorded(const std::string& message, BoxAlignment /*alignment*/) override {
     told.push_back(message);
   }
@@ -38,6 +45,9 @@ struct TestDesk final : MessageBoxes, FileDialogs, Pictures, Keyboard, SettingsS
     return {};
   }
   std::optional<Picture> Load(const std::filesystem::path& /*file*/) override { return {}; }
+  std::optional<Picture> Recognise(const std::filesystem::path& /*file*/) override {
+    return std::nullopt;
+  }
   KeyState Query(Key /*key*/) override { return {control, false}; }
   std::string Read(const std::string& section, const std::string& key,
                    const std::string& missing) override {

@@ -3,6 +3,7 @@
 #include <QBuffer>
 #include <QImage>
 
+#include "platform/qt/program_folder.h"
 #include "shell/program_error.h"
 #include "windows/window_test.h"
 
@@ -53,6 +54,7 @@ TEST_F(ServicesTest, OnlyPicturesAreLoaded) {
       {"Folder.jpg", false}, {"Pipe.jpg", false}, {"Missing.jpg", false}};
   for (const auto& [name, good] : cases) {
     EXPECT_EQ(pictures.Load(PathIn(name)).has_value(), good) << name;
+    EXPECT_EQ(pictures.Recognise(PathIn(name)).has_value(), good) << name;
   }
   const auto wide = QImage(5000, 100, QImage::Format_RGB32);
   ASSERT_TRUE(wide.save(folder_.filePath(QStringLiteral("Wide.jpg")), "JPG"));
@@ -138,6 +140,44 @@ TEST_F(ServicesTest, FiltersBecomeTheToolkits) {
             QStringLiteral("Text (*.txt);;Csv (*.csv*)"));
   EXPECT_EQ(ToolkitFilter("All Picture Files|*.bmp;*.jpg"),
             QStringLiteral("All Picture Files (*.bmp *.jpg)"));
+}
+
+// An installed program fills the person's folder, and never takes from it what became his own.
+TEST_F(ServicesTest, PersonalFolderIsFilledAndKept) {
+  const auto write = [&](const char* name, const char* text) {
+    const QString path = folder_.filePath(QLatin1String(name));
+    QDir().mkpath(QFileInfo(path).path());
+    WriteFile(path, text);
+  };
+  const auto read = [&](const char* name) {
+    QFile file(folder_.filePath(QStringLiteral("mine/") + QLatin1String(name)));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string("-");
+  };
+  const auto start = [&] {
+    return FindProgramFolder(folder_.filePath(QStringLiteral("bin")),
+                             folder_.filePath(QStringLiteral("mine")));
+  };
+  QDir().mkpath(folder_.filePath(QStringLiteral("bin")));
+  EXPECT_EQ(start().path, folder_.filePath(QStringLiteral("bin"))) << "nothing is installed";
+  for (const char* name : {"Teams/a.txt", "Teams/b.txt", "Teams/c.txt", "DTB.mdb"}) {
+    write((std::string("share/kelvane-diamond-table/") + name).c_str(), "first");
+  }
+  EXPECT_EQ(start().path, folder_.filePath(QStringLiteral("mine")));
+  EXPECT_EQ(read("Teams/a.txt") + read("DTB.mdb"), "firstfirst");
+  write("mine/DTB.mdb", "a season");
+  write("mine/Teams/b.txt", "edited");
+  QFile::remove(folder_.filePath(QStringLiteral("mine/Teams/c.txt")));
+  write("mine/Teams/d.txt", "added");
+  for (const char* name : {"Teams/a.txt", "Teams/b.txt", "Teams/c.txt", "Teams/d.txt", "DTB.mdb"}) {
+    write((std::string("share/kelvane-diamond-table/") + name).c_str(), "second");
+  }
+  EXPECT_TRUE(start().failures.isEmpty());
+  EXPECT_EQ(read("Teams/a.txt"), "second") << "untouched, so renewed";
+  EXPECT_EQ(read("Teams/b.txt") + read("Teams/c.txt") + read("Teams/d.txt"), "edited-added");
+  EXPECT_EQ(read("DTB.mdb"), "a season");
+  // What lies beside the executable goes before all that is installed.
+  QDir().mkpath(folder_.filePath(QStringLiteral("bin/Ballparks")));
+  EXPECT_EQ(start().path, folder_.filePath(QStringLiteral("bin")));
 }
 
 }  // namespace

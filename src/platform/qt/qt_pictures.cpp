@@ -37,13 +37,20 @@ bool IsPhotoFormat(const QByteArray& format) {
   return formats.contains(format);
 }
 
-QImage Decode(const std::string& path) {
-  QImageReader reader(QtPath(path));
+// False: by its head the file is no photo, or too large.
+bool Begin(QImageReader& reader, const std::string& path) {
+  reader.setFileName(QtPath(path));
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
-  if (!IsPhotoFormat(reader.format())) return {};
+  if (!IsPhotoFormat(reader.format())) return false;
   const QSize size = reader.size();
-  if (!size.isValid() || qint64{size.width()} * size.height() > kMostPixels) return {};
+  return size.isValid() && qint64{size.width()} * size.height() <= kMostPixels;
+}
+
+QImage Decode(const std::string& path) {
+  QImageReader reader;
+  if (!Begin(reader, path)) return {};
+  const QSize size = reader.size();
   if (std::max(size.width(), size.height()) > kLongestSide) {
     reader.setScaledSize(
         size.scaled(kLongestSide, kLongestSide, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
@@ -57,6 +64,14 @@ std::optional<Picture> QtPictures::Load(const std::filesystem::path& file) {
   const std::string path = TextOf(file);
   const std::uint64_t stamp = StampOf(path);
   if (stamp == 0 || !Refresh(path, stamp).loaded) return std::nullopt;
+  return Picture{path, stamp};
+}
+
+std::optional<Picture> QtPictures::Recognise(const std::filesystem::path& file) {
+  const std::string path = TextOf(file);
+  const std::uint64_t stamp = StampOf(path);
+  QImageReader reader;
+  if (stamp == 0 || !Begin(reader, path)) return std::nullopt;
   return Picture{path, stamp};
 }
 

@@ -16,6 +16,7 @@ namespace dtb {
 class QtPictures : public Pictures {
  public:
   std::optional<Picture> Load(const std::filesystem::path& file) override;
+  std::optional<Picture> Recognise(const std::filesystem::path& file) override;
 
   // The pixels of a picture; empty if the file went bad since it was loaded.
   [[nodiscard]] QImage Image(const Picture& picture);

@@ -57,3 +57,68 @@ def paint_land(context, outline, colour, beyond=215):
     near = list(outline.fence_line(-75, 75))
     far = [outline.point(d, beyond) for d in range(-75, 76, 5)]
     area(context, [project(p[0], p[1]) for p in near] + [project(*p) for p in far[::-1]], colour)
+
+
+def pine(context, random, x, y, height, leaf=(38, 78, 56), sun_side=-1):
+    """A conifer: tiers of boughs that grow wider downwards."""
+    foot_x, foot_y = project(x, y)
+    tall = height * unit(y)
+    spread = random.uniform(0.17, 0.23)
+    tiers = 9
+    for tier in range(tiers):
+        up = 0.08 + 0.80 * tier / tiers
+        half = spread * (1 - up) ** 0.85 * random.uniform(0.86, 1.12)
+        rise = 0.22 * (1.05 - up) + 0.04
+        low, top = foot_y - up * tall, foot_y - (up + rise) * tall
+        tone = random.uniform(0.88, 1.06) * (0.72 + 0.4 * up)
+        area(context, ((foot_x - half * tall, low), (foot_x - half * .45 * tall, low + .02 * tall),
+                       (foot_x, low - .01 * tall), (foot_x + half * .5 * tall, low + .02 * tall),
+                       (foot_x + half * tall, low), (foot_x, top)), leaf, tone * 0.84)
+        area(context, ((foot_x + sun_side * half * tall, low),
+                       (foot_x + sun_side * half * .4 * tall, low + .02 * tall),
+                       (foot_x + sun_side * .1 * half * tall, low - .01 * tall), (foot_x, top)),
+             leaf, tone * 1.22)
+
+
+def grove(random, outline, count, degrees, beyond, height):
+    """Places for trees behind the fence, the farthest first."""
+    spots = []
+    for _ in range(count):
+        x, y = outline.point(random.uniform(*degrees), random.uniform(*beyond))
+        spots.append((y, x, random.uniform(*height)))
+    return sorted(spots, reverse=True)
+
+
+def skyline(context, random, first, last, foot, tall, wide, colours, window, hollow=0.35):
+    """Blocks of a town, each with its lit side and rows of windows."""
+    x = first
+    while x < last:
+        width = random.uniform(*wide)
+        height = random.uniform(*tall)
+        colour = colours[random.randint(len(colours))]
+        building(context, random, x, foot, width, height, colour, window, hollow)
+        x += width * random.uniform(0.75, 1.25)
+
+
+def building(context, random, left, foot, width, height, colour, window, hollow):
+    top = foot - height
+    context.rectangle(left, top, width, height)
+    ink(context, colour)
+    context.fill()
+    context.rectangle(left + width * 0.68, top, width * 0.32, height)
+    ink(context, colour, 1, 0.86)
+    context.fill()
+    if random.rand() < 0.4:                        # a smaller storey or a mast on top
+        step = width * random.uniform(0.3, 0.6)
+        context.rectangle(left + (width - step) / 2, top - height * 0.08, step, height * 0.08)
+        ink(context, colour, 1, 0.95)
+        context.fill()
+    rows, columns = int(height / 4.2), max(2, int(width / 3.6))
+    for row in range(rows):
+        for column in range(columns):
+            if random.rand() < hollow:
+                continue
+            context.rectangle(left + (column + 0.25) * width / columns, top + 2 + row * 4.2,
+                              width / columns * 0.5, 2.2)
+            ink(context, window, random.uniform(0.35, 0.9))
+            context.fill()

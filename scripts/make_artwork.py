@@ -17,12 +17,13 @@ import sys
 from multiprocessing import get_context
 from pathlib import Path
 
-from artwork import harbour, summit
+from artwork import foundry, harbour, summit
 from artwork.finish import save_small
 from artwork.logos import LOGOS, logo
 
 BALLPARKS = {"DEFAULT1679X974": harbour.ballpark,
-             "Summit Field (day)": summit.ballpark}
+             "Summit Field (day)": summit.ballpark,
+             "Foundry Park (night)": foundry.ballpark}
 
 
 def draw_ballpark(name, target):

@@ -42,9 +42,23 @@ def round_leaves(random):
     return leaves
 
 
-def tree(context, random, x, y, height, leaf=(44, 54, 38), sun_x=-60):
+def paint_trunk(context, x, y, tall, away):
+    """`away` is the side on which the sun is not."""
+    context.save()
+    context.translate(x + 0.16 * away * tall, y)
+    context.scale(0.40 * tall, 0.075 * tall)
+    spot(context, 0, 0, 1, (40, 52, 30), 1, 0.40)
+    context.restore()
+    area(context, ((x - .035 * tall, y), (x + .035 * tall, y), (x + .022 * tall, y - .4 * tall),
+                   (x - .022 * tall, y - .4 * tall)), (86, 68, 50))
+
+
+def tree(context, random, x, y, height, leaf=(44, 54, 38), sun_x=-60, standing=False):
+    """A round tree; one that is standing in the open shows its trunk and its shadow."""
     foot_x, foot_y = project(x, y)
     tall = height * unit(y)
+    if standing:
+        paint_trunk(context, foot_x, foot_y, tall, math.copysign(1, x - sun_x))
     for up, aside in round_leaves(random):         # brighter on top and towards the sun
         light = 0.62 + 0.75 * max(0, up - 0.45) - 0.35 * aside * math.copysign(1, x - sun_x)
         spot_light = light * random.uniform(0.8, 1.2)

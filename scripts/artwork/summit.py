@@ -71,7 +71,7 @@ def paint_country(context, random):
     for y, x, tall in grove(random, OUTLINE, 150, (-66, 4), (120, 520), (30, 58)):
         pine(context, random, x, y, tall, (48, 96, 70))
     for y, x, tall in grove(random, OUTLINE, 110, (2, 66), (110, 460), (26, 44)):
-        tree(context, random, x, y, tall, (84, 136, 62), -2000)
+        tree(context, random, x, y, tall, (84, 136, 62), -2000, True)
 
 
 def paint_flags(context, line, back, foot):

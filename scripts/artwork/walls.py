@@ -49,13 +49,18 @@ class FoulWall:
     posts: tuple = (96, 104, 92)
     roof: tuple = (52, 78, 66)
     roof_edge: tuple = (190, 170, 128)
+    dugout: bool = True
 
 
 def paint_foul_wall(context, outline, side, wall):
     line = list(outline.wall_line(side, -40, outline.far_end(), 60))
     strip(context, line, 0, wall.height, wall.face)
     strip(context, line, wall.height - 0.5, wall.height + 0.2, wall.rail, 0.8)
-    dugout = list(outline.wall_line(side, 2, 46, 10))
+    if wall.dugout:
+        paint_dugout(context, list(outline.wall_line(side, 2, 46, 10)), wall)
+
+
+def paint_dugout(context, dugout, wall):
     strip(context, dugout, 0, 4.6, (12, 18, 17))
     strokes(context, [(project(x, y, 0), project(x, y, 5)) for x, y, _, _ in dugout],
             wall.posts, 2)

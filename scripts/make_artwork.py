@@ -1,13 +1,15 @@
 #!/usr/bin/python3
 """Draw the pictures that ship with Kelvane Diamond Table.
 
-Writes, below the program folder:
+Writes, below the source folder:
 
-    Ballparks/DEFAULT1679X974.jpg   the ballpark behind the whole board
-    Logos/VisLogo.jpg, HomeLogo.jpg logos for a team that has none of its own
-    Logos/<team>.jpg                logos of the four example teams
+    program/Ballparks/DEFAULT1679X974.jpg     the ballpark behind the whole board
+    program/Ballparks/<name>.jpg              three more to choose from
+    program/Logos/VisLogo.jpg, HomeLogo.jpg   logos for a team that has none of its own
+    program/Logos/<team>.jpg                  logos of the four example teams
+    src/windows/icons/                        the icon, as SVG and in several sizes
 
-Usage:  make_artwork.py [program-folder]
+Usage:  make_artwork.py [source-folder]
 
 Needs the Debian packages python3-cairo, python3-pil, python3-numpy and, for the
 lettering on fence and scoreboard, fonts-dejavu-core.  Every random choice comes
@@ -17,13 +19,15 @@ import sys
 from multiprocessing import get_context
 from pathlib import Path
 
-from artwork import foundry, harbour, summit
+from artwork import foundry, harbour, summit, wooden
 from artwork.finish import save_small
+from artwork.icon import save_icons
 from artwork.logos import LOGOS, logo
 
 BALLPARKS = {"DEFAULT1679X974": harbour.ballpark,
              "Summit Field (day)": summit.ballpark,
-             "Foundry Park (night)": foundry.ballpark}
+             "Foundry Park (night)": foundry.ballpark,
+             "Old Wooden Grounds": wooden.ballpark}
 
 
 def draw_ballpark(name, target):
@@ -46,10 +50,10 @@ def draw_logos(folder):
 
 
 def main():
-    program = Path(sys.argv[1]) if len(sys.argv) > 1 \
-        else Path(__file__).resolve().parent.parent / "program"
-    draw_ballparks(program / "Ballparks")
-    draw_logos(program / "Logos")
+    source = Path(sys.argv[1]) if len(sys.argv) > 1 else Path(__file__).resolve().parent.parent
+    draw_ballparks(source / "program" / "Ballparks")
+    draw_logos(source / "program" / "Logos")
+    save_icons(source / "src" / "windows" / "icons")
 
 
 if __name__ == "__main__":

@@ -1,0 +1,1 @@
+"""The pictures of Kelvane Diamond Table, drawn from nothing but numbers."""

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
@@ -40,9 +41,18 @@ class EnterPresses : public QObject {
   }
 };
 
+QIcon ProgramIcon() {
+  QIcon icon;
+  for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+    icon.addFile(QStringLiteral(":/icons/kelvane-diamond-table-%1.png").arg(size), {size, size});
+  }
+  return icon;
+}
+
 }  // namespace
 
 void DressApplication() {
+  QApplication::setWindowIcon(ProgramIcon());
   qApp->installEventFilter(new EnterPresses(qApp));
   InstallAccessibleRoles();
   QApplication::setStyle(new SlateStyle);

@@ -70,10 +70,9 @@ struct NotedDatabase : SqliteDatabase {
 struct OpenedBrowser {
   explicit OpenedBrowser(const std::filesystem::path& file) : database(file) {}
 
-  QuietPlatform quiet;
-  RandomGenerator randoms{1};
+  QuietDesktop quiet;
   NotedDatabase database;
-  Platform platform{quiet, quiet, quiet, quiet, quiet, quiet, database, quiet, quiet, randoms, {}};
+  Platform platform{quiet, quiet, quiet, quiet, quiet, quiet, database, quiet, quiet, quiet, {}};
   BrowserState state;
   Browser browser{state, platform};
 };

@@ -4,59 +4,12 @@
 #include <filesystem>
 #include <fstream>
 
-#include "aids/random_generator.h"
 #include "game/start_up.h"
-#include "platform/database.h"
 #include "teams/pitchers.h"
 #include "teams/team_load.h"
+#include "tests/quiet_desktop.h"
 
 namespace dtb {
-
-struct QuietPlatform : MessageBoxes,
-                       FileDialogs,
-                       Pictures,
-                       Keyboard,
-                       SettingsStore,
-                       Pages,
-                       Clock,
-                       Sounds,
-                       Database {
-  void ShowRecorded(const std::string& /*message*/, BoxAlignment /*alignment*/) override {}
-  void Show(const std::string& /*message*/, BoxIcon /*icon*/,
-            const std::string& /*title*/) override {}
-  bool Ask(const std::string& /*question*/, const std::string& /*title*/) override { return true; }
-  std::optional<std::filesystem::path> OpenFile(const OpenFileRequest& /*request*/) override {
-    return std::nullopt;
-  }
-  std::optional<Picture> Load(const std::filesystem::path& /*file*/) override {
-    return std::nullopt;
-  }
-  std::optional<Picture> Recognise(const std::filesystem::path& /*file*/) override {
-    return std::nullopt;
-  }
-  KeyState Query(Key /*key*/) override { return {}; }
-  std::string Read(const std::string& /*section*/, const std::string& /*key*/,
-                   const std::string& missing) override {
-    return missing;
-  }
-  void Write(const std::string& /*section*/, const std::string& /*key*/,
-             const std::string& /*value*/) override {}
-  void Open(const std::string& /*addressOrFile*/) override {}
-  KeyState Peek(Key /*key*/) override { return {}; }
-  bool OpenSystemInformation() override { return false; }
-  void PlayOnce(const std::filesystem::path& /*file*/) override {}
-  void StartLoop(const std::filesystem::path& /*file*/) override {}
-  void StopLoop() override {}
-  void Silence() override {}
-  LocalTime Now() override { return {}; }
-  void Run(const Statement& /*query*/, StatGrid& /*result*/) override {}
-  std::vector<std::string> Delete(const std::vector<Statement>& /*statements*/) override {
-    return {};
-  }
-  std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>& /*tables*/) override {
-    return nullptr;
-  }
-};
 
 // A team file of 49 players with remarks.
 inline std::filesystem::path FullTeamFile() {
@@ -80,9 +33,8 @@ inline void StartGame(Board& board) {
 }
 
 struct QuietTable {
-  QuietPlatform quiet;
-  RandomGenerator randoms{1};
-  Platform platform{quiet, quiet, quiet, quiet, quiet, quiet, quiet, quiet, quiet, randoms, {}};
+  QuietDesktop quiet;
+  Platform platform{quiet, quiet, quiet, quiet, quiet, quiet, quiet, quiet, quiet, quiet, {}};
   BoardState state;
   StatSheet sheet;
   EventLog log;

@@ -23,10 +23,11 @@ void FitColumn(StatGrid& grid, int column) {
 
 // Adds one to a decimal number's last digit.
 void RaiseLastDigit(std::string& digits) {
-  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-    if (*digit == '.') continue;
-    if (*digit != '9') return static_cast<void>(++*digit);
-    *digit = '0';
+  for (std::size_t place = digits.size(); place-- > 0;) {
+    char& digit = digits[place];
+    if (digit == '.') continue;
+    if (digit != '9') return static_cast<void>(++digit);
+    digit = '0';
   }
   digits.insert(digits.begin(), '1');
 }

@@ -11,7 +11,7 @@ namespace {
 
 // What a query does to its grid beside filling it.
 struct Layout {
-  std::array<int, 2> leftAligned;
+  std::array<int, 2> leftAligned{};
   int firstFormatted = 1;  // columns that take a pattern
   int lastFormatted = 0;
   Decimals decimals = Decimals::Two;

@@ -1,5 +1,6 @@
 #include "sheet/save_game.h"
 
+#include <array>
 #include <memory>
 #include <string>
 #include <utility>
@@ -16,8 +17,8 @@ namespace {
 constexpr const char* kNoTeam = "Team";
 
 // The home team's rows come first in the tables of players.
-constexpr Side kOrderOfPlayers[] = {Side::Home, Side::Visitors};
-constexpr Side kOrderOfTeams[] = {Side::Visitors, Side::Home};
+constexpr std::array kOrderOfPlayers{Side::Home, Side::Visitors};
+constexpr std::array kOrderOfTeams{Side::Visitors, Side::Home};
 
 // A save on its way through the tables.
 struct GameSave {

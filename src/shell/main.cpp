@@ -14,9 +14,8 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName(QStringLiteral("example.kelvane_diamond_table"));
   dtb::DressApplication();
   const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-  const dtb::ProgramFolder folder =
-      dtb::FindProgramFolder(QCoreApplication::applicationDirPath(),
-                             data + QStringLiteral("/kelvane-diamond-table"));
+  const dtb::ProgramFolder folder = dtb::FindProgramFolder(
+      QCoreApplication::applicationDirPath(), data + QStringLiteral("/kelvane-diamond-table"));
   dtb::Desk::Setup setup;
   setup.programFolder = dtb::PathOf(dtb::FromQt(folder.path));
   dtb::Desk desk(setup);

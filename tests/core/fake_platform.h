@@ -14,8 +14,8 @@
 #include "game/runners.h"
 #include "game/score_pad.h"
 #include "game/start_up.h"
-#include "platform/database.h"
 #include "platform/paths.h"
+#include "quiet_desktop.h"
 #include "shell/program_error.h"
 #include "teams/game_pieces.h"
 #include "teams/lineup_edit.h"
@@ -25,16 +25,7 @@
 namespace dtb {
 
 // All services of the desktop. Boxes are written down as text and closed at once.
-struct FakePlatform final : MessageBoxes,
-                            FileDialogs,
-                            Pictures,
-                            Keyboard,
-                            SettingsStore,
-                            Pages,
-                            Database,
-                            Clock,
-                            Sounds,
-                            Randoms {
+struct FakePlatform final : QuietDesktop {
   ~FakePlatform() override { std::filesystem::remove_all(folder); }
   void ShowRecorded(const std::string& message, BoxAlignment alignment) override {
     Tell((alignment == BoxAlignment::Left ? "left: " : "") + message);
@@ -65,7 +56,6 @@ struct FakePlatform final : MessageBoxes,
     settings[section + "/" + key] = value;
   }
   void Open(const std::string& page) override { Tell(page); }
-  bool OpenSystemInformation() override { return false; }
   void PlayOnce(const std::filesystem::path& file) override { Tell("once " + NameOf(file)); }
   void StartLoop(const std::filesystem::path& file) override {
     if (!std::filesystem::exists(file)) throw ProgramError(error_number::kFileNotFound, "no file");
@@ -76,12 +66,9 @@ struct FakePlatform final : MessageBoxes,
   void Reseed(int) override { ++reseeds; }
   double Draw() override { return draws.empty() ? 0 : draws[drawn++ % draws.size()]; }
   static std::string NameOf(const std::filesystem::path& file) { return TextOf(file.filename()); }
-  void Run(const Statement&, StatGrid&) override {}
-  std::vector<std::string> Delete(const std::vector<Statement>&) override { return {}; }
   std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>&) override {
     throw DatabaseOutOfReach(error_number::kFileNotFound, "no database");
   }
-  LocalTime Now() override { return {}; }
 
   void Tell(const std::string& text) {
     told += (told.empty() ? "" : " | ") + text;

@@ -13,24 +13,17 @@
 #include <random>
 #include <sstream>
 
-#include "aids/random_generator.h"
 #include "browser/browser.h"
 #include "game/constant_update.h"
 #include "game/start_up.h"
 #include "platform/sqlite/sqlite_database.h"
+#include "quiet_desktop.h"
 #include "sheet/save_game.h"
 #include "sheet/saved_tables.h"
 
 namespace dtb {
 
-struct TestDesk final : MessageBoxes,
-                        FileDialogs,
-                        Pictures,
-                        Keyboard,
-                        SettingsStore,
-                        Pages,
-                        Clock,
-                        Sounds {
+struct TestDesk final : QuietDesktop {
   void ShowRecorded(const std::string& message, BoxAlignment /*alignment*/) override {
     told.push_back(message);
   }
@@ -40,13 +33,6 @@ struct TestDesk final : MessageBoxes,
   bool Ask(const std::string& question, const std::string& /*title*/) override {
     told.push_back(question);
     return yes;
-  }
-  std::optional<std::filesystem::path> OpenFile(const OpenFileRequest& /*request*/) override {
-    return {};
-  }
-  std::optional<Picture> Load(const std::filesystem::path& /*file*/) override { return {}; }
-  std::optional<Picture> Recognise(const std::filesystem::path& /*file*/) override {
-    return std::nullopt;
   }
   KeyState Query(Key /*key*/) override { return {control, false}; }
   std::string Read(const std::string& section, const std::string& key,
@@ -58,13 +44,6 @@ struct TestDesk final : MessageBoxes,
              const std::string& value) override {
     settings[section + "/" + key] = value;
   }
-  void Open(const std::string& /*page*/) override {}
-  KeyState Peek(Key /*key*/) override { return {}; }
-  bool OpenSystemInformation() override { return false; }
-  void PlayOnce(const std::filesystem::path& /*file*/) override {}
-  void StartLoop(const std::filesystem::path& /*file*/) override {}
-  void StopLoop() override {}
-  void Silence() override {}
   LocalTime Now() override { return time; }
 
   std::vector<std::string> told;  // boxes and questions in order
@@ -158,8 +137,7 @@ class DatabaseTest : public testing::Test {
   std::filesystem::path file = folder / kDatabaseFile;
   SqliteDatabase database{file, std::chrono::milliseconds(20)};
   TestDesk desk;
-  RandomGenerator randoms{1};
-  Platform ports{desk, desk, desk, desk, desk, desk, database, desk, desk, randoms, folder};
+  Platform ports{desk, desk, desk, desk, desk, desk, database, desk, desk, desk, folder};
 };
 
 }  // namespace dtb

@@ -9,6 +9,7 @@
 
 #include "platform/paths.h"
 #include "platform/qt/qt_text.h"
+#include "quiet_desktop.h"
 #include "windows/desk.h"
 
 namespace dtb::replay {
@@ -21,20 +22,6 @@ struct ScriptedDialogs : FileDialogs {
     return answers.isEmpty() ? std::nullopt : answers.takeFirst();
   }
   QList<std::optional<std::filesystem::path>> answers;
-};
-
-// What the program opens outside itself stays closed.
-struct NoPages : Pages {
-  void Open(const std::string& /*addressOrFile*/) override {}
-  bool OpenSystemInformation() override { return false; }
-};
-
-// No test makes a noise.
-struct NoSounds : Sounds {
-  void PlayOnce(const std::filesystem::path& /*file*/) override {}
-  void StartLoop(const std::filesystem::path& /*file*/) override {}
-  void StopLoop() override {}
-  void Silence() override {}
 };
 
 // A program folder of its own, with the given database, or else an empty one.
@@ -62,10 +49,9 @@ struct PlayTable {
 
   PlayFolder folder;
   ScriptedDialogs dialogs;
-  NoPages pages;
-  NoSounds sounds;
+  QuietDesktop quiet;  // what the program opens outside itself stays closed, and nothing sounds
   Desk desk{Desk::Setup{PathOfFile(folder.path()), folder.filePath("settings.ini"), &dialogs,
-                        &pages, &sounds}};
+                        &quiet, &quiet}};
 };
 
 }  // namespace dtb::replay

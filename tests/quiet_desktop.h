@@ -1,0 +1,63 @@
+// A desktop on which nothing happens: boxes close at once, dialogs are cancelled, nothing sounds.
+// Tests and measures take what they need from it and override the rest.
+#pragma once
+
+#include <memory>
+
+#include "aids/random_generator.h"
+#include "platform/database.h"
+#include "platform/platform.h"
+
+namespace dtb {
+
+struct QuietDesktop : MessageBoxes,
+                      FileDialogs,
+                      Pictures,
+                      Keyboard,
+                      SettingsStore,
+                      Pages,
+                      Clock,
+                      Sounds,
+                      Database,
+                      RandomGenerator {
+  // The same dice in every run.
+  QuietDesktop() : RandomGenerator(1) {}
+
+  void ShowRecorded(const std::string& /*message*/, BoxAlignment /*alignment*/) override {}
+  void Show(const std::string& /*message*/, BoxIcon /*icon*/,
+            const std::string& /*title*/) override {}
+  bool Ask(const std::string& /*question*/, const std::string& /*title*/) override { return true; }
+  std::optional<std::filesystem::path> OpenFile(const OpenFileRequest& /*request*/) override {
+    return std::nullopt;
+  }
+  std::optional<Picture> Load(const std::filesystem::path& /*file*/) override {
+    return std::nullopt;
+  }
+  std::optional<Picture> Recognise(const std::filesystem::path& /*file*/) override {
+    return std::nullopt;
+  }
+  KeyState Query(Key /*key*/) override { return {}; }
+  std::string Read(const std::string& /*section*/, const std::string& /*key*/,
+                   const std::string& missing) override {
+    return missing;
+  }
+  void Write(const std::string& /*section*/, const std::string& /*key*/,
+             const std::string& /*value*/) override {}
+  void Open(const std::string& /*addressOrFile*/) override {}
+  KeyState Peek(Key /*key*/) override { return {}; }
+  bool OpenSystemInformation() override { return false; }
+  void PlayOnce(const std::filesystem::path& /*file*/) override {}
+  void StartLoop(const std::filesystem::path& /*file*/) override {}
+  void StopLoop() override {}
+  void Silence() override {}
+  LocalTime Now() override { return {}; }
+  void Run(const Statement& /*query*/, StatGrid& /*result*/) override {}
+  std::vector<std::string> Delete(const std::vector<Statement>& /*statements*/) override {
+    return {};
+  }
+  std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>& /*tables*/) override {
+    return nullptr;
+  }
+};
+
+}  // namespace dtb

@@ -11,11 +11,11 @@ inline constexpr int kNumberDiceInterval = 100;
 inline constexpr int kF12Interval = 100;
 
 struct NumberDie {
-  const char* label;
-  const char* shape;
-  const char* word;  // for screen readers
-  int lowest;
-  int sides;
+  const char* label = "";
+  const char* shape = "";
+  const char* word = "";  // for screen readers
+  int lowest = 0;
+  int sides = 0;
   Colour colour;
   Colour figures;
 };

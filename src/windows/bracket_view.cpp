@@ -87,8 +87,7 @@ QRectF BracketView::PlaceOf(int round, int slot) const {
 void BracketView::resizeEvent(QResizeEvent* /*event*/) {
   for (int round = 0; round < kRounds; ++round) {
     for (int slot = 0; slot < SlotsIn(round); ++slot) {
-      slots_[static_cast<std::size_t>(FirstOf(round) + slot)]->setGeometry(
-          PlaceOf(round, slot).toRect());
+      slots_.at(FirstOf(round) + slot)->setGeometry(PlaceOf(round, slot).toRect());
     }
   }
 }

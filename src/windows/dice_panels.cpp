@@ -64,8 +64,9 @@ void FaceDie::paintEvent(QPaintEvent* /*event*/) {
   const char* places = faces.at(static_cast<std::size_t>(face_.value() - 1));
   for (int place = 0; place < 9; ++place) {
     if (places[place] != 'o') continue;
-    const QPointF middle(width() * (0.25 + 0.25 * (place % 3)),
-                         height() * (0.25 + 0.25 * (place / 3)));
+    const int row = place / 3;
+    const int column = place % 3;
+    const QPointF middle(width() * (0.25 + 0.25 * column), height() * (0.25 + 0.25 * row));
     painter.drawEllipse(middle, pip / 2, pip / 2);
   }
 }
@@ -141,15 +142,20 @@ NumberDicePanel::NumberDicePanel(Aids& aids, Scene& scene, QWidget* parent)
   scene.Put(this, kNumberPanel);
   for (int i = 0; i < kNumberDice; ++i) {
     const NumberDie& kind = kNumberDiceSet.at(i);
-    const double left = kMargin + (i % 4) * (kNumberDieSize + kGap);
-    const double top = kMargin + (i / 4) * (kNumberDieSize + kGap);
+    const int row = i / 4;
+    const int column = i % 4;
+    const double left = kMargin + column * (kNumberDieSize + kGap);
+    const double top = kMargin + row * (kNumberDieSize + kGap);
     auto* shape = new NumberPlate(kind.colour, kind.figures, this);
-    // One control is shape and number in one; it bears the number's name.
-    Name(shape, kind.label, QLatin1String(kind.word));
-    shape->setToolTip(QLatin1String(kind.word));
-    scene.Put(shape, {left, top, kNumberDieSize, kNumberDieSize}, kHuge, true);
-    Follow<std::string>(shape, aids.state.numbers.at(i),
-                        [shape](const std::string& number) { shape->setText(ToQt(number)); });
+    Name(shape, kind.shape, QLatin1String(kind.word));
+    scene.Put(shape, {left, top, kNumberDieSize, kNumberDieSize});
+    auto* label = MakeCaption({}, shape, Qt::AlignCenter);
+    Name(label, kind.label, QLatin1String(kind.word));
+    scene.Put(label, {0, 0, kNumberDieSize, kNumberDieSize}, kHuge, true);
+    Follow<std::string>(label, aids.state.numbers.at(i), [label](const std::string& number) {
+      label->setText(ToQt(number));
+      label->setVisible(!number.empty());
+    });
   }
   auto* roll = AddRoll("Command1", QStringLiteral("ROLL the numbered dice"), this);
   scene.Put(roll,

@@ -182,7 +182,7 @@ def paint_video_board(context, glow):
             wave = math.sin(step / 40 * 5.2 + band * 0.23) * height * 0.10
             context.line_to(left + width * step / 40, min(top + height, max(top, top + rise + wave)))
         context.line_to(left + width, top + height)
-        ink(context, (30 + 8 * band, 48 + 2.6 * band, 104 - 2.6 * band), 0.10)
+        ink(context, (26 + 6.6 * band, 44 + 2 * band, 104 - 2.4 * band), 0.10)
         context.fill()
     lettering(context, "FOUNDRY PARK", left + width / 2, top + height * 0.46, height * 0.17,
               (255, 236, 206), 0.95)
@@ -256,8 +256,8 @@ def paint_bowl(context, glow, random):
     corner, far_end = OUTLINE.corner, OUTLINE.far_end()
     paint_video_board(context, glow)
     hide_glow(glow, list(OUTLINE.fence_line(-8, 8, 16)), 2, 0, 30)
-    paint_deck(context, glow, random, OUTLINE.fence_line(OPEN_FROM + 6, corner - 1, 50),
-               Stand(10, 7, 1.5, 3.2, 0.74, 0.9, **SEATS), False)
+    paint_deck(context, glow, random, OUTLINE.fence_line(OPEN_FROM + 5, corner + 3, 54),
+               Stand(10, 12, 1.5, 3.2, 0.74, 0.9, **SEATS), False)
     for side in (-1, 1):
         paint_deck(context, glow, random, OUTLINE.wall_line(side, far_end, -38, 90),
                    Stand(4.5, 24, 1.2, 2.9, 0.70, 0.92, **SEATS), False)

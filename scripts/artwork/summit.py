@@ -126,8 +126,8 @@ def paint_bank(context, random):
         spot(context, x, y - 2.8 * size, 0.55 * size, (206, 160, 128))
 
 
-def paint_brick(context, first, last, top):
-    """A brick wall with blind arches and a stone coping."""
+def paint_brick(context, first, last, top, plain):
+    """A brick wall with a stone coping, and blind arches but at the `plain` angles."""
     line = list(OUTLINE.fence_line(first, last, 90))
     strip(context, line, 0, top, BRICK)
     for z in np.arange(1.2, top, 1.2):
@@ -135,6 +135,9 @@ def paint_brick(context, first, last, top):
                              [project(p[0], p[1], z) for p in line[1:]]), MORTAR, 0.5, 0.35)
     for start in range(4, len(line) - 6, 9):
         piece = line[start:start + 6]
+        turn = math.degrees(math.atan2(*piece[3][:2]))
+        if min(abs(turn - angle) for angle in plain) < 2.6:
+            continue
         x, y = piece[0][0], piece[0][1]
         arch = [(x + (piece[-1][0] - x) * t, y + (piece[-1][1] - y) * t,
                  top * 0.50 + top * 0.26 * math.sin(math.pi * t)) for t in np.linspace(0, 1, 13)]
@@ -197,9 +200,9 @@ def paint_walls(context):
         paint_foul_wall(context, OUTLINE, side, wall)
     paint_fence(context, OUTLINE.fence_line(-OUTLINE.corner, 15, 120),
                 Fence(9, NAVY, (22, 38, 68), (244, 206, 84), 1.0, (20, 36, 66)))
-    paint_brick(context, 15, OUTLINE.corner, 17)
-    paint_distances(context, OUTLINE, ((-42.5, "331"), (-27, "366"), (6, "410"), (25.3, "345"),
-                                       (43.2, "318")), CREAM)
+    paint_brick(context, 15, OUTLINE.corner, 17, (26.0, 42.8))
+    paint_distances(context, OUTLINE, ((-42.5, "331"), (-27, "366"), (6, "410")), CREAM)
+    paint_distances(context, OUTLINE, ((26.0, "345"), (42.8, "318")), CREAM, 5.5)
     paint_foul_poles(context, OUTLINE, (246, 206, 70), 50)
 
 

@@ -2,7 +2,7 @@
 from dataclasses import dataclass
 
 from .camera import project, unit
-from .pen import ink, lettering, oblong, spot, strip, strokes
+from .pen import lettering, oblong, spot, strip, strokes
 
 
 @dataclass

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QStyleOption>
 
 #include "windows/look.h"
@@ -164,6 +165,37 @@ void FigureField::SetGround(const QColor& ground, const QColor& figures) {
   palette.setColor(QPalette::Base, ground);
   palette.setColor(QPalette::Text, figures);
   setPalette(palette);
+}
+
+void FigureField::SetTextFits() {
+  textFits_ = true;
+  connect(this, &QLineEdit::textChanged, this, [this] { FitText(); });
+}
+
+void FigureField::FitText() {
+  if (!textFits_ || fullSize_ <= 0 || fitting_) return;
+  const QScopedValueRollback fitting(fitting_, true);
+  const QMargins margins = textMargins();
+  constexpr int kCaret = 6;  // what the toolkit keeps free beside the text
+  const int room = width() - margins.left() - margins.right() - kCaret;
+  QFont fitted = font();
+  for (const double size : {kLarge, kBody, kSmall, kTiny}) {
+    fitted.setPixelSize(std::max(7, qRound(fullSize_ * size / kLarge)));
+    if (QFontMetrics(fitted).horizontalAdvance(text()) <= room) break;
+  }
+  if (fitted != font()) setFont(fitted);
+}
+
+void FigureField::resizeEvent(QResizeEvent* event) {
+  QLineEdit::resizeEvent(event);
+  FitText();
+}
+
+void FigureField::changeEvent(QEvent* event) {
+  QLineEdit::changeEvent(event);
+  if (event->type() != QEvent::FontChange || fitting_) return;
+  fullSize_ = font().pixelSize();
+  FitText();
 }
 
 void FigureField::paintEvent(QPaintEvent* event) {

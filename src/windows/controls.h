@@ -99,6 +99,8 @@ class FigureField : public QLineEdit {
  public:
   explicit FigureField(QWidget* parent);
   void SetGround(const QColor& ground, const QColor& figures);
+  // A text too long for the field is set in the next smaller type of the look that fits.
+  void SetTextFits();
 
  signals:
   void focused();
@@ -110,9 +112,16 @@ class FigureField : public QLineEdit {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
+  void FitText();
+
   bool firstPress_ = false;
+  bool textFits_ = false;
+  bool fitting_ = false;
+  int fullSize_ = 0;  // of the type, in pixels, before it was made to fit
 };
 
 // A caption on slate.

@@ -109,7 +109,8 @@ void Scoreboard::BuildTeams(QWidget* frame, QtPictures& pictures) {
     Name(team, NamesOf(side).team,
          QLatin1String(NamesOf(side).word) + QStringLiteral(" team name"));
     team->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    team->setTextMargins(8, 0, 8, 0);
+    team->setTextMargins(4, 0, 4, 0);
+    team->SetTextFits();
     scene_.Put(team, {52, RowTop(side), 154, kCellHeight}, kLarge, true);
     BindText(team, fields.team);
     connect(team, &QLineEdit::textChanged, team, [team](const QString& text) {

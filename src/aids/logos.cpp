@@ -4,6 +4,19 @@
 
 namespace dtb {
 
+namespace {
+
+void ShowDefaultLogo(Board& board, const SideFields& fields) {
+  const auto file = board.platform.programFolder / "Logos" / fields.defaultLogo;
+  fields.logo.Set(board.platform.pictures.Load(file).value_or(Picture{}));
+}
+
+}  // namespace
+
+void ShowDefaultLogos(Board& board) {
+  for (const Side side : {Side::Visitors, Side::Home}) ShowDefaultLogo(board, SideOf(board, side));
+}
+
 void LoadLogo(Board& board, Side side) {
   const SideFields fields = SideOf(board, side);
   const auto folder = board.platform.programFolder / "Logos";
@@ -12,7 +25,7 @@ void LoadLogo(Board& board, Side side) {
     fields.logo.Set(*logo);
     fields.sheetLogo.Set(*logo);
   } else if (fields.logo.value().empty()) {
-    fields.logo.Set(pictures.Load(folder / fields.defaultLogo).value_or(Picture{}));
+    ShowDefaultLogo(board, fields);
   }
 }
 

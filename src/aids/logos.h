@@ -5,6 +5,9 @@
 
 namespace dtb {
 
+// The logos with which the board starts, before any team is there.
+void ShowDefaultLogos(Board& board);
+
 // Loads the logo of the side's team, on the board and on the sheet. A team without one gets the
 // side's default logo on the board; the sheet keeps what it showed.
 void LoadLogo(Board& board, Side side);

@@ -1,5 +1,6 @@
 #include "game/start_up.h"
 
+#include "aids/logos.h"
 #include "game/innings.h"
 #include "shell/program_error.h"
 #include "shell/settings_keys.h"
@@ -24,6 +25,7 @@ void StartUp(Board& board) {
     Connect(board);
     PlacePiecesAtStart(board.state);
     SetUpSheet(board.sheet);
+    ShowDefaultLogos(board);
     board.state.lbl_PhotoPath.Set(
         board.platform.settings.Read(settings::kLabels, settings::kPhotoPath, ""));
   });

@@ -196,6 +196,10 @@ TEST_F(AidsTest, CrowdPlaysWhileItsBoxIsChecked) {
 
 TEST(Logos, ArePickedForBoardAndSheet) {
   Game game;
+  game.fake.photos = {(game.fake.folder / "Logos" / "VisLogo.jpg").string()};
+  ShowDefaultLogos(game.board);
+  EXPECT_FALSE(game.state.img_VisLogo.value().empty());
+  EXPECT_TRUE(game.sheet.Picture3.value().empty()) << "a default is for the board alone";
   game.fake.chosen.reset();
   ChooseLogo(game.board, Side::Home);
   EXPECT_TRUE(game.state.img_HomeLogo.value().empty());

@@ -11,15 +11,25 @@ import sys
 from pathlib import Path
 
 import rules_page
-import tables_bat as bat
 import tables_field as field
-import tables_tactics as tactics
 import views
-from paper import BAND, CREAM, HEAD, MARGIN, WIDTH, Paper, ACCENT, INK
+from notes import BARS, END, NOTES, STEPS
+from paper import ACCENT, BAND, CREAM, HEAD, INK, MARGIN, WIDTH, Paper
 from simulate import check
 
 TOP = BAND + 24
 WIDE = WIDTH - 2 * MARGIN
+RIGHT = 820         # where the right half begins
+HALF = 740
+
+
+def title(paper, text, x, y):
+    paper.text(text, x, y, 34, INK, True, "left")
+
+
+def bar(paper, number, y, size=32):
+    paper.box(MARGIN, y, WIDE, 52, ACCENT)
+    paper.text(BARS[number], WIDTH / 2, y + 26, size, INK, True)
 
 
 def chart_batter(paper):
@@ -28,22 +38,12 @@ def chart_batter(paper):
     for block in range(2):
         paper.table(MARGIN + block * 772, TOP, widths, 46, table, 52, 28,
                     rows=table.rows[18 * block:18 * block + 18])
-    paper.notes(MARGIN, TOP + 52 + 18 * 46 + 12, WIDE, (
-        "*PITCH* chart 2, yellow.   *GROUND* chart 3, white.   *FLY, LINE* chart 4, white.   *LONG* chart 4, "
-        "yellow.   *RARE* chart 8, yellow.",
-        "*1B, 2B* chart 5, white.   *BB, K, PO* runners hold, save those a walk pushes.   *pitcher* is for "
-        "pitchers who bat."))
+    paper.notes(MARGIN, TOP + 52 + 18 * 46 + 12, WIDE, NOTES[1])
 
 
 def chart_pitcher(paper):
-    paper.stack(MARGIN, TOP, 80, (288,) * 5, 40, views.pitcher())
-    shares = [f"{share:.3f}".lstrip("0") for share in bat.WIN_SHARES]
-    paper.notes(MARGIN, TOP + 56 + 20 * 40 + 8, WIDE, (
-        "*GROUND* and *FLY* go on to charts *3* and *4,* with the white die of the same roll. "
-        "*PO:* runners hold. *1B, 2B:* chart *5.*",
-        f"*No earned run average?* Take won games of all decided: {shares[0]} and more reads as below "
-        f"3.00, {shares[1]} as 3.00, {shares[2]} as 3.50, less as 4.00. No numbers at all: starters "
-        "read 3.00, relievers 3.50. A tiring pitcher reads further right: chart *9.*"))
+    end = paper.stack(MARGIN, TOP, 80, (288,) * 5, 40, views.pitcher())
+    paper.notes(MARGIN, end + 8, WIDE, NOTES[2])
 
 
 def chart_ground(paper):
@@ -56,139 +56,68 @@ def chart_ground(paper):
         paper.bases(at + wide / 2, TOP + 32, 24, taken)
         paper.text(name, at + wide / 2, TOP + 70, 26, CREAM, True)
         at += wide
-    paper.box(MARGIN, end + 12, WIDE, 48, ACCENT)
-    paper.text("Nobody on, or two out: GO.", WIDTH / 2, end + 36, 34, INK, True)
-    paper.notes(MARGIN, end + 68, WIDE, (
-        "Whoever is not named stays. *FC:* the batter is on 1st. A double play with one out ends the "
-        "inning, and nobody scores on it.",))
+    bar(paper, 3, end + 12, 34)
+    paper.notes(MARGIN, end + 68, WIDE, NOTES[3])
 
 
 def chart_fly(paper):
-    paper.table(MARGIN, TOP, (84, 176, 244, 188, 256), 132, views.air())
-    paper.stack(MARGIN + 980, TOP, 68, (236, 236), 38, views.long_drive())
-    y = TOP + 56 + 6 * 132
-    paper.notes(MARGIN, y + 16, 948, (
-        "*Two out:* FLY is FO and LINE is LO, the inning is over.",
-        "*Flies:* whoever is not named holds. *Fast* are men with speed A or AA."), 28)
-    paper.notes(MARGIN + 980, TOP + 56 + 760 + 16, 540, (
-        "*LONG:* first add wind and fences of the day to the yellow die. More than 20 is 20, less than "
-        "1 is 1. *power* is a man with that word; HR: everybody scores. Two out: FO.",), 26)
+    end = paper.table(MARGIN, TOP, (84, 176, 244, 188, 256), 132, views.air())
+    paper.notes(MARGIN, end + 16, 948, NOTES[4][:2], 28)
+    end = paper.stack(MARGIN + 980, TOP, 68, (236, 236), 36, views.long_drive())
+    paper.notes(MARGIN + 980, end + 16, 540, NOTES[4][2:])
 
 
 def chart_hits(paper):
-    end = paper.table(MARGIN, TOP, (96,) + (236,) * 3 + (236,) * 2 + (244,), 72, views.advance())
-    paper.box(MARGIN, end + 16, WIDE, 52, ACCENT)
-    paper.text("Add 1 for a fast runner and 1 with two out, for each runner by himself; 6 at most.",
-               WIDTH / 2, end + 42, 32, INK, True)
+    end = paper.table(MARGIN, TOP, (96,) + (236,) * 5 + (244,), 72, views.advance())
+    bar(paper, 5, end + 16)
     y = end + 92
-    paper.text("Send him one base more?", MARGIN, y + 16, 34, INK, True, "left")
-    paper.table(MARGIN, y + 44, (200, 252, 252), 56, views.sending(), one_line=True)
-    paper.notes(MARGIN, y + 44 + 56 * 3 + 12, 700, (
-        "After the hit you may send a runner who stopped. Roll once more, read yellow. Take off 1 for a fielder with arm A, 2 for arm AA; add "
-        f"{field.SEND_TWO_OUT} with two out. Nobody passes another runner.",), 28)
-    paper.text("Without a roll", 820, y + 16, 34, INK, True, "left")
-    paper.notes(820, y + 44, 740, (
-        "*3B, HR:* every runner scores.",
-        "*BB, hit by pitch:* only runners who are pushed go up one base.",
-        "*AB on an error:* as chart 8 tells.",
-        "*Each run:* RBI first, then the label of the hit. Double-click the piece of a man who scores, "
-        "drag the others.",
-        "*Out on the bases:* after the hit, TO; take his piece off."), 28)
+    title(paper, "Send him one base more?", MARGIN, y + 16)
+    end = paper.table(MARGIN, y + 44, (200, 252, 252), 56, views.sending(), one_line=True)
+    paper.notes(MARGIN, end + 12, 700, NOTES[5][:1], 28)
+    title(paper, "Without a roll", RIGHT, y + 16)
+    paper.notes(RIGHT, y + 44, HALF, NOTES[5][1:], 28)
 
 
 def chart_steal(paper):
-    paper.text("1  The start: the white die", MARGIN, TOP + 20, 34, INK, True, "left")
+    title(paper, "1  The start: the white die", MARGIN, TOP + 20)
     end = paper.table(MARGIN, TOP + 52, (176, 1344), 68, views.jumps(), 0, 30, True)
-    paper.text("2  The throw: the yellow die of the same roll", MARGIN, end + 44, 34, INK, True, "left")
+    title(paper, "2  The throw: the yellow die of the same roll", MARGIN, end + 44)
     end = paper.table(MARGIN, end + 72, (320, 400, 400, 400), 76, views.steals(), 56, 32, True)
-    paper.box(MARGIN, end + 16, WIDE, 52, ACCENT)
-    paper.text("The catcher has arm A: take 1 off yellow.  Arm AA: take 2 off.", WIDTH / 2, end + 42,
-               32, INK, True)
-    paper.notes(MARGIN, end + 84, 740, (
-        "*Safe:* Ctrl and click the upper half of his piece, drag it to the next base.",
-        "*Out:* TO, and double-click his piece. The same man is still at bat.",
-        "*A 20 on the die:* safe, and the throw goes wild. He takes one base more if it is free; "
-        "E one more for the fielders.",
-        "*Home stolen:* RBI, then take the RBI off on the sheet."), 28)
-    paper.notes(820, end + 84, 740, (
-        "*Who may run:* a man whose next base is free. On a double steal roll for the man in front; "
-        "if he is safe, the other is too, and if he is out, the other is safe.",
-        "*Then* roll anew for the batter. No word in the file? The first two of the order have "
-        "speed A."), 28)
+    bar(paper, 6, end + 16)
+    paper.notes(MARGIN, end + 84, HALF, NOTES[6][:4], 28)
+    paper.notes(RIGHT, end + 84, HALF, NOTES[6][4:], 28)
 
 
 def chart_bunt(paper):
-    paper.text("Bunt", MARGIN + 68, TOP + 16, 34, INK, True, "left")
-    paper.stack(MARGIN, TOP + 40, 68, (224, 224, 224, 224), 36, views.bunts(), 92, 26)
-    paper.text("Hit and run: 1st, or 1st + 3rd", MARGIN + 68 + 4 * 224 + 32 + 68, TOP + 16, 34, INK, True,
-               "left")
-    paper.stack(MARGIN + 68 + 4 * 224 + 32, TOP + 40, 56, (234, 234), 36, views.hit_and_run(), 92, 26)
-    paper.notes(MARGIN, TOP + 40 + 92 + 720 + 8, WIDE, (
-        "*Bunt:* GO with runners up is a sacrifice: take the AB off on the sheet. Lead man: the one "
-        "nearest home; the men behind him go up one, on DP they hold. A bunt for a hit by a man who is "
-        f"not fast: yellow −{-tactics.BUNT_SLOW}. *Hit and run:* with two out, K and LO end the "
-        "inning. *K, 1st is out:* K, then TO. *TO:* a sign was missed; same batter.",), 26)
+    title(paper, "Bunt", MARGIN, TOP + 16)
+    end = paper.stack(MARGIN, TOP + 40, 68, (224,) * 4, 36, views.bunts(), 92, 26)
+    left = MARGIN + 68 + 4 * 224 + 32
+    title(paper, "Hit and run: man on 1st, or 1st + 3rd", left, TOP + 16)
+    paper.stack(left, TOP + 40, 56, (234, 234), 36, views.hit_and_run(), 92, 26)
+    paper.notes(MARGIN, end + 8, WIDE, NOTES[7])
 
 
 def chart_rare(paper):
     end = paper.table(MARGIN, TOP, (104, 560, 380, 476), 46, views.rare(), 52, 28, True)
-    paper.notes(MARGIN, end + 12, WIDE, (
-        f"† A man with *glove* plays there and white is {tactics.GLOVE_SAVES} or 6: no error, GO in the infield, "
-        "FO in the outfield, runners hold. *Error:* click AB and add 1 to the fielders’ E. *Hit by pitch:* click the "
-        "next batter’s row. *Same batter:* roll again.",))
+    paper.notes(MARGIN, end + 12, WIDE, NOTES[8], 28)
 
 
 def chart_game(paper):
-    left, right = MARGIN, 820
-    paper.text("Before the game: one roll", left, TOP + 16, 34, INK, True, "left")
-    end = paper.table(left, TOP + 44, (108, 200, 372), 44, views.wind(), 48, 26)
-    end = paper.table(left, end + 16, (108, 200, 372), 44, views.fences(), 48, 26)
-    paper.text("Pitchers tire: one column further right", left, end + 40, 34, INK, True, "left")
-    y = paper.notes(left, end + 64, 724, (
-        f"*Starters* from the {tactics.STARTER_TIRES}th inning, one more from the "
-        f"{tactics.STARTER_TIRES_MORE}th.",
-        f"*Relievers* from the {tactics.RELIEVER_TIRES}rd inning of their own.",
-        f"*Everybody* for each {tactics.RUNS_TIRE} runs he has given up.",
-        "*Heat:* all that an inning earlier. Past the last column nothing gets worse."), 28)
-    paper.text("The end", left, y + 24, 34, INK, True, "left")
-    paper.notes(left, y + 48, 724, (
-        "After nine innings the side with more runs has won. The home side does not bat when it leads "
-        "after the top of the ninth, and stops when it goes ahead later. A tie goes on.",), 28)
-    paper.text("Every batter", right, TOP + 16, 34, INK, True, "left")
+    title(paper, "Before the game: one roll", MARGIN, TOP + 16)
+    end = paper.table(MARGIN, TOP + 44, (108, 200, 372), 44, views.wind(), 48, 26)
+    end = paper.table(MARGIN, end + 16, (108, 200, 372), 44, views.fences(), 48, 26)
+    title(paper, "Pitchers tire: one column further right", MARGIN, end + 44)
+    y = paper.notes(MARGIN, end + 72, 724, NOTES[9][:4], 28)
+    title(paper, "The end", MARGIN, y + 32)
+    paper.notes(MARGIN, y + 60, 724, END, 28)
+    title(paper, "Every batter", RIGHT, TOP + 16)
     y = TOP + 44
     for index, step in enumerate(STEPS, 1):
-        paper.box(right, y + 4, 40, 40, ACCENT)
-        paper.text(str(index), right + 20, y + 24, 28, INK, True)
-        y = max(y + 52, paper.paragraph(step, right + 56, y + 4, 28, 680) + 8)
-    paper.text("When the file tells nothing", right, y + 28, 34, INK, True, "left")
-    paper.notes(right, y + 52, 740, (
-        order_words(),
-        f"*No speed or power?* Places {in_words(bat.ORDER_FAST)} have speed A, places "
-        f"{in_words(bat.ORDER_POWER)} have power.",
-        "*No number for a pitcher?* See chart 2."), 28)
-
-
-STEPS = (
-    "*Steal, bunt, hit and run?* Say it, roll, read chart 6 or 7. An intentional walk is BB.",
-    "*ROLL.* All four dice count, once.",
-    "*Red and green:* chart 1, in the batter’s column.",
-    "*PITCH:* yellow on chart 2. *LONG:* yellow on chart 4. *RARE:* yellow on chart 8.",
-    "*White:* grounders on chart 3, flies and line drives on 4, runners on 5.",
-    "*Runs first:* RBI for each, then the label of the play. Move the pieces.",
-    "*Third out:* click the man who bats first for the other side.")
-
-
-def in_words(places):
-    return " and ".join(filter(None, (", ".join(map(str, places[:-1])), str(places[-1]))))
-
-
-def order_words():
-    by_column = {}
-    for place, column in enumerate(bat.ORDER_COLUMNS, 1):
-        by_column.setdefault(column, []).append(place)
-    parts = [f"{in_words(by_column[column])} read *{bat.BATTER_COLUMNS[column]};*"
-             for column in sorted(by_column)]
-    return "*No averages?* Places " + " ".join(parts) + " one man without, *below.*"
+        paper.box(RIGHT, y + 4, 40, 40, ACCENT)
+        paper.text(str(index), RIGHT + 20, y + 24, 28, INK, True)
+        y = max(y + 56, paper.paragraph(step, RIGHT + 56, y + 4, 28, 680) + 12)
+    title(paper, "When the file tells nothing", RIGHT, y + 36)
+    paper.notes(RIGHT, y + 64, HALF, NOTES[9][4:], 28)
 
 
 PAGES = (chart_batter, chart_pitcher, chart_ground, chart_fly, chart_hits, chart_steal, chart_bunt,

@@ -68,16 +68,15 @@ class Paper:
     def paragraph(self, text, x, y, size, width, colour=INK, leading=1.25):
         """A paragraph from the top y.  Words between * are bold.  Returns the next y."""
         step = round(size * leading / 4) * 4
-        at, line = x, y + step / 2
-        bold = False
-        for part in text.split("*"):
-            for word in part.split():
-                long = self.width(word, size, bold)
-                if at > x and at + long > x + width:
-                    at, line = x, line + step
+        at, line, blank = x, y + step / 2, self.width(" ", size)
+        for run in bold_runs(text):
+            long = sum(self.width(word, size, bold) for word, bold in run)
+            if at > x and at + long > x + width:
+                at, line = x, line + step
+            for word, bold in run:
                 self.text(word, at, line, size, colour, bold, "left")
-                at += long + self.width(" ", size)
-            bold = not bold
+                at += self.width(word, size, bold)
+            at += blank
         return line + step / 2
 
     # ---- shapes ----------------------------------------------------------
@@ -270,3 +269,18 @@ def dice_of(label):
     if all(len(m) == 2 and m[0] in names and m[1].isdigit() for m in marks):
         return [(names[m[0]], int(m[1])) for m in marks]
     return []
+
+
+def bold_runs(text):
+    """The words of a text, each a list of pieces with their boldness.  " +" stays with its word."""
+    runs, bold, fresh = [], False, True
+    for part in text.replace(" +", "~+").split("*"):
+        for index, word in enumerate(part.split(" ")):
+            fresh = fresh or index > 0
+            if word:
+                if fresh:
+                    runs.append([])
+                runs[-1].append((word.replace("~", " "), bold))
+                fresh = False
+        bold = not bold
+    return runs

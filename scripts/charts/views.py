@@ -102,7 +102,7 @@ def air():
     rows = []
     for white in range(1, 7):
         off = field.LINE_CAUGHT_OFF[white - 1]
-        line = Cell("LO", (f"DP if {plays.ORDINAL[off]} is taken:", "he is out too") if off else
+        line = Cell("LO", (f"DP if {plays.ORDINAL[off]} is taken", "and he is out too") if off else
                     ("runners hold",))
         fly = cell(field.FLY[white - 1])
         rows.append((f"w{white}", (Cell("", (field.FLY_TO[white - 1],)),
@@ -188,7 +188,8 @@ def rare():
     rows, low = [], 1
     for highest, story, empty, runners, place in tactics.RARE:
         label = f"{low}" if low == highest else f"{low}–{highest}"
-        rows.append((label, (Cell("", (story + (" †" if place else ""),)), cell(empty),
+        alone = Cell("LO") if empty == "LO" else cell(empty)
+        rows.append((label, (Cell("", (story + (" †" if place else ""),)), alone,
                              cell(runners))))
         low = highest + 1
     return Table("Rare plays", "yellow", ("what happens", "nobody on", "runners on"), tuple(rows))

@@ -1,7 +1,6 @@
 #include "aids/ballparks.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "platform/paths.h"
 #include "shell/program_error.h"
@@ -69,7 +68,6 @@ void Random_Ballparks(Aids& aids) {
          entry.increment(failure)) {
       const std::string name = TextOf(entry->path().filename());
       if (IsJpeg(name)) names.push_back(name);
-      if (failure) break;
     }
     if (failure) {
       throw ProgramError(error_number::kPathOrFileAccess,

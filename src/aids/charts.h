@@ -2,21 +2,18 @@
 #pragma once
 
 #include "aids/aids_state.h"
+#include "shell/edited_label.h"
 
 namespace dtb {
+
+// Name and editor of a chart button, 0 to 8.
+[[nodiscard]] EditedLabel ChartName(AidsState& state, int chart);
 
 // Reads the names of the buttons from the settings.
 void ReadChartNames(Aids& aids);
 
 // The picture of a chart, 0 to 8; the file may be missing.
 [[nodiscard]] std::filesystem::path ChartFile(const Platform& platform, int chart);
-
-// A click on a chart button. With a fresh Ctrl it begins to edit the name; otherwise the chart is
-// to be opened, and the result is true.
-[[nodiscard]] bool ClickChart(Aids& aids, int chart);
-
-// A double click on the edit field: the button takes the name, which is stored.
-void SaveChartName(Aids& aids, int chart);
 
 // Opens a page with the system's own program. A missing page is silent.
 void OpenRules(Aids& aids);

@@ -11,6 +11,11 @@ void ShowDefaultLogo(Board& board, const SideFields& fields) {
   fields.logo.Set(board.platform.pictures.Load(file).value_or(Picture{}));
 }
 
+void ShowLogo(const SideFields& fields, const Picture& logo) {
+  fields.logo.Set(logo);
+  fields.sheetLogo.Set(logo);
+}
+
 }  // namespace
 
 void ShowDefaultLogos(Board& board) {
@@ -22,8 +27,7 @@ void LoadLogo(Board& board, Side side) {
   const auto folder = board.platform.programFolder / "Logos";
   Pictures& pictures = board.platform.pictures;
   if (const auto logo = pictures.Load(folder / PathOf(fields.team.value() + ".jpg"))) {
-    fields.logo.Set(*logo);
-    fields.sheetLogo.Set(*logo);
+    ShowLogo(fields, *logo);
   } else if (fields.logo.value().empty()) {
     ShowDefaultLogo(board, fields);
   }
@@ -36,8 +40,7 @@ void ChooseLogo(Board& board, Side side) {
   if (!file) return;
   const SideFields fields = SideOf(board, side);
   if (const auto logo = board.platform.pictures.Load(*file)) {
-    fields.logo.Set(*logo);
-    fields.sheetLogo.Set(*logo);
+    ShowLogo(fields, *logo);
   }
 }
 

@@ -1,32 +1,32 @@
-// A field in which a lasting text is edited in place.
+// A label with a lasting text that is edited in place.
 #pragma once
 
-#include <QKeyEvent>
 #include <QLineEdit>
-#include <functional>
+
+#include "shell/edited_label.h"
+#include "windows/controls.h"
 
 namespace dtb {
 
-// A double click, or Enter, takes the text over.
+// Shows a text, and its editor while it is edited. A click with Ctrl opens the editor; a double
+// click there, or Enter, takes the text over.
 class NameEdit : public QLineEdit {
   Q_OBJECT
  public:
-  NameEdit(std::function<void()> save, QWidget* parent)
-      : QLineEdit(parent), save_(std::move(save)) {}
+  // `label` shows the text while it is not edited. Both stand at the same place.
+  NameEdit(Platform& platform, const EditedLabel& fields, ClickLabel* label);
+
+ signals:
+  // The label was clicked, and that was no wish to edit it.
+  void labelClicked();
 
  protected:
-  void mouseDoubleClickEvent(QMouseEvent* /*event*/) override { save_(); }
-  void keyPressEvent(QKeyEvent* event) override {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!enter) {
-      QLineEdit::keyPressEvent(event);
-    } else if (!event->isAutoRepeat()) {
-      save_();
-    }
-  }
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  std::function<void()> save_;
+  Platform& platform_;
+  EditedLabel fields_;
 };
 
 }  // namespace dtb

@@ -97,23 +97,10 @@ void OptionsPanel::BuildPhotoPath() {
 
   auto* path = new ClickLabel({}, {kSlateRaised, kSlateHover, kCream}, this);
   Name(path, "lbl_PhotoPath", QStringLiteral("Folder of the player photos"));
-  path->setToolTip(QStringLiteral("Ctrl + Click to EDIT"));
   scene_.Put(path, {16, 210, 380, 32}, kBody);
-  Follow<std::string>(path, board_.state.lbl_PhotoPath,
-                      [path](const std::string& folder) { path->setText(ToQt(folder)); });
-  Follow<bool>(path, board_.state.Text1_visible,
-               [path](bool editing) { path->setVisible(!editing); });
-  connect(path, &QAbstractButton::clicked, this, [this] { ClickPhotoPath(board_); });
-
-  auto* edit = new NameEdit([this] { SavePhotoPath(board_); }, this);
+  auto* edit = new NameEdit(board_.platform, PhotoFolder(board_.state), path);
   Name(edit, "Text1", QStringLiteral("New folder of the player photos"));
-  edit->setToolTip(QStringLiteral("Double-Click to SAVE"));
   scene_.Put(edit, {16, 210, 380, 32}, kBody);
-  BindText(edit, board_.state.Text1);
-  Follow<bool>(edit, board_.state.Text1_visible, [edit](bool editing) {
-    edit->setVisible(editing);
-    if (editing) edit->setFocus(Qt::OtherFocusReason);
-  });
 
   auto* hint =
       MakeCaption(QStringLiteral("CTRL + Click to Edit path ..... DblClick to Save path"), this);

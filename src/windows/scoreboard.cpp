@@ -226,26 +226,15 @@ void Scoreboard::BuildCharts() {
     const Place place{12 + chart * kChartPitch, 144, kChartWidth, 32};
     const QString number = QString::number(chart + 1);
     auto* label = addLabel(qPrintable(QStringLiteral("lbl_chrt") + number), {}, place);
-    label->setToolTip(QStringLiteral("Ctrl + Click to EDIT"));
     label->SetHint(QStringLiteral("Chart ") + number);
     Follow<std::string>(label, aids_.state.lbl_chrt.at(chart), [label, number](const auto& name) {
-      label->setText(ToQt(name));
       label->setAccessibleName(QStringLiteral("Chart %1 %2").arg(number, ToQt(name)).trimmed());
     });
-    connect(label, &QAbstractButton::clicked, this, [this, chart] {
-      if (ClickChart(aids_, chart)) emit chartWanted(chart);
-    });
-    auto* edit = new NameEdit([this, chart] { SaveChartName(aids_, chart); }, this);
+    auto* edit = new NameEdit(aids_.platform, ChartName(aids_.state, chart), label);
     Name(edit, qPrintable(QStringLiteral("tb_chrt") + number),
          QStringLiteral("Name of chart ") + number);
-    edit->setToolTip(QStringLiteral("Double-Click to SAVE"));
     scene_.Put(edit, place, kBody);
-    BindText(edit, aids_.state.tb_chrt.at(chart));
-    Follow<bool>(edit, aids_.state.tb_chrt_visible.at(chart), [label, edit](bool editing) {
-      label->setVisible(!editing);
-      edit->setVisible(editing);
-      if (editing) edit->setFocus(Qt::OtherFocusReason);
-    });
+    connect(edit, &NameEdit::labelClicked, this, [this, chart] { emit chartWanted(chart); });
   }
   auto* rules = addLabel("lbl_rules", QStringLiteral("RULES"), {804, 144, 66, 32});
   connect(rules, &QAbstractButton::clicked, this, [this] { OpenRules(aids_); });

@@ -134,17 +134,17 @@ TEST_F(AidsTest, ChartButtonsKeepTheirNames) {
   fake.settings["labels/lbl_chrt2"] = "BUNTS";
   ReadChartNames(aids);
   EXPECT_EQ(state.lbl_chrt[0].value() + "," + state.lbl_chrt[1].value(), ",BUNTS");
-  EXPECT_TRUE(ClickChart(aids, 1)) << "without Ctrl the chart opens";
+  EXPECT_FALSE(BeginEdit(fake.ports, ChartName(state, 1))) << "without Ctrl the chart opens";
   fake.control = {true, true};
-  EXPECT_FALSE(ClickChart(aids, 1));
+  EXPECT_TRUE(BeginEdit(fake.ports, ChartName(state, 1)));
   EXPECT_EQ(state.tb_chrt[1].value(), "BUNTS");
-  EXPECT_TRUE(ClickChart(aids, 0)) << "one press of Ctrl serves one click";
+  EXPECT_FALSE(BeginEdit(fake.ports, ChartName(state, 0))) << "one press of Ctrl serves one click";
   state.tb_chrt[1].Set("STEALS");
-  SaveChartName(aids, 1);
+  SaveEdit(fake.ports, ChartName(state, 1));
   EXPECT_FALSE(state.tb_chrt_visible[1].value());
   EXPECT_EQ(fake.settings["labels/lbl_chrt2"], "STEALS");
   fake.settingsFail = true;
-  SaveChartName(aids, 1);
+  SaveEdit(fake.ports, ChartName(state, 1));
   EXPECT_EQ(Told(), "x: Program Error: The following error has occurred: 75, no settings");
   EXPECT_EQ(ChartFile(fake.ports, 8), fake.folder / "Charts" / "Chart09.jpg");
 }

@@ -146,9 +146,9 @@ TEST(Photos, ComeFromTheFolderOfThePlayer) {
     const bool shown = folder.starts_with("/new");
     game.fake.control = {true, shown};
     game.fake.settingsFail = folder == "/newer";
-    ClickPhotoPath(game.board);
+    BeginEdit(game.fake.ports, PhotoFolder(game.state));
     game.state.Text1.Set(folder);
-    SavePhotoPath(game.board);
+    SaveEdit(game.fake.ports, PhotoFolder(game.state));
     RefreshPitcherPhotos(game.board);
     EXPECT_EQ(game.state.lbl_PhotoPath.value(), shown ? folder : "");
     EXPECT_FALSE(game.state.Text1_visible.value());

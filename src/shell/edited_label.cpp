@@ -1,0 +1,24 @@
+#include "shell/edited_label.h"
+
+#include "shell/program_error.h"
+#include "shell/settings_keys.h"
+
+namespace dtb {
+
+bool BeginEdit(Platform& platform, const EditedLabel& fields) {
+  if (!platform.keyboard.FreshlyDown(Key::Control) || fields.editing.value()) return false;
+  fields.edit.Set(fields.label.value());
+  fields.editing.Set(true);
+  return true;
+}
+
+void SaveEdit(Platform& platform, const EditedLabel& fields) {
+  if (fields.editing.value()) {
+    fields.label.Set(fields.edit.value());
+    fields.editing.Set(false);
+  }
+  Trapped(platform.boxes,
+          [&] { platform.settings.Write(settings::kLabels, fields.key, fields.label.value()); });
+}
+
+}  // namespace dtb

@@ -1,0 +1,25 @@
+// A label whose text the person edits in place and which lasts from run to run.
+#pragma once
+
+#include <string>
+
+#include "game/field.h"
+#include "platform/platform.h"
+
+namespace dtb {
+
+struct EditedLabel {
+  Field<std::string>& label;
+  Field<std::string>& edit;  // the text in the editor
+  Field<bool>& editing;      // the editor is shown instead of the label
+  std::string key;           // of the settings
+};
+
+// A click on the label: with Ctrl freshly pressed its editor opens, and the result is true.
+bool BeginEdit(Platform& platform, const EditedLabel& fields);
+
+// The editor's text is taken over and stored for the next runs. A store that cannot be written is
+// told; the text holds for this run then.
+void SaveEdit(Platform& platform, const EditedLabel& fields);
+
+}  // namespace dtb

@@ -72,7 +72,7 @@ struct OpenedBrowser {
 
   QuietDesktop quiet;
   NotedDatabase database;
-  Platform platform{quiet, quiet, quiet, quiet, quiet, quiet, database, quiet, quiet, quiet, {}};
+  Platform platform = PlatformOf(quiet, database, quiet);
   BrowserState state;
   Browser browser{state, platform};
 };
@@ -240,10 +240,7 @@ void Save(benchmark::State& state, int games) {
   std::filesystem::copy_file(SeasonOf(games), file);
   NotedDatabase database(file);
   QuietTable table;
-  Platform& quiet = table.platform;
-  Platform platform{quiet.boxes, quiet.dialogs, quiet.pictures, quiet.keyboard, quiet.settings,
-                    quiet.pages, database,      quiet.clock,    quiet.sounds,   quiet.randoms,
-                    {}};
+  Platform platform = PlatformOf(table.quiet, database, table.quiet);
   Board board{table.state, table.sheet, table.log, platform};
   FillSheet(board);
   const auto save = [&] {

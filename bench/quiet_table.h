@@ -34,7 +34,7 @@ inline void StartGame(Board& board) {
 
 struct QuietTable {
   QuietDesktop quiet;
-  Platform platform{quiet, quiet, quiet, quiet, quiet, quiet, quiet, quiet, quiet, quiet, {}};
+  Platform platform = PlatformOf(quiet, quiet, quiet);
   BoardState state;
   StatSheet sheet;
   EventLog log;

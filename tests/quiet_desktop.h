@@ -7,6 +7,7 @@
 #include "aids/random_generator.h"
 #include "platform/database.h"
 #include "platform/platform.h"
+#include "platform/workbook.h"
 
 namespace dtb {
 
@@ -16,9 +17,12 @@ struct QuietDesktop : MessageBoxes,
                       Keyboard,
                       SettingsStore,
                       Pages,
+                      SpreadsheetProgram,
+                      Clipboard,
                       Clock,
                       Sounds,
                       Database,
+                      Workbooks,
                       RandomGenerator {
   // The same dice in every run.
   QuietDesktop() : RandomGenerator(1) {}
@@ -28,6 +32,9 @@ struct QuietDesktop : MessageBoxes,
             const std::string& /*title*/) override {}
   bool Ask(const std::string& /*question*/, const std::string& /*title*/) override { return true; }
   std::optional<std::filesystem::path> OpenFile(const OpenFileRequest& /*request*/) override {
+    return std::nullopt;
+  }
+  std::optional<std::filesystem::path> SaveFile(const SaveFileRequest& /*request*/) override {
     return std::nullopt;
   }
   std::optional<Picture> Load(const std::filesystem::path& /*file*/) override {
@@ -46,6 +53,9 @@ struct QuietDesktop : MessageBoxes,
   void Open(const std::string& /*addressOrFile*/) override {}
   KeyState Peek(Key /*key*/) override { return {}; }
   bool OpenSystemInformation() override { return false; }
+  bool Installed() override { return true; }
+  bool OpenWorkbook(const std::filesystem::path& /*file*/) override { return true; }
+  void SetText(const std::string& /*text*/) override {}
   void PlayOnce(const std::filesystem::path& /*file*/) override {}
   void StartLoop(const std::filesystem::path& /*file*/) override {}
   void StopLoop() override {}
@@ -58,6 +68,16 @@ struct QuietDesktop : MessageBoxes,
   std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>& /*tables*/) override {
     return nullptr;
   }
+  std::unique_ptr<WorkbookWriter> Begin(const std::filesystem::path& /*file*/) override {
+    return nullptr;
+  }
 };
+
+// All ports of a desktop, apart from two that are often real ones.
+inline Platform PlatformOf(QuietDesktop& desk, Database& database, Workbooks& workbooks,
+                           const std::filesystem::path& programFolder = {}) {
+  return {desk,      desk, desk, desk, desk, desk, database,
+          workbooks, desk, desk, desk, desk, desk, programFolder};
+}
 
 }  // namespace dtb

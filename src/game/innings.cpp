@@ -86,15 +86,19 @@ double InningsNotCredited(Board& board, Side fielding) {
   return std::round(outs / 3 * 100) / 100 - credited;
 }
 
+void CreditInnings(Board& board, Side fielding, std::string_view pitcher) {
+  StatGrid& grid = SideOf(board, fielding).grid;
+  if (const auto row = grid.FindRow(stat_column::kPitcher, pitcher)) {
+    grid.SetText(*row, stat_column::kInningsPitched,
+                 TwoDecimals(InningsNotCredited(board, fielding)));
+  }
+}
+
 void CalcPitcherIP(Board& board) {
   const auto atBat = SideAtBat(board.state);
   if (!atBat) return;
-  const Side side = Other(*atBat);
-  const SideFields fielding = SideOf(board, side);
-  if (const auto row = fielding.grid.FindRow(stat_column::kPitcher, fielding.pitcherTag.value())) {
-    fielding.grid.SetText(*row, stat_column::kInningsPitched,
-                          TwoDecimals(InningsNotCredited(board, side)));
-  }
+  const Side fielding = Other(*atBat);
+  CreditInnings(board, fielding, SideOf(board, fielding).pitcherTag.value());
 }
 
 }  // namespace dtb

@@ -1,6 +1,8 @@
 // Outs, half-innings and the line score: the clock of the game.
 #pragma once
 
+#include <string_view>
+
 #include "game/board.h"
 
 namespace dtb {
@@ -21,9 +23,12 @@ void ScoreUpdate(Board& board);
 // Its outs are those of all finished half-innings of the other side and of the one in progress.
 [[nodiscard]] double InningsNotCredited(Board& board, Side fielding);
 
+// Writes InningsNotCredited into the row of a pitcher of that side, the first that has the name.
+// Without such a row nothing is written.
+void CreditInnings(Board& board, Side fielding, std::string_view pitcher);
+
 // Settles the innings of the pitcher who has just left the side in the field: outs of all finished
 // half-innings and of the one in progress, less what the side's pitchers are credited with already.
-// Without a row for him nothing is written.
 void CalcPitcherIP(Board& board);
 
 }  // namespace dtb

@@ -32,12 +32,22 @@ struct OpenFileRequest {
   std::string filter;  // "Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*": caption and patterns in turn
 };
 
+struct SaveFileRequest {
+  std::filesystem::path folder;
+  std::string fileName;          // proposed
+  std::string filter;            // as above
+  std::string defaultExtension;  // "html": what a name without an extension gets
+};
+
 class FileDialogs {
  public:
   virtual ~FileDialogs() = default;
   // The chosen file's full path, or nothing if the person cancelled.
   [[nodiscard]] virtual std::optional<std::filesystem::path> OpenFile(
       const OpenFileRequest& request) = 0;
+  // Where to save, or nothing if the person cancelled or keeps the file that is there.
+  [[nodiscard]] virtual std::optional<std::filesystem::path> SaveFile(
+      const SaveFileRequest& request) = 0;
 };
 
 class Pictures {
@@ -94,6 +104,23 @@ class Pages {
   [[nodiscard]] virtual bool OpenSystemInformation() = 0;
 };
 
+class Clipboard {
+ public:
+  virtual ~Clipboard() = default;
+  // Takes the place of whatever the clipboard held.
+  virtual void SetText(const std::string& text) = 0;
+};
+
+// The program with which the person looks at workbooks.
+class SpreadsheetProgram {
+ public:
+  virtual ~SpreadsheetProgram() = default;
+  // One is installed and takes the workbooks that we write.
+  [[nodiscard]] virtual bool Installed() = 0;
+  // Starts it with a file. False: the system could not.
+  [[nodiscard]] virtual bool OpenWorkbook(const std::filesystem::path& file) = 0;
+};
+
 class Sounds {
  public:
   virtual ~Sounds() = default;
@@ -136,6 +163,7 @@ class Clock {
 };
 
 class Database;
+class Workbooks;
 
 struct Platform {
   MessageBoxes& boxes;
@@ -145,6 +173,9 @@ struct Platform {
   SettingsStore& settings;
   Pages& pages;
   Database& database;
+  Workbooks& workbooks;
+  SpreadsheetProgram& spreadsheets;
+  Clipboard& clipboard;
   Clock& clock;
   Sounds& sounds;
   Randoms& randoms;

@@ -8,6 +8,7 @@
 #include "game/text_cell.h"
 #include "sheet/text_order.h"
 #include "shell/program_error.h"
+#include "shell/utf8.h"
 
 namespace dtb {
 namespace {
@@ -37,8 +38,8 @@ int Compare(const SortKey& a, const SortKey& b) {
 }  // namespace
 
 std::size_t CharacterCount(std::string_view text) {
-  return static_cast<std::size_t>(std::ranges::count_if(
-      text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));
+  return static_cast<std::size_t>(
+      std::ranges::count_if(text, [](char byte) { return !ContinuesCharacter(byte); }));
 }
 
 template <class Id>

@@ -10,6 +10,7 @@
 #include "platform/database.h"
 #include "sheet/saved_tables.h"
 #include "shell/program_error.h"
+#include "shell/time_stamp.h"
 
 namespace dtb {
 namespace {
@@ -40,16 +41,6 @@ struct GameSave {
 
 std::string TeamOf(Board& board, Side side) {
   return std::string(board.sheet.grd_BoxScore.Text(SideOf(board, side).boxScoreRow, 0));
-}
-
-// "MMDDYYHHmmss": the month leads.
-std::string GameIDOf(const LocalTime& time) {
-  std::string id;
-  for (const int part : {time.month, time.day, time.year, time.hour, time.minute, time.second}) {
-    id += static_cast<char>('0' + part / 10 % 10);
-    id += static_cast<char>('0' + part % 10);
-  }
-  return id;
 }
 
 // Texts of so many columns of a table from one on, from as many cells of the grid; empty cells stay
@@ -86,7 +77,7 @@ bool HasPitcher(const StatGrid& grid, int row) {
 }
 
 void RecordBattingData(GameSave& save) {
-  save.board.sheet.tb_TimeStamp2.Set(GameIDOf(save.board.platform.clock.Now()));
+  save.board.sheet.tb_TimeStamp2.Set(MakeStamp(save.board.platform.clock.Now()));
   RecordPlayers(
       save, stat_column::kBatter, stat_column::kAtBats - stat_column::kBatter,
       [](const StatGrid& grid, int row) { return grid.Text(row, stat_column::kPlayed) == "1"; });

@@ -55,6 +55,7 @@ struct StatSheet {
   // The save.
   Field<bool> Command2_enabled{true};  // "SAVE TO DB" is in use: the game is not saved yet
   Field<std::string> tb_TimeStamp2;    // GameID of the last save
+  Field<std::string> tb_TimeStamp;     // stamp in the name of the last report
   TextCell tb_VisWin;                  // "1" while the win of the visitors is recorded
   TextCell tb_VisLoss;
   TextCell tb_HomeWin;

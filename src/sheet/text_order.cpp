@@ -3,36 +3,26 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "shell/utf8.h"
+
 namespace dtb {
 namespace {
-
-struct Character {
-  char32_t value;
-  std::size_t bytes;
-};
 
 // Bytes that are no UTF-8 count as characters of their own, beyond all real ones.
 constexpr char32_t kStrayByte = 0x110100;
 
-// Reads the character at the start of a text that is not empty.
-Character FirstCharacter(std::string_view text) {
-  const auto byte = [text](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
-  const std::uint8_t lead = byte(0);
-  if (lead < 0x80) return {lead, 1};
-  const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 0;
-  if (length == 0 || lead > 0xF4 || text.size() < length) return {kStrayByte + lead, 1};
-  char32_t value = lead & (0x7FU >> length);
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(i) & 0xC0U) != 0x80U) return {kStrayByte + lead, 1};
-    value = value << 6 | (byte(i) & 0x3FU);
-  }
-  return {value, length};
+// The character at the start of a text that is not empty.
+Utf8Character CharacterAt(std::string_view text) {
+  constexpr std::uint8_t kBeyondAscii = 0x80;
+  const auto lead = static_cast<std::uint8_t>(text.front());
+  if (lead < kBeyondAscii) return {lead, 1};
+  return Utf8SequenceLength(text) == 0 ? Utf8Character{kStrayByte + lead, 1} : FirstCharacter(text);
 }
 
 char32_t TakeCharacter(std::string_view& text) {
-  const Character first = FirstCharacter(text);
+  const Utf8Character first = CharacterAt(text);
   text.remove_prefix(first.bytes);
-  return first.value;
+  return first.code;
 }
 
 // Capitals from first to last, each with a small letter so much further on. With a step of 2 every
@@ -122,9 +112,9 @@ bool LikePattern::Matches(std::string_view text) const {
     } else if (text.empty()) {
       return mark == marks_.size();
     } else {
-      const Character next = FirstCharacter(text);
+      const Utf8Character next = CharacterAt(text);
       if (mark < marks_.size() &&
-          (marks_[mark] == kAnyCharacter || marks_[mark] == SmallLetter(next.value))) {
+          (marks_[mark] == kAnyCharacter || marks_[mark] == SmallLetter(next.code))) {
         ++mark;
         text.remove_prefix(next.bytes);
       } else {

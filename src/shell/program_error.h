@@ -33,6 +33,7 @@ inline constexpr int kDiskFull = 61;
 inline constexpr int kPermissionDenied = 70;
 inline constexpr int kPathOrFileAccess = 75;
 inline constexpr int kInvalidFileFormat = 321;
+inline constexpr int kNoComponent = 429;  // a program that the work needs is not there
 }  // namespace error_number
 
 // Shows the box "Program Error" for an error.

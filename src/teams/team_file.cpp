@@ -7,6 +7,7 @@
 
 #include "platform/paths.h"
 #include "shell/program_error.h"
+#include "shell/utf8.h"
 
 namespace dtb {
 namespace {
@@ -17,51 +18,6 @@ constexpr std::array<char16_t, 32> kWindows1252{
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-constexpr char32_t kReplacement = 0xFFFD;
-
-void AppendUtf8(std::string& text, char32_t c) {
-  const auto add = [&](char32_t byte) { text.push_back(static_cast<char>(byte)); };
-  if (c < 0x80) {
-    add(c);
-  } else if (c < 0x800) {
-    add(0xC0 | (c >> 6U));
-    add(0x80 | (c & 0x3FU));
-  } else if (c < 0x10000) {
-    add(0xE0 | (c >> 12U));
-    add(0x80 | ((c >> 6U) & 0x3FU));
-    add(0x80 | (c & 0x3FU));
-  } else {
-    add(0xF0 | (c >> 18U));
-    add(0x80 | ((c >> 12U) & 0x3FU));
-    add(0x80 | ((c >> 6U) & 0x3FU));
-    add(0x80 | (c & 0x3FU));
-  }
-}
-
-// The length of the UTF-8 sequence at the start of the text; 0 if there is none. The limits of the
-// second byte are those of the Unicode standard, table 3-7.
-std::size_t Utf8SequenceLength(std::string_view text) {
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  const unsigned char first = byte(0);
-  if (first < 0x80) return 1;
-  std::size_t length = 0;
-  if (first >= 0xC2 && first <= 0xDF) length = 2;
-  if (first >= 0xE0 && first <= 0xEF) length = 3;
-  if (first >= 0xF0 && first <= 0xF4) length = 4;
-  if (length == 0 || text.size() < length) return 0;
-  unsigned char lowest = 0x80;
-  unsigned char highest = 0xBF;
-  if (first == 0xE0) lowest = 0xA0;
-  if (first == 0xED) highest = 0x9F;
-  if (first == 0xF0) lowest = 0x90;
-  if (first == 0xF4) highest = 0x8F;
-  if (byte(1) < lowest || byte(1) > highest) return 0;
-  for (std::size_t i = 2; i < length; ++i) {
-    if ((byte(i) & 0xC0U) != 0x80U) return 0;
-  }
-  return length;
-}
 
 bool IsUtf8(std::string_view text) {
   while (!text.empty()) {
@@ -98,7 +54,7 @@ std::string FromUtf16(std::string_view bytes, bool bigEndian) {
       AppendUtf8(text, 0x10000 + ((c - 0xD800) << 10U) + (low - 0xDC00));
       i += 2;
     } else {
-      AppendUtf8(text, c >= 0xD800 && c < 0xE000 ? kReplacement : c);
+      AppendUtf8(text, c >= 0xD800 && c < 0xE000 ? kReplacementCharacter : c);
     }
   }
   return text;

@@ -3,6 +3,7 @@
 #include "aids/logos.h"
 #include "platform/paths.h"
 #include "shell/program_error.h"
+#include "shell/utf8.h"
 #include "teams/player_name.h"
 #include "teams/team_file.h"
 
@@ -18,7 +19,7 @@ std::optional<std::size_t> LastCharacters(const std::string& text, std::size_t c
     if (place == 0) return std::nullopt;
     do {
       --place;
-    } while (place > 0 && (static_cast<unsigned char>(text[place]) & 0xC0U) == 0x80U);
+    } while (place > 0 && ContinuesCharacter(text[place]));
   }
   return place;
 }

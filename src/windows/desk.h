@@ -14,6 +14,7 @@
 #include "platform/qt/qt_settings_store.h"
 #include "platform/qt/qt_sounds.h"
 #include "platform/sqlite/sqlite_database.h"
+#include "platform/xlsx/xlsx_workbooks.h"
 #include "windows/form1.h"
 #include "windows/message_box.h"
 
@@ -25,11 +26,12 @@ void DressApplication();
 class Desk {
  public:
   struct Setup {
-    std::filesystem::path programFolder;  // holds Teams, Ballparks, Logos
-    QString settingsFile;                 // "": the user's own
-    FileDialogs* dialogs = nullptr;       // none: the system's
-    Pages* pages = nullptr;               // none: the system's programs
-    Sounds* sounds = nullptr;             // none: the sound device
+    std::filesystem::path programFolder;         // holds Teams, Ballparks, Logos
+    QString settingsFile;                        // "": the user's own
+    FileDialogs* dialogs = nullptr;              // none: the system's
+    Pages* pages = nullptr;                      // none: the system's programs
+    SpreadsheetProgram* spreadsheets = nullptr;  // none: the desktop's
+    Sounds* sounds = nullptr;                    // none: the sound device
   };
 
   explicit Desk(const Setup& setup);
@@ -48,6 +50,9 @@ class Desk {
   QtKeyboard keyboard_;
   QtSettingsStore settings_;
   SqliteDatabase database_;
+  XlsxWorkbooks workbooks_;
+  QtSpreadsheetProgram ownSpreadsheets_;
+  QtClipboard clipboard_;
   QtClock clock_;
   QtSounds ownSounds_;
   RandomGenerator randoms_;

@@ -8,10 +8,12 @@
 #include "game/constant_update.h"
 #include "platform/qt/qt_text.h"
 #include "sheet/cell_edit.h"
+#include "sheet/game_report.h"
+#include "sheet/game_workbook.h"
 #include "sheet/save_game.h"
 #include "windows/bind.h"
+#include "windows/busy.h"
 #include "windows/controls.h"
-#include "windows/form4_busy.h"
 #include "windows/look.h"
 
 namespace dtb {
@@ -101,8 +103,9 @@ void Form2::BuildBottom() {
   palette.setColor(QPalette::Base, QColor(224, 224, 224));
   palette.setColor(QPalette::Text, QColor(0, 0, 255));
   comments->setPalette(palette);
-  scene_.Put(comments, {256, 780, 980, 36}, kBody);
+  scene_.Put(comments, {256, 780, 684, 36}, kBody);
   BindText(comments, board_.sheet.tb_Comments);
+  BuildExports();
   auto* save = new QPushButton(QStringLiteral("SAVE TO DB"), this);
   Name(save, "Command2", QStringLiteral("SAVE TO DB"));
   save->setAutoDefault(false);
@@ -112,6 +115,31 @@ void Form2::BuildBottom() {
     SaveGame(board_);
   });
   scene_.Put(save, {1260, 776, 248, 44}, kLarge, true);
+}
+
+void Form2::BuildExports() {
+  const auto add = [this](const char* name, const char* caption, const QString& tip, double left) {
+    auto* button = new QPushButton(QLatin1String(caption), this);
+    Name(button, name, QLatin1String(caption));
+    button->setToolTip(tip);
+    button->setAutoDefault(false);
+    scene_.Put(button, {left, 780, 144, 36}, kBody);
+    return button;
+  };
+  connect(add("cmd_Report", "HTML REPORT", QStringLiteral("Write the sheet as a page for browsers"),
+              948),
+          &QPushButton::clicked, this, [this] { WriteGameReport(board_); });
+  connect(add("cmd_Excel", "SEND TO EXCEL", QStringLiteral("Open the sheet as a workbook"), 1100),
+          &QPushButton::clicked, this, [this] { SendToExcel(); });
+}
+
+void Form2::SendToExcel() {
+  {
+    const BusyPointer busy;
+    if (!ExportGameToSpreadsheet(board_)) return;
+  }
+  for (StatGridView* table : {visitors_, home_, boxScore_}) table->SetCurrentCell(0, 0);
+  hide();
 }
 
 void Form2::BuildEditor() {

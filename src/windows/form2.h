@@ -27,7 +27,9 @@ class Form2 : public QDialog {
   void BuildTop(QtPictures& pictures);
   void BuildSide(Side side);
   void BuildBottom();
+  void BuildExports();
   void BuildEditor();
+  void SendToExcel();
   void ShowEditor(bool shown);
   void Commit();
   [[nodiscard]] StatGridView& TableOf(Side side) {

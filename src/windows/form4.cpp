@@ -8,10 +8,12 @@
 #include "browser/box_score.h"
 #include "browser/bracket.h"
 #include "browser/deletes.h"
+#include "browser/exports.h"
 #include "browser/grid_format.h"
+#include "sheet/workbook_export.h"
 #include "windows/bind.h"
+#include "windows/busy.h"
 #include "windows/controls.h"
-#include "windows/form4_busy.h"
 #include "windows/log_window.h"
 #include "windows/look.h"
 #include "windows/scene.h"
@@ -37,7 +39,6 @@ constexpr QColor kButtonFace{240, 240, 240};
 constexpr const char* kPlayerHint = "Name begins with";
 constexpr const char* kTeamHint = "Team begins with";
 constexpr const char* kGameHint = "GameID contains";
-constexpr const char* kExportLater = "Exporting comes with a later version";
 
 void Tint(QPushButton* button, const QColor& ground, const QColor& ink) {
   QPalette palette = button->palette();
@@ -67,12 +68,15 @@ void Form4::Run(Platform& platform, QWidget* over) {
   Form4 form(platform, over);
   {
     const BusyPointer busy;
-    OpeningProgress progress(over);
-    OpenBrowser(form.browser_, [&](int done, int steps) { progress.Hear(done, steps); });
+    ProgressPanel panel(QStringLiteral("Reading the database"), ProgressPanel::Work::Uninterrupted,
+                        over);
+    OpenBrowser(form.browser_,
+                [&panel](int done, int steps) { panel.Hear(static_cast<double>(done) / steps); });
   }
   CenterForm(&form, over);
   form.exec();
   CloseBrowser(form.browser_);
+  if (form.workbook_ && OpenWorkbook(platform, *form.workbook_)) over->window()->showMinimized();
 }
 
 Form4::Form4(Platform& platform, QWidget* parent)
@@ -193,11 +197,10 @@ void Form4::BuildLineScores() {
   });
 
   QHBoxLayout* strip = AddStrip(page);
-  for (QPushButton* later : {AddButton(strip, "Command15", "Send Access DB to Excel"),
-                             AddButton(strip, "Command16", "Send all DataGrids to Excel")}) {
-    later->setEnabled(false);
-    later->setToolTip(QLatin1String(kExportLater));
-  }
+  connect(AddButton(strip, "Command15", "Send Access DB to Excel"), &QPushButton::clicked, this,
+          [this] { SendTablesToExcel(); });
+  connect(AddButton(strip, "Command16", "Send all DataGrids to Excel"), &QPushButton::clicked, this,
+          [this] { SendGridsToExcel(); });
   strip->addStretch();
   QPushButton* purge = AddButton(strip, "cmd_Purge", "PURGE ALL STATS");
   Tint(purge, kPurgeRed, Qt::black);
@@ -206,6 +209,21 @@ void Form4::BuildLineScores() {
     const BusyPointer busy;
     PurgeAll(browser_);
   });
+}
+
+void Form4::SendTablesToExcel() {
+  ProgressPanel panel(QStringLiteral("Writing the tables"), ProgressPanel::Work::Cancellable, this);
+  ExportTables(browser_, [&panel](double share) { return panel.Hear(share); });
+}
+
+// The person goes on in the spreadsheet program, so the browser closes.
+void Form4::SendGridsToExcel() {
+  {
+    ProgressPanel panel(QStringLiteral("Writing the workbook"), ProgressPanel::Work::Cancellable,
+                        this);
+    workbook_ = ExportGrids(browser_, [&panel](double share) { return panel.Hear(share); });
+  }
+  if (workbook_) close();
 }
 
 void Form4::BuildStatTab(const char* caption, const char* gridName, GridField grid,

@@ -53,6 +53,9 @@ class Form4 : public QDialog {
   void BuildGameStats();
   void BuildTournament();
 
+  void SendTablesToExcel();
+  void SendGridsToExcel();
+
   // A tab's inside, one below the other.
   QVBoxLayout* AddTab(const char* caption);
   QHBoxLayout* AddStrip(QVBoxLayout* page);
@@ -70,6 +73,7 @@ class Form4 : public QDialog {
   BracketView* bracket_ = nullptr;
   std::vector<Typed> typed_;  // all others have the form's own type
   std::vector<SizedGrid> grids_;
+  std::optional<std::filesystem::path> workbook_;  // in which the person wants to go on
 };
 
 }  // namespace dtb

@@ -87,7 +87,7 @@ struct FakePlatform final : QuietDesktop {
   bool settingsFail = false;
   std::string folderName = std::filesystem::temp_directory_path() / "tableXXXXXX";
   std::filesystem::path folder = mkdtemp(folderName.data());
-  Platform ports{*this, *this, *this, *this, *this, *this, *this, *this, *this, *this, folder};
+  Platform ports = PlatformOf(*this, *this, *this, folder);
 };
 
 // The outcome labels, in the order of the enumeration.

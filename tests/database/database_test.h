@@ -17,6 +17,7 @@
 #include "game/constant_update.h"
 #include "game/start_up.h"
 #include "platform/sqlite/sqlite_database.h"
+#include "platform/xlsx/xlsx_workbooks.h"
 #include "quiet_desktop.h"
 #include "sheet/save_game.h"
 #include "sheet/saved_tables.h"
@@ -137,7 +138,8 @@ class DatabaseTest : public testing::Test {
   std::filesystem::path file = folder / kDatabaseFile;
   SqliteDatabase database{file, std::chrono::milliseconds(20)};
   TestDesk desk;
-  Platform ports{desk, desk, desk, desk, desk, desk, database, desk, desk, desk, folder};
+  XlsxWorkbooks workbooks;
+  Platform ports = PlatformOf(desk, database, workbooks, folder);
 };
 
 }  // namespace dtb

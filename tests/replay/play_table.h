@@ -19,6 +19,12 @@ inline std::filesystem::path PathOfFile(const QString& file) { return PathOf(Fro
 // Gives the answers in order; a dialog that nobody prepared is cancelled.
 struct ScriptedDialogs : FileDialogs {
   std::optional<std::filesystem::path> OpenFile(const OpenFileRequest& /*request*/) override {
+    return Next();
+  }
+  std::optional<std::filesystem::path> SaveFile(const SaveFileRequest& /*request*/) override {
+    return Next();
+  }
+  std::optional<std::filesystem::path> Next() {
     return answers.isEmpty() ? std::nullopt : answers.takeFirst();
   }
   QList<std::optional<std::filesystem::path>> answers;
@@ -51,7 +57,7 @@ struct PlayTable {
   ScriptedDialogs dialogs;
   QuietDesktop quiet;  // what the program opens outside itself stays closed, and nothing sounds
   Desk desk{Desk::Setup{PathOfFile(folder.path()), folder.filePath("settings.ini"), &dialogs,
-                        &quiet, &quiet}};
+                        &quiet, &quiet, &quiet}};
 };
 
 }  // namespace dtb::replay

@@ -1,6 +1,7 @@
 #include "platform/qt/qt_desktop.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDateTime>
 #include <QDesktopServices>
 #include <QFileDialog>
@@ -37,6 +38,16 @@ std::optional<std::filesystem::path> QtFileDialogs::OpenFile(const OpenFileReque
   return PathOf(FromQt(chosen));
 }
 
+std::optional<std::filesystem::path> QtFileDialogs::SaveFile(const SaveFileRequest& request) {
+  QFileDialog dialog(QApplication::activeWindow(), QString(), ToQt(TextOf(request.folder)),
+                     ToolkitFilter(request.filter));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);  // asks before it names a file that is there
+  dialog.setDefaultSuffix(ToQt(request.defaultExtension));
+  dialog.selectFile(ToQt(request.fileName));
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return PathOf(FromQt(dialog.selectedFiles().constFirst()));
+}
+
 void QtPages::Open(const std::string& addressOrFile) {
   const QString text = ToQt(addressOrFile);
   QDesktopServices::openUrl(QFileInfo::exists(text) ? QUrl::fromLocalFile(text)
@@ -56,6 +67,32 @@ bool QtPages::OpenSystemInformation() {
     const QString program = QStandardPaths::findExecutable(tool.first());
     return !program.isEmpty() && QProcess::startDetached(program, tool.mid(1));
   });
+}
+
+void QtClipboard::SetText(const std::string& text) {
+  QGuiApplication::clipboard()->setText(ToQt(text));
+}
+
+bool QtSpreadsheetProgram::Installed() {
+  // The desktop's own answer; where there is no such tool, a look for the usual programs.
+  const QString tool = QStandardPaths::findExecutable(QStringLiteral("xdg-mime"));
+  if (tool.isEmpty()) {
+    constexpr std::array kPrograms{"localc", "libreoffice", "soffice", "gnumeric", "excel"};
+    return std::any_of(kPrograms.begin(), kPrograms.end(), [](const char* program) {
+      return !QStandardPaths::findExecutable(QLatin1String(program)).isEmpty();
+    });
+  }
+  constexpr int kLongestAnswer = 5000;  // milliseconds; it takes less than a hundred
+  QProcess query;
+  query.start(tool, {QStringLiteral("query"), QStringLiteral("default"),
+                     QStringLiteral("application/"
+                                    "vnd.openxmlformats-officedocument.spreadsheetml.sheet")});
+  return query.waitForFinished(kLongestAnswer) &&
+         !query.readAllStandardOutput().trimmed().isEmpty();
+}
+
+bool QtSpreadsheetProgram::OpenWorkbook(const std::filesystem::path& file) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(TextOf(file))));
 }
 
 LocalTime QtClock::Now() {

@@ -1,4 +1,4 @@
-// File dialogs, clock and the system's own programs.
+// File dialogs, clipboard, clock and the system's own programs.
 #pragma once
 
 #include <QWidget>
@@ -10,12 +10,25 @@ namespace dtb {
 class QtFileDialogs : public FileDialogs {
  public:
   std::optional<std::filesystem::path> OpenFile(const OpenFileRequest& request) override;
+  std::optional<std::filesystem::path> SaveFile(const SaveFileRequest& request) override;
 };
 
 class QtPages : public Pages {
  public:
   void Open(const std::string& addressOrFile) override;
   bool OpenSystemInformation() override;
+};
+
+class QtClipboard : public Clipboard {
+ public:
+  void SetText(const std::string& text) override;
+};
+
+// What the desktop starts for workbooks of the kind .xlsx.
+class QtSpreadsheetProgram : public SpreadsheetProgram {
+ public:
+  bool Installed() override;
+  bool OpenWorkbook(const std::filesystem::path& file) override;
 };
 
 class QtClock : public Clock {

@@ -1,0 +1,19 @@
+// Texts as a workbook file can hold them.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace dtb::xlsx {
+
+// The text without what XML cannot hold: each byte that is no UTF-8 and each noncharacter stands as
+// U+FFFD. What spreadsheet programs would read as an escaped character ("_x0041_") is escaped
+// itself. Control characters stay; the library escapes those.
+[[nodiscard]] std::string Storable(std::string_view text);
+
+// The start of a UTF-8 text that has at most so many characters as spreadsheet programs count them,
+// in units of UTF-16.
+[[nodiscard]] std::string_view FirstCharacters(std::string_view text, std::size_t most);
+
+}  // namespace dtb::xlsx

@@ -1,0 +1,162 @@
+#include "sheet/game_report.h"
+
+#include <array>
+#include <fstream>
+
+#include "game/innings.h"
+#include "platform/paths.h"
+#include "shell/program_error.h"
+#include "shell/report_files.h"
+#include "shell/time_stamp.h"
+#include "shell/utf8.h"
+
+namespace dtb {
+namespace {
+
+constexpr const char* kLineEnd = "\r\n";
+constexpr const char* kBetweenTables = "<td>&nbsp;</td>";
+
+// The page on its way into its file, line by line.
+class PageFile {
+ public:
+  explicit PageFile(const std::filesystem::path& file)
+      : file_(file), stream_(file, std::ios::binary | std::ios::trunc) {
+    RequireGood();
+  }
+  void Line(std::string_view line) {
+    stream_ << line << kLineEnd;
+    RequireGood();
+  }
+  void Close() {
+    stream_.close();
+    RequireGood();
+  }
+
+ private:
+  void RequireGood() const {
+    if (stream_) return;
+    throw ProgramError(
+        error_number::kPathOrFileAccess,
+        "The report \"" + TextOf(file_) +
+            "\" cannot be written. Its folder may take no files, or the disk is full.");
+  }
+
+  std::filesystem::path file_;
+  std::ofstream stream_;
+};
+
+void BeginTable(PageFile& page, int width) {
+  page.Line("<html><head></head><body><table border=1 cellspacing=0 bordercolor=#C0C0C0 width=" +
+            std::to_string(width) + ">");
+}
+
+void EndTable(PageFile& page) { page.Line("</table></body><html>"); }
+
+void WriteCell(PageFile& page, std::string_view text) {
+  page.Line("<td><font color=#000000>" + HtmlText(text) + "</td>");
+}
+
+void WriteTeamTable(PageFile& page, const StatGrid& grid) {
+  constexpr int kWidth = 800;  // pixels
+  BeginTable(page, kWidth);
+  for (int row = 0; row < grid.rows(); ++row) {
+    page.Line("<tr>");
+    for (int column = 1; column < grid.columns(); ++column) WriteCell(page, grid.Text(row, column));
+    page.Line("</tr>");
+  }
+  EndTable(page);
+}
+
+void WriteLineScore(PageFile& page, const StatGrid& grid) {
+  constexpr int kWidth = 400;
+  constexpr int kVisitors = 1;
+  BeginTable(page, kWidth);
+  for (int row = 0; row < grid.rows(); ++row) {
+    page.Line("<tr>");
+    for (int column = 0; column < grid.columns(); ++column) {
+      // What the visitors have not played falls out in all rows.
+      if (!grid.Text(kVisitors, column).empty()) WriteCell(page, grid.Text(row, column));
+    }
+    page.Line("</tr>");
+  }
+  EndTable(page);
+}
+
+void WritePage(const StatSheet& sheet, std::string_view title, const std::filesystem::path& file) {
+  PageFile page(file);
+  page.Line(HtmlText(title));
+  for (const StatGrid* grid : {&sheet.grd_VisStats, &sheet.grd_HomeStats}) {
+    WriteTeamTable(page, *grid);
+    page.Line(kBetweenTables);
+  }
+  WriteLineScore(page, sheet.grd_BoxScore);
+  page.Line(HtmlLines(sheet.tb_Comments.value()));
+  page.Close();
+}
+
+// The file that the person names; one that is not there yet only if he wants it made.
+std::optional<std::filesystem::path> AskForFile(Board& board) {
+  const StatSheet& sheet = board.sheet;
+  const std::string name = SafeNamePart(sheet.lbl_VisTeam.value()) + "_at_" +
+                           SafeNamePart(sheet.lbl_HomeTeam.value()) + "_" +
+                           sheet.tb_TimeStamp.value();
+  const auto file = board.platform.dialogs.SaveFile(
+      {ReportsFolder(board.platform), name, "Html Files (*.html)|*.html", "html"});
+  std::error_code fault;
+  if (!file || std::filesystem::exists(*file, fault)) return file;
+  const bool make = board.platform.boxes.Ask(
+      TextOf(*file) + "\n\nThis file does not exist. Do you want to create it?", "HTML REPORT");
+  return make ? file : std::nullopt;
+}
+
+}  // namespace
+
+void WriteGameReport(Board& board) {
+  Trapped(board.platform.boxes, [&] {
+    StatSheet& sheet = board.sheet;
+    if (sheet.grd_VisStats.rows() < 2) return;
+    for (const Side side : {Side::Visitors, Side::Home}) {
+      CreditInnings(board, side, SideOf(board, side).pitcher.value());
+    }
+    sheet.tb_TimeStamp.Set(ReadableStamp(board.platform.clock.Now()));
+    const auto file = AskForFile(board);
+    if (!file) return;
+    WritePage(sheet,
+              sheet.lbl_VisTeam.value() + "_at_" + sheet.lbl_HomeTeam.value() + "_" +
+                  sheet.tb_TimeStamp.value(),
+              *file);
+    board.platform.pages.Open(TextOf(*file));
+  });
+}
+
+std::string HtmlText(std::string_view text) {
+  std::string page;
+  while (!text.empty()) {
+    const Utf8Character character = FirstCharacter(text);
+    text.remove_prefix(character.bytes);
+    constexpr std::string_view kMarks = "<>&\"'";
+    constexpr char32_t kLastAscii = 0x7E;
+    const bool ascii = character.code <= kLastAscii;
+    if (ascii && kMarks.find(static_cast<char>(character.code)) == std::string_view::npos &&
+        character.code != 0) {
+      page += static_cast<char>(character.code);
+    } else {
+      const auto code =
+          static_cast<unsigned>(character.code == 0 ? kReplacementCharacter : character.code);
+      page += "&#" + std::to_string(code) + ';';
+    }
+  }
+  return page;
+}
+
+std::string HtmlLines(std::string_view text) {
+  std::string page;
+  for (;;) {
+    const std::size_t end = text.find_first_of("\r\n");
+    page += HtmlText(text.substr(0, end)) + "<br>";
+    if (end == std::string_view::npos) return page;
+    text.remove_prefix(end + (text.substr(end).starts_with("\r\n") ? 2 : 1));
+  }
+}
+
+}  // namespace dtb

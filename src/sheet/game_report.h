@@ -1,0 +1,24 @@
+// The report of a game as a page for browsers.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "game/board.h"
+
+namespace dtb {
+
+// Brings the innings of both present pitchers up to date on the sheet, asks for a file, writes the
+// page and opens it. Nothing happens while the visitors' table has no row of data, nothing more
+// when the person names no file. An error while writing is told as a Program Error; what was
+// written so far stays in the file.
+void WriteGameReport(Board& board);
+
+// The text as a page shows it: <, >, &, quotes and all characters beyond ASCII as entities, so that
+// it reads the same in every encoding. Bytes that are no UTF-8 stand as U+FFFD.
+[[nodiscard]] std::string HtmlText(std::string_view text);
+
+// The comment as one line of a page: each of its lines with "<br>" behind it.
+[[nodiscard]] std::string HtmlLines(std::string_view text);
+
+}  // namespace dtb

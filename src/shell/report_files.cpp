@@ -1,0 +1,61 @@
+#include "shell/report_files.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include "platform/paths.h"
+#include "shell/program_error.h"
+#include "shell/utf8.h"
+
+namespace dtb {
+namespace {
+
+constexpr const char* kReportsFolder = "Game Rpts";
+constexpr std::size_t kLongestPart = 80;
+
+bool IsForbidden(unsigned char character) {
+  constexpr std::string_view kForbidden = R"(<>:"/\|?*)";
+  constexpr unsigned char kFirstPrintable = 0x20;
+  constexpr unsigned char kDelete = 0x7F;
+  return character < kFirstPrintable || character == kDelete ||
+         kForbidden.find(static_cast<char>(character)) != std::string_view::npos;
+}
+
+// The start of the text, with no character cut in two.
+std::string_view Start(std::string_view text, std::size_t most) {
+  if (text.size() <= most) return text;
+  while (most > 0 && ContinuesCharacter(text[most])) --most;
+  return text.substr(0, most);
+}
+
+}  // namespace
+
+std::filesystem::path ReportsFolder(const Platform& platform) {
+  const std::filesystem::path folder = platform.programFolder / kReportsFolder;
+  std::error_code fault;
+  std::filesystem::create_directories(folder, fault);
+  if (fault) {
+    throw ProgramError(error_number::kPathOrFileAccess,
+                       "The folder \"" + TextOf(folder) + "\" is missing and cannot be made.");
+  }
+  return folder;
+}
+
+std::string SafeNamePart(std::string_view text) {
+  std::string part(Start(text, kLongestPart));
+  std::ranges::replace_if(part, IsForbidden, '_');
+  while (part.ends_with(' ') || part.ends_with('.')) part.pop_back();
+  return part;
+}
+
+std::filesystem::path FreeFile(const std::filesystem::path& folder, const std::string& name,
+                               const std::string& ending) {
+  std::filesystem::path file = folder / PathOf(name + ending);
+  std::error_code fault;
+  for (int number = 2; std::filesystem::exists(file, fault); ++number) {
+    file = folder / PathOf(name + " (" + std::to_string(number) + ")" + ending);
+  }
+  return file;
+}
+
+}  // namespace dtb

@@ -1,0 +1,32 @@
+// The characters of UTF-8 texts.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace dtb {
+
+// Stands for what is no character.
+inline constexpr char32_t kReplacementCharacter = 0xFFFD;
+
+struct Utf8Character {
+  char32_t code = 0;
+  std::size_t bytes = 0;
+};
+
+// True for the second and later bytes of a character.
+[[nodiscard]] constexpr bool ContinuesCharacter(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+// The length of the UTF-8 sequence at the start of a text that is not empty; 0 if there is none.
+[[nodiscard]] std::size_t Utf8SequenceLength(std::string_view text);
+
+// The character at the start of a text that is not empty. A byte that belongs to none is a
+// replacement character of one byte.
+[[nodiscard]] Utf8Character FirstCharacter(std::string_view text);
+
+void AppendUtf8(std::string& text, char32_t code);
+
+}  // namespace dtb

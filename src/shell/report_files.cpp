@@ -42,8 +42,16 @@ std::filesystem::path ReportsFolder(const Platform& platform) {
 }
 
 std::string SafeNamePart(std::string_view text) {
-  std::string part(Start(text, kLongestPart));
-  std::ranges::replace_if(part, IsForbidden, '_');
+  std::string part;
+  for (std::string_view rest = Start(text, kLongestPart); !rest.empty();) {
+    const std::size_t bytes = Utf8SequenceLength(rest);
+    if (bytes == 0 || IsForbidden(static_cast<unsigned char>(rest.front()))) {
+      part += '_';
+    } else {
+      part += rest.substr(0, bytes);
+    }
+    rest.remove_prefix(std::max<std::size_t>(bytes, 1));
+  }
   while (part.ends_with(' ') || part.ends_with('.')) part.pop_back();
   return part;
 }

@@ -136,14 +136,16 @@ std::string HtmlText(std::string_view text) {
     text.remove_prefix(character.bytes);
     constexpr std::string_view kMarks = "<>&\"'";
     constexpr char32_t kLastAscii = 0x7E;
-    const bool ascii = character.code <= kLastAscii;
-    if (ascii && kMarks.find(static_cast<char>(character.code)) == std::string_view::npos &&
-        character.code != 0) {
-      page += static_cast<char>(character.code);
+    constexpr char32_t kFirstBeyondControls = 0xA0;
+    char32_t code = character.code;
+    // Browsers read the numbers 128 to 159 as characters of an old code page.
+    if (code == 0 || (code > kLastAscii && code < kFirstBeyondControls)) {
+      code = kReplacementCharacter;
+    }
+    if (code <= kLastAscii && kMarks.find(static_cast<char>(code)) == std::string_view::npos) {
+      page += static_cast<char>(code);
     } else {
-      const auto code =
-          static_cast<unsigned>(character.code == 0 ? kReplacementCharacter : character.code);
-      page += "&#" + std::to_string(code) + ';';
+      page += "&#" + std::to_string(static_cast<unsigned>(code)) + ';';
     }
   }
   return page;

@@ -25,33 +25,28 @@ bool IsPlain(std::string_view text) {
 
 }  // namespace
 
-std::string Storable(std::string_view text) {
-  if (IsPlain(text)) return std::string(text);
-  std::string storable;
+StorableText Storable(std::string_view text, std::size_t most) {
+  if (text.size() <= most && IsPlain(text)) return {std::string(text)};
+  StorableText storable;
+  std::size_t units = 0;
   while (!text.empty()) {
     const Utf8Character character = FirstCharacter(text);
+    const bool escaped = character.code == U'_' && LooksEscaped(text);
+    units += escaped ? kEscapedUnderscore.size() : character.code > 0xFFFF ? 2 : 1;
+    if (units > most) {
+      storable.whole = false;
+      break;
+    }
     // U+FFFE and U+FFFF are no characters of XML.
     const bool holdable = character.code != 0 && (character.code & ~1U) != 0xFFFE;
-    if (character.code == U'_' && LooksEscaped(text)) {
-      storable += kEscapedUnderscore;
+    if (escaped) {
+      storable.text += kEscapedUnderscore;
     } else {
-      AppendUtf8(storable, holdable ? character.code : kReplacementCharacter);
+      AppendUtf8(storable.text, holdable ? character.code : kReplacementCharacter);
     }
     text.remove_prefix(character.bytes);
   }
   return storable;
-}
-
-std::string_view FirstCharacters(std::string_view text, std::size_t most) {
-  if (text.size() <= most) return text;
-  std::size_t units = 0;
-  for (std::size_t place = 0; place < text.size(); ++place) {
-    if (ContinuesCharacter(text[place])) continue;
-    constexpr unsigned char kFourByteLead = 0xF0;
-    units += static_cast<unsigned char>(text[place]) >= kFourByteLead ? 2 : 1;
-    if (units > most) return text.substr(0, place);
-  }
-  return text;
 }
 
 }  // namespace dtb::xlsx

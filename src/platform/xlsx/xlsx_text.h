@@ -7,13 +7,15 @@
 
 namespace dtb::xlsx {
 
-// The text without what XML cannot hold: each byte that is no UTF-8 and each noncharacter stands as
+struct StorableText {
+  std::string text;
+  bool whole = true;  // nothing was cut off
+};
+
+// The start of a text, with at most so many characters as spreadsheet programs count them, in units
+// of UTF-16. What XML cannot hold, each byte that is no UTF-8 and each noncharacter, stands as
 // U+FFFD. What spreadsheet programs would read as an escaped character ("_x0041_") is escaped
 // itself. Control characters stay; the library escapes those.
-[[nodiscard]] std::string Storable(std::string_view text);
-
-// The start of a UTF-8 text that has at most so many characters as spreadsheet programs count them,
-// in units of UTF-16.
-[[nodiscard]] std::string_view FirstCharacters(std::string_view text, std::size_t most);
+[[nodiscard]] StorableText Storable(std::string_view text, std::size_t most);
 
 }  // namespace dtb::xlsx

@@ -110,10 +110,10 @@ class XlsxWriter : public WorkbookWriter {
   }
 
   void Text(int row, int column, std::string_view text, CellLookId look) override {
-    const std::string_view first = xlsx::FirstCharacters(text, kMostCellCharacters);
-    if (first.size() < text.size()) ++shortened_;
+    const xlsx::StorableText storable = xlsx::Storable(text, kMostCellCharacters);
+    if (!storable.whole) ++shortened_;
     Check(worksheet_write_string(sheet_, static_cast<lxw_row_t>(row),
-                                 static_cast<lxw_col_t>(column), xlsx::Storable(first).c_str(),
+                                 static_cast<lxw_col_t>(column), storable.text.c_str(),
                                  formats_[look]));
   }
 

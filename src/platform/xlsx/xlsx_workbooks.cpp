@@ -62,7 +62,10 @@ class XlsxWriter : public WorkbookWriter {
   }
 
   ~XlsxWriter() override {
-    if (workbook_ != nullptr) lxw_workbook_free(workbook_);
+    if (workbook_ != nullptr) {
+      CloseRowFiles();
+      lxw_workbook_free(workbook_);
+    }
     std::error_code ignored;
     std::filesystem::remove(beside_, ignored);
   }
@@ -170,6 +173,16 @@ class XlsxWriter : public WorkbookWriter {
     }
     sheetSizes_.push_back(static_cast<std::uint64_t>(std::ftell(sheet_->optimize_tmpfile)));
     sheet_ = nullptr;
+  }
+
+  // The library closes them only when it packs. They have no names, so the disk would hold them for
+  // as long as the program runs.
+  void CloseRowFiles() {
+    lxw_worksheet* sheet = nullptr;
+    STAILQ_FOREACH(sheet, workbook_->worksheets, list_pointers) {
+      if (sheet->optimize_tmpfile != nullptr) std::fclose(sheet->optimize_tmpfile);
+      sheet->optimize_tmpfile = nullptr;
+    }
   }
 
   void Pack() {

@@ -2,42 +2,58 @@
 
 #include <minizip/unzip.h>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace dtb::xlsx {
 namespace {
-
-// Longer entries are those of large sheets, and reading them again would take too long.
-constexpr std::uint64_t kShort = 1U << 20U;
 
 struct CloseArchive {
   void operator()(void* archive) const { unzClose(archive); }
 };
 
-bool EndsAsDocument(unzFile archive) {
+// The first and the last characters of a document that passes by in pieces.
+class DocumentEnds {
+ public:
+  void Add(std::string_view piece) {
+    if (first_.size() < kKept) first_ += piece.substr(0, kKept - first_.size());
+    last_ += piece.substr(piece.size() - std::min(piece.size(), kKept));
+    if (last_.size() > kKept) last_.erase(0, last_.size() - kKept);
+  }
+
+  // The last tag closes the first.
+  [[nodiscard]] bool whole() const {
+    const std::size_t root = first_.find('<', first_.find("?>"));
+    if (root == std::string::npos) return false;
+    const std::string_view last =
+        std::string_view(last_).substr(0, last_.find_last_not_of("\r\n") + 1);
+    const bool alone = first_.size() < kKept && first_.find('<', root + 1) == std::string::npos;
+    if (alone) return last.ends_with("/>");
+    const std::size_t name = root + 1;
+    return last.ends_with("</" + first_.substr(name, first_.find_first_of(" />", name) - name) +
+                          '>');
+  }
+
+ private:
+  static constexpr std::size_t kKept = 512;
+
+  std::string first_;
+  std::string last_;
+};
+
+bool IsWholeDocument(unzFile archive) {
   if (unzOpenCurrentFile(archive) != UNZ_OK) return false;
-  std::array<char, 16384> piece{};
-  char last = 0;
+  std::array<char, 65536> piece{};
+  DocumentEnds ends;
   int read = 0;
   while ((read = unzReadCurrentFile(archive, piece.data(), piece.size())) > 0) {
-    for (int i = read; i-- > 0;) {
-      last = piece.at(static_cast<std::size_t>(i));
-      if (last != '\n') break;
-    }
+    ends.Add({piece.data(), static_cast<std::size_t>(read)});
   }
   // Closing also compares the checksum.
-  return unzCloseCurrentFile(archive) == UNZ_OK && read == 0 && last == '>';
-}
-
-bool HoldsWhole(unzFile archive, std::uint64_t leastBytes) {
-  unz_file_info64 info{};
-  if (unzGetCurrentFileInfo64(archive, &info, nullptr, 0, nullptr, 0, nullptr, 0) != UNZ_OK) {
-    return false;
-  }
-  if (info.uncompressed_size <= leastBytes) return false;
-  return info.uncompressed_size > kShort || EndsAsDocument(archive);
+  return unzCloseCurrentFile(archive) == UNZ_OK && read == 0 && ends.whole();
 }
 
 }  // namespace
@@ -46,18 +62,24 @@ bool HoldsWholeSheets(const std::filesystem::path& file,
                       const std::vector<std::uint64_t>& rowBytes) {
   const std::unique_ptr<void, CloseArchive> archive(unzOpen64(file.c_str()));
   if (!archive) return false;
-  for (std::size_t sheet = 0; sheet < rowBytes.size(); ++sheet) {
-    const std::string name = "xl/worksheets/sheet" + std::to_string(sheet + 1) + ".xml";
-    constexpr int kCaseCounts = 1;
-    if (unzLocateFile(archive.get(), name.c_str(), kCaseCounts) != UNZ_OK) return false;
-    if (!HoldsWhole(archive.get(), rowBytes[sheet])) return false;
-  }
+  std::size_t sheets = 0;
   int found = unzGoToFirstFile(archive.get());
   while (found == UNZ_OK) {
-    if (!HoldsWhole(archive.get(), 0)) return false;
+    std::array<char, 256> name{};
+    unz_file_info64 info{};
+    if (unzGetCurrentFileInfo64(archive.get(), &info, name.data(), name.size() - 1, nullptr, 0,
+                                nullptr, 0) != UNZ_OK) {
+      return false;
+    }
+    // They stand in the order of the workbook.
+    const bool sheet = std::string_view(name.data()).starts_with("xl/worksheets/sheet");
+    if (sheet && (sheets == rowBytes.size() || info.uncompressed_size <= rowBytes[sheets++])) {
+      return false;
+    }
+    if (!IsWholeDocument(archive.get())) return false;
     found = unzGoToNextFile(archive.get());
   }
-  return found == UNZ_END_OF_LIST_OF_FILE;
+  return found == UNZ_END_OF_LIST_OF_FILE && sheets == rowBytes.size();
 }
 
 }  // namespace dtb::xlsx

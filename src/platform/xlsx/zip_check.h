@@ -7,9 +7,10 @@
 
 namespace dtb::xlsx {
 
-// False if the file is no zip archive, if one of its short entries does not end as a document does,
-// or if a sheet is shorter than its rows, of which the bytes are given sheet by sheet. The library
-// that writes workbooks does not notice when the disk is full for a part of one.
+// False if the file is no zip archive, if one of its entries is no whole document, or if
+// a sheet is shorter than its rows, of which the bytes are given sheet by sheet. The library that
+// writes workbooks does not notice when the disk is full for a part of one, and its own unpacked
+// sheets take much more of the disk than the file.
 [[nodiscard]] bool HoldsWholeSheets(const std::filesystem::path& file,
                                     const std::vector<std::uint64_t>& rowBytes);
 

@@ -4,6 +4,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 #include <stdlib.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -16,6 +17,7 @@
 #include "browser/browser.h"
 #include "game/constant_update.h"
 #include "game/start_up.h"
+#include "platform/paths.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "platform/xlsx/xlsx_workbooks.h"
 #include "quiet_desktop.h"
@@ -46,12 +48,43 @@ struct TestDesk final : QuietDesktop {
     settings[section + "/" + key] = value;
   }
   LocalTime Now() override { return time; }
+  std::optional<std::filesystem::path> SaveFile(const SaveFileRequest& request) override {
+    proposed = request.fileName;
+    return chosen;
+  }
+  void Open(const std::string& page) override { opened.push_back(page); }
+  bool Installed() override { return installed; }
+  bool OpenWorkbook(const std::filesystem::path& workbook) override {
+    opened.push_back(TextOf(workbook));
+    return true;
+  }
+  void SetText(const std::string& text) override { clipboard = text; }
 
   std::vector<std::string> told;  // boxes and questions in order
   bool yes = true;                // to every question
   bool control = false;
   std::map<std::string, std::string> settings;
   LocalTime time{2026, 11, 18, 10, 44, 13};
+  std::string proposed;                         // name of the file to be saved
+  std::optional<std::filesystem::path> chosen;  // in the dialog for it
+  bool installed = true;                        // a spreadsheet program
+  std::vector<std::string> opened;              // pages and workbooks
+  std::string clipboard;
+};
+
+// The superuser may write anywhere, and tests of a container run as one.
+class AsNobody {
+ public:
+  AsNobody() : before_(geteuid()) {
+    if (before_ == 0) left_ = seteuid(65534) == 0;
+  }
+  ~AsNobody() {
+    if (left_ && seteuid(before_) != 0) std::abort();
+  }
+
+ private:
+  uid_t before_;
+  bool left_ = false;
 };
 
 using Strings = std::vector<std::string>;

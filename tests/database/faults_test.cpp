@@ -1,26 +1,9 @@
-#include <unistd.h>
-
 #include "browser/deletes.h"
 #include "browser/queries.h"
 #include "database_test.h"
 
 namespace dtb {
 namespace {
-
-// The superuser may write anywhere, and tests of a container run as one.
-class AsNobody {
- public:
-  AsNobody() : before_(geteuid()) {
-    if (before_ == 0) left_ = seteuid(65534) == 0;
-  }
-  ~AsNobody() {
-    if (left_ && seteuid(before_) != 0) std::abort();
-  }
-
- private:
-  uid_t before_;
-  bool left_ = false;
-};
 
 class FaultsTest : public DatabaseTest {
  protected:

@@ -1,22 +1,12 @@
-#include <SQLiteCpp/SQLiteCpp.h>
-
 #include <QAction>
 #include <QHeaderView>
 #include <QLabel>
 #include <QTabBar>
-#include <fstream>
 
-#include "windows/form4.h"
-#include "windows/window_test.h"
+#include "windows/browser_form_test.h"
 
 namespace dtb {
 namespace {
-
-std::string SchemaText() {
-  const auto root = std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
-  std::ifstream stream(root / "program" / "schema.sql");
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 // Two games of two teams, two batters and a pitcher each.
 constexpr const char* kSeason = R"(
@@ -31,37 +21,9 @@ constexpr const char* kSeason = R"(
   INSERT INTO WinLoss VALUES ('Ants', 1, NULL), ('Bees', NULL, 1);
   INSERT INTO Matchups VALUES ('Ants at Bees', 1);)";
 
-class BrowserWindowTest : public WindowTest {
+class BrowserWindowTest : public BrowserFormTest {
  protected:
-  void MakeDatabase() {
-    const std::string file = FromQt(folder_.filePath(QStringLiteral("DTB.mdb")));
-    SQLite::Database(file, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
-        .exec(SchemaText() + kSeason);
-  }
-
-  // Opens the form from the menu and runs the action, which closes it, while it is in front.
-  void Open(const std::function<void()>& action) {
-    WhenTrue([] { return qobject_cast<Form4*>(QApplication::activeModalWidget()) != nullptr; },
-             action);
-    form1().findChild<QAction*>(QStringLiteral("mnuStatistics"))->trigger();
-    EXPECT_EQ(form1().findChild<Form4*>(), nullptr) << "made anew for each opening";
-  }
-
-  // Answers the boxes that come from now on, one after the other; returns their messages.
-  std::shared_ptr<QStringList> AnswerBoxes(std::vector<Qt::Key> keys) {
-    auto messages = std::make_shared<QStringList>();
-    AnswerNext(std::move(keys), messages, nullptr);
-    return messages;
-  }
-
-  Form4& form() { return *form1().findChild<Form4*>(); }
-
-  template <class T = QWidget>
-  T* Part(const char* name) {
-    T* part = form().findChild<T*>(QLatin1String(name));
-    EXPECT_NE(part, nullptr) << name;
-    return part;
-  }
+  void MakeDatabase() { BrowserFormTest::MakeDatabase(kSeason); }
 
   void GoTo(int tab) {
     Part<QTabWidget>("SSTab1")->setCurrentIndex(tab);
@@ -100,28 +62,6 @@ class BrowserWindowTest : public WindowTest {
             << FromQt(grid.objectName() + QChar(' ') + text);
       }
     }
-  }
-
-  void CloseForm() { Press(&form(), Qt::Key_Escape); }
-
- private:
-  static void WhenTrue(const std::function<bool()>& condition,
-                       const std::function<void()>& action) {
-    QTimer::singleShot(0, qApp, [=] { condition() ? action() : WhenTrue(condition, action); });
-  }
-
-  static void AnswerNext(const std::vector<Qt::Key>& keys,
-                         const std::shared_ptr<QStringList>& messages, const MessageBox* last) {
-    if (keys.empty()) return;
-    const auto newBox = [last] {
-      return MessageBox::Open() != nullptr && MessageBox::Open() != last;
-    };
-    WhenTrue(newBox, [=] {
-      MessageBox* box = MessageBox::Open();
-      messages->append(box->message());
-      AnswerNext({keys.begin() + 1, keys.end()}, messages, box);
-      QTest::keyClick(box->window()->windowHandle(), keys.front());
-    });
   }
 };
 

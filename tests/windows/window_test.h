@@ -28,10 +28,9 @@ class WindowTest : public testing::Test {
  protected:
   void SetUp() override {
     ASSERT_TRUE(folder_.isValid());
-    Desk::Setup setup;
-    setup.programFolder = FromQt(folder_.path());
-    setup.settingsFile = folder_.filePath(QStringLiteral("settings.ini"));
-    desk_ = std::make_unique<Desk>(setup);
+    setup_.programFolder = FromQt(folder_.path());
+    setup_.settingsFile = folder_.filePath(QStringLiteral("settings.ini"));
+    desk_ = std::make_unique<Desk>(setup_);
     desk_->Open();
   }
 
@@ -82,18 +81,46 @@ class WindowTest : public testing::Test {
     for (; *text != '\0'; ++text) QTest::keyClick(window->windowHandle(), *text);
   }
 
+  // Runs as soon as the condition holds.
+  static void WhenTrue(const std::function<bool()>& condition,
+                       const std::function<void()>& action) {
+    QTimer::singleShot(0, qApp, [=] { condition() ? action() : WhenTrue(condition, action); });
+  }
+
   // Runs while the next box is open, or the next window that waits.
-  static void WhileWaiting(std::function<void()> action) {
-    QTimer::singleShot(0, qApp, [action = std::move(action)] {
-      if (MessageBox::Open() != nullptr || QApplication::activeModalWidget() != nullptr) {
-        action();
-      } else {
-        WhileWaiting(action);
-      }
+  static void WhileWaiting(const std::function<void()>& action) {
+    WhenTrue(
+        [] {
+          return MessageBox::Open() != nullptr || QApplication::activeModalWidget() != nullptr;
+        },
+        action);
+  }
+
+  // Answers the boxes that come from now on, one after the other; returns their messages.
+  std::shared_ptr<QStringList> AnswerBoxes(std::vector<Qt::Key> keys) {
+    auto messages = std::make_shared<QStringList>();
+    AnswerNext(std::move(keys), messages, nullptr);
+    return messages;
+  }
+
+ private:
+  static void AnswerNext(const std::vector<Qt::Key>& keys,
+                         const std::shared_ptr<QStringList>& messages, const MessageBox* last) {
+    if (keys.empty()) return;
+    const auto newBox = [last] {
+      return MessageBox::Open() != nullptr && MessageBox::Open() != last;
+    };
+    WhenTrue(newBox, [=] {
+      MessageBox* box = MessageBox::Open();
+      messages->append(box->message());
+      AnswerNext({keys.begin() + 1, keys.end()}, messages, box);
+      QTest::keyClick(box->window()->windowHandle(), keys.front());
     });
   }
 
+ protected:
   QTemporaryDir folder_;
+  Desk::Setup setup_;  // what a test puts into it before SetUp counts
   std::unique_ptr<Desk> desk_;
 };
 

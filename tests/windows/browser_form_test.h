@@ -1,0 +1,45 @@
+// The browser's window over a database of its own.
+#pragma once
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include <QAction>
+#include <fstream>
+
+#include "windows/form4.h"
+#include "windows/window_test.h"
+
+namespace dtb {
+
+class BrowserFormTest : public WindowTest {
+ protected:
+  // An empty database, and then these statements.
+  void MakeDatabase(const std::string& statements) {
+    const auto root = std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
+    std::ifstream schema(root / "program" / "schema.sql");
+    const std::string file = FromQt(folder_.filePath(QStringLiteral("DTB.mdb")));
+    SQLite::Database(file, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+        .exec(std::string{std::istreambuf_iterator<char>(schema), {}} + statements);
+  }
+
+  // Opens the form from the menu and runs the action, which closes it, while it is in front.
+  void Open(const std::function<void()>& action) {
+    WhenTrue([] { return qobject_cast<Form4*>(QApplication::activeModalWidget()) != nullptr; },
+             action);
+    form1().findChild<QAction*>(QStringLiteral("mnuStatistics"))->trigger();
+    EXPECT_EQ(form1().findChild<Form4*>(), nullptr) << "made anew for each opening";
+  }
+
+  Form4& form() { return *form1().findChild<Form4*>(); }
+
+  template <class T = QWidget>
+  T* Part(const char* name) {
+    T* part = form().findChild<T*>(QLatin1String(name));
+    EXPECT_NE(part, nullptr) << name;
+    return part;
+  }
+
+  void CloseForm() { Press(&form(), Qt::Key_Escape); }
+};
+
+}  // namespace dtb

@@ -99,9 +99,12 @@ bool ProgressPanel::eventFilter(QObject* watched, QEvent* event) {
   const auto* widget = qobject_cast<const QWidget*>(watched);
   const bool ours = widget != nullptr && (widget == this || isAncestorOf(widget));
   switch (event->type()) {
-    case QEvent::KeyPress:
-      if (cancel_ != nullptr && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) Cancel();
-      return !ours || static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+    case QEvent::KeyPress: {
+      // A key comes to the window first, which hands it on to the control with the focus.
+      const bool escape = static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+      if (escape && cancel_ != nullptr) Cancel();
+      return escape || (widget != nullptr && !ours);
+    }
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:

@@ -43,7 +43,8 @@ std::optional<std::filesystem::path> QtFileDialogs::SaveFile(const SaveFileReque
                      ToolkitFilter(request.filter));
   dialog.setAcceptMode(QFileDialog::AcceptSave);  // asks before it names a file that is there
   dialog.setDefaultSuffix(ToQt(request.defaultExtension));
-  dialog.selectFile(ToQt(request.fileName));
+  // The dialog adds no suffix to a name with a dot in it, as "St. Louis" has.
+  dialog.selectFile(ToQt(request.fileName + '.' + request.defaultExtension));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return PathOf(FromQt(dialog.selectedFiles().constFirst()));
 }

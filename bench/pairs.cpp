@@ -60,7 +60,7 @@ void NoteRatio(const std::string& name, int games, double goal, double ours, dou
 
 void PrintRatios() {
   if (Results().empty()) return;
-  std::puts("\nThe database beside the bare engine:");
+  std::puts("\nDatabase and exports beside the bare engine and the bare library:");
   for (const Result& result : Results()) {
     std::printf("%-34s %6d games: %8.2f %s, bare %8.2f, ratio %.2f (goal %.1f)%s\n",
                 result.name.c_str(), result.games, result.ours, result.unit, result.bare,

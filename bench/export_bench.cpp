@@ -8,7 +8,6 @@
 
 #include <QTemporaryDir>
 #include <fstream>
-#include <fstream>
 #include <vector>
 
 #include "bench/pairs.h"

@@ -7,11 +7,12 @@
 namespace dtb {
 namespace {
 
-// Two and a half innings, in which the visitors score in the first.
+// Nearly two innings; the visitors score in the first.
 class GameExportTest : public ExportTest {
  protected:
   GameExportTest() {
     game.Play("1B RBI HR RBI GO FO LO bat:h0 2B BB K FO GO LO bat:v5 3B FO GO LO bat:h6 HR FO");
+    ConstantUpdate(game.board);
   }
 
   Game game;

@@ -56,8 +56,13 @@ struct PlayTable {
   PlayFolder folder;
   ScriptedDialogs dialogs;
   QuietDesktop quiet;  // what the program opens outside itself stays closed, and nothing sounds
-  Desk desk{Desk::Setup{PathOfFile(folder.path()), folder.filePath("settings.ini"), &dialogs,
-                        &quiet, &quiet, &quiet}};
+  Desk desk{Desk::Setup{.programFolder = PathOfFile(folder.path()),
+                        .settingsFile = folder.filePath("settings.ini"),
+                        .dialogs = &dialogs,
+                        .pages = &quiet,
+                        .spreadsheets = &quiet,
+                        .sounds = &quiet,
+                        .recovery = false}};
 };
 
 }  // namespace dtb::replay

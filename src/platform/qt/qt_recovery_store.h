@@ -1,0 +1,41 @@
+// The game in progress in a file beside the settings.
+#pragma once
+
+#include <QLockFile>
+#include <QString>
+#include <QThreadPool>
+#include <atomic>
+
+#include "platform/platform.h"
+
+namespace dtb {
+
+// One program at a time has the file; a second one with the same file keeps nothing.
+class QtRecoveryStore : public RecoveryStore {
+ public:
+  explicit QtRecoveryStore(const QString& file);
+  // Waits until what was given last is safe.
+  ~QtRecoveryStore() override;
+  QtRecoveryStore(const QtRecoveryStore&) = delete;
+  QtRecoveryStore& operator=(const QtRecoveryStore&) = delete;
+
+  // False: another program that runs has it.
+  [[nodiscard]] bool mine() const { return lock_.isLocked(); }
+  // False from the first time on that the file could not be written.
+  [[nodiscard]] bool works() const { return works_; }
+
+  std::optional<std::string> Load() override;
+  void Keep(std::string bytes) override;
+  std::string SetAside() override;
+
+  // The program ends as the person wants it: nothing stays.
+  void Discard();
+
+ private:
+  QString file_;
+  QLockFile lock_;
+  QThreadPool writer_;  // of one thread
+  std::atomic<bool> works_ = true;
+};
+
+}  // namespace dtb

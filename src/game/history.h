@@ -40,6 +40,8 @@ class SnapshotStack {
 // One gesture is one step, whatever it changes. The event log is never cut.
 class History {
  public:
+  // The number of steps that can be taken back.
+  [[nodiscard]] std::size_t steps() const { return done_.steps.size(); }
   [[nodiscard]] bool CanUndo() const { return !done_.steps.empty(); }
   [[nodiscard]] bool CanRedo() const { return !undone_.steps.empty(); }
   // Names of the steps, "1B, Tony Kubek"; "" where there is none.

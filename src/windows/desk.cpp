@@ -59,6 +59,7 @@ void DressApplication() {
   InstallAccessibleRoles();
   QApplication::setStyle(new SlateStyle);
   QApplication::setPalette(look::Palette());
+  QApplication::setPalette(look::MenuPalette(), "QMenu");
   QApplication::setFont(look::Font(look::kBody));
   QToolTip::setPalette(look::Palette());
   QToolTip::setFont(look::Font(look::kBody));

@@ -48,6 +48,8 @@ class Desk {
 
   [[nodiscard]] Board& board() { return board_; }
   [[nodiscard]] AidsState& aids() { return aidsState_; }
+  // None where nothing is kept.
+  [[nodiscard]] QtRecoveryStore* recovery() { return recovery_.get(); }
   [[nodiscard]] Form1& form1() { return *form1_; }
 
  private:

@@ -76,6 +76,7 @@ KeyPlate::KeyPlate(Scene& scene, QWidget* parent) : Panel(parent) {
   SetLit(true);
   scene.Put(this, kPlatePlace, kBody);
   auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(20, 12, 20, 16);
   column->addWidget(MakeCaption(QStringLiteral("KEYS"), this, Qt::AlignCenter));
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(12);

@@ -28,6 +28,9 @@ class QtRecoveryStore : public RecoveryStore {
   void Keep(std::string bytes) override;
   std::string SetAside() override;
 
+  // Returns when what was given last is safe.
+  void Wait() { writer_.waitForDone(); }
+
   // The program ends as the person wants it: nothing stays.
   void Discard();
 

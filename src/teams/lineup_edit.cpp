@@ -99,8 +99,12 @@ void EndDrag(Board& board, Side side, MouseButton button, bool shiftAlone,
     return;
   }
   if (!fields.edit.value()) return;
-  const Gesture gesture(board, "drag", RowKey(board, side));
-  DropEntry(fields.list, board.state.DragSourceIndex, shiftAlone);
+  const int from = board.state.DragSourceIndex;
+  const std::string name = fields.list.HasRow(from)
+                               ? PlayerNameOf(fields.list.entries()[static_cast<std::size_t>(from)])
+                               : "";
+  const Gesture gesture(board, "drag, " + name, RowKey(board, side));
+  DropEntry(fields.list, from, shiftAlone);
 }
 
 }  // namespace dtb

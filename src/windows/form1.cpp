@@ -102,6 +102,10 @@ void Form1::BuildScene() {
   new NumberDicePanel(aids_, scene_, park_);
   new BaseTracker(board_, scene_, park_);
   keys_ = new PlayKeys(board_, scene_, park_);
+  for (auto* button : park_->findChildren<QAbstractButton*>()) {
+    // The arrows move a piece over the park.
+    if (qobject_cast<PieceView*>(button) == nullptr) keys_->TakeArrowsFrom(button);
+  }
   connect(keys_, &PlayKeys::listWanted, this, [this](int key) {
     const Side side = SideAtBat(board_.state).value_or(Side::Visitors);
     LineupView& list = (side == Side::Visitors ? visitors_ : home_)->list();

@@ -214,6 +214,11 @@ void Form2::showEvent(QShowEvent* event) {
   visitors_->setFocus(Qt::OtherFocusReason);
 }
 
+void Form2::hideEvent(QHideEvent* event) {
+  QDialog::hideEvent(event);
+  DropCellEdit(board_);
+}
+
 void Form2::mousePressEvent(QMouseEvent* event) {
   QDialog::mousePressEvent(event);
   ConstantUpdate(board_);

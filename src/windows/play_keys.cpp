@@ -141,6 +141,13 @@ bool PlayKeys::Press(const QKeyEvent& event) {
   return PressOutcome(key);
 }
 
+bool PlayKeys::eventFilter(QObject* /*watched*/, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return false;
+  const auto* press = static_cast<QKeyEvent*>(event);
+  const bool arrow = press->key() == Qt::Key_Up || press->key() == Qt::Key_Down;
+  return arrow && Press(*press);
+}
+
 bool PlayKeys::PressOutcome(int key) {
   const auto* found = std::ranges::find(kOutcomeKeys, key, &OutcomeKey::key);
   if (found == kOutcomeKeys.end()) return false;

@@ -29,8 +29,14 @@ class PlayKeys : public QObject {
   // True if the key means something.
   bool Press(const QKeyEvent& event);
 
+  // A button would take Up and Down for steps to its neighbours; with these they go to the line-up.
+  void TakeArrowsFrom(QAbstractButton* button) { button->installEventFilter(this); }
+
  signals:
   void listWanted(int key);  // an arrow: the line-up of the side at bat takes it
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   bool PressOutcome(int key);

@@ -1,6 +1,7 @@
 #include "platform/qt/qt_recovery_store.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -14,9 +15,22 @@ QtRecoveryStore::QtRecoveryStore(const QString& file)
     : file_(file), lock_(file + QStringLiteral(".lock")) {
   // However long a game takes, its program has the file; that of a dead one is free at once.
   lock_.setStaleLockTime(0);
-  lock_.tryLock(0);
+  // A program that died while it wrote its lock leaves one that tells nothing. The system itself
+  // knows whether somebody still holds it, and then this removes nothing.
+  if (!lock_.tryLock(0) && lock_.removeStaleLockFile()) lock_.tryLock(0);
   writer_.setMaxThreadCount(1);
   writer_.setExpiryTimeout(-1);
+  if (mine()) RemoveHalfWritten();
+}
+
+// A program that died while it wrote leaves a file with six letters behind the name.
+void QtRecoveryStore::RemoveHalfWritten() const {
+  const QFileInfo file(file_);
+  QDir folder = file.dir();
+  for (const QString& half :
+       folder.entryList({file.fileName() + QStringLiteral(".??????")}, QDir::Files)) {
+    folder.remove(half);
+  }
 }
 
 QtRecoveryStore::~QtRecoveryStore() { writer_.waitForDone(); }

@@ -35,6 +35,8 @@ class QtRecoveryStore : public RecoveryStore {
   void Discard();
 
  private:
+  void RemoveHalfWritten() const;
+
   QString file_;
   QLockFile lock_;
   QThreadPool writer_;  // of one thread

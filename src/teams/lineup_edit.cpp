@@ -59,12 +59,11 @@ void SelectBatter(Board& board, Side side) {
 }
 
 void SelectRow(Board& board, Side side, int row) {
-  LineupList& list = SideOf(board, side).list;
-  if (!list.HasRow(row)) return;
-  const Gesture gesture(board,
-                        "row, " + PlayerNameOf(list.entries()[static_cast<std::size_t>(row)]),
-                        RowKey(board, side));
-  list.Select(row);
+  const SideFields fields = SideOf(board, side);
+  if (!fields.list.HasRow(row)) return;
+  const std::string& entry = fields.list.entries()[static_cast<std::size_t>(row)];
+  const Gesture gesture(board, "row, " + PlayerNameOf(entry), RowKey(board, side));
+  fields.list.Select(row);
 }
 
 void MoveEntryUp(Board& board, Side side) {

@@ -105,9 +105,8 @@ void Desk::Open() {
                          BoxIcon::Warning, "Settings");
   }
   if (!recovery_) return;
-  if (recovery_->mine()) {
-    OfferRecovery(board_, aids_, *recovery_);
-  } else {
+  OfferRecovery(board_, aids_, *recovery_);
+  if (recovery_->takenByAnother()) {
     platform_.boxes.Show(
         "Another board is open already, and its game is kept in case the program ends. The game on "
         "this board is not kept; it can be saved to the database all the same.",

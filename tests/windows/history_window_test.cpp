@@ -175,6 +175,18 @@ TEST_F(HistoryWindowTest, ASecondBoardIsToldAndLeavesTheFirstOnesGameAlone) {
   EXPECT_TRUE(QFile::exists(Game())) << "the end of the second takes nothing from the first";
 }
 
+TEST_F(HistoryWindowTest, TheFirstStartOfAllKeepsItsGame) {
+  desk_.reset();
+  Desk::Setup setup;
+  setup.programFolder = FromQt(folder_.path());
+  setup.settingsFile = folder_.filePath(QStringLiteral("new/config/settings.ini"));
+  desk_ = std::make_unique<Desk>(setup);
+  desk_->Open();
+  StartGame();
+  desk_->recovery()->Wait();
+  EXPECT_TRUE(QFile::exists(folder_.filePath(QStringLiteral("new/config/DTB_v102.game"))));
+}
+
 TEST_F(HistoryWindowTest, ADiskThatTakesNothingIsToldOnce) {
   ASSERT_TRUE(QDir(folder_.path()).mkdir("DTB_v102.game"));
   StartGame();

@@ -13,14 +13,21 @@ namespace dtb {
 
 QtRecoveryStore::QtRecoveryStore(const QString& file)
     : file_(file), lock_(file + QStringLiteral(".lock")) {
+  QDir().mkpath(QFileInfo(file).path());  // not there before the first setting
   // However long a game takes, its program has the file; that of a dead one is free at once.
   lock_.setStaleLockTime(0);
   // A program that died while it wrote its lock leaves one that tells nothing. The system itself
   // knows whether somebody still holds it, and then this removes nothing.
-  if (!lock_.tryLock(0) && lock_.removeStaleLockFile()) lock_.tryLock(0);
+  if (!lock_.tryLock(0) && lock_.removeStaleLockFile()) {
+    static_cast<void>(lock_.tryLock(0));
+  }
   writer_.setMaxThreadCount(1);
   writer_.setExpiryTimeout(-1);
-  if (mine()) RemoveHalfWritten();
+  if (mine()) {
+    RemoveHalfWritten();
+  } else {
+    works_ = takenByAnother();
+  }
 }
 
 // A program that died while it wrote leaves a file with six letters behind the name.

@@ -19,9 +19,13 @@ class QtRecoveryStore : public RecoveryStore {
   QtRecoveryStore(const QtRecoveryStore&) = delete;
   QtRecoveryStore& operator=(const QtRecoveryStore&) = delete;
 
-  // False: another program that runs has it.
+  // This program has the file.
   [[nodiscard]] bool mine() const { return lock_.isLocked(); }
-  // False from the first time on that the file could not be written.
+  // Another program that runs has it.
+  [[nodiscard]] bool takenByAnother() const {
+    return !mine() && lock_.error() == QLockFile::LockFailedError;
+  }
+  // False from the first time on that something could not be written there.
   [[nodiscard]] bool works() const { return works_; }
 
   std::optional<std::string> Load() override;

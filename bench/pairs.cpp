@@ -60,11 +60,13 @@ void NoteRatio(const std::string& name, int games, double goal, double ours, dou
 
 void PrintRatios() {
   if (Results().empty()) return;
-  std::puts("\nDatabase and exports beside the bare engine and the bare library:");
+  std::puts("\nBeside the bare library, or without what is measured:");
   for (const Result& result : Results()) {
-    std::printf("%-34s %6d games: %8.2f %s, bare %8.2f, ratio %.2f (goal %.1f)%s\n",
-                result.name.c_str(), result.games, result.ours, result.unit, result.bare,
-                result.ratio, result.goal, result.ratio > result.goal ? " MISSED" : "");
+    const std::string games =
+        result.games > 0 ? std::to_string(result.games) + " games" : std::string();
+    std::printf("%-34s %12s: %8.2f %s, bare %8.2f, ratio %.2f (goal %.1f)%s\n", result.name.c_str(),
+                games.c_str(), result.ours, result.unit, result.bare, result.ratio, result.goal,
+                result.ratio > result.goal ? " MISSED" : "");
   }
   for (const Result& large : Results()) {
     const auto small = std::ranges::find_if(Results(), [&large](const Result& result) {

@@ -6,19 +6,11 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QTemporaryDir>
-#include <QTimer>
 
-#include "bench/quiet_table.h"
-#include "game/outcomes.h"
-#include "platform/paths.h"
+#include "bench/played_desk.h"
 #include "platform/qt/qt_text.h"
-#include "windows/desk.h"
 
 namespace dtb {
-namespace {
-
-constexpr QSize kFullHd(1860, 1079);  // a board of full height on a screen of 1920 x 1080
 
 void CloseBoxes() {
   QTimer::singleShot(0, qApp, [] {
@@ -41,18 +33,7 @@ void ClickOn(QWidget* control) {
   QCoreApplication::processEvents();
 }
 
-// The whole program with a game in progress.
-struct PlayedDesk {
-  PlayedDesk() {
-    desk.form1().resize(kFullHd);
-    desk.Open();
-    StartGame(desk.board());
-    QCoreApplication::processEvents();
-  }
-
-  QTemporaryDir folder;
-  Desk desk{{PathOf(DTB_PROGRAM_FOLDER), folder.filePath(QStringLiteral("settings.ini"))}};
-};
+namespace {
 
 void ClickThroughTheWindows(benchmark::State& state, const char* label) {
   PlayedDesk desk;

@@ -1,5 +1,6 @@
 #include "aids/logos.h"
 
+#include "game/history.h"
 #include "platform/paths.h"
 
 namespace dtb {
@@ -34,6 +35,7 @@ void LoadLogo(Board& board, Side side) {
 }
 
 void ChooseLogo(Board& board, Side side) {
+  const Gesture gesture(board, "logo, " + SideOf(board, side).team.value());
   const auto file =
       board.platform.dialogs.OpenFile({"Open Image", board.platform.programFolder / "Logos",
                                        "Graphic Files (*.bmp;*.jpg)|*.bmp;*.jpg"});

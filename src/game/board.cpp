@@ -1,5 +1,7 @@
 #include "game/board.h"
 
+#include "game/history.h"
+
 namespace dtb {
 
 SideFields SideOf(Board& board, Side side) {
@@ -54,6 +56,7 @@ Colour SideColour(const BoardState& state, Side side) {
 }
 
 void PutAtBat(Board& board, Side side) {
+  const Gesture gesture(board, "AT BAT, " + SideOf(board, side).team.value());
   SideOf(board, Other(side)).atBat.Set(false);
   SideOf(board, side).atBat.Set(true);
 }

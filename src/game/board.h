@@ -11,11 +11,14 @@
 
 namespace dtb {
 
+class History;
+
 struct Board {
   BoardState& state;
   StatSheet& sheet;
   EventLog& log;
   Platform& platform;
+  History* history = nullptr;  // none: no gesture can be taken back
 };
 
 enum class Side { Visitors, Home };

@@ -38,4 +38,10 @@ std::string_view LogSuffix(Outcome outcome) {
   return "";
 }
 
+std::string_view OutcomeCode(Outcome outcome) {
+  const std::string_view suffix = LogSuffix(outcome);
+  const std::string_view code = suffix.substr(suffix.find_first_not_of('_'));
+  return code.substr(0, code.find(' '));
+}
+
 }  // namespace dtb

@@ -26,4 +26,7 @@ enum class Outcome {
 // What stands behind the batter's list line in the event log: "_____1B".
 [[nodiscard]] std::string_view LogSuffix(Outcome outcome);
 
+// The outcome in the short: "1B", "AB".
+[[nodiscard]] std::string_view OutcomeCode(Outcome outcome);
+
 }  // namespace dtb

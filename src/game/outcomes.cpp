@@ -1,6 +1,7 @@
 #include "game/outcomes.h"
 
 #include "game/gate.h"
+#include "game/history.h"
 #include "game/hits.h"
 #include "game/outs.h"
 #include "game/runs.h"
@@ -54,6 +55,8 @@ void Record(Board& board, Outcome outcome) {
 }  // namespace
 
 void RecordOutcome(Board& board, Outcome outcome) {
+  const Gesture gesture(
+      board, std::string(OutcomeCode(outcome)) + ", " + board.state.lbl_Selected.value());
   Trapped(board.platform.boxes, [&] { Record(board, outcome); });
 }
 

@@ -1,6 +1,9 @@
 #include "game/runners.h"
 
+#include <array>
+
 #include "game/gate.h"
+#include "game/history.h"
 #include "game/played_mark.h"
 
 namespace dtb {
@@ -11,6 +14,15 @@ void ClickPiece(Board& board, int piece) {
   if (tag.empty()) return;
   state.LastRunnerClicked = tag;
   if (!board.platform.keyboard.FreshlyDown(Key::Control)) return;
+  RecordStolenBase(board, piece);
+}
+
+void RecordStolenBase(Board& board, int piece) {
+  BoardState& state = board.state;
+  const std::string& tag = state.pieces.at(static_cast<std::size_t>(piece)).tag.value();
+  if (tag.empty()) return;
+  const Gesture gesture(board, "SB, " + tag);
+  state.LastRunnerClicked = tag;
   state.StolenBasePiece = piece + 1;
   StolenBase(board);
 }
@@ -39,7 +51,9 @@ void ExplainStolenBase(Board& board) {
 }
 
 void ToggleBase(Board& board, int base) {
-  Field<Colour>& colour = board.state.lbl_tracker.at(base);
+  constexpr std::array kBases{"first base", "second base", "third base"};
+  const Gesture gesture(board, kBases.at(static_cast<std::size_t>(base)));
+  Field<Colour>& colour = board.state.lbl_tracker.at(static_cast<std::size_t>(base));
   colour.Set(colour.value() == kOccupiedGreen ? kWhite : kOccupiedGreen);
 }
 

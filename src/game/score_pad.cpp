@@ -1,6 +1,7 @@
 #include "game/score_pad.h"
 
 #include "game/constant_update.h"
+#include "game/history.h"
 #include "shell/program_error.h"
 
 namespace dtb {
@@ -13,6 +14,7 @@ void FocusScoreCell(Board& board, Side side, int cell) {
 }
 
 void ClickDigit(Board& board, const std::string& digit) {
+  const Gesture gesture(board, "score pad, " + digit);
   board.state.lbl_NumSel.Set(digit);
   Trapped(board.platform.boxes, [&] { PutValue(board); });
 }
@@ -33,6 +35,7 @@ void PutValue(Board& board) {
 
 void ToggleFinished(Board& board, Side side, int cell) {
   if (cell < 0 || cell >= kInnings) return;
+  const Gesture gesture(board, "mark of inning " + DecimalText(cell + 1));
   Field<Colour>& colour = SideOf(board, side).score.at(cell).colour;
   colour.Set(colour.value() == kFinishedYellow ? kGrey : kFinishedYellow);
 }

@@ -144,6 +144,20 @@ class Randoms {
   virtual double Draw() = 0;
 };
 
+// Where the game in progress is kept, in case the program ends without the person's will.
+class RecoveryStore {
+ public:
+  virtual ~RecoveryStore() = default;
+  // What a program that did not end cleanly kept last; nothing if there is none.
+  [[nodiscard]] virtual std::optional<std::string> Load() = 0;
+  // Keeps the bytes in the place of what was kept before, whole or not at all, behind the caller's
+  // back. It returns when what an earlier call gave is safe, so at most one gesture is ever
+  // missing.
+  virtual void Keep(std::string bytes) = 0;
+  // Moves what is kept aside and returns the name of the file that has it now.
+  virtual std::string SetAside() = 0;
+};
+
 struct LocalTime {
   int year = 0;
   int month = 1;  // 1 to 12

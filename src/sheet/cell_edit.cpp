@@ -2,9 +2,19 @@
 
 #include <string>
 
+#include "game/history.h"
 #include "shell/program_error.h"
 
 namespace dtb {
+namespace {
+
+// "1B, Tony Kubek"
+std::string NameOfCell(const StatGrid& grid, int row, int column) {
+  const int owner = column < stat_column::kPitcher ? stat_column::kBatter : stat_column::kPitcher;
+  return std::string(grid.Text(0, column)).append(", ").append(grid.Text(row, owner));
+}
+
+}  // namespace
 
 void BeginCellEdit(Board& board, Side side, int row, int column) {
   StatSheet& sheet = board.sheet;
@@ -25,6 +35,7 @@ int CommitCellEdit(Board& board) {
   StatGrid& grid = sheet.lbl_GridSelected.value() == SideOf(board, Side::Visitors).letter
                        ? sheet.grd_VisStats
                        : sheet.grd_HomeStats;
+  const Gesture gesture(board, NameOfCell(grid, sheet.editedRow, sheet.editedColumn));
   Trapped(board.platform.boxes, [&] {
     grid.SetText(sheet.editedRow, sheet.editedColumn, sheet.Text1.value());
     if (sheet.editedRow < grid.rows() - 1) ++sheet.editedRow;
@@ -36,7 +47,11 @@ int CommitCellEdit(Board& board) {
 void DropCellEdit(Board& board) { board.sheet.Text1_visible.Set(false); }
 
 void ClearCell(Board& board, Side side, int row, int column) {
-  Trapped(board.platform.boxes, [&] { SideOf(board, side).grid.SetText(row, column, ""); });
+  Trapped(board.platform.boxes, [&] {
+    StatGrid& grid = SideOf(board, side).grid;
+    const Gesture gesture(board, NameOfCell(grid, row, column));
+    grid.SetText(row, column, "");
+  });
 }
 
 }  // namespace dtb

@@ -3,6 +3,7 @@
 #include <array>
 #include <fstream>
 
+#include "game/history.h"
 #include "game/innings.h"
 #include "platform/paths.h"
 #include "shell/program_error.h"
@@ -112,6 +113,7 @@ std::optional<std::filesystem::path> AskForFile(Board& board) {
 }  // namespace
 
 void WriteGameReport(Board& board) {
+  const Gesture gesture(board, "HTML REPORT");
   Trapped(board.platform.boxes, [&] {
     StatSheet& sheet = board.sheet;
     if (sheet.grd_VisStats.rows() < 2) return;

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "game/history.h"
 #include "game/innings.h"
 #include "platform/database.h"
 #include "sheet/saved_tables.h"
@@ -231,6 +232,7 @@ std::unique_ptr<DatabaseSave> BeginSave(Platform& platform) {
 }  // namespace
 
 void SaveGame(Board& board) {
+  const Gesture gesture(board, "SAVE TO DB");
   Trapped(board.platform.boxes, [&] {
     StatSheet& sheet = board.sheet;
     MessageBoxes& boxes = board.platform.boxes;
@@ -249,6 +251,8 @@ void SaveGame(Board& board) {
     for (const Side side : kOrderOfTeams) EnterLastPitcher(board, side);
     for (const Side side : kOrderOfPlayers) CalcPitcherIPFinal(board, side);
     Record(save);
+    // What is in the database cannot be taken back on the board.
+    if (!sheet.Command2_enabled.value() && board.history != nullptr) board.history->Clear();
   });
 }
 

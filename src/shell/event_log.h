@@ -12,6 +12,8 @@ namespace dtb {
 class EventLog {
  public:
   EventLog() = default;
+  // A log that goes on from a remembered text.
+  explicit EventLog(std::string text) : text_(std::move(text)) {}
   EventLog(const EventLog& other) : text_(other.text_) {}
   ~EventLog() = default;
   EventLog& operator=(const EventLog& other) {

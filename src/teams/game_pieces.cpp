@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "game/history.h"
 #include "game/innings.h"
 #include "game/played_mark.h"
 #include "platform/paths.h"
@@ -30,6 +31,11 @@ void ScalePieces(BoardState& state, double factor) {
   if (width < kLeastWidth || height > kSceneHeight) return;
   state.pieceWidth.Set(width);
   state.pieceHeight.Set(height);
+}
+
+// A step's name for what happens to a piece.
+std::string NameOf(const Board& board, int piece) {
+  return "game piece, " + board.state.pieces.at(static_cast<std::size_t>(piece)).tag.value();
 }
 
 // The piece for a player without a photo. It goes by the store, not by the box, so a piece that was
@@ -74,17 +80,20 @@ void TakeOffBoard(Board& board, const std::string& name) {
 }
 
 void FreePiece(Board& board, int piece) {
+  const Gesture gesture(board, NameOf(board, piece));
   ClearPlate(board, piece);
   board.state.pieces.at(piece).tag.Set("");
 }
 
 void ClearPlate(Board& board, int piece) {
+  const Gesture gesture(board, NameOf(board, piece));
   GamePiece& cleared = board.state.pieces.at(piece);
   cleared.picture.Set({});
   cleared.plate.Set("");
 }
 
 void ResetGamePieces(Board& board) {
+  const Gesture gesture(board, "RESET");
   for (GamePiece& piece : board.state.pieces) {
     piece.store.Set({});
     piece.picture.Set({});
@@ -96,6 +105,7 @@ void ResetGamePieces(Board& board) {
 }
 
 void MovePiece(Board& board, int piece, double middleX, double middleY) {
+  const Gesture gesture(board, NameOf(board, piece), "move of piece " + std::to_string(piece));
   GamePiece& moved = board.state.pieces.at(piece);
   const double width = board.state.pieceWidth.value();
   const double height = board.state.pieceHeight.value();
@@ -103,9 +113,13 @@ void MovePiece(Board& board, int piece, double middleX, double middleY) {
   moved.top.Set(std::clamp(middleY - height / 2, kStrip - height, kGroundLine));
 }
 
-void EnlargePieces(Board& board) { ScalePieces(board.state, kBigFactor); }
+void EnlargePieces(Board& board) {
+  const Gesture gesture(board, "PHOTO SIZE, BIG");
+  ScalePieces(board.state, kBigFactor);
+}
 
 void ShrinkPieces(Board& board) {
+  const Gesture gesture(board, "PHOTO SIZE, SM");
   BoardState& state = board.state;
   ScalePieces(state, kSmallFactor);
   const bool below = std::any_of(state.pieces.begin(), state.pieces.end(),

@@ -2,12 +2,22 @@
 
 #include <algorithm>
 
+#include "game/history.h"
 #include "shell/program_error.h"
 #include "teams/game_pieces.h"
 #include "teams/player_name.h"
 
 namespace dtb {
 namespace {
+
+std::string SelectedPlayer(Board& board, Side side) {
+  return PlayerNameOf(SideOf(board, side).list.SelectedEntry());
+}
+
+// Rows that are gone through, and the drag that a press on one begins, are one step.
+std::string RowKey(Board& board, Side side) {
+  return std::string("row of ").append(SideOf(board, side).letter);
+}
 
 void MoveSelected(LineupList& list, int by) {
   const int row = list.selected();
@@ -48,11 +58,26 @@ void SelectBatter(Board& board, Side side) {
   });
 }
 
-void MoveEntryUp(Board& board, Side side) { MoveSelected(SideOf(board, side).list, -1); }
+void SelectRow(Board& board, Side side, int row) {
+  const SideFields fields = SideOf(board, side);
+  if (!fields.list.HasRow(row)) return;
+  const std::string& entry = fields.list.entries()[static_cast<std::size_t>(row)];
+  const Gesture gesture(board, "row, " + PlayerNameOf(entry), RowKey(board, side));
+  fields.list.Select(row);
+}
 
-void MoveEntryDown(Board& board, Side side) { MoveSelected(SideOf(board, side).list, 1); }
+void MoveEntryUp(Board& board, Side side) {
+  const Gesture gesture(board, "UP, " + SelectedPlayer(board, side));
+  MoveSelected(SideOf(board, side).list, -1);
+}
+
+void MoveEntryDown(Board& board, Side side) {
+  const Gesture gesture(board, "DN, " + SelectedPlayer(board, side));
+  MoveSelected(SideOf(board, side).list, 1);
+}
 
 void ReplaceEntry(Board& board, Side side) {
+  const Gesture gesture(board, "EDIT, " + SelectedPlayer(board, side));
   const SideFields fields = SideOf(board, side);
   if (fields.newEntry.value().empty() || !fields.list.HasRow(fields.list.selected())) return;
   fields.list.Replace(fields.list.selected(), fields.newEntry.value());
@@ -68,10 +93,17 @@ void EndDrag(Board& board, Side side, MouseButton button, bool shiftAlone,
              std::optional<int> rowUnderPointer) {
   const SideFields fields = SideOf(board, side);
   if (button == MouseButton::Right && rowUnderPointer && fields.list.HasRow(*rowUnderPointer)) {
+    const Gesture gesture(board, "row");
     ShowEntry(board, fields.list, *rowUnderPointer);
     return;
   }
-  if (fields.edit.value()) DropEntry(fields.list, board.state.DragSourceIndex, shiftAlone);
+  if (!fields.edit.value()) return;
+  const int from = board.state.DragSourceIndex;
+  const std::string name = fields.list.HasRow(from)
+                               ? PlayerNameOf(fields.list.entries()[static_cast<std::size_t>(from)])
+                               : "";
+  const Gesture gesture(board, "drag, " + name, RowKey(board, side));
+  DropEntry(fields.list, from, shiftAlone);
 }
 
 }  // namespace dtb

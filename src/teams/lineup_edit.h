@@ -14,6 +14,11 @@ enum class MouseButton { Left, Right, Other };
 // the first nine rows.
 void SelectBatter(Board& board, Side side);
 
+// A click on a row, or the arrow keys: it becomes the selected one. Rows gone through one after the
+// other are one step of the history, and so is the drag that a click begins. Without such a row
+// nothing happens.
+void SelectRow(Board& board, Side side, int row);
+
 // The buttons "UP" and "DN": the selected entry changes places with its neighbour and stays
 // selected. At the end of the list, and without a selection, nothing happens.
 void MoveEntryUp(Board& board, Side side);

@@ -1,5 +1,6 @@
 #include "teams/pitchers.h"
 
+#include "game/history.h"
 #include "game/innings.h"
 #include "shell/program_error.h"
 #include "teams/game_pieces.h"
@@ -23,6 +24,7 @@ void EnterPitcher(StatGrid& grid, const std::string& name) {
 void ChangePitcher(Board& board, Side side) {
   const SideFields fields = SideOf(board, side);
   if (fields.list.SelectedEntry().empty()) return;
+  const Gesture gesture(board, "pitcher, " + PlayerNameOf(fields.list.SelectedEntry()));
   Trapped(board.platform.boxes, [&] {
     fields.pitcherPhoto.Set({});
     fields.pitcherTag.Set(fields.pitcher.value());

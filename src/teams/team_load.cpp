@@ -1,6 +1,7 @@
 #include "teams/team_load.h"
 
 #include "aids/logos.h"
+#include "game/history.h"
 #include "platform/paths.h"
 #include "shell/program_error.h"
 #include "shell/utf8.h"
@@ -68,16 +69,20 @@ void FillSide(Board& board, Side side, const std::filesystem::path& file) {
 }  // namespace
 
 void LoadTeam(Board& board, Side side) {
+  Gesture gesture(board, side == Side::Visitors ? "LOAD Visitor team" : "LOAD Home team");
   const SideFields fields = SideOf(board, side);
   fields.list.Clear();
   fields.logo.Set({});
   const auto file = board.platform.dialogs.OpenFile(
       {side == Side::Visitors ? "LOAD Visitor team" : "LOAD Home team",
        board.platform.programFolder / "Teams", "Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*"});
-  if (file) OpenTeam(board, side, *file);
+  if (!file) return;
+  gesture.SetName("LOAD " + TextOf(file->filename()));
+  OpenTeam(board, side, *file);
 }
 
 void OpenTeam(Board& board, Side side, const std::filesystem::path& file) {
+  const Gesture gesture(board, "LOAD " + TextOf(file.filename()));
   Trapped(board.platform.boxes, [&] { FillSide(board, side, file); });
 }
 

@@ -39,12 +39,16 @@ inline void Name(QWidget* widget, const char* objectName, const QString& accessi
   widget->setAccessibleName(accessibleName.isEmpty() ? widget->objectName() : accessibleName);
 }
 
-// What the person types goes into the field at each keystroke.
-inline void BindText(QLineEdit* edit, Field<std::string>& field) {
+inline void FollowText(QLineEdit* edit, Field<std::string>& field) {
   Follow<std::string>(edit, field, [edit](const std::string& text) {
     const QString shown = ToQt(text);
     if (edit->text() != shown) edit->setText(shown);
   });
+}
+
+// What the person types goes into the field at each keystroke.
+inline void BindText(QLineEdit* edit, Field<std::string>& field) {
+  FollowText(edit, field);
   QObject::connect(edit, &QLineEdit::textEdited, edit,
                    [&field](const QString& text) { field.Set(FromQt(text)); });
 }

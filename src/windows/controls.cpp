@@ -243,6 +243,11 @@ void FigureField::keyPressEvent(QKeyEvent* event) {
     emit marked();
     return;
   }
+  if (enter || event->key() == Qt::Key_Escape) {
+    // The keys are the board's again.
+    if (!event->isAutoRepeat()) clearFocus();
+    return;
+  }
   QLineEdit::keyPressEvent(event);
 }
 

@@ -6,10 +6,12 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTimer>
 #include <QToolTip>
 
 #include "aids/ballparks.h"
 #include "aids/charts.h"
+#include "aids/recovery.h"
 #include "game/start_up.h"
 #include "platform/qt/qt_text.h"
 #include "windows/accessible_roles.h"
@@ -57,6 +59,7 @@ void DressApplication() {
   InstallAccessibleRoles();
   QApplication::setStyle(new SlateStyle);
   QApplication::setPalette(look::Palette());
+  QApplication::setPalette(look::MenuPalette(), "QMenu");
   QApplication::setFont(look::Font(look::kBody));
   QToolTip::setPalette(look::Palette());
   QToolTip::setFont(look::Font(look::kBody));
@@ -82,16 +85,46 @@ Desk::Desk(const Setup& setup)
   StartUp(board_);
   SetUpBallparks(aids_);
   ReadChartNames(aids_);
+  if (setup.recovery) {
+    recovery_ = std::make_unique<QtRecoveryStore>(settings_.FileBeside("DTB_v102.game"));
+    history_.Observe([this] { KeepGame(); });
+  }
   form1_ = std::make_unique<Form1>(board_, aids_, pictures_);
   boxes_.SetMainWindow(form1_.get());
 }
 
+Desk::~Desk() {
+  if (recovery_) recovery_->Discard();
+}
+
 void Desk::Open() {
   form1_->show();
-  if (settings_.damagedFile().isEmpty()) return;
-  boxes_.Show("The settings file could not be understood. It is kept as \"" +
-                  FromQt(settings_.damagedFile()) + "\", and the settings start anew.",
-              BoxIcon::Warning, "Settings");
+  if (!settings_.damagedFile().isEmpty()) {
+    platform_.boxes.Show("The settings file could not be understood. It is kept as \"" +
+                             FromQt(settings_.damagedFile()) + "\", and the settings start anew.",
+                         BoxIcon::Warning, "Settings");
+  }
+  if (!recovery_) return;
+  OfferRecovery(board_, aids_, *recovery_);
+  if (recovery_->takenByAnother()) {
+    platform_.boxes.Show(
+        "Another board is open already, and its game is kept in case the program ends. The game on "
+        "this board is not kept; it can be saved to the database all the same.",
+        BoxIcon::Information);
+  }
+}
+
+void Desk::KeepGame() {
+  recovery_->Keep(TableText(board_, aidsState_));
+  if (recovery_->works() || keepingFailed_) return;
+  keepingFailed_ = true;
+  // Not before the gesture has ended.
+  QTimer::singleShot(0, form1_.get(), [this] {
+    platform_.boxes.Show(
+        "The game in progress cannot be kept beside the settings; the disk may be full. You can go "
+        "on, but if the program ends without your will the game is lost.",
+        BoxIcon::Warning);
+  });
 }
 
 }  // namespace dtb

@@ -7,10 +7,11 @@
 
 #include "aids/aids_state.h"
 #include "aids/random_generator.h"
-#include "game/board.h"
+#include "game/history.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/qt/qt_keyboard.h"
 #include "platform/qt/qt_pictures.h"
+#include "platform/qt/qt_recovery_store.h"
 #include "platform/qt/qt_settings_store.h"
 #include "platform/qt/qt_sounds.h"
 #include "platform/sqlite/sqlite_database.h"
@@ -32,18 +33,28 @@ class Desk {
     Pages* pages = nullptr;                      // none: the system's programs
     SpreadsheetProgram* spreadsheets = nullptr;  // none: the desktop's
     Sounds* sounds = nullptr;                    // none: the sound device
+    bool recovery = true;                        // the game in progress is kept beside the settings
   };
 
   explicit Desk(const Setup& setup);
+  // A clean end: the game in progress is no longer kept.
+  ~Desk();
+  Desk(const Desk&) = delete;
+  Desk& operator=(const Desk&) = delete;
 
-  // Shows the board, and tells what was found wrong with the settings.
+  // Shows the board, tells what was found wrong with the settings, and offers to go on with a game
+  // that was still in progress when the program ended.
   void Open();
 
   [[nodiscard]] Board& board() { return board_; }
   [[nodiscard]] AidsState& aids() { return aidsState_; }
+  // None where nothing is kept.
+  [[nodiscard]] QtRecoveryStore* recovery() { return recovery_.get(); }
   [[nodiscard]] Form1& form1() { return *form1_; }
 
  private:
+  void KeepGame();
+
   QtFileDialogs ownDialogs_;
   QtPages ownPages_;
   QtPictures pictures_;
@@ -61,9 +72,12 @@ class Desk {
   BoardState state_;
   StatSheet sheet_;
   EventLog log_;
-  Board board_{state_, sheet_, log_, platform_};
+  History history_;
+  Board board_{state_, sheet_, log_, platform_, &history_};
   AidsState aidsState_;
   Aids aids_{aidsState_, platform_};
+  std::unique_ptr<QtRecoveryStore> recovery_;  // none: nothing is kept
+  bool keepingFailed_ = false;
   std::unique_ptr<Form1> form1_;
 };
 

@@ -1,6 +1,9 @@
 #include "windows/form1.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
 
@@ -39,6 +42,7 @@ Form1::Form1(Board& board, Aids& aids, QtPictures& pictures)
   BuildScene();
   log_ = new LogWindow(board.log, this);
   form2_ = new Form2(board, pictures, this);
+  form2_->addActions({edit_->undo(), edit_->redo()});
   setMinimumSize(qRound(kSceneWidth * kSmallestScale), qRound(kSceneHeight * kSmallestScale));
   PlaceAtLaunch();
   StartTimers();
@@ -65,6 +69,10 @@ void Form1::BuildMenu() {
     connect(action, &QAction::triggered, this, operation);
   };
   menuBar()->setNativeMenuBar(false);
+  edit_ = new EditActions(board_, this);
+  QMenu* edit = menuBar()->addMenu(QStringLiteral("Edit"));
+  edit->setObjectName(QStringLiteral("mnuEdit"));
+  edit->addActions({edit_->undo(), edit_->redo()});
   add("mnuStatistics", "Database", [this] { Form4::Run(board_.platform, this); });
   add("mnuEventLog", "EventLog", [this] { ShowLog(); });
   add("mnu_Options", "Options", [this] { ToggleOptions(board_); });
@@ -93,6 +101,18 @@ void Form1::BuildScene() {
   new FaceDicePanel(aids_, scene_, park_);
   new NumberDicePanel(aids_, scene_, park_);
   new BaseTracker(board_, scene_, park_);
+  keys_ = new PlayKeys(board_, scene_, park_);
+  for (auto* button : park_->findChildren<QAbstractButton*>()) {
+    // The arrows move a piece over the park.
+    if (qobject_cast<PieceView*>(button) == nullptr) keys_->TakeArrowsFrom(button);
+  }
+  connect(keys_, &PlayKeys::listWanted, this, [this](int key) {
+    const Side side = SideAtBat(board_.state).value_or(Side::Visitors);
+    LineupView& list = (side == Side::Visitors ? visitors_ : home_)->list();
+    list.setFocus(Qt::OtherFocusReason);
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QCoreApplication::sendEvent(&list, &press);
+  });
 }
 
 void Form1::BuildPieces() {
@@ -140,6 +160,10 @@ void Form1::SupplementalResize() {
   menuBar()->setFont(
       look::Font(std::max(kLeastMenuType, look::kBody * scene_.resizer().fontScale())));
   board_.state.cb_Xinnings.Set(false);
+}
+
+void Form1::keyPressEvent(QKeyEvent* event) {
+  if (!keys_->Press(*event)) QMainWindow::keyPressEvent(event);
 }
 
 void Form1::closeEvent(QCloseEvent* event) {

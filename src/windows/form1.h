@@ -7,10 +7,12 @@
 #include "aids/aids_state.h"
 #include "game/board.h"
 #include "platform/qt/qt_pictures.h"
+#include "windows/edit_actions.h"
 #include "windows/form2.h"
 #include "windows/log_window.h"
 #include "windows/outcome_panel.h"
 #include "windows/park_view.h"
+#include "windows/play_keys.h"
 #include "windows/scene.h"
 #include "windows/scoreboard.h"
 #include "windows/side_panel.h"
@@ -27,6 +29,7 @@ class Form1 : public QMainWindow {
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void BuildMenu();
@@ -51,6 +54,8 @@ class Form1 : public QMainWindow {
   SidePanel* visitors_ = nullptr;
   SidePanel* home_ = nullptr;
   Scoreboard* scoreboard_ = nullptr;
+  EditActions* edit_ = nullptr;
+  PlayKeys* keys_ = nullptr;
   Form2* form2_ = nullptr;
   LogWindow* log_ = nullptr;
   QTimer tmr_Constant_;

@@ -14,6 +14,7 @@
 #include "windows/bind.h"
 #include "windows/busy.h"
 #include "windows/controls.h"
+#include "windows/game_text.h"
 #include "windows/look.h"
 
 namespace dtb {
@@ -104,7 +105,7 @@ void Form2::BuildBottom() {
   palette.setColor(QPalette::Text, QColor(0, 0, 255));
   comments->setPalette(palette);
   scene_.Put(comments, {256, 780, 684, 36}, kBody);
-  BindText(comments, board_.sheet.tb_Comments);
+  BindGameText(comments, board_.sheet.tb_Comments, board_, "comments");
   BuildExports();
   auto* save = new QPushButton(QStringLiteral("SAVE TO DB"), this);
   Name(save, "Command2", QStringLiteral("SAVE TO DB"));
@@ -211,6 +212,11 @@ void Form2::resizeEvent(QResizeEvent* event) {
 void Form2::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   visitors_->setFocus(Qt::OtherFocusReason);
+}
+
+void Form2::hideEvent(QHideEvent* event) {
+  QDialog::hideEvent(event);
+  DropCellEdit(board_);
 }
 
 void Form2::mousePressEvent(QMouseEvent* event) {

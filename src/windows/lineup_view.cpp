@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
+#include "game/history.h"
 #include "platform/qt/qt_text.h"
 #include "windows/bind.h"
 #include "windows/look.h"
@@ -153,8 +154,9 @@ std::optional<int> LineupView::RowAt(const QPoint& place) const {
 void LineupView::mousePressEvent(QMouseEvent* event) {
   setFocus(Qt::MouseFocusReason);
   pressed_ = true;
+  SealGesture(board_);
   if (event->button() != Qt::LeftButton) return;
-  if (const auto row = RowAt(event->pos())) SideOf(board_, side_).list.Select(*row);
+  if (const auto row = RowAt(event->pos())) SelectRow(board_, side_, *row);
   BeginDrag(board_, side_);
 }
 
@@ -166,7 +168,7 @@ void LineupView::mouseMoveEvent(QMouseEvent* event) {
                  .arg(ShownEntry(list.entries()[static_cast<std::size_t>(*row)]).toHtmlEscaped()));
   const bool dragging =
       pressed_ && event->buttons().testFlag(Qt::LeftButton) && SideOf(board_, side_).edit.value();
-  if (dragging && *row != list.selected()) SideOf(board_, side_).list.Select(*row);
+  if (dragging && *row != list.selected()) SelectRow(board_, side_, *row);
 }
 
 void LineupView::mouseReleaseEvent(QMouseEvent* event) {
@@ -181,29 +183,30 @@ void LineupView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void LineupView::keyPressEvent(QKeyEvent* event) {
-  LineupList& list = SideOf(board_, side_).list;
+  const LineupList& list = SideOf(board_, side_).list;
   constexpr int page = kRows - 1;
+  const auto select = [this](int row) { SelectRow(board_, side_, row); };
   switch (event->key()) {
     case Qt::Key_Up:
-      list.Select(list.selected() - 1);
+      select(list.selected() - 1);
       break;
     case Qt::Key_Down:
-      list.Select(list.selected() + 1);
+      select(list.selected() + 1);
       break;
     case Qt::Key_PageUp:
-      list.Select(std::max(0, list.selected() - page));
+      select(std::max(0, list.selected() - page));
       break;
     case Qt::Key_PageDown:
-      list.Select(std::min(list.size() - 1, list.selected() + page));
+      select(std::min(list.size() - 1, list.selected() + page));
       break;
     case Qt::Key_Home:
-      list.Select(0);
+      select(0);
       break;
     case Qt::Key_End:
-      list.Select(list.size() - 1);
+      select(list.size() - 1);
       break;
     case Qt::Key_Space:
-      list.Select(list.selected());
+      select(list.selected());
       break;
     case Qt::Key_Return:
     case Qt::Key_Enter:

@@ -42,6 +42,15 @@ QPalette Palette() {
   return palette;
 }
 
+QPalette MenuPalette() {
+  QPalette palette = Palette();
+  palette.setColor(QPalette::Base, kSlateRaised);
+  palette.setColor(QPalette::Text, kCream);
+  palette.setColor(QPalette::Disabled, QPalette::Base, kSlateRaised);
+  palette.setColor(QPalette::Disabled, QPalette::Text, kCreamDim);
+  return palette;
+}
+
 void DrawPlate(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& edge,
                double edgeWidth, double corner) {
   const double inset = edgeWidth / 2;

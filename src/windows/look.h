@@ -39,6 +39,8 @@ inline constexpr double kCorner = 6;
 
 [[nodiscard]] QFont Font(double pixels, bool bold = false);
 [[nodiscard]] QPalette Palette();
+// Menus are slate where fields are light.
+[[nodiscard]] QPalette MenuPalette();
 [[nodiscard]] inline QColor Shade(Colour colour) { return {colour.red, colour.green, colour.blue}; }
 
 // A rounded plate with an edge of the given width inside the rectangle.

@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "game/board_state.h"
 #include "platform/qt/qt_text.h"
@@ -28,6 +29,7 @@ constexpr double kCloseSize = 28;
 constexpr qsizetype kLongestMessage = 20000;
 
 MessageBox* openBox = nullptr;
+int closingKey = 0;  // 0: none
 
 // The person who closes a box by a double click means one click: the second half of it must not
 // reach what lies under the box.
@@ -290,6 +292,7 @@ bool MessageBox::FilterKey(QEvent* event) {
       }
       break;
     default:
+      if (!content_.question && key->key() == closingKey) Finish(true);
       break;
   }
   return true;
@@ -330,6 +333,10 @@ bool MessageBox::eventFilter(QObject* watched, QEvent* event) {
       return false;
   }
 }
+
+BoxKey::BoxKey(int key) : outer_(std::exchange(closingKey, key)) {}
+
+BoxKey::~BoxKey() { closingKey = outer_; }
 
 void WindowBoxes::ShowRecorded(const std::string& message, BoxAlignment alignment) {
   MessageBox::Run(Front(), {ToQt(message), {}, BoxIcon::None, alignment, false});

@@ -55,6 +55,18 @@ class MessageBox : public QWidget {
   bool answer_ = false;
 };
 
+// While it lives, boxes that ask nothing also close with this key: the one that brought them about.
+class BoxKey {
+ public:
+  explicit BoxKey(int key);
+  ~BoxKey();
+  BoxKey(const BoxKey&) = delete;
+  BoxKey& operator=(const BoxKey&) = delete;
+
+ private:
+  int outer_;
+};
+
 // The port MessageBoxes, over the window that is in front.
 class WindowBoxes : public MessageBoxes {
  public:

@@ -9,6 +9,7 @@
 #include "teams/game_pieces.h"
 #include "teams/photo_folder.h"
 #include "windows/bind.h"
+#include "windows/game_text.h"
 #include "windows/look.h"
 #include "windows/name_edit.h"
 
@@ -72,7 +73,7 @@ void OptionsPanel::BuildOutsCount() {
   count->setToolTip(QStringLiteral("Total outs made thus far"));
   count->SetGround(palette().color(QPalette::Base), kInk);
   scene_.Put(count, {354, kFirstRow, 42, kRowHeight}, kBody, true);
-  BindText(count, board_.state.tb_OutsCount);
+  BindGameText(count, board_.state.tb_OutsCount, board_, "MASTER # OF OUTS");
 }
 
 void OptionsPanel::BuildPhotoSize() {

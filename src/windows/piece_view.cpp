@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include "game/history.h"
 #include "game/runners.h"
 #include "platform/qt/qt_text.h"
 #include "teams/game_pieces.h"
@@ -147,6 +148,7 @@ void PieceView::focusOutEvent(QFocusEvent* event) {
 }
 
 void PieceView::mousePressEvent(QMouseEvent* event) {
+  SealGesture(board_);
   pressed_ = event->button() == Qt::LeftButton;
   dragged_ = false;
   pressPlace_ = event->globalPosition().toPoint();

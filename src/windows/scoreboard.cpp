@@ -6,11 +6,13 @@
 #include "aids/ballparks.h"
 #include "aids/charts.h"
 #include "aids/logos.h"
+#include "game/history.h"
 #include "game/innings.h"
 #include "game/score_pad.h"
 #include "platform/qt/qt_text.h"
 #include "teams/game_pieces.h"
 #include "windows/bind.h"
+#include "windows/game_text.h"
 #include "windows/look.h"
 #include "windows/name_edit.h"
 
@@ -112,7 +114,7 @@ void Scoreboard::BuildTeams(QWidget* frame, QtPictures& pictures) {
     team->setTextMargins(4, 0, 4, 0);
     team->SetTextFits();
     scene_.Put(team, {52, RowTop(side), 154, kCellHeight}, kLarge, true);
-    BindText(team, fields.team);
+    BindGameText(team, fields.team, board_, "team name");
     connect(team, &QLineEdit::textChanged, team, [team](const QString& text) {
       team->setToolTip(text.left(200));
       if (!team->hasFocus()) team->setCursorPosition(0);
@@ -131,7 +133,7 @@ void Scoreboard::AddScoreCell(QWidget* frame, Side side, int cell, const Place& 
   field->setObjectName(QStringLiteral("%1[%2]").arg(QLatin1String(NamesOf(side).row)).arg(cell));
   field->setToolTip(CellTip(side, cell));
   scene_.Put(field, place, cell >= kTotalRuns ? kHuge : kLarge, cell >= kTotalRuns);
-  BindText(field, score.text);
+  BindGameText(field, score.text, board_, "line score");
   Follow<Colour>(field, score.colour,
                  [field](const Colour& colour) { field->SetGround(Shade(colour), kInk); });
   connect(field, &FigureField::focused, this,
@@ -188,7 +190,7 @@ void Scoreboard::BuildOuts() {
   Name(outs, "tb_OUT", QStringLiteral("Outs of the half-inning"));
   outs->SetGround(kOutsRed, Qt::white);
   scene_.Put(outs, {0, 28, 84, 48}, kHuge, true);
-  BindText(outs, board_.state.tb_OUT);
+  BindGameText(outs, board_.state.tb_OUT, board_, "OUTS");
   auto* reset = new QPushButton(QStringLiteral("RESET"), frame);
   Name(reset, "Command11", QStringLiteral("RESET game pieces"));
   reset->setToolTip(QStringLiteral("Clears the game pieces; outs and score stay"));
@@ -201,7 +203,10 @@ void Scoreboard::BuildCommands() {
   auto* update = new QPushButton(QStringLiteral("UPDATE"), this);
   Name(update, "Command5", QStringLiteral("UPDATE totals"));
   scene_.Put(update, {878, 12, 109, 36}, kBody);
-  connect(update, &QPushButton::clicked, this, [this] { ScoreUpdate(board_); });
+  connect(update, &QPushButton::clicked, this, [this] {
+    const Gesture gesture(board_, "UPDATE");
+    ScoreUpdate(board_);
+  });
   auto* extra = new QCheckBox(QStringLiteral("X-INN"), this);
   Name(extra, "cb_Xinnings", QStringLiteral("Extra innings 11-20"));
   extra->setToolTip(QStringLiteral("Extra innings 11-20"));

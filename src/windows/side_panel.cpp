@@ -10,6 +10,7 @@
 #include "teams/pitchers.h"
 #include "teams/team_load.h"
 #include "windows/bind.h"
+#include "windows/game_text.h"
 #include "windows/look.h"
 
 namespace dtb {
@@ -153,7 +154,7 @@ void SidePanel::BuildButtons() {
   Name(newEntry, names.newEntry, ForTeam("New entry for the selected row", side_));
   newEntry->setPlaceholderText(QStringLiteral("New entry; then double-click its row"));
   PutMirrored(newEntry, {96, 396, 212, 32}, kBody);
-  BindText(newEntry, fields.newEntry);
+  BindGameText(newEntry, fields.newEntry, board_, "new entry");
   BindVisible(newEntry, fields.edit);
 }
 

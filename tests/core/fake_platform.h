@@ -9,6 +9,7 @@
 #include <set>
 #include <sstream>
 
+#include "game/history.h"
 #include "game/memento.h"
 #include "game/outcomes.h"
 #include "game/runners.h"
@@ -104,6 +105,7 @@ struct Game {
     Load(Side::Home, "Elks.txt", "a=x\nb=x\nc=x\nd=x\ne=x\nf=x\ng=x\nh=x\ni=x\nj=x\nk=x\nl=x");
     Play("pitch:v11 pitch:h11 atbat:v bat:v0");
     Look("log");
+    history.Clear();
   }
 
   void Load(Side side, const std::filesystem::path& name, const std::string& bytes) {
@@ -129,11 +131,14 @@ struct Game {
     const SideFields fields = SideOf(board, side);
     const int row = std::atoi(rest.c_str());
     const bool drop = verb == "drop" || verb == "dropshift";
-    if (drop || verb == "bat" || verb == "pitch" || verb == "drag") fields.list.Select(row);
+    if (drop || verb == "bat" || verb == "pitch" || verb == "drag") SelectRow(board, side, row);
     if (drop) EndDrag(board, side, MouseButton::Left, verb == "dropshift", row);
     if (verb == "show") EndDrag(board, side, MouseButton::Right, false, row);
     if (verb == "edit") fields.edit.Set(!fields.edit.value());
-    if (verb == "rewrite" && !rest.empty()) fields.newEntry.Set(rest);
+    if (verb == "rewrite" && !rest.empty()) {
+      const Gesture typing(board, "new entry");
+      fields.newEntry.Set(rest);
+    }
     if (verb == "rewrite") ReplaceEntry(board, side);
     if (verb == "atbat") PutAtBat(board, side);
     if (verb == "pitch") ChangePitcher(board, side);
@@ -155,6 +160,13 @@ struct Game {
     if (verb == "focus") FocusScoreCell(board, side, row);
     if (verb == "digit") ClickDigit(board, argument);
     if (verb == "toggle") ToggleFinished(board, side, row);
+    if (verb == "row") SelectRow(board, side, row);
+    if (verb == "steal") RecordStolenBase(board, row);
+    if (verb == "move") MovePiece(board, row, 500 + row, 400);
+    if (verb == "base") ToggleBase(board, row);
+    if (verb == "undo") history.Undo(board);
+    if (verb == "redo") history.Redo(board);
+    if (verb == "seal") history.Seal();
   }
 
   // One way to look at the table.
@@ -185,6 +197,8 @@ struct Game {
              << piece.plate.value() << (piece.picture.value().empty() ? "" : "#")
              << (piece.store.value().empty() ? "" : "*");
       }
+    } else if (facet == "steps") {  // how many, and the names of the next ones back and forward
+      text << history.steps() << " " << history.UndoName() << ";" << history.RedoName();
     } else if (facet == "score") {  // half-innings with a text or a mark, runs: "0=2* 4= 2:0"
       for (int k = 0; k < kHalves; ++k) {
         const std::string& runs = Cell(state, k).text.value();
@@ -211,7 +225,8 @@ struct Game {
   BoardState state;
   StatSheet sheet;
   EventLog log;
-  Board board{state, sheet, log, fake.ports};
+  History history;
+  Board board{state, sheet, log, fake.ports, &history};
   std::size_t logRead = 0;
 };
 

@@ -3,6 +3,7 @@
 #include <QCommandLineParser>
 #include <QProcess>
 #include <QTemporaryFile>
+#include <QTimer>
 #include <cstdio>
 
 #include "replay/game_state.h"
@@ -27,16 +28,45 @@ void MakeScreen(QTemporaryFile& config, const QSize& size) {
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + config.fileName().toUtf8());
 }
 
-int PlayGame(const QString& given, Player::Options options) {
-  const QFileInfo script(QFileInfo(given).isDir() ? given + "/clicks.txt" : given);
+QFileInfo ScriptOf(const QString& given) {
+  return QFileInfo(QFileInfo(given).isDir() ? given + "/clicks.txt" : given);
+}
+
+bool Kills(const QString& given) {
+  QFile script(ScriptOf(given).filePath());
+  return script.open(QIODevice::ReadOnly) && ("\n" + script.readAll()).contains("\nKILL");
+}
+
+// A script that kills its program goes on in the next one, at the table where the last one died.
+int PlayOnAfterKills(const QStringList& arguments) {
+  const QTemporaryDir table;
+  QByteArray from = "0";
+  for (;;) {
+    QProcess program;
+    program.setProcessChannelMode(QProcess::ForwardedChannels);
+    program.start(QApplication::applicationFilePath(),
+                  QStringList{"--table", table.path(), "--from", from} + arguments);
+    program.waitForFinished(-1);
+    if (program.exitStatus() == QProcess::NormalExit) return program.exitCode();
+    QFile next(table.filePath(Player::kNextLine));
+    if (!next.open(QIODevice::ReadOnly)) return 1;
+    const QByteArray line = next.readAll();
+    if (line == from) return 1;
+    from = line;
+  }
+}
+
+int PlayGame(const QString& given, const QString& kept, Player::Options options) {
+  const QFileInfo script = ScriptOf(given);
   const bool isGame = script.fileName() == "clicks.txt";
   const QString title = isGame ? script.absoluteDir().dirName() : script.fileName();
   const QString expected = script.dir().filePath("expected.txt");
   options.save = isGame && QFile::exists(expected);
-  PlayTable table(options.database);
+  PlayTable table(options.database, kept);
   Player player(table, script.filePath(), options);
   if (options.show && !options.screen.isEmpty()) table.desk.form1().resize(options.screen - kFrame);
-  table.desk.Open();
+  // What the start asks is answered like everything else.
+  QTimer::singleShot(0, &player, [&table] { table.desk.Open(); });
   if (player.Run() != 0) return 1;
   QString report = QString("%1: played %2 lines").arg(title).arg(player.lines());
   QStringList differences;
@@ -63,8 +93,15 @@ int Main(int argc, char** argv) {
   QStringList arguments;
   for (int i = 0; i < argc; ++i) arguments += QString::fromLocal8Bit(argv[i]);
   QCommandLineParser parser;
-  parser.addOptions(
-      {{"show", {}}, {"shots", {}, "DIR"}, {"size", {}, "WxH"}, {"database", {}, "FILE"}});
+  parser.addOptions({{"show", {}},
+                     {"keys", {}},
+                     {"undo", {}},
+                     {"shots", {}, "DIR"},
+                     {"size", {}, "WxH"},
+                     {"database", {}, "FILE"},
+                     {"table", {}, "DIR"},
+                     {"kill-every", {}, "LINES"},
+                     {"from", {}, "LINE"}});
   const bool understood = parser.parse(arguments);
   const QStringList games = parser.positionalArguments();
   const QString size = parser.value("size");
@@ -72,11 +109,15 @@ int Main(int argc, char** argv) {
                                 parser.value("shots"),
                                 {size.section('x', 0, 0).toInt(), size.section('x', 1).toInt()},
                                 parser.value("database"),
+                                parser.isSet("keys"),
+                                parser.isSet("undo"),
+                                parser.value("kill-every").toLongLong(),
+                                parser.value("from").toLongLong(),
                                 false};
   if (!understood || games.isEmpty() || size.isEmpty() != options.screen.isEmpty()) {
     std::fputs(
-        "Usage: dtb_replay [--show] [--shots DIR] [--size WxH] [--database FILE] "
-        "SCRIPT|FOLDER...\n",
+        "Usage: dtb_replay [--show] [--keys] [--undo] [--shots DIR] [--size WxH] "
+        "[--database FILE] [--kill-every LINES] SCRIPT|FOLDER...\n",
         stderr);
     return 2;
   }
@@ -89,11 +130,16 @@ int Main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     return PlayGames(arguments.mid(1), games);
   }
+  const bool kills = options.killEvery > 0 || Kills(games.first());
+  if (kills && parser.value("table").isEmpty()) {
+    const QCoreApplication application(argc, argv);
+    return PlayOnAfterKills(arguments.mid(1));
+  }
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   DressApplication();
   try {
-    return PlayGame(games.first(), options);
+    return PlayGame(games.first(), parser.value("table"), options);
   } catch (const Refused& refused) {
     std::fprintf(stderr, "%s\n", refused.what());
     return 1;

@@ -22,18 +22,23 @@ struct ScriptedDialogs : FileDialogs {
     return Next();
   }
   std::optional<std::filesystem::path> SaveFile(const SaveFileRequest& /*request*/) override {
-    return Next();
+    return report ? report : Next();
   }
   std::optional<std::filesystem::path> Next() {
     return answers.isEmpty() ? std::nullopt : answers.takeFirst();
   }
   QList<std::optional<std::filesystem::path>> answers;
+  std::optional<std::filesystem::path> report;  // takes every report; none: the next answer does
 };
 
-// A program folder of its own, with the given database, or else an empty one.
-struct PlayFolder : QTemporaryDir {
-  explicit PlayFolder(const QString& database) {
+// A program folder of its own, with the given database, or else an empty one. A folder that is
+// given stays, and is taken as it stands where it was filled before.
+class PlayFolder {
+ public:
+  PlayFolder(const QString& database, const QString& given)
+      : given_(given), own_(given.isEmpty() ? std::make_unique<QTemporaryDir>() : nullptr) {
     const QDir program(QStringLiteral(DTB_PROGRAM_FOLDER));
+    if (QFile::exists(filePath("DTB.mdb"))) return;
     for (const QString& name : program.entryList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
       QFile::link(program.filePath(name), filePath(name));
     }
@@ -46,18 +51,32 @@ struct PlayFolder : QTemporaryDir {
     SQLite::Database(FromQt(filePath("DTB.mdb")), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
         .exec(schema.readAll().toStdString());
   }
+
+  [[nodiscard]] QString path() const { return own_ ? own_->path() : given_; }
+  [[nodiscard]] QString filePath(const QString& name) const { return QDir(path()).filePath(name); }
+
+ private:
+  QString given_;
+  std::unique_ptr<QTemporaryDir> own_;
 };
 
 // A desk whose program folder and settings are made for it and go with it, and so does its database
-// unless one is given.
+// unless one is given. With a folder that stays, its game outlives it.
 struct PlayTable {
-  explicit PlayTable(const QString& database = {}) : folder(database) {}
+  explicit PlayTable(const QString& database = {}, const QString& kept = {})
+      : folder(database, kept), keepsGame(!kept.isEmpty()) {}
 
   PlayFolder folder;
+  bool keepsGame;
   ScriptedDialogs dialogs;
   QuietDesktop quiet;  // what the program opens outside itself stays closed, and nothing sounds
-  Desk desk{Desk::Setup{PathOfFile(folder.path()), folder.filePath("settings.ini"), &dialogs,
-                        &quiet, &quiet, &quiet}};
+  Desk desk{Desk::Setup{.programFolder = PathOfFile(folder.path()),
+                        .settingsFile = folder.filePath("settings.ini"),
+                        .dialogs = &dialogs,
+                        .pages = &quiet,
+                        .spreadsheets = &quiet,
+                        .sounds = &quiet,
+                        .recovery = keepsGame}};
 };
 
 }  // namespace dtb::replay

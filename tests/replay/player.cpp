@@ -4,8 +4,10 @@
 #include <QRegularExpression>
 #include <QTimer>
 #include <QWindow>
+#include <csignal>
 #include <cstdio>
 
+#include "game/history.h"
 #include "replay/game_state.h"
 #include "replay/gestures.h"
 #include "teams/player_name.h"
@@ -25,6 +27,14 @@ const Names& NamesOf(Side side) {
   static const Names home{"List2",   "Command7", "lbl_HomePitcher",
                           "Option6", "Check2",   "tb_List2edit"};
   return side == Side::Visitors ? visitors : home;
+}
+
+const QHash<QString, QString>& OutcomeKeys() {
+  static const QHash<QString, QString> keys{{"1B", "1"}, {"2B", "2"}, {"3B", "3"}, {"HR", "4"},
+                                            {"BB", "W"}, {"K", "K"},  {"GO", "G"}, {"FO", "F"},
+                                            {"LO", "L"}, {"PO", "P"}, {"DP", "D"}, {"FC", "C"},
+                                            {"TO", "T"}, {"AB", "E"}, {"RBI", "R"}};
+  return keys;
 }
 
 const QHash<QString, QString>& Outcomes() {
@@ -78,6 +88,11 @@ Player::Player(PlayTable& table, const QString& script, const Options& options)
   lines_ = QString::fromUtf8(file.readAll()).remove('\r').split('\n');
   if (lines_.last().isEmpty()) lines_.removeLast();
   scriptLines_ = lines_.size();
+  next_ = options.from;
+  if (options.undo) {
+    lines_ += {"UNDO *", "REDO *"};
+    NoteStates();
+  }
   if (options.save) lines_ += {"CLICK lbl_STATS", "CLICK Command2", "CLOSE"};
   // On a screen the timers run by themselves; else they tick when the script says so.
   if (!options.show) table.desk.form1().constantTimer().stop();
@@ -93,6 +108,8 @@ void Player::MakeGesture() {
     half_ = HalfInProgress(board_.state);
     KeepPicture(QString("half-%1").arg(half_, 2, 10, QChar('0')));
   }
+  const bool dies = options_.killEvery > 0 && next_ == options_.from + options_.killEvery;
+  if (dies && gestures_.isEmpty() && next_ < scriptLines_) Kill();
   while (gestures_.isEmpty() && next_ < lines_.size()) TakeLine();
   if (gestures_.isEmpty()) return Finish(0);
   Perform(gestures_.takeFirst());
@@ -126,15 +143,18 @@ bool Player::Answer(MessageBox& box) {
     const QString answer = answers_.isEmpty() ? "Yes" : answers_.takeFirst();
     Click(TargetAt("cmd_" + answer.toUpper()));
   } else {
-    PressKey(&box, "Return");
+    PressKey(&box, key_.isEmpty() ? "Return" : key_);
   }
   return true;
 }
 
 QStringList Player::GesturesOf(const QString& line) const {
   const QString verb = Word(line, 0);
+  if (options_.keys && OutcomeKeys().contains(verb)) return {"OUTCOME " + OutcomeKeys()[verb]};
   if (Outcomes().contains(verb)) return {"CLICK " + Outcomes()[verb]};
-  if (verb == "SB") return {GestureAtPieceOf(FromQt(Rest(line, 1)))};
+  if (verb == "SB") return GesturesOfSteal(FromQt(Rest(line, 1)));
+  if (line == "UNDO *") return QStringList(static_cast<qsizetype>(board_.history->steps()), "UNDO");
+  if (line == "REDO *") return QStringList(static_cast<qsizetype>(states_.size()) - 1, "REDO");
   if (!QStringList{"LOAD", "PITCHER", "ATBAT", "BATTER", "SWAP"}.contains(verb)) return {line};
   const QString word = Word(line, 1);
   if (word != "visitors" && word != "home") throw Refused("\"" + word + "\" is no side");
@@ -166,12 +186,13 @@ QStringList Player::GesturesOfSwap(Side side, const QString& players) const {
   return gestures + QStringList{"CLICK " + names.edit};
 }
 
-QString Player::GestureAtPieceOf(const std::string& name) const {
+QStringList Player::GesturesOfSteal(const std::string& name) const {
   for (int piece = 0; piece < kPieces; ++piece) {
     if (board_.state.pieces.at(piece).tag.value() != name) continue;
+    if (options_.keys) return {"OUTCOME S", QString("OUTCOME %1").arg(piece + 1)};
     const QString box = QString("pb_Player%1").arg(piece + 1);
     const QSize size = FindControl(box)->size();
-    return QString("CTRLCLICK %1@%2,%3").arg(box).arg(size.width() / 2).arg(size.height() / 4);
+    return {QString("CTRLCLICK %1@%2,%3").arg(box).arg(size.width() / 2).arg(size.height() / 4)};
   }
   throw Refused("no game piece bears " + ToQt(name));
 }
@@ -233,7 +254,15 @@ bool Player::UseMouse(QString verb, const QString& gesture) {
 void Player::Perform(const QString& gesture) {
   const QString verb = Word(gesture, 0);
   QWidget* front = FrontWindow();
-  if (verb == "TYPE") {
+  key_ = verb == "OUTCOME" ? Word(gesture, 1) : QString();
+  if (verb == "OUTCOME") {
+    PressKey(front, key_);
+  } else if (verb == "UNDO" || verb == "REDO") {
+    QWidget* focus = front->focusWidget();
+    PressKey(focus ? focus : front, verb == "UNDO" ? "Ctrl+Z" : "Ctrl+Shift+Z");
+  } else if (verb == "KILL") {
+    Kill();
+  } else if (verb == "TYPE") {
     TypeText(FindControl(Word(gesture, 1)), Rest(gesture, 2));
   } else if (verb == "KEY") {
     PressKey(FindControl(Word(gesture, 1)), Word(gesture, 2));
@@ -263,6 +292,31 @@ void Player::Perform(const QString& gesture) {
   } else if (!UseMouse(verb, gesture)) {
     throw Refused("there is no way to " + gesture);
   }
+}
+
+void Player::NoteStates() {
+  states_[0] = GameText(board_);
+  board_.history->Observe([this] {
+    constexpr qsizetype kUndoAndRedo = 2;
+    if (next_ > scriptLines_ + kUndoAndRedo) return;
+    const bool goes = next_ > scriptLines_;
+    std::string& state = states_[board_.history->steps()];
+    if (goes && state != GameText(board_)) {
+      return Refuse(QString("the game after %1 steps is another").arg(board_.history->steps()));
+    }
+    if (!goes) state = GameText(board_);
+  });
+}
+
+// As a power cut would, but with a person's pace before it.
+void Player::Kill() {
+  if (table_.desk.recovery() == nullptr) throw Refused("KILL needs a table that is kept");
+  table_.desk.recovery()->Wait();
+  QFile next(table_.folder.filePath(kNextLine));
+  if (!next.open(QIODevice::WriteOnly)) throw Refused("the next line cannot be noted");
+  next.write(QByteArray::number(next_));
+  next.close();
+  std::raise(SIGKILL);
 }
 
 void Player::Dump() {

@@ -18,13 +18,20 @@ class Player : public Driver {
     bool show = false;
     QString pictures;  // folder of the pictures; "": none are kept
     QSize screen;
-    QString database;   // that takes the game; "": one of its own
-    bool save = false;  // the game, at the end of the script: it settles the last pitchers
+    QString database;         // that takes the game; "": one of its own
+    bool keys = false;        // outcomes by the keyboard
+    bool undo = false;        // at the end of the script all of it is taken back and done again
+    qsizetype killEvery = 0;  // so many lines; 0: never
+    qsizetype from = 0;       // the line with which to begin
+    bool save = false;        // the game, at the end of the script: it settles the last pitchers
   };
 
   // Files that the script names are looked for beside it.
   Player(PlayTable& table, const QString& script, const Options& options);
   [[nodiscard]] qsizetype lines() const { return scriptLines_; }
+
+  // The file in the table's folder that names the line after the one that killed the program.
+  static constexpr const char* kNextLine = "next-line";
 
  protected:
   void MakeGesture() override;
@@ -35,7 +42,7 @@ class Player : public Driver {
   void TakeLine();
   [[nodiscard]] QStringList GesturesOf(const QString& line) const;
   [[nodiscard]] QStringList GesturesOfSwap(Side side, const QString& players) const;
-  [[nodiscard]] QString GestureAtPieceOf(const std::string& name) const;
+  [[nodiscard]] QStringList GesturesOfSteal(const std::string& name) const;
   // The gesture that frees a piece for the next batter; "" where one is free.
   [[nodiscard]] QString Tidying();
   [[nodiscard]] bool StealsLater(const std::string& name) const;
@@ -43,6 +50,8 @@ class Player : public Driver {
   void Perform(const QString& gesture);
   bool UseMouse(QString verb, const QString& gesture);
   void Dump();
+  void NoteStates();
+  void Kill();
   void KeepPicture(const QString& name) const;
 
   PlayTable& table_;
@@ -56,6 +65,8 @@ class Player : public Driver {
   QStringList answers_;   // to the next questions
   QStringList messages_;  // of the boxes since the last dump
   QPointer<MessageBox> seen_;
+  QString key_;  // the outcome key pressed last; "" after another gesture
+  std::map<std::size_t, std::string> states_;  // the game after so many steps
   int half_ = 0;
   int clock_ = 0;
   std::map<std::string, int> men_;  // on the pieces; the larger, the later he came on

@@ -1,6 +1,8 @@
 #include "platform/qt/qt_settings_store.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
 #include <utility>
@@ -34,6 +36,10 @@ QtSettingsStore::QtSettingsStore(QString file) : file_(std::move(file)) {
   if (QSettings(file_, QSettings::IniFormat).status() != QSettings::FormatError) return;
   const QString kept = FreeNameBeside(file_);
   if (QFile::rename(file_, kept)) damagedFile_ = kept;
+}
+
+QString QtSettingsStore::FileBeside(const char* name) const {
+  return QFileInfo(file_).dir().filePath(QLatin1String(name));
 }
 
 std::string QtSettingsStore::Read(const std::string& section, const std::string& key,

@@ -17,6 +17,9 @@ class QtSettingsStore : public SettingsStore {
                    const std::string& missing) override;
   void Write(const std::string& section, const std::string& key, const std::string& value) override;
 
+  // The path of another file of this program in the same folder.
+  [[nodiscard]] QString FileBeside(const char* name) const;
+
   // Where a damaged file was kept; empty if there was none.
   [[nodiscard]] const QString& damagedFile() const { return damagedFile_; }
 

@@ -1,0 +1,31 @@
+// The game in progress, kept for the case that the program ends without the person's will.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "aids/aids_state.h"
+#include "game/memento.h"
+
+namespace dtb {
+
+// All that stands on the board, the sheet and in the log, with a checksum, as bytes for a file.
+[[nodiscard]] std::string TableText(const Board& board, const AidsState& aids);
+
+// What such bytes tell.
+struct KeptTable {
+  GameMemento game;
+  AidsState aids;
+};
+
+// Throws DamagedText for bytes that are damaged or from another program. Nothing changes yet.
+[[nodiscard]] KeptTable ReadTable(std::string_view bytes, const Board& board, const Aids& aids);
+
+// Puts it back in silence; no step can be taken back then.
+void TakeUp(const KeptTable& kept, Board& board, Aids& aids);
+
+// At start: where a game was kept, asks whether to go on with it. A game that is not wanted, and a
+// file that cannot be understood, are moved aside and kept.
+void OfferRecovery(Board& board, Aids& aids, RecoveryStore& store);
+
+}  // namespace dtb

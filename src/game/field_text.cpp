@@ -1,0 +1,122 @@
+#include "game/field_text.h"
+
+#include <bit>
+#include <utility>
+
+namespace dtb {
+namespace {
+
+// Numbers are groups of seven bits, the lowest first; the eighth bit tells that more follow.
+constexpr unsigned kGroup = 7;
+constexpr unsigned kMore = 0x80;
+
+}  // namespace
+
+void FieldWriter::PutNumber(std::uint64_t number) {
+  while (number >= kMore) {
+    text_ += static_cast<char>((number & (kMore - 1)) | kMore);
+    number >>= kGroup;
+  }
+  text_ += static_cast<char>(number);
+}
+
+void FieldWriter::Put(std::string_view value) {
+  PutNumber(value.size());
+  text_ += value;
+}
+
+void FieldWriter::Put(double value) { PutNumber(std::bit_cast<std::uint64_t>(value)); }
+
+void FieldWriter::Put(Colour value) {
+  for (const std::uint8_t part : {value.red, value.green, value.blue}) {
+    text_ += static_cast<char>(part);
+  }
+}
+
+void FieldWriter::Put(const Picture& value) {
+  Put(value.path);
+  PutNumber(value.stamp);
+}
+
+void FieldWriter::Put(const LineupList& list) {
+  PutNumber(list.entries().size());
+  for (const std::string& entry : list.entries()) Put(entry);
+  Put(list.selected());
+}
+
+void FieldWriter::Put(const StatGrid& grid) {
+  for (int column = 0; column < grid.columns(); ++column) {
+    Put(grid.ColumnAt(column).width);
+    for (int row = 0; row < grid.rows(); ++row) Put(grid.Text(row, column));
+  }
+}
+
+char FieldReader::TakeByte() {
+  if (text_.empty()) throw DamagedText();
+  const char byte = text_.front();
+  text_.remove_prefix(1);
+  return byte;
+}
+
+std::uint64_t FieldReader::TakeNumber() {
+  constexpr unsigned kBits = 64;
+  std::uint64_t number = 0;
+  for (unsigned shift = 0; shift < kBits; shift += kGroup) {
+    const auto byte = static_cast<unsigned char>(TakeByte());
+    number |= static_cast<std::uint64_t>(byte & (kMore - 1)) << shift;
+    if ((byte & kMore) == 0) return number;
+  }
+  throw DamagedText();
+}
+
+std::string_view FieldReader::TakeText() {
+  const std::uint64_t size = TakeNumber();
+  if (size > text_.size()) throw DamagedText();
+  const std::string_view taken = text_.substr(0, size);
+  text_.remove_prefix(size);
+  return taken;
+}
+
+void FieldReader::Take(std::string& value) { value = TakeText(); }
+
+void FieldReader::Take(bool& value) {
+  const char byte = TakeByte();
+  if (byte != '0' && byte != '1') throw DamagedText();
+  value = byte == '1';
+}
+
+void FieldReader::Take(double& value) { value = std::bit_cast<double>(TakeNumber()); }
+
+void FieldReader::Take(Colour& value) {
+  for (std::uint8_t* part : {&value.red, &value.green, &value.blue}) {
+    *part = static_cast<std::uint8_t>(TakeByte());
+  }
+}
+
+void FieldReader::Take(Picture& value) {
+  Take(value.path);
+  value.stamp = TakeNumber();
+}
+
+void FieldReader::Take(LineupList& list) {
+  LineupList taken;
+  for (std::uint64_t left = TakeNumber(); left > 0; --left) {
+    taken.Append(std::string(TakeText()));
+  }
+  int selected = LineupList::kNoRow;
+  Take(selected);
+  if (selected != LineupList::kNoRow && !taken.HasRow(selected)) throw DamagedText();
+  taken.Select(selected);
+  list = taken;
+}
+
+void FieldReader::Take(StatGrid& grid) {
+  for (int column = 0; column < grid.columns(); ++column) {
+    int width = 0;
+    Take(width);
+    grid.SetColumnWidth(column, width);
+    for (int row = 0; row < grid.rows(); ++row) grid.SetText(row, column, TakeText());
+  }
+}
+
+}  // namespace dtb

@@ -1,0 +1,104 @@
+// Fields as one text of bytes, and back.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "game/board_state.h"
+#include "sheet/stat_grid.h"
+#include "shell/program_error.h"
+
+namespace dtb {
+
+// A text that does not tell what it should.
+class DamagedText : public ProgramError {
+ public:
+  DamagedText() : ProgramError(error_number::kInvalidFileFormat, "The text is damaged") {}
+};
+
+// Puts values into a text, one behind the other. A text goes in with its length in front.
+class FieldWriter {
+ public:
+  explicit FieldWriter(std::string& text) : text_(text) {}
+
+  template <class... Values>
+  void operator()(const Values&... values) {
+    (Put(values), ...);
+  }
+
+  void Put(std::string_view value);
+  void Put(const std::string& value) { Put(std::string_view(value)); }
+  void Put(bool value) { text_ += value ? '1' : '0'; }
+  void Put(int value) { PutNumber(static_cast<std::uint32_t>(value)); }
+  void Put(double value);
+  void Put(Colour value);
+  void Put(const Picture& value);
+  void Put(const LineupList& list);
+  void Put(const ScoreCell& cell) { (*this)(cell.text, cell.colour); }
+  void Put(const GamePiece& piece) {
+    (*this)(piece.picture, piece.tag, piece.plate, piece.store, piece.left, piece.top);
+  }
+  // Cells and column widths; the rest of a grid's looks does not change in a game.
+  void Put(const StatGrid& grid);
+  template <class T>
+  void Put(const Field<T>& field) {
+    Put(field.value());
+  }
+  template <class T, std::size_t size>
+  void Put(const std::array<T, size>& values) {
+    for (const T& value : values) Put(value);
+  }
+
+ private:
+  void PutNumber(std::uint64_t number);
+  std::string& text_;
+};
+
+// Takes them out again in the same order, into fields of copies: nothing hears of it. Throws
+// DamagedText where the text ends early or tells something else.
+class FieldReader {
+ public:
+  explicit FieldReader(std::string_view text) : text_(text) {}
+
+  template <class... Values>
+  void operator()(Values&... values) {
+    (Take(values), ...);
+  }
+
+  void Take(std::string& value);
+  void Take(bool& value);
+  void Take(int& value) { value = static_cast<int>(static_cast<std::uint32_t>(TakeNumber())); }
+  void Take(double& value);
+  void Take(Colour& value);
+  void Take(Picture& value);
+  void Take(LineupList& list);
+  void Take(ScoreCell& cell) { (*this)(cell.text, cell.colour); }
+  void Take(GamePiece& piece) {
+    (*this)(piece.picture, piece.tag, piece.plate, piece.store, piece.left, piece.top);
+  }
+  // The grid has its size already.
+  void Take(StatGrid& grid);
+  template <class T>
+  void Take(Field<T>& field) {
+    T value{};
+    Take(value);
+    field = Field<T>(std::move(value));
+  }
+  template <class T, std::size_t size>
+  void Take(std::array<T, size>& values) {
+    for (T& value : values) Take(value);
+  }
+
+  [[nodiscard]] bool AtEnd() const { return text_.empty(); }
+
+ private:
+  char TakeByte();
+  std::uint64_t TakeNumber();
+  std::string_view TakeText();
+  std::string_view text_;
+};
+
+}  // namespace dtb

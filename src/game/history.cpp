@@ -1,0 +1,147 @@
+#include "game/history.h"
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+#include "game/field_text.h"
+#include "game/game_fields.h"
+#include "game/memento.h"
+
+namespace dtb {
+namespace {
+
+const auto kLeaveAlone = [](const auto&...) {};
+
+void PutBack(Board& board, std::string_view game) {
+  GameMemento memento = Remember(board);
+  FieldReader reader(game);
+  VisitFields(memento.state, memento.sheet, reader, kLeaveAlone);
+  Restore(board, memento);
+}
+
+// The line at a place of the log, without its end.
+std::string LineAt(const std::string& log, std::size_t place) {
+  return log.substr(place, log.find('\r', place) - place);
+}
+
+}  // namespace
+
+std::string GameText(const Board& board) {
+  constexpr std::size_t kUsualSize = 1U << 14U;
+  std::string text;
+  text.reserve(kUsualSize);
+  FieldWriter writer(text);
+  VisitFields(std::as_const(board.state), std::as_const(board.sheet), writer, kLeaveAlone);
+  return text;
+}
+
+void SnapshotStack::Push(std::string snapshot) {
+  if (count_++ > 0) {
+    const std::size_t shorter = std::min(newest_.size(), snapshot.size());
+    const auto start = static_cast<std::size_t>(
+        std::mismatch(newest_.begin(), newest_.begin() + static_cast<std::ptrdiff_t>(shorter),
+                      snapshot.begin())
+            .first -
+        newest_.begin());
+    std::size_t end = 0;
+    while (end < shorter - start &&
+           newest_[newest_.size() - 1 - end] == snapshot[snapshot.size() - 1 - end]) {
+      ++end;
+    }
+    older_.push_back({start, end, newest_.substr(start, newest_.size() - start - end)});
+  }
+  newest_ = std::move(snapshot);
+}
+
+std::string SnapshotStack::Pop() {
+  std::string popped = std::move(newest_);
+  newest_.clear();
+  if (--count_ == 0) return popped;
+  const Older& next = older_.back();
+  newest_ = popped.substr(0, next.start) + next.middle + popped.substr(popped.size() - next.end);
+  older_.pop_back();
+  return popped;
+}
+
+void SnapshotStack::Clear() { *this = {}; }
+
+std::size_t SnapshotStack::BytesTaken() const {
+  std::size_t bytes = newest_.capacity() + older_.capacity() * sizeof(Older);
+  for (const Older& older : older_) bytes += older.middle.capacity();
+  return bytes;
+}
+
+std::string History::UndoName() const { return CanUndo() ? done_.steps.back().name : ""; }
+
+std::string History::RedoName() const { return CanRedo() ? undone_.steps.back().name : ""; }
+
+void History::Undo(Board& board) { Go(board, done_, undone_, " [UNDONE]"); }
+
+void History::Redo(Board& board) { Go(board, undone_, done_, " [REDONE]"); }
+
+void History::Go(Board& board, Steps& from, Steps& to, std::string_view mark) {
+  if (depth_ > 0 || from.steps.empty()) return;
+  to.snapshots.Push(GameText(board));
+  PutBack(board, from.snapshots.Pop());
+  board.log.Append(std::string(from.steps.back().line).append(mark));
+  to.steps.push_back(std::move(from.steps.back()));
+  from.steps.pop_back();
+  Seal();
+  Tell();
+}
+
+void History::Clear() {
+  done_ = {};
+  undone_ = {};
+  Seal();
+  walled_ = depth_ > 0;
+  Tell();
+}
+
+std::size_t History::BytesTaken() const {
+  std::size_t bytes = done_.snapshots.BytesTaken() + undone_.snapshots.BytesTaken();
+  for (const Steps* steps : {&done_, &undone_}) {
+    bytes += steps->steps.capacity() * sizeof(Step);
+    for (const Step& step : steps->steps) bytes += step.name.capacity() + step.line.capacity();
+  }
+  return bytes;
+}
+
+void History::Finish(Board& board, std::string before, std::size_t logBefore, std::string name,
+                     std::string mergeKey) {
+  if (std::exchange(walled_, false)) return Tell();
+  const bool logged = board.log.text().size() > logBefore;
+  if (!logged && GameText(board) == before) return;
+  const bool merges = !mergeKey.empty() && mergeKey == mergeKey_ && CanUndo();
+  if (merges) {
+    done_.steps.back().name = std::move(name);
+  } else {
+    std::string line = logged ? LineAt(board.log.text(), logBefore) : name;
+    done_.steps.push_back({std::move(name), std::move(line)});
+    done_.snapshots.Push(std::move(before));
+  }
+  undone_ = {};
+  mergeKey_ = std::move(mergeKey);
+  Tell();
+}
+
+Gesture::Gesture(Board& board, std::string name, std::string mergeKey)
+    : board_(board), name_(std::move(name)), mergeKey_(std::move(mergeKey)) {
+  if (board.history == nullptr || board.history->depth_++ > 0) return;
+  before_ = GameText(board);
+  logBefore_ = board.log.text().size();
+}
+
+Gesture::~Gesture() {
+  if (board_.history == nullptr || --board_.history->depth_ > 0) return;
+  try {
+    board_.history->Finish(board_, std::move(before_), logBefore_, std::move(name_),
+                           std::move(mergeKey_));
+  } catch (const std::bad_alloc&) {
+    // The game goes on; what lies behind is out of reach.
+    board_.history->Clear();
+  }
+}
+
+}  // namespace dtb

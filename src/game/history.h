@@ -1,0 +1,125 @@
+// The way back through the gestures of a game, and forward again.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "game/board.h"
+
+namespace dtb {
+
+// The fields that a step back restores, as one text: equal texts are equal games.
+[[nodiscard]] std::string GameText(const Board& board);
+
+// States of a game, newest on top. Each below the top is kept as what differs from the one above
+// it, so hundreds take little.
+class SnapshotStack {
+ public:
+  void Push(std::string snapshot);
+  // The newest; the stack must not be empty.
+  [[nodiscard]] std::string Pop();
+  [[nodiscard]] bool empty() const { return count_ == 0; }
+  void Clear();
+  [[nodiscard]] std::size_t BytesTaken() const;
+
+ private:
+  // Where an older snapshot is the same as the newer one at both ends, and its own middle.
+  struct Older {
+    std::size_t start = 0;
+    std::size_t end = 0;
+    std::string middle;
+  };
+  std::string newest_;
+  std::vector<Older> older_;
+  std::size_t count_ = 0;
+};
+
+// One gesture is one step, whatever it changes. The event log is never cut.
+class History {
+ public:
+  // The number of steps that can be taken back.
+  [[nodiscard]] std::size_t steps() const { return done_.steps.size(); }
+  [[nodiscard]] bool CanUndo() const { return !done_.steps.empty(); }
+  [[nodiscard]] bool CanRedo() const { return !undone_.steps.empty(); }
+  // Names of the steps, "1B, Tony Kubek"; "" where there is none.
+  [[nodiscard]] std::string UndoName() const;
+  [[nodiscard]] std::string RedoName() const;
+
+  // Goes back a step, or forward again: the fields are put back in silence, and the log gets the
+  // line of the step with " [UNDONE]" or " [REDONE]" behind it. Without a step, and in the middle
+  // of a gesture, nothing happens.
+  void Undo(Board& board);
+  void Redo(Board& board);
+
+  // Nothing that was done up to now can be taken back any more, the gesture in progress included.
+  void Clear();
+
+  // Ends the merging of gestures of one kind, see Gesture.
+  void Seal() { mergeKey_.clear(); }
+
+  // Hears of each gesture that changed something, of each step back or forward, and of Clear.
+  // Observers are never taken off.
+  void Observe(std::function<void()> observer) { observers_.push_back(std::move(observer)); }
+
+  // Bytes of store that all steps take.
+  [[nodiscard]] std::size_t BytesTaken() const;
+
+ private:
+  friend class Gesture;
+
+  struct Step {
+    std::string name;
+    std::string line;  // first line that the gesture put into the log; else its name
+  };
+  struct Steps {
+    std::vector<Step> steps;
+    SnapshotStack snapshots;  // the game before a step done, or after a step undone
+  };
+
+  void Finish(Board& board, std::string before, std::size_t logBefore, std::string name,
+              std::string mergeKey);
+  void Go(Board& board, Steps& from, Steps& to, std::string_view mark);
+  void Tell() const {
+    for (const auto& observer : observers_) observer();
+  }
+
+  Steps done_;
+  Steps undone_;
+  std::string mergeKey_;  // of the newest step
+  int depth_ = 0;         // gestures in progress, one inside the other
+  bool walled_ = false;   // the gesture in progress cannot be taken back
+  std::vector<std::function<void()>> observers_;
+};
+
+// Gestures of one kind that follow do not merge with those before.
+inline void SealGesture(const Board& board) {
+  if (board.history != nullptr) board.history->Seal();
+}
+
+// A gesture of the person, for as long as it lives. Everything that it changes is one step of the
+// board's history; a gesture inside another belongs to it. One that changes nothing leaves no
+// trace. Without a history nothing happens.
+class Gesture {
+ public:
+  // Gestures in a row with the same merge key are one step: the letters of a text, the moves of a
+  // drag.
+  Gesture(Board& board, std::string name, std::string mergeKey = {});
+  ~Gesture();
+  Gesture(const Gesture&) = delete;
+  Gesture& operator=(const Gesture&) = delete;
+
+  // For a gesture whose name shows only afterwards.
+  void SetName(std::string name) { name_ = std::move(name); }
+
+ private:
+  Board& board_;
+  std::string name_;
+  std::string mergeKey_;
+  std::string before_;
+  std::size_t logBefore_ = 0;
+};
+
+}  // namespace dtb

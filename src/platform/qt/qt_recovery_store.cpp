@@ -1,0 +1,79 @@
+#include "platform/qt/qt_recovery_store.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <utility>
+
+#include "platform/qt/qt_text.h"
+
+namespace dtb {
+
+QtRecoveryStore::QtRecoveryStore(const QString& file)
+    : file_(file), lock_(file + QStringLiteral(".lock")) {
+  QDir().mkpath(QFileInfo(file).path());  // not there before the first setting
+  // However long a game takes, its program has the file; that of a dead one is free at once.
+  lock_.setStaleLockTime(0);
+  // A program that died while it wrote its lock leaves one that tells nothing. The system itself
+  // knows whether somebody still holds it, and then this removes nothing.
+  if (!lock_.tryLock(0) && lock_.removeStaleLockFile()) {
+    static_cast<void>(lock_.tryLock(0));
+  }
+  writer_.setMaxThreadCount(1);
+  writer_.setExpiryTimeout(-1);
+  if (mine()) {
+    RemoveHalfWritten();
+  } else {
+    works_ = takenByAnother();
+  }
+}
+
+// A program that died while it wrote leaves a file with six letters behind the name.
+void QtRecoveryStore::RemoveHalfWritten() const {
+  const QFileInfo file(file_);
+  QDir folder = file.dir();
+  for (const QString& half :
+       folder.entryList({file.fileName() + QStringLiteral(".??????")}, QDir::Files)) {
+    folder.remove(half);
+  }
+}
+
+QtRecoveryStore::~QtRecoveryStore() { writer_.waitForDone(); }
+
+std::optional<std::string> QtRecoveryStore::Load() {
+  QFile file(file_);
+  if (!mine() || !file.open(QIODevice::ReadOnly)) return std::nullopt;
+  return file.readAll().toStdString();
+}
+
+void QtRecoveryStore::Keep(std::string bytes) {
+  if (!mine()) return;
+  writer_.waitForDone();
+  writer_.start([this, bytes = std::move(bytes)] {
+    QSaveFile file(file_);
+    const auto size = static_cast<qint64>(bytes.size());
+    const bool kept =
+        file.open(QIODevice::WriteOnly) && file.write(bytes.data(), size) == size && file.commit();
+    if (!kept) works_ = false;
+  });
+}
+
+std::string QtRecoveryStore::SetAside() {
+  writer_.waitForDone();
+  const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+  QString aside = file_ + QLatin1Char('.') + stamp;
+  for (int number = 2; QFileInfo::exists(aside); ++number) {
+    aside = file_ + QStringLiteral(".%1-%2").arg(stamp).arg(number);
+  }
+  QFile::rename(file_, aside);
+  return FromQt(aside);
+}
+
+void QtRecoveryStore::Discard() {
+  writer_.waitForDone();
+  if (mine()) QFile::remove(file_);
+}
+
+}  // namespace dtb

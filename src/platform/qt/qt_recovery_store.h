@@ -1,0 +1,50 @@
+// The game in progress in a file beside the settings.
+#pragma once
+
+#include <QLockFile>
+#include <QString>
+#include <QThreadPool>
+#include <atomic>
+
+#include "platform/platform.h"
+
+namespace dtb {
+
+// One program at a time has the file; a second one with the same file keeps nothing.
+class QtRecoveryStore : public RecoveryStore {
+ public:
+  explicit QtRecoveryStore(const QString& file);
+  // Waits until what was given last is safe.
+  ~QtRecoveryStore() override;
+  QtRecoveryStore(const QtRecoveryStore&) = delete;
+  QtRecoveryStore& operator=(const QtRecoveryStore&) = delete;
+
+  // This program has the file.
+  [[nodiscard]] bool mine() const { return lock_.isLocked(); }
+  // Another program that runs has it.
+  [[nodiscard]] bool takenByAnother() const {
+    return !mine() && lock_.error() == QLockFile::LockFailedError;
+  }
+  // False from the first time on that something could not be written there.
+  [[nodiscard]] bool works() const { return works_; }
+
+  std::optional<std::string> Load() override;
+  void Keep(std::string bytes) override;
+  std::string SetAside() override;
+
+  // Returns when what was given last is safe.
+  void Wait() { writer_.waitForDone(); }
+
+  // The program ends as the person wants it: nothing stays.
+  void Discard();
+
+ private:
+  void RemoveHalfWritten() const;
+
+  QString file_;
+  QLockFile lock_;
+  QThreadPool writer_;  // of one thread
+  std::atomic<bool> works_ = true;
+};
+
+}  // namespace dtb

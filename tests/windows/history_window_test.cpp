@@ -1,0 +1,203 @@
+// Undo, redo and recovery in the windows, and a game by keyboard.
+#include <QAction>
+#include <QLineEdit>
+
+#include "game/history.h"
+#include "teams/game_pieces.h"
+#include "window_test.h"
+
+namespace dtb {
+namespace {
+
+class HistoryWindowTest : public WindowTest {
+ protected:
+  // The program as it starts anew beside the same settings, after whatever the last one left.
+  void StartAnew() {
+    Desk::Setup setup;
+    setup.programFolder = FromQt(folder_.path());
+    setup.settingsFile = folder_.filePath(QStringLiteral("settings.ini"));
+    desk_ = std::make_unique<Desk>(setup);
+    desk_->Open();
+  }
+
+  // A power cut: what was kept stays, though the program goes.
+  void CutPower() {
+    desk_->recovery()->Wait();
+    const QString kept = folder_.filePath(QStringLiteral("kept"));
+    ASSERT_TRUE(QFile::copy(Game(), kept));
+    desk_.reset();
+    EXPECT_FALSE(QFile::exists(Game())) << "a clean end leaves nothing";
+    ASSERT_TRUE(QFile::rename(kept, Game()));
+  }
+
+  [[nodiscard]] QString Game() const { return folder_.filePath(QStringLiteral("DTB_v102.game")); }
+  [[nodiscard]] QStringList Beside(const QString& pattern) const {
+    return QDir(folder_.path()).entryList({pattern});
+  }
+
+  void PressAndClose(Qt::Key key) {
+    WhileWaiting([this, key] { Press(&form1(), key); });
+    Press(&form1(), key);
+    EXPECT_EQ(MessageBox::Open(), nullptr) << "the key that opened the box closes it";
+  }
+
+  QString told_;  // by the last box of a start
+  // Answers the next box, which comes while the program starts.
+  void Answer(Qt::Key key) {
+    WhileWaiting([this, key] {
+      told_ = MessageBox::Open()->message();
+      QTest::keyClick(MessageBox::Open()->window()->windowHandle(), key);
+    });
+  }
+};
+
+TEST_F(HistoryWindowTest, MenuAndKeysTakeBackAndNameIt) {
+  StartGame();
+  QAction* undo = form1().findChild<QAction*>("mnuUndo");
+  QAction* redo = form1().findChild<QAction*>("mnuRedo");
+  const std::string before = GameText(board());
+  PressAndClose(Qt::Key_1);
+  EXPECT_EQ(undo->text(), "Undo 1B, Ants 1");
+  EXPECT_FALSE(redo->isEnabled());
+  Press(&form1(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(GameText(board()), before);
+  EXPECT_EQ(redo->text(), "Redo 1B, Ants 1");
+  Press(&form1(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(board().state.lbl_Selected.value(), "Ants 2");
+  EXPECT_TRUE(board().log.text().ends_with("Ants 1_____1B [UNDONE]\r\nAnts 1_____1B [REDONE]\r\n"));
+}
+
+TEST_F(HistoryWindowTest, WhatIsTypedIsOneStepAndCtrlZInTheFieldIsTheGames) {
+  StartGame();
+  auto* cell = Find<QLineEdit>("tb_BoxScore[3]");
+  const std::size_t steps = board().history->steps();
+  Click(cell);
+  Type(&form1(), "12");
+  EXPECT_EQ(board().history->steps(), steps + 1) << "a letter for letter is one step";
+  EXPECT_EQ(board().state.tb_OUT.value(), "0") << "figures in a field are no outcomes";
+  Press(&form1(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(cell->text(), "");
+  Type(&form1(), "5");
+  Press(&form1(), Qt::Key_Escape);
+  PressAndClose(Qt::Key_K);
+  EXPECT_EQ(board().sheet.grd_VisStats.Text(1, stat_column::kStrikeouts), "1");
+  EXPECT_EQ(cell->text(), "5");
+}
+
+TEST_F(HistoryWindowTest, KeysStealBasesAndShowThemselves) {
+  StartGame();
+  PressAndClose(Qt::Key_W);
+  Press(&form1(), Qt::Key_S);
+  EXPECT_TRUE(Find("RunnerHint")->isVisible());
+  PressAndClose(Qt::Key_1);
+  EXPECT_FALSE(Find("RunnerHint")->isVisible());
+  EXPECT_EQ(board().sheet.grd_VisStats.Text(1, stat_column::kStolenBases), "1");
+  Press(&form1(), Qt::Key_S);
+  Press(&form1(), Qt::Key_4);  // nobody stands there
+  EXPECT_TRUE(board().log.text().ends_with("Ants 1_____SB\r\n"));
+  Press(&form1(), Qt::Key_Question);
+  EXPECT_TRUE(Find("KeyPlate")->isVisible());
+  Press(&form1(), Qt::Key_Escape);
+  EXPECT_FALSE(Find("KeyPlate")->isVisible());
+  Press(&form1(), Qt::Key_Down);
+  EXPECT_EQ(board().state.lbl_Selected.value(), "Ants 3") << "arrows go through the line-up";
+}
+
+TEST_F(HistoryWindowTest, ADragIsOneStep) {
+  StartGame();
+  QWidget* piece = Find("pb_Player1");
+  QWindow* window = form1().windowHandle();
+  const std::size_t steps = board().history->steps();
+  const std::string before = GameText(board());
+  const QPoint from = piece->mapTo(&form1(), piece->rect().center());
+  QTest::mousePress(window, Qt::LeftButton, {}, from);
+  for (int i = 1; i < 9; ++i) QTest::mouseMove(window, from + QPoint(12 * i, -9 * i));
+  QTest::mouseRelease(window, Qt::LeftButton, {}, from + QPoint(96, -72));
+  EXPECT_EQ(board().history->steps(), steps + 1);
+  board().history->Undo(board());
+  EXPECT_EQ(GameText(board()), before);
+}
+
+TEST_F(HistoryWindowTest, AGameIsPickedUpWithEverythingInItsPlace) {
+  board().state.lbl_PhotoPath.Set(FromQt(folder_.path()));
+  QImage(20, 30, QImage::Format_RGB32).save(folder_.filePath("Ants 2.jpg"));
+  StartGame();
+  PressAndClose(Qt::Key_4);
+  Press(&form1(), Qt::Key_Question);
+  MovePiece(board(), 1, 700, 500);
+  const std::string game = GameText(board());
+  const EventLog log = board().log;
+  CutPower();
+  Answer(Qt::Key_Y);
+  StartAnew();
+  EXPECT_EQ(told_, "A game was still in progress when the program ended. Go on with it?");
+  EXPECT_EQ(GameText(board()), game);
+  EXPECT_EQ(board().log, log);
+  EXPECT_EQ(Find<QLineEdit>("tb_BoxScore[21]")->text(), "1");
+  EXPECT_EQ(board().state.pieces[1].tag.value(), "Ants 2");
+  EXPECT_NE(Find("pb_Player2")->grab().toImage(), Find("pb_Player3")->grab().toImage());
+  EXPECT_FALSE(board().history->CanUndo());
+  PressAndClose(Qt::Key_G);
+  desk_->recovery()->Wait();
+  EXPECT_TRUE(QFile::exists(Game()));
+}
+
+TEST_F(HistoryWindowTest, AnUnwantedGameAndADamagedOneAreKeptAside) {
+  StartGame();
+  CutPower();
+  Answer(Qt::Key_N);
+  StartAnew();
+  EXPECT_TRUE(board().state.List1.empty());
+  EXPECT_EQ(Beside("DTB_v102.game.2*").size(), 1);
+  desk_.reset();
+
+  WriteFile(Game(), "Kelvane Diamond Table, a game in progress, 1\nand nonsense");
+  Answer(Qt::Key_Return);
+  StartAnew();
+  EXPECT_TRUE(told_.contains("could not be understood. It is kept as")) << FromQt(told_);
+  EXPECT_EQ(Beside("DTB_v102.game.2*").size(), 2);
+  StartGame();
+  PressAndClose(Qt::Key_1);
+}
+
+TEST_F(HistoryWindowTest, ASecondBoardIsToldAndLeavesTheFirstOnesGameAlone) {
+  StartGame();
+  desk_->recovery()->Wait();
+  const auto kept = desk_->recovery()->Load();
+  std::unique_ptr<Desk> first = std::move(desk_);
+  Answer(Qt::Key_Return);
+  StartAnew();
+  EXPECT_TRUE(told_.startsWith("Another board is open already")) << FromQt(told_);
+  StartGame();
+  desk_->recovery()->Wait();
+  EXPECT_EQ(first->recovery()->Load(), kept);
+  desk_.reset();
+  EXPECT_TRUE(QFile::exists(Game())) << "the end of the second takes nothing from the first";
+}
+
+TEST_F(HistoryWindowTest, TheFirstStartOfAllKeepsItsGame) {
+  desk_.reset();
+  Desk::Setup setup;
+  setup.programFolder = FromQt(folder_.path());
+  setup.settingsFile = folder_.filePath(QStringLiteral("new/config/settings.ini"));
+  desk_ = std::make_unique<Desk>(setup);
+  desk_->Open();
+  StartGame();
+  desk_->recovery()->Wait();
+  EXPECT_TRUE(QFile::exists(folder_.filePath(QStringLiteral("new/config/DTB_v102.game"))));
+}
+
+TEST_F(HistoryWindowTest, ADiskThatTakesNothingIsToldOnce) {
+  ASSERT_TRUE(QDir(folder_.path()).mkdir("DTB_v102.game"));
+  StartGame();
+  desk_->recovery()->Wait();
+  Answer(Qt::Key_Return);
+  board().state.List1.Select(0);
+  PutAtBat(board(), Side::Home);
+  QTRY_VERIFY_WITH_TIMEOUT(!told_.isEmpty(), 5000);
+  EXPECT_TRUE(told_.contains("cannot be kept beside the settings")) << FromQt(told_);
+  PressAndClose(Qt::Key_E);
+}
+
+}  // namespace
+}  // namespace dtb

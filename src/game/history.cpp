@@ -87,6 +87,7 @@ void History::Go(Board& board, Steps& from, Steps& to, std::string_view mark) {
   board.log.Append(std::string(from.steps.back().line).append(mark));
   to.steps.push_back(std::move(from.steps.back()));
   from.steps.pop_back();
+  merged_ = false;
   Seal();
   Tell();
 }
@@ -110,10 +111,12 @@ std::size_t History::BytesTaken() const {
 
 void History::Finish(Board& board, std::string before, std::size_t logBefore, std::string name,
                      std::string mergeKey) {
+  merged_ = false;
   if (std::exchange(walled_, false)) return Tell();
   const bool logged = board.log.text().size() > logBefore;
   if (!logged && GameText(board) == before) return;
   const bool merges = !mergeKey.empty() && mergeKey == mergeKey_ && CanUndo();
+  merged_ = merges;
   if (merges) {
     done_.steps.back().name = std::move(name);
   } else {

@@ -60,6 +60,9 @@ class History {
   // Ends the merging of gestures of one kind, see Gesture.
   void Seal() { mergeKey_.clear(); }
 
+  // The newest gesture went on with the one before it.
+  [[nodiscard]] bool merged() const { return merged_; }
+
   // Hears of each gesture that changed something, of each step back or forward, and of Clear.
   // Observers are never taken off.
   void Observe(std::function<void()> observer) { observers_.push_back(std::move(observer)); }
@@ -90,7 +93,8 @@ class History {
   Steps undone_;
   std::string mergeKey_;  // of the newest step
   int depth_ = 0;         // gestures in progress, one inside the other
-  bool walled_ = false;   // the gesture in progress cannot be taken back
+  bool merged_ = false;
+  bool walled_ = false;  // the gesture in progress cannot be taken back
   std::vector<std::function<void()>> observers_;
 };
 

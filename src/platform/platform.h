@@ -152,8 +152,8 @@ class RecoveryStore {
   [[nodiscard]] virtual std::optional<std::string> Load() = 0;
   // Keeps the bytes in the place of what was kept before, whole or not at all, behind the caller's
   // back. It returns when what an earlier call gave is safe, so at most one gesture is ever
-  // missing.
-  virtual void Keep(std::string bytes) = 0;
+  // missing. A gesture that only goes on, letter by letter or move by move, waits for nothing.
+  virtual void Keep(std::string bytes, bool gestureGoesOn) = 0;
   // Moves what is kept aside and returns the name of the file that has it now.
   virtual std::string SetAside() = 0;
 };

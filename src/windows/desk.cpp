@@ -115,7 +115,7 @@ void Desk::Open() {
 }
 
 void Desk::KeepGame() {
-  recovery_->Keep(TableText(board_, aidsState_));
+  recovery_->Keep(TableText(board_, aidsState_), history_.merged());
   if (recovery_->works() || keepingFailed_) return;
   keepingFailed_ = true;
   // Not before the gesture has ended.

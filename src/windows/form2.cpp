@@ -127,9 +127,12 @@ void Form2::BuildExports() {
     scene_.Put(button, {left, 780, 144, 36}, kBody);
     return button;
   };
-  connect(add("cmd_Report", "HTML REPORT", QStringLiteral("Write the sheet as a page for browsers"),
-              948),
-          &QPushButton::clicked, this, [this] { WriteGameReport(board_); });
+  connect(
+      add("cmd_Report", "HTML REPORT",
+          QStringLiteral("When the game is over: fills in both pitchers' innings and writes the "
+                         "sheet as a page for browsers"),
+          948),
+      &QPushButton::clicked, this, [this] { WriteGameReport(board_); });
   connect(add("cmd_Excel", "SEND TO EXCEL", QStringLiteral("Open the sheet as a workbook"), 1100),
           &QPushButton::clicked, this, [this] { SendToExcel(); });
 }

@@ -29,7 +29,7 @@ struct Report {
     const Report begun{std::hash<std::string>()(table), false};
     const Report kept{begun.game, true};
     if (write(pipe, &begun, sizeof begun) < 0) _exit(1);
-    store.Keep(table);
+    store.Keep(table, false);
     if (write(pipe, &kept, sizeof kept) < 0) _exit(1);
   });
   std::mt19937 random(seed);
@@ -96,6 +96,22 @@ TEST(RecoveryFile, SurvivesKillsAtAnyMoment) {
   EXPECT_GT(gestures, 1000U);
   QtRecoveryStore(file).Discard();
   EXPECT_TRUE(std::filesystem::is_empty(folder)) << "something half-written is left";
+  std::filesystem::remove_all(folder);
+}
+
+// Dragging a piece gives a game with each move of the mouse, far more than a disk can take.
+TEST(RecoveryFile, EndsWithTheLastMoveOfAGestureThatGoesOn) {
+  std::string folderName = (std::filesystem::temp_directory_path() / "moveXXXXXX").string();
+  const std::filesystem::path folder = mkdtemp(folderName.data());
+  {
+    QtRecoveryStore store(QString::fromStdString((folder / "game").string()));
+    for (int round = 0; round < 20; ++round) {
+      store.Keep("first", false);
+      for (int move = 0; move <= 200; ++move) store.Keep(std::to_string(move), true);
+      store.Wait();
+      EXPECT_EQ(store.Load(), "200");
+    }
+  }
   std::filesystem::remove_all(folder);
 }
 

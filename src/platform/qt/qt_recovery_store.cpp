@@ -48,16 +48,39 @@ std::optional<std::string> QtRecoveryStore::Load() {
   return file.readAll().toStdString();
 }
 
-void QtRecoveryStore::Keep(std::string bytes) {
+void QtRecoveryStore::Keep(std::string bytes, bool gestureGoesOn) {
   if (!mine()) return;
+  {
+    const std::lock_guard lock(waitingGuard_);
+    if (gestureGoesOn && writing_) {
+      waiting_ = std::move(bytes);
+      return;
+    }
+  }
   writer_.waitForDone();
-  writer_.start([this, bytes = std::move(bytes)] {
-    QSaveFile file(file_);
-    const auto size = static_cast<qint64>(bytes.size());
-    const bool kept =
-        file.open(QIODevice::WriteOnly) && file.write(bytes.data(), size) == size && file.commit();
-    if (!kept) works_ = false;
-  });
+  writing_ = true;
+  writer_.start([this, bytes = std::move(bytes)]() mutable { WriteAll(std::move(bytes)); });
+}
+
+void QtRecoveryStore::WriteAll(std::string bytes) {
+  for (;;) {
+    Write(bytes);
+    const std::lock_guard lock(waitingGuard_);
+    if (!waiting_) {
+      writing_ = false;
+      return;
+    }
+    bytes = std::move(*waiting_);
+    waiting_.reset();
+  }
+}
+
+void QtRecoveryStore::Write(const std::string& bytes) {
+  QSaveFile file(file_);
+  const auto size = static_cast<qint64>(bytes.size());
+  const bool kept =
+      file.open(QIODevice::WriteOnly) && file.write(bytes.data(), size) == size && file.commit();
+  if (!kept) works_ = false;
 }
 
 std::string QtRecoveryStore::SetAside() {

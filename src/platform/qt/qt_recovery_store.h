@@ -5,6 +5,7 @@
 #include <QString>
 #include <QThreadPool>
 #include <atomic>
+#include <mutex>
 
 #include "platform/platform.h"
 
@@ -29,7 +30,7 @@ class QtRecoveryStore : public RecoveryStore {
   [[nodiscard]] bool works() const { return works_; }
 
   std::optional<std::string> Load() override;
-  void Keep(std::string bytes) override;
+  void Keep(std::string bytes, bool gestureGoesOn) override;
   std::string SetAside() override;
 
   // Returns when what was given last is safe.
@@ -40,10 +41,16 @@ class QtRecoveryStore : public RecoveryStore {
 
  private:
   void RemoveHalfWritten() const;
+  void Write(const std::string& bytes);
+  // Writes these bytes, and then whatever waits by then.
+  void WriteAll(std::string bytes);
 
   QString file_;
   QLockFile lock_;
   QThreadPool writer_;  // of one thread
+  std::mutex waitingGuard_;
+  bool writing_ = false;
+  std::optional<std::string> waiting_;  // for the present write to end
   std::atomic<bool> works_ = true;
 };
 

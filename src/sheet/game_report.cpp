@@ -101,7 +101,7 @@ std::optional<std::filesystem::path> AskForFile(Board& board) {
   const std::string name = SafeNamePart(sheet.lbl_VisTeam.value()) + "_at_" +
                            SafeNamePart(sheet.lbl_HomeTeam.value()) + "_" +
                            sheet.tb_TimeStamp.value();
-  const auto file = board.platform.dialogs.SaveFile(
+  auto file = board.platform.dialogs.SaveFile(
       {ReportsFolder(board.platform), name, "Html Files (*.html)|*.html", "html"});
   std::error_code fault;
   if (!file || std::filesystem::exists(*file, fault)) return file;

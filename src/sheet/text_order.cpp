@@ -1,5 +1,6 @@
 #include "sheet/text_order.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
@@ -28,13 +29,13 @@ char32_t TakeCharacter(std::string_view& text) {
 // Capitals from first to last, each with a small letter so much further on. With a step of 2 every
 // other character is a capital and the one behind it its small letter.
 struct Capitals {
-  char32_t first;
-  char32_t last;
-  int distance;
+  char32_t first = 0;
+  char32_t last = 0;
+  int distance = 0;
   int step = 1;
 };
 
-constexpr Capitals kCapitals[] = {
+constexpr auto kCapitals = std::to_array<Capitals>({
     {U'A', U'Z', 32},       {0xC0, 0xD6, 32},       {0xD8, 0xDE, 32},     {0x100, 0x12E, 1, 2},
     {0x132, 0x136, 1, 2},   {0x139, 0x147, 1, 2},   {0x14A, 0x176, 1, 2}, {0x178, 0x178, -121},
     {0x179, 0x17D, 1, 2},   {0x1A0, 0x1A4, 1, 2},   {0x1AF, 0x1AF, 1},    {0x1CD, 0x1DB, 1, 2},
@@ -43,7 +44,7 @@ constexpr Capitals kCapitals[] = {
     {0x3A3, 0x3AB, 32},     {0x400, 0x40F, 80},     {0x410, 0x42F, 32},   {0x460, 0x480, 1, 2},
     {0x48A, 0x4BE, 1, 2},   {0x4C0, 0x4C0, 15},     {0x4C1, 0x4CD, 1, 2}, {0x4D0, 0x52E, 1, 2},
     {0x1E00, 0x1E94, 1, 2}, {0x1EA0, 0x1EFE, 1, 2},
-};
+});
 
 constexpr char32_t kFinalSigma = 0x3C2;
 constexpr char32_t kSigma = 0x3C3;

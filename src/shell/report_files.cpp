@@ -31,7 +31,7 @@ std::string_view Start(std::string_view text, std::size_t most) {
 }  // namespace
 
 std::filesystem::path ReportsFolder(const Platform& platform) {
-  const std::filesystem::path folder = platform.programFolder / kReportsFolder;
+  std::filesystem::path folder = platform.programFolder / kReportsFolder;
   std::error_code fault;
   std::filesystem::create_directories(folder, fault);
   if (fault) {
@@ -61,7 +61,11 @@ std::filesystem::path FreeFile(const std::filesystem::path& folder, const std::s
   std::filesystem::path file = folder / PathOf(name + ending);
   std::error_code fault;
   for (int number = 2; std::filesystem::exists(file, fault); ++number) {
-    file = folder / PathOf(name + " (" + std::to_string(number) + ")" + ending);
+    file = folder / PathOf(std::string(name)
+                               .append(" (")
+                               .append(std::to_string(number))
+                               .append(")")
+                               .append(ending));
   }
   return file;
 }

@@ -15,7 +15,8 @@ namespace {
 
 using namespace look;
 
-constexpr Place kPlatePlace{440, 220, 800, 500};
+constexpr Place kPlatePlace{344, 220, 992, 340};
+constexpr int kRows = 8;
 constexpr Place kHintPlace{610, 220, 460, 56};
 
 struct OutcomeKey {
@@ -76,17 +77,22 @@ KeyPlate::KeyPlate(Scene& scene, QWidget* parent) : Panel(parent) {
   SetLit(true);
   scene.Put(this, kPlatePlace, kBody);
   auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(20, 12, 20, 16);
+  column->setContentsMargins(12, 4, 12, 4);
+  column->setSpacing(0);
   column->addWidget(MakeCaption(QStringLiteral("KEYS"), this, Qt::AlignCenter));
   auto* grid = new QGridLayout;
-  grid->setHorizontalSpacing(12);
+  grid->setHorizontalSpacing(10);
+  grid->setVerticalSpacing(0);
   column->addLayout(grid, 1);
-  int row = 0;
-  for (const OutcomeKey& key : kOutcomeKeys) AddRow(grid, row++, 0, key.shown, key.meaning);
-  row = 0;
-  for (const OtherKey& key : kOtherKeys) AddRow(grid, row++, 2, key.shown, key.meaning);
-  grid->setColumnStretch(1, 1);
-  grid->setColumnStretch(3, 1);
+  int place = 0;
+  const auto add = [&](const char* shown, const char* meaning) {
+    AddRow(grid, place % kRows, place / kRows * 2, shown, meaning);
+    ++place;
+  };
+  for (const OutcomeKey& key : kOutcomeKeys) add(key.shown, key.meaning);
+  place = 2 * kRows;  // in a column of their own
+  for (const OtherKey& key : kOtherKeys) add(key.shown, key.meaning);
+  for (const int meanings : {1, 3, 5}) grid->setColumnStretch(meanings, 1);
   hide();
 }
 

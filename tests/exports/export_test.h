@@ -16,7 +16,7 @@ namespace dtb {
 // What a script of this folder, or one after "-c", prints about a file.
 inline Strings Lines(const std::string& script, const std::string& file,
                      const std::string& more = "") {
-  const std::string path = script.starts_with("-c") ? script : DTB_READERS + script;
+  const std::string path = script.starts_with("-c") ? script : "'" DTB_READERS + script + "'";
   std::FILE* output = popen((DTB_PYTHON + path + " '" + file + "' " + more).c_str(), "r");
   std::string text;
   std::array<char, 4096> piece{};

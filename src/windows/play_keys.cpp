@@ -96,15 +96,11 @@ KeyPlate::KeyPlate(Scene& scene, QWidget* parent) : Panel(parent) {
   hide();
 }
 
-void KeyPlate::Toggle() {
-  setVisible(!isVisible());
-  raise();
-}
-
 PlayKeys::PlayKeys(Board& board, Scene& scene, QWidget* boardWindow)
     : QObject(boardWindow),
       board_(board),
-      plate_(new KeyPlate(scene, boardWindow)),
+      scene_(scene),
+      window_(boardWindow),
       runnerHint_(new Panel(boardWindow)) {
   Name(runnerHint_, "RunnerHint", QStringLiteral("Stolen base: which game piece, 1 to 4?"));
   runnerHint_->SetFill(kSlate);
@@ -126,11 +122,11 @@ bool PlayKeys::Press(const QKeyEvent& event) {
   if (event.isAutoRepeat()) return false;
   const BoxKey closesBoxes(key);
   if (key == Qt::Key_Question) {
-    plate_->Toggle();
+    ShowPlate(plate_ == nullptr || !plate_->isVisible());
     return true;
   }
   if (key == Qt::Key_Escape) {
-    plate_->hide();
+    ShowPlate(false);
     AskForRunner(false);
     return true;
   }
@@ -157,9 +153,16 @@ bool PlayKeys::eventFilter(QObject* /*watched*/, QEvent* event) {
 bool PlayKeys::PressOutcome(int key) {
   const auto* found = std::ranges::find(kOutcomeKeys, key, &OutcomeKey::key);
   if (found == kOutcomeKeys.end()) return false;
-  plate_->hide();
+  ShowPlate(false);
   RecordOutcome(board_, found->outcome);
   return true;
+}
+
+void PlayKeys::ShowPlate(bool shown) {
+  if (!shown && plate_ == nullptr) return;
+  if (plate_ == nullptr) plate_ = new KeyPlate(scene_, window_);
+  plate_->setVisible(shown);
+  plate_->raise();
 }
 
 void PlayKeys::AskForRunner(bool asks) {

@@ -13,7 +13,6 @@ class KeyPlate : public Panel {
   Q_OBJECT
  public:
   KeyPlate(Scene& scene, QWidget* parent);
-  void Toggle();
 
  protected:
   void mousePressEvent(QMouseEvent* /*event*/) override { hide(); }
@@ -40,10 +39,13 @@ class PlayKeys : public QObject {
 
  private:
   bool PressOutcome(int key);
+  void ShowPlate(bool shown);
   void AskForRunner(bool asks);
 
   Board& board_;
-  KeyPlate* plate_;
+  Scene& scene_;
+  QWidget* window_;
+  KeyPlate* plate_ = nullptr;  // none before somebody wants it: it has many labels
   Panel* runnerHint_;
   bool runnerAsked_ = false;  // S was pressed: the number of a game piece comes next
 };

@@ -52,8 +52,10 @@ int main(int argc, char** argv) {
   }
   dtb::Desk desk(setup);
   desk.form1().resize(1591, 945);  // the start size on a screen of 1920 x 1080
-  const SayYes sayYes;
-  if (argc == 2) desk.Open();
+  if (argc == 2) {
+    const SayYes sayYes;
+    desk.Open();
+  }
   const FirstPaint firstPaint(desk.form1().centralWidget());
   if (argc == 2) {
     desk.form1().centralWidget()->update();

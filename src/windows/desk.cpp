@@ -54,7 +54,6 @@ QIcon ProgramIcon() {
 }  // namespace
 
 void DressApplication() {
-  QApplication::setWindowIcon(ProgramIcon());
   qApp->installEventFilter(new EnterPresses(qApp));
   InstallAccessibleRoles();
   QApplication::setStyle(new SlateStyle);
@@ -99,6 +98,9 @@ Desk::~Desk() {
 
 void Desk::Open() {
   form1_->show();
+  // The icon takes longer than all other looks together, so the board is painted first.
+  constexpr int kAfterFirstPaint = 100;  // milliseconds
+  QTimer::singleShot(kAfterFirstPaint, qApp, [] { QApplication::setWindowIcon(ProgramIcon()); });
   if (!settings_.damagedFile().isEmpty()) {
     platform_.boxes.Show("The settings file could not be understood. It is kept as \"" +
                              FromQt(settings_.damagedFile()) + "\", and the settings start anew.",

@@ -59,8 +59,8 @@ std::vector<int> NameColumns(const StatGrid& grid) {
 
 // The first so many columns of the grid, from 0 on.
 GridBlock Block(const StatGrid& grid, int columns, int anchorColumn = 0) {
-  std::vector<int> taken(static_cast<std::size_t>(std::min(columns, grid.columns())));
-  std::iota(taken.begin(), taken.end(), 0);
+  std::vector<int> taken = AllColumns(grid);
+  taken.resize(static_cast<std::size_t>(std::min(columns, grid.columns())));
   return {grid, std::move(taken), 0, anchorColumn, NameColumns(grid)};
 }
 

@@ -37,37 +37,33 @@ std::string GameText(const Board& board) {
 }
 
 void SnapshotStack::Push(std::string snapshot) {
-  if (count_++ > 0) {
-    const std::size_t shorter = std::min(newest_.size(), snapshot.size());
-    const auto start = static_cast<std::size_t>(
-        std::mismatch(newest_.begin(), newest_.begin() + static_cast<std::ptrdiff_t>(shorter),
-                      snapshot.begin())
-            .first -
-        newest_.begin());
+  if (newest_) {
+    const std::string& older = *newest_;
+    const auto start =
+        static_cast<std::size_t>(std::ranges::mismatch(older, snapshot).in1 - older.begin());
+    const std::size_t shorter = std::min(older.size(), snapshot.size());
     std::size_t end = 0;
     while (end < shorter - start &&
-           newest_[newest_.size() - 1 - end] == snapshot[snapshot.size() - 1 - end]) {
+           older[older.size() - 1 - end] == snapshot[snapshot.size() - 1 - end]) {
       ++end;
     }
-    older_.push_back({start, end, newest_.substr(start, newest_.size() - start - end)});
+    older_.push_back({start, end, older.substr(start, older.size() - start - end)});
   }
   newest_ = std::move(snapshot);
 }
 
 std::string SnapshotStack::Pop() {
-  std::string popped = std::move(newest_);
-  newest_.clear();
-  if (--count_ == 0) return popped;
+  std::string popped = std::move(*newest_);
+  newest_.reset();
+  if (older_.empty()) return popped;
   const Older& next = older_.back();
   newest_ = popped.substr(0, next.start) + next.middle + popped.substr(popped.size() - next.end);
   older_.pop_back();
   return popped;
 }
 
-void SnapshotStack::Clear() { *this = {}; }
-
 std::size_t SnapshotStack::BytesTaken() const {
-  std::size_t bytes = newest_.capacity() + older_.capacity() * sizeof(Older);
+  std::size_t bytes = (newest_ ? newest_->capacity() : 0) + older_.capacity() * sizeof(Older);
   for (const Older& older : older_) bytes += older.middle.capacity();
   return bytes;
 }

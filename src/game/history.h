@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,8 +22,6 @@ class SnapshotStack {
   void Push(std::string snapshot);
   // The newest; the stack must not be empty.
   [[nodiscard]] std::string Pop();
-  [[nodiscard]] bool empty() const { return count_ == 0; }
-  void Clear();
   [[nodiscard]] std::size_t BytesTaken() const;
 
  private:
@@ -32,9 +31,8 @@ class SnapshotStack {
     std::size_t end = 0;
     std::string middle;
   };
-  std::string newest_;
+  std::optional<std::string> newest_;  // none: the stack is empty
   std::vector<Older> older_;
-  std::size_t count_ = 0;
 };
 
 // One gesture is one step, whatever it changes. The event log is never cut.

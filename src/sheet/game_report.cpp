@@ -1,6 +1,5 @@
 #include "sheet/game_report.h"
 
-#include <array>
 #include <fstream>
 
 #include "game/history.h"

@@ -90,8 +90,8 @@ std::string QtRecoveryStore::SetAside() {
   for (int number = 2; QFileInfo::exists(aside); ++number) {
     aside = file_ + QStringLiteral(".%1-%2").arg(stamp).arg(number);
   }
-  QFile::rename(file_, aside);
-  return FromQt(aside);
+  // Where it cannot be moved, nothing can be written over it either.
+  return FromQt(QFile::rename(file_, aside) ? aside : file_);
 }
 
 void QtRecoveryStore::Discard() {

@@ -1,6 +1,5 @@
 #include "platform/xlsx/xlsx_workbooks.h"
 
-#include <unistd.h>
 #include <xlsxwriter.h>
 
 #include <cerrno>

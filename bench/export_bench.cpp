@@ -15,10 +15,10 @@
 #include "browser/exports.h"
 #include "platform/paths.h"
 #include "platform/qt/qt_text.h"
+#include "platform/quiet_desktop.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "platform/xlsx/xlsx_workbooks.h"
 #include "sheet/saved_tables.h"
-#include "tests/quiet_desktop.h"
 
 namespace dtb {
 namespace {

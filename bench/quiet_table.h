@@ -5,9 +5,9 @@
 #include <fstream>
 
 #include "game/start_up.h"
+#include "platform/quiet_desktop.h"
 #include "teams/pitchers.h"
 #include "teams/team_load.h"
-#include "tests/quiet_desktop.h"
 
 namespace dtb {
 

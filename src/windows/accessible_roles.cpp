@@ -2,8 +2,8 @@
 
 #include <QAccessibleWidget>
 
-#include "windows/controls.h"
-#include "windows/message_box.h"
+#include "windows/boxes/message_box.h"
+#include "windows/shared/controls.h"
 
 namespace dtb {
 namespace {

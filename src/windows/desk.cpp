@@ -15,9 +15,9 @@
 #include "game/start_up.h"
 #include "platform/qt/qt_text.h"
 #include "windows/accessible_roles.h"
-#include "windows/controls.h"
-#include "windows/look.h"
-#include "windows/slate_style.h"
+#include "windows/shared/controls.h"
+#include "windows/shared/look.h"
+#include "windows/shared/slate_style.h"
 
 namespace dtb {
 

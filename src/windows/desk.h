@@ -16,8 +16,8 @@
 #include "platform/qt/qt_sounds.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "platform/xlsx/xlsx_workbooks.h"
-#include "windows/form1.h"
-#include "windows/message_box.h"
+#include "windows/board/form1.h"
+#include "windows/boxes/message_box.h"
 
 namespace dtb {
 

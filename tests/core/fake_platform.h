@@ -16,7 +16,7 @@
 #include "game/score_pad.h"
 #include "game/start_up.h"
 #include "platform/paths.h"
-#include "quiet_desktop.h"
+#include "platform/quiet_desktop.h"
 #include "shell/program_error.h"
 #include "teams/game_pieces.h"
 #include "teams/lineup_edit.h"

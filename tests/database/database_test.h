@@ -18,9 +18,9 @@
 #include "game/constant_update.h"
 #include "game/start_up.h"
 #include "platform/paths.h"
+#include "platform/quiet_desktop.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "platform/xlsx/xlsx_workbooks.h"
-#include "quiet_desktop.h"
 #include "sheet/save_game.h"
 #include "sheet/saved_tables.h"
 

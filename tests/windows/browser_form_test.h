@@ -6,7 +6,7 @@
 #include <QAction>
 #include <fstream>
 
-#include "windows/form4.h"
+#include "windows/browser/form4.h"
 #include "windows/window_test.h"
 
 namespace dtb {
@@ -15,8 +15,7 @@ class BrowserFormTest : public WindowTest {
  protected:
   // An empty database, and then these statements.
   void MakeDatabase(const std::string& statements) {
-    const auto root = std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
-    std::ifstream schema(root / "program" / "schema.sql");
+    std::ifstream schema(DTB_PROGRAM_FOLDER "/schema.sql");
     const std::string file = FromQt(folder_.filePath(QStringLiteral("DTB.mdb")));
     SQLite::Database(file, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
         .exec(std::string{std::istreambuf_iterator<char>(schema), {}} + statements);

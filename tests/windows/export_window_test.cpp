@@ -5,10 +5,10 @@
 #include <QThread>
 
 #include "platform/paths.h"
-#include "quiet_desktop.h"
+#include "platform/quiet_desktop.h"
+#include "windows/boxes/busy.h"
 #include "windows/browser_form_test.h"
-#include "windows/busy.h"
-#include "windows/form2.h"
+#include "windows/sheet/form2.h"
 
 namespace dtb {
 namespace {

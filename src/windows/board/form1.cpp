@@ -1,0 +1,177 @@
+#include "windows/board/form1.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+
+#include "aids/charts.h"
+#include "aids/dice.h"
+#include "game/constant_update.h"
+#include "game/start_up.h"
+#include "platform/paths.h"
+#include "platform/qt/qt_text.h"
+#include "shell/version.h"
+#include "teams/pitchers.h"
+#include "windows/aids/dice_panels.h"
+#include "windows/aids/form3.h"
+#include "windows/board/base_tracker.h"
+#include "windows/board/options_panel.h"
+#include "windows/board/piece_view.h"
+#include "windows/boxes/about_box.h"
+#include "windows/browser/form4.h"
+#include "windows/shared/bind.h"
+#include "windows/shared/look.h"
+
+namespace dtb {
+namespace {
+
+constexpr int kConstantInterval = 100;  // milliseconds
+// The smallest board whose letters can still be read, as a share of the scene.
+constexpr double kSmallestScale = 0.42;
+
+}  // namespace
+
+Form1::Form1(Board& board, Aids& aids, QtPictures& pictures)
+    : board_(board), aids_(aids), pictures_(pictures), scene_(kSceneWidth, kSceneHeight) {
+  setObjectName(QStringLiteral("Form1"));
+  setWindowTitle(ToQt(WindowTitle()));
+  BuildMenu();
+  BuildScene();
+  log_ = new LogWindow(board.log, this);
+  form2_ = new Form2(board, pictures, this);
+  form2_->addActions({edit_->undo(), edit_->redo()});
+  setMinimumSize(qRound(kSceneWidth * kSmallestScale), qRound(kSceneHeight * kSmallestScale));
+  PlaceAtLaunch();
+  StartTimers();
+}
+
+void Form1::StartTimers() {
+  tmr_Constant_.setParent(this);
+  tmr_Constant_.setObjectName(QStringLiteral("tmr_Constant"));
+  tmr_F12detect_.setParent(this);
+  tmr_F12detect_.setObjectName(QStringLiteral("tmr_F12detect"));
+  connect(&tmr_Constant_, &QTimer::timeout, this, [this] {
+    scoreboard_->AlignExtraInnings();
+    RefreshPitcherPhotos(board_);
+  });
+  tmr_Constant_.start(kConstantInterval);
+  connect(&tmr_F12detect_, &QTimer::timeout, this, [this] { DetectF12(aids_); });
+  tmr_F12detect_.start(kF12Interval);
+}
+
+void Form1::BuildMenu() {
+  const auto add = [this](const char* name, const char* caption, auto operation) {
+    QAction* action = menuBar()->addAction(QLatin1String(caption));
+    action->setObjectName(QLatin1String(name));
+    connect(action, &QAction::triggered, this, operation);
+  };
+  menuBar()->setNativeMenuBar(false);
+  edit_ = new EditActions(board_, this);
+  QMenu* edit = menuBar()->addMenu(QStringLiteral("Edit"));
+  edit->setObjectName(QStringLiteral("mnuEdit"));
+  edit->addActions({edit_->undo(), edit_->redo()});
+  add("mnuStatistics", "Database", [this] { Form4::Run(board_.platform, this); });
+  add("mnuEventLog", "EventLog", [this] { ShowLog(); });
+  add("mnu_Options", "Options", [this] { ToggleOptions(board_); });
+  add("About", "About", [this] { AboutBox::Run(board_.platform, this); });
+}
+
+void Form1::BuildScene() {
+  park_ = new ParkView(this);
+  park_->installEventFilter(this);
+  setCentralWidget(park_);
+  Follow<Picture>(park_, aids_.state.Picture1, [this](const Picture& park) {
+    if (!park.empty()) park_->LoadPark(ToQt(park.path));
+  });
+  connect(park_, &ParkView::pointerMoved, this, [this] { ScrollListsUp(); });
+  visitors_ = new SidePanel(board_, Side::Visitors, pictures_, scene_, park_);
+  scoreboard_ = new Scoreboard(board_, aids_, pictures_, scene_, park_);
+  connect(scoreboard_, &Scoreboard::chartWanted, this, [this](int chart) {
+    Form3::Run(ToQt(aids_.state.lbl_chrt.at(chart).value()),
+               ToQt(TextOf(ChartFile(board_.platform, chart))), this);
+  });
+  home_ = new SidePanel(board_, Side::Home, pictures_, scene_, park_);
+  auto* outcomes = new OutcomePanel(board_, scene_, park_);
+  connect(outcomes, &OutcomePanel::statsWanted, this, [this] { ShowStats(); });
+  BuildPieces();
+  new OptionsPanel(board_, aids_, scene_, park_);
+  new FaceDicePanel(aids_, scene_, park_);
+  new NumberDicePanel(aids_, scene_, park_);
+  new BaseTracker(board_, scene_, park_);
+  keys_ = new PlayKeys(board_, scene_, park_);
+  for (auto* button : park_->findChildren<QAbstractButton*>()) {
+    // The arrows move a piece over the park.
+    if (qobject_cast<PieceView*>(button) == nullptr) keys_->TakeArrowsFrom(button);
+  }
+  connect(keys_, &PlayKeys::listWanted, this, [this](int key) {
+    const Side side = SideAtBat(board_.state).value_or(Side::Visitors);
+    LineupView& list = (side == Side::Visitors ? visitors_ : home_)->list();
+    list.setFocus(Qt::OtherFocusReason);
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QCoreApplication::sendEvent(&list, &press);
+  });
+}
+
+void Form1::BuildPieces() {
+  for (int piece = 0; piece < kPieces; ++piece) {
+    new PieceView(board_, piece, pictures_, scene_, park_);
+  }
+}
+
+void Form1::ScrollListsUp() {
+  visitors_->list().ScrollUpOneLine();
+  home_->list().ScrollUpOneLine();
+}
+
+void Form1::ShowStats() {
+  CenterForm(form2_, this);
+  ConstantUpdate(board_);
+  form2_->exec();
+}
+
+void Form1::ShowLog() {
+  CenterForm(log_, this);
+  log_->exec();
+}
+
+void Form1::PlaceAtLaunch() {
+  FitAtLaunch(this, scene_.resizer(), menuBar()->sizeHint().height());
+  const QRect free = screen()->availableGeometry();
+  const QSize room = free.size() - size();
+  move(free.left() + std::max(0, room.width() / 2), free.top() + std::max(0, room.height() / 4));
+}
+
+void Form1::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  HoldRatio(this, scene_.resizer(), menuBar()->height());
+}
+
+bool Form1::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == park_ && event->type() == QEvent::Resize) SupplementalResize();
+  return QMainWindow::eventFilter(watched, event);
+}
+
+void Form1::SupplementalResize() {
+  scene_.Apply(park_->size());
+  constexpr double kLeastMenuType = 10;
+  menuBar()->setFont(
+      look::Font(std::max(kLeastMenuType, look::kBody * scene_.resizer().fontScale())));
+  board_.state.cb_Xinnings.Set(false);
+}
+
+void Form1::keyPressEvent(QKeyEvent* event) {
+  if (!keys_->Press(*event)) QMainWindow::keyPressEvent(event);
+}
+
+void Form1::closeEvent(QCloseEvent* event) {
+  if (ConfirmExit(board_)) {
+    event->accept();
+  } else {
+    event->ignore();
+  }
+}
+
+}  // namespace dtb

@@ -1,0 +1,65 @@
+// The board: the main window of the program.
+#pragma once
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include "aids/aids_state.h"
+#include "game/board.h"
+#include "platform/qt/qt_pictures.h"
+#include "windows/board/edit_actions.h"
+#include "windows/board/outcome_panel.h"
+#include "windows/board/park_view.h"
+#include "windows/board/play_keys.h"
+#include "windows/board/scoreboard.h"
+#include "windows/board/side_panel.h"
+#include "windows/boxes/log_window.h"
+#include "windows/shared/scene.h"
+#include "windows/sheet/form2.h"
+
+namespace dtb {
+
+class Form1 : public QMainWindow {
+  Q_OBJECT
+ public:
+  Form1(Board& board, Aids& aids, QtPictures& pictures);
+
+  [[nodiscard]] QTimer& constantTimer() { return tmr_Constant_; }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void BuildMenu();
+  void BuildScene();
+  void BuildPieces();
+  void StartTimers();
+  void ScrollListsUp();
+  void ShowStats();
+  void ShowLog();
+  // The size and place at start: the launch shrink, or what the screen has room for; centred, with
+  // a quarter of the free height above.
+  void PlaceAtLaunch();
+  // The scene follows the size of the park.
+  void SupplementalResize();
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+  Board& board_;
+  Aids& aids_;
+  QtPictures& pictures_;
+  Scene scene_;
+  ParkView* park_ = nullptr;
+  SidePanel* visitors_ = nullptr;
+  SidePanel* home_ = nullptr;
+  Scoreboard* scoreboard_ = nullptr;
+  EditActions* edit_ = nullptr;
+  PlayKeys* keys_ = nullptr;
+  Form2* form2_ = nullptr;
+  LogWindow* log_ = nullptr;
+  QTimer tmr_Constant_;
+  QTimer tmr_F12detect_;
+};
+
+}  // namespace dtb

@@ -1,0 +1,234 @@
+#include "windows/board/lineup_view.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include "game/history.h"
+#include "platform/qt/qt_text.h"
+#include "windows/shared/bind.h"
+#include "windows/shared/look.h"
+
+namespace dtb {
+namespace {
+
+using namespace look;
+
+// No screen shows more of a line; the box of the right click shows all of it.
+constexpr std::size_t kShownBytes = 600;
+
+QString ShownEntry(const std::string& entry) {
+  return ToQt(std::string_view(entry).substr(0, kShownBytes));
+}
+
+constexpr int kRows = 12;  // fill the list without a scroll bar
+
+// Draws place in the order, entry, and the line under the ninth man.
+class EntryDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    const bool selected = option.state.testFlag(QStyle::State_Selected);
+    const QRect row = option.rect;
+    // The side's place in the order: bright where the batter stands, quiet in the field.
+    const bool atBat = option.palette.color(QPalette::Base) == Qt::white;
+    if (selected) painter->fillRect(row, atBat ? kAccent : QColor(222, 200, 132));
+    const bool inOrder = index.row() < kStarters;
+    const int gutter = option.fontMetrics.horizontalAdvance(QStringLiteral("00")) + 4;
+    painter->setFont(Font(option.font.pixelSize() * 0.72));
+    painter->setPen(selected ? kInk : QColor(84, 92, 86));
+    if (inOrder) {
+      painter->drawText(QRect(row.left(), row.top(), gutter, row.height()), Qt::AlignCenter,
+                        QString::number(index.row() + 1));
+    }
+    painter->setFont(option.font);
+    painter->setPen(inOrder || selected ? kInk : QColor(64, 70, 66));
+    const QRect place = row.adjusted(gutter + 2, 0, -4, 0);
+    painter->drawText(
+        place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+        option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, place.width()));
+    if (index.row() == kStarters - 1) {
+      painter->setPen(QPen(kEdgeBright, 1));
+      painter->drawLine(row.bottomLeft(), row.bottomRight());
+    }
+    painter->restore();
+  }
+
+  // As wide as the list, however long the entry.
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const auto* view = qobject_cast<const QListView*>(option.widget);
+    if (view == nullptr) return QStyledItemDelegate::sizeHint(option, index);
+    return {view->viewport()->width(), qMax(8, view->viewport()->height() / kRows)};
+  }
+};
+
+MouseButton ButtonOf(Qt::MouseButton button) {
+  if (button == Qt::LeftButton) return MouseButton::Left;
+  return button == Qt::RightButton ? MouseButton::Right : MouseButton::Other;
+}
+
+}  // namespace
+
+LineupModel::LineupModel(LineupList& list, QObject* parent)
+    : QAbstractListModel(parent), list_(list) {}
+
+int LineupModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : shownRows_;
+}
+
+QVariant LineupModel::data(const QModelIndex& index, int role) const {
+  if (!list_.HasRow(index.row())) return {};
+  const bool text = role == Qt::DisplayRole || role == Qt::AccessibleTextRole;
+  if (!text) return {};
+  return ShownEntry(list_.entries()[static_cast<std::size_t>(index.row())]);
+}
+
+void LineupModel::Refresh() {
+  const int rows = list_.size();
+  if (rows > shownRows_) {
+    beginInsertRows({}, shownRows_, rows - 1);
+    shownRows_ = rows;
+    endInsertRows();
+  } else if (rows < shownRows_) {
+    beginRemoveRows({}, rows, shownRows_ - 1);
+    shownRows_ = rows;
+    endRemoveRows();
+  } else if (rows > 0) {
+    emit dataChanged(index(0), index(rows - 1));
+  }
+}
+
+LineupView::LineupView(Board& board, Side side, QWidget* parent)
+    : QListView(parent),
+      board_(board),
+      side_(side),
+      model_(new LineupModel(SideOf(board, side).list, this)) {
+  setModel(model_);
+  setItemDelegate(new EntryDelegate(this));
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(SingleSelection);
+  setUniformItemSizes(true);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollMode(ScrollPerItem);
+  setFrameShape(NoFrame);
+  setMouseTracking(true);
+  setContextMenuPolicy(Qt::PreventContextMenu);
+  setResizeMode(Adjust);
+  SideOf(board, side).list.Observe([this] { ShowState(); });
+  FollowAll(
+      this,
+      [this] {
+        QPalette palette = this->palette();
+        palette.setColor(QPalette::Base, Shade(SideColour(board_.state, side_)));
+        setPalette(palette);
+      },
+      board.state.Option5, board.state.Option6);
+  ShowState();
+}
+
+void LineupView::ShowState() {
+  const LineupList& list = SideOf(board_, side_).list;
+  model_->Refresh();
+  const QModelIndex selected = model_->index(list.selected());
+  const bool shown = !selected.isValid() || selectionModel()->isSelected(selected);
+  if (currentIndex() == selected && shown) return;
+  setCurrentIndex(selected);
+  if (!selected.isValid()) clearSelection();
+}
+
+void LineupView::ScrollUpOneLine() {
+  verticalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepSub);
+}
+
+std::optional<int> LineupView::RowAt(const QPoint& place) const {
+  const QModelIndex index = indexAt(place);
+  if (!index.isValid()) return std::nullopt;
+  return index.row();
+}
+
+void LineupView::mousePressEvent(QMouseEvent* event) {
+  setFocus(Qt::MouseFocusReason);
+  pressed_ = true;
+  SealGesture(board_);
+  if (event->button() != Qt::LeftButton) return;
+  if (const auto row = RowAt(event->pos())) SelectRow(board_, side_, *row);
+  BeginDrag(board_, side_);
+}
+
+void LineupView::mouseMoveEvent(QMouseEvent* event) {
+  const LineupList& list = SideOf(board_, side_).list;
+  const auto row = RowAt(event->pos());
+  if (!row || !list.HasRow(*row)) return;
+  setToolTip(QStringLiteral("<qt>%1</qt>")
+                 .arg(ShownEntry(list.entries()[static_cast<std::size_t>(*row)]).toHtmlEscaped()));
+  const bool dragging =
+      pressed_ && event->buttons().testFlag(Qt::LeftButton) && SideOf(board_, side_).edit.value();
+  if (dragging && *row != list.selected()) SelectRow(board_, side_, *row);
+}
+
+void LineupView::mouseReleaseEvent(QMouseEvent* event) {
+  if (!pressed_) return;
+  pressed_ = false;
+  EndDrag(board_, side_, ButtonOf(event->button()), event->modifiers() == Qt::ShiftModifier,
+          RowAt(event->pos()));
+}
+
+void LineupView::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) ReplaceEntry(board_, side_);
+}
+
+void LineupView::keyPressEvent(QKeyEvent* event) {
+  const LineupList& list = SideOf(board_, side_).list;
+  constexpr int page = kRows - 1;
+  const auto select = [this](int row) { SelectRow(board_, side_, row); };
+  switch (event->key()) {
+    case Qt::Key_Up:
+      select(list.selected() - 1);
+      break;
+    case Qt::Key_Down:
+      select(list.selected() + 1);
+      break;
+    case Qt::Key_PageUp:
+      select(std::max(0, list.selected() - page));
+      break;
+    case Qt::Key_PageDown:
+      select(std::min(list.size() - 1, list.selected() + page));
+      break;
+    case Qt::Key_Home:
+      select(0);
+      break;
+    case Qt::Key_End:
+      select(list.size() - 1);
+      break;
+    case Qt::Key_Space:
+      select(list.selected());
+      break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (!event->isAutoRepeat()) ReplaceEntry(board_, side_);
+      break;
+    case Qt::Key_Menu:
+      EndDrag(board_, side_, MouseButton::Right, false, list.selected());
+      break;
+    default:
+      event->ignore();
+  }
+}
+
+void LineupView::paintEvent(QPaintEvent* event) {
+  QListView::paintEvent(event);
+  QPainter painter(viewport());
+  // Whole rows only: what is left below the twelfth is too little for a name.
+  QRect rest = viewport()->rect();
+  rest.setTop(rest.height() - rest.height() % kRows);
+  painter.fillRect(rest, palette().color(QPalette::Base));
+  if (!hasFocus()) return;
+  DrawFocus(painter, viewport()->rect(), 2);
+}
+
+}  // namespace dtb

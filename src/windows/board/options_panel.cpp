@@ -1,0 +1,123 @@
+#include "windows/board/options_panel.h"
+
+#include <QPushButton>
+
+#include "aids/crowd.h"
+#include "game/start_up.h"
+#include "platform/qt/qt_text.h"
+#include "shell/project_pages.h"
+#include "teams/game_pieces.h"
+#include "teams/photo_folder.h"
+#include "windows/shared/bind.h"
+#include "windows/shared/game_text.h"
+#include "windows/shared/look.h"
+#include "windows/shared/name_edit.h"
+
+namespace dtb {
+namespace {
+
+using namespace look;
+
+constexpr Place kPanel{12, 532, 408, 276};
+constexpr double kRowHeight = 28;
+constexpr double kFirstRow = 40;
+constexpr double kRightColumn = 216;
+
+}  // namespace
+
+OptionsPanel::OptionsPanel(Board& board, Aids& aids, Scene& scene, QWidget* parent)
+    : Panel(parent), board_(board), aids_(aids), scene_(scene) {
+  Name(this, "fra_Options", QStringLiteral("OPTIONS"));
+  SetFill(kSlate);
+  scene.Put(this, kPanel);
+  scene.Put(MakeCaption(QStringLiteral("OPTIONS"), this), {16, 8, 200, 24}, kBody, true);
+  auto* close = new ClickLabel(QStringLiteral("X"), {kSlateRaised, kSlateHover, kCream}, this);
+  Name(close, "Label9", QStringLiteral("Close the options"));
+  scene.Put(close, {372, 8, 24, 24}, kBody, true);
+  connect(close, &QAbstractButton::clicked, this, [this] { ToggleOptions(board_); });
+  BuildChecks();
+  BuildOutsCount();
+  BuildPhotoSize();
+  BuildPhotoPath();
+  BuildDonation();
+  BindVisible(this, board.state.fra_Options_visible);
+}
+
+void OptionsPanel::BuildChecks() {
+  const auto add = [&](const char* name, const char* caption, int row, Field<bool>& field,
+                       double left = 16) {
+    auto* check = new QCheckBox(QLatin1String(caption), this);
+    Name(check, name, QLatin1String(caption));
+    scene_.Put(check, {left, kFirstRow + row * kRowHeight, 184, kRowHeight}, kBody);
+    BindCheck(check, field);
+    return check;
+  };
+  auto* tracker = add("cb_BaseTracker", "SHOW BASE TRACKER", 0, board_.state.cb_BaseTracker);
+  connect(tracker, &QAbstractButton::clicked, this, [this] { ToggleBaseTracker(board_); });
+  add("chk_Ctrls", "HIDE CONTROLS", 1, board_.state.chk_Ctrls);
+  // People know this box by its tool-tip, odd as that is.
+  add("Check4", "SHOW DICE ROLLER", 2, aids_.state.Check4)
+      ->setToolTip(QStringLiteral("Show extended boxscore"));
+  add("cb_MuteDice", "MUTE DICE", 3, aids_.state.cb_MuteDice);
+  auto* crowd = add("cb_Crowd", "CROWD NOISE", 4, aids_.state.cb_Crowd);
+  connect(crowd, &QAbstractButton::clicked, this, [this] { CrowdClicked(aids_); });
+  auto* parks = add("cb_RandParks", "RANDOM BALLPARKS", 4, aids_.state.cb_RandParks, kRightColumn);
+  BindVisible(parks, aids_.state.cb_RandParks_visible);
+}
+
+void OptionsPanel::BuildOutsCount() {
+  scene_.Put(MakeCaption(QStringLiteral("MASTER # OF OUTS"), this),
+             {kRightColumn, kFirstRow, 136, kRowHeight}, kBody);
+  auto* count = new FigureField(this);
+  Name(count, "tb_OutsCount", QStringLiteral("MASTER # OF OUTS"));
+  count->setToolTip(QStringLiteral("Total outs made thus far"));
+  count->SetGround(palette().color(QPalette::Base), kInk);
+  scene_.Put(count, {354, kFirstRow, 42, kRowHeight}, kBody, true);
+  BindGameText(count, board_.state.tb_OutsCount, board_, "MASTER # OF OUTS");
+}
+
+void OptionsPanel::BuildPhotoSize() {
+  const double top = kFirstRow + 40;
+  auto* title = MakeCaption(QStringLiteral("PHOTO SIZE"), this);
+  Name(title, "Label6");
+  scene_.Put(title, {kRightColumn, top, 84, 32}, kBody);
+  const auto add = [&](const char* name, const char* caption, double left, auto operation) {
+    auto* button = new QPushButton(QLatin1String(caption), this);
+    Name(button, name, QStringLiteral("PHOTO SIZE ") + QLatin1String(caption));
+    scene_.Put(button, {left, top, 40, 32}, kBody);
+    connect(button, &QPushButton::clicked, this, [this, operation] { operation(board_); });
+  };
+  add("cmd_FotoBig", "BIG", 312, EnlargePieces);
+  add("cmd_FotoSmall", "SM", 356, ShrinkPieces);
+}
+
+void OptionsPanel::BuildPhotoPath() {
+  auto* title = MakeCaption(QStringLiteral("User-defined PLAYER-PHOTOS path"), this);
+  Name(title, "Label8");
+  scene_.Put(title, {16, 188, 380, 20}, kBody);
+
+  auto* path = new ClickLabel({}, {kSlateRaised, kSlateHover, kCream}, this);
+  Name(path, "lbl_PhotoPath", QStringLiteral("Folder of the player photos"));
+  scene_.Put(path, {16, 210, 380, 32}, kBody);
+  auto* edit = new NameEdit(board_.platform, PhotoFolder(board_.state), path);
+  Name(edit, "Text1", QStringLiteral("New folder of the player photos"));
+  scene_.Put(edit, {16, 210, 380, 32}, kBody);
+
+  auto* hint =
+      MakeCaption(QStringLiteral("CTRL + Click to Edit path ..... DblClick to Save path"), this);
+  Name(hint, "Label11");
+  scene_.Put(hint, {16, 246, 380, 20}, kBody);
+}
+
+void OptionsPanel::BuildDonation() {
+  auto* donation =
+      new ClickLabel(QStringLiteral("DONATE"), {kSlateRaised, kSlateHover, kAccent}, this);
+  Name(donation, "Image7", QStringLiteral("Open the donation page"));
+  donation->setToolTip(QStringLiteral("Opens the donation page in your browser"));
+  donation->setCursor(Qt::PointingHandCursor);
+  scene_.Put(donation, {kRightColumn, kFirstRow + 76, 180, 32}, kBody, true);
+  connect(donation, &QAbstractButton::clicked, this,
+          [this] { board_.platform.pages.Open(kDonationPage); });
+}
+
+}  // namespace dtb

@@ -1,0 +1,22 @@
+// The outcome labels: how the player tells what dice and charts said.
+#pragma once
+
+#include <functional>
+
+#include "game/board.h"
+#include "windows/shared/draggable.h"
+
+namespace dtb {
+
+// The panel pb_Res.
+class OutcomePanel : public DraggablePanel {
+  Q_OBJECT
+ public:
+  OutcomePanel(Board& board, Scene& scene, QWidget* parent);
+
+ signals:
+  // A click on "STATS".
+  void statsWanted();
+};
+
+}  // namespace dtb

@@ -1,0 +1,52 @@
+#include "windows/board/park_view.h"
+
+#include <QImageReader>
+#include <QPaintEvent>
+#include <QPainter>
+
+#include "windows/shared/look.h"
+
+namespace dtb {
+
+ParkView::ParkView(QWidget* parent) : QWidget(parent) {
+  setObjectName(QStringLiteral("Picture1"));
+  setAccessibleName(QStringLiteral("Ballpark"));
+  setMouseTracking(true);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+bool ParkView::LoadPark(const QString& file) {
+  QImageReader reader(file);
+  reader.setDecideFormatFromContent(true);
+  reader.setAutoTransform(true);
+  const QImage park = reader.read();
+  if (park.isNull()) return false;
+  park_ = park.convertToFormat(QImage::Format_RGB32);
+  scaled_ = {};
+  update();
+  return true;
+}
+
+void ParkView::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  if (park_.isNull()) {
+    painter.fillRect(event->rect(), look::kSlate);
+    return;
+  }
+  const double ratio = devicePixelRatioF();
+  const QSize size = (QSizeF(this->size()) * ratio).toSize();
+  if (scaled_.size() != size) {
+    scaled_ =
+        QPixmap::fromImage(park_.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    scaled_.setDevicePixelRatio(ratio);
+  }
+  const QRectF target = event->rect();
+  painter.drawPixmap(target, scaled_, QRectF(target.topLeft() * ratio, target.size() * ratio));
+}
+
+void ParkView::mouseMoveEvent(QMouseEvent* event) {
+  QWidget::mouseMoveEvent(event);
+  emit pointerMoved();
+}
+
+}  // namespace dtb

@@ -1,0 +1,222 @@
+#include "windows/board/piece_view.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "game/history.h"
+#include "game/runners.h"
+#include "platform/qt/qt_text.h"
+#include "teams/game_pieces.h"
+#include "windows/shared/bind.h"
+#include "windows/shared/look.h"
+
+namespace dtb {
+namespace {
+
+using namespace look;
+
+constexpr double kShadowMargin = 10;
+constexpr double kPlateHeight = 24;
+constexpr double kPlateTop = 105;  // from the top of the box, at any size that holds it there
+constexpr double kKeyStep = 12;
+constexpr int kDragDistance = 4;  // pixels
+
+}  // namespace
+
+PieceShadow::PieceShadow(QWidget* parent) : QWidget(parent) {
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void PieceShadow::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  constexpr int kLayers = 6;
+  for (int layer = 0; layer < kLayers; ++layer) {
+    painter.setBrush(QColor(0, 0, 0, 16 + layer * 4));
+    const double inset = layer * kShadowMargin / kLayers;
+    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), kShadowMargin,
+                            kShadowMargin);
+  }
+}
+
+PieceView::PieceView(Board& board, int piece, QtPictures& pictures, Scene& scene, QWidget* parent)
+    : QAbstractButton(parent),
+      board_(board),
+      piece_(piece),
+      scene_(scene),
+      shadow_(new PieceShadow(parent)),
+      photo_(new PictureBox(PictureBox::Fit::Stretched, this)),
+      plate_(MakeCaption({}, this, Qt::AlignCenter)) {
+  setObjectName(QStringLiteral("pb_Player%1").arg(piece + 1));
+  setFocusPolicy(Qt::TabFocus);
+  setCursor(Qt::OpenHandCursor);
+  photo_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  shadow_->lower();
+  scene.Put(shadow_, {});
+  scene.Put(this, {});
+  scene.Put(photo_, {});
+  BuildPlate();
+  // The press that assistive programs make; the gestures of mouse and keyboard stand below.
+  connect(this, &QAbstractButton::clicked, this, [this] { ClickPiece(board_, piece_); });
+  FollowAll(
+      this, [this] { Arrange(); }, Piece().left, Piece().top, board.state.pieceWidth,
+      board.state.pieceHeight);
+  Follow<Picture>(this, Piece().picture, [this, &pictures](const Picture& picture) {
+    photo_->SetImage(pictures.Image(picture));
+    photo_->setVisible(!picture.empty());
+    update();
+  });
+  FollowAll(
+      this, [this] { ShowPlate(); }, Piece().plate, Piece().tag, Piece().picture);
+}
+
+void PieceView::BuildPlate() {
+  plate_->setObjectName(QStringLiteral("lbl_Player%1").arg(piece_ + 1));
+  plate_->setAutoFillBackground(true);
+  plate_->setBackgroundRole(QPalette::Window);  // not the button's, which it lies on
+  plate_->setForegroundRole(QPalette::WindowText);
+  QPalette palette = plate_->palette();
+  palette.setColor(QPalette::Window, kPlateGrey);
+  palette.setColor(QPalette::WindowText, Qt::white);
+  plate_->setPalette(palette);
+  plate_->installEventFilter(this);
+  scene_.Put(plate_, {}, kBody, true);
+}
+
+void PieceView::Arrange() {
+  const double width = board_.state.pieceWidth.value();
+  const double height = board_.state.pieceHeight.value();
+  const double left = Piece().left.value();
+  const double top = Piece().top.value();
+  scene_.MoveTo(this, {left, top, width, height});
+  scene_.MoveTo(shadow_, {left - kShadowMargin + 2, top - kShadowMargin + 5,
+                          width + 2 * kShadowMargin, height + 2 * kShadowMargin});
+  const double ring = hasFocus() ? 3 : 0;  // room for the ring of the keyboard focus
+  scene_.MoveTo(photo_, {ring, ring, width - 2 * ring, height - 2 * ring});
+  const double plateTop = std::max(0.0, std::min(kPlateTop, height - kPlateHeight));
+  scene_.MoveTo(plate_, {0, plateTop, width, std::min(kPlateHeight, height)});
+  ShowPlate();
+}
+
+void PieceView::ShowPlate() {
+  const QString name = ToQt(Piece().plate.value()).left(400);
+  plate_->setVisible(!name.isEmpty());
+  plate_->setText(plate_->fontMetrics().elidedText(name, Qt::ElideRight, plate_->width() - 4));
+  const QString tag = ToQt(Piece().tag.value()).left(400);
+  const bool taken = !Piece().free();
+  setToolTip(taken ? tag : QString());
+  setAccessibleName(taken ? QStringLiteral("Game piece %1: %2").arg(piece_ + 1).arg(tag)
+                          : QStringLiteral("Game piece %1, free").arg(piece_ + 1));
+  update();
+}
+
+void PieceView::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.fillRect(rect(), kBoxGrey);
+  DrawInitials(painter);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(hasFocus() ? kAccent : QColor(104, 104, 104), hasFocus() ? 3 : 1));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(QRectF(rect()).adjusted(1, 1, -1, -1));
+}
+
+// A man without a photo is told from the next by more than his small plate.
+void PieceView::DrawInitials(QPainter& painter) {
+  const QString name = ToQt(Piece().plate.value()).left(400).simplified();
+  QString initials;
+  for (const QString& word :
+       {name, name.section(QLatin1Char(' '), 1).section(QLatin1Char(' '), -1)}) {
+    const auto letters = word.toUcs4();
+    if (letters.isEmpty() || !QChar::isLetterOrNumber(letters.first())) continue;
+    const char32_t letter = letters.first();
+    initials += QString::fromUcs4(&letter, 1);
+  }
+  painter.setFont(Font(width() * 0.42, true));
+  painter.setPen(QColor(140, 140, 140));
+  painter.drawText(QRect(0, 0, width(), plate_->y()), Qt::AlignCenter, initials);
+}
+
+void PieceView::focusInEvent(QFocusEvent* event) {
+  QAbstractButton::focusInEvent(event);
+  Arrange();
+}
+
+void PieceView::focusOutEvent(QFocusEvent* event) {
+  QAbstractButton::focusOutEvent(event);
+  Arrange();
+}
+
+void PieceView::mousePressEvent(QMouseEvent* event) {
+  SealGesture(board_);
+  pressed_ = event->button() == Qt::LeftButton;
+  dragged_ = false;
+  pressPlace_ = event->globalPosition().toPoint();
+  raise();
+}
+
+void PieceView::mouseMoveEvent(QMouseEvent* event) {
+  if (!pressed_ || !event->buttons().testFlag(Qt::LeftButton)) return;
+  // A hand that shakes while it clicks does not drag.
+  const QPoint way = event->globalPosition().toPoint() - pressPlace_;
+  if (!dragged_ && way.manhattanLength() < kDragDistance) return;
+  dragged_ = true;
+  const QPoint middle = mapToParent(event->position().toPoint());
+  MovePiece(board_, piece_, middle.x() / scene_.resizer().scaleX(),
+            middle.y() / scene_.resizer().scaleY());
+}
+
+void PieceView::mouseReleaseEvent(QMouseEvent* event) {
+  if (!pressed_ || event->button() != Qt::LeftButton) return;
+  pressed_ = false;
+  board_.state.cb_Xinnings.Set(false);
+  if (!dragged_ && rect().contains(event->position().toPoint())) click();
+}
+
+void PieceView::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) FreePiece(board_, piece_);
+}
+
+void PieceView::Nudge(double right, double down) {
+  const double middleX = Piece().left.value() + board_.state.pieceWidth.value() / 2;
+  const double middleY = Piece().top.value() + board_.state.pieceHeight.value() / 2;
+  MovePiece(board_, piece_, middleX + right, middleY + down);
+}
+
+void PieceView::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Left:
+      Nudge(-kKeyStep, 0);
+      break;
+    case Qt::Key_Right:
+      Nudge(kKeyStep, 0);
+      break;
+    case Qt::Key_Up:
+      Nudge(0, -kKeyStep);
+      break;
+    case Qt::Key_Down:
+      Nudge(0, kKeyStep);
+      break;
+    case Qt::Key_Delete:
+      FreePiece(board_, piece_);
+      break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+      if (!event->isAutoRepeat()) click();
+      break;
+    default:
+      QAbstractButton::keyPressEvent(event);
+  }
+}
+
+// The plate is a part of the piece, but a double click on it keeps the name on the piece.
+bool PieceView::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == plate_ && event->type() == QEvent::MouseButtonDblClick) {
+    ClearPlate(board_, piece_);
+    return true;
+  }
+  return QAbstractButton::eventFilter(watched, event);
+}
+
+}  // namespace dtb

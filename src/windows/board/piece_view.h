@@ -1,0 +1,58 @@
+// The game pieces on the park.
+#pragma once
+
+#include "game/board.h"
+#include "platform/qt/qt_pictures.h"
+#include "windows/shared/controls.h"
+#include "windows/shared/scene.h"
+
+namespace dtb {
+
+// The soft shadow under a piece.
+class PieceShadow : public QWidget {
+  Q_OBJECT
+ public:
+  explicit PieceShadow(QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+// One game piece: photo or empty box, and the name plate. It is dragged with the left button, taken
+// off by a double click, and moved by the arrow keys.
+class PieceView : public QAbstractButton {
+  Q_OBJECT
+ public:
+  PieceView(Board& board, int piece, QtPictures& pictures, Scene& scene, QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void BuildPlate();
+  void Arrange();
+  void ShowPlate();
+  void DrawInitials(QPainter& painter);
+  void Nudge(double right, double down);
+  [[nodiscard]] GamePiece& Piece() { return board_.state.pieces.at(piece_); }
+
+  Board& board_;
+  int piece_;
+  Scene& scene_;
+  PieceShadow* shadow_;
+  PictureBox* photo_;
+  QLabel* plate_;
+  QPoint pressPlace_;  // on the screen
+  bool pressed_ = false;
+  bool dragged_ = false;
+};
+
+}  // namespace dtb

@@ -1,0 +1,174 @@
+#include "windows/board/play_keys.h"
+
+#include <QGridLayout>
+#include <QVBoxLayout>
+#include <array>
+
+#include "game/outcomes.h"
+#include "game/runners.h"
+#include "windows/boxes/message_box.h"
+#include "windows/shared/bind.h"
+#include "windows/shared/look.h"
+
+namespace dtb {
+namespace {
+
+using namespace look;
+
+constexpr Place kPlatePlace{344, 220, 992, 340};
+constexpr int kRows = 8;
+constexpr Place kHintPlace{610, 220, 460, 56};
+
+struct OutcomeKey {
+  int key;
+  Outcome outcome;
+  const char* shown;
+  const char* meaning;
+};
+
+constexpr std::array kOutcomeKeys{
+    OutcomeKey{Qt::Key_1, Outcome::Single, "1", "Single"},
+    OutcomeKey{Qt::Key_2, Outcome::Double, "2", "Double"},
+    OutcomeKey{Qt::Key_3, Outcome::Triple, "3", "Triple"},
+    OutcomeKey{Qt::Key_4, Outcome::Homer, "4", "Homer"},
+    OutcomeKey{Qt::Key_W, Outcome::Walk, "W", "Walk"},
+    OutcomeKey{Qt::Key_K, Outcome::Strikeout, "K", "Strikeout"},
+    OutcomeKey{Qt::Key_G, Outcome::Groundout, "G", "Groundout"},
+    OutcomeKey{Qt::Key_F, Outcome::Flyout, "F", "Flyout, foulout"},
+    OutcomeKey{Qt::Key_L, Outcome::Lineout, "L", "Lineout"},
+    OutcomeKey{Qt::Key_P, Outcome::Popout, "P", "Popout"},
+    OutcomeKey{Qt::Key_D, Outcome::DoublePlay, "D", "Double play"},
+    OutcomeKey{Qt::Key_C, Outcome::FieldersChoice, "C", "Fielder's choice"},
+    OutcomeKey{Qt::Key_T, Outcome::ThrownOut, "T", "Runner thrown out"},
+    OutcomeKey{Qt::Key_E, Outcome::AtBat, "E", "At-bat, reached on an error"},
+    OutcomeKey{Qt::Key_R, Outcome::RunBattedIn, "R", "Run batted in"},
+};
+
+struct OtherKey {
+  const char* shown;
+  const char* meaning;
+};
+
+constexpr std::array kOtherKeys{
+    OtherKey{"S, then 1 to 4", "Stolen base by that game piece"},
+    OtherKey{"Up, Down", "Choose a row of the side at bat"},
+    OtherKey{"Enter", "Press, or enter a new entry"},
+    OtherKey{"Tab", "The next control"},
+    OtherKey{"Esc", "Leave a text field"},
+    OtherKey{"Ctrl + Z", "Undo"},
+    OtherKey{"Ctrl + Shift + Z", "Redo"},
+    OtherKey{"?", "These keys"},
+};
+
+void AddRow(QGridLayout* grid, int row, int column, const char* shown, const char* meaning) {
+  auto* key = MakeCaption(QLatin1String(shown), nullptr, Qt::AlignRight | Qt::AlignVCenter);
+  QPalette palette = key->palette();
+  palette.setColor(QPalette::WindowText, kAccent);
+  key->setPalette(palette);
+  grid->addWidget(key, row, column);
+  grid->addWidget(MakeCaption(QLatin1String(meaning), nullptr), row, column + 1);
+}
+
+}  // namespace
+
+KeyPlate::KeyPlate(Scene& scene, QWidget* parent) : Panel(parent) {
+  Name(this, "KeyPlate", QStringLiteral("Keys"));
+  SetFill(kSlate);
+  SetLit(true);
+  scene.Put(this, kPlatePlace, kBody);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(12, 4, 12, 4);
+  column->setSpacing(0);
+  column->addWidget(MakeCaption(QStringLiteral("KEYS"), this, Qt::AlignCenter));
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(10);
+  grid->setVerticalSpacing(0);
+  column->addLayout(grid, 1);
+  int place = 0;
+  const auto add = [&](const char* shown, const char* meaning) {
+    AddRow(grid, place % kRows, place / kRows * 2, shown, meaning);
+    ++place;
+  };
+  for (const OutcomeKey& key : kOutcomeKeys) add(key.shown, key.meaning);
+  place = 2 * kRows;  // in a column of their own
+  for (const OtherKey& key : kOtherKeys) add(key.shown, key.meaning);
+  for (const int meanings : {1, 3, 5}) grid->setColumnStretch(meanings, 1);
+  hide();
+}
+
+PlayKeys::PlayKeys(Board& board, Scene& scene, QWidget* boardWindow)
+    : QObject(boardWindow),
+      board_(board),
+      scene_(scene),
+      window_(boardWindow),
+      runnerHint_(new Panel(boardWindow)) {
+  Name(runnerHint_, "RunnerHint", QStringLiteral("Stolen base: which game piece, 1 to 4?"));
+  runnerHint_->SetFill(kSlate);
+  runnerHint_->SetLit(true);
+  scene.Put(runnerHint_, kHintPlace, kLarge);
+  auto* column = new QVBoxLayout(runnerHint_);
+  column->addWidget(MakeCaption(runnerHint_->accessibleName(), runnerHint_, Qt::AlignCenter));
+  runnerHint_->hide();
+}
+
+bool PlayKeys::Press(const QKeyEvent& event) {
+  const int key = event.key();
+  const bool plain = (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
+  if (!plain) return false;
+  if (key == Qt::Key_Up || key == Qt::Key_Down) {
+    emit listWanted(key);
+    return true;
+  }
+  if (event.isAutoRepeat()) return false;
+  const BoxKey closesBoxes(key);
+  if (key == Qt::Key_Question) {
+    ShowPlate(plate_ == nullptr || !plate_->isVisible());
+    return true;
+  }
+  if (key == Qt::Key_Escape) {
+    ShowPlate(false);
+    AskForRunner(false);
+    return true;
+  }
+  if (runnerAsked_) {
+    AskForRunner(false);
+    if (key < Qt::Key_1 || key > Qt::Key_4) return PressOutcome(key);
+    RecordStolenBase(board_, key - Qt::Key_1);
+    return true;
+  }
+  if (key == Qt::Key_S) {
+    AskForRunner(true);
+    return true;
+  }
+  return PressOutcome(key);
+}
+
+bool PlayKeys::eventFilter(QObject* /*watched*/, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return false;
+  const auto* press = static_cast<QKeyEvent*>(event);
+  const bool arrow = press->key() == Qt::Key_Up || press->key() == Qt::Key_Down;
+  return arrow && Press(*press);
+}
+
+bool PlayKeys::PressOutcome(int key) {
+  const auto* found = std::ranges::find(kOutcomeKeys, key, &OutcomeKey::key);
+  if (found == kOutcomeKeys.end()) return false;
+  ShowPlate(false);
+  RecordOutcome(board_, found->outcome);
+  return true;
+}
+
+void PlayKeys::ShowPlate(bool shown) {
+  if (!shown && plate_ == nullptr) return;
+  if (plate_ == nullptr) plate_ = new KeyPlate(scene_, window_);
+  plate_->setVisible(shown);
+  plate_->raise();
+}
+
+void PlayKeys::AskForRunner(bool asks) {
+  runnerAsked_ = asks;
+  runnerHint_->setVisible(asks);
+  runnerHint_->raise();
+}
+
+}  // namespace dtb

@@ -1,0 +1,53 @@
+// A game played by keyboard.
+#pragma once
+
+#include <QKeyEvent>
+
+#include "windows/shared/controls.h"
+#include "windows/shared/scene.h"
+
+namespace dtb {
+
+// The plate that shows all keys, over the board. Any click and the keys "?" and Esc close it.
+class KeyPlate : public Panel {
+  Q_OBJECT
+ public:
+  KeyPlate(Scene& scene, QWidget* parent);
+
+ protected:
+  void mousePressEvent(QMouseEvent* /*event*/) override { hide(); }
+};
+
+// What the keys do while no text field has the focus. The board hands over the key presses that
+// none of its controls wanted.
+class PlayKeys : public QObject {
+  Q_OBJECT
+ public:
+  PlayKeys(Board& board, Scene& scene, QWidget* boardWindow);
+
+  // True if the key means something.
+  bool Press(const QKeyEvent& event);
+
+  // A button would take Up and Down for steps to its neighbours; with these they go to the line-up.
+  void TakeArrowsFrom(QAbstractButton* button) { button->installEventFilter(this); }
+
+ signals:
+  void listWanted(int key);  // an arrow: the line-up of the side at bat takes it
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  bool PressOutcome(int key);
+  void ShowPlate(bool shown);
+  void AskForRunner(bool asks);
+
+  Board& board_;
+  Scene& scene_;
+  QWidget* window_;
+  KeyPlate* plate_ = nullptr;  // none before somebody wants it: it has many labels
+  Panel* runnerHint_;
+  bool runnerAsked_ = false;  // S was pressed: the number of a game piece comes next
+};
+
+}  // namespace dtb

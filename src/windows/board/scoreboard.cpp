@@ -1,0 +1,297 @@
+#include "windows/board/scoreboard.h"
+
+#include <QMouseEvent>
+#include <QPushButton>
+
+#include "aids/ballparks.h"
+#include "aids/charts.h"
+#include "aids/logos.h"
+#include "game/history.h"
+#include "game/innings.h"
+#include "game/score_pad.h"
+#include "platform/qt/qt_text.h"
+#include "teams/game_pieces.h"
+#include "windows/shared/bind.h"
+#include "windows/shared/game_text.h"
+#include "windows/shared/look.h"
+#include "windows/shared/name_edit.h"
+
+namespace dtb {
+namespace {
+
+using namespace look;
+
+// Places in layout units. Frame3 lies between the two side panels.
+constexpr Place kFrame3{340, 12, 999, 188};
+constexpr Place kFrame4{12, 12, 750, 120};
+constexpr Place kFrame6{778, 12, 84, 120};
+constexpr Place kFrame1{340, 12, 632, 140};
+
+constexpr double kHeaderHeight = 24;
+constexpr double kCellWidth = 36;
+constexpr double kCellPitch = 40;
+constexpr double kCellHeight = 44;
+constexpr double kFirstInningLeft = 214;
+constexpr double kFirstTotalLeft = 622;
+constexpr double kTotalWidth = 40;
+constexpr double kTotalPitch = 44;
+constexpr int kShownInnings = 10;
+constexpr double kChartWidth = 80;
+constexpr double kChartPitch = 88;
+
+double RowTop(Side side) { return side == Side::Visitors ? 28 : 76; }
+
+struct ScoreNames {
+  const char* row;   // objectName of the row's cells
+  const char* word;  // for screen readers
+  const char* team;
+  const char* logo;
+};
+
+const ScoreNames& NamesOf(Side side) {
+  static constexpr ScoreNames visitors{"tb_BoxScore", "Visitors", "tb_VisTeam", "img_VisLogo"};
+  static constexpr ScoreNames home{"tb_BoxScoreBottom", "Home", "tb_HomeTeam", "img_HomeLogo"};
+  return side == Side::Visitors ? visitors : home;
+}
+
+QString CellWord(int cell) {
+  switch (cell) {
+    case kTotalRuns:
+      return QStringLiteral("runs");
+    case kTotalHits:
+      return QStringLiteral("hits");
+    case kTotalErrors:
+      return QStringLiteral("errors");
+    default:
+      return QStringLiteral("inning %1").arg(cell + 1);
+  }
+}
+
+// The tool-tips of the extra innings' corner cells, as people know them.
+QString CellTip(Side side, int cell) {
+  if (cell == 10) {
+    return side == Side::Visitors ? QStringLiteral("top of 11") : QStringLiteral("bottom of 11");
+  }
+  if (cell == 19) {
+    return side == Side::Visitors ? QStringLiteral("top of 20") : QStringLiteral("botom of 20");
+  }
+  return {};
+}
+
+}  // namespace
+
+Scoreboard::Scoreboard(Board& board, Aids& aids, QtPictures& pictures, Scene& scene,
+                       QWidget* parent)
+    : Panel(parent), board_(board), aids_(aids), scene_(scene) {
+  Name(this, "Frame3", QStringLiteral("Scoreboard"));
+  scene.Put(this, kFrame3);
+  auto* frame4 = new QWidget(this);
+  Name(frame4, "Frame4", QStringLiteral("Line score"));
+  scene.Put(frame4, kFrame4);
+  BuildTeams(frame4, pictures);
+  BuildLineScore(frame4);
+  BuildOuts();
+  BuildCommands();
+  BuildCharts();
+  BuildExtraInnings();
+}
+
+void Scoreboard::BuildTeams(QWidget* frame, QtPictures& pictures) {
+  for (const Side side : {Side::Visitors, Side::Home}) {
+    SideFields fields = SideOf(board_, side);
+    auto* logo = new PictureButton(frame);
+    Name(logo, NamesOf(side).logo, QLatin1String(NamesOf(side).word) + QStringLiteral(" logo"));
+    logo->setToolTip(QStringLiteral("Click to choose another logo"));
+    connect(logo, &QAbstractButton::clicked, this, [this, side] { ChooseLogo(board_, side); });
+    scene_.Put(logo, {0, RowTop(side), 44, 44});
+    Follow<Picture>(logo, fields.logo, [logo, &pictures](const Picture& picture) {
+      logo->SetImage(pictures.Image(picture));
+    });
+    auto* team = new FigureField(frame);
+    Name(team, NamesOf(side).team,
+         QLatin1String(NamesOf(side).word) + QStringLiteral(" team name"));
+    team->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    team->setTextMargins(4, 0, 4, 0);
+    team->SetTextFits();
+    scene_.Put(team, {52, RowTop(side), 154, kCellHeight}, kLarge, true);
+    BindGameText(team, fields.team, board_, "team name");
+    connect(team, &QLineEdit::textChanged, team, [team](const QString& text) {
+      team->setToolTip(text.left(200));
+      if (!team->hasFocus()) team->setCursorPosition(0);
+    });
+    FollowAll(
+        team, [this, team, side] { team->SetGround(Shade(SideColour(board_.state, side)), kInk); },
+        board_.state.Option5, board_.state.Option6);
+  }
+}
+
+void Scoreboard::AddScoreCell(QWidget* frame, Side side, int cell, const Place& place) {
+  ScoreCell& score = SideOf(board_, side).score.at(cell);
+  auto* field = new FigureField(frame);
+  Name(field, NamesOf(side).row,
+       QLatin1String(NamesOf(side).word) + QLatin1Char(' ') + CellWord(cell));
+  field->setObjectName(QStringLiteral("%1[%2]").arg(QLatin1String(NamesOf(side).row)).arg(cell));
+  field->setToolTip(CellTip(side, cell));
+  scene_.Put(field, place, cell >= kTotalRuns ? kHuge : kLarge, cell >= kTotalRuns);
+  BindGameText(field, score.text, board_, "line score");
+  Follow<Colour>(field, score.colour,
+                 [field](const Colour& colour) { field->SetGround(Shade(colour), kInk); });
+  connect(field, &FigureField::focused, this,
+          [this, side, cell] { FocusScoreCell(board_, side, cell); });
+  connect(field, &FigureField::marked, this,
+          [this, side, cell] { ToggleFinished(board_, side, cell); });
+  connect(field, &QLineEdit::cursorPositionChanged, this, [this, field](int /*old*/, int now) {
+    // A selected text counts as not yet entered: the score pad replaces it, as typing does.
+    if (field->hasFocus()) board_.state.CaretAtStart = now == 0 || field->hasSelectedText();
+  });
+}
+
+void Scoreboard::AddDigit(QWidget* frame, int digit, const Place& place) {
+  const QString caption = QString::number(digit);
+  auto* label = new ClickLabel(caption, {Qt::transparent, kSlateHover, kCream}, frame);
+  label->setObjectName(QStringLiteral("lbl_") + caption);
+  label->setAccessibleName(QStringLiteral("Score pad ") + caption);
+  label->setCursor(Qt::PointingHandCursor);
+  scene_.Put(label, place, kBody, true);
+  connect(label, &QAbstractButton::clicked, this,
+          [this, digit] { ClickDigit(board_, DecimalText(digit)); });
+}
+
+void Scoreboard::BuildLineScore(QWidget* frame) {
+  constexpr std::array<const char*, 3> totals{"R", "H", "E"};
+  for (int inning = 0; inning < kShownInnings; ++inning) {
+    const double left = kFirstInningLeft + inning * kCellPitch;
+    AddDigit(frame, (inning + 1) % 10, {left, 0, kCellWidth, kHeaderHeight});
+  }
+  for (int total = 0; total < 3; ++total) {
+    auto* header = MakeCaption(QLatin1String(totals.at(total)), frame, Qt::AlignCenter);
+    scene_.Put(header, {kFirstTotalLeft + total * kTotalPitch, 0, kTotalWidth, kHeaderHeight},
+               kBody, true);
+  }
+  for (const Side side : {Side::Visitors, Side::Home}) {
+    for (int inning = 0; inning < kShownInnings; ++inning) {
+      AddScoreCell(frame, side, inning,
+                   {kFirstInningLeft + inning * kCellPitch, RowTop(side), kCellWidth, kCellHeight});
+    }
+    for (int total = 0; total < 3; ++total) {
+      AddScoreCell(frame, side, kTotalRuns + total,
+                   {kFirstTotalLeft + total * kTotalPitch, RowTop(side), kTotalWidth, kCellHeight});
+    }
+  }
+}
+
+void Scoreboard::BuildOuts() {
+  auto* frame = new QWidget(this);
+  Name(frame, "Frame6", QStringLiteral("Outs"));
+  scene_.Put(frame, kFrame6);
+  scene_.Put(MakeCaption(QStringLiteral("OUTS"), frame, Qt::AlignCenter), {0, 0, 84, kHeaderHeight},
+             kBody, true);
+  auto* outs = new FigureField(frame);
+  Name(outs, "tb_OUT", QStringLiteral("Outs of the half-inning"));
+  outs->SetGround(kOutsRed, Qt::white);
+  scene_.Put(outs, {0, 28, 84, 48}, kHuge, true);
+  BindGameText(outs, board_.state.tb_OUT, board_, "OUTS");
+  auto* reset = new QPushButton(QStringLiteral("RESET"), frame);
+  Name(reset, "Command11", QStringLiteral("RESET game pieces"));
+  reset->setToolTip(QStringLiteral("Clears the game pieces; outs and score stay"));
+  scene_.Put(reset, {0, 84, 84, 36}, kBody);
+  connect(reset, &QPushButton::clicked, this, [this] { ResetGamePieces(board_); });
+  connect(reset, &QPushButton::released, this, [this] { board_.state.cb_Xinnings.Set(false); });
+}
+
+void Scoreboard::BuildCommands() {
+  auto* update = new QPushButton(QStringLiteral("UPDATE"), this);
+  Name(update, "Command5", QStringLiteral("UPDATE totals"));
+  scene_.Put(update, {878, 12, 109, 36}, kBody);
+  connect(update, &QPushButton::clicked, this, [this] {
+    const Gesture gesture(board_, "UPDATE");
+    ScoreUpdate(board_);
+  });
+  auto* extra = new QCheckBox(QStringLiteral("X-INN"), this);
+  Name(extra, "cb_Xinnings", QStringLiteral("Extra innings 11-20"));
+  extra->setToolTip(QStringLiteral("Extra innings 11-20"));
+  scene_.Put(extra, {882, 96, 105, 40}, kBody);
+  BindCheck(extra, board_.state.cb_Xinnings);
+  auto* parks = new QPushButton(QStringLiteral("BALLPARKS"), this);
+  Name(parks, "Command9", QStringLiteral("BALLPARKS"));
+  parks->setToolTip(QStringLiteral("Choose the picture of the ballpark"));
+  scene_.Put(parks, {878, 54, 109, 36}, kBody);
+  connect(parks, &QPushButton::clicked, this, [this] { ChoosePark(aids_); });
+}
+
+void Scoreboard::BuildCharts() {
+  const auto addLabel = [this](const char* name, const QString& caption, const Place& place) {
+    auto* label = new ClickLabel(caption, {QColor(224, 224, 224), Qt::white, kInk}, this);
+    Name(label, name, caption);
+    label->setCursor(Qt::PointingHandCursor);
+    scene_.Put(label, place, kBody, true);
+    return label;
+  };
+  for (int chart = 0; chart < kChartButtons; ++chart) {
+    const Place place{12 + chart * kChartPitch, 144, kChartWidth, 32};
+    const QString number = QString::number(chart + 1);
+    auto* label = addLabel(qPrintable(QStringLiteral("lbl_chrt") + number), {}, place);
+    label->SetHint(QStringLiteral("Chart ") + number);
+    Follow<std::string>(label, aids_.state.lbl_chrt.at(chart), [label, number](const auto& name) {
+      label->setAccessibleName(QStringLiteral("Chart %1 %2").arg(number, ToQt(name)).trimmed());
+    });
+    auto* edit = new NameEdit(aids_.platform, ChartName(aids_.state, chart), label);
+    Name(edit, qPrintable(QStringLiteral("tb_chrt") + number),
+         QStringLiteral("Name of chart ") + number);
+    scene_.Put(edit, place, kBody);
+    connect(edit, &NameEdit::labelClicked, this, [this, chart] { emit chartWanted(chart); });
+  }
+  auto* rules = addLabel("lbl_rules", QStringLiteral("RULES"), {804, 144, 66, 32});
+  connect(rules, &QAbstractButton::clicked, this, [this] { OpenRules(aids_); });
+  auto* help = addLabel("lbl_help", QStringLiteral("DTB HELP"), {878, 144, 109, 32});
+  connect(help, &QAbstractButton::clicked, this, [this] { OpenHelp(aids_); });
+}
+
+void Scoreboard::BuildExtraInnings() {
+  extraInnings_ = new Panel(parentWidget());
+  extraInnings_->SetFill(kSlate);
+  Name(extraInnings_, "Frame1", QStringLiteral("Innings 11 to 20"));
+  scene_.Put(extraInnings_, kFrame1);
+  BindVisible(extraInnings_, board_.state.cb_Xinnings);
+  for (int inning = kShownInnings; inning < kInnings; ++inning) {
+    const double left = kFrame4.left + kFirstInningLeft + (inning - kShownInnings) * kCellPitch;
+    scene_.Put(MakeCaption(QString::number(inning + 1), extraInnings_, Qt::AlignCenter),
+               {left, kFrame4.top, kCellWidth, kHeaderHeight}, kBody, true);
+    for (const Side side : {Side::Visitors, Side::Home}) {
+      AddScoreCell(extraInnings_, side, inning,
+                   {left, kFrame4.top + RowTop(side), kCellWidth, kCellHeight});
+    }
+  }
+  for (const Side side : {Side::Visitors, Side::Home}) {
+    auto* team = MakeCaption({}, extraInnings_);
+    scene_.Put(team, {20, kFrame4.top + RowTop(side), 198, kCellHeight}, kLarge, true);
+    Follow<std::string>(team, SideOf(board_, side).team,
+                        [team](const std::string& name) { team->setText(ToQt(name).left(200)); });
+  }
+  extraInnings_->raise();
+}
+
+void Scoreboard::AlignExtraInnings() {
+  const Place frame3 = scene_.PlaceOf(this);
+  Place place = scene_.PlaceOf(extraInnings_);
+  if (place.left == frame3.left && place.top == frame3.top) return;
+  place.left = frame3.left;
+  place.top = frame3.top;
+  scene_.MoveTo(extraInnings_, place);
+}
+
+void Scoreboard::mousePressEvent(QMouseEvent* event) { dragOrigin_ = event->position(); }
+
+void Scoreboard::mouseMoveEvent(QMouseEvent* event) {
+  if (!event->buttons().testFlag(Qt::LeftButton)) return;
+  const QPointF by = event->position() - dragOrigin_;
+  Place place = scene_.PlaceOf(this);
+  // The middle of the board stays inside the scene, so that it can be caught again.
+  place.left = std::clamp(place.left + by.x() / scene_.resizer().scaleX(), -place.width / 2,
+                          kSceneWidth - place.width / 2);
+  place.top = std::clamp(place.top + by.y() / scene_.resizer().scaleY(), 0.0,
+                         kSceneHeight - place.height / 2);
+  scene_.MoveTo(this, place);
+}
+
+}  // namespace dtb

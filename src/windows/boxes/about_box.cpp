@@ -1,0 +1,128 @@
+#include "windows/boxes/about_box.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "platform/qt/qt_text.h"
+#include "shell/project_pages.h"
+#include "shell/system_info.h"
+#include "shell/version.h"
+#include "windows/shared/bind.h"
+#include "windows/shared/controls.h"
+#include "windows/shared/look.h"
+#include "windows/shared/scene.h"
+
+namespace dtb {
+namespace {
+
+using namespace look;
+
+constexpr int kPictureSize = 96;
+constexpr int kTextWidth = 420;
+constexpr const char* kDescription =
+    "A board for everyone who plays baseball with dice, cards and charts. Load two teams, name the "
+    "pitchers, roll, and click what the chart says; the paperwork is done here. Write to us about "
+    "what you miss.";
+constexpr const char* kDisclaimer =
+    "This program comes without any warranty. Team names, players and charts that you add are your "
+    "own affair; those in the box are invented.";
+
+QLabel* AddText(const char* name, const QString& text, double size, bool bold, QVBoxLayout* column,
+                QWidget* parent) {
+  QLabel* label = MakeCaption(text, parent, Qt::AlignLeft | Qt::AlignTop);
+  Name(label, name, text);
+  label->setFont(Font(size, bold));
+  label->setWordWrap(true);
+  label->setFixedWidth(kTextWidth);
+  column->addWidget(label);
+  return label;
+}
+
+}  // namespace
+
+AboutBox::AboutBox(Platform& platform, QWidget* board) : QDialog(board), platform_(platform) {
+  setObjectName(QStringLiteral("frmAbout"));
+  setWindowTitle(QStringLiteral("About ") + QLatin1String(kProgramTitle));
+  auto* picture = new PictureBox(PictureBox::Fit::Whole, this);
+  Name(picture, "Image1", QStringLiteral("Emblem of the program"));
+  picture->SetImage(QImage(QStringLiteral(":/icons/kelvane-diamond-table-256.png")));
+  picture->setFixedSize(kPictureSize, kPictureSize);
+  auto* row = new QHBoxLayout;
+  row->setSpacing(16);
+  row->addWidget(picture, 0, Qt::AlignTop);
+  row->addWidget(BuildTexts());
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(24, 24, 24, 24);
+  column->setSpacing(16);
+  column->setSizeConstraint(QLayout::SetFixedSize);
+  column->addLayout(row);
+  column->addWidget(BuildButtons());
+}
+
+QWidget* AboutBox::BuildTexts() {
+  auto* texts = new QWidget(this);
+  auto* column = new QVBoxLayout(texts);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(8);
+  AddText("lblTitle", QLatin1String(kProgramTitle), kHuge, true, column, texts);
+  AddText("lblVersion", ToQt(VersionText()), kBody, false, column, texts);
+  auto* description =
+      AddText("lblDescription", QLatin1String(kDescription), kBody, false, column, texts);
+  // Blue cannot be read on slate, so the note lies on a light plate.
+  description->setAutoFillBackground(true);
+  description->setMargin(12);
+  QPalette palette = description->palette();
+  palette.setColor(QPalette::Window, QColor(250, 246, 235));
+  palette.setColor(QPalette::WindowText, QColor(0, 0, 255));
+  description->setPalette(palette);
+  column->addWidget(BuildLink(), 0, Qt::AlignLeft);
+  AddText("lblDisclaimer", QLatin1String(kDisclaimer), kSmall, false, column, texts);
+  return texts;
+}
+
+QWidget* AboutBox::BuildLink() {
+  auto* link =
+      new ClickLabel(QLatin1String(kProjectPage), {kSlateRaised, kSlateHover, kAccent}, this);
+  Name(link, "Label1", QStringLiteral("Open the project's page"));
+  link->setCursor(Qt::PointingHandCursor);
+  link->setFont(Font(kBody, true));
+  link->setFixedSize(kTextWidth, 32);
+  connect(link, &QAbstractButton::clicked, this, [this] {
+    platform_.pages.Open(kProjectPage);
+    accept();
+  });
+  return link;
+}
+
+QWidget* AboutBox::BuildButtons() {
+  auto* buttons = new QWidget(this);
+  auto* row = new QHBoxLayout(buttons);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(8);
+  row->addStretch();
+  const auto add = [&](const char* name, const QString& caption) {
+    auto* button = new QPushButton(caption, buttons);
+    Name(button, name, QString(caption).remove(QLatin1Char('&')));
+    button->setMinimumSize(120, 36);
+    row->addWidget(button);
+    return button;
+  };
+  auto* information = add("cmdSysInfo", QStringLiteral("&System Info..."));
+  information->setAutoDefault(false);
+  connect(information, &QPushButton::clicked, this, [this] { StartSysInfo(platform_); });
+  auto* ok = add("cmdOK", QStringLiteral("OK"));
+  ok->setDefault(true);
+  ok->setFocus();
+  connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+  return buttons;
+}
+
+void AboutBox::Run(Platform& platform, QWidget* board) {
+  AboutBox box(platform, board);
+  box.adjustSize();
+  CenterForm(&box, board);
+  box.exec();
+}
+
+}  // namespace dtb

@@ -1,0 +1,359 @@
+#include "windows/boxes/message_box.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "game/board_state.h"
+#include "platform/qt/qt_text.h"
+#include "windows/shared/look.h"
+
+namespace dtb {
+namespace {
+
+using namespace look;
+
+constexpr double kConfirmationWidth = 340;  // layout units, as all sizes here
+constexpr double kStandardWidth = 520;
+constexpr double kMessageType = kLarge;  // 14 points on the reference screen
+constexpr double kCloseSize = 28;
+// A list entry may be of any length; more than this is no help to anybody.
+constexpr qsizetype kLongestMessage = 20000;
+
+MessageBox* openBox = nullptr;
+int closingKey = 0;  // 0: none
+
+// The person who closes a box by a double click means one click: the second half of it must not
+// reach what lies under the box.
+class ClickGuard : public QObject {
+ public:
+  ClickGuard() : QObject(qApp) { qApp->installEventFilter(this); }
+
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::MouseButtonRelease:
+      case QEvent::MouseButtonDblClick:
+        return true;
+      case QEvent::MouseButtonPress:
+        if (static_cast<QMouseEvent*>(event)->flags() & Qt::MouseEventCreatedDoubleClick) {
+          return true;
+        }
+        qApp->removeEventFilter(this);
+        deleteLater();
+        return false;
+      default:
+        return false;
+    }
+  }
+};
+
+QString IconText(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::Critical:
+      return QStringLiteral("\u00D7");
+    case BoxIcon::Information:
+      return QStringLiteral("i");
+    case BoxIcon::Warning:
+    case BoxIcon::Exclamation:
+      return QStringLiteral("!");
+    case BoxIcon::None:
+      break;
+  }
+  return {};
+}
+
+// A round badge that tells the kind of a message.
+class Badge : public QWidget {
+ public:
+  Badge(BoxIcon icon, double scale, QWidget* parent) : QWidget(parent), icon_(icon) {
+    setFixedSize(qRound(36 * scale), qRound(36 * scale));
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    const bool critical = icon_ == BoxIcon::Critical;
+    const QColor fill = critical ? QColor(200, 40, 32) : kAccent;
+    DrawPlate(painter, rect(), fill, fill, 1, width() / 2.0);
+    painter.setPen(critical ? QColor(Qt::white) : kInk);
+    painter.setFont(Font(height() * 0.7, true));
+    painter.drawText(rect(), Qt::AlignCenter, IconText(icon_));
+  }
+
+ private:
+  BoxIcon icon_;
+};
+
+// A box that names no title bears the program's.
+QString TitleOr(const std::string& title) {
+  return title.empty() ? QStringLiteral("Kelvane Diamond Table") : ToQt(title);
+}
+
+QString Shortened(const QString& message) {
+  return message.size() <= kLongestMessage ? message
+                                           : message.left(kLongestMessage) + QChar(0x2026);
+}
+
+}  // namespace
+
+MessageBox* MessageBox::Open() { return openBox; }
+
+bool MessageBox::Run(QWidget* window, const Content& content) {
+  QPointer<QWidget> focus = QApplication::focusWidget();
+  MessageBox* const outer = openBox;
+  auto* box = new MessageBox(window != nullptr && window->isVisible() ? window : nullptr, content);
+  openBox = box;
+  box->PlaceOverWindow();
+  box->show();
+  box->raise();
+  qApp->installEventFilter(box);
+  QAccessibleEvent alert(box, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
+  box->loop_.exec();
+  qApp->removeEventFilter(box);
+  openBox = outer;
+  const bool answer = box->answer_;
+  box->hide();
+  box->deleteLater();
+  if (focus) focus->setFocus(Qt::OtherFocusReason);
+  return answer;
+}
+
+MessageBox::MessageBox(QWidget* window, const Content& content)
+    : QWidget(window), content_(content), window_(window), answer_(!content.question) {
+  setObjectName(Confirmation() ? QStringLiteral("CustMsgBox") : QStringLiteral("MsgBox"));
+  setAccessibleName(content_.title.isEmpty()
+                        ? Shortened(content_.message)
+                        : content_.title + QStringLiteral(": ") + Shortened(content_.message));
+  setFocusPolicy(Qt::StrongFocus);
+  const double scale = window == nullptr ? 1 : std::max(0.5, window->width() / kSceneWidth);
+  Build(scale);
+}
+
+void MessageBox::Build(double scale) {
+  const auto units = [scale](double length) { return qRound(length * scale); };
+  setFont(Font(kMessageType * scale));
+  setFixedWidth(units(Confirmation() ? kConfirmationWidth : kStandardWidth));
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(units(20), units(8), units(8), units(20));
+  column->setSpacing(units(4));
+
+  auto* strip = new QHBoxLayout;
+  auto* title = new QLabel(content_.title);
+  title->setFont(Font(kBody * scale, true));
+  title->setTextFormat(Qt::PlainText);
+  auto* close = new QPushButton(QStringLiteral("\u00D7"));
+  close->setObjectName(QStringLiteral("CloseBox"));
+  close->setAccessibleName(QStringLiteral("Close"));
+  close->setFocusPolicy(Qt::NoFocus);
+  close->setFlat(true);
+  close->setFixedSize(units(kCloseSize), units(kCloseSize));
+  connect(close, &QPushButton::clicked, this, [this] { Finish(!content_.question); });
+  strip->addWidget(title, 1);
+  strip->addWidget(close);
+  column->addLayout(strip);
+
+  auto* row = new QHBoxLayout;
+  row->setSpacing(units(16));
+  row->setContentsMargins(0, 0, units(12), 0);
+  if (content_.icon != BoxIcon::None) {
+    row->addWidget(new Badge(content_.icon, scale, this), 0, Qt::AlignTop);
+  }
+  auto* label = new QLabel(Shortened(content_.message));
+  label->setObjectName(QStringLiteral("Label1"));
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  label->setAlignment(
+      (content_.alignment == BoxAlignment::Left ? Qt::AlignLeft : Qt::AlignHCenter) |
+      Qt::AlignVCenter);
+  QPalette palette = label->palette();
+  palette.setColor(QPalette::WindowText, Qt::white);
+  label->setPalette(palette);
+  auto* scroll = new QScrollArea;
+  scroll->setWidgetResizable(true);
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->viewport()->setAutoFillBackground(false);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scroll->setWidget(label);
+  label->setAutoFillBackground(false);  // the scroll area turns it on
+  const int textWidth = width() - units(content_.icon == BoxIcon::None ? 44 : 100);
+  const int highest = window_.isNull() ? units(400) : qRound(window_->height() * 0.6);
+  scroll->setFixedHeight(std::clamp(label->heightForWidth(textWidth), units(40), highest));
+  row->addWidget(scroll, 1);
+  column->addLayout(row);
+  if (!Confirmation()) BuildButtons(scale, this);
+  adjustSize();
+}
+
+void MessageBox::BuildButtons(double scale, QWidget* below) {
+  auto* row = new QHBoxLayout;
+  row->setContentsMargins(0, qRound(8 * scale), qRound(12 * scale), 0);
+  row->addStretch();
+  const auto add = [&](const QString& caption, bool answer) {
+    auto* button = new QPushButton(caption, below);
+    button->setObjectName(QStringLiteral("cmd_") + caption.toUpper());
+    button->setFixedSize(qRound(96 * scale), qRound(34 * scale));
+    button->setFont(Font(kBody * scale));
+    connect(button, &QPushButton::clicked, this, [this, answer] { Finish(answer); });
+    row->addWidget(button);
+    return button;
+  };
+  if (content_.question) {
+    add(QStringLiteral("Yes"), true);
+    setFocusProxy(add(QStringLiteral("No"), false));
+  } else {
+    setFocusProxy(add(QStringLiteral("OK"), true));
+  }
+  static_cast<QVBoxLayout*>(layout())->addLayout(row);
+}
+
+void MessageBox::PlaceOverWindow() {
+  if (window_.isNull()) {
+    setWindowTitle(content_.title);
+    setWindowModality(Qt::ApplicationModal);
+    return;
+  }
+  move((window_->width() - width()) / 2, (window_->height() - height()) / 2);
+  setFocus(Qt::PopupFocusReason);
+}
+
+void MessageBox::Finish(bool answer) {
+  answer_ = answer;
+  loop_.quit();
+}
+
+void MessageBox::closeEvent(QCloseEvent* event) {
+  Finish(!content_.question);
+  event->accept();
+}
+
+void MessageBox::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  DrawPlate(painter, rect(), kBoxGrey, kCream, 1.5, window_.isNull() ? 0 : kCorner);
+}
+
+// True for input that belongs to the box itself.
+bool MessageBox::Holds(const QObject* watched, const QEvent* event) const {
+  if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick ||
+      event->type() == QEvent::MouseMove) {
+    const QPoint pointer = static_cast<const QMouseEvent*>(event)->globalPosition().toPoint();
+    return QRect(mapToGlobal(QPoint()), size()).contains(pointer);
+  }
+  const auto* widget = qobject_cast<const QWidget*>(watched);
+  return widget != nullptr && (widget == this || isAncestorOf(widget));
+}
+
+bool MessageBox::FilterKey(QEvent* event) {
+  const auto* key = static_cast<QKeyEvent*>(event);
+  if (event->type() == QEvent::ShortcutOverride) {
+    event->accept();
+    return true;
+  }
+  if (key->key() == Qt::Key_Control || key->key() == Qt::Key_F12) return false;
+  if (event->type() == QEvent::KeyRelease || key->isAutoRepeat()) return true;
+  switch (key->key()) {
+    case Qt::Key_Escape:
+      Finish(!content_.question);
+      break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space: {
+      auto* button = qobject_cast<QPushButton*>(QApplication::focusWidget());
+      Finish(!content_.question ||
+             (button != nullptr && button->objectName() == QStringLiteral("cmd_YES")));
+      break;
+    }
+    case Qt::Key_Y:
+      if (content_.question) Finish(true);
+      break;
+    case Qt::Key_N:
+      if (content_.question) Finish(false);
+      break;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+      for (auto* button : findChildren<QPushButton*>()) {
+        if (!content_.question || button->focusPolicy() == Qt::NoFocus || button->hasFocus()) {
+          continue;
+        }
+        button->setFocus(Qt::TabFocusReason);
+        break;
+      }
+      break;
+    default:
+      if (!content_.question && key->key() == closingKey) Finish(true);
+      break;
+  }
+  return true;
+}
+
+bool MessageBox::eventFilter(QObject* watched, QEvent* event) {
+  if (openBox != this) return false;
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: {
+      const bool onButton = Holds(watched, event) &&
+                            (content_.question || !Confirmation() ||
+                             qobject_cast<QPushButton*>(QApplication::widgetAt(
+                                 static_cast<QMouseEvent*>(event)->globalPosition().toPoint())));
+      if (onButton) return false;
+      if (content_.question) return true;
+      new ClickGuard;
+      Finish(true);
+      return true;
+    }
+    case QEvent::MouseMove:
+      return !Holds(watched, event);
+    case QEvent::Wheel:
+    case QEvent::ContextMenu:
+      return watched->isWidgetType() && !Holds(watched, event);
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+      return FilterKey(event);
+    case QEvent::Close:
+      if (watched == window_.data()) {
+        Finish(!content_.question);
+        event->ignore();
+        return true;
+      }
+      return false;
+    default:
+      return false;
+  }
+}
+
+BoxKey::BoxKey(int key) : outer_(std::exchange(closingKey, key)) {}
+
+BoxKey::~BoxKey() { closingKey = outer_; }
+
+void WindowBoxes::ShowRecorded(const std::string& message, BoxAlignment alignment) {
+  MessageBox::Run(Front(), {ToQt(message), {}, BoxIcon::None, alignment, false});
+}
+
+void WindowBoxes::Show(const std::string& message, BoxIcon icon, const std::string& title) {
+  MessageBox::Run(Front(), {ToQt(message), TitleOr(title), icon, BoxAlignment::Left, false});
+}
+
+bool WindowBoxes::Ask(const std::string& question, const std::string& title) {
+  return MessageBox::Run(
+      Front(), {ToQt(question), TitleOr(title), BoxIcon::Exclamation, BoxAlignment::Left, true});
+}
+
+QWidget* WindowBoxes::Front() const {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal != nullptr ? modal : mainWindow_.data();
+}
+
+}  // namespace dtb

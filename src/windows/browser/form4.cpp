@@ -1,0 +1,366 @@
+#include "windows/browser/form4.h"
+
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QTabBar>
+
+#include "browser/box_score.h"
+#include "browser/bracket.h"
+#include "browser/deletes.h"
+#include "browser/exports.h"
+#include "browser/grid_format.h"
+#include "sheet/workbook_export.h"
+#include "windows/boxes/busy.h"
+#include "windows/shared/bind.h"
+#include "windows/shared/controls.h"
+#include "windows/shared/look.h"
+#include "windows/shared/scene.h"
+
+namespace dtb {
+namespace {
+
+using namespace look;
+
+constexpr double kWidth = 1520;  // layout units
+constexpr double kHeight = 832;
+constexpr double kControlHeight = 32;
+constexpr double kBoxWidth = 168;
+constexpr double kTeamWidth = 264;
+constexpr double kTwip = 1.0 / 15;  // pixels on the reference screen, in body type
+
+constexpr QColor kPurgeRed{255, 0, 0};
+constexpr QColor kDeleteRed{255, 128, 128};
+constexpr QColor kResetBlue{192, 192, 255};
+constexpr QColor kLightStrip{224, 224, 224};
+constexpr QColor kButtonFace{240, 240, 240};
+
+constexpr const char* kPlayerHint = "Name begins with";
+constexpr const char* kTeamHint = "Team begins with";
+constexpr const char* kGameHint = "GameID contains";
+
+void Tint(QPushButton* button, const QColor& ground, const QColor& ink) {
+  QPalette palette = button->palette();
+  palette.setColor(QPalette::Button, ground);
+  palette.setColor(QPalette::ButtonText, ink);
+  button->setPalette(palette);
+}
+
+// Blue text on a light strip.
+QLabel* MakeBlueLabel(const char* name, const QString& text, Qt::Alignment alignment) {
+  QLabel* label = MakeCaption(text, nullptr, alignment);
+  Name(label, name, text);
+  label->setAutoFillBackground(true);
+  label->setMargin(4);
+  QPalette palette = label->palette();
+  palette.setColor(QPalette::Window, kLightStrip);
+  palette.setColor(QPalette::WindowText, Shade(kClickableBlue));
+  label->setPalette(palette);
+  return label;
+}
+
+const QueryButton& ButtonOf(Query query) { return QueryButtons()[static_cast<std::size_t>(query)]; }
+
+}  // namespace
+
+void Form4::Run(Platform& platform, QWidget* over) {
+  Form4 form(platform, over);
+  {
+    const BusyPointer busy;
+    ProgressPanel panel(QStringLiteral("Reading the database"), ProgressPanel::Work::Uninterrupted,
+                        over);
+    OpenBrowser(form.browser_,
+                [&panel](int done, int steps) { panel.Hear(static_cast<double>(done) / steps); });
+  }
+  CenterForm(&form, over);
+  form.exec();
+  CloseBrowser(form.browser_);
+  if (form.workbook_ && OpenWorkbook(platform, *form.workbook_)) over->window()->showMinimized();
+}
+
+Form4::Form4(Platform& platform, QWidget* parent)
+    : QDialog(parent),
+      browser_{state_, platform},
+      resizer_(kWidth, kHeight),
+      SSTab1_(new QTabWidget(this)) {
+  setObjectName(QStringLiteral("Form4"));
+  setWindowTitle(QLatin1String(kBrowserTitle));
+  Name(SSTab1_, "SSTab1", QStringLiteral("Tables of the database"));
+  SSTab1_->tabBar()->setExpanding(false);
+  SSTab1_->tabBar()->setAccessibleName(SSTab1_->accessibleName());
+  auto* whole = new QVBoxLayout(this);
+  whole->setContentsMargins(12, 8, 12, 0);
+  whole->addWidget(SSTab1_);
+
+  BuildLineScores();
+  BuildStatTab("Batting by game", "MSHFlexGrid2", &BrowserState::MSHFlexGrid2,
+               {{Query::Command5, "Text1", kPlayerHint},
+                {Query::Command3, "Text2", kTeamHint},
+                {Query::Command9, "Text7", kGameHint}});
+  BuildStatTab("Pitching by game", "MSHFlexGrid3", &BrowserState::MSHFlexGrid3,
+               {{Query::Command2, "Text3", kPlayerHint},
+                {Query::Command1, "Text4", kTeamHint},
+                {Query::Command10, "Text8", kGameHint}});
+  BuildStatTab("Aggregate Batting", "MSHFlexGrid4", &BrowserState::MSHFlexGrid4,
+               {{Query::Command7, "Text6", kPlayerHint}, {Query::Command8, "Text5", kTeamHint}},
+               "Label1");
+  BuildStatTab("Aggregate Pitching", "MSHFlexGrid5", &BrowserState::MSHFlexGrid5,
+               {{Query::Command13, "Text10", kPlayerHint}, {Query::Command12, "Text11", kTeamHint}},
+               "Label4");
+  BuildWinLoss();
+  BuildGameStats();
+  BuildTournament();
+
+  Follow<int>(SSTab1_, state_.SSTab1, [this](int tab) { SSTab1_->setCurrentIndex(tab); });
+  connect(SSTab1_, &QTabWidget::currentChanged, this, [this](int tab) { state_.SSTab1.Set(tab); });
+  FitAtLaunch(this, resizer_, 0);
+}
+
+// The views go before the grids that they show.
+Form4::~Form4() { delete SSTab1_; }
+
+QVBoxLayout* Form4::AddTab(const char* caption) {
+  auto* page = new QWidget;
+  page->setAccessibleName(QLatin1String(caption));
+  SSTab1_->addTab(page, QLatin1String(caption));
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(0, 12, 0, 12);
+  column->setSpacing(8);
+  return column;
+}
+
+QHBoxLayout* Form4::AddStrip(QVBoxLayout* page) {
+  auto* strip = new QHBoxLayout;
+  strip->setSpacing(8);
+  page->addLayout(strip);
+  return strip;
+}
+
+QPushButton* Form4::AddButton(QHBoxLayout* strip, const char* name, const char* caption) {
+  auto* button = new QPushButton(QLatin1String(caption));
+  Name(button, name, QLatin1String(caption));
+  button->setAutoDefault(false);
+  strip->addWidget(button);
+  return button;
+}
+
+void Form4::AddSearches(QHBoxLayout* strip, const std::vector<Search>& searches) {
+  for (const Search& search : searches) {
+    const QueryButton& query = ButtonOf(search.query);
+    QLineEdit* box = nullptr;
+    if (search.box != nullptr) {
+      box = new QLineEdit;
+      Name(box, search.box, QLatin1String(query.caption));
+      box->setPlaceholderText(QLatin1String(search.hint));
+      box->setAccessibleDescription(QLatin1String(search.hint));
+      BindText(box, state_.*query.box);
+      strip->addWidget(box);
+    }
+    QPushButton* button = AddButton(strip, query.name, query.caption);
+    if (box != nullptr)
+      connect(box, &QLineEdit::returnPressed, button, [button] { button->click(); });
+    connect(button, &QPushButton::clicked, this, [this, which = search.query] {
+      const BusyPointer busy;
+      RunQuery(browser_, which);
+    });
+    strip->addSpacing(16);
+  }
+  strip->addStretch();
+}
+
+StatGridView* Form4::AddGrid(const char* name, const char* accessibleName, GridField grid,
+                             double typeSize) {
+  BrowserGrid& shown = state_.*grid;
+  auto* view = new StatGridView(shown.grid, nullptr);
+  Name(view, name, QLatin1String(accessibleName));
+  view->ShowAsResult();
+  // What is not visible yet keeps its place on the tab.
+  QSizePolicy policy = view->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  view->setSizePolicy(policy);
+  grids_.push_back({view, typeSize});
+  return view;
+}
+
+void Form4::BuildLineScores() {
+  QVBoxLayout* page = AddTab("Linescores");
+  AddSearches(AddStrip(page),
+              {{Query::Command11, "Text9", kGameHint}, {Query::Command4, nullptr, nullptr}});
+  StatGridView* grid = AddGrid("MSHFlexGrid1", "Line scores", &BrowserState::MSHFlexGrid1, kSmall);
+  grid->StretchAllColumns();
+  page->addWidget(grid);
+  BindVisible(grid, state_.MSHFlexGrid1.visible);
+  connect(grid, &StatGridView::cellClicked, this, [this](int row, int column) {
+    const BusyPointer busy;
+    SelectGameID(browser_, row, column);
+  });
+
+  QHBoxLayout* strip = AddStrip(page);
+  connect(AddButton(strip, "Command15", "Send Access DB to Excel"), &QPushButton::clicked, this,
+          [this] { SendTablesToExcel(); });
+  connect(AddButton(strip, "Command16", "Send all DataGrids to Excel"), &QPushButton::clicked, this,
+          [this] { SendGridsToExcel(); });
+  strip->addStretch();
+  QPushButton* purge = AddButton(strip, "cmd_Purge", "PURGE ALL STATS");
+  Tint(purge, kPurgeRed, Qt::black);
+  typed_.push_back({purge, kBody, true});
+  connect(purge, &QPushButton::clicked, this, [this] {
+    const BusyPointer busy;
+    PurgeAll(browser_);
+  });
+}
+
+void Form4::SendTablesToExcel() {
+  ProgressPanel panel(QStringLiteral("Writing the tables"), ProgressPanel::Work::Cancellable, this);
+  ExportTables(browser_, [&panel](double share) { return panel.Hear(share); });
+}
+
+// The person goes on in the spreadsheet program, so the browser closes.
+void Form4::SendGridsToExcel() {
+  {
+    ProgressPanel panel(QStringLiteral("Writing the workbook"), ProgressPanel::Work::Cancellable,
+                        this);
+    workbook_ = ExportGrids(browser_, [&panel](double share) { return panel.Hear(share); });
+  }
+  if (workbook_) close();
+}
+
+void Form4::BuildStatTab(const char* caption, const char* gridName, GridField grid,
+                         const std::vector<Search>& searches, const char* noteName) {
+  QVBoxLayout* page = AddTab(caption);
+  QHBoxLayout* strip = AddStrip(page);
+  AddSearches(strip, searches);
+  if (noteName != nullptr) {
+    strip->addWidget(MakeBlueLabel(noteName, QStringLiteral("CTRL + Dbl Click column to SORT"),
+                                   Qt::AlignCenter));
+  }
+  StatGridView* view = AddGrid(gridName, caption, grid, kBody);
+  view->StretchAllColumns();
+  page->addWidget(view);
+  BindVisible(view, (state_.*grid).visible);
+  connect(view, &StatGridView::cellDoubleClicked, this, [this, grid](int /*row*/, int column) {
+    const BusyPointer busy;
+    SortOnDoubleClick(browser_, state_.*grid, column);
+  });
+}
+
+void Form4::BuildWinLoss() {
+  QVBoxLayout* page = AddTab("Win/Loss");
+  auto* tables = new QHBoxLayout;
+  tables->setSpacing(12);
+  page->addLayout(tables);
+  const auto add = [&](const char* name, const char* accessibleName, GridField grid) {
+    StatGridView* view = AddGrid(name, accessibleName, grid, kBody);
+    view->StretchAllColumns();
+    view->setSelectionBehavior(QTableView::SelectRows);
+    tables->addWidget(view);
+    BindVisible(view, (state_.*grid).visible);
+    connect(view, &StatGridView::cellClicked, this, [this, grid](int row, int /*column*/) {
+      SelectForDelete(browser_, state_.*grid, row);
+    });
+  };
+  add("MSHFlexGrid9", "Standings", &BrowserState::MSHFlexGrid9);
+  add("MSHFlexGrid10", "Matchups", &BrowserState::MSHFlexGrid10);
+
+  QHBoxLayout* strip = AddStrip(page);
+  QLabel* selected = MakeBlueLabel("lbl_DEL2", {}, Qt::AlignLeft | Qt::AlignVCenter);
+  selected->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  strip->addWidget(selected, 1);
+  Follow<std::string>(selected, state_.lbl_DEL2, [selected](const std::string& name) {
+    const QString shown = ToQt(name);
+    selected->setText(shown.left(400));
+    selected->setToolTip(WholeTextTip(shown));
+    selected->setAccessibleName(QStringLiteral("Selected: ") + shown);
+  });
+  QPushButton* one = AddButton(strip, "Command36", "DELETE Matchup or Win/Loss");
+  one->setToolTip(QStringLiteral("Select a Team or Matchup to DELETE"));
+  Tint(one, kDeleteRed, kInk);
+  connect(one, &QPushButton::clicked, this, [this] {
+    const BusyPointer busy;
+    DeleteSelected(browser_);
+  });
+  strip->addSpacing(16);
+  connect(AddButton(strip, "Command33", "Clear all Win/Loss data"), &QPushButton::clicked, this,
+          [this] {
+            const BusyPointer busy;
+            DeleteWinLoss(browser_);
+          });
+}
+
+void Form4::BuildGameStats() {
+  QVBoxLayout* page = AddTab("Game Stats");
+  auto* places = new QGridLayout;
+  places->setSpacing(12);
+  page->addLayout(places);
+  const auto add = [&](const char* name, const char* accessibleName, GridField grid, int row,
+                       int column, int span) {
+    StatGridView* view = AddGrid(name, accessibleName, grid, kBody);
+    view->StretchAllColumns();
+    QPalette palette = view->palette();
+    palette.setColor(QPalette::Base, kButtonFace);
+    view->setPalette(palette);
+    places->addWidget(view, row, column, 1, span);
+    BindVisible(view, (state_.*grid).visible);
+    return view;
+  };
+  add("MSHFlexGrid6", "Visitors' batting", &BrowserState::MSHFlexGrid6, 0, 0, 1);
+  add("MSHFlexGrid7", "Visitors' pitching", &BrowserState::MSHFlexGrid7, 0, 1, 1);
+  lineScore_ = add("MSHFlexGrid12", "Line score", &BrowserState::MSHFlexGrid12, 1, 0, 2);
+  lineScore_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  add("MSHFlexGrid8", "Home batting", &BrowserState::MSHFlexGrid8, 2, 0, 1);
+  add("MSHFlexGrid11", "Home pitching", &BrowserState::MSHFlexGrid11, 2, 1, 1);
+  places->setColumnStretch(0, 3);
+  places->setColumnStretch(1, 2);
+  places->setRowStretch(0, 1);
+  places->setRowStretch(2, 1);
+}
+
+void Form4::BuildTournament() {
+  QVBoxLayout* page = AddTab("Tournament");
+  QHBoxLayout* strip = AddStrip(page);
+  QLabel* instruction =
+      MakeCaption(QStringLiteral(" Enter team name etc into the box at the top right; double-click "
+                                 "the desired label to add the text."),
+                  nullptr);
+  Name(instruction, "lbl_instr", instruction->text());
+  strip->addWidget(instruction);
+  strip->addStretch();
+  team_ = new QLineEdit;
+  Name(team_, "tb_Team", QStringLiteral("Text to be placed"));
+  BindText(team_, state_.tb_Team);
+  strip->addWidget(team_);
+
+  auto* places = new QGridLayout;
+  page->addLayout(places, 1);
+  bracket_ = new BracketView(browser_, nullptr);
+  places->addWidget(bracket_, 0, 0);
+  auto* corner = new QHBoxLayout;
+  places->addLayout(corner, 0, 0, Qt::AlignRight | Qt::AlignBottom);
+  QPushButton* reset = AddButton(corner, "cmd_Reset", "RESET");
+  Tint(reset, kResetBlue, kInk);
+  connect(reset, &QPushButton::clicked, this, [this] { ResetBracket(browser_); });
+}
+
+void Form4::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  resizer_.FormResized(width(), height());
+  const double scale = resizer_.fontScale();
+  setFont(Font(kBody * scale));
+  for (const Typed& typed : typed_) typed.widget->setFont(Font(typed.size * scale, typed.bold));
+  for (const SizedGrid& grid : grids_) {
+    grid.view->SetScale(grid.size * scale, kTwip * scale * grid.size / kBody);
+  }
+  const int height = qRound(kControlHeight * scale);
+  for (auto* button : findChildren<QPushButton*>()) {
+    const int caption = button->fontMetrics().horizontalAdvance(button->text());
+    button->setFixedSize(caption + height, height);
+  }
+  for (auto* box : findChildren<QLineEdit*>()) box->setFixedSize(qRound(kBoxWidth * scale), height);
+  team_->setFixedWidth(qRound(kTeamWidth * scale));
+  // The header, both teams and room for a scroll bar.
+  lineScore_->setFixedHeight(3 * lineScore_->verticalHeader()->defaultSectionSize() +
+                             style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 8);
+  bracket_->SetType(kBody * scale);
+}
+
+}  // namespace dtb

@@ -1,0 +1,79 @@
+// The database browser.
+#pragma once
+
+#include <QDialog>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <vector>
+
+#include "browser/queries.h"
+#include "shell/control_resizer.h"
+#include "windows/browser/bracket_view.h"
+#include "windows/shared/stat_grid_view.h"
+
+namespace dtb {
+
+// Made anew for each opening.
+class Form4 : public QDialog {
+  Q_OBJECT
+ public:
+  // Opens the browser over a window and waits until the person has closed it.
+  static void Run(Platform& platform, QWidget* over);
+
+  Form4(Platform& platform, QWidget* parent);
+  ~Form4() override;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  struct Search {
+    Query query;
+    const char* box;   // none: a button alone
+    const char* hint;  // what the box takes
+  };
+  struct Typed {
+    QWidget* widget;
+    double size;
+    bool bold;
+  };
+  struct SizedGrid {
+    StatGridView* view;
+    double size;
+  };
+  using GridField = BrowserGrid BrowserState::*;
+
+  void BuildLineScores();
+  void BuildStatTab(const char* caption, const char* gridName, GridField grid,
+                    const std::vector<Search>& searches, const char* noteName = nullptr);
+  void BuildWinLoss();
+  void BuildGameStats();
+  void BuildTournament();
+
+  void SendTablesToExcel();
+  void SendGridsToExcel();
+
+  // A tab's inside, one below the other.
+  QVBoxLayout* AddTab(const char* caption);
+  QHBoxLayout* AddStrip(QVBoxLayout* page);
+  void AddSearches(QHBoxLayout* strip, const std::vector<Search>& searches);
+  StatGridView* AddGrid(const char* name, const char* accessibleName, GridField grid,
+                        double typeSize);
+  QPushButton* AddButton(QHBoxLayout* strip, const char* name, const char* caption);
+
+  BrowserState state_;
+  Browser browser_;
+  ControlResizer resizer_;
+  QTabWidget* SSTab1_;
+  StatGridView* lineScore_ = nullptr;  // of one game
+  QLineEdit* team_ = nullptr;          // the text that goes into the bracket
+  BracketView* bracket_ = nullptr;
+  std::vector<Typed> typed_;  // all others have the form's own type
+  std::vector<SizedGrid> grids_;
+  std::optional<std::filesystem::path> workbook_;  // in which the person wants to go on
+};
+
+}  // namespace dtb

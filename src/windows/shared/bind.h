@@ -1,0 +1,67 @@
+// Ties controls to fields of the board, both ways.
+#pragma once
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <string>
+
+#include "game/field.h"
+#include "platform/qt/qt_text.h"
+#include "windows/shared/look.h"
+
+namespace dtb {
+
+// Runs `show` now and on each change of the field, for as long as the widget lives.
+template <class T>
+void Follow(QWidget* widget, Field<T>& field, std::function<void(const T&)> show) {
+  show(field.value());
+  field.Observe([widget = QPointer<QWidget>(widget), &field, show = std::move(show)] {
+    if (widget) show(field.value());
+  });
+}
+
+// Runs `show` now and on each change of any of the fields.
+template <class... Fields>
+void FollowAll(QWidget* widget, const std::function<void()>& show, Fields&... fields) {
+  show();
+  const auto observer = [widget = QPointer<QWidget>(widget), show] {
+    if (widget) show();
+  };
+  (fields.Observe(observer), ...);
+}
+
+// Names a control for scripts and screen readers.
+inline void Name(QWidget* widget, const char* objectName, const QString& accessibleName = {}) {
+  widget->setObjectName(QString::fromLatin1(objectName));
+  widget->setAccessibleName(accessibleName.isEmpty() ? widget->objectName() : accessibleName);
+}
+
+inline void FollowText(QLineEdit* edit, Field<std::string>& field) {
+  Follow<std::string>(edit, field, [edit](const std::string& text) {
+    const QString shown = ToQt(text);
+    if (edit->text() != shown) edit->setText(shown);
+  });
+}
+
+// What the person types goes into the field at each keystroke.
+inline void BindText(QLineEdit* edit, Field<std::string>& field) {
+  FollowText(edit, field);
+  QObject::connect(edit, &QLineEdit::textEdited, edit,
+                   [&field](const QString& text) { field.Set(FromQt(text)); });
+}
+
+inline void BindCheck(QAbstractButton* check, Field<bool>& field) {
+  Follow<bool>(check, field, [check](bool on) {
+    if (check->isChecked() != on) check->setChecked(on);
+  });
+  QObject::connect(check, &QAbstractButton::clicked, check, [&field](bool on) { field.Set(on); });
+}
+
+inline void BindVisible(QWidget* widget, Field<bool>& field) {
+  Follow<bool>(widget, field, [widget](bool shown) { widget->setVisible(shown); });
+}
+
+}  // namespace dtb

@@ -1,0 +1,261 @@
+#include "windows/shared/controls.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QStyleOption>
+
+#include "windows/shared/look.h"
+
+namespace dtb {
+
+using namespace look;
+
+Panel::Panel(QWidget* parent) : QWidget(parent), fill_(kSlateOverPark) {}
+
+void Panel::SetLit(bool lit) {
+  if (lit_ == lit) return;
+  lit_ = lit;
+  update();
+}
+
+void Panel::SetFill(const QColor& fill) {
+  fill_ = fill;
+  update();
+}
+
+void Panel::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  DrawPlate(painter, rect(), fill_, lit_ ? kCream : kEdge, lit_ ? 3 : 1);
+}
+
+ClickLabel::ClickLabel(const QString& caption, const Shades& shades, QWidget* parent)
+    : QAbstractButton(parent), shades_(shades) {
+  setText(caption);
+  setFocusPolicy(Qt::TabFocus);
+  setAttribute(Qt::WA_Hover);
+}
+
+void ClickLabel::SetShades(const Shades& shades) {
+  shades_ = shades;
+  update();
+}
+
+void ClickLabel::SetHint(const QString& hint) {
+  hint_ = hint;
+  update();
+}
+
+void ClickLabel::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  QColor fill = underMouse() && isEnabled() ? shades_.hover : shades_.rest;
+  QColor text = shades_.text;
+  if (!isEnabled()) {
+    fill.setAlphaF(fill.alphaF() * 0.35F);
+    text = kCreamDim;
+  }
+  const QColor edge = isDown() ? kCream : Qt::transparent;
+  DrawPlate(painter, rect(), fill, edge, isDown() ? 3 : 0);
+  if (hasFocus()) DrawFocus(painter, rect());
+  const bool hint = this->text().isEmpty();
+  const int margin = qMin(6, width() / 12);
+  const QRect inside = rect().adjusted(margin, 0, -margin, 0);
+  if (hint) {
+    painter.setFont(Font(font().pixelSize() * 0.72));
+    text.setAlphaF(0.7F);
+  }
+  painter.setPen(text);
+  painter.drawText(inside, Qt::AlignCenter,
+                   painter.fontMetrics().elidedText(hint ? hint_ : this->text(), Qt::ElideRight,
+                                                    inside.width()));
+}
+
+void ClickLabel::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!enter) {
+    QAbstractButton::keyPressEvent(event);
+    return;
+  }
+  if (event->isAutoRepeat()) return;
+  // What takes a double click of the mouse takes one press of Enter.
+  if (receivers(SIGNAL(doubleClicked())) > 0) {
+    emit doubleClicked();
+  } else {
+    click();
+  }
+}
+
+void ClickLabel::mouseDoubleClickEvent(QMouseEvent* event) {
+  QAbstractButton::mouseDoubleClickEvent(event);
+  if (event->button() == Qt::LeftButton) emit doubleClicked();
+}
+
+bool ClickLabel::event(QEvent* event) {
+  if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) update();
+  return QAbstractButton::event(event);
+}
+
+PictureBox::PictureBox(Fit fit, QWidget* parent) : QWidget(parent), fit_(fit) {}
+
+void PictureBox::SetImage(const QImage& image) {
+  image_ = image;
+  scaled_ = {};
+  update();
+}
+
+void PictureBox::resizeEvent(QResizeEvent* /*event*/) { scaled_ = {}; }
+
+void PictureBox::paintEvent(QPaintEvent* /*event*/) {
+  if (width() < 1 || height() < 1) return;
+  if (image_.isNull()) {
+    QPainter painter(this);
+    if (plateWhenEmpty_) DrawPlate(painter, rect(), QColor(14, 26, 20, 120), kEdge, 1);
+    return;
+  }
+  if (scaled_.isNull()) {
+    const double ratio = devicePixelRatioF();
+    const auto aspect = fit_ == Fit::Whole ? Qt::KeepAspectRatio : Qt::IgnoreAspectRatio;
+    scaled_ = QPixmap::fromImage(
+        image_.scaled((QSizeF(size()) * ratio).toSize(), aspect, Qt::SmoothTransformation));
+    scaled_.setDevicePixelRatio(ratio);
+  }
+  QPainter painter(this);
+  const QSizeF shown = scaled_.deviceIndependentSize();
+  painter.drawPixmap(QPointF((width() - shown.width()) / 2, (height() - shown.height()) / 2),
+                     scaled_);
+}
+
+PictureButton::PictureButton(QWidget* parent)
+    : QAbstractButton(parent), box_(new PictureBox(PictureBox::Fit::Whole, this)) {
+  box_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  setFocusPolicy(Qt::TabFocus);
+  setAttribute(Qt::WA_Hover);
+  setCursor(Qt::PointingHandCursor);
+}
+
+void PictureButton::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  if (isDown()) {
+    DrawPlate(painter, rect(), Qt::transparent, kCream, 3);
+  } else if (underMouse()) {
+    DrawPlate(painter, rect(), kSlateHover, kCream, 1);
+  }
+  if (hasFocus()) DrawFocus(painter, rect());
+}
+
+void PictureButton::resizeEvent(QResizeEvent* /*event*/) {
+  constexpr int kRim = 2;  // for the ring around it
+  box_->setGeometry(rect().adjusted(kRim, kRim, -kRim, -kRim));
+}
+
+bool PictureButton::event(QEvent* event) {
+  if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) update();
+  return QAbstractButton::event(event);
+}
+
+FigureField::FigureField(QWidget* parent) : QLineEdit(parent) {
+  setFrame(false);
+  setAlignment(Qt::AlignCenter);
+  setContextMenuPolicy(Qt::NoContextMenu);
+  setTextMargins(0, 0, 0, 0);
+}
+
+void FigureField::SetGround(const QColor& ground, const QColor& figures) {
+  QPalette palette = this->palette();
+  palette.setColor(QPalette::Base, ground);
+  palette.setColor(QPalette::Text, figures);
+  setPalette(palette);
+}
+
+void FigureField::SetTextFits() {
+  textFits_ = true;
+  connect(this, &QLineEdit::textChanged, this, [this] { FitText(); });
+}
+
+void FigureField::FitText() {
+  if (!textFits_ || fullSize_ <= 0 || fitting_) return;
+  const QScopedValueRollback fitting(fitting_, true);
+  const QMargins margins = textMargins();
+  constexpr int kCaret = 6;  // what the toolkit keeps free beside the text
+  const int room = width() - margins.left() - margins.right() - kCaret;
+  QFont fitted = font();
+  for (const double size : {kLarge, kBody, kSmall, kTiny}) {
+    fitted.setPixelSize(std::max(7, qRound(fullSize_ * size / kLarge)));
+    if (QFontMetrics(fitted).horizontalAdvance(text()) <= room) break;
+  }
+  if (fitted != font()) setFont(fitted);
+}
+
+void FigureField::resizeEvent(QResizeEvent* event) {
+  QLineEdit::resizeEvent(event);
+  FitText();
+}
+
+void FigureField::changeEvent(QEvent* event) {
+  QLineEdit::changeEvent(event);
+  if (event->type() != QEvent::FontChange || fitting_) return;
+  fullSize_ = font().pixelSize();
+  FitText();
+}
+
+void FigureField::paintEvent(QPaintEvent* event) {
+  {
+    QPainter painter(this);
+    DrawPlate(painter, rect(), palette().color(QPalette::Base), Qt::transparent, 0, 4);
+    if (hasFocus()) DrawFocus(painter, rect(), 4);
+  }
+  QLineEdit::paintEvent(event);
+}
+
+void FigureField::focusInEvent(QFocusEvent* event) {
+  QLineEdit::focusInEvent(event);
+  // The return of the focus after a box, a menu or another window is no new visit to the cell.
+  switch (event->reason()) {
+    case Qt::MouseFocusReason:
+    case Qt::TabFocusReason:
+    case Qt::BacktabFocusReason:
+    case Qt::ShortcutFocusReason:
+      firstPress_ = event->reason() == Qt::MouseFocusReason;
+      selectAll();
+      emit focused();
+      break;
+    default:
+      break;
+  }
+}
+
+void FigureField::mousePressEvent(QMouseEvent* event) {
+  // The press that brings the focus keeps the whole text selected, so that typing replaces it.
+  if (firstPress_) {
+    firstPress_ = false;
+    return;
+  }
+  QLineEdit::mousePressEvent(event);
+}
+
+void FigureField::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) emit marked();
+}
+
+void FigureField::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (enter && event->modifiers().testFlag(Qt::ControlModifier)) {
+    emit marked();
+    return;
+  }
+  if (enter || event->key() == Qt::Key_Escape) {
+    // The keys are the board's again.
+    if (!event->isAutoRepeat()) clearFocus();
+    return;
+  }
+  QLineEdit::keyPressEvent(event);
+}
+
+QLabel* MakeCaption(const QString& text, QWidget* parent, Qt::Alignment alignment) {
+  auto* label = new QLabel(text, parent);
+  label->setAlignment(alignment);
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+}  // namespace dtb

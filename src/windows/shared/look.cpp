@@ -1,0 +1,69 @@
+#include "windows/shared/look.h"
+
+#include <algorithm>
+
+namespace dtb::look {
+
+QFont Font(double pixels, bool bold) {
+  QFont font(QStringLiteral("Carlito"));
+  font.setStyleHint(QFont::SansSerif);
+  // Below 7 pixels no letter of the face can be read, whatever the scale of the form.
+  font.setPixelSize(std::max(7, qRound(pixels)));
+  font.setBold(bold);
+  return font;
+}
+
+QPalette Palette() {
+  QPalette palette;
+  palette.setColor(QPalette::Window, kSlate);
+  palette.setColor(QPalette::WindowText, kCream);
+  palette.setColor(QPalette::Base, QColor(250, 246, 235));
+  palette.setColor(QPalette::AlternateBase, QColor(236, 232, 220));
+  palette.setColor(QPalette::Text, kInk);
+  palette.setColor(QPalette::PlaceholderText, QColor(96, 100, 96));
+  palette.setColor(QPalette::Button, kSlateRaised);
+  palette.setColor(QPalette::ButtonText, kCream);
+  palette.setColor(QPalette::BrightText, Qt::white);
+  palette.setColor(QPalette::Highlight, kAccent);
+  palette.setColor(QPalette::HighlightedText, kInk);
+  palette.setColor(QPalette::ToolTipBase, QColor(250, 246, 235));
+  palette.setColor(QPalette::ToolTipText, kInk);
+  palette.setColor(QPalette::Link, kAccent);
+  palette.setColor(QPalette::Light, kEdgeBright);
+  palette.setColor(QPalette::Midlight, kEdge);
+  palette.setColor(QPalette::Mid, QColor(36, 54, 45));
+  palette.setColor(QPalette::Dark, QColor(14, 24, 20));
+  palette.setColor(QPalette::Shadow, QColor(6, 12, 9));
+  for (const auto role : {QPalette::WindowText, QPalette::ButtonText}) {
+    palette.setColor(QPalette::Disabled, role, QColor(128, 138, 128));
+  }
+  palette.setColor(QPalette::Disabled, QPalette::Text, QColor(110, 112, 108));
+  palette.setColor(QPalette::Disabled, QPalette::Base, QColor(200, 200, 190));
+  return palette;
+}
+
+QPalette MenuPalette() {
+  QPalette palette = Palette();
+  palette.setColor(QPalette::Base, kSlateRaised);
+  palette.setColor(QPalette::Text, kCream);
+  palette.setColor(QPalette::Disabled, QPalette::Base, kSlateRaised);
+  palette.setColor(QPalette::Disabled, QPalette::Text, kCreamDim);
+  return palette;
+}
+
+void DrawPlate(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& edge,
+               double edgeWidth, double corner) {
+  const double inset = edgeWidth / 2;
+  // On a small form the usual corner would make a pill of a button.
+  if (corner == kCorner) corner = std::min(corner, std::min(rect.width(), rect.height()) * 0.18);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(edgeWidth > 0 ? QPen(edge, edgeWidth) : QPen(Qt::NoPen));
+  painter.setBrush(fill);
+  painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), corner, corner);
+}
+
+void DrawFocus(QPainter& painter, const QRectF& rect, double corner) {
+  DrawPlate(painter, rect, Qt::transparent, kAccent, 2, corner);
+}
+
+}  // namespace dtb::look

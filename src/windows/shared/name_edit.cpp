@@ -1,0 +1,37 @@
+#include "windows/shared/name_edit.h"
+
+#include <QKeyEvent>
+
+#include "windows/shared/bind.h"
+
+namespace dtb {
+
+NameEdit::NameEdit(Platform& platform, const EditedLabel& fields, ClickLabel* label)
+    : QLineEdit(label->parentWidget()), platform_(platform), fields_(fields) {
+  setToolTip(QStringLiteral("Double-Click to SAVE"));
+  label->setToolTip(QStringLiteral("Ctrl + Click to EDIT"));
+  Follow<std::string>(label, fields.label,
+                      [label](const std::string& text) { label->setText(ToQt(text)); });
+  BindText(this, fields.edit);
+  Follow<bool>(this, fields.editing, [this, label](bool editing) {
+    label->setVisible(!editing);
+    setVisible(editing);
+    if (editing) setFocus(Qt::OtherFocusReason);
+  });
+  connect(label, &QAbstractButton::clicked, this, [this] {
+    if (!BeginEdit(platform_, fields_)) emit labelClicked();
+  });
+}
+
+void NameEdit::mouseDoubleClickEvent(QMouseEvent* /*event*/) { SaveEdit(platform_, fields_); }
+
+void NameEdit::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!enter) {
+    QLineEdit::keyPressEvent(event);
+  } else if (!event->isAutoRepeat()) {
+    SaveEdit(platform_, fields_);
+  }
+}
+
+}  // namespace dtb

@@ -1,0 +1,249 @@
+#include "windows/shared/slate_style.h"
+
+#include <QLineEdit>
+#include <QPainter>
+#include <QStyleOption>
+#include <algorithm>
+
+#include "windows/shared/look.h"
+
+namespace dtb {
+namespace {
+
+using namespace look;
+
+constexpr int kScrollBarWidth = 12;
+constexpr int kMarkSize = 16;  // check and option marks
+
+bool Has(const QStyleOption* option, QStyle::StateFlag flag) {
+  return option->state.testFlag(flag);
+}
+
+void DrawButton(QPainter& painter, const QStyleOption* option) {
+  const bool enabled = Has(option, QStyle::State_Enabled);
+  const bool pressed = Has(option, QStyle::State_Sunken) || Has(option, QStyle::State_On);
+  const bool hover = enabled && Has(option, QStyle::State_MouseOver);
+  QColor fill = kSlateRaised;
+  if (hover) fill = kSlateHover;
+  if (pressed) fill = QColor(14, 26, 20);
+  // A button with a colour of its own keeps its hue.
+  if (const QColor own = option->palette.color(QPalette::Button); own != kSlateRaised) {
+    fill = own;
+    if (hover) fill = own.lighter(115);
+    if (pressed) fill = own.darker(130);
+  }
+  if (!enabled) fill = QColor(30, 46, 38);
+  QColor edge = hover ? kCream : kEdgeBright;
+  if (!enabled) edge = kEdge;
+  DrawPlate(painter, option->rect, fill, edge, 1);
+  if (Has(option, QStyle::State_HasFocus) && enabled) DrawFocus(painter, option->rect);
+}
+
+void DrawField(QPainter& painter, const QStyleOption* option) {
+  const bool focus = Has(option, QStyle::State_HasFocus);
+  DrawPlate(painter, option->rect, option->palette.color(QPalette::Base),
+            focus ? kAccent : QColor(96, 116, 104), focus ? 2 : 1, 4);
+}
+
+QRectF MarkRect(const QStyleOption* option) {
+  return QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+}
+
+QColor MarkEdge(const QStyleOption* option) {
+  if (!Has(option, QStyle::State_Enabled)) return kEdge;
+  return Has(option, QStyle::State_MouseOver) ? kAccent : kCream;
+}
+
+void DrawCheckMark(QPainter& painter, const QStyleOption* option) {
+  const QRectF rect = MarkRect(option);
+  const bool on = Has(option, QStyle::State_On);
+  DrawPlate(painter, rect, on ? kCream : kSlate, MarkEdge(option), 1.5, 3);
+  if (!on) return;
+  painter.setPen(QPen(kInk, rect.width() / 7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  const auto at = [&](double x, double y) {
+    return QPointF(rect.left() + x * rect.width(), rect.top() + y * rect.height());
+  };
+  painter.drawPolyline(QPolygonF{at(0.24, 0.52), at(0.43, 0.72), at(0.77, 0.28)});
+}
+
+void DrawOptionMark(QPainter& painter, const QStyleOption* option) {
+  const QRectF rect = MarkRect(option);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(MarkEdge(option), 1.5));
+  painter.setBrush(kSlate);
+  painter.drawEllipse(rect.adjusted(0.75, 0.75, -0.75, -0.75));
+  if (!Has(option, QStyle::State_On)) return;
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(kAccent);
+  const double inset = rect.width() * 0.27;
+  painter.drawEllipse(rect.adjusted(inset, inset, -inset, -inset));
+}
+
+void DrawMenuBarItem(QPainter& painter, const QStyleOptionMenuItem& item) {
+  const bool selected = Has(&item, QStyle::State_Selected) && Has(&item, QStyle::State_Enabled);
+  painter.fillRect(item.rect, selected ? kSlateHover : kSlate);
+  painter.setPen(Has(&item, QStyle::State_Enabled) ? kCream : QColor(128, 138, 128));
+  painter.drawText(item.rect, Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine,
+                   item.text);
+  if (Has(&item, QStyle::State_HasFocus) && selected) DrawFocus(painter, item.rect, 2);
+}
+
+// A tab grows out of the page under it; the one in front has the colour of the page.
+void DrawTab(QPainter& painter, const QStyleOption* option) {
+  const bool front = Has(option, QStyle::State_Selected);
+  const bool hover = Has(option, QStyle::State_MouseOver) && !front;
+  const QRectF tab = QRectF(option->rect).adjusted(1, front ? 0 : 3, -1, 8);
+  painter.setClipRect(option->rect);
+  DrawPlate(painter, tab, front ? kSlate : (hover ? kSlateHover : kSlateRaised),
+            front ? kEdgeBright : kEdge);
+  if (front) painter.fillRect(QRectF(tab.left() + 8, tab.top() + 1, tab.width() - 16, 3), kAccent);
+}
+
+void DrawTabPage(QPainter& painter, const QStyleOption* option) {
+  painter.fillRect(option->rect, kSlate);
+  painter.setPen(kEdgeBright);
+  painter.drawLine(option->rect.topLeft(), option->rect.topRight());
+}
+
+void DrawProgress(QPainter& painter, const QStyleOptionProgressBar& bar) {
+  const double all = std::max(1, bar.maximum - bar.minimum);
+  QRectF done = QRectF(bar.rect).adjusted(1, 1, -1, -1);
+  done.setWidth(done.width() * (bar.progress - bar.minimum) / all);
+  DrawPlate(painter, done, kAccent, Qt::transparent, 0, 3);
+}
+
+void DrawScrollBar(QPainter& painter, const QStyle& style, const QStyleOptionSlider& bar,
+                   const QWidget* widget) {
+  painter.fillRect(bar.rect, QColor(214, 210, 198));
+  const QRect slider =
+      style.subControlRect(QStyle::CC_ScrollBar, &bar, QStyle::SC_ScrollBarSlider, widget);
+  const bool active = Has(&bar, QStyle::State_MouseOver) || Has(&bar, QStyle::State_Sunken);
+  DrawPlate(painter, QRectF(slider).adjusted(2, 2, -2, -2), active ? kSlateHover : kEdgeBright,
+            Qt::transparent, 0, 4);
+}
+
+}  // namespace
+
+SlateStyle::SlateStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+void SlateStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                               QPainter* painter, const QWidget* widget) const {
+  painter->save();
+  switch (element) {
+    case PE_PanelButtonCommand:
+      DrawButton(*painter, option);
+      break;
+    case PE_PanelLineEdit:
+      // A field without a frame is part of something that draws its own ground.
+      if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+          frame != nullptr && frame->lineWidth > 0) {
+        DrawField(*painter, option);
+      }
+      break;
+    case PE_FrameLineEdit:
+    case PE_FrameStatusBarItem:
+      break;
+    case PE_FrameFocusRect:
+      DrawFocus(*painter, QRectF(option->rect), 4);
+      break;
+    case PE_IndicatorCheckBox:
+      DrawCheckMark(*painter, option);
+      break;
+    case PE_IndicatorRadioButton:
+      DrawOptionMark(*painter, option);
+      break;
+    case PE_PanelMenuBar:
+      painter->fillRect(option->rect, kSlate);
+      break;
+    case PE_FrameTabWidget:
+      DrawTabPage(*painter, option);
+      break;
+    case PE_FrameTabBarBase:
+      break;
+    case PE_FrameMenu:
+      DrawPlate(*painter, option->rect, Qt::transparent, kEdgeBright, 1, 0);
+      break;
+    default:
+      QProxyStyle::drawPrimitive(element, option, painter, widget);
+  }
+  painter->restore();
+}
+
+void SlateStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+  painter->save();
+  if (element == CE_MenuBarItem) {
+    if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
+      DrawMenuBarItem(*painter, *item);
+    }
+  } else if (element == CE_MenuBarEmptyArea) {
+    painter->fillRect(option->rect, kSlate);
+  } else if (element == CE_HeaderEmptyArea) {
+    painter->fillRect(option->rect, option->palette.color(QPalette::Base));
+  } else if (element == CE_HeaderSection) {
+    painter->fillRect(option->rect, kSlateRaised);
+    painter->setPen(kEdgeBright);
+    painter->drawLine(option->rect.topRight(), option->rect.bottomRight());
+    painter->drawLine(option->rect.bottomLeft(), option->rect.bottomRight());
+  } else if (element == CE_TabBarTabShape) {
+    DrawTab(*painter, option);
+  } else if (element == CE_ProgressBarGroove) {
+    DrawPlate(*painter, option->rect, QColor(14, 26, 20), kEdgeBright, 1, 4);
+  } else if (element == CE_ProgressBarContents) {
+    if (const auto* bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option)) {
+      DrawProgress(*painter, *bar);
+    }
+  } else {
+    QProxyStyle::drawControl(element, option, painter, widget);
+  }
+  painter->restore();
+}
+
+void SlateStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                    QPainter* painter, const QWidget* widget) const {
+  const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+  if (control == CC_ScrollBar && bar != nullptr) {
+    painter->save();
+    DrawScrollBar(*painter, *this, *bar, widget);
+    painter->restore();
+    return;
+  }
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+int SlateStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                            const QWidget* widget) const {
+  switch (metric) {
+    case PM_ScrollBarExtent:
+      return kScrollBarWidth;
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+      // Marks follow the type, so that they keep pace with a scaled form.
+      return widget != nullptr ? qMax(10, widget->fontMetrics().height() * 7 / 8) : kMarkSize;
+    case PM_CheckBoxLabelSpacing:
+    case PM_RadioButtonLabelSpacing:
+      return widget != nullptr ? qMax(3, widget->fontMetrics().height() / 3) : 6;
+    case PM_TabBarTabHSpace:
+      return 28;
+    case PM_TabBarTabVSpace:
+      return 16;
+    case PM_TabBarTabShiftVertical:
+    case PM_TabBarTabShiftHorizontal:
+    case PM_ButtonShiftHorizontal:
+    case PM_ButtonShiftVertical:
+      return 0;
+    default:
+      return QProxyStyle::pixelMetric(metric, option, widget);
+  }
+}
+
+int SlateStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                          QStyleHintReturn* returnData) const {
+  if (hint == SH_Table_GridLineColor) return static_cast<int>(QColor(168, 174, 168).rgba());
+  if (hint == SH_EtchDisabledText || hint == SH_UnderlineShortcut) return 0;
+  return QProxyStyle::styleHint(hint, option, widget, returnData);
+}
+
+}  // namespace dtb

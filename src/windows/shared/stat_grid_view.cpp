@@ -1,0 +1,233 @@
+#include "windows/shared/stat_grid_view.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <algorithm>
+
+#include "platform/qt/qt_text.h"
+#include "windows/shared/look.h"
+
+namespace dtb {
+namespace {
+
+// No screen shows more of a cell.
+constexpr std::size_t kShownBytes = 600;
+
+QString ShownText(const StatGrid& grid, int row, int column) {
+  return ToQt(grid.Text(row, column).substr(0, kShownBytes));
+}
+
+Qt::Alignment AlignmentOf(CellAlignment alignment) {
+  switch (alignment) {
+    case CellAlignment::Centred:
+      return Qt::AlignCenter;
+    case CellAlignment::Right:
+      return Qt::AlignRight | Qt::AlignVCenter;
+    case CellAlignment::Left:
+      break;
+  }
+  return Qt::AlignLeft | Qt::AlignVCenter;
+}
+
+}  // namespace
+
+StatGridModel::StatGridModel(StatGrid& grid, QObject* parent)
+    : QAbstractTableModel(parent), grid_(grid) {
+  grid.Observe({[this](int row, int column) {
+                  if (row == 0) {
+                    emit headerDataChanged(Qt::Horizontal, column, column);
+                  } else {
+                    const QModelIndex cell = index(row - 1, column);
+                    emit dataChanged(cell, cell);
+                  }
+                },
+                [this](int column) { emit columnChanged(column); },
+                [this] {
+                  beginResetModel();
+                  endResetModel();
+                },
+                [this] { TellRearranged(); }});
+}
+
+void StatGridModel::TellRearranged() {
+  if (rowCount() > 0) emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+int StatGridModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : grid_.rows() - 1;
+}
+
+int StatGridModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : grid_.columns();
+}
+
+QVariant StatGridModel::data(const QModelIndex& index, int role) const {
+  const int row = index.row() + 1;
+  switch (role) {
+    case Qt::DisplayRole:
+      return ShownText(grid_, row, index.column());
+    case Qt::TextAlignmentRole:
+      return AlignmentOf(grid_.ColumnAt(index.column()).alignment).toInt();
+    case Qt::BackgroundRole:
+      return look::Shade(grid_.RowColour(row));
+    case Qt::ForegroundRole: {
+      const auto& ink = grid_.ColumnAt(index.column()).ink;
+      return ink ? look::Shade(*ink) : look::kInk;
+    }
+    default:
+      return {};
+  }
+}
+
+QVariant StatGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal) return {};
+  if (role == Qt::DisplayRole) return ShownText(grid_, 0, section);
+  if (role == Qt::TextAlignmentRole) {
+    return headersCentred_ ? int{Qt::AlignCenter}
+                           : AlignmentOf(grid_.ColumnAt(section).alignment).toInt();
+  }
+  return {};
+}
+
+StatGridView::StatGridView(StatGrid& grid, QWidget* parent)
+    : QTableView(parent), grid_(grid), model_(new StatGridModel(grid, this)) {
+  setModel(model_);
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(SingleSelection);
+  setFrameShape(NoFrame);
+  setWordWrap(false);
+  setCornerButtonEnabled(false);
+  verticalHeader()->hide();
+  verticalHeader()->setMinimumSectionSize(8);
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  horizontalHeader()->setMinimumSectionSize(4);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setSectionsClickable(false);
+  setTabKeyNavigation(false);  // Tab leaves the table, the arrow keys move inside it
+  setHorizontalScrollMode(ScrollPerPixel);
+  QPalette palette = this->palette();
+  palette.setColor(QPalette::Base, QColor(224, 224, 224));
+  setPalette(palette);
+  connect(model_, &StatGridModel::columnChanged, this, &StatGridView::ArrangeSoon);
+  connect(model_, &StatGridModel::modelReset, this, &StatGridView::ArrangeSoon);
+  connect(this, &QTableView::clicked, this,
+          [this](const QModelIndex& cell) { emit cellClicked(cell.row() + 1, cell.column()); });
+  connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
+          [this](int column) { emit cellDoubleClicked(0, column); });
+}
+
+void StatGridView::SetScale(double typePixels, double pixelsPerTwip) {
+  pixelsPerTwip_ = pixelsPerTwip;
+  setFont(look::Font(typePixels));
+  horizontalHeader()->setFont(look::Font(typePixels, true));
+  verticalHeader()->setDefaultSectionSize(qRound(typePixels * 1.5));
+  Arrange();
+}
+
+void StatGridView::SetStretchColumns(std::vector<int> columns) {
+  stretched_ = std::move(columns);
+  Arrange();
+}
+
+void StatGridView::StretchAllColumns() {
+  allStretched_ = true;
+  Arrange();
+}
+
+void StatGridView::ShowAsResult() {
+  model_->CentreHeaders();
+  firstColumnShown_ = false;
+  Arrange();
+}
+
+void StatGridView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  Arrange();
+}
+
+// A new result changes each column in turn; they are arranged once, before the next painting.
+void StatGridView::ArrangeSoon() {
+  viewport()->update();
+  if (arrangePending_) return;
+  arrangePending_ = true;
+  QMetaObject::invokeMethod(this, &StatGridView::Arrange, Qt::QueuedConnection);
+}
+
+bool StatGridView::Shown(int column) const {
+  return grid_.ColumnAt(column).width >= 1 && (column > 0 || firstColumnShown_);
+}
+
+std::vector<int> StatGridView::StretchedNow() const {
+  std::vector<int> columns;
+  for (int column = 0; column < grid_.columns(); ++column) {
+    const bool chosen = std::find(stretched_.begin(), stretched_.end(), column) != stretched_.end();
+    if (Shown(column) && (allStretched_ || chosen)) columns.push_back(column);
+  }
+  return columns;
+}
+
+std::vector<int> StatGridView::Widths() const {
+  std::vector<int> widths(static_cast<std::size_t>(grid_.columns()));
+  int left = viewport()->width();
+  for (int column = 0; column < grid_.columns(); ++column) {
+    if (!Shown(column)) continue;
+    int& width = widths[static_cast<std::size_t>(column)];
+    width = std::max(1, qRound(grid_.ColumnAt(column).width * pixelsPerTwip_));
+    left -= width;
+  }
+  const std::vector<int> stretched = StretchedNow();
+  auto sharers = static_cast<int>(stretched.size());
+  for (const int column : stretched) {
+    if (left <= 0) break;
+    const int share = left / sharers--;
+    widths[static_cast<std::size_t>(column)] += share;
+    left -= share;
+  }
+  return widths;
+}
+
+void StatGridView::Arrange() {
+  arrangePending_ = false;
+  const std::vector<int> widths = Widths();
+  for (int column = 0; column < grid_.columns(); ++column) {
+    const int width = widths[static_cast<std::size_t>(column)];
+    setColumnHidden(column, width == 0);
+    if (width > 0) setColumnWidth(column, width);
+  }
+}
+
+void StatGridView::SetCurrentCell(int row, int column) {
+  setCurrentIndex(model()->index(row - 1, column));
+}
+
+QRect StatGridView::CellRect(int row, int column) const {
+  return visualRect(model()->index(row - 1, column));
+}
+
+void StatGridView::keyPressEvent(QKeyEvent* event) {
+  const QModelIndex cell = currentIndex();
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (enter) {
+    if (!cell.isValid() || event->isAutoRepeat()) return;
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+      emit cellDoubleClicked(cell.row() + 1, cell.column());
+    } else {
+      emit cellClicked(cell.row() + 1, cell.column());
+    }
+    emit editWanted(cell.row() + 1, cell.column());
+  } else if (event->key() == Qt::Key_Delete) {
+    if (cell.isValid()) emit clearWanted(cell.row() + 1, cell.column());
+  } else {
+    QTableView::keyPressEvent(event);
+  }
+}
+
+void StatGridView::mouseDoubleClickEvent(QMouseEvent* event) {
+  const QModelIndex cell = indexAt(event->pos());
+  if (cell.isValid() && event->button() == Qt::LeftButton) {
+    emit cellDoubleClicked(cell.row() + 1, cell.column());
+    emit editWanted(cell.row() + 1, cell.column());
+  }
+}
+
+}  // namespace dtb

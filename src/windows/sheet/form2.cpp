@@ -1,0 +1,230 @@
+#include "windows/sheet/form2.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+
+#include "game/constant_update.h"
+#include "platform/qt/qt_text.h"
+#include "sheet/cell_edit.h"
+#include "sheet/game_report.h"
+#include "sheet/game_workbook.h"
+#include "sheet/save_game.h"
+#include "windows/boxes/busy.h"
+#include "windows/shared/bind.h"
+#include "windows/shared/controls.h"
+#include "windows/shared/game_text.h"
+#include "windows/shared/look.h"
+
+namespace dtb {
+namespace {
+
+using namespace look;
+
+// The sheet in its own layout units: both teams side by side on a screen of the scene's size.
+constexpr double kWidth = 1520;
+constexpr double kHeight = 832;
+constexpr double kTableWidth = 744;
+constexpr double kTwip = 1.0 / 15;             // pixels on the reference screen
+constexpr double kBoxScoreTwip = 1.6 * kTwip;  // figures of the line score are larger
+
+}  // namespace
+
+Form2::Form2(Board& board, QtPictures& pictures, QWidget* parent)
+    : QDialog(parent), board_(board), scene_(kWidth, kHeight) {
+  setObjectName(QStringLiteral("Form2"));
+  setWindowTitle(QStringLiteral("Stats"));
+  BuildTop(pictures);
+  BuildSide(Side::Visitors);
+  BuildSide(Side::Home);
+  BuildBottom();
+  BuildEditor();
+  FitAtLaunch(this, scene_.resizer(), 0);
+}
+
+void Form2::BuildTop(QtPictures& pictures) {
+  const auto addLogo = [&](const char* name, const char* tip, double left, Field<Picture>& logo) {
+    auto* box = new PictureBox(PictureBox::Fit::Whole, this);
+    Name(box, name, QLatin1String(tip));
+    box->setToolTip(QLatin1String(tip));
+    scene_.Put(box, {left, 12, 84, 84});
+    Follow<Picture>(box, logo, [box, &pictures](const Picture& picture) {
+      box->SetImage(pictures.Image(picture));
+    });
+  };
+  addLogo("Picture3", "Visitor logo", 12, board_.sheet.Picture3);
+  addLogo("Picture4", "Home logo", kWidth - 96, board_.sheet.Picture4);
+  boxScore_ = new StatGridView(board_.sheet.grd_BoxScore, this);
+  Name(boxScore_, "grd_BoxScore", QStringLiteral("Line score"));
+  boxScore_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  QPalette palette = boxScore_->palette();
+  palette.setColor(QPalette::Base, kSlate);  // what the innings do not fill
+  boxScore_->setPalette(palette);
+  scene_.Put(boxScore_, {220, 12, 1080, 84});
+}
+
+void Form2::BuildSide(Side side) {
+  const bool visitors = side == Side::Visitors;
+  const double left = visitors ? 12 : kWidth - 12 - kTableWidth;
+  SideFields fields = SideOf(board_, side);
+
+  auto* team = MakeCaption({}, this, Qt::AlignCenter);
+  Name(team, visitors ? "lbl_VisTeam" : "lbl_HomeTeam");
+  team->setAutoFillBackground(true);
+  QPalette palette = team->palette();
+  palette.setColor(QPalette::Window, visitors ? kPlateGrey : QColor(224, 224, 224));
+  palette.setColor(QPalette::WindowText, visitors ? QColor(Qt::white) : kInk);
+  team->setPalette(palette);
+  scene_.Put(team, {left, 108, kTableWidth, 32}, kLarge, true);
+  Follow<std::string>(team, fields.sheetTeam,
+                      [team](const std::string& name) { team->setText(ToQt(name).left(400)); });
+
+  StatGridView*& table = visitors ? visitors_ : home_;
+  table = new StatGridView(fields.grid, this);
+  Name(table, visitors ? "grd_VisStats" : "grd_HomeStats",
+       visitors ? QStringLiteral("Visitors' statistics") : QStringLiteral("Home statistics"));
+  table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  table->SetStretchColumns({stat_column::kBatter, stat_column::kPitcher});
+  scene_.Put(table, {left, 140, kTableWidth, 624});
+  connect(table, &StatGridView::editWanted, this,
+          [this, side](int row, int column) { BeginCellEdit(board_, side, row, column); });
+  connect(table, &StatGridView::clearWanted, this,
+          [this, side](int row, int column) { ClearCell(board_, side, row, column); });
+}
+
+void Form2::BuildBottom() {
+  auto* title = MakeCaption(QStringLiteral("Game comments (110 characters):"), this);
+  Name(title, "Label2");
+  scene_.Put(title, {12, 780, 240, 36}, kBody);
+  auto* comments = new QLineEdit(this);
+  Name(comments, "tb_Comments", QStringLiteral("Game comments"));
+  comments->setMaxLength(kCommentLength);
+  QPalette palette = comments->palette();
+  palette.setColor(QPalette::Base, QColor(224, 224, 224));
+  palette.setColor(QPalette::Text, QColor(0, 0, 255));
+  comments->setPalette(palette);
+  scene_.Put(comments, {256, 780, 684, 36}, kBody);
+  BindGameText(comments, board_.sheet.tb_Comments, board_, "comments");
+  BuildExports();
+  auto* save = new QPushButton(QStringLiteral("SAVE TO DB"), this);
+  Name(save, "Command2", QStringLiteral("SAVE TO DB"));
+  save->setAutoDefault(false);
+  Follow<bool>(save, board_.sheet.Command2_enabled, [save](bool on) { save->setEnabled(on); });
+  connect(save, &QPushButton::clicked, this, [this] {
+    const BusyPointer busy;
+    SaveGame(board_);
+  });
+  scene_.Put(save, {1260, 776, 248, 44}, kLarge, true);
+}
+
+void Form2::BuildExports() {
+  const auto add = [this](const char* name, const char* caption, const QString& tip, double left) {
+    auto* button = new QPushButton(QLatin1String(caption), this);
+    Name(button, name, QLatin1String(caption));
+    button->setToolTip(tip);
+    button->setAutoDefault(false);
+    scene_.Put(button, {left, 780, 144, 36}, kBody);
+    return button;
+  };
+  connect(
+      add("cmd_Report", "HTML REPORT",
+          QStringLiteral("When the game is over: fills in both pitchers' innings and writes the "
+                         "sheet as a page for browsers"),
+          948),
+      &QPushButton::clicked, this, [this] { WriteGameReport(board_); });
+  connect(add("cmd_Excel", "SEND TO EXCEL", QStringLiteral("Open the sheet as a workbook"), 1100),
+          &QPushButton::clicked, this, [this] { SendToExcel(); });
+}
+
+void Form2::SendToExcel() {
+  {
+    const BusyPointer busy;
+    if (!ExportGameToSpreadsheet(board_)) return;
+  }
+  for (StatGridView* table : {visitors_, home_, boxScore_}) table->SetCurrentCell(0, 0);
+  hide();
+}
+
+void Form2::BuildEditor() {
+  editor_ = new QLineEdit(this);
+  Name(editor_, "Text1", QStringLiteral("Cell editor"));
+  editor_->hide();
+  editor_->installEventFilter(this);
+  BindText(editor_, board_.sheet.Text1);
+  Follow<bool>(editor_, board_.sheet.Text1_visible, [this](bool shown) { ShowEditor(shown); });
+}
+
+StatGridView& Form2::EditedTable() {
+  const bool visitors =
+      board_.sheet.lbl_GridSelected.value() == SideOf(board_, Side::Visitors).letter;
+  return TableOf(visitors ? Side::Visitors : Side::Home);
+}
+
+void Form2::ShowEditor(bool shown) {
+  if (!shown) {
+    editor_->hide();
+    return;
+  }
+  StatGridView& table = EditedTable();
+  const StatSheet& sheet = board_.sheet;
+  table.SetCurrentCell(sheet.editedRow, sheet.editedColumn);
+  editor_->setParent(table.viewport());
+  editor_->setFont(table.font());
+  const bool name =
+      sheet.editedColumn == stat_column::kBatter || sheet.editedColumn == stat_column::kPitcher;
+  editor_->setAlignment(name ? Qt::AlignLeft : Qt::AlignHCenter);
+  editor_->setGeometry(table.CellRect(sheet.editedRow, sheet.editedColumn));
+  editor_->selectAll();
+  editor_->show();
+  editor_->setFocus(Qt::OtherFocusReason);
+}
+
+void Form2::Commit() {
+  StatGridView& table = EditedTable();
+  const int row = CommitCellEdit(board_);
+  table.SetCurrentCell(row, board_.sheet.editedColumn);
+  table.setFocus(Qt::OtherFocusReason);
+}
+
+bool Form2::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != editor_) return QDialog::eventFilter(watched, event);
+  if (event->type() == QEvent::FocusOut) DropCellEdit(board_);
+  if (event->type() != QEvent::KeyPress) return false;
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+    if (!static_cast<QKeyEvent*>(event)->isAutoRepeat()) Commit();
+    return true;
+  }
+  if (key != Qt::Key_Escape) return false;
+  EditedTable().setFocus(Qt::OtherFocusReason);
+  return true;
+}
+
+void Form2::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  scene_.Apply(size());
+  const double scale = scene_.resizer().fontScale();
+  for (StatGridView* table : {visitors_, home_}) {
+    table->SetScale(kBody * scale, kTwip * scene_.resizer().scaleX());
+  }
+  boxScore_->SetScale(kLarge * scale, kBoxScoreTwip * scene_.resizer().scaleX());
+  HoldRatio(this, scene_.resizer(), 0);
+}
+
+void Form2::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  visitors_->setFocus(Qt::OtherFocusReason);
+}
+
+void Form2::hideEvent(QHideEvent* event) {
+  QDialog::hideEvent(event);
+  DropCellEdit(board_);
+}
+
+void Form2::mousePressEvent(QMouseEvent* event) {
+  QDialog::mousePressEvent(event);
+  ConstantUpdate(board_);
+}
+
+}  // namespace dtb

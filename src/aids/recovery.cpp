@@ -1,19 +1,23 @@
 #include "aids/recovery.h"
 
 #include <cstdint>
+#include <fstream>
+#include <iterator>
 #include <utility>
 
+#include "aids/ballparks.h"
 #include "aids/crowd.h"
 #include "game/field_text.h"
 #include "game/game_fields.h"
 #include "game/history.h"
 #include "game/memento.h"
+#include "platform/paths.h"
 
 namespace dtb {
 namespace {
 
 // The number goes up whenever the fields, or their order, change.
-constexpr std::string_view kHead = "Kelvane Diamond Table, a game in progress, 1\n";
+constexpr std::string_view kHead = "Kelvane Diamond Table, a game in progress, 2\n";
 constexpr std::size_t kChecksumBytes = 8;
 
 // FNV-1a, of 64 bits.
@@ -23,6 +27,12 @@ std::uint64_t ChecksumOf(std::string_view bytes) {
     sum = (sum ^ static_cast<unsigned char>(byte)) * 1099511628211U;
   }
   return sum;
+}
+
+// "" for a file that cannot be read.
+std::string BytesOf(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 std::string ChecksumText(std::string_view bytes) {
@@ -49,6 +59,7 @@ std::string TableText(const Board& board, const AidsState& aids) {
   VisitFields(std::as_const(board.state), std::as_const(board.sheet), writer, writer);
   writer(board.log.text());
   VisitAids(aids, writer);
+  writer(aids.parkChoice ? TextOf(*aids.parkChoice) : std::string());
   return std::string(kHead).append(ChecksumText(content)).append(content);
 }
 
@@ -65,6 +76,9 @@ KeptTable ReadTable(std::string_view bytes, const Board& board, const Aids& aids
   std::string log;
   reader(log);
   VisitAids(kept.aids, reader);
+  std::string parkChoice;
+  reader(parkChoice);
+  kept.aids.parkChoice = parkChoice.empty() ? std::nullopt : std::optional(PathOf(parkChoice));
   if (!reader.AtEnd()) throw DamagedText();
   kept.game.log = EventLog(std::move(log));
   return kept;
@@ -75,6 +89,9 @@ void TakeUp(const KeptTable& kept, Board& board, Aids& aids) {
   aids.state = kept.aids;
   if (board.history != nullptr) board.history->Clear();
   if (aids.state.cb_Crowd.value()) CrowdClicked(aids);
+  Random_Ballparks(aids);
+  // Without a park to draw from, the button would do nothing.
+  if (!aids.state.parkChoice || aids.state.ParkNames.empty()) aids.state.cb_RandParks.Set(false);
 }
 
 void OfferRecovery(Board& board, Aids& aids, RecoveryStore& store) {
@@ -83,16 +100,48 @@ void OfferRecovery(Board& board, Aids& aids, RecoveryStore& store) {
   MessageBoxes& boxes = board.platform.boxes;
   try {
     const KeptTable kept = ReadTable(*bytes, board, aids);
-    if (boxes.Ask("A game was still in progress when the program ended. Go on with it?", "")) {
-      TakeUp(kept, board, aids);
-    } else {
-      store.SetAside();
-    }
+    const bool saved = !kept.game.sheet.Command2_enabled.value();
+    const std::string question =
+        saved ? "The game that was on the board when the program ended is saved in the database "
+                "already. Put it on the board again?"
+              : "A game was still in progress when the program ended. Go on with it?";
+    if (boxes.Ask({.text = question, .yesIsUsual = true})) return TakeUp(kept, board, aids);
+    boxes.Show("The game is kept as \"" + store.SetAside() + "\". \"" + kTakeUpSetAside +
+                   "\" in the menu \"Edit\" brings it back.",
+               BoxIcon::Information);
   } catch (const DamagedText&) {
     boxes.Show(
         "A game was still in progress when the program ended, but what is left of it could "
         "not be understood. It is kept as \"" +
             store.SetAside() + "\".",
+        BoxIcon::Warning);
+  }
+}
+
+void TakeUpSetAside(Board& board, Aids& aids, RecoveryStore& store) {
+  MessageBoxes& boxes = board.platform.boxes;
+  const std::filesystem::path own = store.File();
+  const auto file =
+      board.platform.dialogs.OpenFile({"Take up a game set aside", own.parent_path(),
+                                       "Games set aside|" + TextOf(own.filename()) + ".2*"});
+  if (!file) return;
+  try {
+    const KeptTable kept = ReadTable(BytesOf(*file), board, aids);
+    const BoardState& state = board.state;
+    const bool gameOnBoard =
+        !state.List1.empty() || !state.List2.empty() || !board.log.text().empty();
+    if (gameOnBoard) {
+      if (!boxes.Ask({.text = "The game on the board is set aside, too, and can be taken up again "
+                              "in the same way. Put the other one on the board?"})) {
+        return;
+      }
+      store.Keep(TableText(board, aids.state), false);
+      store.SetAside();
+    }
+    TakeUp(kept, board, aids);
+  } catch (const DamagedText&) {
+    boxes.Show(
+        "The file \"" + TextOf(*file) + "\" is no game that was set aside, or it is damaged.",
         BoxIcon::Warning);
   }
 }

@@ -9,6 +9,9 @@
 
 namespace dtb {
 
+// The caption of the menu entry that the operation below belongs to.
+inline constexpr const char* kTakeUpSetAside = "Take up a game set aside...";
+
 // All that stands on the board, the sheet and in the log, with a checksum, as bytes for a file.
 [[nodiscard]] std::string TableText(const Board& board, const AidsState& aids);
 
@@ -24,8 +27,14 @@ struct KeptTable {
 // Puts it back in silence; no step can be taken back then.
 void TakeUp(const KeptTable& kept, Board& board, Aids& aids);
 
-// At start: where a game was kept, asks whether to go on with it. A game that is not wanted, and a
-// file that cannot be understood, are moved aside and kept.
+// At start: where a game was kept, asks whether to go on with it, and tells if it is saved already.
+// A game that is not wanted, and a file that cannot be understood, are moved aside and kept; the
+// person learns where, and how the game comes back.
 void OfferRecovery(Board& board, Aids& aids, RecoveryStore& store);
+
+// "Take up a game set aside...": lets the person choose one of these games and puts it on the
+// board. A game that is on the board by then is set aside itself, if the person agrees. A file that
+// cannot be understood is told and changes nothing.
+void TakeUpSetAside(Board& board, Aids& aids, RecoveryStore& store);
 
 }  // namespace dtb

@@ -5,7 +5,6 @@
 
 #include "browser/grid_format.h"
 #include "browser/queries.h"
-#include "sheet/text_order.h"
 
 namespace dtb {
 namespace {
@@ -44,8 +43,8 @@ void LoadPlayers(Browser& browser, BrowserGrid& grid, const Players& players,
   LoadGrid(browser, grid,
            {std::string("SELECT * FROM ")
                 .append(players.table)
-                .append(" WHERE GameID LIKE ?1 AND Team LIKE ?2 ESCAPE '\\' ORDER BY rowid"),
-            {Containing(browser.state.Text9.value()), Containing(EscapedForLike(team))}},
+                .append(" WHERE GameID LIKE ?1 AND Team = ?2 ORDER BY rowid"),
+            {Containing(browser.state.Text9.value()), team}},
            kNameColumn);
   grid.grid.SetColumnWidth(players.teamColumn, 0);
   grid.grid.SetColumnWidth(players.teamColumn + 1, 0);

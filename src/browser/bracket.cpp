@@ -26,7 +26,7 @@ void PlaceInBracket(Browser& browser, Field<std::string>& slot) {
 }
 
 void ResetBracket(Browser& browser) {
-  if (!browser.platform.boxes.Ask("Erase entire tournament bracket?", "Question")) return;
+  if (!browser.platform.boxes.Ask({"Erase entire tournament bracket?", "Question"})) return;
   ForEachSlot(browser.state,
               [](const std::string& /*key*/, Field<std::string>& slot) { slot.Set(""); });
 }

@@ -13,13 +13,14 @@ namespace {
 void DeleteAfterQuestion(Browser& browser, const std::string& question,
                          const std::vector<Statement>& statements, const std::string& completion) {
   MessageBoxes& boxes = browser.platform.boxes;
-  if (!boxes.Ask(question, kBrowserTitle)) return;
+  if (!boxes.Ask({question, kBrowserTitle})) return;
   std::string faults;
   for (const std::string& fault : browser.platform.database.Delete(statements)) {
     faults += "\n\n" + fault;
   }
   if (!faults.empty()) {
-    boxes.Show("Not everything could be deleted." + faults, BoxIcon::Exclamation, kBrowserTitle);
+    return boxes.Show("Not everything could be deleted." + faults, BoxIcon::Exclamation,
+                      kBrowserTitle);
   }
   boxes.Show(completion, BoxIcon::Information, kBrowserTitle);
 }

@@ -5,8 +5,8 @@
 
 namespace dtb {
 
-// The three deletes ask first. They end with their message of completion in all cases; what could
-// not be deleted is told before it.
+// The three deletes ask first. They end with their message of completion, or with what could not be
+// deleted.
 
 // A click on a row of MSHFlexGrid9 or MSHFlexGrid10: its name goes into lbl_DEL2.
 void SelectForDelete(Browser& browser, const BrowserGrid& grid, int row);

@@ -32,20 +32,23 @@ struct SideFields {
   LineupList& list;
   Field<bool>& atBat;                 // the option "AT BAT"
   Field<std::string>& rememberedRow;  // row that last became the batter
+  Field<int>& due;                    // row that bats when the side comes to bat next
   Field<bool>& edit;                  // the check box "EDIT"
   Field<std::string>& newEntry;       // text field for a new row
   Field<std::string>& team;           // team name on the board
   Field<std::string>& pitcher;        // current pitcher
   Field<std::string>& pitcherTag;     // pitcher until the last change
+  PitchedOuts& outs;                  // what its pitchers have pitched, out by out
   Field<Picture>& pitcherPhoto;
   Field<Picture>& logo;
   ScoreRow& score;                // the side's row of the line score
   StatGrid& grid;                 // the side's table of the sheet
   Field<std::string>& sheetTeam;  // team name on the sheet
   Field<Picture>& sheetLogo;
-  int boxScoreRow;          // the side's row of grd_BoxScore
-  const char* letter;       // "V" or "H", as lbl_VisHome and lbl_GridSelected name the side
-  const char* defaultLogo;  // file in Logos for a team without a logo
+  ReportedInnings& reported;  // innings that the last report settled
+  int boxScoreRow;            // the side's row of grd_BoxScore
+  const char* letter;         // "V" or "H", as lbl_VisHome and lbl_GridSelected name the side
+  const char* defaultLogo;    // file in Logos for a team without a logo
 };
 
 [[nodiscard]] SideFields SideOf(Board& board, Side side);

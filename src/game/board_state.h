@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <string>
 
 #include "game/colour.h"
@@ -35,6 +36,9 @@ struct ScoreRow : std::array<ScoreCell, kScoreCells> {
   }
 };
 
+// Outs that each pitcher of a side made while he pitched, by his name. None of them is below zero.
+using PitchedOuts = std::map<std::string, int>;
+
 // A man on the field for the side at bat: a photo, or a name plate where there is none.
 struct GamePiece {
   Field<Picture> picture;    // the photo box
@@ -67,7 +71,9 @@ struct BoardState {
   Field<std::string> lbl_Selected;        // name of the current batter, of either side
   Field<std::string> lbl_L1current{"0"};  // row that last became the batter in List1
   Field<std::string> lbl_L2current{"0"};  // the same for List2
-  TextCell tb_ListBoxStatus{"0"};         // above 0: a selection names no batter
+  Field<int> VisDue;               // row of List1 that bats when the visitors come to bat next
+  Field<int> HomeDue;              // the same for List2
+  TextCell tb_ListBoxStatus{"0"};  // above 0: a selection names no batter
 
   // Editing of the line-ups.
   Field<bool> Check1;               // "EDIT" of the visitors
@@ -81,6 +87,8 @@ struct BoardState {
   Field<std::string> lbl_HomePitcher;     // current pitcher of the home team
   Field<std::string> lbl_VisPitcher_tag;  // pitcher who was on until the last change
   Field<std::string> lbl_HomePitcher_tag;
+  PitchedOuts VisOuts;          // outs of the visitors' pitchers
+  PitchedOuts HomeOuts;         // outs of the home pitchers
   Field<Picture> img_VisPitch;  // photos of the current pitchers
   Field<Picture> img_HomePitch;
 
@@ -95,7 +103,7 @@ struct BoardState {
   Field<std::string> lbl_BoxSel;   // index of the cell that last had the focus
   Field<std::string> lbl_VisHome;  // its row: "V" or "H"
   Field<std::string> lbl_NumSel;   // digit last clicked on the score pad
-  bool CaretAtStart = true;        // that cell's caret stands before its text
+  std::string EnteredCell;         // "V3": cell entered by the person since it took the focus
 
   // Game pieces and base tracker.
   std::array<GamePiece, kPieces> pieces;  // pb_Player1 to pb_Player4

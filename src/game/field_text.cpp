@@ -51,6 +51,11 @@ void FieldWriter::Put(const StatGrid& grid) {
   }
 }
 
+void FieldWriter::Put(const PitchedOuts& outs) {
+  PutNumber(outs.size());
+  for (const auto& [pitcher, count] : outs) (*this)(pitcher, count);
+}
+
 char FieldReader::TakeByte() {
   if (text_.empty()) throw DamagedText();
   const char byte = text_.front();
@@ -96,6 +101,15 @@ void FieldReader::Take(Colour& value) {
 void FieldReader::Take(Picture& value) {
   Take(value.path);
   value.stamp = TakeNumber();
+}
+
+void FieldReader::Take(PitchedOuts& outs) {
+  outs.clear();
+  for (std::uint64_t left = TakeNumber(); left > 0; --left) {
+    std::string pitcher;
+    Take(pitcher);
+    Take(outs[pitcher]);
+  }
 }
 
 void FieldReader::Take(LineupList& list) {

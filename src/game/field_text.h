@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "game/board_state.h"
-#include "sheet/stat_grid.h"
+#include "sheet/stat_sheet.h"
 #include "shell/program_error.h"
 
 namespace dtb {
@@ -40,6 +40,10 @@ class FieldWriter {
   void Put(const ScoreCell& cell) { (*this)(cell.text, cell.colour); }
   void Put(const GamePiece& piece) {
     (*this)(piece.picture, piece.tag, piece.plate, piece.store, piece.left, piece.top);
+  }
+  void Put(const PitchedOuts& outs);
+  void Put(const ReportedInnings& innings) {
+    (*this)(innings.row, innings.written, innings.before);
   }
   // Cells and column widths; the rest of a grid's looks does not change in a game.
   void Put(const StatGrid& grid);
@@ -79,6 +83,8 @@ class FieldReader {
   void Take(GamePiece& piece) {
     (*this)(piece.picture, piece.tag, piece.plate, piece.store, piece.left, piece.top);
   }
+  void Take(PitchedOuts& outs);
+  void Take(ReportedInnings& innings) { (*this)(innings.row, innings.written, innings.before); }
   // The grid has its size already.
   void Take(StatGrid& grid);
   template <class T>

@@ -28,6 +28,10 @@ bool CountAtBat(Board& board) {
 
 }  // namespace
 
+int NextInOrder(const LineupList& list, int row) {
+  return row == kLastOfOrder || !list.HasRow(row + 1) ? 0 : row + 1;
+}
+
 bool BothTeamsLoaded(const BoardState& state) {
   return !state.List1.empty() && !state.List2.empty();
 }
@@ -61,8 +65,7 @@ void AdvanceLineup(Board& board) {
   const auto atBat = SideAtBat(board.state);
   if (!atBat) return;
   LineupList& list = SideOf(board, *atBat).list;
-  const int next = list.selected() == kLastOfOrder ? 0 : list.selected() + 1;
-  list.Select(list.HasRow(next) ? next : 0);
+  list.Select(NextInOrder(list, list.selected()));
 }
 
 void AssignAtBat(Board& board) {
@@ -88,6 +91,10 @@ void OutRecordedMsg(Board& board) {
   EndOfInning(board);
   // The sides have changed over already: the batter is counted, and his line-up stays on him.
   CountAtBat(board);
+  if (const auto atBat = SideAtBat(state)) {
+    const SideFields retired = SideOf(board, Other(*atBat));
+    retired.due.Set(NextInOrder(retired.list, retired.due.value()));
+  }
   state.tb_OUT.Set("0");
 }
 

@@ -85,7 +85,9 @@ void History::Go(Board& board, Steps& from, Steps& to, std::string_view mark) {
   from.steps.pop_back();
   merged_ = false;
   Seal();
+  stepped_ = true;
   Tell();
+  stepped_ = false;
 }
 
 void History::Clear() {

@@ -61,6 +61,9 @@ class History {
   // The newest gesture went on with the one before it.
   [[nodiscard]] bool merged() const { return merged_; }
 
+  // What observers hear of now is a step back or forward.
+  [[nodiscard]] bool stepped() const { return stepped_; }
+
   // Hears of each gesture that changed something, of each step back or forward, and of Clear.
   // Observers are never taken off.
   void Observe(std::function<void()> observer) { observers_.push_back(std::move(observer)); }
@@ -92,6 +95,7 @@ class History {
   std::string mergeKey_;  // of the newest step
   int depth_ = 0;         // gestures in progress, one inside the other
   bool merged_ = false;
+  bool stepped_ = false;
   bool walled_ = false;  // the gesture in progress cannot be taken back
   std::vector<std::function<void()>> observers_;
 };

@@ -2,16 +2,31 @@
 
 #include "game/constant_update.h"
 #include "game/history.h"
+#include "game/innings.h"
 #include "shell/program_error.h"
 
 namespace dtb {
+namespace {
+
+// The name of the cell that last had the focus.
+std::string FocusedCell(const BoardState& state) {
+  return state.lbl_VisHome.value() + state.lbl_BoxSel.value();
+}
+
+}  // namespace
 
 void FocusScoreCell(Board& board, Side side, int cell) {
   board.state.lbl_BoxSel.Set(DecimalText(cell));
   board.state.lbl_VisHome.Set(SideOf(board, side).letter);
-  board.state.CaretAtStart = true;
+  board.state.EnteredCell.clear();
   ConstantUpdate(board);
 }
+
+void MoveCaret(Board& board, bool toStart) {
+  board.state.EnteredCell = toStart ? "" : FocusedCell(board.state);
+}
+
+bool CaretAtStart(const BoardState& state) { return state.EnteredCell != FocusedCell(state); }
 
 void ClickDigit(Board& board, const std::string& digit) {
   const Gesture gesture(board, "score pad, " + digit);
@@ -28,8 +43,9 @@ void PutValue(Board& board) {
     const SideFields fields = SideOf(board, side);
     if (state.lbl_VisHome.value() != fields.letter) continue;
     TextCell& text = fields.score.at(cell).text;
-    text.Set(state.CaretAtStart ? digit : text.value() + digit);
-    state.CaretAtStart = false;
+    const std::string figure = CaretAtStart(state) ? digit : text.value() + digit;
+    MoveCaret(board, false);
+    text.Set(figure);
   }
 }
 
@@ -38,6 +54,7 @@ void ToggleFinished(Board& board, Side side, int cell) {
   const Gesture gesture(board, "mark of inning " + DecimalText(cell + 1));
   Field<Colour>& colour = SideOf(board, side).score.at(cell).colour;
   colour.Set(colour.value() == kFinishedYellow ? kGrey : kFinishedYellow);
+  CountPitchedOuts(board);
 }
 
 }  // namespace dtb

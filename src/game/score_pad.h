@@ -11,6 +11,11 @@ namespace dtb {
 // is brought up to date.
 void FocusScoreCell(Board& board, Side side, int cell);
 
+// The person moved the caret of that cell, or typed into it. A caret at the start, or a selected
+// text, means that the next digit takes the place of what stands there.
+void MoveCaret(Board& board, bool toStart);
+[[nodiscard]] bool CaretAtStart(const BoardState& state);
+
 // A click on a digit header, "0" to "9".
 void ClickDigit(Board& board, const std::string& digit);
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/picture.h"
 
@@ -12,6 +13,20 @@ namespace dtb {
 
 enum class BoxIcon { None, Information, Warning, Exclamation, Critical };
 enum class BoxAlignment { Centred, Left };
+
+struct Question {
+  std::string text;
+  std::string title = {};   // empty: the program's own
+  bool yesIsUsual = false;  // Enter is a Yes, as long as the person chooses no other button
+};
+
+// A question about a list, with answers of its own.
+struct Choice {
+  std::string text;
+  std::string title = {};
+  std::vector<std::string> lines = {};
+  std::vector<std::string> answers = {};  // Enter is the first, closing the box the last
+};
 
 // Message boxes. All of them block: the call returns when the person has closed the box; timers go
 // on meanwhile, and no other gesture reaches the program.
@@ -23,7 +38,9 @@ class MessageBoxes {
   // A standard box with one OK button. An empty title stands for the program's own.
   virtual void Show(const std::string& message, BoxIcon icon, const std::string& title = {}) = 0;
   // A question with Yes and No. True for Yes; closing the box in any other way is a No.
-  [[nodiscard]] virtual bool Ask(const std::string& question, const std::string& title) = 0;
+  [[nodiscard]] virtual bool Ask(const Question& question) = 0;
+  // The place of the chosen answer.
+  [[nodiscard]] virtual std::size_t Choose(const Choice& choice) = 0;
 };
 
 struct OpenFileRequest {
@@ -154,6 +171,9 @@ class RecoveryStore {
   // back. It returns when what an earlier call gave is safe, so at most one gesture is ever
   // missing. A gesture that only goes on, letter by letter or move by move, waits for nothing.
   virtual void Keep(std::string bytes, bool gestureGoesOn) = 0;
+  // The file of the game in progress. Games set aside stand beside it, with "." and the date of
+  // their setting aside, year first, behind its name.
+  [[nodiscard]] virtual std::filesystem::path File() = 0;
   // Moves what is kept aside and returns the name of the file that has it now.
   virtual std::string SetAside() = 0;
 };

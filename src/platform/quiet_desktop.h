@@ -30,7 +30,8 @@ struct QuietDesktop : MessageBoxes,
   void ShowRecorded(const std::string& /*message*/, BoxAlignment /*alignment*/) override {}
   void Show(const std::string& /*message*/, BoxIcon /*icon*/,
             const std::string& /*title*/) override {}
-  bool Ask(const std::string& /*question*/, const std::string& /*title*/) override { return true; }
+  bool Ask(const Question& /*question*/) override { return true; }
+  std::size_t Choose(const Choice& /*choice*/) override { return 1; }  // as it stands
   std::optional<std::filesystem::path> OpenFile(const OpenFileRequest& /*request*/) override {
     return std::nullopt;
   }

@@ -6,6 +6,7 @@
 #include <QWindow>
 #include <csignal>
 #include <cstdio>
+#include <utility>
 
 #include "game/history.h"
 #include "replay/game_state.h"
@@ -16,6 +17,7 @@ namespace dtb::replay {
 namespace {
 
 constexpr int kShowPause = 150;  // milliseconds
+const QString kAsItStands = QStringLiteral("Save as it stands");
 
 struct Names {
   QString list, load, pitcher, atBat, edit, newEntry;
@@ -139,7 +141,10 @@ bool Player::Answer(MessageBox& box) {
     Perform(line);
     return Word(line, 0) != "SHOT";
   }
-  if (box.question()) {
+  if (!box.answers().isEmpty()) {
+    const QString answer = std::exchange(proofAnswer_, kAsItStands);
+    Click(TargetAt("cmd_" + (box.answers().contains(answer) ? answer : kAsItStands).toUpper()));
+  } else if (box.question()) {
     const QString answer = answers_.isEmpty() ? "Yes" : answers_.takeFirst();
     Click(TargetAt("cmd_" + answer.toUpper()));
   } else {
@@ -268,6 +273,10 @@ void Player::Perform(const QString& gesture) {
     PressKey(FindControl(Word(gesture, 1)), Word(gesture, 2));
   } else if (verb == "DRAG") {
     Drag(TargetAt(Word(gesture, 1)), TargetInPark(Word(gesture, 2)));
+  } else if (verb == "PROOF") {
+    const QString word = Word(gesture, 1);
+    if (word != "RIGHT" && word != "BACK") throw Refused("PROOF takes RIGHT or BACK");
+    proofAnswer_ = word == "RIGHT" ? "Put right and save" : "Back to the sheet";
   } else if (verb == "ANSWER") {
     answers_ += Word(gesture, 1);
   } else if (verb == "CHOOSE") {

@@ -63,6 +63,7 @@ class Player : public Driver {
   qsizetype next_ = 0;    // line to be played next
   QStringList gestures_;  // what is left of the present line
   QStringList answers_;   // to the next questions
+  QString proofAnswer_;   // to the next list of the proof; "": as it stands
   QStringList messages_;  // of the boxes since the last dump
   QPointer<MessageBox> seen_;
   QString key_;  // the outcome key pressed last; "" after another gesture

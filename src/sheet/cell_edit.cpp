@@ -14,6 +14,12 @@ std::string NameOfCell(const StatGrid& grid, int row, int column) {
   return std::string(grid.Text(0, column)).append(", ").append(grid.Text(row, owner));
 }
 
+StatGrid& EditedGrid(Board& board) {
+  const SideFields visitors = SideOf(board, Side::Visitors);
+  return board.sheet.lbl_GridSelected.value() == visitors.letter ? visitors.grid
+                                                                 : board.sheet.grd_HomeStats;
+}
+
 }  // namespace
 
 void BeginCellEdit(Board& board, Side side, int row, int column) {
@@ -32,9 +38,7 @@ void BeginCellEdit(Board& board, Side side, int row, int column) {
 int CommitCellEdit(Board& board) {
   StatSheet& sheet = board.sheet;
   if (!sheet.Text1_visible.value()) return sheet.editedRow;
-  StatGrid& grid = sheet.lbl_GridSelected.value() == SideOf(board, Side::Visitors).letter
-                       ? sheet.grd_VisStats
-                       : sheet.grd_HomeStats;
+  StatGrid& grid = EditedGrid(board);
   const Gesture gesture(board, NameOfCell(grid, sheet.editedRow, sheet.editedColumn));
   Trapped(board.platform.boxes, [&] {
     grid.SetText(sheet.editedRow, sheet.editedColumn, sheet.Text1.value());
@@ -45,6 +49,20 @@ int CommitCellEdit(Board& board) {
 }
 
 void DropCellEdit(Board& board) { board.sheet.Text1_visible.Set(false); }
+
+bool TellFigureBeingTyped(Board& board) {
+  const StatSheet& sheet = board.sheet;
+  if (!sheet.Text1_visible.value()) return false;
+  if (EditedGrid(board).Text(sheet.editedRow, sheet.editedColumn) == sheet.Text1.value()) {
+    DropCellEdit(board);
+    return false;
+  }
+  board.platform.boxes.Show(
+      "A figure is still being typed. Press Enter to enter it, or Esc to leave the cell as it was, "
+      "and then press the button again.",
+      BoxIcon::Information);
+  return true;
+}
 
 void ClearCell(Board& board, Side side, int row, int column) {
   Trapped(board.platform.boxes, [&] {

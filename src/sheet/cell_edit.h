@@ -16,6 +16,10 @@ int CommitCellEdit(Board& board);
 // The editor loses the focus in any other way: it closes and what was typed is dropped.
 void DropCellEdit(Board& board);
 
+// For the buttons that take figures from the sheet. True, and told, while the editor is open and
+// holds another text than its cell. An editor in which nothing was typed closes.
+[[nodiscard]] bool TellFigureBeingTyped(Board& board);
+
 // Delete: the cell becomes "", without a question.
 void ClearCell(Board& board, Side side, int row, int column);
 

@@ -5,6 +5,7 @@
 #include "game/history.h"
 #include "game/innings.h"
 #include "platform/paths.h"
+#include "sheet/cell_edit.h"
 #include "shell/program_error.h"
 #include "shell/report_files.h"
 #include "shell/time_stamp.h"
@@ -105,7 +106,7 @@ std::optional<std::filesystem::path> AskForFile(Board& board) {
   std::error_code fault;
   if (!file || std::filesystem::exists(*file, fault)) return file;
   const bool make = board.platform.boxes.Ask(
-      TextOf(*file) + "\n\nThis file does not exist. Do you want to create it?", "HTML REPORT");
+      {TextOf(*file) + "\n\nThis file does not exist. Do you want to create it?", "HTML REPORT"});
   return make ? file : std::nullopt;
 }
 
@@ -115,9 +116,11 @@ void WriteGameReport(Board& board) {
   const Gesture gesture(board, "HTML REPORT");
   Trapped(board.platform.boxes, [&] {
     StatSheet& sheet = board.sheet;
-    if (sheet.grd_VisStats.rows() < 2) return;
-    for (const Side side : {Side::Visitors, Side::Home}) {
-      CreditInnings(board, side, SideOf(board, side).pitcher.value());
+    if (sheet.grd_VisStats.rows() < 2 || TellFigureBeingTyped(board)) return;
+    TakeBackReportedInnings(board);
+    // The innings of a saved game are settled for good.
+    if (sheet.Command2_enabled.value()) {
+      for (const Side side : {Side::Visitors, Side::Home}) SettleForReport(board, side);
     }
     sheet.tb_TimeStamp.Set(ReadableStamp(board.platform.clock.Now()));
     const auto file = AskForFile(board);

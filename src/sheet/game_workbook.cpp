@@ -1,5 +1,6 @@
 #include "sheet/game_workbook.h"
 
+#include "sheet/cell_edit.h"
 #include "sheet/workbook_export.h"
 #include "shell/program_error.h"
 #include "shell/report_files.h"
@@ -55,6 +56,7 @@ SheetPlan GameSheet(const StatSheet& sheet) {
 bool ExportGameToSpreadsheet(Board& board) {
   bool exported = false;
   Trapped(board.platform.boxes, [&] {
+    if (TellFigureBeingTyped(board)) return;
     if (!board.platform.spreadsheets.Installed()) {
       throw ProgramError(error_number::kNoComponent, kNoSpreadsheetProgram);
     }

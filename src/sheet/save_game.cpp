@@ -1,17 +1,24 @@
 #include "sheet/save_game.h"
 
+#include <algorithm>
 #include <array>
 #include <memory>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "game/history.h"
 #include "game/innings.h"
+#include "game/memento.h"
 #include "platform/database.h"
+#include "sheet/cell_edit.h"
+#include "sheet/number_cells.h"
+#include "sheet/proof.h"
 #include "sheet/saved_tables.h"
 #include "shell/program_error.h"
 #include "shell/time_stamp.h"
+#include "teams/pitchers.h"
 
 namespace dtb {
 namespace {
@@ -26,18 +33,11 @@ constexpr std::array kOrderOfTeams{Side::Visitors, Side::Home};
 struct GameSave {
   Board& board;
   std::unique_ptr<DatabaseSave> rows;
-  std::size_t table = 0;      // place in SavedTables of the one being filled
-  bool tableStarted = false;  // it has rows of the game
+  std::size_t table = 0;  // place in SavedTables of the one being filled
 
   [[nodiscard]] const TableColumns& columns() const { return SavedTables().at(table); }
-  void Append(const std::vector<ColumnText>& row) {
-    rows->Append(columns().table, row);
-    tableStarted = true;
-  }
-  void FinishTable() {
-    ++table;
-    tableStarted = false;
-  }
+  void Append(const std::vector<ColumnText>& row) { rows->Append(columns().table, row); }
+  void FinishTable() { ++table; }
 };
 
 std::string TeamOf(Board& board, Side side) {
@@ -157,9 +157,10 @@ void EnterLastPitcher(Board& board, Side side) {
   fields.pitcherPhoto.Set({});
   fields.pitcherTag.Set(fields.pitcher.value());
   const std::string& name = fields.pitcher.value();
-  if (fields.grid.FindRow(stat_column::kPitcher, name)) return;
-  const auto free = fields.grid.FindRow(stat_column::kPitcher, "");
-  if (free) fields.grid.SetText(*free, stat_column::kPitcher, name);
+  const int row = RowOfPresentPitcher(board, side);
+  if (row > 0 && fields.grid.Text(row, stat_column::kPitcher) != name) {
+    EnterPitcher(fields.grid, row, name);
+  }
 }
 
 void CalcPitcherIPFinal(Board& board, Side side) {
@@ -174,49 +175,83 @@ void CalcPitcherIPFinal(Board& board, Side side) {
   }
 }
 
-// "Batting, Pitching" for the tables from first up to last; "none" where there is none.
-std::string TableNames(std::size_t first, std::size_t last) {
-  std::string names;
-  for (std::size_t i = first; i < last; ++i) {
-    names += (names.empty() ? "" : ", ") + SavedTables().at(i).table;
-  }
-  return names.empty() ? "none" : names;
+// Puts everything back as it stood before the save, the button first.
+void TellFailure(GameSave& save, const GameMemento& before, const std::string& why) {
+  save.rows.reset();
+  save.board.sheet.Command2_enabled.Set(true);
+  Restore(save.board, before);
+  save.board.platform.boxes.Show(
+      "The game was not saved, and nothing of it is stored. " + why + " You can try again.",
+      BoxIcon::Critical);
 }
 
-void TellRefusal(const GameSave& save, const std::string& refusal) {
-  const std::size_t untouched = save.tableStarted ? save.table + 1 : save.table;
-  std::string message = "The game could not be saved whole. " + refusal +
-                        "\n\nTables that have the game: " + TableNames(0, save.table) + ".";
-  if (save.tableStarted) {
-    message += "\nA table that has a part of it: " + save.columns().table + ".";
-  }
-  message +=
-      "\nTables that have nothing of it: " + TableNames(untouched, SavedTables().size()) + ".";
-  save.board.platform.boxes.Show(message, BoxIcon::Critical);
-}
-
-void Record(GameSave& save) {
-  MessageBoxes& boxes = save.board.platform.boxes;
+void Record(GameSave& save, const GameMemento& before) {
   try {
-    try {
-      RecordBattingData(save);
-      RecordPitchingData(save);
-      RecordBoxScore(save);
-      UpdateWinLoss(save);
-      RecordMatchup(save);
-    } catch (const RowRefused& refusal) {
-      save.rows->Commit();
-      return TellRefusal(save, refusal.what());
-    }
+    RecordBattingData(save);
+    RecordPitchingData(save);
+    RecordBoxScore(save);
+    UpdateWinLoss(save);
+    RecordMatchup(save);
     save.rows->Commit();
   } catch (const ProgramError& failure) {
-    save.rows.reset();
-    save.board.sheet.Command2_enabled.Set(true);
-    return boxes.Show("The game was not saved, and nothing of it is stored. " +
-                          std::string(failure.what()) + " You can try again.",
-                      BoxIcon::Critical);
+    return TellFailure(save, before, failure.what());
+  } catch (const std::bad_alloc&) {
+    return TellFailure(save, before, "The computer is out of memory.");
   }
-  boxes.Show("Data successfully recorded", BoxIcon::Information);
+  // What is in the database cannot be taken back on the board.
+  if (save.board.history != nullptr) save.board.history->Clear();
+  save.rows.reset();
+  save.board.platform.boxes.Show("Data successfully recorded", BoxIcon::Information);
+}
+
+// What does not agree is shown before it is stored. False: back to the sheet.
+bool AgreedWithProof(Board& board) {
+  const std::vector<Finding> findings = Prove(board, ProofMoment::Save);
+  if (findings.empty()) return true;
+  Choice choice{.text = "Some figures of this game do not agree:",
+                .title = "Proof of the box score"};
+  for (const Finding& finding : findings) choice.lines.push_back(finding.words);
+  const bool mends = std::ranges::any_of(findings, &Finding::canBePutRight);
+  if (mends) choice.answers.emplace_back("Put right and save");
+  choice.answers.emplace_back("Save as it stands");
+  choice.answers.emplace_back("Back to the sheet");
+  const std::string& answer = choice.answers.at(board.platform.boxes.Choose(choice));
+  if (answer == "Put right and save") PutRight(board, ProofMoment::Save, findings);
+  return answer != "Back to the sheet";
+}
+
+// The team whose list has no highlighted man, where one is needed on both sides.
+bool TellMissingHighlight(Board& board) {
+  std::string lists;
+  for (const Side side : kOrderOfTeams) {
+    if (!SideOf(board, side).list.SelectedEntry().empty()) continue;
+    lists += (lists.empty() ? "" : " and ") +
+             std::string(side == Side::Visitors ? "the visitors' list" : "the home team's list");
+  }
+  if (lists.empty()) return false;
+  board.platform.boxes.Show(
+      "The game was not saved. In " + lists +
+          " no man is highlighted. Load the team, click a man and save again.",
+      BoxIcon::Exclamation);
+  return true;
+}
+
+// Names the cells that the database would refuse.
+bool TellMisplacedText(Board& board) {
+  constexpr std::size_t kMostLines = 8;
+  const auto misplaced = TextWhereNumbersBelong(board, NumberRows::Saved);
+  if (misplaced.empty()) return false;
+  std::string lines;
+  for (std::size_t i = 0; i < misplaced.size() && i < kMostLines; ++i) {
+    lines += "\n" + PlaceOf(board, misplaced[i]) + ": \"" + misplaced[i].text + "\"";
+  }
+  if (misplaced.size() > kMostLines) {
+    lines += "\nand " + std::to_string(misplaced.size() - kMostLines) + " more";
+  }
+  board.platform.boxes.Show("The game was not saved. A number belongs where this stands:\n" +
+                                lines + "\n\nCorrect it on the sheet and save again.",
+                            BoxIcon::Exclamation);
+  return true;
 }
 
 std::unique_ptr<DatabaseSave> BeginSave(Platform& platform) {
@@ -236,23 +271,22 @@ void SaveGame(Board& board) {
   Trapped(board.platform.boxes, [&] {
     StatSheet& sheet = board.sheet;
     MessageBoxes& boxes = board.platform.boxes;
-    if (!sheet.Command2_enabled.value()) return;
+    if (!sheet.Command2_enabled.value() || TellFigureBeingTyped(board)) return;
     if (!HasGame(sheet)) {
       boxes.Show("Missing required game data. Unable to save.", BoxIcon::Critical);
       return;
     }
-    if (!boxes.Ask("WARNING: Record data only when a game is over. Is your game over?", "")) return;
-    if (board.state.List1.SelectedEntry().empty() || board.state.List2.SelectedEntry().empty()) {
-      return;
-    }
+    if (!boxes.Ask({"WARNING: Record data only when a game is over. Is your game over?"})) return;
+    if (TellMissingHighlight(board) || !AgreedWithProof(board)) return;
+    const GameMemento before = Remember(board);
+    TakeBackReportedInnings(board);
+    if (TellMisplacedText(board)) return Restore(board, before);
     GameSave save{board, BeginSave(board.platform)};
-    if (!save.rows) return;
+    if (!save.rows) return Restore(board, before);
     sheet.Command2_enabled.Set(false);
     for (const Side side : kOrderOfTeams) EnterLastPitcher(board, side);
     for (const Side side : kOrderOfPlayers) CalcPitcherIPFinal(board, side);
-    Record(save);
-    // What is in the database cannot be taken back on the board.
-    if (!sheet.Command2_enabled.value() && board.history != nullptr) board.history->Clear();
+    Record(save, before);
   });
 }
 

@@ -5,14 +5,14 @@
 
 namespace dtb {
 
-// The click on "SAVE TO DB". Asks whether the game is over, settles the innings of the last two
-// pitchers and appends the game to all five tables. A game is saved once at most: the button goes
-// out of use, but only after the database was found fit to be written. What keeps the game from
-// being saved is told, and then nothing has changed.
+// The click on "SAVE TO DB". While a figure is still being typed it only says so. Asks whether the
+// game is over, settles the innings of the last two pitchers and appends the game to all five
+// tables. A game is saved once at most: the button goes out of use, but only after the database was
+// found fit to be written. What keeps the game from being saved is told, and then nothing has
+// changed.
 //
-// A row that the database refuses ends the save: the rows before it stay, and the person is told
-// which tables have the game. If storing fails altogether, no row is kept and the button comes
-// back.
+// Text where numbers belong is named cell by cell before anything is stored. If storing fails, by
+// whatever cause, no row is kept, the sheet is as it was and the button comes back.
 void SaveGame(Board& board);
 
 }  // namespace dtb

@@ -42,6 +42,14 @@ inline constexpr int kStarters = 9;
 // A game comment has at most this many characters.
 inline constexpr int kCommentLength = 110;
 
+// The cell of innings pitched that a report settled for the time being; see game/innings.h.
+struct ReportedInnings {
+  int row = 0;          // of the side's table; 0: none
+  std::string written;  // what the report wrote there
+  std::string before;   // what stood there
+  friend bool operator==(const ReportedInnings&, const ReportedInnings&) = default;
+};
+
 struct StatSheet {
   StatGrid grd_VisStats{kStatRows, stat_column::kCount};
   StatGrid grd_HomeStats{kStatRows, stat_column::kCount};
@@ -67,6 +75,10 @@ struct StatSheet {
   Field<std::string> lbl_GridSelected{"0"};  // the editor's table: "V" or "H"
   int editedRow = 0;
   int editedColumn = 0;
+
+  // What the last report settled.
+  ReportedInnings VisReported;
+  ReportedInnings HomeReported;
 
   friend bool operator==(const StatSheet&, const StatSheet&) = default;
 };

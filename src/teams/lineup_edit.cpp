@@ -54,8 +54,33 @@ void SelectBatter(Board& board, Side side) {
   Trapped(board.platform.boxes, [&] {
     board.state.lbl_Selected.Set(PlayerNameOf(fields.list.SelectedEntry()));
     fields.rememberedRow.Set(DecimalText(fields.list.selected()));
+    fields.due.Set(fields.list.selected());
     PlaceBatterPhoto(board, board.state.lbl_Selected.value());
   });
+}
+
+std::optional<int> RowOfBatter(Board& board, Side side) {
+  const SideFields fields = SideOf(board, side);
+  const std::string& batter = board.state.lbl_Selected.value();
+  const int row = fields.due.value();
+  if (!fields.atBat.value() || batter.empty() || !fields.list.HasRow(row)) return std::nullopt;
+  const std::string& entry = fields.list.entries()[static_cast<std::size_t>(row)];
+  if (PlayerNameOf(entry) != batter) return std::nullopt;
+  return row;
+}
+
+std::optional<int> RowOfManDue(Board& board, Side side) {
+  const SideFields fields = SideOf(board, side);
+  const int row = fields.due.value();
+  const bool waits = fields.atBat.value() && fields.list.HasRow(row) && !RowOfBatter(board, side);
+  return waits ? std::optional(row) : std::nullopt;
+}
+
+bool IsOnSheet(Board& board, Side side, int row) {
+  const SideFields fields = SideOf(board, side);
+  if (!fields.list.HasRow(row)) return false;
+  const std::string& entry = fields.list.entries()[static_cast<std::size_t>(row)];
+  return fields.grid.FindRow(stat_column::kBatter, PlayerNameOf(entry)).has_value();
 }
 
 void SelectRow(Board& board, Side side, int row) {
@@ -97,7 +122,7 @@ void EndDrag(Board& board, Side side, MouseButton button, bool shiftAlone,
     ShowEntry(board, fields.list, *rowUnderPointer);
     return;
   }
-  if (!fields.edit.value()) return;
+  if (button != MouseButton::Left || !fields.edit.value()) return;
   const int from = board.state.DragSourceIndex;
   const std::string name = fields.list.HasRow(from)
                                ? PlayerNameOf(fields.list.entries()[static_cast<std::size_t>(from)])

@@ -14,6 +14,18 @@ enum class MouseButton { Left, Right, Other };
 // the first nine rows.
 void SelectBatter(Board& board, Side side);
 
+// The row of the man who is batting now, while the side is at bat and one of its first nine was
+// chosen since it came to bat.
+[[nodiscard]] std::optional<int> RowOfBatter(Board& board, Side side);
+
+// While the side is at bat and nobody is chosen: the row of the man who is due. That is the one
+// behind its last batter, the first row in its first half-inning, and the same man again whose turn
+// a runner's out has cut short.
+[[nodiscard]] std::optional<int> RowOfManDue(Board& board, Side side);
+
+// The man of this row has a line in the side's table, so that what he does is counted.
+[[nodiscard]] bool IsOnSheet(Board& board, Side side, int row);
+
 // A click on a row, or the arrow keys: it becomes the selected one. Rows gone through one after the
 // other are one step of the history, and so is the drag that a click begins. Without such a row
 // nothing happens.
@@ -32,8 +44,8 @@ void ReplaceEntry(Board& board, Side side);
 void BeginDrag(Board& board, Side side);
 
 // Mouse release on a list, with the row under the pointer if there is one. The right button shows
-// that row's whole entry in a box. In edit mode, the entry of the drag moves to the selected row,
-// or behind it while Shift alone is held.
+// that row's whole entry in a box. In edit mode and with the left button, the entry of the drag
+// moves to the selected row, or behind it while Shift alone is held.
 void EndDrag(Board& board, Side side, MouseButton button, bool shiftAlone,
              std::optional<int> rowUnderPointer);
 

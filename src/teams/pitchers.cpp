@@ -9,17 +9,22 @@
 namespace dtb {
 namespace {
 
-void EnterPitcher(StatGrid& grid, const std::string& name) {
+void GiveRow(StatGrid& grid, const std::string& name) {
   for (int row = 1; row < grid.rows(); ++row) {
     const auto text = grid.Text(row, stat_column::kPitcher);
     if (text == name) return;
     if (!text.empty()) continue;
-    grid.SetText(row, stat_column::kPitcher, name);
+    EnterPitcher(grid, row, name);
     return;
   }
 }
 
 }  // namespace
+
+void EnterPitcher(StatGrid& grid, int row, const std::string& name) {
+  grid.SetText(row, stat_column::kPitcher, name);
+  grid.SetText(row, stat_column::kInningsPitched, "");
+}
 
 void ChangePitcher(Board& board, Side side) {
   const SideFields fields = SideOf(board, side);
@@ -29,7 +34,8 @@ void ChangePitcher(Board& board, Side side) {
     fields.pitcherPhoto.Set({});
     fields.pitcherTag.Set(fields.pitcher.value());
     fields.pitcher.Set(PlayerNameOf(fields.list.SelectedEntry()));
-    EnterPitcher(fields.grid, fields.pitcher.value());
+    GiveRow(fields.grid, fields.pitcher.value());
+    TakeBackReportedInnings(board);
     CalcPitcherIP(board);
     if (!fields.rememberedRow.value().empty()) {
       fields.list.Select(static_cast<int>(NumberOf(fields.rememberedRow.value())));

@@ -11,6 +11,9 @@ namespace dtb {
 // 49 rows are taken he pitches without a row.
 void ChangePitcher(Board& board, Side side);
 
+// Writes a pitcher's name into a free row. Innings that were waiting there are nobody's, and go.
+void EnterPitcher(StatGrid& grid, int row, const std::string& name);
+
 // Keeps the photos of both pitchers in step with their files. Runs ten times a second.
 void RefreshPitcherPhotos(Board& board);
 

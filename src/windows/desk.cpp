@@ -90,6 +90,9 @@ Desk::Desk(const Setup& setup)
   }
   form1_ = std::make_unique<Form1>(board_, aids_, pictures_);
   boxes_.SetMainWindow(form1_.get());
+  if (recovery_ && recovery_->mine()) {
+    form1_->AddTakeUp([this] { TakeUpSetAside(board_, aids_, *recovery_); });
+  }
 }
 
 Desk::~Desk() {

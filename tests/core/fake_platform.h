@@ -17,6 +17,7 @@
 #include "game/start_up.h"
 #include "platform/paths.h"
 #include "platform/quiet_desktop.h"
+#include "sheet/proof.h"
 #include "shell/program_error.h"
 #include "teams/game_pieces.h"
 #include "teams/lineup_edit.h"
@@ -34,7 +35,7 @@ struct FakePlatform final : QuietDesktop {
   void Show(const std::string& message, BoxIcon icon, const std::string& title) override {
     Tell(" iw!x"[static_cast<int>(icon)] + (": " + title + (title.empty() ? "" : ": ")) + message);
   }
-  bool Ask(const std::string&, const std::string& title) override { return Tell(title), false; }
+  bool Ask(const Question& question) override { return Tell(question.title), false; }
   std::optional<std::filesystem::path> OpenFile(const OpenFileRequest&) override { return chosen; }
   std::optional<Picture> Load(const std::filesystem::path& file) override {
     return photos.contains(TextOf(file)) ? std::optional(Picture{TextOf(file), 1}) : std::nullopt;
@@ -149,6 +150,11 @@ struct Game {
     if (verb == "free") FreePiece(board, row);
     if (verb == "plate") ClearPlate(board, row);
     if (verb == "reset") ResetGamePieces(board);
+    if (verb == "right") PutRight(board, ProofMoment::Save, Prove(board, ProofMoment::Save));
+    if (verb == "cell") {  // "cell:v3,17=6.1"
+      const int column = std::atoi(rest.substr(rest.find(',') + 1).c_str());
+      fields.grid.SetText(row, column, word.substr(word.find('=') + 1));
+    }
     if (verb == "photo") fake.photos.insert("/" + argument + ".jpg");
     if (verb == "ctrl") fake.control = {argument != "up", argument != "held"};
     if (verb == "unload") fields.list.Clear();
@@ -186,6 +192,17 @@ struct Game {
       text << state.tb_OUT.value() << " " << state.tb_OutsCount.value() << " "
            << (state.Option5.value() ? "V " : "") << (state.Option6.value() ? "H " : "")
            << state.lbl_Selected.value();
+    } else if (facet == "due") {  // row of the batter, or of the man who is due: "v1 " or "due h0 "
+      for (const Side side : {Side::Visitors, Side::Home}) {
+        const char* letter = side == Side::Visitors ? "v" : "h";
+        if (const auto row = RowOfBatter(board, side)) text << letter << *row << " ";
+        if (const auto row = RowOfManDue(board, side)) text << "due " << letter << *row << " ";
+      }
+    } else if (facet == "proof") {  // what does not agree, at a save
+      for (const Finding& finding : Prove(board, ProofMoment::Save)) {
+        text << (text.str().empty() ? "" : " ") << finding.words
+             << (finding.canBePutRight ? " -> " + finding.ought : "") << ";";
+      }
     } else if (facet == "order") {  // both line-ups, each with its selected row
       for (const LineupList* list : {&state.List1, &state.List2}) {
         for (const std::string& entry : list->entries()) text << entry.front();

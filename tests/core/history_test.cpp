@@ -145,6 +145,7 @@ struct FakeStore : RecoveryStore {
     kept.reset();
     return "aside";
   }
+  std::filesystem::path File() override { return "DTB_v102.game"; }
   std::optional<std::string> kept;
 };
 

@@ -33,8 +33,8 @@ struct TestDesk final : QuietDesktop {
   void Show(const std::string& message, BoxIcon /*icon*/, const std::string& /*title*/) override {
     told.push_back(message);
   }
-  bool Ask(const std::string& question, const std::string& /*title*/) override {
-    told.push_back(question);
+  bool Ask(const Question& question) override {
+    told.push_back(question.text);
     return yes;
   }
   KeyState Query(Key /*key*/) override { return {control, false}; }

@@ -71,7 +71,7 @@ TEST_F(MessageBoxTest, EachWayClosesAndAnswers) {
         QTest::keyClick(form1().windowHandle(), Qt::Key_Escape);
       });
     });
-    EXPECT_EQ(board().platform.boxes.Ask("Sure?", "Question"), way.answersYes);
+    EXPECT_EQ(board().platform.boxes.Ask({"Sure?", "Question"}), way.answersYes);
     QCoreApplication::processEvents();
     EXPECT_EQ(stayed, !way.closesQuestion);
     EXPECT_EQ(MessageBox::Open(), nullptr);

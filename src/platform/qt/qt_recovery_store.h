@@ -7,7 +7,9 @@
 #include <atomic>
 #include <mutex>
 
+#include "platform/paths.h"
 #include "platform/platform.h"
+#include "platform/qt/qt_text.h"
 
 namespace dtb {
 
@@ -32,6 +34,7 @@ class QtRecoveryStore : public RecoveryStore {
   std::optional<std::string> Load() override;
   void Keep(std::string bytes, bool gestureGoesOn) override;
   std::string SetAside() override;
+  std::filesystem::path File() override { return PathOf(FromQt(file_)); }
 
   // Returns when what was given last is safe.
   void Wait() { writer_.waitForDone(); }

@@ -9,6 +9,7 @@
 
 #include "aids/charts.h"
 #include "aids/dice.h"
+#include "aids/recovery.h"
 #include "game/constant_update.h"
 #include "game/start_up.h"
 #include "platform/paths.h"
@@ -70,13 +71,20 @@ void Form1::BuildMenu() {
   };
   menuBar()->setNativeMenuBar(false);
   edit_ = new EditActions(board_, this);
-  QMenu* edit = menuBar()->addMenu(QStringLiteral("Edit"));
-  edit->setObjectName(QStringLiteral("mnuEdit"));
-  edit->addActions({edit_->undo(), edit_->redo()});
+  editMenu_ = menuBar()->addMenu(QStringLiteral("Edit"));
+  editMenu_->setObjectName(QStringLiteral("mnuEdit"));
+  editMenu_->addActions({edit_->undo(), edit_->redo()});
   add("mnuStatistics", "Database", [this] { Form4::Run(board_.platform, this); });
   add("mnuEventLog", "EventLog", [this] { ShowLog(); });
   add("mnu_Options", "Options", [this] { ToggleOptions(board_); });
   add("About", "About", [this] { AboutBox::Run(board_.platform, this); });
+}
+
+void Form1::AddTakeUp(const std::function<void()>& operation) {
+  editMenu_->addSeparator();
+  QAction* takeUp = editMenu_->addAction(QLatin1String(kTakeUpSetAside));
+  takeUp->setObjectName(QStringLiteral("mnuTakeUp"));
+  connect(takeUp, &QAction::triggered, this, operation);
 }
 
 void Form1::BuildScene() {

@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <QTimer>
+#include <functional>
 
 #include "aids/aids_state.h"
 #include "game/board.h"
@@ -23,6 +24,9 @@ class Form1 : public QMainWindow {
   Q_OBJECT
  public:
   Form1(Board& board, Aids& aids, QtPictures& pictures);
+
+  // Adds the entry "Take up a game set aside..." to the menu "Edit".
+  void AddTakeUp(const std::function<void()>& operation);
 
   [[nodiscard]] QTimer& constantTimer() { return tmr_Constant_; }
 
@@ -55,6 +59,7 @@ class Form1 : public QMainWindow {
   SidePanel* home_ = nullptr;
   Scoreboard* scoreboard_ = nullptr;
   EditActions* edit_ = nullptr;
+  QMenu* editMenu_ = nullptr;
   PlayKeys* keys_ = nullptr;
   Form2* form2_ = nullptr;
   LogWindow* log_ = nullptr;

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
@@ -22,6 +23,10 @@ QString ShownEntry(const std::string& entry) {
   return ToQt(std::string_view(entry).substr(0, kShownBytes));
 }
 
+// What else the model tells of a row.
+constexpr int kBatterRole = Qt::UserRole;    // he bats now
+constexpr int kNoteRole = Qt::UserRole + 1;  // a word about him
+
 constexpr int kRows = 12;  // fill the list without a scroll bar
 
 // Draws place in the order, entry, and the line under the ninth man.
@@ -35,20 +40,22 @@ class EntryDelegate : public QStyledItemDelegate {
     painter->setRenderHint(QPainter::Antialiasing);
     const bool selected = option.state.testFlag(QStyle::State_Selected);
     const QRect row = option.rect;
-    // The side's place in the order: bright where the batter stands, quiet in the field.
-    const bool atBat = option.palette.color(QPalette::Base) == Qt::white;
-    if (selected) painter->fillRect(row, atBat ? kAccent : QColor(222, 200, 132));
+    const QString note = index.data(kNoteRole).toString();
+    // Bright is the batter and nobody else; where the side's highlight stands is quiet.
+    const bool batter = index.data(kBatterRole).toBool();
+    if (batter || selected) painter->fillRect(row, batter ? kAccent : QColor(222, 200, 132));
     const bool inOrder = index.row() < kStarters;
     const int gutter = option.fontMetrics.horizontalAdvance(QStringLiteral("00")) + 4;
     painter->setFont(Font(option.font.pixelSize() * 0.72));
-    painter->setPen(selected ? kInk : QColor(84, 92, 86));
+    painter->setPen(batter || selected ? kInk : QColor(84, 92, 86));
     if (inOrder) {
       painter->drawText(QRect(row.left(), row.top(), gutter, row.height()), Qt::AlignCenter,
                         QString::number(index.row() + 1));
     }
+    const int noteWidth = note.isEmpty() ? 0 : DrawNote(*painter, row, note);
     painter->setFont(option.font);
     painter->setPen(inOrder || selected ? kInk : QColor(64, 70, 66));
-    const QRect place = row.adjusted(gutter + 2, 0, -4, 0);
+    const QRect place = row.adjusted(gutter + 2, 0, -4 - noteWidth, 0);
     painter->drawText(
         place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
         option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, place.width()));
@@ -57,6 +64,18 @@ class EntryDelegate : public QStyledItemDelegate {
       painter->drawLine(row.bottomLeft(), row.bottomRight());
     }
     painter->restore();
+  }
+
+  // A chip at the right end of the row, in the present small type. Returns its width with its gap.
+  static int DrawNote(QPainter& painter, const QRect& row, const QString& note) {
+    const QFontMetrics metrics(painter.font());
+    const int width = metrics.horizontalAdvance(note) + metrics.height();
+    const int height = metrics.height() + 2;
+    const QRect chip(row.right() - width - 3, row.center().y() - height / 2, width, height);
+    DrawPlate(painter, chip, kSlate, Qt::transparent, 0, height / 2.0);
+    painter.setPen(kCream);
+    painter.drawText(chip, Qt::AlignCenter, note);
+    return width + 6;
   }
 
   // As wide as the list, however long the entry.
@@ -74,8 +93,8 @@ MouseButton ButtonOf(Qt::MouseButton button) {
 
 }  // namespace
 
-LineupModel::LineupModel(LineupList& list, QObject* parent)
-    : QAbstractListModel(parent), list_(list) {}
+LineupModel::LineupModel(Board& board, Side side, QObject* parent)
+    : QAbstractListModel(parent), board_(board), side_(side), list_(SideOf(board, side).list) {}
 
 int LineupModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : shownRows_;
@@ -83,9 +102,27 @@ int LineupModel::rowCount(const QModelIndex& parent) const {
 
 QVariant LineupModel::data(const QModelIndex& index, int role) const {
   if (!list_.HasRow(index.row())) return {};
-  const bool text = role == Qt::DisplayRole || role == Qt::AccessibleTextRole;
-  if (!text) return {};
-  return ShownEntry(list_.entries()[static_cast<std::size_t>(index.row())]);
+  const QString entry = ShownEntry(list_.entries()[static_cast<std::size_t>(index.row())]);
+  switch (role) {
+    case Qt::DisplayRole:
+      return entry;
+    case Qt::AccessibleTextRole:
+      return index.row() == RowOfBatter(board_, side_)
+                 ? entry + QStringLiteral(", at bat")
+                 : (entry + QLatin1Char(' ') + NoteOf(index.row())).trimmed();
+    case kBatterRole:
+      return index.row() == RowOfBatter(board_, side_);
+    case kNoteRole:
+      return NoteOf(index.row());
+    default:
+      return {};
+  }
+}
+
+QString LineupModel::NoteOf(int row) const {
+  if (row == RowOfManDue(board_, side_)) return QStringLiteral("due");
+  if (row < kStarters && !IsOnSheet(board_, side_, row)) return QStringLiteral("not on the sheet");
+  return {};
 }
 
 void LineupModel::Refresh() {
@@ -104,10 +141,7 @@ void LineupModel::Refresh() {
 }
 
 LineupView::LineupView(Board& board, Side side, QWidget* parent)
-    : QListView(parent),
-      board_(board),
-      side_(side),
-      model_(new LineupModel(SideOf(board, side).list, this)) {
+    : QListView(parent), board_(board), side_(side), model_(new LineupModel(board, side, this)) {
   setModel(model_);
   setItemDelegate(new EntryDelegate(this));
   setEditTriggers(NoEditTriggers);
@@ -128,6 +162,15 @@ LineupView::LineupView(Board& board, Side side, QWidget* parent)
         setPalette(palette);
       },
       board.state.Option5, board.state.Option6);
+  FollowAll(
+      this, [this] { viewport()->update(); }, board.state.lbl_Selected, board.state.VisDue,
+      board.state.HomeDue);
+  if (board.history != nullptr) {
+    // The sheet may have got a line for somebody.
+    board.history->Observe([self = QPointer(this)] {
+      if (self) self->viewport()->update();
+    });
+  }
   ShowState();
 }
 
@@ -153,10 +196,14 @@ std::optional<int> LineupView::RowAt(const QPoint& place) const {
 
 void LineupView::mousePressEvent(QMouseEvent* event) {
   setFocus(Qt::MouseFocusReason);
-  pressed_ = true;
   SealGesture(board_);
-  if (event->button() != Qt::LeftButton) return;
-  if (const auto row = RowAt(event->pos())) SelectRow(board_, side_, *row);
+  const auto row = RowAt(event->pos());
+  // A drag begins on a row, and with the left button; the right one looks at the row it is let go
+  // on.
+  const bool left = event->button() == Qt::LeftButton;
+  pressed_ = event->button() == Qt::RightButton || (left && row) ? event->button() : Qt::NoButton;
+  if (!left || !row) return;
+  SelectRow(board_, side_, *row);
   BeginDrag(board_, side_);
 }
 
@@ -166,14 +213,14 @@ void LineupView::mouseMoveEvent(QMouseEvent* event) {
   if (!row || !list.HasRow(*row)) return;
   setToolTip(QStringLiteral("<qt>%1</qt>")
                  .arg(ShownEntry(list.entries()[static_cast<std::size_t>(*row)]).toHtmlEscaped()));
-  const bool dragging =
-      pressed_ && event->buttons().testFlag(Qt::LeftButton) && SideOf(board_, side_).edit.value();
+  const bool dragging = pressed_ == Qt::LeftButton && event->buttons().testFlag(Qt::LeftButton) &&
+                        SideOf(board_, side_).edit.value();
   if (dragging && *row != list.selected()) SelectRow(board_, side_, *row);
 }
 
 void LineupView::mouseReleaseEvent(QMouseEvent* event) {
-  if (!pressed_) return;
-  pressed_ = false;
+  if (pressed_ == Qt::NoButton || event->button() != pressed_) return;
+  pressed_ = Qt::NoButton;
   EndDrag(board_, side_, ButtonOf(event->button()), event->modifiers() == Qt::ShiftModifier,
           RowAt(event->pos()));
 }

@@ -12,7 +12,7 @@ namespace dtb {
 class LineupModel : public QAbstractListModel {
   Q_OBJECT
  public:
-  LineupModel(LineupList& list, QObject* parent);
+  LineupModel(Board& board, Side side, QObject* parent);
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
 
@@ -20,6 +20,11 @@ class LineupModel : public QAbstractListModel {
   void Refresh();
 
  private:
+  // What stands at the right of a row: who is due, and who has no line on the sheet.
+  [[nodiscard]] QString NoteOf(int row) const;
+
+  Board& board_;
+  Side side_;
   LineupList& list_;
   int shownRows_ = 0;
 };
@@ -44,12 +49,11 @@ class LineupView : public QListView {
  private:
   void ShowState();
   [[nodiscard]] std::optional<int> RowAt(const QPoint& place) const;
-  void Release(MouseButton button, bool shiftAlone, std::optional<int> row);
 
   Board& board_;
   Side side_;
   LineupModel* model_;
-  bool pressed_ = false;  // the press that a release belongs to was seen here
+  Qt::MouseButton pressed_ = Qt::NoButton;  // whose release means something here
 };
 
 }  // namespace dtb

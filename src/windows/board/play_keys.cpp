@@ -1,5 +1,6 @@
 #include "windows/board/play_keys.h"
 
+#include <QApplication>
 #include <QGridLayout>
 #include <QVBoxLayout>
 #include <array>
@@ -143,8 +144,9 @@ bool PlayKeys::Press(const QKeyEvent& event) {
   return PressOutcome(key);
 }
 
-bool PlayKeys::eventFilter(QObject* /*watched*/, QEvent* event) {
-  if (event->type() != QEvent::KeyPress) return false;
+bool PlayKeys::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonPress) AskForRunner(false);
+  if (event->type() != QEvent::KeyPress || !arrowless_.contains(watched)) return false;
   const auto* press = static_cast<QKeyEvent*>(event);
   const bool arrow = press->key() == Qt::Key_Up || press->key() == Qt::Key_Down;
   return arrow && Press(*press);
@@ -165,8 +167,15 @@ void PlayKeys::ShowPlate(bool shown) {
   plate_->raise();
 }
 
+// While the question is open every press of the mouse, wherever, is its end.
 void PlayKeys::AskForRunner(bool asks) {
+  if (asks == runnerAsked_) return;
   runnerAsked_ = asks;
+  if (asks) {
+    qApp->installEventFilter(this);
+  } else {
+    qApp->removeEventFilter(this);
+  }
   runnerHint_->setVisible(asks);
   runnerHint_->raise();
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QKeyEvent>
+#include <QSet>
 
 #include "windows/shared/controls.h"
 #include "windows/shared/scene.h"
@@ -29,7 +30,10 @@ class PlayKeys : public QObject {
   bool Press(const QKeyEvent& event);
 
   // A button would take Up and Down for steps to its neighbours; with these they go to the line-up.
-  void TakeArrowsFrom(QAbstractButton* button) { button->installEventFilter(this); }
+  void TakeArrowsFrom(QAbstractButton* button) {
+    arrowless_.insert(button);
+    button->installEventFilter(this);
+  }
 
  signals:
   void listWanted(int key);  // an arrow: the line-up of the side at bat takes it
@@ -47,6 +51,7 @@ class PlayKeys : public QObject {
   QWidget* window_;
   KeyPlate* plate_ = nullptr;  // none before somebody wants it: it has many labels
   Panel* runnerHint_;
+  QSet<const QObject*> arrowless_;
   bool runnerAsked_ = false;  // S was pressed: the number of a game piece comes next
 };
 

@@ -140,9 +140,12 @@ void Scoreboard::AddScoreCell(QWidget* frame, Side side, int cell, const Place& 
           [this, side, cell] { FocusScoreCell(board_, side, cell); });
   connect(field, &FigureField::marked, this,
           [this, side, cell] { ToggleFinished(board_, side, cell); });
-  connect(field, &QLineEdit::cursorPositionChanged, this, [this, field](int /*old*/, int now) {
-    // A selected text counts as not yet entered: the score pad replaces it, as typing does.
-    if (field->hasFocus()) board_.state.CaretAtStart = now == 0 || field->hasSelectedText();
+  connect(field, &FigureField::caretMoved, this,
+          [this](bool toStart) { MoveCaret(board_, toStart); });
+  // What others write into the cell leaves it as it was for the person: still to be replaced, or
+  // not.
+  connect(field, &QLineEdit::textChanged, field, [this, field] {
+    if (field->hasFocus() && !field->isModified() && CaretAtStart(board_.state)) field->selectAll();
   });
 }
 

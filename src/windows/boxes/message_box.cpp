@@ -23,6 +23,7 @@ using namespace look;
 
 constexpr double kConfirmationWidth = 340;  // layout units, as all sizes here
 constexpr double kStandardWidth = 520;
+constexpr double kChoiceWidth = 760;
 constexpr double kMessageType = kLarge;  // 14 points on the reference screen
 constexpr double kCloseSize = 28;
 // A list entry may be of any length; more than this is no help to anybody.
@@ -108,6 +109,15 @@ QString Shortened(const QString& message) {
 MessageBox* MessageBox::Open() { return openBox; }
 
 bool MessageBox::Run(QWidget* window, const Content& content) {
+  return Wait(window, content)->answer_;
+}
+
+int MessageBox::RunChoice(QWidget* window, const Content& content) {
+  return Wait(window, content)->chosen_;
+}
+
+// The box goes with the next turn of the event loop.
+MessageBox* MessageBox::Wait(QWidget* window, const Content& content) {
   QPointer<QWidget> focus = QApplication::focusWidget();
   MessageBox* const outer = openBox;
   auto* box = new MessageBox(window != nullptr && window->isVisible() ? window : nullptr, content);
@@ -121,15 +131,18 @@ bool MessageBox::Run(QWidget* window, const Content& content) {
   box->loop_.exec();
   qApp->removeEventFilter(box);
   openBox = outer;
-  const bool answer = box->answer_;
   box->hide();
   box->deleteLater();
   if (focus) focus->setFocus(Qt::OtherFocusReason);
-  return answer;
+  return box;
 }
 
 MessageBox::MessageBox(QWidget* window, const Content& content)
-    : QWidget(window), content_(content), window_(window), answer_(!content.question) {
+    : QWidget(window),
+      content_(content),
+      window_(window),
+      answer_(!content.question),
+      chosen_(static_cast<int>(content.answers.size()) - 1) {
   setObjectName(Confirmation() ? QStringLiteral("CustMsgBox") : QStringLiteral("MsgBox"));
   setAccessibleName(content_.title.isEmpty()
                         ? Shortened(content_.message)
@@ -142,7 +155,8 @@ MessageBox::MessageBox(QWidget* window, const Content& content)
 void MessageBox::Build(double scale) {
   const auto units = [scale](double length) { return qRound(length * scale); };
   setFont(Font(kMessageType * scale));
-  setFixedWidth(units(Confirmation() ? kConfirmationWidth : kStandardWidth));
+  const double usual = Confirmation() ? kConfirmationWidth : kStandardWidth;
+  setFixedWidth(units(content_.answers.isEmpty() ? usual : kChoiceWidth));
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(units(20), units(8), units(8), units(20));
   column->setSpacing(units(4));
@@ -208,9 +222,19 @@ void MessageBox::BuildButtons(double scale, QWidget* below) {
     row->addWidget(button);
     return button;
   };
-  if (content_.question) {
-    add(QStringLiteral("Yes"), true);
-    setFocusProxy(add(QStringLiteral("No"), false));
+  if (!content_.answers.isEmpty()) {
+    for (int i = 0; i < content_.answers.size(); ++i) {
+      auto* button = add(content_.answers[i], i == 0);
+      button->disconnect(this);
+      connect(button, &QPushButton::clicked, this, [this, i] { Choose(i); });
+      const int caption = button->fontMetrics().horizontalAdvance(button->text());
+      button->setFixedWidth(caption + qRound(40 * scale));
+      if (i == 0) setFocusProxy(button);
+    }
+  } else if (content_.question) {
+    auto* yes = add(QStringLiteral("Yes"), true);
+    auto* no = add(QStringLiteral("No"), false);
+    setFocusProxy(content_.yesIsUsual ? yes : no);
   } else {
     setFocusProxy(add(QStringLiteral("OK"), true));
   }
@@ -230,6 +254,11 @@ void MessageBox::PlaceOverWindow() {
 void MessageBox::Finish(bool answer) {
   answer_ = answer;
   loop_.quit();
+}
+
+void MessageBox::Choose(int answer) {
+  chosen_ = answer;
+  Finish(answer == 0);
 }
 
 void MessageBox::closeEvent(QCloseEvent* event) {
@@ -253,6 +282,14 @@ bool MessageBox::Holds(const QObject* watched, const QEvent* event) const {
   return widget != nullptr && (widget == this || isAncestorOf(widget));
 }
 
+void MessageBox::StepThroughAnswers(int by) {
+  QList<QPushButton*> buttons = findChildren<QPushButton*>();
+  buttons.removeIf([](const auto* button) { return button->focusPolicy() == Qt::NoFocus; });
+  const auto count = buttons.size();
+  const auto now = buttons.indexOf(qobject_cast<QPushButton*>(QApplication::focusWidget()));
+  buttons[(now + by + count) % count]->setFocus(Qt::TabFocusReason);
+}
+
 bool MessageBox::FilterKey(QEvent* event) {
   const auto* key = static_cast<QKeyEvent*>(event);
   if (event->type() == QEvent::ShortcutOverride) {
@@ -269,20 +306,29 @@ bool MessageBox::FilterKey(QEvent* event) {
     case Qt::Key_Enter:
     case Qt::Key_Space: {
       auto* button = qobject_cast<QPushButton*>(QApplication::focusWidget());
+      if (!content_.answers.isEmpty()) {
+        if (button != nullptr) button->click();
+        break;
+      }
       Finish(!content_.question ||
              (button != nullptr && button->objectName() == QStringLiteral("cmd_YES")));
       break;
     }
     case Qt::Key_Y:
-      if (content_.question) Finish(true);
+      if (content_.question && content_.answers.isEmpty()) Finish(true);
       break;
     case Qt::Key_N:
-      if (content_.question) Finish(false);
+      if (content_.question && content_.answers.isEmpty()) Finish(false);
       break;
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
     case Qt::Key_Left:
     case Qt::Key_Right:
+      if (!content_.answers.isEmpty()) {
+        const bool back = key->key() == Qt::Key_Backtab || key->key() == Qt::Key_Left;
+        StepThroughAnswers(back ? -1 : 1);
+        break;
+      }
       for (auto* button : findChildren<QPushButton*>()) {
         if (!content_.question || button->focusPolicy() == Qt::NoFocus || button->hasFocus()) {
           continue;
@@ -346,9 +392,22 @@ void WindowBoxes::Show(const std::string& message, BoxIcon icon, const std::stri
   MessageBox::Run(Front(), {ToQt(message), TitleOr(title), icon, BoxAlignment::Left, false});
 }
 
-bool WindowBoxes::Ask(const std::string& question, const std::string& title) {
-  return MessageBox::Run(
-      Front(), {ToQt(question), TitleOr(title), BoxIcon::Exclamation, BoxAlignment::Left, true});
+bool WindowBoxes::Ask(const Question& question) {
+  return MessageBox::Run(Front(),
+                         {ToQt(question.text), TitleOr(question.title), BoxIcon::Exclamation,
+                          BoxAlignment::Left, true, question.yesIsUsual});
+}
+
+std::size_t WindowBoxes::Choose(const Choice& choice) {
+  QString text = ToQt(choice.text) + QLatin1Char('\n');
+  for (const std::string& line : choice.lines) {
+    text += QStringLiteral("\n\u2013 ") + ToQt(line);
+  }
+  QStringList answers;
+  for (const std::string& answer : choice.answers) answers += ToQt(answer);
+  return static_cast<std::size_t>(
+      MessageBox::RunChoice(Front(), {text, TitleOr(choice.title), BoxIcon::Exclamation,
+                                      BoxAlignment::Left, true, false, answers}));
 }
 
 QWidget* WindowBoxes::Front() const {

@@ -21,17 +21,22 @@ class MessageBox : public QWidget {
     BoxIcon icon = BoxIcon::None;
     BoxAlignment alignment = BoxAlignment::Centred;
     bool question = false;
+    bool yesIsUsual = false;   // the button Yes has the focus at first
+    QStringList answers = {};  // of a question that is no Yes or No; the last one closes the box
   };
 
   // Shows the box over the window and waits. True for Yes, and for every way to close a box that
   // asks nothing. Without a visible window the box is a window of its own.
   static bool Run(QWidget* window, const Content& content);
+  // The same for a question with answers of its own: the place of the one that was chosen.
+  static int RunChoice(QWidget* window, const Content& content);
 
   // The box that is open, if one is.
   [[nodiscard]] static MessageBox* Open();
 
   [[nodiscard]] QString message() const { return content_.message; }
   [[nodiscard]] bool question() const { return content_.question; }
+  [[nodiscard]] const QStringList& answers() const { return content_.answers; }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -43,6 +48,9 @@ class MessageBox : public QWidget {
 
   void Build(double scale);
   void BuildButtons(double scale, QWidget* below);
+  static MessageBox* Wait(QWidget* window, const Content& content);
+  void Choose(int answer);
+  void StepThroughAnswers(int by);
   void PlaceOverWindow();
   void Finish(bool answer);
   [[nodiscard]] bool Confirmation() const { return content_.title.isEmpty(); }
@@ -53,6 +61,7 @@ class MessageBox : public QWidget {
   QPointer<QWidget> window_;
   QEventLoop loop_;
   bool answer_ = false;
+  int chosen_ = 0;  // of the answers of its own
 };
 
 // While it lives, boxes that ask nothing also close with this key: the one that brought them about.
@@ -72,7 +81,8 @@ class WindowBoxes : public MessageBoxes {
  public:
   void ShowRecorded(const std::string& message, BoxAlignment alignment) override;
   void Show(const std::string& message, BoxIcon icon, const std::string& title) override;
-  bool Ask(const std::string& question, const std::string& title) override;
+  bool Ask(const Question& question) override;
+  std::size_t Choose(const Choice& choice) override;
 
   // The main window, over which boxes come when no other window is in front.
   void SetMainWindow(QWidget* window) { mainWindow_ = window; }

@@ -231,7 +231,20 @@ void FigureField::mousePressEvent(QMouseEvent* event) {
     return;
   }
   QLineEdit::mousePressEvent(event);
+  TellCaret();
 }
+
+void FigureField::mouseReleaseEvent(QMouseEvent* event) {
+  QLineEdit::mouseReleaseEvent(event);
+  TellCaret();
+}
+
+void FigureField::inputMethodEvent(QInputMethodEvent* event) {
+  QLineEdit::inputMethodEvent(event);
+  TellCaret();
+}
+
+void FigureField::TellCaret() { emit caretMoved(cursorPosition() == 0 || hasSelectedText()); }
 
 void FigureField::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) emit marked();
@@ -249,6 +262,7 @@ void FigureField::keyPressEvent(QKeyEvent* event) {
     return;
   }
   QLineEdit::keyPressEvent(event);
+  TellCaret();
 }
 
 QLabel* MakeCaption(const QString& text, QWidget* parent, Qt::Alignment alignment) {

@@ -104,19 +104,25 @@ class FigureField : public QLineEdit {
 
  signals:
   void focused();
+  // The person moved the caret or typed. A selected text counts as one that is still to be
+  // replaced.
+  void caretMoved(bool toStart);
   void marked();  // double click or Ctrl + Enter
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
   void FitText();
+  void TellCaret();
 
   bool firstPress_ = false;
   bool textFits_ = false;

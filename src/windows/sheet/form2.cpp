@@ -3,9 +3,11 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 
 #include "game/constant_update.h"
+#include "game/history.h"
 #include "platform/qt/qt_text.h"
 #include "sheet/cell_edit.h"
 #include "sheet/game_report.h"
@@ -40,7 +42,15 @@ Form2::Form2(Board& board, QtPictures& pictures, QWidget* parent)
   BuildSide(Side::Home);
   BuildBottom();
   BuildEditor();
+  FollowSteps();
   FitAtLaunch(this, scene_.resizer(), 0);
+}
+
+// A step back or forward restores the line score as it stood; its copy here follows.
+void Form2::FollowSteps() {
+  board_.history->Observe([self = QPointer(this)] {
+    if (self && self->isVisible() && self->board_.history->stepped()) ConstantUpdate(self->board_);
+  });
 }
 
 void Form2::BuildTop(QtPictures& pictures) {
@@ -110,6 +120,7 @@ void Form2::BuildBottom() {
   auto* save = new QPushButton(QStringLiteral("SAVE TO DB"), this);
   Name(save, "Command2", QStringLiteral("SAVE TO DB"));
   save->setAutoDefault(false);
+  save->setFocusPolicy(Qt::TabFocus);
   Follow<bool>(save, board_.sheet.Command2_enabled, [save](bool on) { save->setEnabled(on); });
   connect(save, &QPushButton::clicked, this, [this] {
     const BusyPointer busy;
@@ -124,6 +135,7 @@ void Form2::BuildExports() {
     Name(button, name, QLatin1String(caption));
     button->setToolTip(tip);
     button->setAutoDefault(false);
+    button->setFocusPolicy(Qt::TabFocus);  // a click leaves a figure that is being typed alone
     scene_.Put(button, {left, 780, 144, 36}, kBody);
     return button;
   };
@@ -189,7 +201,11 @@ void Form2::Commit() {
 
 bool Form2::eventFilter(QObject* watched, QEvent* event) {
   if (watched != editor_) return QDialog::eventFilter(watched, event);
-  if (event->type() == QEvent::FocusOut) DropCellEdit(board_);
+  // A box over the sheet takes the focus only for a while.
+  if (event->type() == QEvent::FocusOut &&
+      static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) {
+    DropCellEdit(board_);
+  }
   if (event->type() != QEvent::KeyPress) return false;
   const int key = static_cast<QKeyEvent*>(event)->key();
   if (key == Qt::Key_Return || key == Qt::Key_Enter) {

@@ -30,6 +30,7 @@ class Form2 : public QDialog {
   void BuildBottom();
   void BuildExports();
   void BuildEditor();
+  void FollowSteps();
   void SendToExcel();
   void ShowEditor(bool shown);
   void Commit();

@@ -1,0 +1,313 @@
+#include "sheet/proof.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+
+#include "game/history.h"
+#include "game/innings.h"
+#include "sheet/number_cells.h"
+#include "teams/lineup_edit.h"
+#include "teams/player_name.h"
+
+namespace dtb {
+namespace {
+
+using namespace stat_column;
+
+constexpr std::array kSides{Side::Visitors, Side::Home};
+constexpr std::array kHitColumns{kSingles, kDoubles, kTriples, kHomeRuns};
+
+std::string Name(const StatGrid& grid, int row, int column) {
+  const std::string name(grid.Text(row, column));
+  return name.empty() ? "A row without a name" : name;
+}
+
+// "1 HR, 2 RBI" of a batter; "" for a man without figures.
+std::string FiguresOf(const StatGrid& grid, int row) {
+  std::string figures;
+  for (int column = kStrikeouts; column <= kAtBats; ++column) {
+    const auto text = grid.Text(row, column);
+    if (NumberOf(text) == 0) continue;
+    figures += figures.empty() ? "" : ", ";
+    figures.append(text).append(" ").append(grid.Text(0, column));
+  }
+  const std::size_t last = figures.rfind(", ");
+  if (last != std::string::npos) figures.replace(last, 2, " and ");
+  return figures;
+}
+
+double SumOf(const StatGrid& grid, int column) {
+  double sum = 0;
+  for (int row = 1; row < grid.rows(); ++row) sum += NumberOf(grid.Text(row, column));
+  return sum;
+}
+
+double HitsOfBatters(const StatGrid& grid) {
+  double hits = 0;
+  for (const int column : kHitColumns) hits += SumOf(grid, column);
+  return hits;
+}
+
+std::string Count(double number, const std::string& word) {
+  return DecimalText(number) + ' ' + word;
+}
+
+class Proof {
+ public:
+  Proof(Board& board, ProofMoment moment) : board_(board), moment_(moment) {}
+
+  std::vector<Finding> All() {
+    for (const Side side : kSides) FindUnsavedBatters(side);
+    for (const Side side : kSides) FindInnings(side);
+    for (const Side side : kSides) FindDisagreements(side);
+    for (const Side side : kSides) FindRuns(side);
+    for (const Side side : kSides) FindMenWithoutLine(side);
+    FindNames();
+    FindTexts();
+    return std::move(findings_);
+  }
+
+ private:
+  void Add(Finding finding) { findings_.push_back(std::move(finding)); }
+  // A disagreement that only the person can mend.
+  void Tell(FindingKind kind, Side side, std::string words) {
+    Add({kind, side, 0, 0, std::move(words), {}, {}, false});
+  }
+  [[nodiscard]] std::string TeamOf(Side side) { return SideOf(board_, side).sheetTeam.value(); }
+
+  void FindUnsavedBatters(Side side) {
+    const StatGrid& grid = SideOf(board_, side).grid;
+    for (int row = 1; row < grid.rows(); ++row) {
+      const std::string figures = FiguresOf(grid, row);
+      if (figures.empty() || grid.Text(row, kPlayed) == "1") continue;
+      const bool named = !grid.Text(row, kBatter).empty();
+      Add({FindingKind::BatterNotSaved, side, row, kBatter,
+           Name(grid, row, kBatter) + " has " + figures + " but would not be saved.", "", "1",
+           named});
+    }
+  }
+
+  // What a save would store for a pitcher: his cell less what a report wrote there for the time
+  // being, and for the present man without innings the rest of his team's.
+  [[nodiscard]] std::vector<std::string> InningsToBeSaved(Side side) {
+    const SideFields fields = SideOf(board_, side);
+    std::vector<std::string> innings;
+    double credited = 0;
+    for (int row = 0; row < fields.grid.rows(); ++row) {
+      std::string text(fields.grid.Text(row, kInningsPitched));
+      const ReportedInnings& reported = fields.reported;
+      if (row > 0 && row == reported.row && text == reported.written) text = reported.before;
+      if (row > 0) credited += NumberOf(text);
+      innings.push_back(std::move(text));
+    }
+    const std::string& pitcher = fields.pitcher.value();
+    const auto row = fields.grid.FindRow(kPitcher, pitcher);
+    const auto present = static_cast<std::size_t>(row.value_or(0));
+    if (present > 0 && !pitcher.empty() && innings[present].empty()) {
+      const double pitched = moment_ == ProofMoment::Save ? InningsPitchedBySide(board_, side)
+                                                          : OutsInTheField(board_, side) / 3.0;
+      innings[present] = TwoDecimals(pitched - credited);
+    }
+    return innings;
+  }
+
+  void FindInnings(Side side) {
+    const SideFields fields = SideOf(board_, side);
+    const std::vector<std::string> innings = InningsToBeSaved(side);
+    for (int row = 1; row < fields.grid.rows(); ++row) {
+      const std::string& text = innings[static_cast<std::size_t>(row)];
+      const std::string name(fields.grid.Text(row, kPitcher));
+      if (name.empty()) {
+        if (text.empty()) continue;
+        Add({FindingKind::NamelessInnings, side, row, kInningsPitched,
+             TeamOf(side) + " have " + text + " innings in a row without a pitcher.", text, "",
+             true});
+        continue;
+      }
+      const auto counted = fields.outs.find(name);
+      const int outs = counted == fields.outs.end() ? 0 : counted->second;
+      if (!text.empty() && !WholeNumberOf(text)) continue;  // told as a text
+      if (std::lround(NumberOf(text) * 3) == outs) continue;
+      const std::string ought = TwoDecimals(outs / 3.0);
+      Add({FindingKind::InningsPitched, side, row, kInningsPitched,
+           name + " made " + Count(outs, outs == 1 ? "out" : "outs") + ", " + ought +
+               " innings, but would be saved with " + (text.empty() ? "none" : text) + ".",
+           text, ought, true});
+    }
+  }
+
+  void FindDisagreements(Side batting) {
+    const SideFields fields = SideOf(board_, batting);
+    const StatGrid& pitchers = SideOf(board_, Other(batting)).grid;
+    const std::string team = TeamOf(batting);
+    const std::string others = TeamOf(Other(batting));
+    const double hits = HitsOfBatters(fields.grid);
+    const double told = fields.score.at(kTotalHits).text.number();
+    const double given = SumOf(pitchers, kPitcherHits);
+    if (hits != told || hits != given) {
+      Tell(FindingKind::Disagreement, batting,
+           team + "'s batters have " + Count(hits, hits == 1 ? "hit" : "hits") +
+               ", the H cell of the line score says " + DecimalText(told) + ", and " + others +
+               "'s pitchers gave up " + DecimalText(given) + ".");
+    }
+    struct Pair {
+      int batter;
+      int pitcher;
+      const char* word;
+    };
+    for (const auto& [batter, pitcher, word] : {Pair{kWalks, kPitcherWalks, "walks"},
+                                                {kStrikeouts, kPitcherStrikeouts, "strikeouts"},
+                                                {kHomeRuns, kPitcherHomeRuns, "home runs"}}) {
+      const double ours = SumOf(fields.grid, batter);
+      const double theirs = SumOf(pitchers, pitcher);
+      if (ours == theirs) continue;
+      Tell(FindingKind::Disagreement, batting,
+           team + "'s batters have " + DecimalText(ours) + " " + word + ", " + others +
+               "'s pitchers " + DecimalText(theirs) + ".");
+    }
+  }
+
+  void FindRuns(Side batting) {
+    const SideFields fields = SideOf(board_, batting);
+    const std::string team = TeamOf(batting);
+    const double runs = RunsOfInnings(fields.score);
+    const TextCell& total = fields.score.at(kTotalRuns).text;
+    if (total.number() != runs) {
+      Add({FindingKind::TotalOfRuns, batting, 0, 0,
+           team + "'s innings add up to " + DecimalText(runs) + " runs, but the R cell says " +
+               total.value() + ".",
+           total.value(), DecimalText(runs), true});
+    }
+    const double batted = SumOf(fields.grid, kRunsBattedIn);
+    const double earned = SumOf(SideOf(board_, Other(batting)).grid, kEarnedRuns);
+    if (batted > runs) {
+      Tell(FindingKind::MoreThanRuns, batting,
+           team + " batted in " + DecimalText(batted) + " runs but scored only " +
+               DecimalText(runs) + ".");
+    }
+    if (earned > runs) {
+      Tell(FindingKind::MoreThanRuns, Other(batting),
+           TeamOf(Other(batting)) + "'s pitchers have " + DecimalText(earned) +
+               " earned runs, but " + team + " scored only " + DecimalText(runs) + ".");
+    }
+  }
+
+  void FindMenWithoutLine(Side side) {
+    const LineupList& list = SideOf(board_, side).list;
+    for (int row = 0; row < std::min(kStarters, list.size()); ++row) {
+      if (IsOnSheet(board_, side, row)) continue;
+      const std::string name = PlayerNameOf(list.entries()[static_cast<std::size_t>(row)]);
+      Tell(FindingKind::NotOnSheet, side,
+           name + " bats for " + TeamOf(side) +
+               " but is not on the sheet, so nothing is counted for him.");
+    }
+  }
+
+  void FindNames() {
+    const StatGrid& visitors = board_.sheet.grd_VisStats;
+    for (const Side side : kSides) {
+      const StatGrid& grid = SideOf(board_, side).grid;
+      for (int row = 1; row < grid.rows(); ++row) {
+        const std::string name(grid.Text(row, kBatter));
+        if (name.empty()) continue;
+        const auto visitor = visitors.FindRow(kBatter, name);
+        if (side == Side::Home && visitor.value_or(0) > 0) {
+          TellName(side, row,
+                   name +
+                       " bats for both teams, so the home man's at-bats go to the "
+                       "visitors' man.");
+        } else if (grid.FindRow(kBatter, name) != row) {
+          TellName(side, row,
+                   name + " stands twice in " + TeamOf(side) +
+                       "'s table, so all figures go to the first of them.");
+        }
+      }
+    }
+  }
+  void TellName(Side side, int row, std::string words) {
+    Add({FindingKind::SameName, side, row, kBatter, std::move(words), {}, {}, false});
+  }
+
+  void FindTexts() {
+    for (const MisplacedText& text : TextWhereNumbersBelong(board_, NumberRows::Named)) {
+      Add({FindingKind::TextForNumber,
+           text.side,
+           text.lineScore ? 0 : text.row,
+           text.lineScore ? 0 : text.column,
+           PlaceOf(board_, text) + ": \"" + text.text + "\" stands where a number belongs.",
+           text.text,
+           {},
+           false});
+    }
+  }
+
+  Board& board_;
+  ProofMoment moment_;
+  std::vector<Finding> findings_;
+};
+
+void PutRightOne(Board& board, const Finding& finding) {
+  StatGrid& grid = SideOf(board, finding.side).grid;
+  switch (finding.kind) {
+    case FindingKind::BatterNotSaved:
+      grid.SetText(finding.row, kPlayed, "1");
+      board.log.Append("[proof] " + Name(grid, finding.row, kBatter) + " is saved");
+      break;
+    case FindingKind::InningsPitched:
+    case FindingKind::NamelessInnings:
+      grid.SetText(finding.row, kInningsPitched, finding.ought);
+      board.log.Append("[proof] " + Name(grid, finding.row, kPitcher) + ": IP \"" + finding.now +
+                       "\" becomes \"" + finding.ought + "\"");
+      break;
+    case FindingKind::TotalOfRuns:
+      ScoreUpdate(board);
+      board.log.Append("[proof] R of " + SideOf(board, finding.side).sheetTeam.value() +
+                       " becomes " + finding.ought);
+      break;
+    default:
+      break;
+  }
+}
+
+bool Same(const Finding& a, const Finding& b) {
+  return a.kind == b.kind && a.side == b.side && a.row == b.row && a.ought == b.ought;
+}
+
+}  // namespace
+
+std::vector<Finding> Prove(Board& board, ProofMoment moment) { return Proof(board, moment).All(); }
+
+void PutRight(Board& board, ProofMoment moment, const std::vector<Finding>& findings) {
+  const Gesture gesture(board, "Put right");
+  for (const Finding& now : Prove(board, moment)) {
+    const bool wanted = std::ranges::any_of(
+        findings, [&now](const Finding& finding) { return Same(finding, now); });
+    if (wanted && now.canBePutRight) PutRightOne(board, now);
+  }
+}
+
+std::optional<int> LeftOnBase(Board& board, Side side) {
+  const SideFields fields = SideOf(board, side);
+  int halves = 0;
+  for (int inning = 0; inning < kInnings; ++inning) {
+    if (fields.score.at(inning).colour.value() == kFinishedYellow) ++halves;
+  }
+  double outs = 3.0 * halves;
+  const double inProgress = board.state.tb_OUT.number();
+  if (fields.atBat.value() && inProgress < 3) outs += inProgress;
+  const double left =
+      SumOf(fields.grid, kAtBats) + SumOf(fields.grid, kWalks) - RunsOfInnings(fields.score) - outs;
+  constexpr int kBases = 3;
+  if (left != std::floor(left) || left < 0 || left > kBases * (halves + 1)) return std::nullopt;
+  return static_cast<int>(left);
+}
+
+std::string ProofSummary(const std::vector<Finding>& findings) {
+  if (findings.empty()) return "In proof";
+  return std::to_string(findings.size()) +
+         (findings.size() == 1 ? " figure to look at" : " figures to look at");
+}
+
+}  // namespace dtb

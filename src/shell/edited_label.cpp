@@ -6,7 +6,7 @@
 namespace dtb {
 
 bool BeginEdit(Platform& platform, const EditedLabel& fields) {
-  if (!platform.keyboard.FreshlyDown(Key::Control) || fields.editing.value()) return false;
+  if (!platform.keyboard.ControlHeld() || fields.editing.value()) return false;
   fields.edit.Set(fields.label.value());
   fields.editing.Set(true);
   return true;

@@ -114,13 +114,13 @@ photo:A reset: bat:v0 bat:v0 bat:v0 bat:v0 free:p2 bat:v1 => A:#* A:#* :* A:#* /
 TEST(Pieces, GiveStolenBasesToTheNameOnThem) {
   Check("counters log told", R"(
 click:p0 => 0:0 / - / -
-ctrl:held click:p0 => 0:0 / - / -
 ctrl:up click:p0 => 0:0 / - / -
-ctrl:fresh click:p3 => 0:0 / - / -
-ctrl:fresh click:p0 click:p0 => A SB=1, 0:0 / A_____SB; / Stat Recorded.
-1B plate:p1 ctrl:fresh click:p1 => A 1B=1, A AB=1, B SB=1, l H=1, 1:0 / A=x_____1B;B_____SB;
+ctrl:held click:p3 => 0:0 / - / -
+ctrl:held click:p0 click:p0 ctrl:up click:p0 => A SB=2, 0:0 / A_____SB;A_____SB;
+  / Stat Recorded. | Stat Recorded.
+1B plate:p1 ctrl:held click:p1 => A 1B=1, A AB=1, B SB=1, l H=1, 1:0 / A=x_____1B;B_____SB;
   / HIT recorded. | Stat Recorded.
-OUT:3 bat:h0 ctrl:fresh click:p0 => 0:0 / A_____SB; / -
+OUT:3 bat:h0 ctrl:held click:p0 => 0:0 / A_____SB; / -
 )");
 }
 
@@ -144,7 +144,7 @@ TEST(Photos, ComeFromTheFolderOfThePlayer) {
   game.fake.photos = {"/new/l.jpg"};
   for (const std::string folder : {"/without Ctrl", "/new", "/newer"}) {
     const bool shown = folder.starts_with("/new");
-    game.fake.control = {true, shown};
+    game.fake.control = shown;
     game.fake.settingsFail = folder == "/newer";
     BeginEdit(game.fake.ports, PhotoFolder(game.state));
     game.state.Text1.Set(folder);

@@ -37,7 +37,7 @@ struct TestDesk final : QuietDesktop {
     told.push_back(question.text);
     return yes;
   }
-  KeyState Query(Key /*key*/) override { return {control, false}; }
+  bool ControlHeld() override { return control; }
   std::string Read(const std::string& section, const std::string& key,
                    const std::string& missing) override {
     const auto found = settings.find(section + "/" + key);

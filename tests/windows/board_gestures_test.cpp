@@ -66,20 +66,25 @@ TEST_F(BoardGesturesTest, RowIsRewrittenByADoubleClick) {
   EXPECT_EQ(field->text(), QString());
 }
 
-// One press of Ctrl serves one runner; held on, the next click is a plain click.
-TEST_F(BoardGesturesTest, CtrlClickRecordsOneStolenBase) {
+// A double steal is two clicks while Ctrl is held.
+TEST_F(BoardGesturesTest, CtrlClicksRecordStolenBasesAsLongAsItIsHeld) {
   StartGame();
-  auto* piece = Find("pb_Player1");
-  const auto stolen = [&] { return board().sheet.grd_VisStats.Text(1, stat_column::kStolenBases); };
-  Click(piece);
-  EXPECT_EQ(stolen(), "");
+  board().state.List1.Select(1);
+  const auto stolen = [&] {
+    const StatGrid& grid = board().sheet.grd_VisStats;
+    return grid.Text(1, stat_column::kStolenBases) + "," + grid.Text(2, stat_column::kStolenBases);
+  };
+  Click(Find("pb_Player1"));
+  EXPECT_EQ(stolen(), ",");
   QTest::keyPress(form1().windowHandle(), Qt::Key_Control);
-  WhileWaiting([&] { Press(&form1(), Qt::Key_Return); });
-  Click(piece, Qt::ControlModifier);
-  EXPECT_EQ(stolen(), "1");
-  Click(piece, Qt::ControlModifier);
-  EXPECT_EQ(stolen(), "1");
+  for (const char* runner : {"pb_Player1", "pb_Player2"}) {
+    WhileWaiting([&] { Press(&form1(), Qt::Key_Return); });
+    Click(Find(runner), Qt::ControlModifier);
+  }
+  EXPECT_EQ(stolen(), "1,1");
   QTest::keyRelease(form1().windowHandle(), Qt::Key_Control);
+  Click(Find("pb_Player1"));
+  EXPECT_EQ(stolen(), "1,1");
 }
 
 TEST_F(BoardGesturesTest, PieceFollowsThePointerAndStaysThere) {

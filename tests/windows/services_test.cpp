@@ -112,27 +112,44 @@ TEST_F(ServicesTest, DamagedSettingsAreKeptAside) {
   EXPECT_EQ(QtSettingsStore(file).Read("labels", "x", ""), "y");
 }
 
-TEST_F(ServicesTest, KeyIsFreshOnceForEachPress) {
+TEST_F(ServicesTest, KeysCountWhileTheyAreHeld) {
   QtKeyboard keyboard;
   QObject window;
-  const auto send = [&](QEvent::Type type, int key, bool repeat) {
-    QKeyEvent event(type, key, {}, QString(), repeat);
+  const auto key = [&](QEvent::Type type, int code, bool repeat = false) {
+    QKeyEvent event(type, code, {}, QString(), repeat);
     QCoreApplication::sendEvent(&window, &event);
   };
-  EXPECT_FALSE(keyboard.FreshlyDown(Key::Control));
-  send(QEvent::KeyPress, Qt::Key_Control, false);
-  EXPECT_TRUE(keyboard.FreshlyDown(Key::Control));
-  send(QEvent::KeyPress, Qt::Key_Control, true);
-  EXPECT_FALSE(keyboard.FreshlyDown(Key::Control));
-  send(QEvent::KeyRelease, Qt::Key_Control, false);
-  send(QEvent::KeyPress, Qt::Key_Control, false);
-  send(QEvent::KeyRelease, Qt::Key_Control, false);
-  EXPECT_FALSE(keyboard.FreshlyDown(Key::Control));  // pressed since, but not down
-  // Pressed while another program had the keyboard: the click itself tells.
-  QMouseEvent click(QEvent::MouseButtonPress, QPointF(), QPointF(), Qt::LeftButton, Qt::LeftButton,
-                    Qt::ControlModifier);
-  QCoreApplication::sendEvent(&window, &click);
-  EXPECT_TRUE(keyboard.FreshlyDown(Key::Control));
+  const auto click = [&](Qt::KeyboardModifiers held) {
+    QMouseEvent event(QEvent::MouseButtonPress, QPointF(), QPointF(), Qt::LeftButton,
+                      Qt::LeftButton, held);
+    QCoreApplication::sendEvent(&window, &event);
+  };
+  EXPECT_FALSE(keyboard.ControlHeld());
+  key(QEvent::KeyPress, Qt::Key_Control);
+  for (int look = 0; look < 3; ++look) EXPECT_TRUE(keyboard.ControlHeld()) << "for each click";
+  key(QEvent::KeyRelease, Qt::Key_Control);
+  EXPECT_FALSE(keyboard.ControlHeld()) << "pressed before, but not down";
+  // Pressed and released while another program had the keyboard: the click itself tells.
+  click(Qt::ControlModifier);
+  EXPECT_TRUE(keyboard.ControlHeld());
+  click({});
+  EXPECT_FALSE(keyboard.ControlHeld());
+
+  for (const auto& [first, second] :
+       {std::pair{Qt::Key_Control, Qt::Key_F12}, {Qt::Key_F12, Qt::Key_Control}}) {
+    key(QEvent::KeyPress, first);
+    key(QEvent::KeyPress, second);
+    for (int held = 0; held < 20; ++held) key(QEvent::KeyPress, second, true);
+    key(QEvent::KeyRelease, second);
+    key(QEvent::KeyRelease, first);
+    EXPECT_EQ(keyboard.TakeControlF12(), 1);
+    EXPECT_EQ(keyboard.TakeControlF12(), 0);
+  }
+  for (const Qt::Key alone : {Qt::Key_Control, Qt::Key_F12}) {
+    key(QEvent::KeyPress, alone);
+    key(QEvent::KeyRelease, alone);
+  }
+  EXPECT_EQ(keyboard.TakeControlF12(), 0) << "one after the other";
 }
 
 TEST_F(ServicesTest, FiltersBecomeTheToolkits) {

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
+#include "teams/game_pieces.h"
 #include "windows/window_test.h"
 
 namespace dtb {
@@ -74,6 +75,28 @@ TEST_F(LayoutTest, PanelsDoNotCoverEachOther) {
     EXPECT_GE(Find(hit)->width() * kSceneWidth / form1().width(), 44) << hit;
     EXPECT_GE(Find(hit)->height() * kSceneWidth / form1().width(), 32) << hit;
   }
+}
+
+// Pieces on their start places leave every control free, however large they are.
+TEST_F(LayoutTest, PiecesAtStartCoverNoControl) {
+  StartGame();
+  form1().resize(1288, 748);
+  for (int times = 0; times < 12; ++times) {
+    QCoreApplication::processEvents();
+    for (auto* button : Find("pb_Res")->findChildren<QAbstractButton*>()) {
+      for (const QPoint& place : {button->rect().topLeft(), button->rect().bottomRight()}) {
+        EXPECT_EQ(form1().childAt(button->mapTo(&form1(), place)), button)
+            << FromQt(button->objectName()) << " after BIG x " << times;
+      }
+    }
+    EnlargePieces(board());
+    ResetGamePieces(board());
+  }
+  // One that lies under a panel as a whole comes out of it.
+  for (int times = 0; times < 30; ++times) ShrinkPieces(board());
+  MovePiece(board(), 0, kSceneWidth - 160, 640);
+  auto* piece = Find("pb_Player1");
+  EXPECT_EQ(form1().childAt(piece->mapTo(&form1(), piece->rect().center())), piece);
 }
 
 // Every control is reached with Tab, says its name to a screen reader, and is reached once.

@@ -77,6 +77,59 @@ TEST_F(LayoutTest, PanelsDoNotCoverEachOther) {
   }
 }
 
+// Counts the work that the toolkit does for the windows.
+class WorkCounter : public QObject {
+ public:
+  WorkCounter() { qApp->installEventFilter(this); }
+  int resizes = 0;
+  int layouts = 0;
+  int paints = 0;
+  [[nodiscard]] int all() const { return resizes + layouts + paints; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (!watched->isWidgetType()) return false;
+    resizes += event->type() == QEvent::Resize ? 1 : 0;
+    layouts += event->type() == QEvent::LayoutRequest ? 1 : 0;
+    paints += event->type() == QEvent::Paint || event->type() == QEvent::UpdateRequest ? 1 : 0;
+    return false;
+  }
+};
+
+// At every size of a maximised board the layout comes to rest at once, and an idle board does
+// nothing.
+TEST_F(LayoutTest, LayoutSettlesAtEveryHeight) {
+  StartGame();
+  form1().setWindowState(Qt::WindowMaximized);
+  for (const int width : {1366, 1920}) {
+    for (int height = 600; height <= 1100; ++height) {
+      form1().resize(width, height);
+      QCoreApplication::processEvents();
+      QCoreApplication::sendPostedEvents();
+      const WorkCounter work;
+      QCoreApplication::processEvents();
+      ASSERT_EQ(form1().size(), QSize(width, height));
+      ASSERT_EQ(work.all(), 0) << width << " x " << height;
+    }
+  }
+}
+
+TEST_F(LayoutTest, IdleBoardDoesNoWork) {
+  StartGame();
+  ShowAll();
+  QCoreApplication::processEvents();
+  QMetaObject::invokeMethod(Find<QTimer>("tmr_Constant"), "timeout");
+  QCoreApplication::processEvents();
+  const WorkCounter work;
+  for (int tick = 0; tick < 30; ++tick) {
+    for (const char* timer : {"tmr_Constant", "tmr_F12detect"}) {
+      QMetaObject::invokeMethod(Find<QTimer>(timer), "timeout");
+    }
+    QCoreApplication::processEvents();
+  }
+  EXPECT_EQ(work.all(), 0);
+}
+
 // Pieces on their start places leave every control free, however large they are.
 TEST_F(LayoutTest, PiecesAtStartCoverNoControl) {
   StartGame();

@@ -1,3 +1,4 @@
+#include <QAbstractButton>
 #include <QLineEdit>
 
 #include "windows/window_test.h"
@@ -104,6 +105,57 @@ TEST_F(BoardGesturesTest, PieceFollowsThePointerAndStaysThere) {
   QCoreApplication::processEvents();
   EXPECT_EQ(board().state.pieces.at(0).left.value(), moved);
   EXPECT_EQ(board().state.pieces.at(0).tag.value(), "Ants 1");
+}
+
+// A press on a control stays that control's, however far the pointer slides; a panel moves with a
+// press on its own ground.
+TEST_F(BoardGesturesTest, PanelsMoveOnlyWithAPressOfTheirOwn) {
+  StartGame();
+  board().state.pb_BaseTracker_visible.Set(true);
+  desk_->aids().Check4.Set(true);
+  desk_->aids().fra_BBgumBB_visible.Set(true);
+  QCoreApplication::processEvents();
+  QWindow* window = form1().windowHandle();
+  const auto slide = [&](QPoint from, QPoint to, Qt::KeyboardModifiers held, Qt::MouseButton with) {
+    QTest::mousePress(window, with, held, from);
+    for (const QPoint& place : {from, (from + to) / 2, to}) {
+      QTest::mouseEvent(QTest::MouseMove, window, Qt::NoButton, held, place);
+    }
+    QTest::mouseRelease(window, with, held, to);
+  };
+  const QPoint park(form1().width() / 2, form1().height() * 6 / 10);
+  struct Row {
+    const char* name;
+    Qt::KeyboardModifiers held;
+  };
+  for (const Row& row : {Row{"Frame3", {}},
+                         {"pb_Res", Qt::ControlModifier},
+                         {"fra_SOMBBdice", Qt::ControlModifier},
+                         {"fra_BBgumBB", {}},
+                         {"pb_BaseTracker", Qt::ControlModifier}}) {
+    auto* panel = Find(row.name);
+    const QPoint before = panel->pos();
+    int controls = 0;
+    for (auto* control : panel->findChildren<QWidget*>()) {
+      const bool takesPress = qobject_cast<QAbstractButton*>(control) != nullptr ||
+                              qobject_cast<QLineEdit*>(control) != nullptr;
+      if (!takesPress || !control->isVisible()) continue;
+      ++controls;
+      for (const auto with : {Qt::LeftButton, Qt::RightButton}) {
+        slide(control->mapTo(&form1(), control->rect().center()), park, row.held, with);
+      }
+      ASSERT_EQ(panel->pos(), before) << row.name << ", " << FromQt(control->objectName());
+    }
+    EXPECT_GT(controls, 0) << row.name;
+    const QPoint corner = panel->mapTo(&form1(), QPoint(4, 4));
+    QTest::mouseClick(window, Qt::LeftButton, row.held, corner);
+    EXPECT_EQ(panel->pos(), before) << row.name << ": a press alone moves nothing";
+    slide(corner, corner + QPoint(90, 90), row.held, Qt::RightButton);
+    EXPECT_EQ(panel->pos(), before) << row.name;
+    slide(corner, corner + QPoint(90, 90), row.held, Qt::LeftButton);
+    EXPECT_NE(panel->pos(), before) << row.name;
+  }
+  EXPECT_EQ(MessageBox::Open(), nullptr);
 }
 
 TEST_F(BoardGesturesTest, ScorePadWorksOnTheCellThatHadTheFocus) {

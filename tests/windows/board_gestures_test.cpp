@@ -1,6 +1,7 @@
 #include <QAbstractButton>
 #include <QLineEdit>
 
+#include "windows/shared/look.h"
 #include "windows/window_test.h"
 
 namespace dtb {
@@ -156,6 +157,31 @@ TEST_F(BoardGesturesTest, PanelsMoveOnlyWithAPressOfTheirOwn) {
     EXPECT_NE(panel->pos(), before) << row.name;
   }
   EXPECT_EQ(MessageBox::Open(), nullptr);
+}
+
+TEST_F(BoardGesturesTest, LabelsShowAPressOfAnyButtonAndRestAfterIt) {
+  QWindow* window = form1().windowHandle();
+  for (const char* name : {"lbl_Single", "lbl_chrt2"}) {
+    auto* label = Find(name);
+    const QPoint place = label->mapTo(&form1(), label->rect().center());
+    const auto colour = [&](int x, int y) { return label->grab().toImage().pixelColor(x, y); };
+    const auto ground = [&] { return colour(label->width() / 4, label->height() / 4); };
+    QTest::mouseMove(window, QPoint(form1().width() / 2, form1().height() - 20));
+    const QColor rest = ground();
+    QTest::mouseMove(window, place);
+    const QColor lit = ground();
+    EXPECT_NE(lit, rest) << name;
+    for (const auto button : {Qt::RightButton, Qt::MiddleButton}) {
+      QTest::mousePress(window, button, {}, place);
+      EXPECT_EQ(colour(label->width() / 2, 1), look::kCream) << name;
+      QTest::mouseRelease(window, button, {}, place);
+      EXPECT_NE(colour(label->width() / 2, 1), look::kCream) << name;
+    }
+    const bool chart = QByteArray(name) == "lbl_chrt2";
+    EXPECT_EQ(ground(), chart ? rest : lit) << name;
+    QTest::mouseMove(window, place + QPoint(2, 2));
+    EXPECT_EQ(ground(), lit) << name;
+  }
 }
 
 TEST_F(BoardGesturesTest, ScorePadWorksOnTheCellThatHadTheFocus) {

@@ -226,6 +226,7 @@ void Scoreboard::BuildCharts() {
     auto* label = new ClickLabel(caption, {QColor(224, 224, 224), Qt::white, kInk}, this);
     Name(label, name, caption);
     label->setCursor(Qt::PointingHandCursor);
+    label->SetRestsAfterRelease();
     scene_.Put(label, place, kBody, true);
     return label;
   };

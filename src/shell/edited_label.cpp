@@ -21,4 +21,6 @@ void SaveEdit(Platform& platform, const EditedLabel& fields) {
           [&] { platform.settings.Write(settings::kLabels, fields.key, fields.label.value()); });
 }
 
+void CancelEdit(const EditedLabel& fields) { fields.editing.Set(false); }
+
 }  // namespace dtb

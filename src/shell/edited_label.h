@@ -22,4 +22,7 @@ bool BeginEdit(Platform& platform, const EditedLabel& fields);
 // told; the text holds for this run then.
 void SaveEdit(Platform& platform, const EditedLabel& fields);
 
+// The editor closes, and the text stays as it was.
+void CancelEdit(const EditedLabel& fields);
+
 }  // namespace dtb

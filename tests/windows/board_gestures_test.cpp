@@ -1,6 +1,7 @@
 #include <QAbstractButton>
 #include <QLineEdit>
 
+#include "game/history.h"
 #include "windows/shared/look.h"
 #include "windows/window_test.h"
 
@@ -182,6 +183,59 @@ TEST_F(BoardGesturesTest, LabelsShowAPressOfAnyButtonAndRestAfterIt) {
     QTest::mouseMove(window, place + QPoint(2, 2));
     EXPECT_EQ(ground(), lit) << name;
   }
+}
+
+// Esc leaves each text field; what was typed in this visit is taken back with all that it did.
+TEST_F(BoardGesturesTest, EscapeLeavesEveryTextFieldAsItWas) {
+  StartGame();
+  board().state.fra_Options_visible.Set(true);
+  board().state.cb_Xinnings.Set(true);
+  board().state.Check1.Set(true);
+  board().state.Check2.Set(true);
+  QTest::keyPress(form1().windowHandle(), Qt::Key_Control);
+  Click(Find("lbl_chrt3"), Qt::ControlModifier);
+  Click(Find("lbl_PhotoPath"), Qt::ControlModifier);
+  QTest::keyRelease(form1().windowHandle(), Qt::Key_Control);
+  const auto leave = [&](QWidget* window, QLineEdit* field) {
+    SCOPED_TRACE(FromQt(field->objectName()));
+    const QString text = field->text();
+    const std::string game = GameText(board());
+    field->setFocus(Qt::TabFocusReason);
+    for (const char* typed : {"", "4", "12", "zz"}) {
+      field->setFocus(Qt::TabFocusReason);
+      Type(window, typed);
+      Press(window, Qt::Key_Escape);
+      EXPECT_EQ(QApplication::focusWidget(), nullptr);
+      EXPECT_EQ(field->text(), text) << typed;
+      EXPECT_TRUE(GameText(board()) == game) << typed;
+      if (!field->isVisible()) return;  // the editor of a name
+    }
+  };
+  int fields = 0;
+  for (auto* field : form1().findChildren<QLineEdit*>()) {
+    if (field->window() != &form1() || !field->isVisible()) continue;
+    leave(&form1(), field);
+    ++fields;
+  }
+  EXPECT_EQ(fields, 2 * 23 + 2 + 2 + 2 + 2);  // scores, teams, outs, new entries, edited names
+  EXPECT_FALSE(Find("tb_chrt3")->isVisible() || Find("Text1")->isVisible());
+  EXPECT_EQ(desk_->aids().lbl_chrt[2].value() + board().state.lbl_PhotoPath.value(), "");
+  WhileWaiting([&] {
+    auto* sheet = Find<Form2>("Form2");
+    leave(sheet, sheet->findChild<QLineEdit*>(QStringLiteral("tb_Comments")));
+    EXPECT_TRUE(sheet->isVisible());
+    sheet->close();
+  });
+  Click(Find("lbl_STATS"));
+  // A gesture made from within the visit is no part of it.
+  auto* cell = Find<QLineEdit>("tb_BoxScore[3]");
+  Click(cell);
+  Type(&form1(), "3");
+  WhileWaiting([&] { Press(&form1(), Qt::Key_Return); });
+  Click(Find("lbl_BB"));
+  Press(&form1(), Qt::Key_Escape);
+  EXPECT_EQ(cell->text(), QStringLiteral("3"));
+  EXPECT_EQ(board().sheet.grd_VisStats.Text(1, stat_column::kWalks), "1");
 }
 
 TEST_F(BoardGesturesTest, ScorePadWorksOnTheCellThatHadTheFocus) {

@@ -182,6 +182,8 @@ class Clock {
   virtual ~Clock() = default;
   // Date and time where the computer stands.
   [[nodiscard]] virtual LocalTime Now() = 0;
+  // The same in the form in which the person's system writes date and time, with seconds.
+  [[nodiscard]] virtual std::string NowText() = 0;
 };
 
 class Database;

@@ -62,6 +62,7 @@ struct QuietDesktop : MessageBoxes,
   void StopLoop() override {}
   void Silence() override {}
   LocalTime Now() override { return {}; }
+  std::string NowText() override { return {}; }
   void Run(const Statement& /*query*/, StatGrid& /*result*/) override {}
   std::vector<std::string> Delete(const std::vector<Statement>& /*statements*/) override {
     return {};

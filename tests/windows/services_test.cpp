@@ -5,6 +5,7 @@
 
 #include "platform/qt/program_folder.h"
 #include "shell/program_error.h"
+#include "shell/time_stamp.h"
 #include "windows/window_test.h"
 
 namespace dtb {
@@ -150,6 +151,29 @@ TEST_F(ServicesTest, KeysCountWhileTheyAreHeld) {
     key(QEvent::KeyRelease, alone);
   }
   EXPECT_EQ(keyboard.TakeControlF12(), 0) << "one after the other";
+}
+
+TEST_F(ServicesTest, StampsAreInTheFormOfThePersonsSystem) {
+  const QDateTime evening(QDate(2026, 11, 24), QTime(20, 5, 31));
+  for (const auto& [locale, stamp] :
+       std::map<const char*, const char*>{{"en_US", "11242026_80531_PM"},
+                                          {"en_GB", "24112026_200531"},
+                                          {"de_DE", "24.11.2026_200531"},
+                                          {"sv_SE", "2026-11-24_200531"}}) {
+    EXPECT_EQ(ReadableStamp(FromQt(StandardText(evening, QLocale(QLatin1String(locale))))), stamp)
+        << locale;
+  }
+  // Whatever a system writes, a file can be named so.
+  for (const QLocale& locale :
+       QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry)) {
+    const QString stamp = ToQt(ReadableStamp(FromQt(StandardText(evening, locale))));
+    EXPECT_FALSE(stamp.isEmpty());
+    for (const QChar letter : stamp) {
+      EXPECT_FALSE(letter.isSpace() || letter.unicode() < ' ' ||
+                   QStringLiteral(":/\\*?\"<>|").contains(letter))
+          << FromQt(locale.name() + QChar(' ') + stamp);
+    }
+  }
 }
 
 TEST_F(ServicesTest, FiltersBecomeTheToolkits) {

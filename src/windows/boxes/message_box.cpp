@@ -34,6 +34,7 @@ constexpr double kChoiceWidth = 760;
 constexpr double kMessageType = kLarge;  // 14 points on the reference screen
 constexpr double kCloseSize = 28;
 constexpr double kLeastTextHeight = 40;
+constexpr double kTallText = 240;
 constexpr double kMostTextHeight = 700;  // a longer text scrolls
 constexpr double kLeastScale = 0.5;      // of the type, however small the board
 // A list entry may be of any length; more than this is no help to anybody.
@@ -131,10 +132,7 @@ class MessageText : public QLabel {
     if (width != width_) LayOut(width);
     return height_;
   }
-  [[nodiscard]] QSize minimumSizeHint() const override {
-    return {1, heightForWidth(this->width())};
-  }
-  [[nodiscard]] QSize sizeHint() const override { return minimumSizeHint(); }
+  [[nodiscard]] QSize minimumSizeHint() const override { return {1, 1}; }
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
@@ -162,6 +160,20 @@ class MessageText : public QLabel {
   mutable int width_ = -1;
   mutable int height_ = 0;
 };
+
+// For a text that is higher than any box.
+QScrollArea* MakeScroll(QWidget* text, const QSize& size) {
+  auto* scroll = new QScrollArea;
+  scroll->setWidgetResizable(true);
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->viewport()->setAutoFillBackground(false);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scroll->setWidget(text);
+  text->setAutoFillBackground(false);  // the scroll area turns it on
+  scroll->setFixedSize(size);
+  return scroll;
+}
 
 QString Shortened(const QString& message) {
   return message.size() <= kLongestMessage ? message
@@ -227,9 +239,10 @@ MessageBox* MessageBox::Wait(QWidget* window, const Content& content, double sca
 
 void MessageBox::GiveBack(QWidget* focus) {
   deleteLater();
+  // Before the box hides: the toolkit would give the focus to the next control.
+  if (focus != nullptr) focus->setFocus(Qt::OtherFocusReason);
   hide();
   if (isWindow() && window_) window_->activateWindow();
-  if (focus != nullptr) focus->setFocus(Qt::OtherFocusReason);
 }
 
 MessageBox::MessageBox(QWidget* window, const Content& content, double scale)
@@ -249,8 +262,15 @@ MessageBox::MessageBox(QWidget* window, const Content& content, double scale)
 void MessageBox::Build(double scale) {
   const auto units = [scale](double length) { return qRound(length * scale); };
   setFont(Font(kMessageType * scale));
-  const double usual = Confirmation() ? kConfirmationWidth : kStandardWidth;
-  setFixedWidth(units(content_.answers.isEmpty() ? usual : kChoiceWidth));
+  auto* text = new MessageText(Shortened(content_.message), content_.alignment, font());
+  const double beside = content_.icon == BoxIcon::None ? 44 : 100;  // margins and badge
+  // A long text gets a wide box.
+  for (const double width : {kConfirmationWidth, kStandardWidth, kChoiceWidth}) {
+    const bool usual = width >= (Confirmation() ? kConfirmationWidth : kStandardWidth);
+    setFixedWidth(units(width));
+    if (!usual || !content_.answers.isEmpty()) continue;
+    if (text->heightForWidth(units(width) - units(beside)) <= units(kTallText)) break;
+  }
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(units(20), units(8), units(8), units(20));
   column->setSpacing(units(4));
@@ -276,20 +296,15 @@ void MessageBox::Build(double scale) {
   if (content_.icon != BoxIcon::None) {
     row->addWidget(new Badge(content_.icon, scale, this), 0, Qt::AlignTop);
   }
-  const int textWidth = width() - units(content_.icon == BoxIcon::None ? 44 : 100);
-  auto* text = new MessageText(Shortened(content_.message), content_.alignment, font());
-  auto* scroll = new QScrollArea;
-  scroll->setWidgetResizable(true);
-  scroll->setFrameShape(QFrame::NoFrame);
-  scroll->viewport()->setAutoFillBackground(false);
-  scroll->setFocusPolicy(Qt::NoFocus);
-  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  scroll->setWidget(text);
-  text->setAutoFillBackground(false);  // the scroll area turns it on
-  scroll->setFixedHeight(
-      std::clamp(text->heightForWidth(textWidth), units(kLeastTextHeight), units(kMostTextHeight)));
-  scroll->setFixedWidth(textWidth);
-  row->addWidget(scroll, 1);
+  const int textWidth = width() - units(beside);
+  const int textHeight = std::max(text->heightForWidth(textWidth), units(kLeastTextHeight));
+  const int highest = units(kMostTextHeight);
+  if (textHeight <= highest) {
+    text->setFixedSize(textWidth, textHeight);
+    row->addWidget(text, 1);
+  } else {
+    row->addWidget(MakeScroll(text, QSize(textWidth, highest)), 1);
+  }
   column->addLayout(row);
   if (!Confirmation()) BuildButtons(scale, this);
   adjustSize();

@@ -165,7 +165,7 @@ TEST(Pieces, AreNeverOutOfReach) {
       const double down = std::min(top + height, kSceneHeight) - std::max(top, 0.0);
       ASSERT_GE(across, std::min(width, 24.0) - 1e-6)
           << "operation " << operation << ", step " << step;
-      ASSERT_GE(down, std::min(height, 23.5) - 1e-6)
+      ASSERT_GE(down, std::min(width, 23.5) - 1e-6)
           << "operation " << operation << ", step " << step;
     }
   }

@@ -75,7 +75,8 @@ TEST_F(BoardGesturesTest, CtrlClicksRecordStolenBasesAsLongAsItIsHeld) {
   board().state.List1.Select(1);
   const auto stolen = [&] {
     const StatGrid& grid = board().sheet.grd_VisStats;
-    return grid.Text(1, stat_column::kStolenBases) + "," + grid.Text(2, stat_column::kStolenBases);
+    return std::string(grid.Text(1, stat_column::kStolenBases)) + "," +
+           std::string(grid.Text(2, stat_column::kStolenBases));
   };
   Click(Find("pb_Player1"));
   EXPECT_EQ(stolen(), ",");
@@ -186,7 +187,12 @@ TEST_F(BoardGesturesTest, LabelsShowAPressOfAnyButtonAndRestAfterIt) {
 }
 
 // Esc leaves each text field; what was typed in this visit is taken back with all that it did.
-TEST_F(BoardGesturesTest, EscapeLeavesEveryTextFieldAsItWas) {
+class EscapeTest : public BoardGesturesTest {
+ protected:
+  EscapeTest() { setup_.recovery = false; }  // so that hundreds of letters wait for no disk
+};
+
+TEST_F(EscapeTest, LeavesEveryTextFieldAsItWas) {
   StartGame();
   board().state.fra_Options_visible.Set(true);
   board().state.cb_Xinnings.Set(true);
@@ -199,18 +205,25 @@ TEST_F(BoardGesturesTest, EscapeLeavesEveryTextFieldAsItWas) {
   const auto leave = [&](QWidget* window, QLineEdit* field) {
     SCOPED_TRACE(FromQt(field->objectName()));
     const QString text = field->text();
-    const std::string game = GameText(board());
-    field->setFocus(Qt::TabFocusReason);
-    for (const char* typed : {"", "4", "12", "zz"}) {
+    for (const char* typed : {"", "4", "12"}) {
       field->setFocus(Qt::TabFocusReason);
+      const std::string game = GameText(board());
       Type(window, typed);
       Press(window, Qt::Key_Escape);
-      EXPECT_EQ(QApplication::focusWidget(), nullptr);
+      EXPECT_FALSE(field->hasFocus());
       EXPECT_EQ(field->text(), text) << typed;
       EXPECT_TRUE(GameText(board()) == game) << typed;
       if (!field->isVisible()) return;  // the editor of a name
     }
   };
+  // What is no number may be refused in a box.
+  QTimer closer;
+  QObject::connect(&closer, &QTimer::timeout, [] {
+    if (MessageBox* box = MessageBox::Open()) {
+      QTest::keyClick(box->window()->windowHandle(), Qt::Key_Return);
+    }
+  });
+  closer.start(0);
   int fields = 0;
   for (auto* field : form1().findChildren<QLineEdit*>()) {
     if (field->window() != &form1() || !field->isVisible()) continue;
@@ -218,6 +231,7 @@ TEST_F(BoardGesturesTest, EscapeLeavesEveryTextFieldAsItWas) {
     ++fields;
   }
   EXPECT_EQ(fields, 2 * 23 + 2 + 2 + 2 + 2);  // scores, teams, outs, new entries, edited names
+  closer.stop();
   EXPECT_FALSE(Find("tb_chrt3")->isVisible() || Find("Text1")->isVisible());
   EXPECT_EQ(desk_->aids().lbl_chrt[2].value() + board().state.lbl_PhotoPath.value(), "");
   WhileWaiting([&] {
@@ -228,6 +242,7 @@ TEST_F(BoardGesturesTest, EscapeLeavesEveryTextFieldAsItWas) {
   });
   Click(Find("lbl_STATS"));
   // A gesture made from within the visit is no part of it.
+  board().state.cb_Xinnings.Set(false);
   auto* cell = Find<QLineEdit>("tb_BoxScore[3]");
   Click(cell);
   Type(&form1(), "3");

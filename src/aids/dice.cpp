@@ -74,10 +74,7 @@ void TickNumberDice(Aids& aids) {
 }
 
 void DetectF12(Aids& aids) {
-  const KeyState f12 = aids.platform.keyboard.Query(Key::F12);
-  const KeyState control = aids.platform.keyboard.Peek(Key::Control);
-  // A tap of F12 between two ticks counts too, as long as Ctrl is held.
-  if (!control.down || !(f12.down || f12.pressedSinceLastQuery)) return;
+  if (aids.platform.keyboard.TakeControlF12() % 2 == 0) return;
   aids.state.fra_BBgumBB_visible.Set(!aids.state.fra_BBgumBB_visible.value());
 }
 

@@ -52,7 +52,7 @@ void GetRndNum(Aids& aids);
 void TickFaceDice(Aids& aids);
 void TickNumberDice(Aids& aids);
 
-// Ctrl + F12 shows and hides the numbered dice, at every tick as long as both keys are held.
+// The tick that looks at the keys: each press of Ctrl + F12 shows or hides the numbered dice once.
 void DetectF12(Aids& aids);
 
 }  // namespace dtb

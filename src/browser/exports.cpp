@@ -28,15 +28,17 @@ constexpr Colour kPaleBlue{153, 204, 255};
 // White (the theme's first colour), darkened by half a hundredth: 255 x 0.995.
 constexpr Colour kFaintGrey{254, 254, 254};
 
-// Bold: columns A to R and U to AQ of the first row.
+// Bold: columns B to R and U to AQ of the first row.
 std::vector<LookZone> SheetFormat() {
   const CellLook framed{CellBorder::Thin, kPaleBlue, kFaintGrey};
   CellLook bold = framed;
   bold.bold = true;
+  constexpr int kFirstBold = 1;   // B
   constexpr int kLastBold = 17;   // R
   constexpr int kBoldAgain = 20;  // U
   return {
-      {0, 0, 0, kLastBold, bold},
+      {0, 0, 0, kFirstBold - 1, framed},
+      {0, 0, kFirstBold, kLastBold, bold},
       {0, 0, kLastBold + 1, kBoldAgain - 1, framed},
       {0, 0, kBoldAgain, kLastColumn, bold},
       {1, kLastFramedRow, 0, kLastColumn, framed},

@@ -76,8 +76,7 @@ void BandRows(StatGrid& grid, Colour first, Colour second) { grid.SetRowBands(fi
 
 void SortOnDoubleClick(Browser& browser, BrowserGrid& grid, int column) {
   if (column < 0 || column >= grid.grid.columns()) return;
-  const KeyState control = browser.platform.keyboard.Query(Key::Control);
-  if (!control.down && !control.pressedSinceLastQuery) return;
+  if (!browser.platform.keyboard.ControlHeld()) return;
   BrowserState& state = browser.state;
   constexpr std::uint8_t kAscending = 1;
   constexpr std::uint8_t kDescending = 2;

@@ -58,6 +58,9 @@ class History {
   // Ends the merging of gestures of one kind, see Gesture.
   void Seal() { mergeKey_.clear(); }
 
+  // The newest step is still open for gestures with this merge key.
+  [[nodiscard]] bool Merges(std::string_view key) const { return !key.empty() && mergeKey_ == key; }
+
   // The newest gesture went on with the one before it.
   [[nodiscard]] bool merged() const { return merged_; }
 

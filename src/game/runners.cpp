@@ -13,7 +13,7 @@ void ClickPiece(Board& board, int piece) {
   const std::string& tag = state.pieces.at(piece).tag.value();
   if (tag.empty()) return;
   state.LastRunnerClicked = tag;
-  if (!board.platform.keyboard.FreshlyDown(Key::Control)) return;
+  if (!board.platform.keyboard.ControlHeld()) return;
   RecordStolenBase(board, piece);
 }
 

@@ -5,7 +5,7 @@
 
 namespace dtb {
 
-// A click on a game piece, 0 to 3: notes the runner; with Ctrl freshly pressed his stolen base is
+// A click on a game piece, 0 to 3: notes the runner; with Ctrl held his stolen base is
 // recorded. A piece that bears no name does nothing.
 void ClickPiece(Board& board, int piece);
 

@@ -78,27 +78,15 @@ class Pictures {
   [[nodiscard]] virtual std::optional<Picture> Recognise(const std::filesystem::path& file) = 0;
 };
 
-enum class Key { Control, F12 };
-
-struct KeyState {
-  bool down = false;
-  bool pressedSinceLastQuery = false;
-  friend bool operator==(const KeyState&, const KeyState&) = default;
-};
-
+// The keys that gestures of the mouse and of the board go with.
 class Keyboard {
  public:
   virtual ~Keyboard() = default;
-  // Tells the key's state and forgets that it was pressed.
-  virtual KeyState Query(Key key) = 0;
-  // Tells the key's state and forgets nothing: for what looks at the keys again and again.
-  [[nodiscard]] virtual KeyState Peek(Key key) = 0;
-  // The test of all Ctrl + click gestures: down now and pressed since the last query. So one press
-  // of Ctrl serves one click.
-  [[nodiscard]] bool FreshlyDown(Key key) {
-    const KeyState state = Query(key);
-    return state.down && state.pressedSinceLastQuery;
-  }
+  // Ctrl is down now: the test of all gestures with Ctrl. It tells of no earlier press.
+  [[nodiscard]] virtual bool ControlHeld() = 0;
+  // How often Ctrl and F12 came to be down together since the last call, however short the press;
+  // holding them counts once.
+  virtual int TakeControlF12() = 0;
 };
 
 class SettingsStore {
@@ -194,6 +182,8 @@ class Clock {
   virtual ~Clock() = default;
   // Date and time where the computer stands.
   [[nodiscard]] virtual LocalTime Now() = 0;
+  // The same in the form in which the person's system writes date and time, with seconds.
+  [[nodiscard]] virtual std::string NowText() = 0;
 };
 
 class Database;

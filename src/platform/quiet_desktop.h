@@ -44,7 +44,8 @@ struct QuietDesktop : MessageBoxes,
   std::optional<Picture> Recognise(const std::filesystem::path& /*file*/) override {
     return std::nullopt;
   }
-  KeyState Query(Key /*key*/) override { return {}; }
+  bool ControlHeld() override { return false; }
+  int TakeControlF12() override { return 0; }
   std::string Read(const std::string& /*section*/, const std::string& /*key*/,
                    const std::string& missing) override {
     return missing;
@@ -52,7 +53,6 @@ struct QuietDesktop : MessageBoxes,
   void Write(const std::string& /*section*/, const std::string& /*key*/,
              const std::string& /*value*/) override {}
   void Open(const std::string& /*addressOrFile*/) override {}
-  KeyState Peek(Key /*key*/) override { return {}; }
   bool OpenSystemInformation() override { return false; }
   bool Installed() override { return true; }
   bool OpenWorkbook(const std::filesystem::path& /*file*/) override { return true; }
@@ -62,6 +62,7 @@ struct QuietDesktop : MessageBoxes,
   void StopLoop() override {}
   void Silence() override {}
   LocalTime Now() override { return {}; }
+  std::string NowText() override { return {}; }
   void Run(const Statement& /*query*/, StatGrid& /*result*/) override {}
   std::vector<std::string> Delete(const std::vector<Statement>& /*statements*/) override {
     return {};

@@ -66,6 +66,7 @@ Target TargetAtIndex(QAbstractItemView* view, const QModelIndex& index) {
 }  // namespace
 
 QWidget* FrontWindow() {
+  if (MessageBox* box = MessageBox::Open(); box && box->isWindow()) return box;
   if (QWidget* popup = QApplication::activePopupWidget()) return popup;
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
   for (QWidget* window : QApplication::topLevelWidgets()) {

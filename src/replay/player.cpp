@@ -293,6 +293,8 @@ void Player::Perform(const QString& gesture) {
     table_.dialogs.answers += std::nullopt;
   } else if (verb == "CLOSE" && front) {
     front->windowHandle()->close();
+  } else if (verb == "MAXIMISE" && front) {
+    front->showMaximized();
   } else if (verb == "TICK") {
     for (int period = Number(gesture, 1); period > 0; --period) {
       for (auto* timer : table_.desk.form1().findChildren<QTimer*>(QRegularExpression("^tmr"))) {

@@ -122,7 +122,7 @@ void WriteGameReport(Board& board) {
     if (sheet.Command2_enabled.value()) {
       for (const Side side : {Side::Visitors, Side::Home}) SettleForReport(board, side);
     }
-    sheet.tb_TimeStamp.Set(ReadableStamp(board.platform.clock.Now()));
+    sheet.tb_TimeStamp.Set(ReadableStamp(board.platform.clock.NowText()));
     const auto file = AskForFile(board);
     if (!file) return;
     WritePage(sheet,

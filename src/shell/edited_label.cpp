@@ -6,7 +6,7 @@
 namespace dtb {
 
 bool BeginEdit(Platform& platform, const EditedLabel& fields) {
-  if (!platform.keyboard.FreshlyDown(Key::Control) || fields.editing.value()) return false;
+  if (!platform.keyboard.ControlHeld() || fields.editing.value()) return false;
   fields.edit.Set(fields.label.value());
   fields.editing.Set(true);
   return true;
@@ -20,5 +20,7 @@ void SaveEdit(Platform& platform, const EditedLabel& fields) {
   Trapped(platform.boxes,
           [&] { platform.settings.Write(settings::kLabels, fields.key, fields.label.value()); });
 }
+
+void CancelEdit(const EditedLabel& fields) { fields.editing.Set(false); }
 
 }  // namespace dtb

@@ -15,11 +15,14 @@ struct EditedLabel {
   std::string key;           // of the settings
 };
 
-// A click on the label: with Ctrl freshly pressed its editor opens, and the result is true.
+// A click on the label: with Ctrl held its editor opens, and the result is true.
 bool BeginEdit(Platform& platform, const EditedLabel& fields);
 
 // The editor's text is taken over and stored for the next runs. A store that cannot be written is
 // told; the text holds for this run then.
 void SaveEdit(Platform& platform, const EditedLabel& fields);
+
+// The editor closes, and the text stays as it was.
+void CancelEdit(const EditedLabel& fields);
 
 }  // namespace dtb

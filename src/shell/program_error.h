@@ -39,19 +39,27 @@ inline constexpr int kNoComponent = 429;  // a program that the work needs is no
 // Shows the box "Program Error" for an error.
 void ReportError(MessageBoxes& boxes, int number, const std::string& description);
 
-// Runs one whole operation. An error that leaves it is shown in the box "Program Error" and goes no
-// further.
-template <class Operation>
-void Trapped(MessageBoxes& boxes, Operation&& operation) {
+// Runs one whole operation. An error that leaves it is given to `report` as a number and a
+// description, and goes no further.
+template <class Operation, class Report>
+void TrappedBy(Report&& report, Operation&& operation) {
   try {
     operation();
   } catch (const ProgramError& error) {
-    ReportError(boxes, error.number(), error.what());
+    report(error.number(), std::string(error.what()));
   } catch (const std::bad_alloc&) {
-    ReportError(boxes, error_number::kOutOfMemory, "Out of memory");
+    report(error_number::kOutOfMemory, std::string("Out of memory"));
   } catch (const std::exception& error) {
-    ReportError(boxes, error_number::kInternal, error.what());
+    report(error_number::kInternal, std::string(error.what()));
   }
+}
+
+// The same, with the box "Program Error" for the report.
+template <class Operation>
+void Trapped(MessageBoxes& boxes, Operation&& operation) {
+  TrappedBy([&boxes](int number,
+                     const std::string& description) { ReportError(boxes, number, description); },
+            operation);
 }
 
 }  // namespace dtb

@@ -1,5 +1,8 @@
 #include "shell/time_stamp.h"
 
+#include <algorithm>
+#include <array>
+
 namespace dtb {
 namespace {
 
@@ -18,12 +21,26 @@ std::string MakeStamp(const LocalTime& time) {
   return stamp;
 }
 
-std::string ReadableStamp(const LocalTime& time) {
-  constexpr int kNoon = 12;
-  const int hour = time.hour % kNoon == 0 ? kNoon : time.hour % kNoon;
-  return std::to_string(time.month) + std::to_string(time.day) + std::to_string(time.year) + '_' +
-         std::to_string(hour) + TwoDigits(time.minute) + TwoDigits(time.second) +
-         (time.hour < kNoon ? "_AM" : "_PM");
+std::string ReadableStamp(std::string_view text) {
+  // Blanks that do not break a line stand before AM and PM in some systems.
+  constexpr std::array<std::string_view, 5> kBlanks{" ", "\t", "\xC2\xA0", "\xE2\x80\xAF",
+                                                    "\xE2\x80\x89"};
+  constexpr std::string_view kNotInFileNames = R"(:/\*?"<>|)";
+  std::string stamp;
+  while (!text.empty()) {
+    const auto* blank = std::ranges::find_if(
+        kBlanks, [&](std::string_view candidate) { return text.starts_with(candidate); });
+    if (blank != kBlanks.end()) {
+      stamp += '_';
+      text.remove_prefix(blank->size());
+      continue;
+    }
+    const char letter = text.front();
+    const bool control = static_cast<unsigned char>(letter) < ' ';
+    if (!control && kNotInFileNames.find(letter) == kNotInFileNames.npos) stamp += letter;
+    text.remove_prefix(1);
+  }
+  return stamp;
 }
 
 }  // namespace dtb

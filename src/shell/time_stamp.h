@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "platform/platform.h"
 
@@ -10,8 +11,8 @@ namespace dtb {
 // "MMDDYYHHmmss", of 24 hours: the month leads.
 [[nodiscard]] std::string MakeStamp(const LocalTime& time);
 
-// "11/24/2026 8:05:31 PM", as people of this field are used to it, with what file names do not take
-// left out and blanks as "_": "11242026_80531_PM".
-[[nodiscard]] std::string ReadableStamp(const LocalTime& time);
+// A date and time in the form of the person's system, with what file names do not take left out and
+// blanks as "_": "11/24/2026 8:05:31 PM" gives "11242026_80531_PM".
+[[nodiscard]] std::string ReadableStamp(std::string_view text);
 
 }  // namespace dtb

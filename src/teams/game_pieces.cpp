@@ -25,12 +25,28 @@ constexpr double kLeastWidth = 12;
 constexpr double kBigFactor = 1.1;
 constexpr double kSmallFactor = 0.9;
 
+// Moves a piece no further than needed for a strip of it to show.
+void KeepInReach(const BoardState& state, GamePiece& piece) {
+  const double width = state.pieceWidth.value();
+  const double height = state.pieceHeight.value();
+  const double strip = std::min(kStrip, width);
+  piece.left.Set(std::clamp(piece.left.value(), strip - width, kSceneWidth - strip));
+  piece.top.Set(std::clamp(piece.top.value(), strip - height, kGroundLine));
+}
+
 void ScalePieces(BoardState& state, double factor) {
   const double width = state.pieceWidth.value() * factor;
   const double height = state.pieceHeight.value() * factor;
   if (width < kLeastWidth || height > kSceneHeight) return;
   state.pieceWidth.Set(width);
   state.pieceHeight.Set(height);
+  for (GamePiece& piece : state.pieces) KeepInReach(state, piece);
+}
+
+double StartLeft(int piece) { return kStartLeft.at(static_cast<std::size_t>(piece)) * kSceneWidth; }
+
+double StartTop(const BoardState& state) {
+  return kSceneHeight - kStartHeights * state.pieceHeight.value();
 }
 
 // A step's name for what happens to a piece.
@@ -107,10 +123,9 @@ void ResetGamePieces(Board& board) {
 void MovePiece(Board& board, int piece, double middleX, double middleY) {
   const Gesture gesture(board, NameOf(board, piece), "move of piece " + std::to_string(piece));
   GamePiece& moved = board.state.pieces.at(piece);
-  const double width = board.state.pieceWidth.value();
-  const double height = board.state.pieceHeight.value();
-  moved.left.Set(std::clamp(middleX - width / 2, kStrip - width, kSceneWidth - kStrip));
-  moved.top.Set(std::clamp(middleY - height / 2, kStrip - height, kGroundLine));
+  moved.left.Set(middleX - board.state.pieceWidth.value() / 2);
+  moved.top.Set(middleY - board.state.pieceHeight.value() / 2);
+  KeepInReach(board.state, moved);
 }
 
 void EnlargePieces(Board& board) {
@@ -130,9 +145,14 @@ void ShrinkPieces(Board& board) {
 
 void PlacePiecesAtStart(BoardState& state) {
   for (std::size_t i = 0; i < state.pieces.size(); ++i) {
-    state.pieces[i].left.Set(kStartLeft.at(i) * kSceneWidth);
-    state.pieces[i].top.Set(kSceneHeight - kStartHeights * state.pieceHeight.value());
+    state.pieces[i].left.Set(StartLeft(static_cast<int>(i)));
+    state.pieces[i].top.Set(StartTop(state));
   }
+}
+
+bool StandsAtStart(const BoardState& state, int piece) {
+  const GamePiece& stands = state.pieces.at(static_cast<std::size_t>(piece));
+  return stands.left.value() == StartLeft(piece) && stands.top.value() == StartTop(state);
 }
 
 }  // namespace dtb

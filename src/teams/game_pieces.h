@@ -40,5 +40,7 @@ void ShrinkPieces(Board& board);
 
 // Start places of all pieces, worked out from their size.
 void PlacePiecesAtStart(BoardState& state);
+// A piece, 0 to 3, stands on its start place.
+[[nodiscard]] bool StandsAtStart(const BoardState& state, int piece);
 
 }  // namespace dtb

@@ -43,11 +43,8 @@ struct FakePlatform final : QuietDesktop {
   std::optional<Picture> Recognise(const std::filesystem::path& file) override {
     return Load(file);
   }
-  KeyState Query(Key key) override {
-    KeyState& state = key == Key::F12 ? f12 : control;
-    return std::exchange(state, {state.down, false});
-  }
-  KeyState Peek(Key key) override { return key == Key::F12 ? f12 : control; }
+  bool ControlHeld() override { return control; }
+  int TakeControlF12() override { return std::exchange(controlF12, 0); }
   std::string Read(const std::string& section, const std::string& key,
                    const std::string& missing) override {
     return settings.emplace(section + "/" + key, missing).first->second;
@@ -81,7 +78,8 @@ struct FakePlatform final : QuietDesktop {
   std::function<void()> whileOpen;              // runs while a box is open
   std::optional<std::filesystem::path> chosen;  // in the file dialog; none: cancelled
   std::set<std::string> photos;                 // paths of the pictures that exist
-  KeyState control, f12;
+  bool control = false;
+  int controlF12 = 0;
   std::vector<double> draws;  // the generator goes round them
   std::size_t drawn = 0;
   int reseeds = 0;
@@ -156,7 +154,7 @@ struct Game {
       fields.grid.SetText(row, column, word.substr(word.find('=') + 1));
     }
     if (verb == "photo") fake.photos.insert("/" + argument + ".jpg");
-    if (verb == "ctrl") fake.control = {argument != "up", argument != "held"};
+    if (verb == "ctrl") fake.control = argument == "held";
     if (verb == "unload") fields.list.Clear();
     if (verb == "unpitch") fields.pitcher.Set("");
     if (verb == "unbat") state.lbl_Selected.Set("");

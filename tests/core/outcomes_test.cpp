@@ -73,7 +73,7 @@ TEST(Outcomes, AreDeadWithoutTeamsAndRefusedWithoutPitchersOrBatter) {
       "left: Both pitchers must be selected first. 'AT BAT' button must be selected. Then first "
       "batter must be selected.";
   for (std::string label : kLabels) {
-    if (label == "AB") label = "ctrl:fresh click:p0";
+    if (label == "AB") label = "ctrl:held click:p0 ctrl:up";
     for (const std::string lack : {"unload:v", "unload:h", "unpitch:v", "unpitch:h", "unbat:v"}) {
       Check("log counters score told",
             lack + " " + label + " => - / 0:0 / 0:0 / " + (lack[2] == 'l' ? "-" : warning));

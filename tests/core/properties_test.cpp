@@ -12,7 +12,7 @@ RC_GTEST_PROP(EveryGame, KeepsItsBooksAndGoesOnFromAMementoAsItDid, ()) {
   // A player makes them in any order, outcomes most often.
   std::istringstream words(R"(
     atbat:v atbat:h reset: edit:v rewrite:vA=y rewrite:hBartholomew=y rewrite:h= show:v2 show:h9
-    free:p0 plate:p1 photo:B ctrl:fresh click:p0 click:p1 drag:v1 drop:v7 dropshift:v10 up:v down:h
+    free:p0 plate:p1 photo:B ctrl:held ctrl:up click:p0 click:p1 drag:v1 drop:v7 dropshift:v10 up:v down:h
     focus:v9 pitch:v9 pitch:v10 pitch:v11 pitch:h0 pitch:h1 pitch:h9 bat:v0 bat:v1 bat:v2 bat:v3
     bat:v8 bat:v9 bat:v11 bat:h0 bat:h1 bat:h2 bat:h3 bat:h8 bat:h9 bat:h11)");
   Gestures all{std::istream_iterator<std::string>(words), {}};
@@ -22,7 +22,7 @@ RC_GTEST_PROP(EveryGame, KeepsItsBooksAndGoesOnFromAMementoAsItDid, ()) {
   game.Do(*rc::gen::element<std::string>("MASTER:0", "MASTER:15", "MASTER:108"));
   for (const std::string& gesture : gestures) {
     const GameMemento before = Remember(game.board);
-    const KeyState control = game.fake.control;
+    const bool control = game.fake.control;
     game.Do(gesture);
     const GameMemento after = Remember(game.board);
     const std::string told = game.Look("told");

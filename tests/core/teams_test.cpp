@@ -1,4 +1,6 @@
 // Team files, line-ups and their editing, game pieces and photos.
+#include <random>
+
 #include "fake_platform.h"
 #include "teams/photo_folder.h"
 
@@ -114,13 +116,13 @@ photo:A reset: bat:v0 bat:v0 bat:v0 bat:v0 free:p2 bat:v1 => A:#* A:#* :* A:#* /
 TEST(Pieces, GiveStolenBasesToTheNameOnThem) {
   Check("counters log told", R"(
 click:p0 => 0:0 / - / -
-ctrl:held click:p0 => 0:0 / - / -
 ctrl:up click:p0 => 0:0 / - / -
-ctrl:fresh click:p3 => 0:0 / - / -
-ctrl:fresh click:p0 click:p0 => A SB=1, 0:0 / A_____SB; / Stat Recorded.
-1B plate:p1 ctrl:fresh click:p1 => A 1B=1, A AB=1, B SB=1, l H=1, 1:0 / A=x_____1B;B_____SB;
+ctrl:held click:p3 => 0:0 / - / -
+ctrl:held click:p0 click:p0 ctrl:up click:p0 => A SB=2, 0:0 / A_____SB;A_____SB;
+  / Stat Recorded. | Stat Recorded.
+1B plate:p1 ctrl:held click:p1 => A 1B=1, A AB=1, B SB=1, l H=1, 1:0 / A=x_____1B;B_____SB;
   / HIT recorded. | Stat Recorded.
-OUT:3 bat:h0 ctrl:fresh click:p0 => 0:0 / A_____SB; / -
+OUT:3 bat:h0 ctrl:held click:p0 => 0:0 / A_____SB; / -
 )");
 }
 
@@ -133,10 +135,40 @@ TEST(Pieces, ShrinkToTheGroundLineAndStayWithinReach) {
   ShrinkPieces(game.board);
   for (const GamePiece& piece : game.state.pieces) EXPECT_NEAR(piece.top.value(), 830.09, 1e-9);
   EXPECT_DOUBLE_EQ(game.state.pieces[2].left.value(), 500 - 90 * 0.99 / 2);
-  for (int i = 0; i < 100; ++i) ShrinkPieces(game.board);
-  MovePiece(game.board, 3, -5000, -5000);
-  EXPECT_GE(game.state.pieceWidth.value(), 12);
-  EXPECT_GT(game.state.pieces[3].left.value() + game.state.pieceWidth.value(), 0);
+}
+
+// Whatever is done to the pieces, in whatever order, a strip of each stays on the scene.
+TEST(Pieces, AreNeverOutOfReach) {
+  Game game;
+  std::mt19937 random(5);
+  const auto below = [&](int limit) {
+    return static_cast<int>(random() % static_cast<unsigned>(limit));
+  };
+  for (int step = 0; step < 3000; ++step) {
+    const int operation = below(12);
+    // In runs, so that the sizes reach their ends.
+    for (int times = below(20); times >= 0; --times) {
+      if (operation < 4) MovePiece(game.board, below(4), below(9000) - 4000, below(9000) - 4000);
+      if (operation == 4 || operation == 5) EnlargePieces(game.board);
+      if (operation == 6 || operation == 7) ShrinkPieces(game.board);
+      if (operation == 8) ResetGamePieces(game.board);
+      if (operation == 9 || operation == 10) game.board.history->Undo(game.board);
+      if (operation == 11) game.board.history->Redo(game.board);
+    }
+    const double width = game.state.pieceWidth.value();
+    const double height = game.state.pieceHeight.value();
+    ASSERT_TRUE(width >= 12 && height <= kSceneHeight);
+    for (const GamePiece& piece : game.state.pieces) {
+      const double left = piece.left.value();
+      const double top = piece.top.value();
+      const double across = std::min(left + width, kSceneWidth) - std::max(left, 0.0);
+      const double down = std::min(top + height, kSceneHeight) - std::max(top, 0.0);
+      ASSERT_GE(across, std::min(width, 24.0) - 1e-6)
+          << "operation " << operation << ", step " << step;
+      ASSERT_GE(down, std::min(width, 23.5) - 1e-6)
+          << "operation " << operation << ", step " << step;
+    }
+  }
 }
 
 TEST(Photos, ComeFromTheFolderOfThePlayer) {
@@ -144,7 +176,7 @@ TEST(Photos, ComeFromTheFolderOfThePlayer) {
   game.fake.photos = {"/new/l.jpg"};
   for (const std::string folder : {"/without Ctrl", "/new", "/newer"}) {
     const bool shown = folder.starts_with("/new");
-    game.fake.control = {true, shown};
+    game.fake.control = shown;
     game.fake.settingsFail = folder == "/newer";
     BeginEdit(game.fake.ports, PhotoFolder(game.state));
     game.state.Text1.Set(folder);

@@ -37,7 +37,7 @@ struct TestDesk final : QuietDesktop {
     told.push_back(question.text);
     return yes;
   }
-  KeyState Query(Key /*key*/) override { return {control, false}; }
+  bool ControlHeld() override { return control; }
   std::string Read(const std::string& section, const std::string& key,
                    const std::string& missing) override {
     const auto found = settings.find(section + "/" + key);
@@ -48,6 +48,7 @@ struct TestDesk final : QuietDesktop {
     settings[section + "/" + key] = value;
   }
   LocalTime Now() override { return time; }
+  std::string NowText() override { return timeText; }
   std::optional<std::filesystem::path> SaveFile(const SaveFileRequest& request) override {
     proposed = request.fileName;
     return chosen;
@@ -63,6 +64,7 @@ struct TestDesk final : QuietDesktop {
   std::vector<std::string> told;  // boxes and questions in order
   bool yes = true;                // to every question
   bool control = false;
+  std::string timeText = "11/18/2026 10:44:13 AM";
   std::map<std::string, std::string> settings;
   LocalTime time{2026, 11, 18, 10, 44, 13};
   std::string proposed;                         // name of the file to be saved

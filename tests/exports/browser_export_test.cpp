@@ -98,8 +98,8 @@ TEST_F(ExportTest, FormatEndsWhereItEnds) {
   for (const auto& [address, look] : looks) cells[address.substr(address.find('!') + 1)] = look;
   const std::string framed = "thin:99CCFF fill:FEFEFE";
   for (const auto& [columns, look] :
-       std::map<std::string, std::string>{{"A1 R1 U1 AQ1", "bold " + framed},
-                                          {"S1 T1 A45 AQ45", framed},
+       std::map<std::string, std::string>{{"B1 R1 U1 AQ1", "bold " + framed},
+                                          {"A1 S1 T1 A45 AQ45", framed},
                                           {"A46 AQ46 A2500 AQ2500", "hair:99CCFF"},
                                           {"AR1 AR45 A2501", ""}}) {
     std::istringstream words(columns);

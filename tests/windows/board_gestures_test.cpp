@@ -1,5 +1,8 @@
+#include <QAbstractButton>
 #include <QLineEdit>
 
+#include "game/history.h"
+#include "windows/shared/look.h"
 #include "windows/window_test.h"
 
 namespace dtb {
@@ -66,20 +69,26 @@ TEST_F(BoardGesturesTest, RowIsRewrittenByADoubleClick) {
   EXPECT_EQ(field->text(), QString());
 }
 
-// One press of Ctrl serves one runner; held on, the next click is a plain click.
-TEST_F(BoardGesturesTest, CtrlClickRecordsOneStolenBase) {
+// A double steal is two clicks while Ctrl is held.
+TEST_F(BoardGesturesTest, CtrlClicksRecordStolenBasesAsLongAsItIsHeld) {
   StartGame();
-  auto* piece = Find("pb_Player1");
-  const auto stolen = [&] { return board().sheet.grd_VisStats.Text(1, stat_column::kStolenBases); };
-  Click(piece);
-  EXPECT_EQ(stolen(), "");
+  board().state.List1.Select(1);
+  const auto stolen = [&] {
+    const StatGrid& grid = board().sheet.grd_VisStats;
+    return std::string(grid.Text(1, stat_column::kStolenBases)) + "," +
+           std::string(grid.Text(2, stat_column::kStolenBases));
+  };
+  Click(Find("pb_Player1"));
+  EXPECT_EQ(stolen(), ",");
   QTest::keyPress(form1().windowHandle(), Qt::Key_Control);
-  WhileWaiting([&] { Press(&form1(), Qt::Key_Return); });
-  Click(piece, Qt::ControlModifier);
-  EXPECT_EQ(stolen(), "1");
-  Click(piece, Qt::ControlModifier);
-  EXPECT_EQ(stolen(), "1");
+  for (const char* runner : {"pb_Player1", "pb_Player2"}) {
+    WhileWaiting([&] { Press(&form1(), Qt::Key_Return); });
+    Click(Find(runner), Qt::ControlModifier);
+  }
+  EXPECT_EQ(stolen(), "1,1");
   QTest::keyRelease(form1().windowHandle(), Qt::Key_Control);
+  Click(Find("pb_Player1"));
+  EXPECT_EQ(stolen(), "1,1");
 }
 
 TEST_F(BoardGesturesTest, PieceFollowsThePointerAndStaysThere) {
@@ -99,6 +108,149 @@ TEST_F(BoardGesturesTest, PieceFollowsThePointerAndStaysThere) {
   QCoreApplication::processEvents();
   EXPECT_EQ(board().state.pieces.at(0).left.value(), moved);
   EXPECT_EQ(board().state.pieces.at(0).tag.value(), "Ants 1");
+}
+
+// A press on a control stays that control's, however far the pointer slides; a panel moves with a
+// press on its own ground.
+TEST_F(BoardGesturesTest, PanelsMoveOnlyWithAPressOfTheirOwn) {
+  StartGame();
+  board().state.pb_BaseTracker_visible.Set(true);
+  desk_->aids().Check4.Set(true);
+  desk_->aids().fra_BBgumBB_visible.Set(true);
+  QCoreApplication::processEvents();
+  QWindow* window = form1().windowHandle();
+  const auto slide = [&](QPoint from, QPoint to, Qt::KeyboardModifiers held, Qt::MouseButton with) {
+    QTest::mousePress(window, with, held, from);
+    for (const QPoint& place : {from, (from + to) / 2, to}) {
+      QTest::mouseEvent(QTest::MouseMove, window, Qt::NoButton, held, place);
+    }
+    QTest::mouseRelease(window, with, held, to);
+  };
+  const QPoint park(form1().width() / 2, form1().height() * 6 / 10);
+  struct Row {
+    const char* name;
+    Qt::KeyboardModifiers held;
+  };
+  for (const Row& row : {Row{"Frame3", {}},
+                         {"pb_Res", Qt::ControlModifier},
+                         {"fra_SOMBBdice", Qt::ControlModifier},
+                         {"fra_BBgumBB", {}},
+                         {"pb_BaseTracker", Qt::ControlModifier}}) {
+    auto* panel = Find(row.name);
+    const QPoint before = panel->pos();
+    int controls = 0;
+    for (auto* control : panel->findChildren<QWidget*>()) {
+      const bool takesPress = qobject_cast<QAbstractButton*>(control) != nullptr ||
+                              qobject_cast<QLineEdit*>(control) != nullptr;
+      if (!takesPress || !control->isVisible()) continue;
+      ++controls;
+      for (const auto with : {Qt::LeftButton, Qt::RightButton}) {
+        slide(control->mapTo(&form1(), control->rect().center()), park, row.held, with);
+      }
+      ASSERT_EQ(panel->pos(), before) << row.name << ", " << FromQt(control->objectName());
+    }
+    EXPECT_GT(controls, 0) << row.name;
+    const QPoint corner = panel->mapTo(&form1(), QPoint(4, 4));
+    QTest::mouseClick(window, Qt::LeftButton, row.held, corner);
+    EXPECT_EQ(panel->pos(), before) << row.name << ": a press alone moves nothing";
+    slide(corner, corner + QPoint(90, 90), row.held, Qt::RightButton);
+    EXPECT_EQ(panel->pos(), before) << row.name;
+    slide(corner, corner + QPoint(90, 90), row.held, Qt::LeftButton);
+    EXPECT_NE(panel->pos(), before) << row.name;
+  }
+  EXPECT_EQ(MessageBox::Open(), nullptr);
+}
+
+TEST_F(BoardGesturesTest, LabelsShowAPressOfAnyButtonAndRestAfterIt) {
+  QWindow* window = form1().windowHandle();
+  for (const char* name : {"lbl_Single", "lbl_chrt2"}) {
+    auto* label = Find(name);
+    const QPoint place = label->mapTo(&form1(), label->rect().center());
+    const auto colour = [&](int x, int y) { return label->grab().toImage().pixelColor(x, y); };
+    const auto ground = [&] { return colour(label->width() / 4, label->height() / 4); };
+    QTest::mouseMove(window, QPoint(form1().width() / 2, form1().height() - 20));
+    const QColor rest = ground();
+    QTest::mouseMove(window, place);
+    const QColor lit = ground();
+    EXPECT_NE(lit, rest) << name;
+    for (const auto button : {Qt::RightButton, Qt::MiddleButton}) {
+      QTest::mousePress(window, button, {}, place);
+      EXPECT_EQ(colour(label->width() / 2, 1), look::kCream) << name;
+      QTest::mouseRelease(window, button, {}, place);
+      EXPECT_NE(colour(label->width() / 2, 1), look::kCream) << name;
+    }
+    const bool chart = QByteArray(name) == "lbl_chrt2";
+    EXPECT_EQ(ground(), chart ? rest : lit) << name;
+    QTest::mouseMove(window, place + QPoint(2, 2));
+    EXPECT_EQ(ground(), lit) << name;
+  }
+}
+
+// Esc leaves each text field; what was typed in this visit is taken back with all that it did.
+class EscapeTest : public BoardGesturesTest {
+ protected:
+  EscapeTest() { setup_.recovery = false; }  // so that hundreds of letters wait for no disk
+};
+
+TEST_F(EscapeTest, LeavesEveryTextFieldAsItWas) {
+  StartGame();
+  board().state.fra_Options_visible.Set(true);
+  board().state.cb_Xinnings.Set(true);
+  board().state.Check1.Set(true);
+  board().state.Check2.Set(true);
+  QTest::keyPress(form1().windowHandle(), Qt::Key_Control);
+  Click(Find("lbl_chrt3"), Qt::ControlModifier);
+  Click(Find("lbl_PhotoPath"), Qt::ControlModifier);
+  QTest::keyRelease(form1().windowHandle(), Qt::Key_Control);
+  const auto leave = [&](QWidget* window, QLineEdit* field) {
+    SCOPED_TRACE(FromQt(field->objectName()));
+    const QString text = field->text();
+    for (const char* typed : {"", "4", "12"}) {
+      field->setFocus(Qt::TabFocusReason);
+      const std::string game = GameText(board());
+      Type(window, typed);
+      Press(window, Qt::Key_Escape);
+      EXPECT_FALSE(field->hasFocus());
+      EXPECT_EQ(field->text(), text) << typed;
+      EXPECT_TRUE(GameText(board()) == game) << typed;
+      if (!field->isVisible()) return;  // the editor of a name
+    }
+  };
+  // What is no number may be refused in a box.
+  QTimer closer;
+  QObject::connect(&closer, &QTimer::timeout, [] {
+    if (MessageBox* box = MessageBox::Open()) {
+      QTest::keyClick(box->window()->windowHandle(), Qt::Key_Return);
+    }
+  });
+  closer.start(0);
+  int fields = 0;
+  for (auto* field : form1().findChildren<QLineEdit*>()) {
+    if (field->window() != &form1() || !field->isVisible()) continue;
+    leave(&form1(), field);
+    ++fields;
+  }
+  EXPECT_EQ(fields, 2 * 23 + 2 + 2 + 2 + 2);  // scores, teams, outs, new entries, edited names
+  closer.stop();
+  EXPECT_FALSE(Find("tb_chrt3")->isVisible() || Find("Text1")->isVisible());
+  EXPECT_EQ(desk_->aids().lbl_chrt[2].value() + board().state.lbl_PhotoPath.value(), "");
+  WhileWaiting([&] {
+    auto* sheet = Find<Form2>("Form2");
+    leave(sheet, sheet->findChild<QLineEdit*>(QStringLiteral("tb_Comments")));
+    EXPECT_TRUE(sheet->isVisible());
+    sheet->close();
+  });
+  Click(Find("lbl_STATS"));
+  // A gesture made from within the visit is no part of it.
+  board().state.cb_Xinnings.Set(false);
+  auto* cell = Find<QLineEdit>("tb_BoxScore[3]");
+  Click(cell);
+  Type(&form1(), "3");
+  WhileWaiting([&] { Press(&form1(), Qt::Key_Return); });
+  Click(Find("lbl_BB"));
+  Press(&form1(), Qt::Key_Escape);
+  EXPECT_EQ(cell->text(), QStringLiteral("3"));
+  EXPECT_EQ(board().sheet.grd_VisStats.Text(1, stat_column::kWalks), "1");
 }
 
 TEST_F(BoardGesturesTest, ScorePadWorksOnTheCellThatHadTheFocus) {

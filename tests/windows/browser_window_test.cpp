@@ -102,6 +102,40 @@ TEST_F(BrowserWindowTest, SearchesAndSorts) {
   });
 }
 
+// Esc empties a search box, then leaves it, and only then closes the browser; and a press of Ctrl
+// that is over sorts nothing.
+TEST_F(BrowserWindowTest, EscapeEmptiesAndLeavesTextFields) {
+  MakeDatabase();
+  Open([this] {
+    int boxes = 0;
+    for (int tab = 0; tab < Part<QTabWidget>("SSTab1")->count(); ++tab) {
+      GoTo(tab);
+      for (auto* box : form().findChildren<QLineEdit*>()) {
+        if (!box->isVisible()) continue;
+        ++boxes;
+        box->setFocus(Qt::TabFocusReason);
+        Type(&form(), "11");
+        Press(&form(), Qt::Key_Escape);
+        EXPECT_EQ(box->text(), QString()) << FromQt(box->objectName());
+        EXPECT_TRUE(box->hasFocus()) << FromQt(box->objectName());
+        Press(&form(), Qt::Key_Escape);
+        EXPECT_FALSE(box->hasFocus()) << FromQt(box->objectName());
+        ASSERT_TRUE(form().isVisible()) << FromQt(box->objectName());
+      }
+    }
+    EXPECT_EQ(boxes, 1 + 3 + 3 + 2 + 2 + 1);
+    GoTo(browser_tab::kAggregateBatting);
+    const QString first = Cell("MSHFlexGrid4", 1, 1);
+    Part("Text6")->setFocus();
+    Press(&form(), Qt::Key_A, Qt::ControlModifier);
+    constexpr int kHits = 5;
+    DoubleClickCell("MSHFlexGrid4", kHits - 1, {});
+    EXPECT_EQ(Cell("MSHFlexGrid4", 1, 1), first);
+    Part<QTabWidget>("SSTab1")->setFocus();
+    CloseForm();
+  });
+}
+
 TEST_F(BrowserWindowTest, ClickOnGameShowsItsBoxScore) {
   MakeDatabase();
   Open([this] {

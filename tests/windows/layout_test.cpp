@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
+#include "teams/game_pieces.h"
 #include "windows/window_test.h"
 
 namespace dtb {
@@ -74,6 +75,79 @@ TEST_F(LayoutTest, PanelsDoNotCoverEachOther) {
     EXPECT_GE(Find(hit)->width() * kSceneWidth / form1().width(), 44) << hit;
     EXPECT_GE(Find(hit)->height() * kSceneWidth / form1().width(), 32) << hit;
   }
+}
+
+// Counts the work that the toolkit does for the windows.
+class WorkCounter : public QObject {
+ public:
+  WorkCounter() { qApp->installEventFilter(this); }
+  int resizes = 0;
+  int layouts = 0;
+  int paints = 0;
+  [[nodiscard]] int all() const { return resizes + layouts + paints; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (!watched->isWidgetType()) return false;
+    resizes += event->type() == QEvent::Resize ? 1 : 0;
+    layouts += event->type() == QEvent::LayoutRequest ? 1 : 0;
+    paints += event->type() == QEvent::Paint || event->type() == QEvent::UpdateRequest ? 1 : 0;
+    return false;
+  }
+};
+
+// At every size, also of a board whose proportions are not held, the layout comes to rest at once,
+// and an idle board does nothing.
+TEST_F(LayoutTest, LayoutSettlesAtEveryHeight) {
+  StartGame();
+  for (const int width : {1366, 1920}) {
+    for (int height = 600; height <= 1100; ++height) {
+      form1().resize(width, height);
+      for (int turn = 0; turn < 4; ++turn) QCoreApplication::processEvents();
+      const WorkCounter work;
+      QCoreApplication::processEvents();
+      ASSERT_EQ(form1().size(), QSize(width, height));
+      ASSERT_EQ(work.all(), 0) << width << " x " << height;
+    }
+  }
+}
+
+TEST_F(LayoutTest, IdleBoardDoesNoWork) {
+  StartGame();
+  ShowAll();
+  QCoreApplication::processEvents();
+  QMetaObject::invokeMethod(Find<QTimer>("tmr_Constant"), "timeout");
+  QCoreApplication::processEvents();
+  const WorkCounter work;
+  for (int tick = 0; tick < 30; ++tick) {
+    for (const char* timer : {"tmr_Constant", "tmr_F12detect"}) {
+      QMetaObject::invokeMethod(Find<QTimer>(timer), "timeout");
+    }
+    QCoreApplication::processEvents();
+  }
+  EXPECT_EQ(work.all(), 0);
+}
+
+// Pieces on their start places leave every control free, however large they are.
+TEST_F(LayoutTest, PiecesAtStartCoverNoControl) {
+  StartGame();
+  form1().resize(1288, 748);
+  for (int times = 0; times < 12; ++times) {
+    QCoreApplication::processEvents();
+    for (auto* button : Find("pb_Res")->findChildren<QAbstractButton*>()) {
+      for (const QPoint& place : {button->rect().topLeft(), button->rect().bottomRight()}) {
+        EXPECT_EQ(form1().childAt(button->mapTo(&form1(), place)), button)
+            << FromQt(button->objectName()) << " after BIG x " << times;
+      }
+    }
+    EnlargePieces(board());
+    ResetGamePieces(board());
+  }
+  // One that lies under a panel as a whole comes out of it.
+  for (int times = 0; times < 30; ++times) ShrinkPieces(board());
+  MovePiece(board(), 0, kSceneWidth - 160, 640);
+  auto* piece = Find("pb_Player1");
+  EXPECT_EQ(form1().childAt(piece->mapTo(&form1(), piece->rect().center())), piece);
 }
 
 // Every control is reached with Tab, says its name to a screen reader, and is reached once.

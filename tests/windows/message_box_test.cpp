@@ -1,6 +1,9 @@
+#include <QAction>
 #include <QPushButton>
+#include <QScrollArea>
 
 #include "game/outcomes.h"
+#include "shell/program_error.h"
 #include "windows/window_test.h"
 
 namespace dtb {
@@ -130,6 +133,94 @@ TEST_F(MessageBoxTest, ExitAnsweredNoKeepsTheGame) {
   EXPECT_TRUE(form1().isVisible());
   WhileWaiting([&] { Press(&form1(), Qt::Key_Y); });
   EXPECT_TRUE(form1().close());
+}
+
+// The screens of the usual sizes and scale factors, in units of the toolkit, less a title bar.
+const std::vector<QSize> kBoards{{705, 429},  {853, 440},   {911, 472},  {1280, 680},
+                                 {1366, 728}, {1920, 1040}, {2560, 1400}};
+
+// Everything in the box shows: its whole text, its controls, the box on its window.
+void ExpectWhole(const MessageBox& box) {
+  EXPECT_EQ(box.findChild<QScrollArea*>(), nullptr);
+  const auto* text = box.findChild<QWidget*>(QStringLiteral("Label1"));
+  EXPECT_LE(text->heightForWidth(text->width()), text->height());
+  for (const auto* part : box.findChildren<QWidget*>()) {
+    const QRect place(part->mapTo(&box, QPoint()), part->size());
+    EXPECT_TRUE(!part->isVisible() || box.rect().contains(place)) << FromQt(part->objectName());
+  }
+  const QRect window(QPoint(), box.window()->size());
+  EXPECT_TRUE(window.contains(QRect(box.mapTo(box.window(), QPoint()), box.size())));
+}
+
+TEST_F(MessageBoxTest, EveryMessageShowsItsWholeText) {
+  form1().setMinimumSize(1, 1);
+  // The longest of the program, and what no message of the program exceeds, with paths without end.
+  QString longest;
+  for (int word = 0; longest.size() < 900; ++word) longest += QString(1 + word % 14, 'w') + ' ';
+  const QStringList messages{QStringLiteral("HIT recorded."), longest,
+                             QStringLiteral("The file \"/%1.mdb\" was not found.\n\nPlease.")
+                                 .arg(QString("Folder Name/").repeated(30)),
+                             QString(300, 'M')};
+  const auto tell = [&](const QString& message, int kind) {
+    SCOPED_TRACE(testing::Message() << form1().width() << " x " << form1().height() << ", kind "
+                                    << kind << ", letters " << message.size());
+    WhileWaiting([&] {
+      ExpectWhole(*MessageBox::Open());
+      Press(MessageBox::Open()->window(), Qt::Key_Escape);
+    });
+    MessageBoxes& boxes = board().platform.boxes;
+    if (kind == 0) boxes.ShowRecorded(FromQt(message), BoxAlignment::Left);
+    if (kind == 1) boxes.Show(FromQt(message), BoxIcon::Critical, "Program Error");
+    if (kind == 2) {
+      EXPECT_FALSE(boxes.Ask({FromQt(message), "Save"}));
+    }
+  };
+  for (const QSize& size : kBoards) {
+    form1().resize(size);
+    QCoreApplication::processEvents();
+    const auto tellAll = [&] {
+      for (const QString& message : messages) {
+        for (int kind = 0; kind < 3; ++kind) tell(message, kind);
+      }
+    };
+    tellAll();
+    // Over a small window the box has the board's type, too.
+    WhenTrue([] { return QApplication::activeModalWidget() != nullptr; },
+             [&] {
+               QWidget* about = QApplication::activeModalWidget();
+               tellAll();
+               EXPECT_EQ(QApplication::activeModalWidget(), about);
+               Press(about, Qt::Key_Escape);
+             });
+    Find<QAction>("About")->trigger();
+  }
+}
+
+// What happens while a confirmation closes is told in words of its own.
+TEST_F(MessageBoxTest, ErrorWhileAConfirmationClosesIsTold) {
+  struct Thrower : QWidget {
+    using QWidget::QWidget;
+    void focusInEvent(QFocusEvent* event) override {
+      if (event->reason() == Qt::OtherFocusReason && std::exchange(armed, false)) {
+        throw ProgramError(error_number::kDiskFull, "The disk is full");
+      }
+    }
+    bool armed = false;
+  } thrower(form1().centralWidget());
+  thrower.setFocusPolicy(Qt::StrongFocus);
+  thrower.show();
+  form1().activateWindow();
+  QCoreApplication::processEvents();
+  thrower.setFocus(Qt::TabFocusReason);
+  ASSERT_TRUE(thrower.hasFocus());
+  thrower.armed = true;
+  const auto told = AnswerBoxes({Qt::Key_Return, Qt::Key_Return});
+  board().platform.boxes.ShowRecorded("HIT recorded.", BoxAlignment::Centred);
+  ASSERT_EQ(told->size(), 2);
+  EXPECT_TRUE(told->at(1).startsWith(
+      "[ErrKLV013F-002] The following error has occurred: 61, The disk is full\n\n"))
+      << FromQt(told->at(1));
+  EXPECT_EQ(MessageBox::Open(), nullptr);
 }
 
 }  // namespace

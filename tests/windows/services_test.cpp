@@ -5,6 +5,7 @@
 
 #include "platform/qt/program_folder.h"
 #include "shell/program_error.h"
+#include "shell/time_stamp.h"
 #include "windows/window_test.h"
 
 namespace dtb {
@@ -112,27 +113,67 @@ TEST_F(ServicesTest, DamagedSettingsAreKeptAside) {
   EXPECT_EQ(QtSettingsStore(file).Read("labels", "x", ""), "y");
 }
 
-TEST_F(ServicesTest, KeyIsFreshOnceForEachPress) {
+TEST_F(ServicesTest, KeysCountWhileTheyAreHeld) {
   QtKeyboard keyboard;
   QObject window;
-  const auto send = [&](QEvent::Type type, int key, bool repeat) {
-    QKeyEvent event(type, key, {}, QString(), repeat);
+  const auto key = [&](QEvent::Type type, int code, bool repeat = false) {
+    QKeyEvent event(type, code, {}, QString(), repeat);
     QCoreApplication::sendEvent(&window, &event);
   };
-  EXPECT_FALSE(keyboard.FreshlyDown(Key::Control));
-  send(QEvent::KeyPress, Qt::Key_Control, false);
-  EXPECT_TRUE(keyboard.FreshlyDown(Key::Control));
-  send(QEvent::KeyPress, Qt::Key_Control, true);
-  EXPECT_FALSE(keyboard.FreshlyDown(Key::Control));
-  send(QEvent::KeyRelease, Qt::Key_Control, false);
-  send(QEvent::KeyPress, Qt::Key_Control, false);
-  send(QEvent::KeyRelease, Qt::Key_Control, false);
-  EXPECT_FALSE(keyboard.FreshlyDown(Key::Control));  // pressed since, but not down
-  // Pressed while another program had the keyboard: the click itself tells.
-  QMouseEvent click(QEvent::MouseButtonPress, QPointF(), QPointF(), Qt::LeftButton, Qt::LeftButton,
-                    Qt::ControlModifier);
-  QCoreApplication::sendEvent(&window, &click);
-  EXPECT_TRUE(keyboard.FreshlyDown(Key::Control));
+  const auto click = [&](Qt::KeyboardModifiers held) {
+    QMouseEvent event(QEvent::MouseButtonPress, QPointF(), QPointF(), Qt::LeftButton,
+                      Qt::LeftButton, held);
+    QCoreApplication::sendEvent(&window, &event);
+  };
+  EXPECT_FALSE(keyboard.ControlHeld());
+  key(QEvent::KeyPress, Qt::Key_Control);
+  for (int look = 0; look < 3; ++look) EXPECT_TRUE(keyboard.ControlHeld()) << "for each click";
+  key(QEvent::KeyRelease, Qt::Key_Control);
+  EXPECT_FALSE(keyboard.ControlHeld()) << "pressed before, but not down";
+  // Pressed and released while another program had the keyboard: the click itself tells.
+  click(Qt::ControlModifier);
+  EXPECT_TRUE(keyboard.ControlHeld());
+  click({});
+  EXPECT_FALSE(keyboard.ControlHeld());
+
+  for (const auto& [first, second] :
+       {std::pair{Qt::Key_Control, Qt::Key_F12}, {Qt::Key_F12, Qt::Key_Control}}) {
+    key(QEvent::KeyPress, first);
+    key(QEvent::KeyPress, second);
+    for (int held = 0; held < 20; ++held) key(QEvent::KeyPress, second, true);
+    key(QEvent::KeyRelease, second);
+    key(QEvent::KeyRelease, first);
+    EXPECT_EQ(keyboard.TakeControlF12(), 1);
+    EXPECT_EQ(keyboard.TakeControlF12(), 0);
+  }
+  for (const Qt::Key alone : {Qt::Key_Control, Qt::Key_F12}) {
+    key(QEvent::KeyPress, alone);
+    key(QEvent::KeyRelease, alone);
+  }
+  EXPECT_EQ(keyboard.TakeControlF12(), 0) << "one after the other";
+}
+
+TEST_F(ServicesTest, StampsAreInTheFormOfThePersonsSystem) {
+  const QDateTime evening(QDate(2026, 11, 24), QTime(20, 5, 31));
+  for (const auto& [locale, stamp] :
+       std::map<const char*, const char*>{{"en_US", "11242026_80531_PM"},
+                                          {"en_GB", "24112026_200531"},
+                                          {"de_DE", "24.11.2026_200531"},
+                                          {"sv_SE", "2026-11-24_200531"}}) {
+    EXPECT_EQ(ReadableStamp(FromQt(StandardText(evening, QLocale(QLatin1String(locale))))), stamp)
+        << locale;
+  }
+  // Whatever a system writes, a file can be named so.
+  for (const QLocale& locale :
+       QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry)) {
+    const QString stamp = ToQt(ReadableStamp(FromQt(StandardText(evening, locale))));
+    EXPECT_FALSE(stamp.isEmpty());
+    for (const QChar letter : stamp) {
+      EXPECT_FALSE(letter.isSpace() || letter.unicode() < ' ' ||
+                   QStringLiteral(":/\\*?\"<>|").contains(letter))
+          << FromQt(locale.name() + QChar(' ') + stamp);
+    }
+  }
 }
 
 TEST_F(ServicesTest, FiltersBecomeTheToolkits) {

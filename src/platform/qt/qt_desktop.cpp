@@ -103,4 +103,18 @@ LocalTime QtClock::Now() {
   return {date.year(), date.month(), date.day(), time.hour(), time.minute(), time.second()};
 }
 
+QString StandardText(const QDateTime& time, const QLocale& locale) {
+  QString date = locale.dateFormat(QLocale::ShortFormat);
+  if (!date.contains(QLatin1String("yyyy"))) {
+    date.replace(QLatin1String("yy"), QLatin1String("yyyy"));
+  }
+  // The zone, the letter t, belongs to the long form of a clock only.
+  QString clock = locale.timeFormat(QLocale::LongFormat).remove(QLatin1Char('t')).trimmed();
+  return locale.toString(time, date + QLatin1Char(' ') + clock);
+}
+
+std::string QtClock::NowText() {
+  return FromQt(StandardText(QDateTime::currentDateTime(), QLocale::system()));
+}
+
 }  // namespace dtb

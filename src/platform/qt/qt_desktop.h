@@ -1,6 +1,8 @@
 // File dialogs, clipboard, clock and the system's own programs.
 #pragma once
 
+#include <QDateTime>
+#include <QLocale>
 #include <QWidget>
 
 #include "platform/platform.h"
@@ -34,7 +36,11 @@ class QtSpreadsheetProgram : public SpreadsheetProgram {
 class QtClock : public Clock {
  public:
   LocalTime Now() override;
+  std::string NowText() override;
 };
+
+// "11/24/2026 8:05:31 PM": the short date, with all digits of the year, and the time with seconds.
+[[nodiscard]] QString StandardText(const QDateTime& time, const QLocale& locale);
 
 // "Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*" in the toolkit's form: "Text (*.txt);;Csv (*.csv*)".
 [[nodiscard]] QString ToolkitFilter(const std::string& filter);

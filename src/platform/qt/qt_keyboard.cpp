@@ -2,22 +2,18 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <utility>
 
 namespace dtb {
 
 QtKeyboard::QtKeyboard() { QCoreApplication::instance()->installEventFilter(this); }
 
-KeyState QtKeyboard::Query(Key key) {
-  KeyState& state = StateOf(key);
-  const KeyState now = state;
-  state.pressedSinceLastQuery = false;
-  return now;
-}
+int QtKeyboard::TakeControlF12() { return std::exchange(together_, 0); }
 
-void QtKeyboard::Put(Key key, bool down) {
-  KeyState& state = StateOf(key);
-  if (down && !state.down) state.pressedSinceLastQuery = true;
-  state.down = down;
+void QtKeyboard::Put(bool control, bool f12) {
+  if (control && f12 && !(control_ && f12_)) ++together_;
+  control_ = control;
+  f12_ = f12;
 }
 
 bool QtKeyboard::eventFilter(QObject* watched, QEvent* event) {
@@ -27,20 +23,20 @@ bool QtKeyboard::eventFilter(QObject* watched, QEvent* event) {
       const auto* key = static_cast<QKeyEvent*>(event);
       if (key->isAutoRepeat()) break;
       const bool down = event->type() == QEvent::KeyPress;
-      if (key->key() == Qt::Key_Control) Put(Key::Control, down);
-      if (key->key() == Qt::Key_F12) Put(Key::F12, down);
+      if (key->key() == Qt::Key_Control) Put(down, f12_);
+      if (key->key() == Qt::Key_F12) {
+        Put(control_ || key->modifiers().testFlag(Qt::ControlModifier), down);
+      }
       break;
     }
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
-      Put(Key::Control,
-          static_cast<QInputEvent*>(event)->modifiers().testFlag(Qt::ControlModifier));
+      Put(static_cast<QInputEvent*>(event)->modifiers().testFlag(Qt::ControlModifier), f12_);
       break;
     case QEvent::ApplicationDeactivate:
-      Put(Key::Control, false);
-      Put(Key::F12, false);
+      Put(false, false);
       break;
     default:
       break;

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QMediaDevices>
 #include <QUrl>
+#include <QtEndian>
 
 #include "platform/paths.h"
 #include "platform/qt/qt_text.h"
@@ -13,13 +14,44 @@
 namespace dtb {
 namespace {
 
-// A wave file begins with "RIFF", four bytes of length and "WAVE".
+// What the toolkit plays: samples of 8 or 16 bits, not compressed.
+bool IsPlayable(const QByteArray& format) {
+  constexpr qsizetype kFormatSize = 16;
+  constexpr quint16 kPlain = 1;
+  if (format.size() < kFormatSize) return false;
+  const auto word = [&](int at) { return qFromLittleEndian<quint16>(format.constData() + at); };
+  const quint16 channels = word(2);
+  const auto rate = qFromLittleEndian<quint32>(format.constData() + 4);
+  const quint16 block = word(12);
+  const quint16 bits = word(14);
+  return word(0) == kPlain && channels > 0 && rate > 0 && (bits == 8 || bits == 16) &&
+         block == channels * bits / 8;
+}
+
+// A wave file begins with "RIFF", four bytes of length and "WAVE". Chunks follow, each of a name,
+// its length and its bytes; the format must make sense, and the samples after it must be there.
 bool IsWave(const QString& path) {
-  constexpr qint64 kHeader = 12;
+  constexpr qint64 kHead = 12;
+  constexpr qint64 kChunkHead = 8;
+  constexpr qint64 kLongestFormat = 4096;
   QFile file(path);
   if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) return false;
-  const QByteArray header = file.read(kHeader);
-  return header.startsWith("RIFF") && header.endsWith("WAVE");
+  const QByteArray head = file.read(kHead);
+  if (head.size() < kHead || !head.startsWith("RIFF") || !head.endsWith("WAVE")) return false;
+  for (bool playable = false;;) {
+    const QByteArray chunk = file.read(kChunkHead);
+    if (chunk.size() < kChunkHead) return false;
+    const qint64 length = qFromLittleEndian<quint32>(chunk.constData() + 4);
+    const qint64 left = file.size() - file.pos();
+    if (length > left) return false;
+    if (chunk.startsWith("data")) return playable && length > 0;
+    if (chunk.startsWith("fmt ")) {
+      playable = length <= kLongestFormat && IsPlayable(file.peek(length));
+      if (!playable) return false;
+    }
+    // A chunk of an odd length is followed by a byte that counts for nothing.
+    if (!file.seek(file.pos() + length + length % 2)) return false;
+  }
 }
 
 // Without a device there is nobody to hear the sound, and nothing to wait for.
@@ -50,7 +82,8 @@ void QtSounds::StartLoop(const std::filesystem::path& file) {
   if (!IsWave(path)) {
     throw ProgramError(
         error_number::kInvalidFileFormat,
-        "The file \"" + TextOf(file) + "\" is no wave file, so it cannot be played.");
+        "The file \"" + TextOf(file) +
+            "\" is broken or no plain wave file of 8 or 16 bits, so it cannot be played.");
   }
   if (HasDevice()) Play(loop_, path, QSoundEffect::Infinite);
 }

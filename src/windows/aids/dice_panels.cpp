@@ -135,7 +135,7 @@ FaceDicePanel::FaceDicePanel(Aids& aids, Scene& scene, QWidget* parent)
 }
 
 NumberDicePanel::NumberDicePanel(Aids& aids, Scene& scene, QWidget* parent)
-    : DraggablePanel(scene, parent, DragKey::None) {
+    : DraggablePanel(scene, parent, DragBy::Middle) {
   Name(this, "fra_BBgumBB", QStringLiteral("Numbered dice"));
   setToolTip(QStringLiteral("Ctrl + F12 hides these dice; drag them with the mouse"));
   SetFill(kPlateGrey);

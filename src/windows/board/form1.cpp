@@ -152,8 +152,19 @@ void Form1::PlaceAtLaunch() {
   move(free.left() + std::max(0, room.width() / 2), free.top() + std::max(0, room.height() / 4));
 }
 
+void Form1::SizeMenu() {
+  // By the window, never by the park: the park's size depends on that of the menu.
+  constexpr double kLeastMenuType = 10;
+  const double scale = std::min(width() / kSceneWidth, height() / kSceneHeight);
+  const QFont font = look::Font(std::max(kLeastMenuType, look::kBody * scale));
+  if (menuBar()->font() == font) return;
+  menuBar()->setFont(font);
+  layout()->activate();
+}
+
 void Form1::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
+  SizeMenu();
   HoldRatio(this, scene_.resizer(), menuBar()->height());
 }
 
@@ -164,9 +175,6 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
 
 void Form1::SupplementalResize() {
   scene_.Apply(park_->size());
-  constexpr double kLeastMenuType = 10;
-  menuBar()->setFont(
-      look::Font(std::max(kLeastMenuType, look::kBody * scene_.resizer().fontScale())));
   board_.state.cb_Xinnings.Set(false);
 }
 

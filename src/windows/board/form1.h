@@ -46,6 +46,7 @@ class Form1 : public QMainWindow {
   // The size and place at start: the launch shrink, or what the screen has room for; centred, with
   // a quarter of the free height above.
   void PlaceAtLaunch();
+  void SizeMenu();
   // The scene follows the size of the park.
   void SupplementalResize();
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,5 +1,7 @@
 #include "windows/board/options_panel.h"
 
+#include <QPainter>
+#include <QPainterPath>
 #include <QPushButton>
 
 #include "aids/crowd.h"
@@ -22,6 +24,38 @@ constexpr Place kPanel{12, 532, 408, 276};
 constexpr double kRowHeight = 28;
 constexpr double kFirstRow = 40;
 constexpr double kRightColumn = 216;
+
+// A heart, sewn like a baseball.
+QImage HeartOfABall() {
+  constexpr int kSize = 160;
+  QImage image(kSize, kSize, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  QPainterPath heart(QPointF(80, 148));
+  heart.cubicTo(10, 100, -4, 20, 44, 14);
+  heart.cubicTo(64, 12, 76, 26, 80, 40);
+  heart.cubicTo(84, 26, 96, 12, 116, 14);
+  heart.cubicTo(164, 20, 150, 100, 80, 148);
+  painter.fillPath(heart, kCream);
+  painter.setClipPath(heart);
+  for (const bool right : {false, true}) {
+    if (right) {
+      painter.translate(kSize, 0);
+      painter.scale(-1, 1);
+    }
+    QPainterPath seam(QPointF(38, 0));
+    seam.quadTo(84, 62, 34, 140);
+    painter.setPen(QPen(QColor(176, 40, 32), 4));
+    painter.drawPath(seam);
+    for (int stitch = 1; stitch < 9; ++stitch) {
+      const QPointF place = seam.pointAtPercent(stitch / 9.0);
+      painter.drawLine(place + QPointF(-8, -7), place);
+      painter.drawLine(place + QPointF(8, -7), place);
+    }
+  }
+  return image;
+}
 
 }  // namespace
 
@@ -110,12 +144,11 @@ void OptionsPanel::BuildPhotoPath() {
 }
 
 void OptionsPanel::BuildDonation() {
-  auto* donation =
-      new ClickLabel(QStringLiteral("DONATE"), {kSlateRaised, kSlateHover, kAccent}, this);
+  auto* donation = new PictureButton(this);
+  donation->SetImage(HeartOfABall());
   Name(donation, "Image7", QStringLiteral("Open the donation page"));
   donation->setToolTip(QStringLiteral("Opens the donation page in your browser"));
-  donation->setCursor(Qt::PointingHandCursor);
-  scene_.Put(donation, {kRightColumn, kFirstRow + 76, 180, 32}, kBody, true);
+  scene_.Put(donation, {kRightColumn, kFirstRow + 74, 40, 36});
   connect(donation, &QAbstractButton::clicked, this,
           [this] { board_.platform.pages.Open(kDonationPage); });
 }

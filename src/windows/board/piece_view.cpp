@@ -20,6 +20,7 @@ constexpr double kPlateHeight = 24;
 constexpr double kPlateTop = 105;  // from the top of the box, at any size that holds it there
 constexpr double kKeyStep = 12;
 constexpr int kDragDistance = 4;  // pixels
+constexpr int kLeastSeen = 16;    // pixels of a piece by which it can be caught
 
 }  // namespace
 
@@ -97,6 +98,27 @@ void PieceView::Arrange() {
   const double plateTop = std::max(0.0, std::min(kPlateTop, height - kPlateHeight));
   scene_.MoveTo(plate_, {0, plateTop, width, std::min(kPlateHeight, height)});
   ShowPlate();
+  Stack();
+}
+
+void PieceView::Stack() {
+  if (StandsAtStart(board_.state, piece_)) moved_ = false;
+  if (moved_ || HiddenByPanels()) {
+    raise();
+  } else {
+    lower();
+    shadow_->lower();
+  }
+}
+
+bool PieceView::HiddenByPanels() const {
+  QRegion seen(geometry() & parentWidget()->rect());
+  for (const auto* panel :
+       parentWidget()->findChildren<Panel*>(QString(), Qt::FindDirectChildrenOnly)) {
+    if (!panel->isHidden()) seen -= panel->geometry();
+  }
+  const QRect whole = seen.boundingRect();
+  return std::min(whole.width(), whole.height()) < std::min({kLeastSeen, width(), height()});
 }
 
 void PieceView::ShowPlate() {
@@ -152,7 +174,6 @@ void PieceView::mousePressEvent(QMouseEvent* event) {
   pressed_ = event->button() == Qt::LeftButton;
   dragged_ = false;
   pressPlace_ = event->globalPosition().toPoint();
-  raise();
 }
 
 void PieceView::mouseMoveEvent(QMouseEvent* event) {
@@ -161,6 +182,7 @@ void PieceView::mouseMoveEvent(QMouseEvent* event) {
   const QPoint way = event->globalPosition().toPoint() - pressPlace_;
   if (!dragged_ && way.manhattanLength() < kDragDistance) return;
   dragged_ = true;
+  moved_ = true;
   const QPoint middle = mapToParent(event->position().toPoint());
   MovePiece(board_, piece_, middle.x() / scene_.resizer().scaleX(),
             middle.y() / scene_.resizer().scaleY());
@@ -178,6 +200,7 @@ void PieceView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void PieceView::Nudge(double right, double down) {
+  moved_ = true;
   const double middleX = Piece().left.value() + board_.state.pieceWidth.value() / 2;
   const double middleY = Piece().top.value() + board_.state.pieceHeight.value() / 2;
   MovePiece(board_, piece_, middleX + right, middleY + down);

@@ -39,6 +39,10 @@ class PieceView : public QAbstractButton {
  private:
   void BuildPlate();
   void Arrange();
+  // Panels lie over the pieces, so that no piece takes a control away; but a piece that the person
+  // moved by hand, or that could not be seen otherwise, lies over them.
+  void Stack();
+  [[nodiscard]] bool HiddenByPanels() const;
   void ShowPlate();
   void DrawInitials(QPainter& painter);
   void Nudge(double right, double down);
@@ -53,6 +57,7 @@ class PieceView : public QAbstractButton {
   QPoint pressPlace_;  // on the screen
   bool pressed_ = false;
   bool dragged_ = false;
+  bool moved_ = false;  // by hand, since it stood on its start place
 };
 
 }  // namespace dtb

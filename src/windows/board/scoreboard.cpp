@@ -1,6 +1,5 @@
 #include "windows/board/scoreboard.h"
 
-#include <QMouseEvent>
 #include <QPushButton>
 
 #include "aids/ballparks.h"
@@ -82,7 +81,7 @@ QString CellTip(Side side, int cell) {
 
 Scoreboard::Scoreboard(Board& board, Aids& aids, QtPictures& pictures, Scene& scene,
                        QWidget* parent)
-    : Panel(parent), board_(board), aids_(aids), scene_(scene) {
+    : DraggablePanel(scene, parent, DragBy::Grip), board_(board), aids_(aids), scene_(scene) {
   Name(this, "Frame3", QStringLiteral("Scoreboard"));
   scene.Put(this, kFrame3);
   auto* frame4 = new QWidget(this);
@@ -227,6 +226,7 @@ void Scoreboard::BuildCharts() {
     auto* label = new ClickLabel(caption, {QColor(224, 224, 224), Qt::white, kInk}, this);
     Name(label, name, caption);
     label->setCursor(Qt::PointingHandCursor);
+    label->SetRestsAfterRelease();
     scene_.Put(label, place, kBody, true);
     return label;
   };
@@ -281,20 +281,6 @@ void Scoreboard::AlignExtraInnings() {
   place.left = frame3.left;
   place.top = frame3.top;
   scene_.MoveTo(extraInnings_, place);
-}
-
-void Scoreboard::mousePressEvent(QMouseEvent* event) { dragOrigin_ = event->position(); }
-
-void Scoreboard::mouseMoveEvent(QMouseEvent* event) {
-  if (!event->buttons().testFlag(Qt::LeftButton)) return;
-  const QPointF by = event->position() - dragOrigin_;
-  Place place = scene_.PlaceOf(this);
-  // The middle of the board stays inside the scene, so that it can be caught again.
-  place.left = std::clamp(place.left + by.x() / scene_.resizer().scaleX(), -place.width / 2,
-                          kSceneWidth - place.width / 2);
-  place.top = std::clamp(place.top + by.y() / scene_.resizer().scaleY(), 0.0,
-                         kSceneHeight - place.height / 2);
-  scene_.MoveTo(this, place);
 }
 
 }  // namespace dtb

@@ -6,14 +6,14 @@
 #include "aids/aids_state.h"
 #include "game/board.h"
 #include "platform/qt/qt_pictures.h"
-#include "windows/shared/controls.h"
+#include "windows/shared/draggable.h"
 #include "windows/shared/scene.h"
 
 namespace dtb {
 
 // Frame3 and what stands on it, and Frame1, the panel of innings 11 to 20 over it. Frame3 can be
 // dragged with the mouse.
-class Scoreboard : public Panel {
+class Scoreboard : public DraggablePanel {
   Q_OBJECT
  public:
   Scoreboard(Board& board, Aids& aids, QtPictures& pictures, Scene& scene, QWidget* parent);
@@ -23,10 +23,6 @@ class Scoreboard : public Panel {
 
  signals:
   void chartWanted(int chart);
-
- protected:
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override;
 
  private:
   void BuildTeams(QWidget* frame, QtPictures& pictures);
@@ -42,7 +38,6 @@ class Scoreboard : public Panel {
   Aids& aids_;
   Scene& scene_;
   Panel* extraInnings_ = nullptr;
-  QPointF dragOrigin_;
 };
 
 }  // namespace dtb

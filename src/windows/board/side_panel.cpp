@@ -124,20 +124,20 @@ void SidePanel::BuildButtons() {
   const auto addButton = [&](const char* name, const char* caption, double left, auto operation) {
     auto* button = new QPushButton(QLatin1String(caption), this);
     Name(button, name, ForTeam(caption, side_));
-    PutMirrored(button, {left, 352, 56, 36}, kBody);
+    PutMirrored(button, {left, 350, 92, 32}, kBody);
     connect(button, &QPushButton::clicked, this, [this, operation] { operation(board_, side_); });
   };
   addButton(names.up, "UP", 12, MoveEntryUp);
-  addButton(names.down, "DN", 76, MoveEntryDown);
+  addButton(names.down, "DN", 112, MoveEntryDown);
 
   auto* edit = new QCheckBox(QStringLiteral("EDIT"), this);
   Name(edit, names.edit, ForTeam("EDIT", side_));
-  PutMirrored(edit, {140, 352, 68, 36}, kBody);
+  PutMirrored(edit, {220, 350, 88, 32}, kBody);
   BindCheck(edit, fields.edit);
 
   auto* atBat = new AtBatOption(this);
   Name(atBat, names.atBat, ForTeam("AT BAT", side_));
-  PutMirrored(atBat, {216, 352, 92, 36}, kBody, true);
+  PutMirrored(atBat, {96, 388, 212, 30}, kBody, true);
   FollowAll(
       atBat,
       [this, atBat] {
@@ -153,7 +153,7 @@ void SidePanel::BuildButtons() {
   auto* newEntry = new QLineEdit(this);
   Name(newEntry, names.newEntry, ForTeam("New entry for the selected row", side_));
   newEntry->setPlaceholderText(QStringLiteral("New entry; then double-click its row"));
-  PutMirrored(newEntry, {96, 396, 212, 32}, kBody);
+  PutMirrored(newEntry, {96, 422, 212, 28}, kBody);
   BindGameText(newEntry, fields.newEntry, board_, "new entry");
   BindVisible(newEntry, fields.edit);
 }
@@ -165,7 +165,7 @@ void SidePanel::BuildPitcher(QtPictures& pictures) {
   auto* photo = new PictureBox(PictureBox::Fit::Whole, this);
   Name(photo, names.photo, ForTeam("Photo of the pitcher", side_));
   photo->SetPlateWhenEmpty();
-  PutMirrored(photo, {12, 396, 76, 104}, 0);
+  PutMirrored(photo, {12, 390, 76, 110}, 0);
   Follow<Picture>(photo, fields.pitcherPhoto, [photo, &pictures](const Picture& picture) {
     photo->SetImage(pictures.Image(picture));
   });
@@ -173,13 +173,13 @@ void SidePanel::BuildPitcher(QtPictures& pictures) {
   auto* title =
       MakeCaption(QStringLiteral("PITCHER"), this,
                   (side_ == Side::Visitors ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignBottom);
-  PutMirrored(title, {96, 432, 212, 20}, kBody);
+  PutMirrored(title, {96, 450, 212, 18}, kBody);
 
   auto* pitcher = new ClickLabel({}, {kSlateRaised, kSlateHover, kCream}, this);
   Name(pitcher, names.pitcher, QLatin1String(names.pitcherTip));
   pitcher->setToolTip(QLatin1String(names.pitcherTip));
   pitcher->SetHint(QStringLiteral("Select a row, double-click here"));
-  PutMirrored(pitcher, {96, 456, 212, 44}, kLarge, true);
+  PutMirrored(pitcher, {96, 468, 212, 32}, kLarge, true);
   Follow<std::string>(pitcher, fields.pitcher,
                       [pitcher, tip = QLatin1String(names.pitcherTip)](const std::string& name) {
                         pitcher->setText(ToQt(name));

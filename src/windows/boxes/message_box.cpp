@@ -8,13 +8,20 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
+#include <QTextLayout>
 #include <QVBoxLayout>
+#include <QtMath>
 #include <utility>
 
 #include "game/board_state.h"
 #include "platform/qt/qt_text.h"
+#include "shell/program_error.h"
+#include "shell/project_pages.h"
 #include "windows/shared/look.h"
+#include "windows/shared/scene.h"
 
 namespace dtb {
 namespace {
@@ -26,6 +33,10 @@ constexpr double kStandardWidth = 520;
 constexpr double kChoiceWidth = 760;
 constexpr double kMessageType = kLarge;  // 14 points on the reference screen
 constexpr double kCloseSize = 28;
+constexpr double kLeastTextHeight = 40;
+constexpr double kTallText = 240;
+constexpr double kMostTextHeight = 700;  // a longer text scrolls
+constexpr double kLeastScale = 0.5;      // of the type, however small the board
 // A list entry may be of any length; more than this is no help to anybody.
 constexpr qsizetype kLongestMessage = 20000;
 
@@ -99,45 +110,142 @@ QString TitleOr(const std::string& title) {
   return title.empty() ? QStringLiteral("Kelvane Diamond Table") : ToQt(title);
 }
 
+// The message, wrapped between its words, or within a word that is wider than the box. Its height
+// is measured in the layout that is drawn.
+class MessageText : public QLabel {
+ public:
+  MessageText(const QString& message, BoxAlignment alignment, const QFont& font) : QLabel(message) {
+    setObjectName(QStringLiteral("Label1"));
+    setTextFormat(Qt::PlainText);
+    setFont(font);
+    QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+    layout_.setFont(font);
+    layout_.setText(QString(message).replace(QLatin1Char('\n'), QChar::LineSeparator));
+    QTextOption option(alignment == BoxAlignment::Left ? Qt::AlignLeft : Qt::AlignHCenter);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout_.setTextOption(option);
+  }
+
+  [[nodiscard]] int heightForWidth(int width) const override {
+    if (width != width_) LayOut(width);
+    return height_;
+  }
+  [[nodiscard]] QSize minimumSizeHint() const override { return {1, 1}; }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    const int needed = heightForWidth(width());
+    QPainter painter(this);
+    painter.setPen(Qt::white);
+    layout_.draw(&painter, QPointF(0, std::max(0, (height() - needed) / 2)));
+  }
+
+ private:
+  void LayOut(int width) const {
+    width_ = width;
+    double height = 0;
+    layout_.beginLayout();
+    for (QTextLine line = layout_.createLine(); line.isValid(); line = layout_.createLine()) {
+      line.setLineWidth(width);
+      line.setPosition({0, height});
+      height += line.height();
+    }
+    layout_.endLayout();
+    height_ = qCeil(height);
+  }
+
+  mutable QTextLayout layout_;
+  mutable int width_ = -1;
+  mutable int height_ = 0;
+};
+
+// For a text that is higher than any box.
+QScrollArea* MakeScroll(QWidget* text, const QSize& size) {
+  auto* scroll = new QScrollArea;
+  scroll->setWidgetResizable(true);
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->viewport()->setAutoFillBackground(false);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scroll->setWidget(text);
+  text->setAutoFillBackground(false);  // the scroll area turns it on
+  scroll->setFixedSize(size);
+  return scroll;
+}
+
 QString Shortened(const QString& message) {
   return message.size() <= kLongestMessage ? message
                                            : message.left(kLongestMessage) + QChar(0x2026);
+}
+
+// What is told when a confirmation of the game cannot be closed as it should.
+QString ClosingError(int number, const std::string& description) {
+  return QStringLiteral(
+             "[ErrKLV013F-002] The following error has occurred: %1, %2\n\nPlease send numeric "
+             "error "
+             "codes to %3.")
+      .arg(number)
+      .arg(ToQt(description), QLatin1String(kSupportAddress));
 }
 
 }  // namespace
 
 MessageBox* MessageBox::Open() { return openBox; }
 
-bool MessageBox::Run(QWidget* window, const Content& content) {
-  return Wait(window, content)->answer_;
+bool MessageBox::Run(QWidget* window, const Content& content, double scale) {
+  return Wait(window, content, scale)->answer_;
 }
 
-int MessageBox::RunChoice(QWidget* window, const Content& content) {
-  return Wait(window, content)->chosen_;
+int MessageBox::RunChoice(QWidget* window, const Content& content, double scale) {
+  return Wait(window, content, scale)->chosen_;
 }
 
 // The box goes with the next turn of the event loop.
-MessageBox* MessageBox::Wait(QWidget* window, const Content& content) {
+MessageBox* MessageBox::Wait(QWidget* window, const Content& content, double scale) {
   QPointer<QWidget> focus = QApplication::focusWidget();
   MessageBox* const outer = openBox;
-  auto* box = new MessageBox(window != nullptr && window->isVisible() ? window : nullptr, content);
+  auto* box =
+      new MessageBox(window != nullptr && window->isVisible() ? window : nullptr, content, scale);
   openBox = box;
   box->PlaceOverWindow();
   box->show();
   box->raise();
+  if (box->isWindow()) {
+    box->activateWindow();
+    box->setFocus(Qt::PopupFocusReason);
+  }
   qApp->installEventFilter(box);
   QAccessibleEvent alert(box, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
   box->loop_.exec();
   qApp->removeEventFilter(box);
   openBox = outer;
-  box->hide();
-  box->deleteLater();
-  if (focus) focus->setFocus(Qt::OtherFocusReason);
+  if (!box->Confirmation()) {
+    box->GiveBack(focus);
+    return box;
+  }
+  TrappedBy(
+      [&](int number, const std::string& description) {
+        Run(window,
+            {ClosingError(number, description), QStringLiteral("Program Error"), BoxIcon::Critical,
+             BoxAlignment::Left, false},
+            scale);
+      },
+      [&] { box->GiveBack(focus); });
   return box;
 }
 
-MessageBox::MessageBox(QWidget* window, const Content& content)
+void MessageBox::GiveBack(QWidget* focus) {
+  deleteLater();
+  // Before the box hides: the toolkit would give the focus to the next control.
+  if (focus != nullptr) focus->setFocus(Qt::OtherFocusReason);
+  hide();
+  if (isWindow() && window_) window_->activateWindow();
+}
+
+MessageBox::MessageBox(QWidget* window, const Content& content, double scale)
     : QWidget(window),
       content_(content),
       window_(window),
@@ -148,15 +256,21 @@ MessageBox::MessageBox(QWidget* window, const Content& content)
                         ? Shortened(content_.message)
                         : content_.title + QStringLiteral(": ") + Shortened(content_.message));
   setFocusPolicy(Qt::StrongFocus);
-  const double scale = window == nullptr ? 1 : std::max(0.5, window->width() / kSceneWidth);
   Build(scale);
 }
 
 void MessageBox::Build(double scale) {
   const auto units = [scale](double length) { return qRound(length * scale); };
   setFont(Font(kMessageType * scale));
-  const double usual = Confirmation() ? kConfirmationWidth : kStandardWidth;
-  setFixedWidth(units(content_.answers.isEmpty() ? usual : kChoiceWidth));
+  auto* text = new MessageText(Shortened(content_.message), content_.alignment, font());
+  const double beside = content_.icon == BoxIcon::None ? 44 : 100;  // margins and badge
+  // A long text gets a wide box.
+  for (const double width : {kConfirmationWidth, kStandardWidth, kChoiceWidth}) {
+    const bool usual = width >= (Confirmation() ? kConfirmationWidth : kStandardWidth);
+    setFixedWidth(units(width));
+    if (!usual || !content_.answers.isEmpty()) continue;
+    if (text->heightForWidth(units(width) - units(beside)) <= units(kTallText)) break;
+  }
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(units(20), units(8), units(8), units(20));
   column->setSpacing(units(4));
@@ -182,28 +296,15 @@ void MessageBox::Build(double scale) {
   if (content_.icon != BoxIcon::None) {
     row->addWidget(new Badge(content_.icon, scale, this), 0, Qt::AlignTop);
   }
-  auto* label = new QLabel(Shortened(content_.message));
-  label->setObjectName(QStringLiteral("Label1"));
-  label->setTextFormat(Qt::PlainText);
-  label->setWordWrap(true);
-  label->setAlignment(
-      (content_.alignment == BoxAlignment::Left ? Qt::AlignLeft : Qt::AlignHCenter) |
-      Qt::AlignVCenter);
-  QPalette palette = label->palette();
-  palette.setColor(QPalette::WindowText, Qt::white);
-  label->setPalette(palette);
-  auto* scroll = new QScrollArea;
-  scroll->setWidgetResizable(true);
-  scroll->setFrameShape(QFrame::NoFrame);
-  scroll->viewport()->setAutoFillBackground(false);
-  scroll->setFocusPolicy(Qt::NoFocus);
-  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  scroll->setWidget(label);
-  label->setAutoFillBackground(false);  // the scroll area turns it on
-  const int textWidth = width() - units(content_.icon == BoxIcon::None ? 44 : 100);
-  const int highest = window_.isNull() ? units(400) : qRound(window_->height() * 0.6);
-  scroll->setFixedHeight(std::clamp(label->heightForWidth(textWidth), units(40), highest));
-  row->addWidget(scroll, 1);
+  const int textWidth = width() - units(beside);
+  const int textHeight = std::max(text->heightForWidth(textWidth), units(kLeastTextHeight));
+  const int highest = units(kMostTextHeight);
+  if (textHeight <= highest) {
+    text->setFixedSize(textWidth, textHeight);
+    row->addWidget(text, 1);
+  } else {
+    row->addWidget(MakeScroll(text, QSize(textWidth, highest)), 1);
+  }
   column->addLayout(row);
   if (!Confirmation()) BuildButtons(scale, this);
   adjustSize();
@@ -247,6 +348,13 @@ void MessageBox::PlaceOverWindow() {
     setWindowModality(Qt::ApplicationModal);
     return;
   }
+  const bool fits = width() <= window_->width() && height() <= window_->height();
+  if (!fits) {
+    setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
+    setWindowTitle(content_.title);
+    CenterForm(this, window_);
+    return;
+  }
   move((window_->width() - width()) / 2, (window_->height() - height()) / 2);
   setFocus(Qt::PopupFocusReason);
 }
@@ -268,7 +376,7 @@ void MessageBox::closeEvent(QCloseEvent* event) {
 
 void MessageBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  DrawPlate(painter, rect(), kBoxGrey, kCream, 1.5, window_.isNull() ? 0 : kCorner);
+  DrawPlate(painter, rect(), kBoxGrey, kCream, 1.5, isWindow() ? 0 : kCorner);
 }
 
 // True for input that belongs to the box itself.
@@ -349,11 +457,11 @@ bool MessageBox::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: {
-      const bool onButton = Holds(watched, event) &&
-                            (content_.question || !Confirmation() ||
-                             qobject_cast<QPushButton*>(QApplication::widgetAt(
-                                 static_cast<QMouseEvent*>(event)->globalPosition().toPoint())));
-      if (onButton) return false;
+      const QWidget* hit =
+          QApplication::widgetAt(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
+      const bool control = qobject_cast<const QPushButton*>(hit) != nullptr ||
+                           qobject_cast<const QScrollBar*>(hit) != nullptr;
+      if (Holds(watched, event) && (content_.question || control)) return false;
       if (content_.question) return true;
       new ClickGuard;
       Finish(true);
@@ -385,17 +493,16 @@ BoxKey::BoxKey(int key) : outer_(std::exchange(closingKey, key)) {}
 BoxKey::~BoxKey() { closingKey = outer_; }
 
 void WindowBoxes::ShowRecorded(const std::string& message, BoxAlignment alignment) {
-  MessageBox::Run(Front(), {ToQt(message), {}, BoxIcon::None, alignment, false});
+  Run({ToQt(message), {}, BoxIcon::None, alignment, false});
 }
 
 void WindowBoxes::Show(const std::string& message, BoxIcon icon, const std::string& title) {
-  MessageBox::Run(Front(), {ToQt(message), TitleOr(title), icon, BoxAlignment::Left, false});
+  Run({ToQt(message), TitleOr(title), icon, BoxAlignment::Left, false});
 }
 
 bool WindowBoxes::Ask(const Question& question) {
-  return MessageBox::Run(Front(),
-                         {ToQt(question.text), TitleOr(question.title), BoxIcon::Exclamation,
-                          BoxAlignment::Left, true, question.yesIsUsual});
+  return Run({ToQt(question.text), TitleOr(question.title), BoxIcon::Exclamation,
+              BoxAlignment::Left, true, question.yesIsUsual});
 }
 
 std::size_t WindowBoxes::Choose(const Choice& choice) {
@@ -405,14 +512,26 @@ std::size_t WindowBoxes::Choose(const Choice& choice) {
   }
   QStringList answers;
   for (const std::string& answer : choice.answers) answers += ToQt(answer);
-  return static_cast<std::size_t>(
-      MessageBox::RunChoice(Front(), {text, TitleOr(choice.title), BoxIcon::Exclamation,
-                                      BoxAlignment::Left, true, false, answers}));
+  return static_cast<std::size_t>(MessageBox::RunChoice(
+      Front(),
+      {text, TitleOr(choice.title), BoxIcon::Exclamation, BoxAlignment::Left, true, false, answers},
+      Scale()));
+}
+
+bool WindowBoxes::Run(const MessageBox::Content& content) const {
+  return MessageBox::Run(Front(), content, Scale());
 }
 
 QWidget* WindowBoxes::Front() const {
   QWidget* modal = QApplication::activeModalWidget();
   return modal != nullptr ? modal : mainWindow_.data();
+}
+
+double WindowBoxes::Scale() const {
+  if (mainWindow_.isNull()) return 1;
+  const QSizeF board = mainWindow_->centralWidget()->size();
+  return std::max(kLeastScale,
+                  std::min(board.width() / kSceneWidth, board.height() / kSceneHeight));
 }
 
 }  // namespace dtb

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QEventLoop>
+#include <QMainWindow>
 #include <QPointer>
 #include <QWidget>
 
@@ -26,10 +27,12 @@ class MessageBox : public QWidget {
   };
 
   // Shows the box over the window and waits. True for Yes, and for every way to close a box that
-  // asks nothing. Without a visible window the box is a window of its own.
-  static bool Run(QWidget* window, const Content& content);
+  // asks nothing. `scale` gives the size of the type, 1 at the reference size of the board. The box
+  // is as large as its text needs; one that does not fit into the window, or that has no visible
+  // window, is a window of its own.
+  static bool Run(QWidget* window, const Content& content, double scale);
   // The same for a question with answers of its own: the place of the one that was chosen.
-  static int RunChoice(QWidget* window, const Content& content);
+  static int RunChoice(QWidget* window, const Content& content, double scale);
 
   // The box that is open, if one is.
   [[nodiscard]] static MessageBox* Open();
@@ -44,15 +47,17 @@ class MessageBox : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  MessageBox(QWidget* window, const Content& content);
+  MessageBox(QWidget* window, const Content& content, double scale);
 
   void Build(double scale);
   void BuildButtons(double scale, QWidget* below);
-  static MessageBox* Wait(QWidget* window, const Content& content);
+  static MessageBox* Wait(QWidget* window, const Content& content, double scale);
   void Choose(int answer);
   void StepThroughAnswers(int by);
   void PlaceOverWindow();
   void Finish(bool answer);
+  // Leaves the screen and gives the focus back.
+  void GiveBack(QWidget* focus);
   [[nodiscard]] bool Confirmation() const { return content_.title.isEmpty(); }
   [[nodiscard]] bool Holds(const QObject* watched, const QEvent* event) const;
   bool FilterKey(QEvent* event);
@@ -84,12 +89,15 @@ class WindowBoxes : public MessageBoxes {
   bool Ask(const Question& question) override;
   std::size_t Choose(const Choice& choice) override;
 
-  // The main window, over which boxes come when no other window is in front.
-  void SetMainWindow(QWidget* window) { mainWindow_ = window; }
+  // The board, over which boxes come when no other window is in front. Its type is that of all
+  // boxes.
+  void SetMainWindow(QMainWindow* window) { mainWindow_ = window; }
 
  private:
+  bool Run(const MessageBox::Content& content) const;
   [[nodiscard]] QWidget* Front() const;
-  QPointer<QWidget> mainWindow_;
+  [[nodiscard]] double Scale() const;
+  QPointer<QMainWindow> mainWindow_;
 };
 
 }  // namespace dtb

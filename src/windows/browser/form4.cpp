@@ -16,6 +16,7 @@
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"
 #include "windows/shared/scene.h"
+#include "windows/shared/text_visit.h"
 
 namespace dtb {
 namespace {
@@ -57,6 +58,15 @@ QLabel* MakeBlueLabel(const char* name, const QString& text, Qt::Alignment align
   palette.setColor(QPalette::WindowText, Shade(kClickableBlue));
   label->setPalette(palette);
   return label;
+}
+
+// Esc empties the box, and leaves it when it is empty; the browser stays open meanwhile.
+void LeaveOnSecondEscape(QLineEdit* box, Field<std::string>& text) {
+  LeaveOnEscape(box, [&text] {
+    const bool empty = text.value().empty();
+    text.Set("");
+    return empty;
+  });
 }
 
 const QueryButton& ButtonOf(Query query) { return QueryButtons()[static_cast<std::size_t>(query)]; }
@@ -154,6 +164,7 @@ void Form4::AddSearches(QHBoxLayout* strip, const std::vector<Search>& searches)
       box->setPlaceholderText(QLatin1String(search.hint));
       box->setAccessibleDescription(QLatin1String(search.hint));
       BindText(box, state_.*query.box);
+      LeaveOnSecondEscape(box, state_.*query.box);
       strip->addWidget(box);
     }
     QPushButton* button = AddButton(strip, query.name, query.caption);
@@ -328,6 +339,7 @@ void Form4::BuildTournament() {
   team_ = new QLineEdit;
   Name(team_, "tb_Team", QStringLiteral("Text to be placed"));
   BindText(team_, state_.tb_Team);
+  LeaveOnSecondEscape(team_, state_.tb_Team);
   strip->addWidget(team_);
 
   auto* places = new QGridLayout;

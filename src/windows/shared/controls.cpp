@@ -48,14 +48,14 @@ void ClickLabel::SetHint(const QString& hint) {
 
 void ClickLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  QColor fill = underMouse() && isEnabled() ? shades_.hover : shades_.rest;
+  QColor fill = lit_ && isEnabled() ? shades_.hover : shades_.rest;
   QColor text = shades_.text;
   if (!isEnabled()) {
     fill.setAlphaF(fill.alphaF() * 0.35F);
     text = kCreamDim;
   }
-  const QColor edge = isDown() ? kCream : Qt::transparent;
-  DrawPlate(painter, rect(), fill, edge, isDown() ? 3 : 0);
+  const bool bordered = isDown() || pressed_;
+  DrawPlate(painter, rect(), fill, bordered ? kCream : Qt::transparent, bordered ? 3 : 0);
   if (hasFocus()) DrawFocus(painter, rect());
   const bool hint = this->text().isEmpty();
   const int margin = qMin(6, width() / 12);
@@ -85,13 +85,40 @@ void ClickLabel::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+void ClickLabel::mousePressEvent(QMouseEvent* event) {
+  QAbstractButton::mousePressEvent(event);
+  event->accept();  // also of the buttons that do nothing but press
+  pressed_ = true;
+  update();
+}
+
+void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
+  pressed_ = event->buttons() != Qt::NoButton;
+  if (restsAfterRelease_) lit_ = false;
+  update();
+  QAbstractButton::mouseReleaseEvent(event);
+}
+
 void ClickLabel::mouseDoubleClickEvent(QMouseEvent* event) {
   QAbstractButton::mouseDoubleClickEvent(event);
   if (event->button() == Qt::LeftButton) emit doubleClicked();
 }
 
 bool ClickLabel::event(QEvent* event) {
-  if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) update();
+  switch (event->type()) {
+    case QEvent::HoverEnter:
+    case QEvent::HoverMove:
+      if (!lit_) update();
+      lit_ = true;
+      break;
+    case QEvent::HoverLeave:
+    case QEvent::Hide:
+      lit_ = pressed_ = false;
+      update();
+      break;
+    default:
+      break;
+  }
   return QAbstractButton::event(event);
 }
 

@@ -27,7 +27,8 @@ class Panel : public QWidget {
 };
 
 // A label that can be clicked: its ground changes under the pointer, its border shows while it is
-// pressed. It does not take the focus from a text field when clicked, but can be reached by Tab.
+// pressed, with whichever button. It does not take the focus from a text field when clicked, but
+// can be reached by Tab.
 class ClickLabel : public QAbstractButton {
   Q_OBJECT
  public:
@@ -40,6 +41,8 @@ class ClickLabel : public QAbstractButton {
   void SetShades(const Shades& shades);
   // The hint is shown, dimly, while the caption is "".
   void SetHint(const QString& hint);
+  // After a release the ground is that of rest until the pointer moves again.
+  void SetRestsAfterRelease() { restsAfterRelease_ = true; }
 
  signals:
   void doubleClicked();
@@ -47,12 +50,17 @@ class ClickLabel : public QAbstractButton {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   bool event(QEvent* event) override;
 
  private:
   Shades shades_;
   QString hint_;
+  bool lit_ = false;      // the pointer moved over it
+  bool pressed_ = false;  // with any button of the mouse
+  bool restsAfterRelease_ = false;
 };
 
 // Shows a picture, whole and in its proportions, or stretched over the whole box.

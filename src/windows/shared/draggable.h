@@ -8,27 +8,37 @@
 
 namespace dtb {
 
-// The key that is held while a panel is dragged.
-enum class DragKey { None, Control };
+// How a panel is dragged with the left button.
+enum class DragBy {
+  ControlKey,  // its middle follows the pointer while Ctrl is held
+  Middle,      // its middle follows the pointer
+  Grip,        // the place where it was caught follows the pointer
+};
 
-// A panel whose middle jumps under the pointer and follows it while the key and the left button are
-// held. Its middle stays inside the scene.
+// A panel that follows the pointer from a press that it got itself: one on a control of it stays
+// that control's, however far the pointer slides. A press alone moves nothing. The middle stays
+// inside the scene.
 class DraggablePanel : public Panel {
   Q_OBJECT
  public:
-  DraggablePanel(Scene& scene, QWidget* parent, DragKey key = DragKey::Control)
-      : Panel(parent), scene_(scene), key_(key) {}
+  DraggablePanel(Scene& scene, QWidget* parent, DragBy by = DragBy::ControlKey)
+      : Panel(parent), scene_(scene), by_(by) {}
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override { Drag(event); }
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   [[nodiscard]] Scene& scene() { return scene_; }
 
  private:
-  void Drag(QMouseEvent* event);
+  void MoveMiddleTo(const QPointF& middle);
 
   Scene& scene_;
-  DragKey key_;
+  DragBy by_;
+  bool caught_ = false;
+  bool dragged_ = false;
+  QPointF grip_;        // from the middle of the panel
+  QPointF pressPlace_;  // on the screen
 };
 
 }  // namespace dtb

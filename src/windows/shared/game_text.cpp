@@ -6,6 +6,7 @@
 #include <QMenu>
 
 #include "game/history.h"
+#include "windows/shared/text_visit.h"
 
 namespace dtb {
 namespace {
@@ -59,6 +60,11 @@ void BindGameText(QLineEdit* edit, Field<std::string>& field, Board& board, cons
                      const Gesture gesture(board, name, key);
                      field.Set(FromQt(text));
                    });
+  LeaveOnEscape(edit, [&board, key] {
+    // What was typed in this visit is the newest step, unless another gesture came after it.
+    if (board.history != nullptr && board.history->Merges(key)) board.history->Undo(board);
+    return true;
+  });
   QObject::connect(edit, &QLineEdit::editingFinished, edit, [&board] { SealGesture(board); });
 }
 

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 
 #include "windows/shared/bind.h"
+#include "windows/shared/text_visit.h"
 
 namespace dtb {
 
@@ -13,7 +14,13 @@ NameEdit::NameEdit(Platform& platform, const EditedLabel& fields, ClickLabel* la
   Follow<std::string>(label, fields.label,
                       [label](const std::string& text) { label->setText(ToQt(text)); });
   BindText(this, fields.edit);
+  LeaveOnEscape(this, [this] {
+    CancelEdit(fields_);
+    return true;
+  });
   Follow<bool>(this, fields.editing, [this, label](bool editing) {
+    // The keys are the board's again, not those of the next text field.
+    if (!editing && hasFocus()) clearFocus();
     label->setVisible(!editing);
     setVisible(editing);
     if (editing) setFocus(Qt::OtherFocusReason);

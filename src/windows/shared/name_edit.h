@@ -9,7 +9,7 @@
 namespace dtb {
 
 // Shows a text, and its editor while it is edited. A click with Ctrl opens the editor; a double
-// click there, or Enter, takes the text over.
+// click there, or Enter, takes the text over, and Esc leaves the old one.
 class NameEdit : public QLineEdit {
   Q_OBJECT
  public:

@@ -8,8 +8,8 @@
 
 namespace dtb::replay {
 
-// The whole state: names and values, without those that are empty. Whether a control is shown is
-// asked of the window itself.
+// The whole state: names and values, many of them empty. Whether a control is shown is asked of the
+// window itself.
 [[nodiscard]] std::map<std::string, std::string> StateLines(Board& board, const Form1& form1,
                                                             const QStringList& messages);
 

@@ -4,6 +4,7 @@
 #include <QRegularExpression>
 #include <QTimer>
 #include <QWindow>
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 
@@ -272,7 +273,10 @@ void Player::Perform(const QString& gesture) {
     answers_ += Word(gesture, 1);
   } else if (verb == "CHOOSE") {
     const QDir folder = QFileInfo(script_).dir();
-    table_.dialogs.answers += PathOfFile(folder.absoluteFilePath(Rest(gesture, 1)));
+    const QString beside = folder.absoluteFilePath(Rest(gesture, 1));
+    // What the program is to write has no place among the scripts.
+    const QString file = QFile::exists(beside) ? beside : table_.folder.filePath(Rest(gesture, 1));
+    table_.dialogs.answers += PathOfFile(file);
   } else if (verb == "CANCEL") {
     table_.dialogs.answers += std::nullopt;
   } else if (verb == "CLOSE" && front) {
@@ -287,6 +291,8 @@ void Player::Perform(const QString& gesture) {
     }
   } else if (verb == "DUMP") {
     Dump();
+  } else if (verb == "MUST") {
+    RequireState(Rest(gesture, 1));
   } else if (verb == "SHOT") {
     KeepPicture(Word(gesture, 1));
   } else if (!UseMouse(verb, gesture)) {
@@ -319,9 +325,29 @@ void Player::Kill() {
   std::raise(SIGKILL);
 }
 
+void Player::RequireState(const QString& expectation) const {
+  static const QRegularExpression pattern("^(\\S+) =(?: (.*))?$");
+  static const QRegularExpression index("\\[[^]]*\\]");
+  const QRegularExpressionMatch parts = pattern.match(expectation);
+  if (!parts.hasMatch()) throw Refused("MUST is followed by NAME = VALUE");
+  const QString name = parts.captured(1);
+  const QString should = parts.captured(2);
+  const auto lines = StateLines(board_, table_.desk.form1(), messages_);
+  const auto line = lines.find(FromQt(name));
+  // A misspelt name would be empty for ever.
+  const bool known = std::ranges::any_of(lines, [&name](const auto& other) {
+    return ToQt(other.first).remove(index) == QString(name).remove(index);
+  });
+  if (!known) throw Refused("DUMP knows no " + name);
+  const QString is = line == lines.end() ? QString() : ToQt(line->second);
+  if (is == should) return;
+  const auto shown = [](const QString& text) { return text.isEmpty() ? "empty" : text; };
+  throw Refused(name + " is " + shown(is) + ", must be " + shown(should));
+}
+
 void Player::Dump() {
   for (const auto& [name, value] : StateLines(board_, table_.desk.form1(), messages_)) {
-    std::printf("%s = %s\n", name.c_str(), value.c_str());
+    if (!value.empty()) std::printf("%s = %s\n", name.c_str(), value.c_str());
   }
   messages_.clear();
 }

@@ -49,6 +49,8 @@ class Player : public Driver {
   [[nodiscard]] bool NextLineIsFor(const MessageBox& box) const;
   void Perform(const QString& gesture);
   bool UseMouse(QString verb, const QString& gesture);
+  // "NAME = VALUE", as DUMP shows it; "NAME =" is what DUMP leaves out.
+  void RequireState(const QString& expectation) const;
   void Dump();
   void NoteStates();
   void Kill();

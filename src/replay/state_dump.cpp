@@ -16,17 +16,20 @@ const char* Word(Colour colour) {
 
 class Lines : public std::map<std::string, std::string> {
  public:
-  void Put(const std::string& name, std::string_view text) {
-    if (!text.empty()) emplace(name, text);
-  }
+  void Put(const std::string& name, std::string_view text) { emplace(name, text); }
   void Put(const std::string& name, const Field<std::string>& field) { Put(name, field.value()); }
   void Put(const std::string& name, const Field<bool>& field) { Put(name, field.value() ? 1 : 0); }
   void Put(const std::string& name, const Field<Picture>& field) {
-    if (!field.value().empty()) Put(name + ".picture", 1);
+    Put(name + ".picture", field.value().empty() ? "" : "1");
   }
   void Put(const std::string& name, int number) { emplace(name, std::to_string(number)); }
+  // The place after the last tells that there is such a list, even an empty one.
+  void PutList(const std::string& name, const QStringList& texts) {
+    for (int i = 0; i < texts.size(); ++i) Put(Indexed(name, i), FromQt(texts[i]));
+    Put(Indexed(name, static_cast<int>(texts.size())), "");
+  }
   void PutUnless(Colour usual, const std::string& name, Colour colour) {
-    if (colour != usual) Put(name + ".colour", Word(colour));
+    Put(name + ".colour", colour == usual ? "" : Word(colour));
   }
   // Takes names and values in turn.
   template <class Value, class... More>
@@ -68,9 +71,9 @@ void PutSide(Lines& lines, Board& board, Side side) {
   const std::string list = visitors ? "List1" : "List2";
   const std::string cells = visitors ? "tb_BoxScore" : "tb_BoxScoreBottom";
   const std::string colour = Word(SideColour(board.state, side));
-  for (int row = 0; row < fields.list.size(); ++row) {
-    lines.Put(Indexed(list, row), fields.list.entries()[row]);
-  }
+  QStringList entries;
+  for (const std::string& entry : fields.list.entries()) entries += ToQt(entry);
+  lines.PutList(list, entries);
   lines.PutAll(list + ".selected", fields.list.selected(), list + ".colour", colour,
                visitors ? "tb_VisTeam.colour" : "tb_HomeTeam.colour", colour);
   for (int cell = 0; cell < kScoreCells; ++cell) {
@@ -124,11 +127,8 @@ std::map<std::string, std::string> StateLines(Board& board, const Form1& form1,
   PutGrid(lines, "grd_VisStats", board.sheet.grd_VisStats);
   PutGrid(lines, "grd_HomeStats", board.sheet.grd_HomeStats);
   PutGrid(lines, "grd_BoxScore", board.sheet.grd_BoxScore);
-  const QStringList log = ToQt(board.log.text()).split("\r\n", Qt::SkipEmptyParts);
-  for (int i = 0; i < log.size(); ++i) lines.Put(Indexed("log", i), FromQt(log[i]));
-  for (int i = 0; i < messages.size(); ++i) {
-    lines.Put(Indexed("message", i), FromQt(QString(messages[i]).replace('\n', "\\n")));
-  }
+  lines.PutList("log", ToQt(board.log.text()).split("\r\n", Qt::SkipEmptyParts));
+  lines.PutList("message", QStringList(messages).replaceInStrings("\n", "\\n"));
   return lines;
 }
 

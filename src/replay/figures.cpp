@@ -105,14 +105,18 @@ void AddFile(Figures& figures, const std::string& file, const std::string& game)
   });
 }
 
-// A reserve who never stood on the first piece has no row.
-void RemoveUnplayed(Figures& figures, const SideFields& side) {
+// A reserve who never stood on the first piece has no row. The men whose figures go are returned.
+QStringList RemoveUnplayed(Figures& figures, const SideFields& side) {
+  QStringList men;
   for (int row = 1; row < side.grid.rows(); ++row) {
     if (side.grid.Text(row, stat_column::kPlayed) == "1") continue;
     const QString who =
         Batter(ToQt(side.team.value()), ToQt(side.grid.Text(row, stat_column::kBatter)));
-    figures.removeIf([&who](const auto& figure) { return figure.key().startsWith(who); });
+    const auto removed =
+        figures.removeIf([&who](const auto& figure) { return figure.key().startsWith(who); });
+    if (removed > 0) men += who.chopped(2);
   }
+  return men;
 }
 
 QStringList Differences(const QString& place, const Figures& actual, const Figures& expected) {
@@ -132,9 +136,9 @@ QStringList Differences(const QString& place, const Figures& actual, const Figur
 
 }  // namespace
 
-QStringList Differences(Board& board, const QString& expectedFile) {
+Comparison Compare(Board& board, const QString& expectedFile) {
   QFile file(expectedFile);
-  if (!file.open(QIODevice::ReadOnly)) return {expectedFile + " cannot be read"};
+  if (!file.open(QIODevice::ReadOnly)) return {{expectedFile + " cannot be read"}, {}};
   Figures expected;
   for (const QString& line : QString::fromUtf8(file.readAll()).remove('\r').split('\n')) {
     if (!line.isEmpty()) AddExpected(expected, line);
@@ -144,11 +148,12 @@ QStringList Differences(Board& board, const QString& expectedFile) {
   Figures stored;
   AddFile(stored, TextOf(board.platform.programFolder / kDatabaseFile),
           board.sheet.tb_TimeStamp2.value());
-  QStringList differences = Differences("sheet", shown, expected);
+  Comparison result{Differences("sheet", shown, expected), {}};
   for (const Side side : {Side::Visitors, Side::Home}) {
-    RemoveUnplayed(expected, SideOf(board, side));
+    result.withoutRow += RemoveUnplayed(expected, SideOf(board, side));
   }
-  return differences + Differences("database", stored, expected);
+  result.differences += Differences("database", stored, expected);
+  return result;
 }
 
 }  // namespace dtb::replay

@@ -71,9 +71,13 @@ int PlayGame(const QString& given, const QString& kept, Player::Options options)
   QString report = QString("%1: played %2 lines").arg(title).arg(player.lines());
   QStringList differences;
   if (options.save) {
-    differences = Differences(table.desk.board(), expected);
+    const Comparison comparison = Compare(table.desk.board(), expected);
+    differences = comparison.differences;
     report += differences.isEmpty() ? QString(", all figures right")
                                     : QString(", %1 figures wrong").arg(differences.size());
+    report += QString("; %1 men with figures have no row in the database")
+                  .arg(comparison.withoutRow.size());
+    if (!comparison.withoutRow.isEmpty()) report += ": " + comparison.withoutRow.join("; ");
   }
   for (const QString& line : differences + QStringList{report}) std::puts(qUtf8Printable(line));
   return differences.isEmpty() ? 0 : 1;
@@ -121,6 +125,11 @@ int Main(int argc, char** argv) {
         stderr);
     return 2;
   }
+  const QString table = parser.value("table");
+  if (parser.isSet("table") && !QFileInfo(table).isDir()) {
+    std::fprintf(stderr, "there is no folder \"%s\" for the table\n", qUtf8Printable(table));
+    return 2;
+  }
   if (!options.pictures.isEmpty()) QDir().mkpath(options.pictures);
   QTemporaryFile config;
   if (games.size() == 1 && !options.show) {
@@ -131,7 +140,7 @@ int Main(int argc, char** argv) {
     return PlayGames(arguments.mid(1), games);
   }
   const bool kills = options.killEvery > 0 || Kills(games.first());
-  if (kills && parser.value("table").isEmpty()) {
+  if (kills && table.isEmpty()) {
     const QCoreApplication application(argc, argv);
     return PlayOnAfterKills(arguments.mid(1));
   }
@@ -139,7 +148,7 @@ int Main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   DressApplication();
   try {
-    return PlayGame(games.first(), parser.value("table"), options);
+    return PlayGame(games.first(), table, options);
   } catch (const Refused& refused) {
     std::fprintf(stderr, "%s\n", refused.what());
     return 1;

@@ -255,9 +255,12 @@ bool Player::UseMouse(QString verb, const QString& gesture) {
 void Player::Perform(const QString& gesture) {
   const QString verb = Word(gesture, 0);
   QWidget* front = FrontWindow();
-  key_ = verb == "OUTCOME" ? Word(gesture, 1) : QString();
+  // In a text field a key is a letter, which closes no box.
+  const bool outcome =
+      verb == "OUTCOME" && front && !qobject_cast<QLineEdit*>(front->focusWidget());
+  key_ = outcome ? Word(gesture, 1) : QString();
   if (verb == "OUTCOME") {
-    PressKey(front, key_);
+    PressKey(front, Word(gesture, 1));
   } else if (verb == "UNDO" || verb == "REDO") {
     QWidget* focus = front->focusWidget();
     PressKey(focus ? focus : front, verb == "UNDO" ? "Ctrl+Z" : "Ctrl+Shift+Z");
@@ -332,7 +335,7 @@ void Player::RequireState(const QString& expectation) const {
   if (!parts.hasMatch()) throw Refused("MUST is followed by NAME = VALUE");
   const QString name = parts.captured(1);
   const QString should = parts.captured(2);
-  const auto lines = StateLines(board_, table_.desk.form1(), messages_);
+  const StateMap lines = StateLines(board_, table_.desk.form1(), messages_);
   const auto line = lines.find(FromQt(name));
   // A misspelt name would be empty for ever.
   const bool known = std::ranges::any_of(lines, [&name](const auto& other) {
@@ -349,6 +352,7 @@ void Player::Dump() {
   for (const auto& [name, value] : StateLines(board_, table_.desk.form1(), messages_)) {
     if (!value.empty()) std::printf("%s = %s\n", name.c_str(), value.c_str());
   }
+  std::fflush(stdout);  // a kill may follow
   messages_.clear();
 }
 

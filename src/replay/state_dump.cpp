@@ -1,5 +1,6 @@
 #include "platform/qt/qt_text.h"
 #include "replay/game_state.h"
+#include "windows/browser/form4.h"
 
 namespace dtb::replay {
 namespace {
@@ -14,7 +15,7 @@ const char* Word(Colour colour) {
   return colour == kOccupiedGreen ? "green" : "grey";
 }
 
-class Lines : public std::map<std::string, std::string> {
+class Lines : public StateMap {
  public:
   void Put(const std::string& name, std::string_view text) { emplace(name, text); }
   void Put(const std::string& name, const Field<std::string>& field) { Put(name, field.value()); }
@@ -30,6 +31,22 @@ class Lines : public std::map<std::string, std::string> {
   }
   void PutUnless(Colour usual, const std::string& name, Colour colour) {
     Put(name + ".colour", colour == usual ? "" : Word(colour));
+  }
+  void Put(const std::string& name, const StatGrid& grid) {
+    for (int row = 1; row < grid.rows(); ++row) {
+      for (int column = 0; column < grid.columns(); ++column) {
+        Put(Indexed(Indexed(name, row), column), grid.Text(row, column));
+      }
+    }
+  }
+  void Put(const std::string& name, const BrowserGrid& grid) {
+    Put(name + ".visible", grid.visible);
+    Put(name, grid.grid);
+    Put(Indexed(name, grid.grid.rows()), "");
+  }
+  template <class Value, std::size_t count>
+  void Put(const std::string& name, const std::array<Field<Value>, count>& fields) {
+    for (std::size_t i = 0; i < count; ++i) Put(Indexed(name, static_cast<int>(i)), fields[i]);
   }
   // Takes names and values in turn.
   template <class Value, class... More>
@@ -106,27 +123,36 @@ void PutVisible(Lines& lines, const Form1& form1) {
   }
 }
 
-void PutGrid(Lines& lines, const std::string& name, const StatGrid& grid) {
-  for (int row = 1; row < grid.rows(); ++row) {
-    for (int column = 0; column < grid.columns(); ++column) {
-      lines.Put(Indexed(Indexed(name, row), column), grid.Text(row, column));
-    }
-  }
+#define IN_BROWSER(name) "Form4." #name, state.name
+
+void PutBrowser(Lines& lines, const BrowserState& state) {
+  lines.PutAll("Form4.SSTab1", state.SSTab1.value(), IN_BROWSER(Text1), IN_BROWSER(Text2),
+               IN_BROWSER(Text3), IN_BROWSER(Text4), IN_BROWSER(Text5), IN_BROWSER(Text6),
+               IN_BROWSER(Text7), IN_BROWSER(Text8), IN_BROWSER(Text9), IN_BROWSER(Text10),
+               IN_BROWSER(Text11), IN_BROWSER(lbl_DEL2), IN_BROWSER(tb_Team),
+               IN_BROWSER(lbl_Champ));
+  lines.PutAll(IN_BROWSER(lbl_Team), IN_BROWSER(lbl_TeamRnd2), IN_BROWSER(lbl_TeamRnd3),
+               IN_BROWSER(lbl_TeamRnd4));
+  lines.PutAll(IN_BROWSER(MSHFlexGrid1), IN_BROWSER(MSHFlexGrid2), IN_BROWSER(MSHFlexGrid3),
+               IN_BROWSER(MSHFlexGrid4), IN_BROWSER(MSHFlexGrid5), IN_BROWSER(MSHFlexGrid6),
+               IN_BROWSER(MSHFlexGrid7), IN_BROWSER(MSHFlexGrid8), IN_BROWSER(MSHFlexGrid9),
+               IN_BROWSER(MSHFlexGrid10), IN_BROWSER(MSHFlexGrid11), IN_BROWSER(MSHFlexGrid12));
 }
+
+#undef IN_BROWSER
 
 }  // namespace
 
-std::map<std::string, std::string> StateLines(Board& board, const Form1& form1,
-                                              const QStringList& messages) {
+StateMap StateLines(Board& board, const Form1& form1, const QStringList& messages) {
   Lines lines;
   PutFields(lines, board.state, board.sheet);
   PutSide(lines, board, Side::Visitors);
   PutSide(lines, board, Side::Home);
   PutPieces(lines, board.state);
   PutVisible(lines, form1);
-  PutGrid(lines, "grd_VisStats", board.sheet.grd_VisStats);
-  PutGrid(lines, "grd_HomeStats", board.sheet.grd_HomeStats);
-  PutGrid(lines, "grd_BoxScore", board.sheet.grd_BoxScore);
+  lines.PutAll("grd_VisStats", board.sheet.grd_VisStats, "grd_HomeStats", board.sheet.grd_HomeStats,
+               "grd_BoxScore", board.sheet.grd_BoxScore);
+  if (const auto* browser = form1.findChild<const Form4*>()) PutBrowser(lines, browser->state());
   lines.PutList("log", ToQt(board.log.text()).split("\r\n", Qt::SkipEmptyParts));
   lines.PutList("message", QStringList(messages).replaceInStrings("\n", "\\n"));
   return lines;

@@ -25,6 +25,7 @@ class Form4 : public QDialog {
 
   Form4(Platform& platform, QWidget* parent);
   ~Form4() override;
+  [[nodiscard]] const BrowserState& state() const { return state_; }
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

@@ -1,13 +1,54 @@
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <thread>
+#include <algorithm>
 
 #include "database_test.h"
+#include "soak_settings.h"
 
 namespace dtb {
 namespace {
+
+constexpr char kStep = '.';
+constexpr char kStored = 'S';
+
+// Tells of each step of a save.
+class TellingSave : public DatabaseSave {
+ public:
+  TellingSave(std::unique_ptr<DatabaseSave> save, int pipe) : save_(std::move(save)), pipe_(pipe) {}
+  void Append(const std::string& table, const std::vector<ColumnText>& row) override {
+    Tell(kStep);
+    save_->Append(table, row);
+  }
+  void Commit() override {
+    Tell(kStep);
+    save_->Commit();
+    Tell(kStored);
+  }
+
+ private:
+  void Tell(char what) const {
+    if (write(pipe_, &what, 1) != 1) _exit(1);
+  }
+
+  std::unique_ptr<DatabaseSave> save_;
+  int pipe_;
+};
+
+struct TellingDatabase : Database {
+  TellingDatabase(Database& inner, int end) : real(inner), pipe(end) {}
+  void Run(const Statement& query, StatGrid& result) override { real.Run(query, result); }
+  std::vector<std::string> Delete(const std::vector<Statement>& statements) override {
+    return real.Delete(statements);
+  }
+  std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>& tables) override {
+    return std::make_unique<TellingSave>(real.BeginSave(tables), pipe);
+  }
+  Database& real;
+  int pipe;
+};
 
 // Saves a game with a GameID of its own.
 void SaveOne(Platform& ports, TestDesk& desk, int run, int game) {
@@ -25,39 +66,80 @@ void SaveOne(Platform& ports, TestDesk& desk, int run, int game) {
   SaveGame(table.board);
 }
 
-// Killed at any moment of a save, the program leaves a sound file with every game whole or absent.
-TEST_F(DatabaseTest, SavesSurviveKills) {
-  constexpr int kKills = 200;
-  std::mt19937 random(1960);
-  std::uniform_real_distribution<double> moment(0, 2);
-  std::chrono::duration<double> wait = std::chrono::milliseconds(20);
-  int duringASave = 0;
-  int games = 0;
-  for (int run = 0; run < kKills; ++run) {
+class SaveKills : public DatabaseTest {
+ protected:
+  // Saves games one after the other until it dies: by a kill after so many steps, or in the write
+  // that takes a file beyond so many bytes. Returns what it told.
+  std::string SaveAndDie(int run, std::size_t steps, rlim_t mostBytes) {
+    int pipe[2];
+    if (::pipe(pipe) != 0) return {};
     const pid_t child = fork();
-    for (int game = 0; child == 0; ++game) SaveOne(ports, desk, run, game);
-    ASSERT_GT(child, 0);
-    std::this_thread::sleep_for(wait * moment(random));
-    ASSERT_EQ(kill(child, SIGKILL), 0);
-    ASSERT_EQ(waitpid(child, nullptr, 0), child);
-    if (std::filesystem::exists(file.string() + "-journal")) ++duringASave;
-    const int gamesNow = std::stoi(Count("Matchups"));
-    // About every other child comes to the end of a save, on any disk.
-    wait *= gamesNow > games ? 0.95 : 1.05;
-    games = gamesNow;
+    if (child == 0) {
+      const rlimit noCore{0, 0};
+      const rlimit most{mostBytes, mostBytes};
+      if (setrlimit(RLIMIT_CORE, &noCore) != 0 || setrlimit(RLIMIT_FSIZE, &most) != 0) _exit(1);
+      TellingDatabase telling(database, pipe[1]);
+      Platform telled = PlatformOf(desk, telling, workbooks, folder);
+      for (int game = 0;; ++game) SaveOne(telled, desk, run, game);
+    }
+    close(pipe[1]);
+    std::string told;
+    for (char what = 0; read(pipe[0], &what, 1) == 1;) {
+      told += what;
+      if (told.size() == steps) kill(child, SIGKILL);
+    }
+    close(pipe[0]);
+    int status = 0;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFSIGNALED(status));
+    EXPECT_EQ(WTERMSIG(status), mostBytes == RLIM_INFINITY ? SIGKILL : SIGXFSZ);
+    return told;
   }
-  EXPECT_GT(duringASave, kKills / 10);
 
-  EXPECT_EQ(Stored("PRAGMA integrity_check"), Strings{"ok"});
-  EXPECT_GT(games, kKills / 10);
-  for (const auto& [table, rowsOfAGame] :
-       {std::pair{"Batting", 24}, {"Pitching", 2}, {"BoxScores", 2}}) {
-    const std::string name = table;
-    EXPECT_EQ(Stored("SELECT DISTINCT count(*) FROM " + name + " GROUP BY GameID"),
-              Strings{std::to_string(rowsOfAGame)});
-    EXPECT_EQ(Count(name), std::to_string(rowsOfAGame * games));
+  // Every game that was told to be stored is there; at most the one after it is there, too.
+  void CheckGames(const std::string& told) {
+    const auto stored = std::count(told.begin(), told.end(), kStored);
+    const int now = std::stoi(Count("Matchups"));
+    EXPECT_TRUE(now == games_ + stored || now == games_ + stored + 1)
+        << stored << " told, " << now - games_ << " there";
+    games_ = now;
   }
-  EXPECT_EQ(Count("WinLoss"), std::to_string(2 * games));
+
+  // A sound file, and every game in it whole.
+  void CheckFile() const {
+    EXPECT_EQ(Stored("PRAGMA integrity_check"), Strings{"ok"});
+    EXPECT_GT(games_, 0);
+    for (const auto& [table, rowsOfAGame] :
+         {std::pair{"Batting", 24}, {"Pitching", 2}, {"BoxScores", 2}}) {
+      const std::string name = table;
+      EXPECT_EQ(Stored("SELECT DISTINCT count(*) FROM " + name + " GROUP BY GameID"),
+                Strings{std::to_string(rowsOfAGame)});
+      EXPECT_EQ(Count(name), std::to_string(rowsOfAGame * games_));
+    }
+    EXPECT_EQ(Count("WinLoss"), std::to_string(2 * games_));
+    EXPECT_FALSE(HasFailure()) << Again();
+  }
+
+  int games_ = 0;
+  const int kills_ = static_cast<int>(FromOutside("DTB_KILLS", 100));
+  std::mt19937 random_{FromOutside("DTB_SEED", 1960)};
+};
+
+TEST_F(SaveKills, AtAnyStep) {
+  constexpr std::size_t kMostSteps = 80;  // a game takes about half of them
+  for (int run = 0; run < kills_ && !HasFailure(); ++run) {
+    CheckGames(SaveAndDie(run, 1 + random_() % kMostSteps, RLIM_INFINITY));
+  }
+  CheckFile();
+}
+
+TEST_F(SaveKills, WithinAWrite) {
+  constexpr rlim_t kGrowth = 16384;  // some games more, so that some are stored
+  for (int run = 0; run < kills_ && !HasFailure(); ++run) {
+    const rlim_t most = random_() % (std::filesystem::file_size(file) + kGrowth);
+    CheckGames(SaveAndDie(run, std::string::npos, most));
+  }
+  CheckFile();
 }
 
 }  // namespace

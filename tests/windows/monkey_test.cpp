@@ -12,12 +12,13 @@
 #include "replay/driver.h"
 #include "replay/gestures.h"
 #include "replay/play_table.h"
+#include "soak_settings.h"
 
 namespace dtb::replay {
 namespace {
 
-constexpr unsigned kSeed = 19601005;
-constexpr int kGestures = 20000;
+const unsigned kSeed = FromOutside("DTB_SEED", 19601005);
+const int kGestures = static_cast<int>(FromOutside("DTB_GESTURES", 20000));
 
 // Controls and keys for a new game up to its first hit.
 QList<std::pair<const char*, const char*>> NewGame() {
@@ -54,7 +55,9 @@ class Monkey : public Driver {
   void MakeGesture() override;
   bool Answer(MessageBox& box) override;
   void Refuse(const QString& reason) override {
-    ADD_FAILURE() << "seed " << kSeed << ", gesture " << made_ << ": " << reason.toStdString();
+    ADD_FAILURE() << "seed " << kSeed << ", gesture " << made_ << ": " << reason.toStdString()
+                  << '\n'
+                  << Again();
     Finish(1);
   }
 

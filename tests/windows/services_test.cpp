@@ -101,15 +101,17 @@ TEST_F(ServicesTest, SettingsLastAndFailuresAreTold) {
 
 TEST_F(ServicesTest, DamagedSettingsAreKeptAside) {
   const QString file = folder_.filePath(QStringLiteral("DTB.ini"));
-  const QByteArray damaged("[labels\n\x00\xFF=====\nno section = 1\n]", 30);
-  WriteFile(file, damaged);
-  QtSettingsStore store(file);
-  ASSERT_FALSE(store.damagedFile().isEmpty());
-  QFile kept(store.damagedFile());
-  ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
-  EXPECT_EQ(kept.readAll(), damaged);
-  store.Write("labels", "x", "y");
-  EXPECT_EQ(QtSettingsStore(file).Read("labels", "x", ""), "y");
+  for (const QByteArray& damaged : {QByteArray("[labels\n\x00\xFF=====\nno section = 1\n]", 30),
+                                    QByteArray("[labels]\nx=1\n[other]\nno sign\n")}) {
+    WriteFile(file, damaged);
+    QtSettingsStore store(file);
+    ASSERT_FALSE(store.damagedFile().isEmpty()) << damaged.toStdString();
+    QFile kept(store.damagedFile());
+    ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
+    EXPECT_EQ(kept.readAll(), damaged);
+    store.Write("labels", "x", "y");
+    EXPECT_EQ(QtSettingsStore(file).Read("labels", "x", ""), "y");
+  }
 }
 
 TEST_F(ServicesTest, KeyIsFreshOnceForEachPress) {

@@ -19,6 +19,12 @@ inline void Require(bool holds, const char* promise) {
   std::abort();
 }
 
+// What an input stands for, printed while DTB_SHOW is set.
+inline void Show(const std::string& text) {
+  static const bool shown = std::getenv("DTB_SHOW") != nullptr;
+  if (shown) std::fprintf(stderr, "%s\n", text.c_str());
+}
+
 // A folder of the process, kept in memory where the system has such a place.
 inline const std::filesystem::path& Folder() {
   static const struct Temporary {

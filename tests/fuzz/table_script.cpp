@@ -121,7 +121,7 @@ std::string ScriptOf(std::string_view bytes) {
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("TMPDIR", fuzz::Folder().c_str());  // of the tables
-  static QApplication application(*argc, *argv);
+  new QApplication(*argc, *argv);             // until the very end
   QApplication::setQuitOnLastWindowClosed(false);
   DressApplication();
   for (const auto& entry : std::filesystem::directory_iterator(DTB_TEAMS)) {
@@ -132,9 +132,7 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const auto file = fuzz::WriteInput("clicks", ScriptOf(fuzz::BytesOf(data, size)));
-  // Shown where one input is looked at: the script can be played by itself.
-  if (std::getenv("DTB_SHOW_SCRIPT") != nullptr)
-    std::puts(ScriptOf(fuzz::BytesOf(data, size)).c_str());
+  fuzz::Show(ScriptOf(fuzz::BytesOf(data, size)));
   PlayTable table;
   Player::Options options;
   options.undo = true;

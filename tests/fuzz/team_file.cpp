@@ -27,6 +27,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   OpenTeam(game.board, Side::Visitors, file);
   OpenTeam(game.board, Side::Home, file);
   game.Play("pitch:v9 pitch:h0 atbat:v row:v0 1B GO undo: up:v edit:v drag:v1 drop:v3");
-  fuzz::Require(game.Look("told").find("Program Error") == std::string::npos, "no program error");
   return 0;
 }

@@ -59,6 +59,11 @@ TEST_F(ServicesTest, OnlyPicturesAreLoaded) {
   const auto wide = QImage(5000, 100, QImage::Format_RGB32);
   ASSERT_TRUE(wide.save(folder_.filePath(QStringLiteral("Wide.jpg")), "JPG"));
   EXPECT_LE(pictures.Image(*pictures.Load(PathIn("Wide.jpg"))).width(), 1200);
+  // 1 x 65535 by its screen, 1 x 35 by its only frame.
+  WriteFile(folder_.filePath(QStringLiteral("Long.jpg")),
+            QByteArray::fromHex("4749463839610100ffff8000ff0104000000002c"
+                                "00002300010001000002024401003b"));
+  EXPECT_LE(pictures.Image(*pictures.Load(PathIn("Long.jpg"))).height(), 1200);
   EXPECT_FALSE(pictures.Load(std::string("nul\0.jpg", 8)).has_value());
 }
 

@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <thread>
 
 #include "browser/box_score.h"
 #include "browser/queries.h"
@@ -45,12 +44,15 @@ class RealGamesTest : public DatabaseTest {
   RealGamesTest() {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     for (const char* name : {"1960-10-05", "2020-08-07", "1960-10-05"}) {
-      // A GameID lasts a second.
-      if (games > 0) std::this_thread::sleep_for(std::chrono::seconds(1));
       const std::string game = std::string(DTB_GAMES "/") + name;
       const std::string command =
           "'" DTB_REPLAY "' --database '" + file.string() + "' '" + game + "'";
       EXPECT_EQ(std::system((command + " > /dev/null").c_str()), 0) << command;
+      // The clock gives two games of one second the same GameID.
+      for (const char* table : {"Batting", "Pitching", "BoxScores"}) {
+        Execute(std::string("UPDATE ") + table + " SET GameID = '98765432100" +
+                std::to_string(games) + "' WHERE GameID NOT LIKE '98765432100_'");
+      }
       Read(game + "/expected.txt");
       ++games;
     }

@@ -2,7 +2,7 @@
 #include <QFileDialog>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QThread>
+#include <limits>
 
 #include "platform/paths.h"
 #include "platform/quiet_desktop.h"
@@ -44,18 +44,17 @@ class ExportWindowTest : public BrowserFormTest {
   ProgressPanel* Panel() { return form().findChild<ProgressPanel*>(); }
 
   void WaitForFocus() {
-    ASSERT_TRUE(
-        QTest::qWaitFor([this] { return form().isAncestorOf(QApplication::focusWidget()); }));
+    while (!form().isAncestorOf(QApplication::focusWidget())) QCoreApplication::processEvents();
   }
 
-  // Enough for some seconds of writing.
-  void MakeLargeDatabase() {
-    MakeDatabase(
-        "INSERT INTO Batting (Batter, k, Team) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT "
-        "i + 1 FROM n WHERE i < 40000) SELECT 'Man ' || i, i, 'Ants' FROM n");
-  }
+  // From here on the panel shows at once, or never.
+  static void SetMoment(int milliseconds) { ProgressPanel::moment = milliseconds; }
+  ~ExportWindowTest() override { SetMoment(usualMoment_); }
 
   Outside outside_;
+
+ private:
+  const int usualMoment_ = ProgressPanel::moment;
 };
 
 TEST_F(ExportWindowTest, SheetGoesIntoAPage) {
@@ -137,7 +136,10 @@ TEST_F(ExportWindowTest, WorkbookThatNothingOpensIsNamed) {
 }
 
 TEST_F(ExportWindowTest, LongExportsAreCancelled) {
-  MakeLargeDatabase();
+  SetMoment(0);
+  MakeDatabase(
+      "INSERT INTO Batting (Batter, k, Team) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT "
+      "i + 1 FROM n WHERE i < 100) SELECT 'Man ' || i, i, 'Ants' FROM n");
   const std::vector<std::function<void()>> ways{
       [this] { Click(Panel()->findChild<QPushButton*>()); },
       [this] { Press(&form(), Qt::Key_Escape); }, [this] { Press(&form(), Qt::Key_Space); },
@@ -172,10 +174,11 @@ TEST_F(ExportWindowTest, WindowBehindTakesNothingMeanwhile) {
     Part("Text9")->setFocus();
     bool tried = false;
     {
+      SetMoment(std::numeric_limits<int>::max());
       ProgressPanel panel(QStringLiteral("Working"), ProgressPanel::Work::Cancellable, &form());
       EXPECT_TRUE(panel.Hear(0.1));
       EXPECT_FALSE(panel.isVisible()) << "a moment's work shows nothing";
-      QThread::msleep(300);
+      SetMoment(0);
       QTimer::singleShot(0, &panel, [&] {
         Click(Part("cmd_Purge"));
         Click(tabs->tabBar(), {}, Qt::LeftButton, tabs->tabBar()->tabRect(2).center());
@@ -189,7 +192,6 @@ TEST_F(ExportWindowTest, WindowBehindTakesNothingMeanwhile) {
       EXPECT_TRUE(panel.Hear(0.5));
       EXPECT_TRUE(panel.isVisible());
       EXPECT_EQ(panel.findChild<QProgressBar*>()->value(), 500);
-      QThread::msleep(50);
       EXPECT_TRUE(panel.Hear(0.6));
     }
     QCoreApplication::processEvents();

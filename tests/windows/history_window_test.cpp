@@ -194,7 +194,7 @@ TEST_F(HistoryWindowTest, ADiskThatTakesNothingIsToldOnce) {
   Answer(Qt::Key_Return);
   board().state.List1.Select(0);
   PutAtBat(board(), Side::Home);
-  QTRY_VERIFY_WITH_TIMEOUT(!told_.isEmpty(), 5000);
+  while (told_.isEmpty()) QCoreApplication::processEvents();
   EXPECT_TRUE(told_.contains("cannot be kept beside the settings")) << FromQt(told_);
   PressAndClose(Qt::Key_E);
 }

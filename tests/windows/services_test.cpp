@@ -60,6 +60,11 @@ TEST_F(ServicesTest, OnlyPicturesAreLoaded) {
   const auto wide = QImage(5000, 100, QImage::Format_RGB32);
   ASSERT_TRUE(wide.save(folder_.filePath(QStringLiteral("Wide.jpg")), "JPG"));
   EXPECT_LE(pictures.Image(*pictures.Load(PathIn("Wide.jpg"))).width(), 1200);
+  // 1 x 65535 by its screen, 1 x 35 by its only frame.
+  WriteFile(folder_.filePath(QStringLiteral("Long.jpg")),
+            QByteArray::fromHex("4749463839610100ffff8000ff0104000000002c"
+                                "00002300010001000002024401003b"));
+  EXPECT_LE(pictures.Image(*pictures.Load(PathIn("Long.jpg"))).height(), 1200);
   EXPECT_FALSE(pictures.Load(std::string("nul\0.jpg", 8)).has_value());
 }
 
@@ -102,15 +107,17 @@ TEST_F(ServicesTest, SettingsLastAndFailuresAreTold) {
 
 TEST_F(ServicesTest, DamagedSettingsAreKeptAside) {
   const QString file = folder_.filePath(QStringLiteral("DTB.ini"));
-  const QByteArray damaged("[labels\n\x00\xFF=====\nno section = 1\n]", 30);
-  WriteFile(file, damaged);
-  QtSettingsStore store(file);
-  ASSERT_FALSE(store.damagedFile().isEmpty());
-  QFile kept(store.damagedFile());
-  ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
-  EXPECT_EQ(kept.readAll(), damaged);
-  store.Write("labels", "x", "y");
-  EXPECT_EQ(QtSettingsStore(file).Read("labels", "x", ""), "y");
+  for (const QByteArray& damaged : {QByteArray("[labels\n\x00\xFF=====\nno section = 1\n]", 30),
+                                    QByteArray("[labels]\nx=1\n[other]\nno sign\n")}) {
+    WriteFile(file, damaged);
+    QtSettingsStore store(file);
+    ASSERT_FALSE(store.damagedFile().isEmpty()) << damaged.toStdString();
+    QFile kept(store.damagedFile());
+    ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
+    EXPECT_EQ(kept.readAll(), damaged);
+    store.Write("labels", "x", "y");
+    EXPECT_EQ(QtSettingsStore(file).Read("labels", "x", ""), "y");
+  }
 }
 
 TEST_F(ServicesTest, KeysCountWhileTheyAreHeld) {

@@ -47,15 +47,19 @@ bool Begin(QImageReader& reader, const std::string& path) {
   return size.isValid() && qint64{size.width()} * size.height() <= kMostPixels;
 }
 
+bool IsTooLarge(const QSize& size) { return std::max(size.width(), size.height()) > kLongestSide; }
+
+QSize Fitted(const QSize& size) {
+  return size.scaled(kLongestSide, kLongestSide, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+}
+
 QImage Decode(const std::string& path) {
   QImageReader reader;
   if (!Begin(reader, path)) return {};
-  const QSize size = reader.size();
-  if (std::max(size.width(), size.height()) > kLongestSide) {
-    reader.setScaledSize(
-        size.scaled(kLongestSide, kLongestSide, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
-  }
-  return reader.read();
+  if (IsTooLarge(reader.size())) reader.setScaledSize(Fitted(reader.size()));
+  const QImage image = reader.read();
+  // A GIF's picture may be larger than its head says.
+  return IsTooLarge(image.size()) ? image.scaled(Fitted(image.size())) : image;
 }
 
 }  // namespace

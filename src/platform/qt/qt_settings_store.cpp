@@ -33,7 +33,11 @@ QtSettingsStore::QtSettingsStore(QString file) : file_(std::move(file)) {
     file_ = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
             QStringLiteral("/DTB_v102.ini");
   }
-  if (QSettings(file_, QSettings::IniFormat).status() != QSettings::FormatError) return;
+  {
+    const QSettings settings(file_, QSettings::IniFormat);
+    static_cast<void>(settings.allKeys());  // each section is read only when somebody asks for it
+    if (settings.status() != QSettings::FormatError) return;
+  }
   const QString kept = FreeNameBeside(file_);
   if (QFile::rename(file_, kept)) damagedFile_ = kept;
 }

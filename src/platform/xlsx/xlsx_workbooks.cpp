@@ -136,9 +136,9 @@ class XlsxWriter : public WorkbookWriter {
     // The library packs in one long call, which would keep the window from being painted.
     auto packing = std::async(std::launch::async, [this] { Pack(); });
     bool wanted = true;
-    while (packing.wait_for(kMeanwhile) != std::future_status::ready) {
+    do {  // once at least, so that no machine is too quick to be told "Cancel"
       wanted = meanwhile() && wanted;
-    }
+    } while (packing.wait_for(kMeanwhile) != std::future_status::ready);
     packing.get();
     if (!wanted) return false;
     std::error_code fault;

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "windows/boxes/message_box.h"
 #include "windows/shared/bind.h"
@@ -12,8 +13,7 @@
 namespace dtb {
 namespace {
 
-constexpr int kMoment = 250;  // milliseconds
-constexpr int kFrame = 33;    // between two pictures of the bar
+constexpr int kFrame = 33;  // milliseconds between two pictures of the bar
 constexpr int kBarSteps = 1000;
 
 }  // namespace
@@ -85,7 +85,9 @@ void ProgressPanel::Cancel() {
 }
 
 bool ProgressPanel::Hear(double share) {
-  if (since_.elapsed() < kMoment || sincePaint_.elapsed() < kFrame) return !cancelled_;
+  if (since_.elapsed() < moment || sincePaint_.elapsed() < std::min(kFrame, moment)) {
+    return !cancelled_;
+  }
   sincePaint_.start();
   bar_->setValue(qRound(share * kBarSteps));
   Show();

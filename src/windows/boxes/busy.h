@@ -36,6 +36,9 @@ class ProgressPanel : public Panel {
   // The share of the work that is done, from 0 to 1. False once the person has cancelled.
   bool Hear(double share);
 
+  // Work that takes no longer shows nothing; milliseconds. For tests, which know no time.
+  static inline int moment = 250;
+
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 

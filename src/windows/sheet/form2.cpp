@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
+#include <QShortcut>
 
 #include "game/constant_update.h"
 #include "game/history.h"
@@ -42,6 +43,7 @@ Form2::Form2(Board& board, QtPictures& pictures, QWidget* parent)
   BuildSide(Side::Home);
   BuildBottom();
   BuildEditor();
+  BuildProof();
   FollowSteps();
   FitAtLaunch(this, scene_.resizer(), 0);
 }
@@ -49,8 +51,51 @@ Form2::Form2(Board& board, QtPictures& pictures, QWidget* parent)
 // A step back or forward restores the line score as it stood; its copy here follows.
 void Form2::FollowSteps() {
   board_.history->Observe([self = QPointer(this)] {
-    if (self && self->isVisible() && self->board_.history->stepped()) ConstantUpdate(self->board_);
+    if (!self || !self->isVisible()) return;
+    if (self->board_.history->stepped()) ConstantUpdate(self->board_);
+    self->ShowProof();
   });
+}
+
+void Form2::BuildProof() {
+  proofPlate_ = new ProofPlate(this);
+  scene_.Put(proofPlate_, {1308, 12, 108, 84}, kBody);
+  proofList_ = new ProofList(this);
+  scene_.Put(proofList_, {260, 108, 1000, 480});
+  auto* key = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_P), this);
+  connect(key, &QShortcut::activated, this, &Form2::OpenProofList);
+  connect(proofPlate_, &QAbstractButton::clicked, this, &Form2::OpenProofList);
+  connect(proofList_, &ProofList::closed, this, [this] {
+    proofList_->hide();
+    visitors_->setFocus(Qt::OtherFocusReason);
+  });
+  connect(proofList_, &ProofList::putRightWanted, this,
+          [this](const std::vector<Finding>& findings) {
+            PutRight(board_, ProofMoment::Sheet, findings);
+            proofList_->setFocus(Qt::OtherFocusReason);
+          });
+  connect(proofList_, &ProofList::cellWanted, this, [this](const Finding& finding) {
+    if (finding.row == 0) return;
+    proofList_->hide();
+    StatGridView& table = TableOf(finding.side);
+    table.SetCurrentCell(finding.row, finding.column);
+    table.setFocus(Qt::OtherFocusReason);
+  });
+}
+
+// The plate, and the list while it is open, as the game stands now.
+void Form2::ShowProof() {
+  const std::vector<Finding> findings = Prove(board_, ProofMoment::Sheet);
+  proofPlate_->Show(board_, findings);
+  if (!proofList_->isVisible()) return;
+  proofList_->Show(findings, kBody * scene_.resizer().fontScale());
+}
+
+void Form2::OpenProofList() {
+  proofList_->show();
+  proofList_->raise();
+  ShowProof();
+  proofList_->setFocus(Qt::OtherFocusReason);
 }
 
 void Form2::BuildTop(QtPictures& pictures) {
@@ -231,10 +276,12 @@ void Form2::resizeEvent(QResizeEvent* event) {
 void Form2::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   visitors_->setFocus(Qt::OtherFocusReason);
+  ShowProof();
 }
 
 void Form2::hideEvent(QHideEvent* event) {
   QDialog::hideEvent(event);
+  proofList_->hide();
   DropCellEdit(board_);
 }
 

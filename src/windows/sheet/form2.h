@@ -8,6 +8,7 @@
 #include "platform/qt/qt_pictures.h"
 #include "windows/shared/scene.h"
 #include "windows/shared/stat_grid_view.h"
+#include "windows/sheet/proof_view.h"
 
 namespace dtb {
 
@@ -31,6 +32,9 @@ class Form2 : public QDialog {
   void BuildExports();
   void BuildEditor();
   void FollowSteps();
+  void BuildProof();
+  void ShowProof();
+  void OpenProofList();
   void SendToExcel();
   void ShowEditor(bool shown);
   void Commit();
@@ -45,6 +49,8 @@ class Form2 : public QDialog {
   StatGridView* visitors_ = nullptr;
   StatGridView* home_ = nullptr;
   QLineEdit* editor_ = nullptr;
+  ProofPlate* proofPlate_ = nullptr;
+  ProofList* proofList_ = nullptr;
 };
 
 }  // namespace dtb

@@ -110,9 +110,9 @@ TEST_F(SaveTest, TextWhereNumbersBelongIsNamedAndNothingIsStored) {
     const char* place;  // "": the save does not look there
   };
   for (const Row& row : std::vector<Row>{
-           {Side::Visitors, 1, kAtBats, "x", "Ants, row 1 (Al), column AB: \"x\""},
-           {Side::Home, 1, kPitcherHits, "1 2", "Bees, row 1 (Starter), column H: \"1 2\""},
-           {Side::Home, 2, kEarnedRuns, "?", "Bees, row 2 (Last of Bees), column ER: \"?\""},
+           {Side::Visitors, 1, kAtBats, "x", "Team, row 1 (Al), column AB: \"x\""},
+           {Side::Home, 1, kPitcherHits, "1 2", "Team, row 1 (Starter), column H: \"1 2\""},
+           {Side::Home, 2, kEarnedRuns, "?", "Team, row 2 (Last of Bees), column ER: \"?\""},
            {Side::Visitors, 10, kAtBats, "x", ""},
            {Side::Home, 40, kPitcherHits, "x", ""}}) {
     table.Put(Side::Home, 1, {{kPitcher, "Starter"}, {kInningsPitched, "2.33"}});

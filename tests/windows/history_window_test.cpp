@@ -78,7 +78,7 @@ TEST_F(HistoryWindowTest, WhatIsTypedIsOneStepAndCtrlZInTheFieldIsTheGames) {
   Press(&form1(), Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(cell->text(), "");
   Type(&form1(), "5");
-  Press(&form1(), Qt::Key_Escape);
+  Press(&form1(), Qt::Key_Return);
   PressAndClose(Qt::Key_K);
   EXPECT_EQ(board().sheet.grd_VisStats.Text(1, stat_column::kStrikeouts), "1");
   EXPECT_EQ(cell->text(), "5");

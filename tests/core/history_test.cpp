@@ -149,6 +149,35 @@ struct FakeStore : RecoveryStore {
   std::optional<std::string> kept;
 };
 
+TEST(Recovery, AGameSetAsideIsTakenUp) {
+  Game game;
+  game.Play("1B HR GO");
+  AidsState aidsState;
+  aidsState.cb_RandParks.Set(true);  // of a folder that is gone: it would be a dead button
+  aidsState.parkChoice = game.fake.folder / "gone" / "park.jpg";
+  const std::string kept = TableText(game.board, aidsState);
+  const auto takeUp = [&](Game& other, const std::string& bytes) {
+    other.fake.chosen = other.fake.folder / "DTB_v102.game.20261125-120000";
+    std::ofstream(*other.fake.chosen, std::ios::binary) << bytes;
+    AidsState state;
+    Aids aids{state, other.fake.ports};
+    FakeStore store;
+    TakeUpSetAside(other.board, aids, store);
+    EXPECT_FALSE(state.cb_RandParks.value());
+    EXPECT_FALSE(store.kept);
+  };
+  Game empty(false);
+  takeUp(empty, kept);
+  EXPECT_TRUE(GameText(empty.board) == GameText(game.board));
+  Game busy;
+  const std::string before = GameText(busy.board);
+  takeUp(busy, kept);  // the question is answered with No
+  EXPECT_TRUE(GameText(busy.board) == before);
+  takeUp(busy, kept.substr(0, 300));
+  EXPECT_TRUE(busy.Look("told").ends_with("or it is damaged."));
+  EXPECT_TRUE(GameText(busy.board) == before);
+}
+
 TEST(Recovery, DamageOfAnyKindIsToldAndChangesNothing) {
   Game game;
   game.Play("1B HR GO");

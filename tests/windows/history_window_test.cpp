@@ -145,9 +145,10 @@ TEST_F(HistoryWindowTest, AGameIsPickedUpWithEverythingInItsPlace) {
 TEST_F(HistoryWindowTest, AnUnwantedGameAndADamagedOneAreKeptAside) {
   StartGame();
   CutPower();
-  Answer(Qt::Key_N);
+  const auto messages = AnswerBoxes({Qt::Key_N, Qt::Key_Return});
   StartAnew();
   EXPECT_TRUE(board().state.List1.empty());
+  EXPECT_TRUE(messages->value(1).contains("\"Take up a game set aside...\""));
   EXPECT_EQ(Beside("DTB_v102.game.2*").size(), 1);
   desk_.reset();
 

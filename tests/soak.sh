@@ -7,8 +7,8 @@ set -euo pipefail
 build=$1
 deadline=$((SECONDS + $2 * 60))
 faults=$build/soak/faults
-gestures_a_round=5000
-games_a_round=200
+gestures_a_round=2000
+games_a_round=100
 kills_a_round=25
 fuzz_seconds=15
 
@@ -83,7 +83,8 @@ fuzz() {
     rm -- "$output"
   else
     input=$(sed -n 's/.*Test unit written to //p' "$output" | tail -n 1)
-    fault "$output" "env ASAN_OPTIONS=detect_leaks=0 $(printf '%q %q' "$program" "$input")"
+    # A program that did not get as far as an input is started as it was.
+    fault "$output" "env ASAN_OPTIONS=detect_leaks=0 $(printf '%q %q' "$program" "${input:--seed=$seed}")"
   fi
 }
 

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QPointer>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -105,8 +106,10 @@ class WindowTest : public testing::Test {
 
  private:
   static void AnswerNext(const std::vector<Qt::Key>& keys,
-                         const std::shared_ptr<QStringList>& messages, const MessageBox* last) {
+                         const std::shared_ptr<QStringList>& messages,
+                         const QPointer<MessageBox>& last) {
     if (keys.empty()) return;
+    // A new box may stand where the last one stood in memory.
     const auto newBox = [last] {
       return MessageBox::Open() != nullptr && MessageBox::Open() != last;
     };

@@ -59,7 +59,10 @@ void LeaveOut(const Club& club, LineUp& lineUp, std::size_t fixedBench, std::siz
         least = i;
       }
     }
-    if (from == nullptr) break;
+    if (from == nullptr) {
+      from = lineUp.bench.empty() ? &lineUp.pitchers : &lineUp.bench;
+      least = from->size() - 1;
+    }
     lineUp.leftOut.push_back((*from)[least]);
     from->erase(from->begin() + static_cast<std::ptrdiff_t>(least));
   }
@@ -84,8 +87,16 @@ bool PitcherBats(const Order& order) {
   return std::ranges::find(order, kPitcher, &Placed::position) != order.end();
 }
 
+// Nine places, and no man in two of them.
 bool Whole(const Order& order) {
-  return std::ranges::none_of(order, [](const Placed& one) { return one.position == 0; });
+  for (auto one = order.begin(); one != order.end(); ++one) {
+    if (one->position == 0) return false;
+    if (std::find_if(std::next(one), order.end(),
+                     [&](const Placed& other) { return other.man == one->man; }) != order.end()) {
+      return false;
+    }
+  }
+  return true;
 }
 
 // The nine used most, with kNobody where the pitcher bats.
@@ -117,18 +128,34 @@ Order UsualOrder(const std::vector<Order>& used) {
   return *best;
 }
 
+// Who started most games; none who stands in the order already, unless he alone has pitched.
+int FirstStarter(const Club& club, const Order& order) {
+  int first = 0;
+  std::tuple<bool, int, int> most;
+  for (int man = 0; man < static_cast<int>(club.men.size()); ++man) {
+    const Pitching& pitching = club.men[man].pitching;
+    const bool free =
+        !PitcherBats(order) || std::ranges::find(order, man, &Placed::man) == order.end();
+    const std::tuple value(free, pitching.starts, pitching.outs);
+    if (man > 0 && value <= most) continue;
+    first = man;
+    most = value;
+  }
+  return first;
+}
+
 }  // namespace
 
 LineUp LineUpOfGame(const Season& season, const Game& game, int side) {
   const GameSide& told = game.sides.at(side);
   const Club& club = season.clubs[told.club];
   LineUp lineUp;
-  for (const Placed& one : told.order) {
-    if (one.man != kNobody) lineUp.order.push_back(one);
-  }
   const auto inOrder = [&](int man) {
     return std::ranges::find(lineUp.order, man, &Placed::man) != lineUp.order.end();
   };
+  for (const Placed& one : told.order) {
+    if (one.man != kNobody && !inOrder(one.man)) lineUp.order.push_back(one);
+  }
   if (told.pitcher != kNobody && !inOrder(told.pitcher)) lineUp.pitchers.push_back(told.pitcher);
   for (const int man : told.came) {
     if (inOrder(man) || man == told.pitcher) continue;
@@ -145,19 +172,18 @@ LineUp LineUpUsedMost(const Season& season, int club) {
   std::vector<Order> used;
   for (const Game& game : season.games) {
     for (const GameSide& side : game.sides) {
-      if (side.club == club && Whole(side.order)) used.push_back(Pattern(side.order));
+      const Order pattern = Pattern(side.order);
+      if (side.club == club && Whole(pattern)) used.push_back(pattern);
     }
   }
   const Club& told = season.clubs[club];
   LineUp lineUp;
   std::size_t fixed = 0;
   if (!used.empty()) {
-    const auto first = std::ranges::max_element(told.men, {}, [](const Man& man) {
-      return std::pair(man.pitching.starts, man.pitching.outs);
-    });
-    const int starter = static_cast<int>(first - told.men.begin());
+    const Order usual = UsualOrder(used);
+    const int starter = FirstStarter(told, usual);
     bool bats = false;
-    for (Placed one : UsualOrder(used)) {
+    for (Placed one : usual) {
       if (one.position == kPitcher) one.man = starter;
       bats = bats || one.man == starter;
       lineUp.order.push_back(one);

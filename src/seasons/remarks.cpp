@@ -2,15 +2,16 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdio>
 
 namespace dtb::seasons {
 namespace {
 
 // A share with three places, as ".301" or "1.000".
-std::string Average(int part, int whole) {
+std::string Average(std::int64_t part, std::int64_t whole) {
   if (whole == 0) return ".---";
-  const int thousandths = (part * 2000 + whole) / (whole * 2);
+  const auto thousandths = static_cast<int>((part * 2000 + whole) / (whole * 2));
   std::array<char, 32> text{};
   std::snprintf(text.data(), text.size(), "%d.%03d", thousandths / 1000, thousandths % 1000);
   return thousandths < 1000 ? std::string(text.data() + 1) : std::string(text.data());
@@ -19,7 +20,9 @@ std::string Average(int part, int whole) {
 // Runs in nine innings with two places; who got nobody out has the worst that the charts know.
 std::string EarnedRunAverage(const Pitching& pitching) {
   if (pitching.outs == 0) return pitching.earnedRuns == 0 ? "-.--" : "99.99";
-  const int hundredths = (pitching.earnedRuns * 5400 + pitching.outs) / (pitching.outs * 2);
+  const std::int64_t outs = pitching.outs;
+  const auto hundredths =
+      static_cast<int>((pitching.earnedRuns * std::int64_t{5400} + outs) / (outs * 2));
   std::array<char, 32> text{};
   std::snprintf(text.data(), text.size(), "%d.%02d", hundredths / 100, hundredths % 100);
   return text.data();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 #include "teams/team_file.h"
 
@@ -57,7 +58,7 @@ std::string Hand(std::string_view text) {
 template <class TakeLines>
 void SeasonLines::EachLine(const std::string& file, std::string_view bytes, TakeLines take) {
   file_ = &file;
-  line_ = 0;
+  line_ = notedLine_ = 0;
   while (!bytes.empty()) {
     const std::size_t end = std::min(bytes.find('\n'), bytes.size());
     std::string_view line = bytes.substr(0, end);
@@ -68,7 +69,9 @@ void SeasonLines::EachLine(const std::string& file, std::string_view bytes, Take
   }
 }
 
+// A line counts once, whatever is wrong with it.
 void SeasonLines::Note(const char* what) {
+  if (std::exchange(notedLine_, line_) == line_) return;
   ++season_.faultCount;
   if (season_.faults.size() < kFaultsKept) season_.faults.push_back({*file_, line_, what});
 }
@@ -158,14 +161,14 @@ void SeasonLines::TakeId(std::string_view id) {
   id = NextField(id);
   state_ = State::Skipped;
   constexpr std::size_t kIdLength = 12;  // three letters, year, month, day, number
-  const auto year = id.size() == kIdLength ? Number(id.substr(3, 4)) : std::nullopt;
-  const auto day = year ? Number(id.substr(7, 5)) : std::nullopt;
-  if (!year || !day) return Note("no game's name");
+  const bool named = id.size() == kIdLength &&
+                     id.substr(3).find_first_not_of("0123456789") == std::string_view::npos;
+  if (!named) return Note("no game's name");
   if (!seen_.emplace(id).second) return Note("a game that was read before");
   state_ = State::Heading;
   game_ = Game{};
   game_.id = std::string(id);
-  game_.number = *day % 10;
+  game_.number = id.back() - '0';
   game_.date = game_.id.substr(3, 4) + '-' + game_.id.substr(7, 2) + '-' + game_.id.substr(9, 2);
   home_ = game_.id.substr(0, 3);
   visitors_.clear();
@@ -235,7 +238,8 @@ void SeasonLines::TakeEarnedRuns(std::string_view line) {
   if (NextField(line) != "er" || !OpenGame()) return;
   const std::string_view id = NextField(line);
   const auto runs = Number(NextField(line));
-  if (!runs || *runs < 0) return Note("no number of earned runs");
+  constexpr int kMostRuns = 99;
+  if (!runs || *runs < 0 || *runs > kMostRuns) return Note("no number of earned runs");
   for (int side = 0; side < 2; ++side) {
     const int man = scorer_.Find(side, id);
     if (man != kNobody) return scorer_.ChargeEarnedRuns(side, man, *runs);

@@ -62,6 +62,7 @@ class SeasonLines {
   std::set<std::string, std::less<>> seen_;  // games
   const std::string* file_ = nullptr;
   int line_ = 0;
+  int notedLine_ = 0;
   // The game in progress.
   enum class State { None, Heading, Open, Skipped } state_ = State::None;
   Game game_;

@@ -48,10 +48,12 @@ std::string BytesOf(const TeamText& team) {
   return bytes;
 }
 
-std::string FileNameOf(const TeamText& team) {
-  std::string name = SafeNamePart(team.name);
+std::string BoardName(const std::string& teamName) {
+  std::string name = SafeNamePart(teamName);
   std::erase(name, '=');  // the board would cut the name there
-  return (name.empty() ? "Team" : name) + ".txt";
+  return name.empty() ? "Team" : name;
 }
+
+std::string FileNameOf(const TeamText& team) { return BoardName(team.name) + ".txt"; }
 
 }  // namespace dtb::seasons

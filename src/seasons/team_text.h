@@ -23,7 +23,10 @@ struct TeamText {
 // The file's bytes: UTF-8, each line with its end.
 [[nodiscard]] std::string BytesOf(const TeamText& team);
 
-// The file's name, which every file system takes.
+// A team's name as the board takes it from its file's name, which every file system takes.
+[[nodiscard]] std::string BoardName(const std::string& teamName);
+
+// "Oakland 2020.txt".
 [[nodiscard]] std::string FileNameOf(const TeamText& team);
 
 }  // namespace dtb::seasons

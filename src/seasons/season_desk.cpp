@@ -38,8 +38,7 @@ void FindPlayedGames(SeasonDesk& desk) {
 }
 
 void ShowSeason(SeasonDesk& desk) {
-  if (!desk.kept.season) return;
-  FindPlayedGames(desk);
+  if (desk.kept.season) FindPlayedGames(desk);
   ShowTeams(desk);
   ShowGames(desk);
   ShowFiles(desk);
@@ -99,9 +98,6 @@ void OpenSeasonDesk(SeasonDesk& desk) {
   state.opt_LastFirst.Set(settings.Read(settings::kLabels, settings::kSeasonNames, kFirstLast) ==
                           kLastFirst);
   ShowForms(desk);
-  ShowTeams(desk);
-  ShowGames(desk);
-  ShowFiles(desk);
   ShowSeason(desk);
 }
 

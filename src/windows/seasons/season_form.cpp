@@ -140,6 +140,7 @@ void SeasonForm::BuildTables(QVBoxLayout* whole) {
   QVBoxLayout* teams = addColumn(17);
   addTitle(teams, "Teams");
   teams_ = AddGrid(teams, "grd_Teams", "Teams of the season", state_.grd_Teams);
+  teams_->SetStretchColumns({1});
   OnRow(teams_, seasons::SelectTeam);
   QVBoxLayout* games = addColumn(32);
   addTitle(games, "Games");
@@ -275,7 +276,10 @@ void SeasonForm::resizeEvent(QResizeEvent* event) {
   const double scale = resizer_.fontScale();
   setFont(Font(kBody * scale));
   for (StatGridView* grid : grids_) grid->SetScale(kSmall * scale, kTwip * scale);
-  for (QLabel* title : titles_) title->setFont(Font(kBody * scale, true));
+  for (QLabel* title : titles_) {
+    title->setFont(Font(kBody * scale, true));
+    title->setFixedHeight(title->fontMetrics().height());  // also of an empty one
+  }
   for (QLabel* note : notes_) note->setFont(Font(kTiny * scale));
   const int height = qRound(kControlHeight * scale);
   for (auto* button : findChildren<QPushButton*>()) {

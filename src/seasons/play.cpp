@@ -9,6 +9,8 @@ namespace {
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 constexpr bool IsStrength(char c) { return c == '+' || c == '-'; }
 
+constexpr bool IsMark(char c) { return c == '!' || c == '?' || c == '#'; }
+
 // The piece before the first mark outside brackets, which goes with it.
 std::string_view Cut(std::string_view& rest, char mark) {
   int depth = 0;
@@ -42,10 +44,13 @@ enum class Fielders { None, Out, Error };
 
 Fielders FieldersIn(std::string_view bracket) {
   const std::string_view who = bracket.substr(0, bracket.find('/'));
-  if (who.empty() || who.find_first_not_of("0123456789E") != std::string_view::npos) {
-    return Fielders::None;
+  bool erred = false;
+  for (const char c : who) {
+    if (c == 'E') erred = true;
+    if (c != 'E' && !IsDigit(c)) return Fielders::None;
   }
-  return who.find('E') == std::string_view::npos ? Fielders::Out : Fielders::Error;
+  if (who.empty()) return Fielders::None;
+  return erred ? Fielders::Error : Fielders::Out;
 }
 
 // All brackets of a move together: an error undoes the out unless others made one after all.
@@ -96,7 +101,7 @@ class Reader {
 
   // What may stand behind the letter of a hit, an error or a choice: fielders, how hard.
   static bool IsFielders(std::string_view text) {
-    return text.find_first_not_of("0123456789+-") == std::string_view::npos;
+    return std::ranges::all_of(text, [](char c) { return IsDigit(c) || IsStrength(c); });
   }
 
   bool ReadEvent(std::string_view event) {
@@ -259,10 +264,9 @@ int Play::runs() const {
 bool ReadPlay(std::string_view text, Play& play) {
   play = Play{};
   // Marks of doubt and wonder say nothing.
-  constexpr std::string_view kMarks = "!?#";
-  if (text.find_first_of(kMarks) == std::string_view::npos) return Reader(play).Read(text);
+  if (std::ranges::none_of(text, IsMark)) return Reader(play).Read(text);
   std::string plain(text);
-  std::erase_if(plain, [&](char c) { return kMarks.find(c) != std::string_view::npos; });
+  std::erase_if(plain, IsMark);
   return Reader(play).Read(plain);
 }
 

@@ -111,7 +111,7 @@ void ShowTeams(SeasonDesk& desk) {
     state.lbl_Archive.Set(told + ".");
     state.hasFaults.Set(season.faultCount > 0 || !season.skipped.empty());
   }
-  Fill(state.grd_Teams, std::move(contents), {0, 2600, 500});
+  Fill(state.grd_Teams, std::move(contents), {0, 2000, 500});
   state.grd_Teams.SetColumnAlignment(2, CellAlignment::Right);
 }
 
@@ -134,7 +134,7 @@ void ShowGames(SeasonDesk& desk) {
     }
     state.hasNext.Set(NextGameOf(season, state.played, club).has_value());
   }
-  Fill(state.grd_Games, std::move(contents), {0, 1600, 3200, 1000, 900});
+  Fill(state.grd_Games, std::move(contents), {0, 1400, 2200, 850, 800});
   state.grd_Games.SetColumnAlignment(3, CellAlignment::Centred);
   state.grd_Games.SetColumnAlignment(4, CellAlignment::Centred);
 }

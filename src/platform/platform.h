@@ -65,6 +65,9 @@ class FileDialogs {
   // Where to save, or nothing if the person cancelled or keeps the file that is there.
   [[nodiscard]] virtual std::optional<std::filesystem::path> SaveFile(
       const SaveFileRequest& request) = 0;
+  // A folder, or nothing if the person cancelled.
+  [[nodiscard]] virtual std::optional<std::filesystem::path> OpenFolder(
+      const std::string& title, const std::filesystem::path& startAt) = 0;
 };
 
 class Pictures {
@@ -186,6 +189,7 @@ class Clock {
   [[nodiscard]] virtual std::string NowText() = 0;
 };
 
+class Archives;
 class Database;
 class Workbooks;
 
@@ -203,6 +207,7 @@ struct Platform {
   Clock& clock;
   Sounds& sounds;
   Randoms& randoms;
+  Archives& archives;
   std::filesystem::path programFolder;  // holds Teams, Ballparks, Logos, Charts
 };
 

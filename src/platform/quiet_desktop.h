@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "aids/random_generator.h"
+#include "platform/archive.h"
 #include "platform/database.h"
 #include "platform/platform.h"
 #include "platform/workbook.h"
@@ -23,6 +24,7 @@ struct QuietDesktop : MessageBoxes,
                       Sounds,
                       Database,
                       Workbooks,
+                      Archives,
                       RandomGenerator {
   // The same dice in every run.
   QuietDesktop() : RandomGenerator(1) {}
@@ -37,6 +39,10 @@ struct QuietDesktop : MessageBoxes,
     return std::nullopt;
   }
   std::optional<std::filesystem::path> SaveFile(const SaveFileRequest& /*request*/) override {
+    return std::nullopt;
+  }
+  std::optional<std::filesystem::path> OpenFolder(
+      const std::string& /*title*/, const std::filesystem::path& /*startAt*/) override {
     return std::nullopt;
   }
   std::optional<Picture> Load(const std::filesystem::path& /*file*/) override {
@@ -71,6 +77,9 @@ struct QuietDesktop : MessageBoxes,
   std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>& /*tables*/) override {
     return nullptr;
   }
+  std::unique_ptr<Archive> OpenArchive(const std::filesystem::path& zipOrFolder) override {
+    throw ProgramError(error_number::kFileNotFound, zipOrFolder.string() + " does not exist.");
+  }
   std::unique_ptr<WorkbookWriter> Begin(const std::filesystem::path& /*file*/) override {
     return nullptr;
   }
@@ -79,8 +88,8 @@ struct QuietDesktop : MessageBoxes,
 // All ports of a desktop, apart from two that are often real ones.
 inline Platform PlatformOf(QuietDesktop& desk, Database& database, Workbooks& workbooks,
                            const std::filesystem::path& programFolder = {}) {
-  return {desk,      desk, desk, desk, desk, desk, database,
-          workbooks, desk, desk, desk, desk, desk, programFolder};
+  return {desk, desk, desk, desk, desk, desk, database,     workbooks,
+          desk, desk, desk, desk, desk, desk, programFolder};
 }
 
 }  // namespace dtb

@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMetaEnum>
 #include <QRadioButton>
@@ -131,6 +132,13 @@ Target TargetAtTab(const QString& name, int tab) {
 }
 
 Target TargetAtMenu(const QString& caption) {
+  if (auto* open = qobject_cast<QMenu*>(FrontWindow())) {
+    for (QAction* action : open->actions()) {
+      if (action->text().remove('&') == caption) {
+        return {open, open->actionGeometry(action).center()};
+      }
+    }
+  }
   auto* window = qobject_cast<QMainWindow*>(FrontWindow());
   for (QAction* action : window ? window->menuBar()->actions() : QList<QAction*>()) {
     if (action->text().remove('&') != caption) continue;

@@ -6,9 +6,11 @@
 #include <QTimer>
 #include <cstdio>
 
+#include "platform/zip/zip_archives.h"
 #include "replay/game_state.h"
 #include "replay/gestures.h"
 #include "replay/player.h"
+#include "seasons/teams_command.h"
 
 namespace dtb::replay {
 namespace {
@@ -93,7 +95,17 @@ int PlayGames(QStringList arguments, const QStringList& games) {
   return failed == 0 ? 0 : 1;
 }
 
+// Needs no window and no toolkit.
+int MakeTeams(const std::vector<std::string>& arguments) {
+  ZipArchives archives;
+  const seasons::CommandResult result = seasons::RunTeams(archives, arguments);
+  std::fputs(result.errors.c_str(), stderr);
+  std::fputs(result.output.c_str(), stdout);
+  return result.exitCode;
+}
+
 int Main(int argc, char** argv) {
+  if (argc > 1 && std::string_view(argv[1]) == "teams") return MakeTeams({argv + 2, argv + argc});
   QStringList arguments;
   for (int i = 0; i < argc; ++i) arguments += QString::fromLocal8Bit(argv[i]);
   QCommandLineParser parser;
@@ -121,8 +133,11 @@ int Main(int argc, char** argv) {
   if (!understood || games.isEmpty() || size.isEmpty() != options.screen.isEmpty()) {
     std::fputs(
         "Usage: dtb_replay [--show] [--keys] [--undo] [--shots DIR] [--size WxH] "
-        "[--database FILE] [--kill-every LINES] SCRIPT|FOLDER...\n",
+        "[--database FILE] [--kill-every LINES] SCRIPT|FOLDER...\n"
+        "       dtb_replay ",
         stderr);
+    std::fputs(seasons::kTeamsUsage, stderr);
+    std::fputs("\n", stderr);
     return 2;
   }
   const QString table = parser.value("table");

@@ -24,6 +24,10 @@ struct ScriptedDialogs : FileDialogs {
   std::optional<std::filesystem::path> SaveFile(const SaveFileRequest& /*request*/) override {
     return report ? report : Next();
   }
+  std::optional<std::filesystem::path> OpenFolder(const std::string& /*title*/,
+                                                  const std::filesystem::path& /*at*/) override {
+    return Next();
+  }
   std::optional<std::filesystem::path> Next() {
     return answers.isEmpty() ? std::nullopt : answers.takeFirst();
   }

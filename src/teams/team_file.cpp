@@ -60,16 +60,6 @@ std::string FromUtf16(std::string_view bytes, bool bigEndian) {
   return text;
 }
 
-std::string Decoded(std::string bytes) {
-  // One mark at most: what looks like a second one is text.
-  if (bytes.starts_with("\xEF\xBB\xBF")) {
-    bytes.erase(0, 3);
-  } else if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) {
-    return FromUtf16(std::string_view(bytes).substr(2), bytes.front() == '\xFE');
-  }
-  return IsUtf8(bytes) ? std::move(bytes) : FromWindows1252(bytes);
-}
-
 std::string ReadBytes(const std::filesystem::path& file) {
   const std::string name = std::string("\"").append(TextOf(file)).append("\"");
   std::error_code error;
@@ -102,9 +92,19 @@ std::string ReadBytes(const std::filesystem::path& file) {
 
 }  // namespace
 
+std::string DecodedText(std::string bytes) {
+  // One mark at most: what looks like a second one is text.
+  if (bytes.starts_with("\xEF\xBB\xBF")) {
+    bytes.erase(0, 3);
+  } else if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) {
+    return FromUtf16(std::string_view(bytes).substr(2), bytes.front() == '\xFE');
+  }
+  return IsUtf8(bytes) ? std::move(bytes) : FromWindows1252(bytes);
+}
+
 void ReadTeamFile(const std::filesystem::path& file,
                   const std::function<void(std::string line)>& giveLine) {
-  const std::string text = Decoded(ReadBytes(file));
+  const std::string text = DecodedText(ReadBytes(file));
   std::string_view rest = text;
   while (!rest.empty()) {
     const std::size_t end = rest.find_first_of("\r\n");

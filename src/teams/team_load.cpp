@@ -49,6 +49,12 @@ void FillTable(const SideFields& fields) {
   }
 }
 
+void EmptySide(Board& board, Side side) {
+  const SideFields fields = SideOf(board, side);
+  fields.list.Clear();
+  fields.logo.Set({});
+}
+
 void FillSide(Board& board, Side side, const std::filesystem::path& file) {
   const SideFields fields = SideOf(board, side);
   ReadTeamFile(file, [&](std::string line) { fields.list.Append(std::move(line)); });
@@ -70,15 +76,19 @@ void FillSide(Board& board, Side side, const std::filesystem::path& file) {
 
 void LoadTeam(Board& board, Side side) {
   Gesture gesture(board, side == Side::Visitors ? "LOAD Visitor team" : "LOAD Home team");
-  const SideFields fields = SideOf(board, side);
-  fields.list.Clear();
-  fields.logo.Set({});
+  EmptySide(board, side);
   const auto file = board.platform.dialogs.OpenFile(
       {side == Side::Visitors ? "LOAD Visitor team" : "LOAD Home team",
        board.platform.programFolder / "Teams", "Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*"});
   if (!file) return;
   gesture.SetName("LOAD " + TextOf(file->filename()));
   OpenTeam(board, side, *file);
+}
+
+void ReplaceTeam(Board& board, Side side, const std::filesystem::path& file) {
+  const Gesture gesture(board, "LOAD " + TextOf(file.filename()));
+  EmptySide(board, side);
+  OpenTeam(board, side, file);
 }
 
 void OpenTeam(Board& board, Side side, const std::filesystem::path& file) {

@@ -15,4 +15,7 @@ void LoadTeam(Board& board, Side side);
 // at the failing step; what was done before stays.
 void OpenTeam(Board& board, Side side, const std::filesystem::path& file);
 
+// Empties the side's list and logo, and opens a team file.
+void ReplaceTeam(Board& board, Side side, const std::filesystem::path& file);
+
 }  // namespace dtb

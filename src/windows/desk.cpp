@@ -80,6 +80,7 @@ Desk::Desk(const Setup& setup)
                 clock_,
                 setup.sounds != nullptr ? *setup.sounds : ownSounds_,
                 randoms_,
+                archives_,
                 setup.programFolder} {
   StartUp(board_);
   SetUpBallparks(aids_);

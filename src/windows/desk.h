@@ -16,6 +16,7 @@
 #include "platform/qt/qt_sounds.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "platform/xlsx/xlsx_workbooks.h"
+#include "platform/zip/zip_archives.h"
 #include "windows/board/form1.h"
 #include "windows/boxes/message_box.h"
 
@@ -67,6 +68,7 @@ class Desk {
   QtClock clock_;
   QtSounds ownSounds_;
   RandomGenerator randoms_;
+  ZipArchives archives_;
   WindowBoxes boxes_;
   Platform platform_;
   BoardState state_;

@@ -49,6 +49,14 @@ std::optional<std::filesystem::path> QtFileDialogs::SaveFile(const SaveFileReque
   return PathOf(FromQt(dialog.selectedFiles().constFirst()));
 }
 
+std::optional<std::filesystem::path> QtFileDialogs::OpenFolder(
+    const std::string& title, const std::filesystem::path& startAt) {
+  const QString chosen = QFileDialog::getExistingDirectory(QApplication::activeWindow(),
+                                                           ToQt(title), ToQt(TextOf(startAt)));
+  if (chosen.isEmpty()) return std::nullopt;
+  return PathOf(FromQt(chosen));
+}
+
 void QtPages::Open(const std::string& addressOrFile) {
   const QString text = ToQt(addressOrFile);
   QDesktopServices::openUrl(QFileInfo::exists(text) ? QUrl::fromLocalFile(text)

@@ -13,6 +13,8 @@ class QtFileDialogs : public FileDialogs {
  public:
   std::optional<std::filesystem::path> OpenFile(const OpenFileRequest& request) override;
   std::optional<std::filesystem::path> SaveFile(const SaveFileRequest& request) override;
+  std::optional<std::filesystem::path> OpenFolder(const std::string& title,
+                                                  const std::filesystem::path& startAt) override;
 };
 
 class QtPages : public Pages {

@@ -23,6 +23,7 @@
 #include "windows/board/piece_view.h"
 #include "windows/boxes/about_box.h"
 #include "windows/browser/form4.h"
+#include "windows/seasons/season_form.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
 
@@ -74,6 +75,11 @@ void Form1::BuildMenu() {
   editMenu_ = menuBar()->addMenu(QStringLiteral("Edit"));
   editMenu_->setObjectName(QStringLiteral("mnuEdit"));
   editMenu_->addActions({edit_->undo(), edit_->redo()});
+  QMenu* teams = menuBar()->addMenu(QStringLiteral("Teams"));
+  teams->setObjectName(QStringLiteral("mnuTeams"));
+  QAction* season = teams->addAction(QStringLiteral("From a season..."));
+  season->setObjectName(QStringLiteral("mnuSeason"));
+  connect(season, &QAction::triggered, this, [this] { SeasonForm::Run(board_, season_, this); });
   add("mnuStatistics", "Database", [this] { Form4::Run(board_.platform, this); });
   add("mnuEventLog", "EventLog", [this] { ShowLog(); });
   add("mnu_Options", "Options", [this] { ToggleOptions(board_); });

@@ -8,6 +8,7 @@
 #include "aids/aids_state.h"
 #include "game/board.h"
 #include "platform/qt/qt_pictures.h"
+#include "seasons/season_desk.h"
 #include "windows/board/edit_actions.h"
 #include "windows/board/outcome_panel.h"
 #include "windows/board/park_view.h"
@@ -64,6 +65,7 @@ class Form1 : public QMainWindow {
   PlayKeys* keys_ = nullptr;
   Form2* form2_ = nullptr;
   LogWindow* log_ = nullptr;
+  seasons::KeptSeason season_;
   QTimer tmr_Constant_;
   QTimer tmr_F12detect_;
 };

@@ -1,0 +1,17 @@
+// The counted figures as tables of comma-separated values.
+#pragma once
+
+#include <string>
+
+#include "seasons/season.h"
+
+namespace dtb::seasons {
+
+// "player,team,name,G,AB,H,2B,3B,HR,BB,K,HBP,SB": a row for each man and club who was in a game, by
+// club and man, with the archive's own ids. Lines end at LF; the text is UTF-8.
+[[nodiscard]] std::string BattingTable(const Season& season);
+
+// "player,team,name,G,GS,outs,H,HR,BB,K,ER": the same for those who pitched.
+[[nodiscard]] std::string PitchingTable(const Season& season);
+
+}  // namespace dtb::seasons

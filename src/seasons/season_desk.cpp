@@ -1,0 +1,242 @@
+#include "seasons/season_desk.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include "game/history.h"
+#include "platform/archive.h"
+#include "platform/paths.h"
+#include "seasons/season_files.h"
+#include "seasons/season_reader.h"
+#include "seasons/season_views.h"
+#include "shell/program_error.h"
+#include "shell/report_files.h"
+#include "shell/settings_keys.h"
+#include "teams/team_load.h"
+
+namespace dtb::seasons {
+namespace {
+
+constexpr const char* kLastFirst = "Last, First";
+constexpr const char* kFirstLast = "First Last";
+
+Platform& PlatformOf(SeasonDesk& desk) { return desk.board.platform; }
+
+std::filesystem::path TeamsFolder(SeasonDesk& desk) {
+  return PlatformOf(desk).programFolder / "Teams";
+}
+
+// Marks need the database; without it nothing is marked, and that is told once.
+void FindPlayedGames(SeasonDesk& desk) {
+  const Season& season = *desk.kept.season;
+  try {
+    desk.state.played = PlayedGames(season, SavedGames(PlatformOf(desk).database));
+  } catch (const ProgramError& error) {
+    desk.state.played.assign(season.games.size(), false);
+    desk.state.lbl_Done.Set(std::string("No game is marked as played. ") + error.what());
+  }
+}
+
+void ShowSeason(SeasonDesk& desk) {
+  if (desk.kept.season) FindPlayedGames(desk);
+  ShowTeams(desk);
+  ShowGames(desk);
+  ShowFiles(desk);
+}
+
+// Asks where another file would be replaced. False: the person wants to keep one.
+bool PutFile(SeasonDesk& desk, const std::filesystem::path& file, const std::string& bytes) {
+  const Standing standing = WhatStands(file, bytes);
+  if (standing == Standing::TheSame) return true;
+  if (standing == Standing::Another &&
+      !PlatformOf(desk).boxes.Ask({"\"" + TextOf(file.filename()) + "\" in \"" +
+                                       TextOf(file.parent_path()) +
+                                       "\" is there already and differs. Replace it?",
+                                   kSeasonTitle})) {
+    return false;
+  }
+  WriteWhole(file, bytes);
+  return true;
+}
+
+bool HasCounts(const StatGrid& grid) {
+  for (int row = 1; row < grid.rows(); ++row) {
+    for (int column = stat_column::kStrikeouts; column <= stat_column::kEarnedRuns; ++column) {
+      if (column != stat_column::kPitcher && !grid.Text(row, column).empty()) return true;
+    }
+  }
+  return false;
+}
+
+// Names alone change when a team is loaded; the counts of a game on the board stay.
+bool BoardIsFree(SeasonDesk& desk) {
+  const StatSheet& sheet = desk.board.sheet;
+  if (!HasCounts(sheet.grd_VisStats) && !HasCounts(sheet.grd_HomeStats)) return true;
+  return PlatformOf(desk).boxes.Ask(
+      {"There is a game on the board, and its counts stay when other teams are loaded. A fresh "
+       "game begins when the program is started anew. Load all the same?",
+       kSeasonTitle});
+}
+
+// Runs an operation and tells its errors; false after one.
+template <class Operation>
+bool Works(SeasonDesk& desk, Operation operation) {
+  bool works = false;
+  Trapped(PlatformOf(desk).boxes, [&] { works = operation(); });
+  return works;
+}
+
+}  // namespace
+
+void OpenSeasonDesk(SeasonDesk& desk) {
+  const LineForm usual;
+  SettingsStore& settings = PlatformOf(desk).settings;
+  SeasonState& state = desk.state;
+  state.tb_Batters.Set(settings.Read(settings::kLabels, settings::kSeasonBatters, usual.batters));
+  state.tb_Pitchers.Set(
+      settings.Read(settings::kLabels, settings::kSeasonPitchers, usual.pitchers));
+  state.opt_LastFirst.Set(settings.Read(settings::kLabels, settings::kSeasonNames, kFirstLast) ==
+                          kLastFirst);
+  ShowForms(desk);
+  ShowSeason(desk);
+}
+
+std::optional<std::filesystem::path> LastArchive(const SeasonDesk& desk) {
+  if (desk.kept.season) return std::nullopt;
+  const std::filesystem::path last =
+      PathOf(desk.board.platform.settings.Read(settings::kLabels, settings::kSeasonArchive, ""));
+  std::error_code fault;
+  if (last.empty() || !std::filesystem::exists(last, fault)) return std::nullopt;
+  return last;
+}
+
+std::optional<std::filesystem::path> ChooseZip(SeasonDesk& desk) {
+  const std::filesystem::path last =
+      PathOf(PlatformOf(desk).settings.Read(settings::kLabels, settings::kSeasonArchive, ""));
+  return PlatformOf(desk).dialogs.OpenFile(
+      {"The archive of a season", last.parent_path(), "Zip (*.zip)|*.zip|All files (*)|*"});
+}
+
+std::optional<std::filesystem::path> ChooseFolder(SeasonDesk& desk) {
+  const std::filesystem::path last =
+      PathOf(PlatformOf(desk).settings.Read(settings::kLabels, settings::kSeasonArchive, ""));
+  return PlatformOf(desk).dialogs.OpenFolder("The folder of a season", last.parent_path());
+}
+
+void ReadArchive(SeasonDesk& desk, const std::filesystem::path& archive,
+                 const std::function<bool(double)>& goOn) {
+  Works(desk, [&] {
+    const std::unique_ptr<Archive> opened = PlatformOf(desk).archives.OpenArchive(archive);
+    std::optional<Season> season = ReadSeason(*opened, goOn);
+    if (!season) return false;
+    desk.kept = {std::move(season), TextOf(archive.filename()), kAllClubs, std::nullopt};
+    desk.state.lbl_Done.Set("");
+    ShowSeason(desk);
+    PlatformOf(desk).settings.Write(settings::kLabels, settings::kSeasonArchive,
+                                    TextOf(std::filesystem::absolute(archive)));
+    return true;
+  });
+}
+
+void ShowFaults(SeasonDesk& desk) {
+  if (!desk.kept.season) return;
+  PlatformOf(desk).boxes.Show(FaultsText(*desk.kept.season), BoxIcon::Information, kSeasonTitle);
+}
+
+void SelectTeam(SeasonDesk& desk, int row) {
+  const int place = row - 2;  // row 1 stands for all clubs
+  if (!desk.kept.season || row < 1 || place >= static_cast<int>(desk.state.clubs.size())) return;
+  desk.kept.club = place < 0 ? kAllClubs : desk.state.clubs[place];
+  desk.kept.game.reset();
+  ShowGames(desk);
+  ShowFiles(desk);
+}
+
+void SelectGame(SeasonDesk& desk, int row) {
+  if (row < 1 || row > static_cast<int>(desk.state.games.size())) return;
+  desk.kept.game = desk.state.games[row - 1];
+  ShowFiles(desk);
+}
+
+void SelectUsedMost(SeasonDesk& desk) {
+  desk.kept.game.reset();
+  ShowFiles(desk);
+}
+
+void ChangeForms(SeasonDesk& desk) {
+  ShowForms(desk);
+  ShowFiles(desk);
+}
+
+void KeepForms(SeasonDesk& desk) {
+  const SeasonState& state = desk.state;
+  Works(desk, [&] {
+    SettingsStore& settings = PlatformOf(desk).settings;
+    const auto keep = [&](const char* key, const std::string& value, const std::string& usual) {
+      if (settings.Read(settings::kLabels, key, usual) == value) return;
+      settings.Write(settings::kLabels, key, value);
+    };
+    const LineForm usual;
+    keep(settings::kSeasonBatters, state.tb_Batters.value(), usual.batters);
+    keep(settings::kSeasonPitchers, state.tb_Pitchers.value(), usual.pitchers);
+    keep(settings::kSeasonNames, state.opt_LastFirst.value() ? kLastFirst : kFirstLast, kFirstLast);
+    return true;
+  });
+}
+
+void WriteTeamFiles(SeasonDesk& desk) {
+  Works(desk, [&] {
+    std::string written;
+    for (const SeasonState::File& file : desk.state.files) {
+      if (!file.team) continue;
+      const std::string name = FileNameOf(*file.team);
+      if (!PutFile(desk, TeamsFolder(desk) / PathOf(name), BytesOf(*file.team))) continue;
+      written += (written.empty() ? "\"" : " and \"") + name + "\"";
+    }
+    if (!written.empty()) desk.state.lbl_Done.Set("In the folder Teams now: " + written + ".");
+    return true;
+  });
+}
+
+void LoadTeamAs(SeasonDesk& desk, Side side) {
+  Works(desk, [&] {
+    const std::optional<TeamText>& team = desk.state.files[0].team;
+    if (!team || !BoardIsFree(desk)) return false;
+    const std::filesystem::path file = TeamsFolder(desk) / PathOf(FileNameOf(*team));
+    if (!PutFile(desk, file, BytesOf(*team))) return false;
+    ReplaceTeam(desk.board, side, file);
+    desk.state.lbl_Done.Set(BoardName(team->name) + " is on the board as " +
+                            (side == Side::Visitors ? "visitors." : "home team."));
+    return true;
+  });
+}
+
+bool LoadGame(SeasonDesk& desk) {
+  if (!desk.kept.season || !desk.kept.game) return false;
+  const Game& game = desk.kept.season->games[*desk.kept.game];
+  return Works(desk, [&] {
+    if (!BoardIsFree(desk)) return false;
+    const std::filesystem::path folder = TeamsFolder(desk) / PathOf(SafeNamePart(game.id));
+    std::array<std::filesystem::path, 2> paths;
+    for (std::size_t side = 0; side < 2; ++side) {
+      const TeamText& team = *desk.state.files.at(side).team;
+      paths.at(side) = folder / PathOf(FileNameOf(team));
+      if (!PutFile(desk, paths.at(side), BytesOf(team))) return false;
+    }
+    const Gesture gesture(desk.board, "LOAD " + game.id);
+    ReplaceTeam(desk.board, Side::Visitors, paths[0]);
+    ReplaceTeam(desk.board, Side::Home, paths[1]);
+    return true;
+  });
+}
+
+bool LoadNextGame(SeasonDesk& desk) {
+  if (!desk.kept.season) return false;
+  const auto next = NextGameOf(*desk.kept.season, desk.state.played, desk.kept.club);
+  if (!next) return false;
+  desk.kept.game = *next;
+  ShowFiles(desk);
+  return LoadGame(desk);
+}
+
+}  // namespace dtb::seasons

@@ -1,0 +1,101 @@
+// The window in which teams are made of a season, without its looks.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+
+#include "game/board.h"
+#include "seasons/remarks.h"
+#include "seasons/schedule.h"
+#include "seasons/season.h"
+#include "seasons/team_text.h"
+#include "sheet/stat_grid.h"
+
+namespace dtb::seasons {
+
+inline constexpr const char* kSeasonTitle = "Teams from a season";
+
+// The season that was read last, and what was chosen in it; lasts from one opening of the window to
+// the next.
+struct KeptSeason {
+  std::optional<Season> season;
+  std::string archive;      // the name of its file or folder
+  int club = kAllClubs;     // whose games are listed
+  std::optional<int> game;  // of Season::games; none: the line-up used most
+};
+
+// What the window shows; made anew for each opening.
+struct SeasonState {
+  Field<std::string> lbl_Archive;  // what was read, or how to begin
+  Field<std::string> lbl_Done;     // what the last button did
+  Field<std::string> tb_Batters;   // the forms of remarks
+  Field<std::string> tb_Pitchers;
+  Field<bool> opt_LastFirst;
+  Field<std::string> lbl_Forms;  // the words that a form can have, or what is wrong with it
+  Field<bool> hasFaults;         // lines of the archive made no sense
+  Field<bool> hasNext;           // a game is left to be played
+  StatGrid grd_Teams{1, 2};
+  StatGrid grd_Games{1, 5};
+  // The files as they will be: one for the line-up used most, both for a game.
+  struct File {
+    Field<std::string> title;
+    StatGrid grid{1, 3};
+    std::optional<TeamText> team = {};
+  };
+  std::array<File, 2> files;
+  Field<int> shownFiles;  // 0 to 2
+
+  std::vector<int> clubs;    // of the rows of grd_Teams, from its second on
+  std::vector<int> games;    // of the rows of grd_Games
+  std::vector<bool> played;  // of Season::games
+};
+
+// What the operations take. They report errors in boxes and never throw.
+struct SeasonDesk {
+  SeasonState& state;
+  KeptSeason& kept;
+  Board& board;
+};
+
+// The window opens: forms come from the settings, and a season that is kept is shown.
+void OpenSeasonDesk(SeasonDesk& desk);
+
+// The archive of the last run, if it is still there and nothing is kept.
+[[nodiscard]] std::optional<std::filesystem::path> LastArchive(const SeasonDesk& desk);
+
+// Ask for a zip or a folder; nothing if the person cancels.
+[[nodiscard]] std::optional<std::filesystem::path> ChooseZip(SeasonDesk& desk);
+[[nodiscard]] std::optional<std::filesystem::path> ChooseFolder(SeasonDesk& desk);
+
+// Reads an archive in the place of what is kept; after a fault, and when `goOn` says false, what is
+// kept stays.
+void ReadArchive(SeasonDesk& desk, const std::filesystem::path& archive,
+                 const std::function<bool(double share)>& goOn);
+
+// Shows the lines of the archive that made no sense, and what was left out.
+void ShowFaults(SeasonDesk& desk);
+
+// A row of the lists is selected; rows that do not exist are nothing.
+void SelectTeam(SeasonDesk& desk, int row);
+void SelectGame(SeasonDesk& desk, int row);
+// Back from a game to the line-up used most.
+void SelectUsedMost(SeasonDesk& desk);
+
+// A form changed: the files are made anew.
+void ChangeForms(SeasonDesk& desk);
+// Keeps the forms for the next runs.
+void KeepForms(SeasonDesk& desk);
+
+// Writes the files shown into the folder "Teams", and asks before it replaces one.
+void WriteTeamFiles(SeasonDesk& desk);
+
+// Writes the one file shown, as above, and loads it for a side.
+void LoadTeamAs(SeasonDesk& desk, Side side);
+
+// Loads both teams of the game shown, or of the next one that is not played. Their files go to a
+// folder of that game in the folder "Teams", so that they replace no other line-up. True: loaded.
+bool LoadGame(SeasonDesk& desk);
+bool LoadNextGame(SeasonDesk& desk);
+
+}  // namespace dtb::seasons

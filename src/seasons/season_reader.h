@@ -1,0 +1,20 @@
+// Reads the archive of a season.
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "platform/archive.h"
+#include "seasons/season.h"
+
+namespace dtb::seasons {
+
+// Reads clubs ("TEAM2020"), rosters ("NYA2020.ROS") and games ("2020NYA.EVA") of an archive, one
+// file at a time; all other files are left alone. `goOn` hears the share that is done, from 0 to 1,
+// and stops the reading by false: then there is no season. Lines that make no sense are counted and
+// noted, the rest counts. Throws ProgramError, in plain words, for an archive without any game and
+// for what Archive::Read refuses.
+[[nodiscard]] std::optional<Season> ReadSeason(Archive& archive,
+                                               const std::function<bool(double share)>& goOn);
+
+}  // namespace dtb::seasons

@@ -1,0 +1,66 @@
+// Any bytes as the files of a season's archive: clubs, roster and events, and one play alone.
+#include <cstdint>
+#include <cstdlib>
+#include <set>
+#include <string>
+
+#include "seasons/figures_csv.h"
+#include "seasons/season_lines.h"
+#include "seasons/team_text.h"
+#include "teams/player_name.h"
+
+using namespace dtb;
+using namespace dtb::seasons;
+
+namespace {
+
+void Require(bool holds) {
+  if (!holds) std::abort();
+}
+
+void MakeTeams(const Season& season) {
+  for (int club = 0; club < static_cast<int>(season.clubs.size()); ++club) {
+    const LineUp lineUp = LineUpUsedMost(season, club);
+    const TeamText team = MakeTeamText(season, club, lineUp, {});
+    Require(team.lines.size() <= kMostMen);
+    Require(FileNameOf(team).find('/') == std::string::npos);
+    std::set<std::string> names;
+    for (const std::string& line : team.lines) {
+      Require(line.find_first_of("\r\n") == std::string::npos);
+      Require(names.insert(PlayerNameOf(line)).second);
+    }
+  }
+  for (const Game& game : season.games) {
+    for (int side = 0; side < 2; ++side) {
+      (void)MakeTeamText(season, game.sides.at(side).club, LineUpOfGame(season, game, side), {});
+    }
+  }
+}
+
+}  // namespace
+
+// A zero byte parts the files; the last of them is the events.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  std::string bytes(reinterpret_cast<const char*>(data), size);
+  Play play;
+  (void)ReadPlay(std::string_view(bytes).substr(0, 200), play);
+  Require(play.outs() <= 4 && play.runs() <= 4);
+  SeasonLines lines;
+  if (const std::size_t end = bytes.find('\0'); end != std::string::npos) {
+    lines.TakeClubs("TEAM2020", 2020, bytes.substr(0, end));
+    lines.TakeRoster("AAA2020.ROS", 2020, bytes.substr(0, end));
+    bytes.erase(0, end + 1);
+  }
+  lines.TakeGames("2020AAA.EVA", bytes);
+  const Season season = lines.Take();
+  for (const Club& club : season.clubs) {
+    for (const Man& man : club.men) {
+      Require(man.batting.hits <=
+              man.batting.atBats + man.batting.sacrificeHits + man.batting.sacrificeFlies);
+    }
+  }
+  MakeTeams(season);
+  (void)BattingTable(season);
+  (void)PitchingTable(season);
+  return 0;
+}

@@ -1,0 +1,165 @@
+// Archives that are not as they should be.
+#include <unistd.h>
+#include <zip.h>
+
+#include <filesystem>
+
+#include "seasons/season_test.h"
+#include "seasons/teams_command.h"
+#include "shell/program_error.h"
+
+namespace dtb::seasons {
+namespace {
+
+constexpr const char* kGame =
+    "id,AAA202004010\ninfo,visteam,BBB\ninfo,hometeam,AAA\nstart,h1,\"Hal One\",1,1,2\n";
+
+class Archives : public testing::Test {
+ protected:
+  Archives() { std::filesystem::create_directories(folder_); }
+  ~Archives() override { std::filesystem::remove_all(folder_); }
+
+  [[nodiscard]] std::string Zip(const std::vector<std::pair<std::string, std::string>>& files,
+                                const char* password = nullptr) const {
+    const std::string path = folder_ / "made.zip";
+    void* zip = zipOpen64(path.c_str(), APPEND_STATUS_CREATE);
+    for (const auto& [name, text] : files) {
+      zipOpenNewFileInZip3_64(zip, name.c_str(), nullptr, nullptr, 0, nullptr, 0, nullptr,
+                              Z_DEFLATED, 9, 0, -MAX_WBITS, DEF_MEM_LEVEL, Z_DEFAULT_STRATEGY,
+                              password, 0, 0);
+      zipWriteInFileInZip(zip, text.data(), static_cast<unsigned>(text.size()));
+      zipCloseFileInZip(zip);
+    }
+    zipClose(zip, nullptr);
+    return path;
+  }
+
+  // What the person is told.
+  static std::string Fault(const std::string& path) {
+    try {
+      const std::unique_ptr<Archive> archive = ZipArchives().OpenArchive(path);
+      const Season season = ReadAll(*archive);
+      return std::to_string(season.games.size()) + " games";
+    } catch (const ProgramError& error) {
+      return error.what();
+    }
+  }
+
+  std::filesystem::path folder_ =
+      std::filesystem::path(testing::TempDir()) / ("archives" + std::to_string(::getpid()));
+};
+
+void Put(const std::filesystem::path& file, const std::string& bytes) {
+  std::ofstream(file, std::ios::binary) << bytes;
+}
+
+TEST_F(Archives, BadOnesAreRefusedInPlainWords) {
+  const auto has = [](const std::string& text, const char* part) {
+    EXPECT_NE(text.find(part), std::string::npos) << text;
+  };
+  has(Fault(folder_ / "none.zip"), "does not exist");
+  has(Fault("/dev/null"), "neither a file nor a folder");
+  has(Fault(folder_), "no game of a season");
+  Put(folder_ / "text.zip", "no zip at all");
+  has(Fault(folder_ / "text.zip"), "is no zip file");
+  has(Fault(Zip({{"readme.txt", "x"}})), "no game of a season");
+  has(Fault(Zip({{"2020AAA.EVA", kGame}}, "secret")), "is encrypted");
+
+  std::ifstream part(DTB_SEASON_FILES "2020-part.zip", std::ios::binary);
+  const std::string good{std::istreambuf_iterator<char>(part), {}};
+  Put(folder_ / "half.zip", good.substr(0, good.size() / 2));
+  has(Fault(folder_ / "half.zip"), "is no zip file");
+  std::string flipped = good;
+  for (std::size_t i = 2000; i < 2010; ++i) flipped[i] = static_cast<char>(~flipped[i]);
+  Put(folder_ / "flipped.zip", flipped);
+  has(Fault(folder_ / "flipped.zip"), "is damaged inside the archive");
+
+  // 40 MB of blanks in 40 KB, whatever the archive says of its size.
+  has(Fault(Zip({{"2020AAA.EVA", std::string(40U << 20U, ' ')}})), "far larger than any file");
+}
+
+TEST_F(Archives, PathsThatLeaveTheArchiveAreLeftOut) {
+  const std::string path = Zip({{"../2020BAD.EVA", kGame},
+                                {"a/../../2020BAD.EVA", kGame},
+                                {"/2020BAD.EVA", kGame},
+                                {"sub\\folder/2020aaa.eva", kGame}});
+  const std::unique_ptr<Archive> archive = ZipArchives().OpenArchive(path);
+  const Season season = ReadAll(*archive);
+  EXPECT_EQ(season.games.size(), 1U);
+  EXPECT_EQ(season.skipped.size(), 3U);
+  EXPECT_EQ(season.faultCount, 0);
+}
+
+TEST_F(Archives, AFolderReadsAsTheZipDoes) {
+  const std::unique_ptr<Archive> part = PartArchive();
+  std::string bytes;
+  for (std::size_t i = 0; i < part->files().size(); ++i) {
+    part->Read(i, bytes);
+    Put(folder_ / part->files()[i].name, bytes);
+  }
+  ZipArchives archives;
+  const std::string made = folder_ / "made";
+  for (const std::string& from :
+       {std::string(DTB_SEASON_FILES "2020-part.zip"), folder_.string()}) {
+    const bool zip = from.ends_with(".zip");
+    const std::string table = folder_ / (zip ? "zip.csv" : "folder.csv");
+    const CommandResult done = RunTeams(archives, {"--batting", table, from, made});
+    EXPECT_EQ(done.exitCode, 0) << done.errors;
+    EXPECT_NE(done.output.find("30 team files"), std::string::npos) << done.output;
+  }
+  const auto whole = [&](const char* name) {
+    std::ifstream file(folder_ / name);
+    return std::string{std::istreambuf_iterator<char>(file), {}};
+  };
+  EXPECT_EQ(whole("zip.csv"), whole("folder.csv"));
+  EXPECT_NE(whole("zip.csv").find("\nsemim001,OAK,Marcus Semien,"), std::string::npos);
+
+  // Another line-up never goes over a file that is there.
+  const std::vector<std::string> game{"--game", "OAK202008070", folder_, made};
+  const CommandResult kept = RunTeams(archives, game);
+  EXPECT_EQ(kept.exitCode, 1);
+  EXPECT_NE(kept.errors.find("It stays"), std::string::npos) << kept.errors;
+  std::vector<std::string> replace = game;
+  replace.insert(replace.begin(), "--replace");
+  EXPECT_EQ(RunTeams(archives, replace).exitCode, 0);
+  EXPECT_EQ(RunTeams(archives, game).exitCode, 0);
+  EXPECT_EQ(RunTeams(archives, {"--game", "OAK190001010", folder_, made}).exitCode, 1);
+  EXPECT_EQ(RunTeams(archives, {"--games", "x", folder_, made}).exitCode, 2);
+}
+
+TEST_F(Archives, LinesThatMakeNoSenseAreCountedAndTheRestIsUsed) {
+  TextArchive archive({{"AAA2020.ROS", "h1,,\nh1,One,Hal,X,R,AAA,C\nnonsense\n"},
+                       {"TEAM2020", "AAA\n"},
+                       {"2020AAA.EVA", "start,h0,\"Too Early\",1,1,2\n" + std::string(kGame) +
+                                           "start,h2,\"H Two\",1,99,2\nplay,1,2,h1,,,S7\n"
+                                           "play,1,1,h1,00,,QQ\nwhat is this\nplay,1,1,nobody,,,K\n"
+                                           "play,1,1,h1,,,63.1-2\nid,bad\nplay,1,1,h1,,,HR\n" +
+                                           kGame + "play,1,1,h1,,,HR\n"}});
+  const Season season = ReadAll(archive);
+  std::string told;
+  for (const LineFault& fault : season.faults) {
+    told += fault.file.substr(0, 4) + ':' + std::to_string(fault.line) + ' ';
+  }
+  EXPECT_EQ(
+      told,
+      "TEAM:1 AAA2:1 AAA2:3 2020:1 2020:6 2020:7 2020:8 2020:9 2020:10 2020:11 2020:12 2020:14 ");
+  EXPECT_EQ(season.faultCount, static_cast<int>(season.faults.size()));
+  ASSERT_EQ(season.games.size(), 1U);
+  EXPECT_EQ(ManNamed(season, "AAA", "h1").batting.atBats, 1);
+  EXPECT_EQ(FullName(ManNamed(season, "AAA", "h1")), "Hal One");
+  EXPECT_EQ(ManNamed(season, "AAA", "h1").bats, "");
+}
+
+TEST_F(Archives, ReadingStopsWhenThePersonCancels) {
+  const std::unique_ptr<Archive> part = PartArchive();
+  int heard = 0;
+  EXPECT_FALSE(ReadSeason(*part, [&](double share) {
+    EXPECT_GE(share, 0);
+    EXPECT_LE(share, 1);
+    return ++heard < 10;
+  }));
+  EXPECT_EQ(heard, 10);
+}
+
+}  // namespace
+}  // namespace dtb::seasons

@@ -1,0 +1,166 @@
+// From the archive to two teams on the board, without the looks of the window.
+#include <unistd.h>
+
+#include <map>
+
+#include "game/history.h"
+#include "game/start_up.h"
+#include "platform/paths.h"
+#include "platform/quiet_desktop.h"
+#include "seasons/season_desk.h"
+#include "seasons/season_files.h"
+#include "seasons/season_test.h"
+
+namespace dtb::seasons {
+namespace {
+
+struct Desktop final : QuietDesktop {
+  void Show(const std::string& message, BoxIcon, const std::string&) override { told = message; }
+  bool Ask(const Question& question) override {
+    told = question.text;
+    return answer;
+  }
+  std::string Read(const std::string&, const std::string& key,
+                   const std::string& missing) override {
+    return settings.contains(key) ? settings[key] : missing;
+  }
+  void Write(const std::string&, const std::string& key, const std::string& value) override {
+    settings[key] = value;
+  }
+  std::unique_ptr<Archive> OpenArchive(const std::filesystem::path& from) override {
+    return ZipArchives().OpenArchive(from);
+  }
+  void Run(const Statement&, StatGrid& result) override {
+    GridContents games{{"", "Team", "Team"}, std::vector<CellColumn>(3)};
+    for (const auto& [visitors, home] : saved) {
+      games.columns[0].Append("");
+      games.columns[1].Append(visitors);
+      games.columns[2].Append(home);
+    }
+    result.Replace(std::move(games));
+  }
+
+  std::string told;
+  bool answer = true;
+  std::map<std::string, std::string> settings;
+  std::vector<std::pair<std::string, std::string>> saved;
+};
+
+class SeasonWindow : public testing::Test {
+ protected:
+  SeasonWindow() { std::filesystem::create_directories(folder / "Teams"); }
+  ~SeasonWindow() override { std::filesystem::remove_all(folder); }
+
+  void Read(const std::string& archive = DTB_SEASON_FILES "2020-part.zip") {
+    ReadArchive(desk, archive, [](double) { return true; });
+  }
+  void SelectTeamNamed(const std::string& name) {
+    SelectTeam(desk, state.grd_Teams.FindRow(1, name).value());
+  }
+  void SelectGameOn(const std::string& date) {
+    SelectGame(desk, state.grd_Games.FindRow(1, date).value());
+  }
+  [[nodiscard]] std::string Entry(Side side, std::size_t row) {
+    return SideOf(board, side).list.entries().at(row);
+  }
+
+  std::filesystem::path folder =
+      std::filesystem::path(testing::TempDir()) / ("season" + std::to_string(::getpid()));
+  Desktop desktop;
+  Platform ports = PlatformOf(desktop, desktop, desktop, folder);
+  BoardState boardState;
+  StatSheet sheet;
+  EventLog log;
+  History history;
+  Board board{boardState, sheet, log, ports, &history};
+  SeasonState state;
+  KeptSeason kept;
+  SeasonDesk desk{state, kept, board};
+};
+
+TEST_F(SeasonWindow, ATeamIsWrittenLoadedAndNeverPutOverAnotherFileUnasked) {
+  OpenSeasonDesk(desk);
+  Read();
+  EXPECT_EQ(state.lbl_Archive.value(), "2020-part.zip: 28 teams and 120 games of 2020.");
+  SelectTeamNamed("Oakland 2020");
+  EXPECT_EQ(state.games.size(), 30U);
+  EXPECT_EQ(state.grd_Games.Text(1, 2), "Anaheim 2020");
+  EXPECT_EQ(state.grd_Games.Text(1, 3), "W 7-3");
+  EXPECT_EQ(state.files[0].grid.Text(1, 2), "Marcus Semien=SS R .188 2 HR");
+
+  const std::filesystem::path file = folder / "Teams" / "Oakland 2020.txt";
+  WriteWhole(file, "my own line-up\n");
+  desktop.answer = false;
+  LoadTeamAs(desk, Side::Home);
+  EXPECT_NE(desktop.told.find("is there already"), std::string::npos);
+  EXPECT_EQ(WhatStands(file, "my own line-up\n"), Standing::TheSame);
+  EXPECT_TRUE(SideOf(board, Side::Home).list.empty());
+  desktop.answer = true;
+  WriteTeamFiles(desk);
+  desktop.told.clear();
+  LoadTeamAs(desk, Side::Home);
+  LoadTeamAs(desk, Side::Home);  // in the place of the first, not behind it
+  EXPECT_EQ(desktop.told, "");
+  EXPECT_EQ(boardState.tb_HomeTeam.value(), "Oakland 2020");
+  EXPECT_EQ(SideOf(board, Side::Home).list.size(), 38);
+
+  // A form that changes is seen at once, and the next run has it.
+  state.tb_Batters.Set("{bats} {sb} SB {wrong}");
+  state.opt_LastFirst.Set(true);
+  ChangeForms(desk);
+  EXPECT_EQ(state.files[0].grid.Text(1, 2).substr(0, 16), "Semien, Marcus=R");
+  EXPECT_EQ(state.lbl_Forms.value(), "Not known for batters: {wrong}");
+  KeepForms(desk);
+  SeasonState later;
+  SeasonDesk again{later, kept, board};
+  OpenSeasonDesk(again);
+  EXPECT_EQ(later.files[0].grid.Text(1, 2), state.files[0].grid.Text(1, 2));
+}
+
+TEST_F(SeasonWindow, ASeasonIsGoneThroughGameByGame) {
+  OpenSeasonDesk(desk);
+  // Two games of Anaheim in Oakland are in the database: the first two there.
+  desktop.saved = {{"Anaheim 2020", "Oakland 2020"},
+                   {"Anaheim 2020", "Oakland 2020"},
+                   {"Oakland 2020", "Anaheim 2020"}};
+  Read();
+  SelectTeamNamed("Oakland 2020");
+  std::string marks;
+  for (int row = 1; row <= 5; ++row) marks += state.grd_Games.Text(row, 4) == "yes" ? 'x' : '.';
+  EXPECT_EQ(marks, "xx...");
+  EXPECT_TRUE(LoadNextGame(desk));
+  EXPECT_EQ(kept.season->games[*kept.game].id, "OAK202007260");
+  EXPECT_EQ(boardState.tb_VisTeam.value(), "Anaheim 2020");
+  EXPECT_EQ(boardState.tb_HomeTeam.value(), "Oakland 2020");
+  EXPECT_EQ(history.steps(), 1U);  // one step takes both teams back
+  EXPECT_TRUE(std::filesystem::exists(folder / "Teams" / "OAK202007260" / "Oakland 2020.txt"));
+
+  SelectGameOn("2020-08-07");
+  EXPECT_EQ(state.shownFiles.value(), 2);
+  desktop.answer = false;
+  sheet.grd_VisStats.SetText(1, stat_column::kAtBats, "1");
+  EXPECT_FALSE(LoadGame(desk));
+  EXPECT_NE(desktop.told.find("a game on the board"), std::string::npos) << desktop.told;
+  desktop.answer = true;
+  EXPECT_TRUE(LoadGame(desk));
+  EXPECT_EQ(boardState.tb_VisTeam.value(), "Houston 2020");
+  EXPECT_EQ(Entry(Side::Visitors, 0).substr(0, 12), "Kyle Tucker=");
+}
+
+TEST_F(SeasonWindow, WhatCannotBeReadLeavesTheSeasonThatIsKept) {
+  OpenSeasonDesk(desk);
+  Read();
+  EXPECT_EQ(LastArchive(desk), std::nullopt);
+  Read("no such file");
+  EXPECT_NE(desktop.told.find("does not exist"), std::string::npos) << desktop.told;
+  ReadArchive(desk, DTB_SEASON_FILES, [](double) { return false; });
+  EXPECT_EQ(kept.season->games.size(), 120U);
+  SelectTeam(desk, 99);
+  SelectGame(desk, 0);
+  EXPECT_EQ(state.shownFiles.value(), 0);
+  kept = {};
+  EXPECT_EQ(LastArchive(desk)->filename(), "2020-part.zip");
+}
+
+}  // namespace
+}  // namespace dtb::seasons

@@ -1,0 +1,70 @@
+// Archives for the tests: in memory, and the part of a season that lies beside them.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+#include <utility>
+
+#include "platform/zip/zip_archives.h"
+#include "seasons/season_reader.h"
+
+namespace dtb::seasons {
+
+struct TextArchive : Archive {
+  TextArchive() = default;
+  explicit TextArchive(const std::vector<std::pair<std::string, std::string>>& all) {
+    for (const auto& [name, text] : all) Add(name, text);
+  }
+  void Add(const std::string& name, const std::string& text) {
+    names.push_back({name, text.size()});
+    texts.push_back(text);
+  }
+  const std::vector<ArchivedFile>& files() const override { return names; }
+  void Read(std::size_t file, std::string& bytes) override { bytes = texts.at(file); }
+
+  std::vector<ArchivedFile> names;
+  std::vector<std::string> texts;
+};
+
+inline Season ReadAll(Archive& archive) {
+  return *ReadSeason(archive, [](double) { return true; });
+}
+
+inline std::unique_ptr<Archive> PartArchive() {
+  return ZipArchives().OpenArchive(DTB_SEASON_FILES "2020-part.zip");
+}
+
+// The part archive with one game alone.
+inline TextArchive OneGame(const std::string& id) {
+  TextArchive alone;
+  const std::unique_ptr<Archive> part = PartArchive();
+  std::string bytes;
+  for (std::size_t i = 0; i < part->files().size(); ++i) {
+    part->Read(i, bytes);
+    const std::string& name = part->files()[i].name;
+    if (name.find(".EV") == std::string::npos) {
+      alone.Add(name, bytes);
+    } else if (const std::size_t start = bytes.find("id," + id); start != std::string::npos) {
+      alone.Add(name, bytes.substr(start, bytes.find("\nid,", start) - start));
+    }
+  }
+  return alone;
+}
+
+inline const Club& ClubNamed(const Season& season, const std::string& id) {
+  for (const Club& club : season.clubs) {
+    if (club.id == id) return club;
+  }
+  throw std::out_of_range(id);
+}
+
+inline const Man& ManNamed(const Season& season, const std::string& club, const std::string& id) {
+  for (const Man& man : ClubNamed(season, club).men) {
+    if (man.id == id) return man;
+  }
+  throw std::out_of_range(id);
+}
+
+}  // namespace dtb::seasons

@@ -60,8 +60,8 @@ class DatabaseSave {
 // plain words what is wrong, with the file's path: DatabaseOutOfReach where no other statement
 // would fare better.
 //
-// Column names are matched without regard to case. The operator LIKE ignores the case of Latin,
-// Greek and Cyrillic letters; "%" stands for any text and "_" for one character. The order NAMES
+// Column names are matched without regard to case. The operator LIKE ignores the case of
+// letters of all scripts; "%" stands for any text and "_" for one character. The order NAMES
 // (in "COLLATE NAMES") is the one of CompareNames.
 class Database {
  public:

@@ -9,7 +9,7 @@
 #include "browser/queries.h"
 #include "database_test.h"
 #include "game/text_cell.h"
-#include "sheet/text_order.h"
+#include "platform/text.h"
 
 namespace dtb {
 namespace {

@@ -22,7 +22,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 FOLDERS = ("game", "teams", "sheet", "browser", "aids", "shell")
-TARGETS = ("dtb_core_tests", "dtb_database_tests", "dtb_replay")
+TARGETS = ("dtb_core_tests", "dtb_database_tests", "dtb_export_tests", "dtb_replay")
 BUILD_SECONDS = 900
 TEST_SECONDS = 240
 
@@ -130,6 +130,7 @@ def tests(build):
     yield "replay", [build / "dtb_replay", *scripts]
     yield "core", [build / "dtb_core_tests", "--gtest_filter=-EveryGame*"]
     yield "database", [build / "dtb_database_tests"]
+    yield "exports", [build / "dtb_export_tests"]
     yield "core, random", [build / "dtb_core_tests", "--gtest_filter=EveryGame*"]
 
 
@@ -144,8 +145,8 @@ def who_notices(build):
             failed = re.search(r"\[  FAILED  \] ([\w./]+)", output)
             if failed:
                 return f"{name}: {failed.group(1)}"
-            last = output.strip().split("\n")[-1] if output.strip() else f"ends with {code}"
-            return f"{name}: {last[:60]}" if name == "replay" else f"{name}: dies"
+            wrong = [line for line in output.split("\n") if line and "all figures right" not in line]
+            return f"{name}: {wrong[-1][:60]}" if wrong else f"{name}: dies"
     return None
 
 

@@ -11,7 +11,7 @@
 #include "bench/quiet_table.h"
 #include "bench/season.h"
 #include "browser/box_score.h"
-#include "browser/queries.h"
+#include "browser/opening.h"
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "sheet/save_game.h"

@@ -13,6 +13,7 @@
 #include "bench/pairs.h"
 #include "bench/season.h"
 #include "browser/exports.h"
+#include "browser/opening.h"
 #include "platform/paths.h"
 #include "platform/qt/qt_text.h"
 #include "platform/quiet_desktop.h"

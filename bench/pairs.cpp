@@ -22,9 +22,30 @@ std::vector<Result>& Results() {
   return results;
 }
 
+struct Time {
+  std::string name;
+  int games;
+  double milliseconds;
+  double goal;
+};
+
+std::vector<Time>& Times() {
+  static std::vector<Time> times;
+  return times;
+}
+
 double Median(std::vector<double> values) {
   std::ranges::sort(values);
   return values[values.size() / 2];
+}
+
+void PrintTimes() {
+  if (!Times().empty()) std::puts("\nWhat a person waits for:");
+  for (const Time& time : Times()) {
+    std::printf("%-34s %6d games: %8.1f ms", time.name.c_str(), time.games, time.milliseconds);
+    if (time.goal > 0) std::printf(" (goal %.0f)", time.goal);
+    std::puts(time.goal > 0 && time.milliseconds > time.goal ? " MISSED" : "");
+  }
 }
 
 }  // namespace
@@ -58,7 +79,12 @@ void NoteRatio(const std::string& name, int games, double goal, double ours, dou
   Results().push_back({name, games, "MB", ours / kMegabyte, bare / kMegabyte, ours / bare, goal});
 }
 
+void NoteTime(const std::string& name, int games, double goal, const std::vector<double>& turns) {
+  Times().push_back({name, games, Median(turns), goal});
+}
+
 void PrintRatios() {
+  PrintTimes();
   if (Results().empty()) return;
   std::puts("\nBeside the bare library, or without what is measured:");
   for (const Result& result : Results()) {

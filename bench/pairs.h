@@ -7,6 +7,7 @@
 #include <chrono>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace dtb {
 
@@ -30,6 +31,9 @@ void MeasurePair(benchmark::State& state, const std::string& name, int games, do
 
 // A ratio that is no matter of time.
 void NoteRatio(const std::string& name, int games, double goal, double ours, double bare);
+
+// What a person waits for, in milliseconds of each turn; a goal of 0 is none. The median counts.
+void NoteTime(const std::string& name, int games, double goal, const std::vector<double>& turns);
 
 // All that were measured, and how they grew from 1,000 to 10,000 games.
 void PrintRatios();

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <utility>
 
 #include "browser/grid_format.h"
 #include "browser/queries.h"
@@ -40,14 +41,15 @@ std::string Containing(const std::string& text) {
 
 void LoadPlayers(Browser& browser, BrowserGrid& grid, const Players& players,
                  const std::string& team) {
-  LoadGrid(browser, grid,
-           {std::string("SELECT * FROM ")
-                .append(players.table)
-                .append(" WHERE GameID LIKE ?1 AND Team = ?2 ORDER BY rowid"),
-            {Containing(browser.state.Text9.value()), team}},
-           kNameColumn);
-  grid.grid.SetColumnWidth(players.teamColumn, 0);
-  grid.grid.SetColumnWidth(players.teamColumn + 1, 0);
+  StatGrid rows = ReadGrid(browser.platform.database,
+                           {std::string("SELECT * FROM ")
+                                .append(players.table)
+                                .append(" WHERE GameID LIKE ?1 AND Team = ?2 ORDER BY rowid"),
+                            {Containing(browser.state.Text9.value()), team}},
+                           kNameColumn);
+  rows.SetColumnWidth(players.teamColumn, 0);
+  rows.SetColumnWidth(players.teamColumn + 1, 0);
+  ShowGrid(grid, std::move(rows));
 }
 
 }  // namespace
@@ -70,11 +72,12 @@ void GetBoxScore(Browser& browser) {
     LoadPlayers(browser, state.MSHFlexGrid7, kPitching, first);
     LoadPlayers(browser, state.MSHFlexGrid8, kBatting, second);
     LoadPlayers(browser, state.MSHFlexGrid11, kPitching, second);
-    LoadGrid(browser, state.MSHFlexGrid12,
-             {"SELECT * FROM BoxScores WHERE GameID LIKE ?1 ORDER BY Host, rowid",
-              {Containing(state.Text9.value())}},
-             kTeamAndGame);
-    state.MSHFlexGrid12.grid.SetColumnWidth(kHost, 0);
+    StatGrid lines = ReadGrid(browser.platform.database,
+                              {"SELECT * FROM BoxScores WHERE GameID LIKE ?1 ORDER BY Host, rowid",
+                               {Containing(state.Text9.value())}},
+                              kTeamAndGame);
+    lines.SetColumnWidth(kHost, 0);
+    ShowGrid(state.MSHFlexGrid12, std::move(lines));
     state.SSTab1.Set(browser_tab::kGameStats);
   } catch (const ProgramError& failure) {
     TellQueryFailure(browser, failure.what());

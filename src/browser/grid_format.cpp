@@ -1,6 +1,7 @@
 #include "browser/grid_format.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "game/text_cell.h"
 
@@ -34,10 +35,10 @@ void RaiseLastDigit(std::string& digits) {
 
 }  // namespace
 
-void LoadGrid(Browser& browser, BrowserGrid& grid, const Statement& statement,
-              std::span<const int> leftAligned) {
-  StatGrid& cells = grid.grid;
-  browser.platform.database.Run(statement, cells);
+StatGrid ReadGrid(Database& database, const Statement& statement,
+                  std::span<const int> leftAligned) {
+  StatGrid cells(1, 1);
+  database.Run(statement, cells);
   cells.SetColumnWidth(0, kFixedColumnWidth);
   for (int column = 1; column < cells.columns(); ++column) {
     FitColumn(cells, column);
@@ -45,6 +46,11 @@ void LoadGrid(Browser& browser, BrowserGrid& grid, const Statement& statement,
       cells.SetColumnAlignment(column, CellAlignment::Centred);
     }
   }
+  return cells;
+}
+
+void ShowGrid(BrowserGrid& grid, StatGrid contents) {
+  grid.grid.Take(std::move(contents));
   grid.visible.Set(true);
 }
 

@@ -10,10 +10,13 @@
 
 namespace dtb {
 
-// Shows the grid and replaces its contents with the statement's result; all columns are centred but
-// those listed, and as wide as their texts. Throws ProgramError, and the grid keeps its contents.
-void LoadGrid(Browser& browser, BrowserGrid& grid, const Statement& statement,
-              std::span<const int> leftAligned);
+// The result of a statement as a grid of the browser; all columns are centred but those listed, and
+// as wide as their texts. Throws ProgramError. Any thread may call it.
+[[nodiscard]] StatGrid ReadGrid(Database& database, const Statement& statement,
+                                std::span<const int> leftAligned);
+
+// Shows these contents in a grid.
+void ShowGrid(BrowserGrid& grid, StatGrid contents);
 
 enum class Decimals { Two = 2, Three = 3 };  // the patterns ".00" and ".000"
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <utility>
 
 #include "browser/grid_format.h"
 
@@ -118,30 +119,37 @@ constexpr std::array<QueryTexts, kQueries> kTexts{{
     {kPairings, nullptr, {}, "", kSumsLayout},
 }};
 
-Statement StatementOf(const QueryTexts& texts, const std::string& box) {
-  if (texts.searched == nullptr) return {std::string(texts.select) + texts.tail};
+Statement StatementOf(const QueryTexts& texts, const std::string& box, std::stop_token stop) {
+  if (texts.searched == nullptr) {
+    return {std::string(texts.select) + texts.tail, {}, std::move(stop)};
+  }
   return {std::string(texts.select) + " WHERE " + texts.searched + " LIKE ?1" + texts.tail,
-          {(texts.match == Match::Part ? "%" : "") + box + "%"}};
+          {(texts.match == Match::Part ? "%" : "") + box + "%"},
+          std::move(stop)};
 }
 
 }  // namespace
 
 std::span<const QueryButton> QueryButtons() { return kButtons; }
 
-void LoadQuery(Browser& browser, Query query) {
-  const auto place = static_cast<std::size_t>(query);
-  const QueryButton& button = kButtons.at(place);
-  const QueryTexts& texts = kTexts.at(place);
+StatGrid ReadQuery(Database& database, Query query, const std::string& box, std::stop_token stop) {
+  const QueryTexts& texts = kTexts.at(static_cast<std::size_t>(query));
   const Layout& layout = texts.layout;
-  BrowserGrid& grid = browser.state.*button.grid;
-  const std::string box = button.box == nullptr ? "" : (browser.state.*button.box).value();
-  LoadGrid(browser, grid, StatementOf(texts, box), layout.leftAligned);
+  StatGrid grid = ReadGrid(database, StatementOf(texts, box, std::move(stop)), layout.leftAligned);
   for (int column = layout.firstFormatted; column <= layout.lastFormatted; ++column) {
-    FormatColumn(grid.grid, column, layout.decimals);
+    FormatColumn(grid, column, layout.decimals);
   }
-  if (!layout.firstTint) return;
-  grid.grid.SetColumnWidth(line_score_column::kHost, 0);
-  BandRows(grid.grid, *layout.firstTint, *layout.firstTint == kWhite ? kGameTint : kWhite);
+  if (layout.firstTint) {
+    grid.SetColumnWidth(line_score_column::kHost, 0);
+    BandRows(grid, *layout.firstTint, *layout.firstTint == kWhite ? kGameTint : kWhite);
+  }
+  return grid;
+}
+
+void LoadQuery(Browser& browser, Query query) {
+  const QueryButton& button = kButtons.at(static_cast<std::size_t>(query));
+  const std::string box = button.box == nullptr ? "" : (browser.state.*button.box).value();
+  ShowGrid(browser.state.*button.grid, ReadQuery(browser.platform.database, query, box));
 }
 
 void RunQuery(Browser& browser, Query query) {

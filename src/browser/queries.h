@@ -34,7 +34,7 @@ struct QueryButton {
   Query query;
   const char* name;                       // "Command5"
   const char* caption;                    // "Data by player"
-  bool shown;                             // hidden ones run at opening alone
+  bool shown;                             // hidden ones belong to the opening
   Field<std::string> BrowserState::*box;  // search text; null for none
   BrowserGrid BrowserState::*grid;
 };
@@ -48,6 +48,11 @@ void RunQuery(Browser& browser, Query query);
 
 // The same without the message: throws ProgramError.
 void LoadQuery(Browser& browser, Query query);
+
+// What the grid of a query shall hold for this text in its box, laid out. Throws ProgramError. Any
+// thread may call it; once a stop is asked for, it fails soon.
+[[nodiscard]] StatGrid ReadQuery(Database& database, Query query, const std::string& box,
+                                 std::stop_token stop = {});
 
 // Tells the failure of a query.
 void TellQueryFailure(Browser& browser, const std::string& description);

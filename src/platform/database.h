@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -24,10 +25,11 @@ class RowRefused : public ProgramError {
 };
 
 // A statement and the texts bound to its marks "?1", "?2", ... in that order. Marks are the only
-// way for a person's text into a statement.
+// way for a person's text into a statement. A query whose stop is asked for fails soon.
 struct Statement {
   std::string text;
   std::vector<std::string> bound = {};
+  std::stop_token stop = {};
 };
 
 struct ColumnText {
@@ -60,8 +62,8 @@ class DatabaseSave {
 // plain words what is wrong, with the file's path: DatabaseOutOfReach where no other statement
 // would fare better.
 //
-// Column names are matched without regard to case. The operator LIKE ignores the case of Latin,
-// Greek and Cyrillic letters; "%" stands for any text and "_" for one character. The order NAMES
+// Column names are matched without regard to case. The operator LIKE ignores the case of
+// letters of all scripts; "%" stands for any text and "_" for one character. The order NAMES
 // (in "COLLATE NAMES") is the one of CompareNames.
 class Database {
  public:
@@ -70,7 +72,7 @@ class Database {
   // Replaces the contents of the grid with the result: row 0 has the names or aliases of the fields
   // from column 1 on, each record is a row from row 1 on, column 0 is empty. Null reads "", a
   // number is plain decimal text of at most 15 digits: 1 and 6.33, never 1.0. On an error the grid
-  // stays as it was.
+  // stays as it was. Several threads may run queries at a time, each into a grid of its own.
   virtual void Run(const Statement& query, StatGrid& result) = 0;
 
   // Runs deleting statements one after the other; one that fails does not keep the next from

@@ -6,8 +6,18 @@
 #include <QTimer>
 
 #include "replay/gestures.h"
+#include "windows/browser/form4.h"
 
 namespace dtb::replay {
+namespace {
+
+// The browser's tables are still on their way to a person who waits for them.
+bool ReadsTables() {
+  const auto* browser = qobject_cast<Form4*>(QApplication::activeModalWidget());
+  return browser != nullptr && !browser->Settled() && MessageBox::Open() == nullptr;
+}
+
+}  // namespace
 
 int Driver::Run() {
   Schedule();
@@ -27,6 +37,7 @@ void Driver::Step() {
   constexpr int kMostWaits = 20000;  // turns of the event loop; no gesture takes as many
   if (finished_) return;
   Schedule();
+  if (ReadsTables()) return;
   const int loops = thread()->loopLevel();
   MessageBox* box = MessageBox::Open();
   const bool windowWaits = QApplication::activeModalWidget() || QApplication::activePopupWidget();

@@ -6,7 +6,7 @@
 #include <numeric>
 
 #include "game/text_cell.h"
-#include "sheet/text_order.h"
+#include "platform/text.h"
 #include "shell/program_error.h"
 #include "shell/utf8.h"
 

@@ -111,6 +111,15 @@ void StatGrid::Replace(GridContents contents) {
   if (observer_.replaced) observer_.replaced();
 }
 
+void StatGrid::Take(StatGrid&& other) {
+  rows_ = other.rows_;
+  columns_ = std::move(other.columns_);
+  headers_ = std::move(other.headers_);
+  cells_ = std::move(other.cells_);
+  SetRowBands(other.firstBand_, other.secondBand_, other.rowsPerBand_);
+  if (observer_.replaced) observer_.replaced();
+}
+
 void StatGrid::RewriteColumn(int column,
                              const std::function<std::string(std::string_view)>& rewrite) {
   cells_.at(Place(column)).Rewrite(rewrite);

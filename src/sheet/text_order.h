@@ -1,18 +1,10 @@
-// How texts are compared and matched where the case of letters does not count.
+// How texts are matched where the case of letters does not count.
 #pragma once
 
 #include <string>
 #include <string_view>
 
 namespace dtb {
-
-// The small letter of a Latin, Greek or Cyrillic capital; any other character itself. One letter
-// for one: "ß" stays, and no letter loses its accent.
-[[nodiscard]] char32_t SmallLetter(char32_t letter);
-
-// The order of names in lists: by letters, without regard to case or to the accents of Latin
-// letters. Negative, 0 or positive, as the first text stands before, beside or behind the second.
-[[nodiscard]] int CompareNames(std::string_view first, std::string_view second);
 
 // A pattern of the operator LIKE: "%" stands for any text, "_" for one character, the case of
 // letters does not count, and a character behind the escape stands for itself.

@@ -1,23 +1,16 @@
 #include "teams/team_file.h"
 
-#include <array>
 #include <fstream>
 #include <string_view>
 #include <system_error>
 
 #include "platform/paths.h"
+#include "platform/text.h"
 #include "shell/program_error.h"
 #include "shell/utf8.h"
 
 namespace dtb {
 namespace {
-
-// The characters of the bytes 0x80 to 0x9F in Windows-1252; the five unassigned bytes stay
-// themselves. All other bytes are their own code points.
-constexpr std::array<char16_t, 32> kWindows1252{
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 bool IsUtf8(std::string_view text) {
   while (!text.empty()) {
@@ -26,38 +19,6 @@ bool IsUtf8(std::string_view text) {
     text.remove_prefix(length);
   }
   return true;
-}
-
-std::string FromWindows1252(std::string_view bytes) {
-  std::string text;
-  text.reserve(bytes.size() * 2);
-  for (const char c : bytes) {
-    const auto byte = static_cast<unsigned char>(c);
-    const bool mapped = byte >= 0x80 && byte < 0xA0;
-    AppendUtf8(text, mapped ? kWindows1252.at(byte - 0x80U) : byte);
-  }
-  return text;
-}
-
-std::string FromUtf16(std::string_view bytes, bool bigEndian) {
-  const auto unit = [&](std::size_t i) -> char32_t {
-    const auto a = static_cast<unsigned char>(bytes[i]);
-    const auto b = static_cast<unsigned char>(bytes[i + 1]);
-    return bigEndian ? (a << 8U | b) : (b << 8U | a);
-  };
-  std::string text;
-  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-    const char32_t c = unit(i);
-    const bool high = c >= 0xD800 && c < 0xDC00;
-    const char32_t low = high && i + 3 < bytes.size() ? unit(i + 2) : 0;
-    if (low >= 0xDC00 && low < 0xE000) {
-      AppendUtf8(text, 0x10000 + ((c - 0xD800) << 10U) + (low - 0xDC00));
-      i += 2;
-    } else {
-      AppendUtf8(text, c >= 0xD800 && c < 0xE000 ? kReplacementCharacter : c);
-    }
-  }
-  return text;
 }
 
 std::string ReadBytes(const std::filesystem::path& file) {
@@ -97,7 +58,8 @@ std::string DecodedText(std::string bytes) {
   if (bytes.starts_with("\xEF\xBB\xBF")) {
     bytes.erase(0, 3);
   } else if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) {
-    return FromUtf16(std::string_view(bytes).substr(2), bytes.front() == '\xFE');
+    const auto order = bytes.front() == '\xFE' ? ByteOrder::BigEndian : ByteOrder::LittleEndian;
+    return FromUtf16(std::string_view(bytes).substr(2), order);
   }
   return IsUtf8(bytes) ? std::move(bytes) : FromWindows1252(bytes);
 }

@@ -14,7 +14,7 @@
 #include <random>
 #include <sstream>
 
-#include "browser/browser.h"
+#include "browser/opening.h"
 #include "game/constant_update.h"
 #include "game/start_up.h"
 #include "platform/paths.h"

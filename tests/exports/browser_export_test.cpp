@@ -49,11 +49,11 @@ TEST_F(ExportTest, SixSheetsOfWhatTheGridsShow) {
            {"AggregatePitching",
             {"B s|Pitcher, C s|Team, D s|Ks, E s|BBs, F s|H, G s|HRs, H s|R, I s|TIP, J s|Ks/9, "
              "K s|BBs/9, L s|H/9, M s|HRs/9, N s|K/BB, O s|ERA, P s|WHIP",
+             "B s|Ace, C s|=1+1, D n|7, E n|2, F n|3, H n|3, I n|9, J n|7, K n|2, L n|3, N n|3.5, "
+             "O n|3, P n|0.56",
              "B s|Bob, C s|007, D n|2, E n|1, F n|4, H n|5, I n|6.33, J n|2.84, K n|1.42, L "
              "n|5.69, "
-             "N n|2, O n|7.11, P n|0.79",
-             "B s|Ace, C s|=1+1, D n|7, E n|2, F n|3, H n|3, I n|9, J n|7, K n|2, L n|3, N n|3.5, "
-             "O n|3, P n|0.56"}},
+             "N n|2, O n|7.11, P n|0.79"}},
            {"AggregateBatting",
             {"B s|Batter, C s|Team, D s|TAB, E s|SI, F s|DB, G s|TR, H s|HRun, I s|BBs, J s|SO, "
              "K s|SBs, L s|RBIs, M s|BAvg, N s|SLG",

@@ -23,8 +23,12 @@ class BrowserFormTest : public WindowTest {
 
   // Opens the form from the menu and runs the action, which closes it, while it is in front.
   void Open(const std::function<void()>& action) {
-    WhenTrue([] { return qobject_cast<Form4*>(QApplication::activeModalWidget()) != nullptr; },
-             action);
+    WhenTrue(
+        [] {
+          const auto* form = qobject_cast<Form4*>(QApplication::activeModalWidget());
+          return form != nullptr && form->Settled();
+        },
+        action);
     form1().findChild<QAction*>(QStringLiteral("mnuStatistics"))->trigger();
     EXPECT_EQ(form1().findChild<Form4*>(), nullptr) << "made anew for each opening";
   }

@@ -10,6 +10,7 @@
 
 #include "platform/database.h"
 #include "platform/paths.h"
+#include "platform/text.h"
 #include "sheet/text_order.h"
 
 namespace dtb::sqlite {

@@ -51,6 +51,13 @@ GridContents AllRows(const SQLite::Database& database, const Statement& query,
       sqlite3_prepare_v2(database.getHandle(), query.text.c_str(), -1, &made, nullptr);
   const std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> statement(made,
                                                                              sqlite3_finalize);
+  constexpr int kLookEvery = 10000;  // instructions of the engine, well below a millisecond
+  if (query.stop.stop_possible()) {
+    sqlite3_progress_handler(
+        database.getHandle(), kLookEvery,
+        [](void* stop) { return static_cast<std::stop_token*>(stop)->stop_requested() ? 1 : 0; },
+        const_cast<std::stop_token*>(&query.stop));
+  }
   if (prepared != SQLITE_OK) sqlite::ThrowFault(database, file);
   for (std::size_t i = 0; i < query.bound.size(); ++i) {
     const std::string& text = query.bound[i];

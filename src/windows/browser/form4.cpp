@@ -11,7 +11,6 @@
 #include "browser/exports.h"
 #include "browser/grid_format.h"
 #include "sheet/workbook_export.h"
-#include "windows/boxes/busy.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"
@@ -29,6 +28,9 @@ constexpr double kControlHeight = 32;
 constexpr double kBoxWidth = 168;
 constexpr double kTeamWidth = 264;
 constexpr double kTwip = 1.0 / 15;  // pixels on the reference screen, in body type
+
+// What the first tab may take before the window is shown without its table.
+constexpr std::chrono::milliseconds kLongestWait{80};
 
 constexpr QColor kPurgeRed{255, 0, 0};
 constexpr QColor kDeleteRed{255, 128, 128};
@@ -75,24 +77,24 @@ const QueryButton& ButtonOf(Query query) { return QueryButtons()[static_cast<std
 
 void Form4::Run(Platform& platform, QWidget* over) {
   Form4 form(platform, over);
-  {
-    const BusyPointer busy;
-    ProgressPanel panel(QStringLiteral("Reading the database"), ProgressPanel::Work::Uninterrupted,
-                        over);
-    OpenBrowser(form.browser_,
-                [&panel](int done, int steps) { panel.Hear(static_cast<double>(done) / steps); });
-  }
   CenterForm(&form, over);
+  // A table that comes with the window needs no second painting.
+  form.opening_.Await(browser_tab::kLineScores, kLongestWait);
+  form.ShowTables();
   form.exec();
-  CloseBrowser(form.browser_);
+  StoreBracket(form.browser_);
   if (form.workbook_ && OpenWorkbook(platform, *form.workbook_)) over->window()->showMinimized();
 }
 
 Form4::Form4(Platform& platform, QWidget* parent)
     : QDialog(parent),
       browser_{state_, platform},
+      opening_(browser_),
       resizer_(kWidth, kHeight),
       SSTab1_(new QTabWidget(this)) {
+  // Tables are read while the window is built.
+  opening_.ReadBehind(
+      [this] { QMetaObject::invokeMethod(this, &Form4::Settle, Qt::QueuedConnection); });
   setObjectName(QStringLiteral("Form4"));
   setWindowTitle(QLatin1String(kBrowserTitle));
   Name(SSTab1_, "SSTab1", QStringLiteral("Tables of the database"));
@@ -122,12 +124,44 @@ Form4::Form4(Platform& platform, QWidget* parent)
   BuildTournament();
 
   Follow<int>(SSTab1_, state_.SSTab1, [this](int tab) { SSTab1_->setCurrentIndex(tab); });
-  connect(SSTab1_, &QTabWidget::currentChanged, this, [this](int tab) { state_.SSTab1.Set(tab); });
+  connect(SSTab1_, &QTabWidget::currentChanged, this, [this](int tab) {
+    state_.SSTab1.Set(tab);
+    opening_.Prefer(tab);
+    ShowTables();
+  });
   FitAtLaunch(this, resizer_, 0);
 }
 
 // The views go before the grids that they show.
 Form4::~Form4() { delete SSTab1_; }
+
+void Form4::ShowTables() {
+  opening_.Show();
+  if (opening_.Finished(SSTab1_->currentIndex())) {
+    busy_.reset();
+  } else if (!busy_) {
+    busy_.emplace();
+  }
+}
+
+void Form4::Settle() {
+  ShowTables();
+  if (!opening_.FinishedAll()) return;
+  opening_.TellFaults();
+  settled_ = true;
+}
+
+void Form4::WithTab(const std::function<void()>& operation) {
+  const BusyPointer busy;
+  opening_.Finish(SSTab1_->currentIndex());
+  operation();
+}
+
+void Form4::WithAll(const std::function<void()>& operation) {
+  const BusyPointer busy;
+  opening_.FinishAll();
+  operation();
+}
 
 QVBoxLayout* Form4::AddTab(const char* caption) {
   auto* page = new QWidget;
@@ -171,8 +205,7 @@ void Form4::AddSearches(QHBoxLayout* strip, const std::vector<Search>& searches)
     if (box != nullptr)
       connect(box, &QLineEdit::returnPressed, button, [button] { button->click(); });
     connect(button, &QPushButton::clicked, this, [this, which = search.query] {
-      const BusyPointer busy;
-      RunQuery(browser_, which);
+      WithTab([this, which] { RunQuery(browser_, which); });
     });
     strip->addSpacing(16);
   }
@@ -215,10 +248,7 @@ void Form4::BuildLineScores() {
   QPushButton* purge = AddButton(strip, "cmd_Purge", "PURGE ALL STATS");
   Tint(purge, kPurgeRed, Qt::black);
   typed_.push_back({purge, kBody, true});
-  connect(purge, &QPushButton::clicked, this, [this] {
-    const BusyPointer busy;
-    PurgeAll(browser_);
-  });
+  connect(purge, &QPushButton::clicked, this, [this] { WithAll([this] { PurgeAll(browser_); }); });
 }
 
 void Form4::SendTablesToExcel() {
@@ -231,6 +261,7 @@ void Form4::SendGridsToExcel() {
   {
     ProgressPanel panel(QStringLiteral("Writing the workbook"), ProgressPanel::Work::Cancellable,
                         this);
+    opening_.FinishAll();
     workbook_ = ExportGrids(browser_, [&panel](double share) { return panel.Hear(share); });
   }
   if (workbook_) close();
@@ -286,16 +317,11 @@ void Form4::BuildWinLoss() {
   QPushButton* one = AddButton(strip, "Command36", "DELETE Matchup or Win/Loss");
   one->setToolTip(QStringLiteral("Select a Team or Matchup to DELETE"));
   Tint(one, kDeleteRed, kInk);
-  connect(one, &QPushButton::clicked, this, [this] {
-    const BusyPointer busy;
-    DeleteSelected(browser_);
-  });
+  connect(one, &QPushButton::clicked, this,
+          [this] { WithAll([this] { DeleteSelected(browser_); }); });
   strip->addSpacing(16);
   connect(AddButton(strip, "Command33", "Clear all Win/Loss data"), &QPushButton::clicked, this,
-          [this] {
-            const BusyPointer busy;
-            DeleteWinLoss(browser_);
-          });
+          [this] { WithAll([this] { DeleteWinLoss(browser_); }); });
 }
 
 void Form4::BuildGameStats() {

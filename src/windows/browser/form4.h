@@ -9,8 +9,9 @@
 #include <QVBoxLayout>
 #include <vector>
 
-#include "browser/queries.h"
+#include "browser/opening.h"
 #include "shell/control_resizer.h"
+#include "windows/boxes/busy.h"
 #include "windows/browser/bracket_view.h"
 #include "windows/shared/stat_grid_view.h"
 
@@ -26,6 +27,9 @@ class Form4 : public QDialog {
   Form4(Platform& platform, QWidget* parent);
   ~Form4() override;
   [[nodiscard]] const BrowserState& state() const { return state_; }
+
+  // All tables are there, and what was wrong with the database is told.
+  [[nodiscard]] bool Settled() const { return settled_; }
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -54,6 +58,14 @@ class Form4 : public QDialog {
   void BuildGameStats();
   void BuildTournament();
 
+  // Shows what was read meanwhile; the pointer is busy while the tab in front lacks a table.
+  void ShowTables();
+  // Does so, and tells what was wrong once nothing is left to read.
+  void Settle();
+  // Waits for the tables of the tab in front, or for all, and then runs the operation.
+  void WithTab(const std::function<void()>& operation);
+  void WithAll(const std::function<void()>& operation);
+
   void SendTablesToExcel();
   void SendGridsToExcel();
 
@@ -67,6 +79,9 @@ class Form4 : public QDialog {
 
   BrowserState state_;
   Browser browser_;
+  Opening opening_;
+  bool settled_ = false;
+  std::optional<BusyPointer> busy_;
   ControlResizer resizer_;
   QTabWidget* SSTab1_;
   StatGridView* lineScore_ = nullptr;  // of one game

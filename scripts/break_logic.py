@@ -1,0 +1,206 @@
+#!/usr/bin/python3
+"""Break the logic in many places, one at a time, and tell which breaks the tests notice.
+
+Each break changes one line of the logic: a sign, a bound, a condition, a missing call, a wrong
+column or a wrong number. The seed alone chooses the places, so that nobody picks easy ones. For
+each break the tests are built and run, quickest first, up to the first that fails; then the line
+is put back. A break that does not compile is replaced by the next one.
+
+Usage:  break_logic.py [--count N] [--seed N] [--jobs N] [--skip FILE]... [--list] BUILD-FOLDER
+
+The build folder must belong to this source tree. Break a copy of the tree that nobody works in:
+after an interruption one line of it may still be broken. Write the table to docs/breaks.txt.
+"""
+import argparse
+import os
+import random
+import re
+import subprocess
+import sys
+from dataclasses import dataclass
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent
+FOLDERS = ("game", "teams", "sheet", "browser", "aids", "shell")
+TARGETS = ("dtb_core_tests", "dtb_database_tests", "dtb_export_tests", "dtb_replay")
+BUILD_SECONDS = 900
+TEST_SECONDS = 240
+
+
+@dataclass(frozen=True)
+class Break:
+    kind: str
+    file: Path
+    line: int  # from 0
+    broken: str
+    shown: str
+
+
+def swap(pattern, replacement):
+    """All ways to put the replacement in the place of one match."""
+    def ways(text):
+        for match in re.finditer(pattern, text):
+            yield text[:match.start()] + match.expand(replacement) + text[match.end():]
+    return ways
+
+
+def next_number(text):
+    for match in re.finditer(r"(?<![\w.\"'])\d+(?![\w.\"'])", text):
+        yield text[:match.start()] + str(int(match.group()) + 1) + text[match.end():]
+
+
+def swapped_columns(text):
+    """A constant for a column becomes the one before or behind it in the table."""
+    columns = ["kStrikeouts", "kWalks", "kSingles", "kDoubles", "kTriples", "kHomeRuns",
+               "kStolenBases", "kRunsBattedIn", "kAtBats"]
+    pitchers = ["kPitcherStrikeouts", "kPitcherWalks", "kPitcherHits", "kPitcherHomeRuns",
+                "kEarnedRuns", "kInningsPitched"]
+    for names in (columns, pitchers):
+        for place, name in enumerate(names):
+            other = names[(place + 1) % len(names)]
+            yield from swap(rf"\b{name}\b", other)(text)
+
+
+KINDS = {
+    "sign": [swap(r" \+ (?=\d|[a-z])", " - "), swap(r" - (?=\d|[a-z])", " + "),
+             swap(r"\+\+(?=[a-z])", "--"), swap(r" \+= ", " -= ")],
+    "bound": [swap(r" < (?!<)", " <= "), swap(r" > (?!>)", " >= "), swap(r" <= ", " < "),
+              swap(r" >= ", " > ")],
+    "condition": [swap(r" == ", " != "), swap(r" != ", " == "), swap(r" && ", " || "),
+                  swap(r" \|\| ", " && "), swap(r"\btrue\b", "false"), swap(r"\bfalse\b", "true"),
+                  swap(r"if \(!", "if (")],
+    "missing call": [swap(r"^  +[A-Za-z][\w.>:\[\]-]*\(.*\);$", "  ;")],
+    "wrong column": [swapped_columns],
+    "wrong number": [next_number],
+}
+
+
+def all_breaks(skipped):
+    found = {kind: [] for kind in KINDS}
+    for folder in FOLDERS:
+        for file in sorted((ROOT / "src" / folder).glob("*.cpp")):
+            if file.name in ("main.cpp", *skipped):
+                continue
+            lines = file.read_text().split("\n")
+            for number, line in enumerate(lines):
+                if line.lstrip().startswith(("//", "#", "return \"", "case ")):
+                    continue
+                if line.strip().startswith("throw ") or "ProgramError(" in line:
+                    continue
+                code = line.split("  //")[0]
+                for kind, makers in KINDS.items():
+                    found[kind] += [Break(kind, file, number, broken,
+                                          (code if broken == "  ;" else broken).strip())
+                                    for make in makers for broken in make(code)
+                                    if broken != code]
+    return found
+
+
+def chosen(seed, skipped):
+    """All breaks in the order in which they are tried: the kinds by turns, no line twice."""
+    shuffle = random.Random(seed)
+    found = all_breaks(skipped)
+    for breaks in found.values():
+        shuffle.shuffle(breaks)
+    lines = set()
+    while any(found.values()):
+        for breaks in found.values():
+            while breaks:
+                candidate = breaks.pop()
+                if (candidate.file, candidate.line) not in lines:
+                    lines.add((candidate.file, candidate.line))
+                    yield candidate
+                    break
+
+
+def run(command, seconds, environment=None):
+    """Exit code and output; a code of None means that the time ran out."""
+    try:
+        done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                              timeout=seconds, env=environment, check=False)
+    except subprocess.TimeoutExpired as late:
+        return None, (late.stdout or b"").decode(errors="replace")
+    return done.returncode, done.stdout.decode(errors="replace")
+
+
+def tests(build):
+    """Quickest first; the random click sequences of the core come last."""
+    games = ROOT / "tests" / "games"
+    scripts = sorted(str(folder) for folder in games.iterdir() if folder.is_dir())
+    yield "replay", [build / "dtb_replay", *scripts]
+    yield "core", [build / "dtb_core_tests", "--gtest_filter=-EveryGame*"]
+    yield "database", [build / "dtb_database_tests"]
+    yield "exports", [build / "dtb_export_tests"]
+    yield "core, random", [build / "dtb_core_tests", "--gtest_filter=EveryGame*"]
+
+
+def who_notices(build):
+    environment = dict(os.environ, GTEST_FAIL_FAST="1", QT_QPA_PLATFORM="offscreen",
+                       LC_ALL="C.UTF-8")
+    for name, command in tests(build):
+        code, output = run(command, TEST_SECONDS, environment)
+        if code is None:
+            return f"{name}: does not end"
+        if code != 0:
+            failed = re.search(r"\[  FAILED  \] ([\w./]+)", output)
+            if failed:
+                return f"{name}: {failed.group(1)}"
+            wrong = [line for line in output.split("\n") if line and "all figures right" not in line]
+            return f"{name}: {wrong[-1][:60]}" if wrong else f"{name}: dies"
+    return None
+
+
+def compiles(build, jobs):
+    command = ["cmake", "--build", build, "--target", *TARGETS, "--", f"-j{jobs}"]
+    return run(command, BUILD_SECONDS)[0] == 0
+
+
+def tried(candidate, build, jobs):
+    """What noticed the break; None for nothing; False where it does not compile."""
+    whole = candidate.file.read_text()
+    lines = whole.split("\n")
+    lines[candidate.line] = candidate.broken
+    try:
+        candidate.file.write_text("\n".join(lines))
+        return who_notices(build) if compiles(build, jobs) else False
+    finally:
+        candidate.file.write_text(whole)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.split("\n")[0])
+    parser.add_argument("build", type=Path, help="a build folder of this tree, with its tests")
+    parser.add_argument("--count", type=int, default=40, help="breaks that compile (40)")
+    parser.add_argument("--seed", type=int, default=1, help="chooses the places (1)")
+    parser.add_argument("--jobs", type=int, default=1, help="processes of a build (1)")
+    parser.add_argument("--skip", action="append", default=[], help="a file that stays whole")
+    parser.add_argument("--list", action="store_true", help="only show the first so many places")
+    options = parser.parse_args()
+    build = options.build.resolve()
+
+    if not options.list:
+        if not compiles(build, options.jobs):
+            sys.exit("The tree does not build as it is.")
+        if before := who_notices(build):
+            sys.exit(f"The tests fail on the tree as it is: {before}")
+    noticed = done = 0
+    print(f"Seed {options.seed}")
+    for candidate in chosen(options.seed, options.skip):
+        if done == options.count:
+            break
+        result = "" if options.list else tried(candidate, build, options.jobs)
+        if result is False:
+            continue
+        done += 1
+        noticed += result is not None
+        result = "-- nothing --" if result is None else result
+        place = f"{candidate.file.relative_to(ROOT / 'src')}:{candidate.line + 1}"
+        print(f"{done:3}  {candidate.kind:13} {place:32} "
+              f"{candidate.shown[:70]:72}{result}", flush=True)
+    if not options.list:
+        print(f"{noticed} of {done} breaks were noticed.")
+        compiles(build, options.jobs)
+
+
+if __name__ == "__main__":
+    main()

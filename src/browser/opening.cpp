@@ -1,0 +1,161 @@
+#include "browser/opening.h"
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+#include "browser/bracket.h"
+#include "browser/grid_format.h"
+
+namespace dtb {
+
+Opening::Opening(Browser& browser)
+    : browser_(browser),
+      tables_{{Query::Command4, browser_tab::kLineScores},
+              {Query::Command5, browser_tab::kBattingByGame},
+              {Query::Command2, browser_tab::kPitchingByGame},
+              {Query::Command6, browser_tab::kAggregateBatting},
+              {Query::Command14, browser_tab::kAggregatePitching},
+              {Query::Command30, browser_tab::kWinLoss},
+              {Query::Command34, browser_tab::kWinLoss}} {
+  browser.state.SSTab1.Set(browser_tab::kLineScores);
+  RestoreBracket(browser);
+}
+
+void Opening::ReadBehind(std::function<void()> ready) {
+  ready_ = std::move(ready);
+  threads_.emplace_back([this] {
+    while (ReadNext()) ready_();
+  });
+}
+
+void Opening::Prefer(int tab) {
+  {
+    const std::scoped_lock lock(mutex_);
+    if (NextOf(tab) == nullptr) return;
+  }
+  threads_.emplace_back([this, tab] {
+    while (ReadNext(tab)) ready_();
+  });
+}
+
+Opening::Table* Opening::NextOf(std::optional<int> tab) {
+  const auto next = std::ranges::find_if(tables_, [&tab](const Table& table) {
+    return table.state == Table::State::Waits && (!tab || table.tab == *tab);
+  });
+  return next == tables_.end() ? nullptr : &*next;
+}
+
+bool Opening::ReadNext(std::optional<int> tab) {
+  Table* table = nullptr;
+  {
+    const std::scoped_lock lock(mutex_);
+    table = stop_.stop_requested() ? nullptr : NextOf(tab);
+    if (table == nullptr) return false;
+    table->state = Table::State::IsRead;
+  }
+  Read(*table);
+  return true;
+}
+
+void Opening::Read(Table& table) {
+  std::optional<StatGrid> contents;
+  std::string fault;
+  bool outOfReach = false;
+  try {
+    contents = ReadQuery(browser_.platform.database, table.query, {}, stop_.get_token());
+  } catch (const DatabaseOutOfReach& failure) {
+    fault = failure.what();
+    outOfReach = true;
+  } catch (const std::exception& failure) {
+    fault = failure.what();
+  }
+  const std::scoped_lock lock(mutex_);
+  table.contents = std::move(contents);
+  table.fault = std::move(fault);
+  table.state = Table::State::Ready;
+  if (outOfReach) {
+    outOfReach_ = table.fault;
+    for (Table& other : tables_) {
+      if (other.state == Table::State::Waits) other.state = Table::State::Ready;
+    }
+  }
+  readOne_.notify_all();
+}
+
+void Opening::Show() {
+  for (Table& table : tables_) {
+    {
+      const std::scoped_lock lock(mutex_);
+      if (table.state != Table::State::Ready) continue;
+      table.state = Table::State::Finished;
+    }
+    if (!table.contents) continue;
+    // Blue until the next query.
+    if (table.query == Query::Command4 && table.contents->columns() > line_score_column::kGameID) {
+      table.contents->SetColumnInk(line_score_column::kGameID, kClickableBlue);
+    }
+    const auto place = static_cast<std::size_t>(table.query);
+    ShowGrid(browser_.state.*QueryButtons()[place].grid, std::move(*table.contents));
+    table.contents.reset();
+  }
+}
+
+bool Opening::Reads(std::optional<int> tab) const {
+  return std::ranges::any_of(tables_, [&tab](const Table& table) {
+    return table.state < Table::State::Ready && (!tab || table.tab == *tab);
+  });
+}
+
+void Opening::Await(int tab, std::chrono::milliseconds longest) {
+  std::unique_lock lock(mutex_);
+  readOne_.wait_for(lock, longest, [this, tab] { return !Reads(tab); });
+}
+
+// What no other thread has begun is read here.
+void Opening::FinishThose(std::optional<int> tab) {
+  while (ReadNext(tab)) continue;
+  {
+    std::unique_lock lock(mutex_);
+    readOne_.wait(lock, [this, tab] { return !Reads(tab); });
+  }
+  Show();
+}
+
+void Opening::Finish(int tab) { FinishThose(tab); }
+
+void Opening::FinishAll() { FinishThose(std::nullopt); }
+
+bool Opening::Finished(int tab) const {
+  const std::scoped_lock lock(mutex_);
+  return std::ranges::all_of(tables_, [tab](const Table& table) {
+    return table.tab != tab || table.state == Table::State::Finished;
+  });
+}
+
+bool Opening::FinishedAll() const {
+  const std::scoped_lock lock(mutex_);
+  return std::ranges::all_of(
+      tables_, [](const Table& table) { return table.state == Table::State::Finished; });
+}
+
+void Opening::TellFaults() {
+  if (told_ || !FinishedAll()) return;
+  told_ = true;
+  std::string faults = outOfReach_;
+  if (faults.empty()) {
+    for (const Table& table : tables_) {
+      if (table.fault.empty() || faults.find(table.fault) != std::string::npos) continue;
+      faults += (faults.empty() ? "" : "\n\n") + table.fault;
+    }
+  }
+  if (!faults.empty()) TellQueryFailure(browser_, faults);
+}
+
+void OpenBrowser(Browser& browser) {
+  Opening opening(browser);
+  opening.FinishAll();
+  opening.TellFaults();
+}
+
+}  // namespace dtb

@@ -1,0 +1,26 @@
+// Letters of all scripts: their case, their order, and texts in older encodings.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace dtb {
+
+// The letter that stands for all cases of one letter, as a small one; any other character itself.
+// One letter for one: "ß" stays, and no letter loses its accent.
+[[nodiscard]] char32_t FoldedLetter(char32_t letter);
+
+// The order of names in lists: signs, digits, then Latin, Greek and Cyrillic letters, without
+// regard to case or accents. Negative, 0 or positive, as the first UTF-8 text stands before, beside
+// or behind the second. Bytes that are no UTF-8 stand together, behind all letters.
+[[nodiscard]] int CompareNames(std::string_view first, std::string_view second);
+
+// The UTF-8 text of bytes in Windows-1252; the five bytes without a character stay control codes.
+[[nodiscard]] std::string FromWindows1252(std::string_view bytes);
+
+enum class ByteOrder { LittleEndian, BigEndian };
+
+// The UTF-8 text of UTF-16 without a mark. Half a pair becomes U+FFFD; an odd last byte is dropped.
+[[nodiscard]] std::string FromUtf16(std::string_view bytes, ByteOrder order);
+
+}  // namespace dtb

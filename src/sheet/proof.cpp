@@ -50,8 +50,9 @@ double HitsOfBatters(const StatGrid& grid) {
   return hits;
 }
 
+// "1 hit", "2 hits".
 std::string Count(double number, const std::string& word) {
-  return DecimalText(number) + ' ' + word;
+  return DecimalText(number) + ' ' + word + (number == 1 ? "" : "s");
 }
 
 class Proof {
@@ -122,7 +123,7 @@ class Proof {
       if (name.empty()) {
         if (text.empty()) continue;
         Add({FindingKind::NamelessInnings, side, row, kInningsPitched,
-             TeamOf(side) + " have " + text + " innings in a row without a pitcher.", text, "",
+             "A row of " + TeamOf(side) + " without a pitcher has " + text + " innings.", text, "",
              true});
         continue;
       }
@@ -132,7 +133,7 @@ class Proof {
       if (std::lround(NumberOf(text) * 3) == outs) continue;
       const std::string ought = TwoDecimals(outs / 3.0);
       Add({FindingKind::InningsPitched, side, row, kInningsPitched,
-           name + " made " + Count(outs, outs == 1 ? "out" : "outs") + ", " + ought +
+           name + " made " + Count(outs, "out") + ", " + ought +
                " innings, but would be saved with " + (text.empty() ? "none" : text) + ".",
            text, ought, true});
     }
@@ -141,31 +142,29 @@ class Proof {
   void FindDisagreements(Side batting) {
     const SideFields fields = SideOf(board_, batting);
     const StatGrid& pitchers = SideOf(board_, Other(batting)).grid;
-    const std::string team = TeamOf(batting);
-    const std::string others = TeamOf(Other(batting));
+    const std::string ours = "The batters of " + TeamOf(batting) + " have ";
+    const std::string theirs = "the pitchers of " + TeamOf(Other(batting)) + " ";
     const double hits = HitsOfBatters(fields.grid);
     const double told = fields.score.at(kTotalHits).text.number();
     const double given = SumOf(pitchers, kPitcherHits);
     if (hits != told || hits != given) {
       Tell(FindingKind::Disagreement, batting,
-           team + "'s batters have " + Count(hits, hits == 1 ? "hit" : "hits") +
-               ", the H cell of the line score says " + DecimalText(told) + ", and " + others +
-               "'s pitchers gave up " + DecimalText(given) + ".");
+           ours + Count(hits, "hit") + ", the H cell of the line score says " + DecimalText(told) +
+               ", " + theirs + DecimalText(given) + ".");
     }
     struct Pair {
       int batter;
       int pitcher;
       const char* word;
     };
-    for (const auto& [batter, pitcher, word] : {Pair{kWalks, kPitcherWalks, "walks"},
-                                                {kStrikeouts, kPitcherStrikeouts, "strikeouts"},
-                                                {kHomeRuns, kPitcherHomeRuns, "home runs"}}) {
-      const double ours = SumOf(fields.grid, batter);
-      const double theirs = SumOf(pitchers, pitcher);
-      if (ours == theirs) continue;
+    for (const auto& [batter, pitcher, word] : {Pair{kWalks, kPitcherWalks, "walk"},
+                                                {kStrikeouts, kPitcherStrikeouts, "strikeout"},
+                                                {kHomeRuns, kPitcherHomeRuns, "home run"}}) {
+      const double made = SumOf(fields.grid, batter);
+      const double allowed = SumOf(pitchers, pitcher);
+      if (made == allowed) continue;
       Tell(FindingKind::Disagreement, batting,
-           team + "'s batters have " + DecimalText(ours) + " " + word + ", " + others +
-               "'s pitchers " + DecimalText(theirs) + ".");
+           ours + Count(made, word) + ", " + theirs + DecimalText(allowed) + ".");
     }
   }
 
@@ -176,21 +175,21 @@ class Proof {
     const TextCell& total = fields.score.at(kTotalRuns).text;
     if (total.number() != runs) {
       Add({FindingKind::TotalOfRuns, batting, 0, 0,
-           team + "'s innings add up to " + DecimalText(runs) + " runs, but the R cell says " +
-               total.value() + ".",
+           "The innings of " + team + " add up to " + Count(runs, "run") +
+               ", but the R cell says " + total.value() + ".",
            total.value(), DecimalText(runs), true});
     }
     const double batted = SumOf(fields.grid, kRunsBattedIn);
     const double earned = SumOf(SideOf(board_, Other(batting)).grid, kEarnedRuns);
     if (batted > runs) {
       Tell(FindingKind::MoreThanRuns, batting,
-           team + " batted in " + DecimalText(batted) + " runs but scored only " +
-               DecimalText(runs) + ".");
+           "The batters of " + team + " have " + DecimalText(batted) +
+               " RBI, but the team scored " + Count(runs, "run") + ".");
     }
     if (earned > runs) {
       Tell(FindingKind::MoreThanRuns, Other(batting),
-           TeamOf(Other(batting)) + "'s pitchers have " + DecimalText(earned) +
-               " earned runs, but " + team + " scored only " + DecimalText(runs) + ".");
+           "The pitchers of " + TeamOf(Other(batting)) + " have " + Count(earned, "earned run") +
+               ", but " + team + " scored " + Count(runs, "run") + ".");
     }
   }
 
@@ -281,10 +280,17 @@ std::vector<Finding> Prove(Board& board, ProofMoment moment) { return Proof(boar
 
 void PutRight(Board& board, ProofMoment moment, const std::vector<Finding>& findings) {
   const Gesture gesture(board, "Put right");
-  for (const Finding& now : Prove(board, moment)) {
-    const bool wanted = std::ranges::any_of(
-        findings, [&now](const Finding& finding) { return Same(finding, now); });
-    if (wanted && now.canBePutRight) PutRightOne(board, now);
+  // What is put right for one pitcher may leave more or less for the present one; twice is enough.
+  bool all = true;
+  for (int round = 0; round < 2 && all; ++round) {
+    for (const Finding& now : Prove(board, moment)) {
+      if (!now.canBePutRight) continue;
+      const bool wanted =
+          round > 0 || std::ranges::any_of(
+                           findings, [&now](const Finding& finding) { return Same(finding, now); });
+      all = all && wanted;
+      if (wanted) PutRightOne(board, now);
+    }
   }
 }
 

@@ -42,7 +42,7 @@ enum class ProofMoment { Sheet, Save };
 [[nodiscard]] std::vector<Finding> Prove(Board& board, ProofMoment moment);
 
 // Puts right what can be put right, and logs each of it. One step of the history. A finding that is
-// no longer so changes nothing.
+// no longer so changes nothing. Where all that can be is put right, nothing of that kind is left.
 void PutRight(Board& board, ProofMoment moment, const std::vector<Finding>& findings);
 
 // Runners of a side that were left on base: at-bats and walks, less its runs and its outs. Nothing

@@ -3,6 +3,8 @@
 // After the test library's own header, which the one above includes.
 #include <rapidcheck/gtest.h>
 
+#include <array>
+
 namespace dtb {
 namespace {
 
@@ -16,7 +18,120 @@ A reserve who never stood on the first piece.
 bat:v9 up:v BB GO GO GO => J has 1 BB but would not be saved. -> 1;
 bat:v9 up:v RBI HR GO GO GO => J has 1 HR, 1 RBI and 1 AB but would not be saved. -> 1;
 unbat:v AB GO GO GO => A row without a name has 1 AB but would not be saved.;
+
+Figures that were changed by hand.
+1B GO GO GO cell:v1,4=2 => The batters of Owls have 2 hits, the H cell of the line score says 1,
+  the pitchers of Elks 1.;
+BB K K K cell:h1,13=4 => The batters of Owls have 1 walk, the pitchers of Elks 4.;
+RBI HR GO GO GO type:v0=7 => The innings of Owls add up to 7 runs, but the R cell says 1. -> 7;
+RBI HR GO GO GO cell:v1,9=5 => The batters of Owls have 5 RBI, but the team scored 1 run.;
+RBI HR GO GO GO cell:h1,16=5 => The pitchers of Elks have 5 earned runs, but Owls scored 1 run.;
+GO GO GO cell:h1,17=6.1 => l made 3 outs, 1.00 innings, but would be saved with 6.1. -> 1.00;
+GO GO GO cell:h7,17=1.00 cell:h1,17=1.00 => A row of Elks without a pitcher has 1.00 innings. -> ;
+GO GO GO cell:h1,14=x => Elks, row 1 (l), column H: "x" stands where a number belongs.;
+rewrite:vZ => Z bats for Owls but is not on the sheet, so nothing is counted for him.;
+
+Put right: 8 outs of L, and 1 of J who came for him while the others batted.
+GO GO GO bat:h0 GO GO GO bat:v0 GO pitch:v9 GO GO bat:h0 GO GO GO right: => -
+bat:v9 up:v RBI HR GO GO GO right: => -
 )");
+  Check("due", R"(
+=> v0
+GO GO GO => due h0
+GO GO GO bat:h0 => h0
+GO GO GO bat:h0 GO GO GO => due v3
+GO GO TO bat:h0 GO GO GO => due v2
+GO GO GO bat:h8 GO GO GO bat:v3 K K K => due h0
+GO rewrite:vZ => due v1
+GO show:v5 => v1
+)");
+}
+
+// Outcomes and changes of pitcher in the field alone, each new man once; -1 for a change.
+RC_GTEST_PROP(Proof, FindsNothingThatIsNotSo, ()) {
+  const auto choices = *rc::gen::scale(2.0, rc::gen::container<std::vector<int>>(rc::gen::inRange(
+                                                -1, static_cast<int>(kLabels.size()))));
+  Game game;
+  std::map<std::string, int> counted;
+  std::array<std::string, 2> pitchers{"L", "l"};
+  std::array<int, 2> nextPitcher{10, 10}, nextBatter{0, 0};
+  int outs = 0, half = 0;
+  const auto play = [&](const std::string& label) {
+    game.Do(label);
+    const bool refused = outs == 2 && (label == "DP" || label == "FC");
+    const bool out = label == "K" || label == "DP" || label == "FC" || label == "TO" ||
+                     (label.size() == 2 && label[1] == 'O');
+    const int made = !out || refused ? 0 : (label == "DP" ? 2 : 1);
+    counted[pitchers.at(half % 2 == 0 ? 1 : 0)] += made;
+    outs += made;
+    if (outs < 3) return;
+    outs = 0;
+    nextBatter.at(half % 2) = (game.board.state.lbl_Selected.value().front() | 0x20) - 'a' + 1;
+    ++half;
+    const char side = half % 2 == 0 ? 'v' : 'h';
+    game.Do(std::string("bat:") + side + std::to_string(nextBatter.at(half % 2) % kStarters));
+  };
+  for (const int choice : choices) {
+    if (half >= kHalves - 2) break;
+    const std::size_t fielding = half % 2 == 0 ? 1 : 0;
+    if (choice >= 0) {
+      play(kLabels.at(static_cast<std::size_t>(choice)));
+    } else if (nextPitcher.at(fielding) >= kStarters) {
+      const int row = nextPitcher.at(fielding)--;
+      game.Do(std::string("pitch:") + (fielding == 0 ? 'v' : 'h') + std::to_string(row));
+      pitchers.at(fielding) = std::string(1, static_cast<char>((fielding == 0 ? 'A' : 'a') + row));
+    }
+  }
+  while (outs > 0) play("GO");
+  RC_ASSERT(game.Look("proof").empty());
+  for (const PitchedOuts& known : {game.state.VisOuts, game.state.HomeOuts}) {
+    for (const auto& [pitcher, made] : known) RC_ASSERT(counted[pitcher] == made);
+  }
+}
+
+RC_GTEST_PROP(Proof, IsPutRightOnceAndTakenBackWhole, ()) {
+  const std::vector<std::string> gestures{"1B",
+                                          "HR",
+                                          "K",
+                                          "GO",
+                                          "DP",
+                                          "RBI",
+                                          "BB",
+                                          "OUT:2",
+                                          "GO",
+                                          "K",
+                                          "toggle:v",
+                                          "bat:v9",
+                                          "up:v",
+                                          "pitch:v9",
+                                          "pitch:h9",
+                                          "pitch:v10",
+                                          "GO",
+                                          "K",
+                                          "atbat:h",
+                                          "bat:h2",
+                                          "atbat:v",
+                                          "bat:v3",
+                                          "free:p0",
+                                          "cell:h1,17=6.1",
+                                          "GO",
+                                          "K",
+                                          "cell:v2,17=x",
+                                          "cell:v5,17=1.00",
+                                          "type:v0=7",
+                                          "pitch:h11",
+                                          "OUT:0"};
+  Game game;
+  for (const int choice : *rc::gen::container<std::vector<int>>(
+           rc::gen::inRange(0, static_cast<int>(gestures.size())))) {
+    game.Do(gestures.at(static_cast<std::size_t>(choice)));
+  }
+  const std::string before = GameText(game.board);
+  const std::size_t steps = game.history.steps();
+  game.Do("right:");
+  for (const Finding& left : Prove(game.board, ProofMoment::Save)) RC_ASSERT(!left.canBePutRight);
+  if (game.history.steps() > steps) game.Do("undo:");
+  RC_ASSERT((GameText(game.board) == before));
 }
 
 }  // namespace

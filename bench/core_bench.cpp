@@ -3,6 +3,7 @@
 
 #include "bench/quiet_table.h"
 #include "game/outcomes.h"
+#include "sheet/proof.h"
 
 namespace dtb {
 namespace {
@@ -34,6 +35,22 @@ void LoadTeamOf49(benchmark::State& state) {
   }
 }
 BENCHMARK(LoadTeamOf49)->Unit(benchmark::kMicrosecond);
+
+// The proof of a full sheet, at each opening and each edit. Goal: 1 millisecond.
+void ProofOfFullSheet(benchmark::State& state) {
+  QuietTable table;
+  for (const Side side : {Side::Visitors, Side::Home}) {
+    StatGrid& grid = SideOf(table.board, side).grid;
+    for (int row = 1; row < grid.rows(); ++row) {
+      grid.SetText(row, stat_column::kPitcher, "Pitcher " + std::to_string(row));
+      for (int column = 2; column < stat_column::kPlayed; ++column) {
+        if (column != stat_column::kPitcher) grid.SetText(row, column, "3");
+      }
+    }
+  }
+  for (auto _ : state) benchmark::DoNotOptimize(Prove(table.board, ProofMoment::Save));
+}
+BENCHMARK(ProofOfFullSheet)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace dtb

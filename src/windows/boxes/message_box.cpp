@@ -195,15 +195,14 @@ QString ClosingError(int number, const std::string& description) {
 MessageBox* MessageBox::Open() { return openBox; }
 
 bool MessageBox::Run(QWidget* window, const Content& content, double scale) {
-  return Wait(window, content, scale)->answer_;
+  return Wait(window, content, scale).yes;
 }
 
 int MessageBox::RunChoice(QWidget* window, const Content& content, double scale) {
-  return Wait(window, content, scale)->chosen_;
+  return Wait(window, content, scale).chosen;
 }
 
-// The box goes with the next turn of the event loop.
-MessageBox* MessageBox::Wait(QWidget* window, const Content& content, double scale) {
+MessageBox::Answer MessageBox::Wait(QWidget* window, const Content& content, double scale) {
   QPointer<QWidget> focus = QApplication::focusWidget();
   MessageBox* const outer = openBox;
   auto* box =
@@ -222,9 +221,11 @@ MessageBox* MessageBox::Wait(QWidget* window, const Content& content, double sca
   box->loop_.exec();
   qApp->removeEventFilter(box);
   openBox = outer;
+  // The box may be gone once another one has waited.
+  const Answer answer{box->answer_, box->chosen_};
   if (!box->Confirmation()) {
     box->GiveBack(focus);
-    return box;
+    return answer;
   }
   TrappedBy(
       [&](int number, const std::string& description) {
@@ -234,7 +235,7 @@ MessageBox* MessageBox::Wait(QWidget* window, const Content& content, double sca
             scale);
       },
       [&] { box->GiveBack(focus); });
-  return box;
+  return answer;
 }
 
 void MessageBox::GiveBack(QWidget* focus) {

@@ -51,7 +51,11 @@ class MessageBox : public QWidget {
 
   void Build(double scale);
   void BuildButtons(double scale, QWidget* below);
-  static MessageBox* Wait(QWidget* window, const Content& content, double scale);
+  struct Answer {
+    bool yes = false;
+    int chosen = 0;
+  };
+  static Answer Wait(QWidget* window, const Content& content, double scale);
   void Choose(int answer);
   void StepThroughAnswers(int by);
   void PlaceOverWindow();

@@ -190,11 +190,11 @@ struct Game {
       text << state.tb_OUT.value() << " " << state.tb_OutsCount.value() << " "
            << (state.Option5.value() ? "V " : "") << (state.Option6.value() ? "H " : "")
            << state.lbl_Selected.value();
-    } else if (facet == "due") {  // row of the batter, or of the man who is due: "v1 " or "due h0 "
+    } else if (facet == "due") {  // row of the batter, or of the man who is due: "v1" or "due h0"
       for (const Side side : {Side::Visitors, Side::Home}) {
         const char* letter = side == Side::Visitors ? "v" : "h";
-        if (const auto row = RowOfBatter(board, side)) text << letter << *row << " ";
-        if (const auto row = RowOfManDue(board, side)) text << "due " << letter << *row << " ";
+        if (const auto row = RowOfBatter(board, side)) text << letter << *row;
+        if (const auto row = RowOfManDue(board, side)) text << "due " << letter << *row;
       }
     } else if (facet == "proof") {  // what does not agree, at a save
       for (const Finding& finding : Prove(board, ProofMoment::Save)) {

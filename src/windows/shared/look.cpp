@@ -63,7 +63,20 @@ void DrawPlate(QPainter& painter, const QRectF& rect, const QColor& fill, const 
 }
 
 void DrawFocus(QPainter& painter, const QRectF& rect, double corner) {
-  DrawPlate(painter, rect, Qt::transparent, kAccent, 2, corner);
+  const auto line = [&](double inset, const QColor& colour, double width) {
+    DrawPlate(painter, rect.adjusted(inset, inset, -inset, -inset), Qt::transparent, colour, width,
+              corner);
+  };
+  // A low control has no room for the usual ring.
+  constexpr double kLow = 22;
+  if (rect.height() < kLow) {
+    line(0, kAccent, 1);
+    line(1, kInk, 1);
+  } else {
+    line(0, kInk, 1);
+    line(1, kAccent, 2);
+    line(3, kInk, 1);
+  }
 }
 
 }  // namespace dtb::look

@@ -47,6 +47,7 @@ struct OpenFileRequest {
   std::string title;
   std::filesystem::path folder;
   std::string filter;  // "Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*": caption and patterns in turn
+  bool pictures = false;  // the person sees each before it is chosen
 };
 
 struct SaveFileRequest {

@@ -83,7 +83,9 @@ void Form4::Run(Platform& platform, QWidget* over) {
   form.ShowTables();
   form.exec();
   StoreBracket(form.browser_);
-  if (form.workbook_ && OpenWorkbook(platform, *form.workbook_)) over->window()->showMinimized();
+  if (form.workbook_ && OpenWorkbook(platform, *form.workbook_, kBrowserTitle)) {
+    over->window()->showMinimized();
+  }
 }
 
 Form4::Form4(Platform& platform, QWidget* parent)

@@ -35,9 +35,9 @@ QPalette Palette() {
   palette.setColor(QPalette::Dark, QColor(14, 24, 20));
   palette.setColor(QPalette::Shadow, QColor(6, 12, 9));
   for (const auto role : {QPalette::WindowText, QPalette::ButtonText}) {
-    palette.setColor(QPalette::Disabled, role, QColor(128, 138, 128));
+    palette.setColor(QPalette::Disabled, role, kDisabled);
   }
-  palette.setColor(QPalette::Disabled, QPalette::Text, QColor(110, 112, 108));
+  palette.setColor(QPalette::Disabled, QPalette::Text, QColor(78, 80, 76));
   palette.setColor(QPalette::Disabled, QPalette::Base, QColor(200, 200, 190));
   return palette;
 }

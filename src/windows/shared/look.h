@@ -20,6 +20,7 @@ inline constexpr QColor kEdge{58, 84, 70};
 inline constexpr QColor kEdgeBright{116, 146, 129};
 inline constexpr QColor kCream{243, 233, 210};
 inline constexpr QColor kCreamDim{176, 178, 160};
+inline constexpr QColor kDisabled{144, 154, 144};  // still read easily on slate
 inline constexpr QColor kInk{28, 32, 30};
 inline constexpr QColor kAccent{255, 200, 60};  // scoreboard yellow: focus, current batter
 

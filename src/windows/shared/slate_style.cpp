@@ -131,7 +131,7 @@ void DrawSortArrow(QPainter& painter, const QStyleOption* option) {
 void DrawMenuBarItem(QPainter& painter, const QStyleOptionMenuItem& item) {
   const bool selected = Has(&item, QStyle::State_Selected) && Has(&item, QStyle::State_Enabled);
   painter.fillRect(item.rect, selected ? kSlateHover : kSlate);
-  painter.setPen(Has(&item, QStyle::State_Enabled) ? kCream : QColor(128, 138, 128));
+  painter.setPen(Has(&item, QStyle::State_Enabled) ? kCream : kDisabled);
   painter.drawText(item.rect, Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine,
                    item.text);
   if (Has(&item, QStyle::State_HasFocus) && selected) DrawFocus(painter, item.rect, 2);

@@ -5,7 +5,8 @@
 namespace dtb {
 
 EditedLabel PhotoFolder(BoardState& state) {
-  return {state.lbl_PhotoPath, state.Text1, state.Text1_visible, settings::kPhotoPath};
+  return {state.lbl_PhotoPath, state.Text1, state.Text1_visible, settings::kPhotoPath,
+          "The folder of the player photos"};
 }
 
 }  // namespace dtb

@@ -113,10 +113,11 @@ int RingRoom(const QWidget* widget) {
   return type < kLowType ? 3 : 4 + type / 8;
 }
 
-// Points down where the column rises from small to large, up where it falls.
+// Points up where the column rises from small to large, down where it falls.
 void DrawSortArrow(QPainter& painter, const QStyleOption* option) {
   const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option);
-  const bool up = header != nullptr && header->sortIndicator == QStyleOptionHeader::SortUp;
+  // The toolkit's words for it go the other way round.
+  const bool up = header != nullptr && header->sortIndicator == QStyleOptionHeader::SortDown;
   const QRectF place(option->rect);
   const double half = std::min(place.width(), place.height()) * 0.4;
   const QPointF middle = place.center();

@@ -91,6 +91,7 @@ StatGridView* SeasonForm::AddGrid(QBoxLayout* place, const char* name, const cha
   auto* view = new StatGridView(grid, nullptr);
   Name(view, name, QLatin1String(accessibleName));
   view->ShowAsResult();
+  view->ShowWholeRows();
   view->setSelectionBehavior(QTableView::SelectRows);
   view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   view->SetStretchColumns({2});

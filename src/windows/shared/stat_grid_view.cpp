@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QResizeEvent>
 #include <algorithm>
 #include <numeric>
 
@@ -162,7 +163,7 @@ void StatGridView::ShowAsResult() {
 void StatGridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   Arrange();
-  if (twin_) twin_->ArrangeSoon();
+  if (twin_ && event->size().width() != event->oldSize().width()) twin_->Arrange();
 }
 
 // A new result changes each column in turn; they are arranged once, before the next painting.

@@ -13,15 +13,17 @@
 namespace dtb {
 namespace {
 
+constexpr const char* kPreview = "Preview";
+
 // A label that shows the picture of a file as large as it has room for, and its size in pixels.
 class Preview : public QLabel {
  public:
   explicit Preview(QWidget* parent) : QLabel(parent) {
-    setObjectName(QStringLiteral("Preview"));
+    setObjectName(QLatin1String(kPreview));
     setAccessibleName(QStringLiteral("Preview of the picture"));
     setAlignment(Qt::AlignCenter);
     setWordWrap(true);
-    setFixedWidth(fontMetrics().height() * 20);
+    setFixedWidth(std::min(fontMetrics().height() * 22, screen()->availableSize().width() / 3));
     ShowFile({});
   }
 
@@ -46,7 +48,10 @@ void DressFileDialog(QFileDialog& dialog) {
   dialog.setFont(QApplication::font("QMenu"));
   dialog.setViewMode(QFileDialog::Detail);
   const int letter = dialog.fontMetrics().height();
-  const QSize wanted(letter * 52, letter * 30);
+  QSize wanted(letter * 52, letter * 30);
+  if (const auto* preview = dialog.findChild<QLabel*>(QLatin1String(kPreview))) {
+    wanted.rwidth() += preview->width();
+  }
   const QSize most = dialog.screen()->availableSize() * 0.9;
   dialog.resize(wanted.boundedTo(most));
   if (auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {

@@ -7,7 +7,7 @@ from PIL import Image
 from .camera import CENTRE_X, HEIGHT, SHARP, SUPER, WIDTH
 from .grid import as_picture, blurred, smoothstep
 
-JPEG_LIMIT = 1_500_000          # bytes a ballpark may take
+JPEG_LIMIT = 700_000            # bytes a ballpark may take: the start waits for its decoding
 
 
 def empty_picture(colour):

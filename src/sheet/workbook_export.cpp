@@ -49,7 +49,8 @@ bool WorkbookExport::Finish() {
 
 bool WantsWorkbookAllTheSame(Platform& platform, const std::string& title) {
   return platform.boxes.Ask(
-      {"The workbook can be written all the same, into the folder \"Game Rpts\". Write it?", title});
+      {"The workbook can be written all the same, into the folder \"Game Rpts\". Write it?",
+       title});
 }
 
 bool OpenWorkbook(Platform& platform, const std::filesystem::path& file, const std::string& title) {

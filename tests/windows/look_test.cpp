@@ -1,3 +1,5 @@
+#include "windows/shared/look.h"
+
 #include <QCheckBox>
 #include <QClipboard>
 #include <QPushButton>
@@ -6,7 +8,6 @@
 #include "platform/qt/qt_pictures.h"
 #include "platform/quiet_desktop.h"
 #include "windows/boxes/log_window.h"
-#include "windows/shared/look.h"
 #include "windows/window_test.h"
 
 namespace dtb {

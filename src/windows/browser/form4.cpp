@@ -398,7 +398,7 @@ void Form4::BuildGameStats() {
 
   QLabel* hint = MakeCaption(
       QStringLiteral("No game is shown yet.\n\nClick a GameID, in the last column of the tab "
-                     "\"Linescores\", and its box score comes here."),
+                     "\"Linescores\", and its box score appears here."),
       nullptr, Qt::AlignCenter);
   Name(hint, "lbl_NoGame", hint->text());
   page->addWidget(hint, 1, Qt::AlignCenter);

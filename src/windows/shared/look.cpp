@@ -69,14 +69,9 @@ void DrawFocus(QPainter& painter, const QRectF& rect, double corner) {
   };
   // A low control has no room for the usual ring.
   constexpr double kLow = 22;
-  if (rect.height() < kLow) {
-    line(0, kAccent, 1);
-    line(1, kInk, 1);
-  } else {
-    line(0, kInk, 1);
-    line(1, kAccent, 2);
-    line(3, kInk, 1);
-  }
+  const double bright = rect.height() < kLow ? 1 : 2;
+  line(0, kAccent, bright);
+  line(bright, kInk, 1);
 }
 
 }  // namespace dtb::look

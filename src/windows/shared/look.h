@@ -50,7 +50,7 @@ inline constexpr double kCorner = 6;
 void DrawPlate(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& edge,
                double edgeWidth = 1, double corner = kCorner);
 
-// The ring around what has the keyboard focus, 4 pixels wide or 2: bright between two dark lines,
+// The ring around what has the keyboard focus, 3 pixels wide or 2: bright, with a dark line inside,
 // so that one of both is seen on any ground.
 void DrawFocus(QPainter& painter, const QRectF& rect, double corner = kCorner);
 

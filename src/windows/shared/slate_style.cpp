@@ -110,7 +110,7 @@ void DrawOptionMark(QPainter& painter, const QStyleOption* option) {
 int RingRoom(const QWidget* widget) {
   constexpr int kLowType = 16;
   const int type = widget != nullptr ? widget->fontMetrics().height() : kLowType;
-  return type < kLowType ? 3 : 4 + type / 8;
+  return type < kLowType ? 3 : 3 + type / 8;
 }
 
 // Points up where the column rises from small to large, down where it falls.

@@ -111,8 +111,8 @@ void OfferRecovery(Board& board, Aids& aids, RecoveryStore& store) {
                BoxIcon::Information);
   } catch (const DamagedText&) {
     boxes.Show(
-        "A game was still in progress when the program ended, but what is left of it could "
-        "not be understood. It is kept as \"" +
+        "A game was still in progress when the program ended, but what is left of it cannot be "
+        "read. It is kept as \"" +
             store.SetAside() + "\".",
         BoxIcon::Warning);
   }
@@ -141,7 +141,7 @@ void TakeUpSetAside(Board& board, Aids& aids, RecoveryStore& store) {
     TakeUp(kept, board, aids);
   } catch (const DamagedText&) {
     boxes.Show(
-        "The file \"" + TextOf(*file) + "\" is no game that was set aside, or it is damaged.",
+        "The file \"" + TextOf(*file) + "\" is not a game that was set aside, or it is damaged.",
         BoxIcon::Warning);
   }
 }

@@ -203,7 +203,7 @@ const char* Scorer::CreditAtBat(int side, int batter, const Play& play) {
   }
   const bool inOrder = InOrder(team, batter);
   team.due = team.due % kOrder + 1;
-  if (!inOrder) return "the batter stands in no place of the order";
+  if (!inOrder) return "the batter has no place in the order";
   return pitching == nullptr ? "nobody pitches" : nullptr;
 }
 

@@ -73,8 +73,8 @@ bool BoardIsFree(SeasonDesk& desk) {
   const StatSheet& sheet = desk.board.sheet;
   if (!HasCounts(sheet.grd_VisStats) && !HasCounts(sheet.grd_HomeStats)) return true;
   return PlatformOf(desk).boxes.Ask(
-      {"There is a game on the board, and its counts stay when other teams are loaded. A fresh "
-       "game begins when the program is started anew. Load all the same?",
+      {"There is a game on the board, and its counts stay when other teams are loaded. For a fresh "
+       "game, restart the program. Load all the same?",
        kSeasonTitle});
 }
 

@@ -230,7 +230,7 @@ void SeasonLines::TakePlay(std::string_view line) {
     Note("a batter who is not in the game");
   }
   Play play;
-  if (!ReadPlay(line, play)) Note("a play that makes no sense, or not in all its parts");
+  if (!ReadPlay(line, play)) Note("a play that makes no sense, or only in part");
   if (const char* fault = scorer_.Score(*inning, *side, batter, count, play)) Note(fault);
 }
 

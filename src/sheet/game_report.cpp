@@ -39,7 +39,7 @@ class PageFile {
     throw ProgramError(
         error_number::kPathOrFileAccess,
         "The report \"" + TextOf(file_) +
-            "\" cannot be written. Its folder may take no files, or the disk is full.");
+            "\" cannot be written. You may not write to its folder, or the disk is full.");
   }
 
   std::filesystem::path file_;

@@ -19,10 +19,10 @@ void SaveLog(Platform& platform, const EventLog& log) {
     stream << log.text();
     stream.close();
     if (!stream) {
-      throw ProgramError(error_number::kPathOrFileAccess,
-                         "The log \"" + TextOf(*file) +
-                             "\" cannot be written. Its folder may take no files, or the disk is "
-                             "full.");
+      throw ProgramError(
+          error_number::kPathOrFileAccess,
+          "The log \"" + TextOf(*file) +
+              "\" cannot be written. You may not write to its folder, or the disk is full.");
     }
     TellWhereItLies(platform, "The log is written.", *file, "Event Log");
   });

@@ -124,7 +124,7 @@ void Desk::Open() {
   QTimer::singleShot(kAfterFirstPaint, qApp, [] { QApplication::setWindowIcon(ProgramIcon()); });
   if (!settings_.damagedFile().isEmpty()) {
     platform_.boxes.Show("The settings file could not be understood. It is kept as \"" +
-                             FromQt(settings_.damagedFile()) + "\", and the settings start anew.",
+                             FromQt(settings_.damagedFile()) + "\", and the settings start afresh.",
                          BoxIcon::Warning, "Settings");
   }
   if (!recovery_) return;
@@ -145,7 +145,7 @@ void Desk::KeepGame() {
   QTimer::singleShot(0, form1_.get(), [this] {
     platform_.boxes.Show(
         "The game in progress cannot be kept beside the settings; the disk may be full. You can go "
-        "on, but if the program ends without your will the game is lost.",
+        "on, but if the program ends unexpectedly, the game is lost.",
         BoxIcon::Warning);
   });
 }

@@ -204,8 +204,8 @@ TEST(Recovery, DamageOfAnyKindIsToldAndChangesNothing) {
   store.kept = kept.substr(0, 500);
   OfferRecovery(other.board, aids, store);
   EXPECT_EQ(other.Look("told"),
-            "w: A game was still in progress when the program ended, but what is left of it could "
-            "not be understood. It is kept as \"aside\".");
+            "w: A game was still in progress when the program ended, but what is left of it cannot "
+            "be read. It is kept as \"aside\".");
   EXPECT_FALSE(store.kept);
   EXPECT_EQ(TableText(other.board, aidsState), before);
 }

@@ -66,7 +66,7 @@ TEST_F(FaultsTest, FilesThatAreNoDatabase) {
   }
   std::filesystem::remove(file);
   std::filesystem::create_directory(file);
-  ExpectTold(Path("cannot be opened: it is no file."));
+  ExpectTold(Path("cannot be opened: it is not a file."));
 }
 
 TEST_F(FaultsTest, DamagedFile) {

@@ -57,7 +57,7 @@ TEST_F(ExportFaultsTest, Refusals) {
   std::filesystem::permissions(folder / "Game Rpts", std::filesystem::perms(0555));
   {
     const AsNobody nobody;
-    ExpectRefused("takes no files from you");
+    ExpectRefused("you may not write to its folder");
   }
   std::filesystem::permissions(folder / "Game Rpts", std::filesystem::perms(0755));
   std::filesystem::remove(file);

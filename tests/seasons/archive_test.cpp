@@ -61,14 +61,14 @@ TEST_F(Archives, BadOnesAreRefusedInPlainWords) {
   has(Fault("/dev/null"), "neither a file nor a folder");
   has(Fault(folder_), "no game of a season");
   Put(folder_ / "text.zip", "no zip at all");
-  has(Fault(folder_ / "text.zip"), "is no zip file");
+  has(Fault(folder_ / "text.zip"), "is not a zip file");
   has(Fault(Zip({{"readme.txt", "x"}})), "no game of a season");
   has(Fault(Zip({{"2020AAA.EVA", kGame}}, "secret")), "is encrypted");
 
   std::ifstream part(DTB_SEASON_FILES "2020-part.zip", std::ios::binary);
   const std::string good{std::istreambuf_iterator<char>(part), {}};
   Put(folder_ / "half.zip", good.substr(0, good.size() / 2));
-  has(Fault(folder_ / "half.zip"), "is no zip file");
+  has(Fault(folder_ / "half.zip"), "is not a zip file");
   std::string flipped = good;
   for (std::size_t i = 2000; i < 2010; ++i) flipped[i] = static_cast<char>(~flipped[i]);
   Put(folder_ / "flipped.zip", flipped);

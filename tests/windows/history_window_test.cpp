@@ -155,7 +155,7 @@ TEST_F(HistoryWindowTest, AnUnwantedGameAndADamagedOneAreKeptAside) {
   WriteFile(Game(), "Kelvane Diamond Table, a game in progress, 1\nand nonsense");
   Answer(Qt::Key_Return);
   StartAnew();
-  EXPECT_TRUE(told_.contains("could not be understood. It is kept as")) << FromQt(told_);
+  EXPECT_TRUE(told_.contains("cannot be read. It is kept as")) << FromQt(told_);
   EXPECT_EQ(Beside("DTB_v102.game.2*").size(), 2);
   StartGame();
   PressAndClose(Qt::Key_1);

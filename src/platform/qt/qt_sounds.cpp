@@ -83,7 +83,7 @@ void QtSounds::StartLoop(const std::filesystem::path& file) {
     throw ProgramError(
         error_number::kInvalidFileFormat,
         "The file \"" + TextOf(file) +
-            "\" is broken or no plain wave file of 8 or 16 bits, so it cannot be played.");
+            "\" is broken, or not a plain wave file of 8 or 16 bits, so it cannot be played.");
   }
   if (HasDevice()) Play(loop_, path, QSoundEffect::Infinite);
 }

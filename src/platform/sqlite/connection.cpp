@@ -67,7 +67,7 @@ void RequireFile(const std::filesystem::path& file) {
     OutOfReach(error_number::kFileNotFound, file, "is missing.");
   }
   if (!std::filesystem::is_regular_file(status)) {
-    OutOfReach(error_number::kPathOrFileAccess, file, "cannot be opened: it is no file.");
+    OutOfReach(error_number::kPathOrFileAccess, file, "cannot be opened: it is not a file.");
   }
   // The engine would take an empty file for an empty database.
   if (std::filesystem::file_size(file, error) == 0 && !error) {

@@ -31,7 +31,7 @@ constexpr std::chrono::milliseconds kMeanwhile{33};
     case EPERM:
     case EROFS:
       throw ProgramError(error_number::kPermissionDenied,
-                         named + "could not be written: its folder takes no files from you.");
+                         named + "could not be written: you may not write to its folder.");
     case ENOENT:
     case ENOTDIR:
       throw ProgramError(error_number::kPathOrFileAccess,

@@ -55,7 +55,7 @@ class ZipArchive : public Archive {
  public:
   explicit ZipArchive(const std::filesystem::path& file)
       : path_(TextOf(file)), zip_(unzOpen64(file.c_str())) {
-    if (!zip_) RefuseWhole(" is no zip file, or a damaged one.");
+    if (!zip_) RefuseWhole(" is not a zip file, or is damaged.");
     int found = unzGoToFirstFile(zip_.get());
     for (; found == UNZ_OK; found = unzGoToNextFile(zip_.get())) Note();
     if (found != UNZ_END_OF_LIST_OF_FILE) RefuseWhole(" is a damaged zip file.");
@@ -116,7 +116,7 @@ class ZipArchive : public Archive {
   }
   [[noreturn]] static void RefuseFile(std::string_view name) {
     Refuse(error_number::kInvalidFileFormat, name,
-           " is damaged inside the archive, or packed in a way that is not known here.");
+           " is damaged inside the archive, or packed in an unknown way.");
   }
 
   std::string path_;

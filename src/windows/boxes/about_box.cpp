@@ -22,8 +22,8 @@ constexpr int kPictureSize = 96;
 constexpr int kTextWidth = 420;
 constexpr const char* kDescription =
     "A board for everyone who plays baseball with dice, cards and charts. Load two teams, name the "
-    "pitchers, roll, and click what the chart says; the paperwork is done here. Write to us about "
-    "what you miss.";
+    "pitchers, roll, and click what the chart says; the paperwork is done here. Tell us what you "
+    "miss.";
 constexpr const char* kDisclaimer =
     "This program comes without any warranty. Team names, players and charts that you add are your "
     "own affair; those in the box are invented.";
@@ -113,7 +113,7 @@ QWidget* AboutBox::BuildButtons() {
   };
   auto* information = add("cmdSysInfo", QStringLiteral("&System Info..."));
   information->setAutoDefault(false);
-  information->setToolTip(QStringLiteral("Starts your system's own tool that tells about it"));
+  information->setToolTip(QStringLiteral("Opens your system's own information tool"));
   connect(information, &QPushButton::clicked, this, [this] { StartSysInfo(platform_); });
   auto* ok = add("cmdOK", QStringLiteral("OK"));
   ok->setDefault(true);

@@ -274,8 +274,8 @@ void Form4::BuildLineScores() {
                     "Writes what the tabs show into a workbook, opens it and closes this window"),
           &QPushButton::clicked, this, [this] { SendGridsToExcel(); });
   strip->addStretch();
-  QPushButton* purge = AddButton(strip, "cmd_Purge", "PURGE ALL STATS",
-                                 "Deletes every saved game, after a question");
+  QPushButton* purge =
+      AddButton(strip, "cmd_Purge", "PURGE ALL STATS", "Deletes every saved game, but asks first");
   Tint(purge, kPurgeRed, Qt::black);
   typed_.push_back({purge, kBody, true});
   connect(purge, &QPushButton::clicked, this, [this] { WithAll([this] { PurgeAll(browser_); }); });
@@ -355,7 +355,7 @@ void Form4::BuildWinLoss() {
           [this] { WithAll([this] { DeleteSelected(browser_); }); });
   strip->addSpacing(16);
   connect(AddButton(strip, "Command33", "Clear all Win/Loss data",
-                    "Deletes all standings and matchups, after a question; the games stay"),
+                    "Deletes all standings and matchups, but asks first; the games stay"),
           &QPushButton::clicked, this, [this] { WithAll([this] { DeleteWinLoss(browser_); }); });
 }
 
@@ -446,7 +446,7 @@ void Form4::BuildTournament() {
   team_ = new QLineEdit;
   Name(team_, "tb_Team", QStringLiteral("Text to be placed"));
   team_->setPlaceholderText(QStringLiteral("Team name"));
-  team_->setToolTip(QStringLiteral("The text that a click puts into a place of the bracket"));
+  team_->setToolTip(QStringLiteral("The text that a click puts into the bracket"));
   BindText(team_, state_.tb_Team);
   LeaveOnSecondEscape(team_, state_.tb_Team);
   strip->addWidget(team_);
@@ -458,7 +458,7 @@ void Form4::BuildTournament() {
   auto* corner = new QHBoxLayout;
   places->addLayout(corner, 0, 0, Qt::AlignRight | Qt::AlignBottom);
   QPushButton* reset =
-      AddButton(corner, "cmd_Reset", "RESET", "Erases the whole bracket, after a question");
+      AddButton(corner, "cmd_Reset", "RESET", "Erases the whole bracket, but asks first");
   Tint(reset, kResetBlue, kInk);
   connect(reset, &QPushButton::clicked, this, [this] { ResetBracket(browser_); });
 }

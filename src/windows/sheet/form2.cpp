@@ -166,7 +166,7 @@ void Form2::BuildBottom() {
   auto* comments = new QLineEdit(this);
   Name(comments, "tb_Comments", QStringLiteral("Game comments"));
   comments->setMaxLength(kCommentLength);
-  comments->setToolTip(QStringLiteral("Your words on the game; they go into the report"));
+  comments->setToolTip(QStringLiteral("Your notes on the game; the report shows them"));
   QPalette palette = comments->palette();
   palette.setColor(QPalette::Base, QColor(224, 224, 224));
   palette.setColor(QPalette::Text, QColor(0, 0, 255));

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QStyleOption>
+#include <array>
 #include <cstdlib>
 #include <vector>
 
@@ -14,6 +15,21 @@
 namespace dtb {
 
 using namespace look;
+
+namespace {
+
+constexpr std::array kSizes{kLarge, kBody, kSmall, kTiny};  // from which a fitting one is chosen
+
+QFont FittingFont(QFont font, const QString& text, int room) {
+  const int full = font.pixelSize();
+  for (const double size : kSizes) {
+    font.setPixelSize(std::max(7, qRound(full * size / kLarge)));
+    if (QFontMetrics(font).horizontalAdvance(text) <= room) break;
+  }
+  return font;
+}
+
+}  // namespace
 
 Panel::Panel(QWidget* parent) : QWidget(parent), fill_(kSlateOverPark) {}
 
@@ -61,17 +77,19 @@ void ClickLabel::paintEvent(QPaintEvent* /*event*/) {
   const bool bordered = isDown() || pressed_;
   DrawPlate(painter, rect(), fill, bordered ? kCream : Qt::transparent, bordered ? 3 : 0);
   if (hasFocus()) DrawFocus(painter, rect());
-  const bool hint = this->text().isEmpty();
+  const QString caption = this->text();
+  const bool hint = caption.isEmpty();
   const int margin = qMin(6, width() / 12);
   const QRect inside = rect().adjusted(margin, 0, -margin, 0);
+  const QString& shown = hint ? hint_ : caption;
   if (hint) {
-    painter.setFont(Font(font().pixelSize() * 0.72));
-    text.setAlphaF(0.7F);
+    painter.setFont(Font(font().pixelSize() * (textFits_ ? 1 : 0.72)));
+    text.setAlphaF(0.75F);
   }
+  if (textFits_) painter.setFont(FittingFont(painter.font(), shown, inside.width()));
   painter.setPen(text);
   painter.drawText(inside, Qt::AlignCenter,
-                   painter.fontMetrics().elidedText(hint ? hint_ : this->text(), Qt::ElideRight,
-                                                    inside.width()));
+                   painter.fontMetrics().elidedText(shown, Qt::ElideRight, inside.width()));
 }
 
 void ClickLabel::keyPressEvent(QKeyEvent* event) {
@@ -251,7 +269,7 @@ void FigureField::FitText() {
   const QScopedValueRollback fitting(fitting_, true);
   const QScopedValueRollback partnersFitting(partner_->fitting_, true);
   QFont fitted = font();
-  for (const double size : {kLarge, kBody, kSmall, kTiny}) {
+  for (const double size : kSizes) {
     fitted.setPixelSize(std::max(7, qRound(fullSize_ * size / kLarge)));
     if (Fits(fitted) && partner_->Fits(fitted)) break;
   }

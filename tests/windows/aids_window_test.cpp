@@ -124,7 +124,7 @@ TEST_F(AidsWindowTest, ChartsAreNamedAndOpened) {
   WriteFile(folder_.filePath(QStringLiteral("Charts/Chart04.jpg")), "no picture");
   WhileWaiting([&] {
     auto* viewer = QApplication::activeModalWidget();
-    const auto* page = viewer->findChild<QLabel*>(QStringLiteral("WebBrowser1"));
+    const auto* page = viewer->findChild<QLabel*>(QStringLiteral("NoChart"));
     ASSERT_NE(page, nullptr);
     EXPECT_TRUE(page->text().contains(QStringLiteral("Chart04.jpg")));
     ++shown;

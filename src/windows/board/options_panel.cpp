@@ -145,15 +145,10 @@ void OptionsPanel::BuildPhotoPath() {
 
   auto* path = new ClickLabel({}, {kSlateRaised, kSlateHover, kCream}, this);
   Name(path, "lbl_PhotoPath", QStringLiteral("Folder of the player photos"));
-  scene_.Put(path, {16, 210, 296, 32}, kBody);
-  auto* choose = new QPushButton(QStringLiteral("Choose..."), this);
-  Name(choose, "cmd_PhotoFolder", QStringLiteral("Choose the folder of the player photos"));
-  choose->setToolTip(QStringLiteral("Looks for the folder with the system's own dialog"));
-  scene_.Put(choose, {316, 210, 80, 32}, kBody);
-  connect(choose, &QPushButton::clicked, this, [this] { ChoosePhotoFolder(board_); });
+  scene_.Put(path, {16, 210, 380, 32}, kBody);
   auto* edit = new NameEdit(board_.platform, PhotoFolder(board_.state), path);
   Name(edit, "Text1", QStringLiteral("New folder of the player photos"));
-  scene_.Put(edit, {16, 210, 296, 32}, kBody);
+  scene_.Put(edit, {16, 210, 380, 32}, kBody);
 
   auto* hint =
       MakeCaption(QStringLiteral("CTRL + Click to Edit path ..... DblClick to Save path"), this);

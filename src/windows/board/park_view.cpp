@@ -1,6 +1,5 @@
 #include "windows/board/park_view.h"
 
-#include <QImageReader>
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -16,10 +15,7 @@ ParkView::ParkView(QWidget* parent) : QWidget(parent) {
 }
 
 bool ParkView::LoadPark(const QString& file) {
-  QImageReader reader(file);
-  reader.setDecideFormatFromContent(true);
-  reader.setAutoTransform(true);
-  const QImage park = reader.read();
+  const QImage park = DecodedFor(file, (QSizeF(screen()->size()) * devicePixelRatioF()).toSize());
   if (park.isNull()) return false;
   park_ = park.convertToFormat(QImage::Format_RGB32);
   scaled_ = {};

@@ -62,9 +62,9 @@ class ClosingPress : public QObject {
   void Deliver(const QPointer<QWidget>& taker) {
     constexpr int kNextTurn = 1;  // milliseconds; of the event loop
     QTimer::singleShot(kNextTurn, this, [this, taker] {
-      const MessageBox* box = MessageBox::Open();
-      if (box != nullptr && box->closing()) return Deliver(taker);
-      if (box == nullptr && taker) Click(taker);
+      if (MessageBox::Opened() != opened_) return;
+      if (MessageBox::Open() != nullptr) return Deliver(taker);
+      if (taker) Click(taker);
     });
   }
 
@@ -82,6 +82,7 @@ class ClosingPress : public QObject {
 
   QPoint place_;
   QPointer<QWidget> taker_;
+  int opened_ = MessageBox::Opened();  // boxes up to the one that was closed
   bool delivers_ = false;
 };
 

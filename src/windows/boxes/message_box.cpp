@@ -42,6 +42,7 @@ constexpr double kLeastScale = 0.5;      // of the type, however small the board
 constexpr qsizetype kLongestMessage = 20000;
 
 MessageBox* openBox = nullptr;
+int opened = 0;
 int closingKey = 0;  // 0: none
 
 QString IconText(BoxIcon icon) {
@@ -170,6 +171,8 @@ QString ClosingError(int number, const std::string& description) {
 
 MessageBox* MessageBox::Open() { return openBox; }
 
+int MessageBox::Opened() { return opened; }
+
 bool MessageBox::Run(QWidget* window, const Content& content, double scale) {
   return Wait(window, content, scale).yes;
 }
@@ -184,6 +187,7 @@ MessageBox::Answer MessageBox::Wait(QWidget* window, const Content& content, dou
   auto* box =
       new MessageBox(window != nullptr && window->isVisible() ? window : nullptr, content, scale);
   openBox = box;
+  ++opened;
   box->PlaceOverWindow();
   box->show();
   box->raise();
@@ -349,7 +353,6 @@ void MessageBox::PlaceOverWindow() {
 
 void MessageBox::Finish(bool answer) {
   answer_ = answer;
-  closing_ = true;
   loop_.quit();
 }
 

@@ -38,10 +38,10 @@ class MessageBox : public QWidget {
 
   // The box that is open, if one is.
   [[nodiscard]] static MessageBox* Open();
+  // How many have been opened up to now.
+  [[nodiscard]] static int Opened();
 
   [[nodiscard]] QString message() const { return content_.message; }
-  // It was closed, and the operation that it held back is about to go on.
-  [[nodiscard]] bool closing() const { return closing_; }
   [[nodiscard]] bool question() const { return content_.question; }
   [[nodiscard]] const QStringList& answers() const { return content_.answers; }
 
@@ -74,7 +74,6 @@ class MessageBox : public QWidget {
   QPointer<QWidget> window_;
   QEventLoop loop_;
   bool answer_ = false;
-  bool closing_ = false;
   int chosen_ = 0;  // of the answers of its own
 };
 

@@ -122,6 +122,7 @@ Form4::Form4(Platform& platform, QWidget* parent)
   BuildWinLoss();
   BuildGameStats();
   BuildTournament();
+  BuildSeason();
 
   Follow<int>(SSTab1_, state_.SSTab1, [this](int tab) { SSTab1_->setCurrentIndex(tab); });
   connect(SSTab1_, &QTabWidget::currentChanged, this, [this](int tab) {
@@ -379,6 +380,16 @@ void Form4::BuildTournament() {
   connect(reset, &QPushButton::clicked, this, [this] { ResetBracket(browser_); });
 }
 
+void Form4::BuildSeason() {
+  season_ = new SeasonTab(browser_);
+  AddTab("Season")->addWidget(season_);
+  connect(season_, &SeasonTab::gameWanted, this,
+          [this](const QString& id, const QString& visitors, const QString& home) {
+            const BusyPointer busy;
+            ShowBoxScore(browser_, FromQt(id), FromQt(visitors), FromQt(home));
+          });
+}
+
 void Form4::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
   resizer_.FormResized(width(), height());
@@ -399,6 +410,7 @@ void Form4::resizeEvent(QResizeEvent* event) {
   lineScore_->setFixedHeight(3 * lineScore_->verticalHeader()->defaultSectionSize() +
                              style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 8);
   bracket_->SetType(kBody * scale);
+  season_->SetScale(scale);
 }
 
 }  // namespace dtb

@@ -57,7 +57,7 @@ StatGrid Rows(Database& database, const std::string& statement, const std::stop_
 
 SeasonSide SideIn(const StatGrid& lines, int row, Names& names) {
   return {names.PlaceOf(lines.Text(row, 2)), NumberOf(lines.Text(row, 3)),
-          NumberOf(lines.Text(row, 4)), NumberOf(lines.Text(row, 5))};
+          NumberOf(lines.Text(row, 4)), NumberOf(lines.Text(row, 5)), row};
 }
 
 // A game is two lines with its GameID, of which the visitors' sorts first by its host.

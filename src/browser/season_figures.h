@@ -50,6 +50,7 @@ struct SeasonSide {
   double runs = 0;
   double hits = 0;
   double errors = 0;
+  int line = 0;  // the row of its line score among all, as they are stored, from 1 on
 };
 
 struct SeasonGame {

@@ -10,6 +10,7 @@
 #include "browser/deletes.h"
 #include "browser/exports.h"
 #include "browser/grid_format.h"
+#include "browser/season_pages.h"
 #include "sheet/workbook_export.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
@@ -388,6 +389,11 @@ void Form4::BuildSeason() {
             const BusyPointer busy;
             ShowBoxScore(browser_, FromQt(id), FromQt(visitors), FromQt(home));
           });
+  connect(season_, &SeasonTab::pagesWanted, this, [this] {
+    ProgressPanel panel(QStringLiteral("Writing the season pages"),
+                        ProgressPanel::Work::Cancellable, this);
+    WriteSeasonPages(browser_, [&panel](double share) { return panel.Hear(share); });
+  });
 }
 
 void Form4::resizeEvent(QResizeEvent* event) {

@@ -96,7 +96,7 @@ SeasonBook ReadSeasonBook(Database& database) {
   SeasonBook book;
   book.season = ReadSeason(database);
   const SeasonFigures& season = book.season;
-  book.lineScores = Rows(database, kLineScores);
+  book.lineScores.Take(Rows(database, kLineScores));
   book.games.resize(season.games.size());
   book.outings.resize(season.men.size());
   const Places places(season);

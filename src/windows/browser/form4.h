@@ -30,7 +30,7 @@ class Form4 : public QDialog {
   [[nodiscard]] const BrowserState& state() const { return state_; }
 
   // All tables are there, and what was wrong with the database is told.
-  [[nodiscard]] bool Settled() const { return settled_; }
+  [[nodiscard]] bool Settled() const { return settled_ && !season_->reading(); }
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

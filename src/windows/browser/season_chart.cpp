@@ -60,7 +60,7 @@ void SeasonChart::Light(int mark) {
 }
 
 void SeasonChart::DrawNote(QPainter& painter, const QString& text) const {
-  painter.setFont(SmallFont());
+  painter.setFont(Font(type_));
   painter.setPen(kCreamDim);
   painter.drawText(Inside(), Qt::AlignCenter | Qt::TextWordWrap, text);
 }

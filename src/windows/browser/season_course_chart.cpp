@@ -13,8 +13,9 @@ namespace {
 
 using namespace look;
 
-constexpr double kReach = 1.6;  // of the pointer, in type sizes
-constexpr int kMostMarks = 9;   // of the axis
+constexpr double kReach = 1.6;           // of the pointer, in type sizes
+constexpr QColor kDimLine{78, 108, 93};  // of teams that are not chosen
+constexpr int kMostMarks = 9;            // of the axis
 
 }  // namespace
 
@@ -109,7 +110,7 @@ void SeasonCourseChart::DrawCourse(QPainter& painter, const PlotScale& scale,
   const double thin = type() / 11;
   QPen pen = LinePen(course.look, stands ? 2.4 * thin : thin);
   if (chosen_ >= 0 && !stands) {
-    pen = QPen(kEdgeBright, thin);
+    pen = QPen(kDimLine, thin);
   }
   painter.setPen(pen);
   painter.drawPolyline(line);
@@ -162,7 +163,10 @@ void SeasonCourseChart::DrawNames(QPainter& painter, const PlotScale& scale) con
 }
 
 void SeasonCourseChart::Draw(QPainter& painter) {
-  if (courses_.empty()) return DrawNote(painter, QStringLiteral("No game is saved yet."));
+  if (courses_.empty()) {
+    return DrawNote(painter, QStringLiteral("No game is saved yet.\n\nWhen a game is over, open "
+                                            "STATS on the board and press SAVE TO DB."));
+  }
   const PlotScale scale = Scale();
   painter.setFont(SmallFont());
   DrawMonths(painter, scale, months_);

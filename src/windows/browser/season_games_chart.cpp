@@ -18,11 +18,14 @@ constexpr int kMostMarks = 5;
 
 }  // namespace
 
-SeasonGamesChart::SeasonGamesChart() : SeasonChart("pic_Games", QStringLiteral("Game by game")) {}
+SeasonGamesChart::SeasonGamesChart()
+    : SeasonChart("pic_Games", QStringLiteral("Game by game")),
+      note_(QStringLiteral("Choose a team or a man at the left.")) {}
 
-void SeasonGamesChart::Clear() {
+void SeasonGamesChart::Clear(const QString& note) {
   outings_.clear();
-  SetWords({});
+  note_ = note;
+  SetWords(note);
 }
 
 void SeasonGamesChart::SetOutings(std::shared_ptr<const SeasonFigures> season,
@@ -176,7 +179,7 @@ void SeasonGamesChart::DrawCurve(QPainter& painter, const PlotScale& scale) cons
 
 void SeasonGamesChart::Draw(QPainter& painter) {
   if (outings_.empty()) {
-    return DrawNote(painter, QStringLiteral("Choose a team or a man at the left."));
+    return DrawNote(painter, note_);
   }
   const PlotScale scale = Scale();
   const bool batting = subject_.role == SeasonRole::Batting;

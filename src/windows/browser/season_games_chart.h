@@ -18,7 +18,8 @@ class SeasonGamesChart : public SeasonChart {
 
   void SetOutings(std::shared_ptr<const SeasonFigures> season, const SeasonSubject& subject,
                   std::vector<SeasonOuting> outings);
-  void Clear();
+  // No games, and why.
+  void Clear(const QString& note);
 
   [[nodiscard]] int marks() const override { return static_cast<int>(outings_.size()); }
   [[nodiscard]] QPointF PlaceOf(int mark) const override;
@@ -44,6 +45,7 @@ class SeasonGamesChart : public SeasonChart {
 
   std::shared_ptr<const SeasonFigures> season_;
   SeasonSubject subject_;
+  QString note_;  // what stands there without games
   std::vector<SeasonOuting> outings_;
   std::vector<MonthMark> months_;
   double lowest_ = 0;  // of the curve

@@ -221,6 +221,7 @@ QBoxLayout* SeasonTab::BuildChosen() {
   right->setSpacing(8);
   QBoxLayout* head = Strip(right);
   AddCaption(head, who_, QStringLiteral("Nobody is chosen yet"));
+  Name(who_, "lbl_Chosen", QStringLiteral("Chosen"));
   head->setStretchFactor(who_, 1);
   batting_ = AddSwitch(head, "cmd_Batting", "Batting");
   pitching_ = AddSwitch(head, "cmd_Pitching", "Pitching");
@@ -273,8 +274,7 @@ void SeasonTab::ShowSeason() {
   const std::size_t games = season_->games.size();
   QString note;
   if (games == 0) {
-    note = QStringLiteral(
-        "No game is saved yet. When a game is over, open STATS on the board and press SAVE TO DB.");
+    note = QStringLiteral("The season begins with the first game that you save.");
   } else if (games == 1) {
     note = QStringLiteral("One game is saved. The lines grow with every game that you save.");
   } else {
@@ -366,6 +366,7 @@ void SeasonTab::ChooseListed(int row) {
   (subject_.role == SeasonRole::Batting ? batting_ : pitching_)->setChecked(true);
   const QString who = ToQt(team ? teamName : man.name + ", " + teamName);
   who_->setText(who);
+  who_->setAccessibleName(QStringLiteral("Chosen: ") + who);
   who_->setToolTip(WholeTextTip(who));
   ReadChosen();
 }
@@ -373,6 +374,7 @@ void SeasonTab::ChooseListed(int row) {
 void SeasonTab::ReadChosen() {
   if (!chosen_) return;
   reading_ = {};  // ends the one before
+  games_->Clear(QStringLiteral("Being read"));
   reading_ = std::jthread(
       [this, number = ++asked_, season = season_, subject = subject_](const std::stop_token& stop) {
         std::vector<SeasonOuting> outings;
@@ -384,6 +386,7 @@ void SeasonTab::ReadChosen() {
         }
         const auto show = [this, number, outings = std::move(outings), fault]() mutable {
           if (number != asked_) return;
+          shown_ = number;
           ShowOutings(std::move(outings));
           if (!fault.empty()) TellQueryFailure(browser_, fault);
         };

@@ -30,6 +30,9 @@ class SeasonTab : public QWidget {
   // 1: layout units are pixels.
   void SetScale(double scale);
 
+  // A team or a man is chosen and not shown yet.
+  [[nodiscard]] bool reading() const { return shown_ != asked_; }
+
  signals:
   void gameWanted(const QString& id, const QString& visitors, const QString& home);
   void pagesWanted();
@@ -70,6 +73,7 @@ class SeasonTab : public QWidget {
   std::optional<Listed> chosen_;
   SeasonSubject subject_;
   int asked_ = 0;  // readings of a team or a man so far
+  int shown_ = 0;  // the last of them that ended
 
   QStackedWidget* views_;
   std::vector<QPushButton*> switches_;

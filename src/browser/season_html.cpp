@@ -135,7 +135,7 @@ std::string StandingsDrawing(const SeasonFigures& season) {
   std::string drawing = "<svg viewBox=\"0 0 " + DecimalText(kWide) + " " + DecimalText(kHigh) +
                         "\" role=\"img\" aria-label=\"Games above .500\">\n";
   constexpr int kMostMarks = 9;
-  for (const double mark : AxisMarks(lowest, highest, kMostMarks)) {
+  for (const double mark : AxisMarks(lowest, highest, kMostMarks, 1)) {
     drawing += LineAcross(kLeft, up(mark), kRight, up(mark)) +
                TextAt(kLeft - 6, up(mark) + 4, "end", DecimalText(mark));
   }

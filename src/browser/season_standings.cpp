@@ -98,13 +98,14 @@ LineLook LineLookOf(int place) {
   return {place % kLineColours, place / kLineColours % kLineDashes};
 }
 
-std::vector<double> AxisMarks(double lowest, double highest, int most) {
+std::vector<double> AxisMarks(double lowest, double highest, int most, double least) {
   const double range = std::max(highest - lowest, 1e-9);
   double step = std::pow(10, std::floor(std::log10(range / std::max(1, most))));
   for (const double factor : {2.0, 2.5, 2.0, 2.0, 2.5}) {
     if (range / step <= most) break;
     step *= factor;
   }
+  step = std::max(step, least);
   std::vector<double> marks;
   for (double mark = std::ceil(lowest / step) * step; mark <= highest + step * 1e-6; mark += step) {
     marks.push_back(std::abs(mark) < step * 1e-6 ? 0 : mark);

@@ -46,8 +46,9 @@ inline constexpr int kLineDashes = 5;
 [[nodiscard]] LineLook LineLookOf(int place);
 
 // The places of the marks of an axis: round numbers, at most so many, from the lowest to the
-// highest value or a little inside.
-[[nodiscard]] std::vector<double> AxisMarks(double lowest, double highest, int most);
+// highest value or a little inside, and no closer than the least step.
+[[nodiscard]] std::vector<double> AxisMarks(double lowest, double highest, int most,
+                                            double least = 0);
 
 // The first game of each month, for the axis of the season: how many games are played before it,
 // and the month.

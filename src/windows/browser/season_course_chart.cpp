@@ -15,6 +15,7 @@ using namespace look;
 
 constexpr double kReach = 1.6;           // of the pointer, in type sizes
 constexpr QColor kDimLine{78, 108, 93};  // of teams that are not chosen
+constexpr std::size_t kManyPoints = 150;
 constexpr int kMostMarks = 9;            // of the axis
 
 }  // namespace
@@ -107,7 +108,8 @@ void SeasonCourseChart::DrawCourse(QPainter& painter, const PlotScale& scale,
     line += QPointF(scale.X(point.game), scale.Y(point.above));
   }
   const bool stands = course.team == chosen_;
-  const double thin = type() / 11;
+  // Lines of a pixel are painted several times as fast as others, which counts where points are many.
+  const double thin = course.points.size() > kManyPoints ? 1 : type() / 10;
   QPen pen = LinePen(course.look, stands ? 2.4 * thin : thin);
   if (chosen_ >= 0 && !stands) {
     pen = QPen(kDimLine, thin);
@@ -170,9 +172,8 @@ void SeasonCourseChart::Draw(QPainter& painter) {
   const PlotScale scale = Scale();
   painter.setFont(SmallFont());
   DrawMonths(painter, scale, months_);
-  DrawValueLines(painter, scale, AxisMarks(lowest_, highest_, kMostMarks), [](double value) {
-    return value == std::floor(value) ? QString::number(value) : QString();
-  });
+  DrawValueLines(painter, scale, AxisMarks(lowest_, highest_, kMostMarks, 1),
+                 [](double value) { return QString::number(value); });
   // The best lie on top, and the chosen one over all.
   for (auto course = courses_.rbegin(); course != courses_.rend(); ++course) {
     if (course->team != chosen_) DrawCourse(painter, scale, *course);

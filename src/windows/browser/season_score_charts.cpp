@@ -76,8 +76,11 @@ void SeasonBars::Draw(QPainter& painter) {
     const QRectF column(bar.center().x() - 200, 0, 400, 0);
     painter.setPen(kCreamDim);
     if (mark % each == 0) {
-      painter.drawText(QRectF(column.left(), plot.bottom() + 2, 400, type() * 1.2),
-                       Qt::AlignHCenter | Qt::AlignTop, shown.label);
+      const double half = metrics.horizontalAdvance(shown.label) / 2.0;
+      const double left = std::clamp(bar.center().x() - half, plot.left(),
+                                     std::max(plot.left(), plot.right() - 2 * half));
+      painter.drawText(QRectF(left, plot.bottom() + 2, 400, type() * 1.2), Qt::AlignTop,
+                       shown.label);
     }
     if (!figures || shown.value <= 0) continue;
     painter.setPen(kCream);

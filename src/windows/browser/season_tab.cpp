@@ -23,7 +23,7 @@ namespace {
 using namespace look;
 
 constexpr double kTwip = 1.0 / 15;  // pixels on the reference screen, in body type
-constexpr int kSampleTwips = 500;   // of a line before a team's name
+constexpr int kSampleTwips = 620;   // of a line before a team's name
 
 // The name of a team behind a piece of its line.
 class TeamDelegate : public QStyledItemDelegate {
@@ -34,7 +34,7 @@ class TeamDelegate : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
     QStyleOptionViewItem rest = option;
-    const int room = option.fontMetrics.height() * 2;
+    const int room = option.fontMetrics.height() * 5 / 2;
     const bool selected = option.state.testFlag(QStyle::State_Selected);
     painter->fillRect(option.rect, selected ? option.palette.highlight()
                                             : index.data(Qt::BackgroundRole).value<QColor>());
@@ -42,7 +42,7 @@ class TeamDelegate : public QStyledItemDelegate {
         QRectF(option.rect.left() + 3, option.rect.top() + 2, room - 5, option.rect.height() - 4);
     painter->save();
     DrawPlate(*painter, plate, kChartGround, Qt::transparent, 0, 2);
-    painter->setPen(LinePen(LineLookOf(index.row()), 2.5));
+    painter->setPen(LinePen(LineLookOf(index.row()), option.fontMetrics.height() / 12.0));
     painter->drawLine(QPointF(plate.left() + 2, plate.center().y()),
                       QPointF(plate.right() - 2, plate.center().y()));
     painter->restore();

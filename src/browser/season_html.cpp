@@ -178,7 +178,7 @@ a:focus-visible { outline: 2px solid currentColor; outline-offset: 2px; }
 .boards section { min-width: 0; }
 table { border-collapse: collapse; min-width: 60%; overflow-wrap: normal; }
 th, td { padding: 0.25em 0.6em; border: 1px solid var(--edge); text-align: right; }
-th:first-child, td:first-child { text-align: left; max-width: 22em; overflow-wrap: anywhere; }
+th:first-child, td:first-child { text-align: left; min-width: 8em; max-width: 22em; overflow-wrap: anywhere; }
 thead th { color: var(--headink); background: var(--head); }
 svg { display: block; width: 100%; height: auto; }
 svg.sample { display: inline-block; width: 1.8em; vertical-align: middle; margin-right: 0.5em; }

@@ -107,9 +107,9 @@ std::vector<double> AxisMarks(double lowest, double highest, int most, double le
   }
   step = std::max(step, least);
   std::vector<double> marks;
-  for (double mark = std::ceil(lowest / step) * step; mark <= highest + step * 1e-6; mark += step) {
-    marks.push_back(std::abs(mark) < step * 1e-6 ? 0 : mark);
-  }
+  const auto first = std::llround(std::ceil(lowest / step));
+  const auto last = std::llround(std::floor(highest / step));
+  for (auto mark = first; mark <= last; ++mark) marks.push_back(double(mark) * step);
   return marks;
 }
 

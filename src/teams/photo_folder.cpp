@@ -6,7 +6,8 @@
 namespace dtb {
 
 EditedLabel PhotoFolder(BoardState& state) {
-  return {state.lbl_PhotoPath, state.Text1, state.Text1_visible, settings::kPhotoPath};
+  return {state.lbl_PhotoPath, state.Text1, state.Text1_visible, settings::kPhotoPath,
+          "The folder of the player photos"};
 }
 
 void ChoosePhotoFolder(Board& board) {

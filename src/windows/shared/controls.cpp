@@ -5,6 +5,8 @@
 #include <QScopedValueRollback>
 #include <QStyleOption>
 #include <array>
+#include <cstdlib>
+#include <vector>
 
 #include "platform/qt/qt_text.h"
 #include "teams/player_name.h"
@@ -170,6 +172,33 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
   const QSizeF shown = scaled_.deviceIndependentSize();
   painter.drawPixmap(QPointF((width() - shown.width()) / 2, (height() - shown.height()) / 2),
                      scaled_);
+}
+
+QImage WithoutSlate(const QImage& image) {
+  // What a lossy picture may differ by in each of the three colours.
+  constexpr int kSlack = 10;
+  const auto slate = [](QRgb colour) {
+    return std::abs(qRed(colour) - kSlate.red()) <= kSlack &&
+           std::abs(qGreen(colour) - kSlate.green()) <= kSlack &&
+           std::abs(qBlue(colour) - kSlate.blue()) <= kSlack;
+  };
+  if (image.width() < 2 || image.height() < 2) return image;
+  const QRect rect = image.rect();
+  std::vector<QPoint> open{rect.topLeft(), rect.topRight(), rect.bottomLeft(), rect.bottomRight()};
+  for (const QPoint& corner : open) {
+    if (!slate(image.pixel(corner))) return image;
+  }
+  QImage cut = image.convertToFormat(QImage::Format_ARGB32);
+  while (!open.empty()) {
+    const QPoint at = open.back();
+    open.pop_back();
+    if (!rect.contains(at) || qAlpha(cut.pixel(at)) == 0 || !slate(cut.pixel(at))) continue;
+    cut.setPixel(at, 0);
+    for (const QPoint& step : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)}) {
+      open.push_back(at + step);
+    }
+  }
+  return cut;
 }
 
 PictureButton::PictureButton(QWidget* parent)

@@ -89,12 +89,17 @@ class PictureBox : public QWidget {
   QPixmap scaled_;  // for the present size; null: to be made
 };
 
+// The picture without the ground around it, from its corners on, where that has the colour of the
+// panels. Any other picture comes back as it is.
+[[nodiscard]] QImage WithoutSlate(const QImage& image);
+
 // A picture that can be clicked.
 class PictureButton : public QAbstractButton {
   Q_OBJECT
  public:
   explicit PictureButton(QWidget* parent);
-  void SetImage(const QImage& image) { box_->SetImage(image); }
+  // A ground of the panels' colour around the picture lets the panel through.
+  void SetImage(const QImage& image) { box_->SetImage(WithoutSlate(image)); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

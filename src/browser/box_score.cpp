@@ -52,22 +52,10 @@ void LoadPlayers(Browser& browser, BrowserGrid& grid, const Players& players,
   ShowGrid(grid, std::move(rows));
 }
 
-}  // namespace
-
-void SelectGameID(Browser& browser, int row, int column) {
+// The game in Text9.
+void LoadBoxScore(Browser& browser, const std::string& first, const std::string& second) {
   BrowserState& state = browser.state;
-  const StatGrid& lineScores = state.MSHFlexGrid1.grid;
-  if (row < 1 || row >= lineScores.rows()) return;
-  if (column != kGameID) return state.Text9.Set("");
-  state.Text9.Set(std::string(lineScores.Text(row, column)));
-  GetBoxScore(browser);
-}
-
-void GetBoxScore(Browser& browser) {
-  BrowserState& state = browser.state;
-  if (state.MSHFlexGrid1.grid.rows() < 2) return state.Text9.Set("");
   try {
-    const auto [first, second] = TeamsOf(state.MSHFlexGrid1.grid, state.Text9.value());
     LoadPlayers(browser, state.MSHFlexGrid6, kBatting, first);
     LoadPlayers(browser, state.MSHFlexGrid7, kPitching, first);
     LoadPlayers(browser, state.MSHFlexGrid8, kBatting, second);
@@ -82,6 +70,30 @@ void GetBoxScore(Browser& browser) {
   } catch (const ProgramError& failure) {
     TellQueryFailure(browser, failure.what());
   }
+}
+
+}  // namespace
+
+void SelectGameID(Browser& browser, int row, int column) {
+  BrowserState& state = browser.state;
+  const StatGrid& lineScores = state.MSHFlexGrid1.grid;
+  if (row < 1 || row >= lineScores.rows()) return;
+  if (column != kGameID) return state.Text9.Set("");
+  state.Text9.Set(std::string(lineScores.Text(row, column)));
+  GetBoxScore(browser);
+}
+
+void GetBoxScore(Browser& browser) {
+  BrowserState& state = browser.state;
+  if (state.MSHFlexGrid1.grid.rows() < 2) return state.Text9.Set("");
+  const auto [first, second] = TeamsOf(state.MSHFlexGrid1.grid, state.Text9.value());
+  LoadBoxScore(browser, first, second);
+}
+
+void ShowBoxScore(Browser& browser, const std::string& game, const std::string& visitors,
+                  const std::string& home) {
+  browser.state.Text9.Set(game);
+  LoadBoxScore(browser, visitors, home);
 }
 
 }  // namespace dtb

@@ -1,6 +1,8 @@
 // From the list of line scores to the box score of one game.
 #pragma once
 
+#include <string>
+
 #include "browser/browser.h"
 
 namespace dtb {
@@ -14,5 +16,10 @@ void SelectGameID(Browser& browser, int row, int column);
 // the game are then searched for by containment. Without any line score it only empties Text9. A
 // failure is told once, and the tab stays.
 void GetBoxScore(Browser& browser);
+
+// The same for a game that is chosen elsewhere: its GameID goes into Text9, and its teams are
+// named, so that it is found whatever MSHFlexGrid1 lists.
+void ShowBoxScore(Browser& browser, const std::string& game, const std::string& visitors,
+                  const std::string& home);
 
 }  // namespace dtb

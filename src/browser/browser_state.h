@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "game/field.h"
@@ -19,7 +20,10 @@ inline constexpr int kAggregatePitching = 4;
 inline constexpr int kWinLoss = 5;
 inline constexpr int kGameStats = 6;
 inline constexpr int kTournament = 7;
+inline constexpr int kSeason = 8;
 }  // namespace browser_tab
+
+struct SeasonFigures;
 
 // A grid of the browser. Its header cells are always centred, whatever the alignment of the column;
 // its column 0 is empty and the window shows it as narrow as it likes. After each query the current
@@ -78,6 +82,9 @@ struct BrowserState {
   std::array<Field<std::string>, 4> lbl_TeamRnd3;
   std::array<Field<std::string>, 2> lbl_TeamRnd4;
   Field<std::string> lbl_Champ;
+
+  // "Season"
+  Field<std::shared_ptr<const SeasonFigures>> season;  // null: not read yet
 
   // One sort state for the four grids that can be sorted.
   std::uint8_t SortColumn = 0;

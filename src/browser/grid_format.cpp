@@ -1,6 +1,7 @@
 #include "browser/grid_format.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "game/text_cell.h"
@@ -36,12 +37,7 @@ void RaiseLastDigit(std::string& digits) {
   digits.insert(digits.begin(), '1');
 }
 
-}  // namespace
-
-StatGrid ReadGrid(Database& database, const Statement& statement,
-                  std::span<const int> leftAligned) {
-  StatGrid cells(1, 1);
-  database.Run(statement, cells);
+void LayOut(StatGrid& cells, std::span<const int> leftAligned) {
   cells.SetColumnWidth(0, kFixedColumnWidth);
   for (int column = 1; column < cells.columns(); ++column) {
     FitColumn(cells, column);
@@ -49,6 +45,34 @@ StatGrid ReadGrid(Database& database, const Statement& statement,
       cells.SetColumnAlignment(column, CellAlignment::Centred);
     }
   }
+}
+
+}  // namespace
+
+StatGrid ReadGrid(Database& database, const Statement& statement,
+                  std::span<const int> leftAligned) {
+  StatGrid cells(1, 1);
+  database.Run(statement, cells);
+  LayOut(cells, leftAligned);
+  return cells;
+}
+
+StatGrid GridOf(const std::vector<std::vector<std::string>>& rows) {
+  GridContents contents{{""}, std::vector<CellColumn>(1)};
+  for (const std::string& header : rows.front()) {
+    contents.headers.push_back(header);
+    contents.columns.emplace_back();
+  }
+  for (std::size_t row = 1; row < rows.size(); ++row) {
+    contents.columns.front().Append({});
+    for (std::size_t column = 0; column < rows[row].size(); ++column) {
+      contents.columns.at(column + 1).Append(rows[row][column]);
+    }
+  }
+  StatGrid cells(1, 1);
+  cells.Replace(std::move(contents));
+  constexpr std::array kNameColumn{1};
+  LayOut(cells, kNameColumn);
   return cells;
 }
 

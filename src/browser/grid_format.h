@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "browser/browser.h"
 #include "platform/database.h"
@@ -14,6 +15,9 @@ namespace dtb {
 // as wide as their texts. Throws ProgramError. Any thread may call it.
 [[nodiscard]] StatGrid ReadGrid(Database& database, const Statement& statement,
                                 std::span<const int> leftAligned);
+
+// The same of texts, the header first; all rows have as many. The first column is left-aligned.
+[[nodiscard]] StatGrid GridOf(const std::vector<std::vector<std::string>>& rows);
 
 // Shows these contents in a grid.
 void ShowGrid(BrowserGrid& grid, StatGrid contents);

@@ -17,7 +17,8 @@ Opening::Opening(Browser& browser)
               {Query::Command6, browser_tab::kAggregateBatting},
               {Query::Command14, browser_tab::kAggregatePitching},
               {Query::Command30, browser_tab::kWinLoss},
-              {Query::Command34, browser_tab::kWinLoss}} {
+              {Query::Command34, browser_tab::kWinLoss},
+              {std::nullopt, browser_tab::kSeason}} {
   browser.state.SSTab1.Set(browser_tab::kLineScores);
   RestoreBracket(browser);
 }
@@ -60,10 +61,16 @@ bool Opening::ReadNext(std::optional<int> tab) {
 
 void Opening::Read(Table& table) {
   std::optional<StatGrid> contents;
+  std::shared_ptr<const SeasonFigures> season;
   std::string fault;
   bool outOfReach = false;
   try {
-    contents = ReadQuery(browser_.platform.database, table.query, {}, stop_.get_token());
+    Database& database = browser_.platform.database;
+    if (table.query) {
+      contents = ReadQuery(database, *table.query, {}, stop_.get_token());
+    } else {
+      season = std::make_shared<SeasonFigures>(ReadSeason(database, stop_.get_token()));
+    }
   } catch (const DatabaseOutOfReach& failure) {
     fault = failure.what();
     outOfReach = true;
@@ -72,6 +79,7 @@ void Opening::Read(Table& table) {
   }
   const std::scoped_lock lock(mutex_);
   table.contents = std::move(contents);
+  table.season = std::move(season);
   table.fault = std::move(fault);
   table.state = Table::State::Ready;
   if (outOfReach) {
@@ -90,15 +98,20 @@ void Opening::Show() {
       if (table.state != Table::State::Ready) continue;
       table.state = Table::State::Finished;
     }
-    if (!table.contents) continue;
-    // Blue until the next query.
-    if (table.query == Query::Command4 && table.contents->columns() > line_score_column::kGameID) {
-      table.contents->SetColumnInk(line_score_column::kGameID, kClickableBlue);
-    }
-    const auto place = static_cast<std::size_t>(table.query);
-    ShowGrid(browser_.state.*QueryButtons()[place].grid, std::move(*table.contents));
-    table.contents.reset();
+    ShowTable(table);
   }
+}
+
+void Opening::ShowTable(Table& table) {
+  if (table.season) browser_.state.season.Set(std::move(table.season));
+  if (!table.contents) return;
+  // Blue until the next query.
+  if (table.query == Query::Command4 && table.contents->columns() > line_score_column::kGameID) {
+    table.contents->SetColumnInk(line_score_column::kGameID, kClickableBlue);
+  }
+  const auto place = static_cast<std::size_t>(*table.query);
+  ShowGrid(browser_.state.*QueryButtons()[place].grid, std::move(*table.contents));
+  table.contents.reset();
 }
 
 bool Opening::Reads(std::optional<int> tab) const {

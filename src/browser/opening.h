@@ -4,6 +4,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <stop_token>
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "browser/queries.h"
+#include "browser/season_figures.h"
 
 namespace dtb {
 
@@ -47,10 +49,11 @@ class Opening {
 
  private:
   struct Table {
-    Query query;
+    std::optional<Query> query;  // none: the season
     int tab;
     enum class State { Waits, IsRead, Ready, Finished } state = State::Waits;
     std::optional<StatGrid> contents = {};  // none: failed
+    std::shared_ptr<const SeasonFigures> season = {};
     std::string fault = {};
   };
 
@@ -58,6 +61,7 @@ class Opening {
   bool ReadNext(std::optional<int> tab = {});
   [[nodiscard]] Table* NextOf(std::optional<int> tab);
   void Read(Table& table);
+  void ShowTable(Table& table);
   [[nodiscard]] bool Reads(std::optional<int> tab) const;
   void FinishThose(std::optional<int> tab);
 

@@ -21,6 +21,22 @@ std::string MakeStamp(const LocalTime& time) {
   return stamp;
 }
 
+std::optional<LocalTime> TimeOfStamp(std::string_view stamp) {
+  constexpr std::size_t kParts = 6;
+  constexpr int kCentury = 2000;
+  if (stamp.size() != 2 * kParts) return std::nullopt;
+  std::array<int, kParts> parts{};
+  for (std::size_t i = 0; i < stamp.size(); ++i) {
+    if (stamp[i] < '0' || stamp[i] > '9') return std::nullopt;
+    parts.at(i / 2) = 10 * parts.at(i / 2) + (stamp[i] - '0');
+  }
+  const auto [month, day, year, hour, minute, second] = parts;
+  const bool real =
+      month >= 1 && month <= 12 && day >= 1 && day <= 31 && hour < 24 && minute < 60 && second < 60;
+  if (!real) return std::nullopt;
+  return LocalTime{kCentury + year, month, day, hour, minute, second};
+}
+
 std::string ReadableStamp(std::string_view text) {
   // Blanks that do not break a line stand before AM and PM in some systems.
   constexpr std::array<std::string_view, 5> kBlanks{" ", "\t", "\xC2\xA0", "\xE2\x80\xAF",

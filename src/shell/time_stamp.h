@@ -1,6 +1,7 @@
 // Date and time as parts of names.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -10,6 +11,9 @@ namespace dtb {
 
 // "MMDDYYHHmmss", of 24 hours: the month leads.
 [[nodiscard]] std::string MakeStamp(const LocalTime& time);
+
+// The time of such a stamp, in the years 2000 to 2099; nothing for a text that is none.
+[[nodiscard]] std::optional<LocalTime> TimeOfStamp(std::string_view stamp);
 
 // A date and time in the form of the person's system, with what file names do not take left out and
 // blanks as "_": "11/24/2026 8:05:31 PM" gives "11242026_80531_PM".

@@ -3,6 +3,7 @@
 #include <QAccessibleWidget>
 
 #include "windows/boxes/message_box.h"
+#include "windows/browser/season_chart.h"
 #include "windows/shared/controls.h"
 
 namespace dtb {
@@ -11,7 +12,8 @@ namespace {
 QAccessibleInterface* MakeInterface(const QString& /*className*/, QObject* object) {
   auto* widget = qobject_cast<QWidget*>(object);
   if (widget == nullptr) return nullptr;
-  if (qobject_cast<PictureBox*>(widget) != nullptr) {
+  if (qobject_cast<PictureBox*>(widget) != nullptr ||
+      qobject_cast<SeasonChart*>(widget) != nullptr) {
     return new QAccessibleWidget(widget, QAccessible::Graphic);
   }
   if (qobject_cast<Panel*>(widget) != nullptr) {

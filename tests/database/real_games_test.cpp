@@ -1,6 +1,7 @@
 // Real games, played through the windows into one database, as the browser shows them.
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdlib>
 
 #include "browser/box_score.h"
@@ -231,6 +232,24 @@ TEST_F(RealGamesTest, EveryQueryShowsThem) {
   EXPECT_EQ(Shown(state.MSHFlexGrid8.grid), Rows("BATTING", oakland, BattingRow));
   EXPECT_EQ(Shown(state.MSHFlexGrid11.grid), Rows("PITCHING", oakland, StoredPitchingRow));
   EXPECT_EQ(Shown(state.MSHFlexGrid12.grid), Rows("LINE", second, LineScore));
+
+  const SeasonFigures season = ReadSeason(ports.database);
+  ASSERT_EQ(season.games.size(), games);
+  for (const SeasonMan& shown : season.men) {
+    double hits = 0;
+    double earned = 0;
+    double outs = 0;
+    for (const Man& man : men) {
+      if (man.name != shown.name || man.team != season.teams[shown.team].name) continue;
+      hits += man["1B"] + man["2B"] + man["3B"] + (man.kind == "BATTING" ? man["HR"] : 0);
+      earned += man["ER"];
+      outs += std::round(3 * man["IP"]);
+    }
+    EXPECT_EQ(shown.batting.value_or(SeasonLine{})[batting_line::kHits], hits) << shown.name;
+    const SeasonLine pitching = shown.pitching.value_or(SeasonLine{});
+    EXPECT_EQ(pitching[pitching_line::kEarnedRuns], earned) << shown.name;
+    EXPECT_EQ(pitching[pitching_line::kOuts], outs) << shown.name;
+  }
 }
 
 }  // namespace

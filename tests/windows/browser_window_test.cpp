@@ -162,6 +162,37 @@ TEST_F(BrowserWindowTest, ClickOnGameShowsItsBoxScore) {
   });
 }
 
+TEST_F(BrowserWindowTest, SeasonIsShownInPicturesAndWords) {
+  MakeDatabase();
+  Open([this] {
+    GoTo(browser_tab::kSeason);
+    auto* courses = Part<SeasonCourseChart>("pic_Standings");
+    EXPECT_EQ(Cell("grd_Standings", 1, 1), QStringLiteral("Ants"));
+    EXPECT_TRUE(courses->accessibleDescription().contains(QStringLiteral("Bees: 0-2, 2 below")));
+    ClickCell("grd_Standings", 2, 1);
+    EXPECT_EQ(courses->marks(), 2) << "those of the chosen team";
+    courses->setFocus();
+    Press(&form(), Qt::Key_End);
+    EXPECT_TRUE(
+        courses->accessibleDescription().startsWith(QStringLiteral("no date\nBees 2, Ants 3")));
+    Click(Part("cmd_Leaders"));
+    auto* board = Part<SeasonLeaderBoard>("pic_Leaders0");
+    EXPECT_EQ(board->WordsOf(0), QStringLiteral("Adam, Ants: .900"));
+    Click(board, {}, Qt::LeftButton, board->PlaceOf(0).toPoint());
+    EXPECT_EQ(Part<QLabel>("lbl_Chosen")->text(), QStringLiteral("Adam, Ants"));
+    auto* games = Part<SeasonGamesChart>("pic_Games");
+    while (!form().Settled()) QCoreApplication::processEvents();
+    EXPECT_EQ(Cell("grd_Months", 2, 3), QStringLiteral("10")) << "at-bats in all months";
+    // Whatever the list of line scores shows.
+    Part<QLineEdit>("Text9")->setText(QStringLiteral("none"));
+    Part<QPushButton>("Command11")->click();
+    Click(games, {}, Qt::LeftButton, games->PlaceOf(0).toPoint());
+    EXPECT_EQ(Part<QTabWidget>("SSTab1")->currentIndex(), browser_tab::kGameStats);
+    EXPECT_EQ(Cell("MSHFlexGrid6", 2, 1), QStringLiteral("Adam"));
+    CloseForm();
+  });
+}
+
 TEST_F(BrowserWindowTest, SelectedPairingIsDeleted) {
   MakeDatabase();
   Open([this] {

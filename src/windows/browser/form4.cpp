@@ -11,6 +11,7 @@
 #include "browser/deletes.h"
 #include "browser/exports.h"
 #include "browser/grid_format.h"
+#include "browser/season_pages.h"
 #include "sheet/workbook_export.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
@@ -142,6 +143,7 @@ Form4::Form4(Platform& platform, QWidget* parent)
   BuildWinLoss();
   BuildGameStats();
   BuildTournament();
+  BuildSeason();
 
   Follow<int>(SSTab1_, state_.SSTab1, [this](int tab) { SSTab1_->setCurrentIndex(tab); });
   connect(SSTab1_, &QTabWidget::currentChanged, this, [this](int tab) {
@@ -463,6 +465,21 @@ void Form4::BuildTournament() {
   connect(reset, &QPushButton::clicked, this, [this] { ResetBracket(browser_); });
 }
 
+void Form4::BuildSeason() {
+  season_ = new SeasonTab(browser_);
+  AddTab("Season")->addWidget(season_);
+  connect(season_, &SeasonTab::gameWanted, this,
+          [this](const QString& id, const QString& visitors, const QString& home) {
+            const BusyPointer busy;
+            ShowBoxScore(browser_, FromQt(id), FromQt(visitors), FromQt(home));
+          });
+  connect(season_, &SeasonTab::pagesWanted, this, [this] {
+    ProgressPanel panel(QStringLiteral("Writing the season pages"),
+                        ProgressPanel::Work::Cancellable, this);
+    WriteSeasonPages(browser_, [&panel](double share) { return panel.Hear(share); });
+  });
+}
+
 void Form4::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
   resizer_.FormResized(width(), height());
@@ -484,6 +501,7 @@ void Form4::resizeEvent(QResizeEvent* event) {
   team_->setFixedWidth(qRound(kTeamWidth * scale));
   SizeLineScore();
   bracket_->SetType(kBody * scale);
+  season_->SetScale(scale);
 }
 
 }  // namespace dtb

@@ -14,6 +14,7 @@
 #include "shell/control_resizer.h"
 #include "windows/boxes/busy.h"
 #include "windows/browser/bracket_view.h"
+#include "windows/browser/season_tab.h"
 #include "windows/shared/stat_grid_view.h"
 
 namespace dtb {
@@ -30,7 +31,7 @@ class Form4 : public QDialog {
   [[nodiscard]] const BrowserState& state() const { return state_; }
 
   // All tables are there, and what was wrong with the database is told.
-  [[nodiscard]] bool Settled() const { return settled_; }
+  [[nodiscard]] bool Settled() const { return settled_ && !season_->reading(); }
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -60,6 +61,7 @@ class Form4 : public QDialog {
   void SizeLineScore();
   void AddTeamHeading(const char* name, int row, QGridLayout* places, int place);
   void BuildTournament();
+  void BuildSeason();
 
   // Shows what was read meanwhile; the pointer is busy while the tab in front lacks a table.
   void ShowTables();
@@ -91,6 +93,7 @@ class Form4 : public QDialog {
   StatGridView* lineScore_ = nullptr;  // of one game
   QLineEdit* team_ = nullptr;          // the text that goes into the bracket
   BracketView* bracket_ = nullptr;
+  SeasonTab* season_ = nullptr;
   std::vector<Typed> typed_;  // all others have the form's own type
   std::vector<SizedGrid> grids_;
   std::optional<std::filesystem::path> workbook_;  // in which the person wants to go on

@@ -1,0 +1,39 @@
+// Pieces of web pages.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "browser/season_figures.h"
+
+namespace dtb {
+
+// The text as any page may show it: what is no character of a page stands as U+FFFD, all marks and
+// all that is not plain as entities.
+[[nodiscard]] std::string PageText(std::string_view text);
+
+// "al-adams-12.html": plain small letters and digits of the name, and a number that makes it
+// distinct from all others of its folder, whatever the names are.
+[[nodiscard]] std::string PageFileName(std::string_view name, std::size_t number);
+
+// A link; both texts are plain ones.
+[[nodiscard]] std::string PageLink(std::string_view file, std::string_view text);
+
+// A whole page. `root` leads from its folder to that of the first page: "" or "../". The body is
+// markup, the title plain.
+[[nodiscard]] std::string WholePage(std::string_view title, std::string_view root,
+                                    std::string_view body);
+
+// A table of cells in markup, the header first; the first column is left-aligned.
+[[nodiscard]] std::string PageTable(const std::vector<std::vector<std::string>>& rows);
+
+// The standings as a picture: a line for each team.
+[[nodiscard]] std::string StandingsDrawing(const SeasonFigures& season);
+// A piece of the line of the team that stands at this place.
+[[nodiscard]] std::string LineSample(int place);
+
+// The one style sheet of all pages.
+[[nodiscard]] const char* PageStyle();
+
+}  // namespace dtb

@@ -1,0 +1,41 @@
+// The best men of a season.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "browser/season_figures.h"
+
+namespace dtb {
+
+enum class SeasonLead {
+  Average,
+  HomeRuns,
+  RunsBattedIn,
+  StolenBases,
+  EarnedRunAverage,
+  Strikeouts,  // a pitcher's
+  Innings,
+};
+inline constexpr std::array kSeasonLeads{SeasonLead::Average,          SeasonLead::HomeRuns,
+                                         SeasonLead::RunsBattedIn,     SeasonLead::StolenBases,
+                                         SeasonLead::EarnedRunAverage, SeasonLead::Strikeouts,
+                                         SeasonLead::Innings};
+inline constexpr std::size_t kMostLeaders = 10;
+
+// "Batting average"
+[[nodiscard]] const char* LeadTitle(SeasonLead lead);
+[[nodiscard]] SeasonRole RoleOf(SeasonLead lead);
+
+struct SeasonLeader {
+  int man = 0;       // his place among the men
+  double value = 0;  // innings in outs
+  std::string text;
+};
+
+// The best ten, equal ones in the order of names. With the qualification, the two averages ask for
+// 3.1 plate appearances, which are at-bats and walks, or 1 inning, for each game of the man's team.
+[[nodiscard]] std::vector<SeasonLeader> Leaders(const SeasonFigures& season, SeasonLead lead,
+                                                bool qualified);
+
+}  // namespace dtb

@@ -1,0 +1,369 @@
+#include "browser/season_pages.h"
+
+#include <algorithm>
+#include <fstream>
+#include <numeric>
+#include <system_error>
+
+#include "browser/season_book.h"
+#include "browser/season_html.h"
+#include "browser/season_leaders.h"
+#include "browser/season_scores.h"
+#include "browser/season_standings.h"
+#include "browser/season_words.h"
+#include "platform/paths.h"
+#include "shell/program_error.h"
+#include "shell/report_files.h"
+
+namespace dtb {
+namespace {
+
+using Cells = std::vector<std::vector<std::string>>;
+
+constexpr const char* kUp = "../";
+constexpr int kInnings = 20;
+constexpr int kUsualInnings = 9;
+
+std::string Heading(const char* tag, std::string_view text) {
+  return std::string("<").append(tag).append(">").append(PageText(text)).append("</").append(tag) +
+         ">\n";
+}
+
+std::string Paragraph(std::string_view text) { return Heading("p", text); }
+
+void Append(std::vector<std::string>& row, std::vector<std::string> more) {
+  row.insert(row.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+}
+
+// Counters alone, without the games and the rates.
+std::vector<std::string> Counters(std::vector<std::string> texts, SeasonRole role) {
+  texts.erase(texts.begin());
+  texts.resize(texts.size() - (role == SeasonRole::Batting ? 2 : 1));
+  return texts;
+}
+
+const char* NameOf(SeasonRole role) { return role == SeasonRole::Batting ? "Batting" : "Pitching"; }
+
+// Pages on their way into a folder that is put in place when all of them stand.
+class PageFolder {
+ public:
+  explicit PageFolder(std::filesystem::path place)
+      : place_(std::move(place)), draft_(PathOf(TextOf(place_) + " (being written)")) {
+    Discard();
+    std::error_code fault;
+    for (const char* folder : {"teams", "men", "games"}) {
+      std::filesystem::create_directories(draft_ / folder, fault);
+      if (fault) Fail(draft_);
+    }
+  }
+  ~PageFolder() { Discard(); }
+  PageFolder(const PageFolder&) = delete;
+  PageFolder& operator=(const PageFolder&) = delete;
+
+  void Write(const std::string& name, std::string_view text) const {
+    const std::filesystem::path file = draft_ / name;
+    std::ofstream stream(file, std::ios::binary | std::ios::trunc);
+    stream << text;
+    stream.close();
+    if (!stream) Fail(file);
+  }
+  void PutInPlace() {
+    std::error_code fault;
+    std::filesystem::rename(draft_, place_, fault);
+    if (fault) Fail(place_);
+  }
+
+ private:
+  [[noreturn]] static void Fail(const std::filesystem::path& file) {
+    throw ProgramError(error_number::kPathOrFileAccess,
+                       "\"" + TextOf(file) +
+                           "\" cannot be written. Its folder may take no files, or the disk is "
+                           "full.");
+  }
+  void Discard() const {
+    std::error_code fault;
+    std::filesystem::remove_all(draft_, fault);
+  }
+
+  std::filesystem::path place_;
+  std::filesystem::path draft_;
+};
+
+class PageWriter {
+ public:
+  explicit PageWriter(const SeasonBook& book)
+      : book_(book), season_(book.season), months_(MonthMarks(season_)) {}
+
+  // Writes a page after the other. False: the person has enough of it.
+  bool WriteAll(const PageFolder& folder, const ExportProgress& progress) {
+    const std::size_t all = pages();
+    std::size_t written = 0;
+    const auto write = [&](const std::string& name, const std::string& page) {
+      folder.Write(name, page);
+      constexpr double kReadShare = 0.05;
+      ++written;
+      return progress(kReadShare + (1 - kReadShare) * double(written) / double(all));
+    };
+    folder.Write("style.css", PageStyle());
+    if (!write("index.html", WholePage("Season", "", FirstPage()))) return false;
+    for (std::size_t i = 0; i < months_.size(); ++i) {
+      if (!write(MonthFile(i), WholePage("Games of " + months_[i].month, "", MonthPage(i)))) {
+        return false;
+      }
+    }
+    for (int i = 0; i < Size(season_.teams); ++i) {
+      if (!write(TeamFile(i), WholePage(season_.teams[i].name, kUp, TeamPage(i)))) return false;
+    }
+    for (int i = 0; i < Size(season_.men); ++i) {
+      if (!write(ManFile(i), WholePage(season_.men[i].name, kUp, ManPage(i)))) return false;
+    }
+    for (int i = 0; i < Size(season_.games); ++i) {
+      const std::string title = ScoreText(season_, season_.games[i]);
+      if (!write(GameFile(i), WholePage(title, kUp, GamePage(i)))) return false;
+    }
+    return true;
+  }
+
+  [[nodiscard]] std::size_t pages() const {
+    return 1 + months_.size() + season_.teams.size() + season_.men.size() + season_.games.size();
+  }
+
+ private:
+  template <class Entries>
+  static int Size(const Entries& entries) {
+    return static_cast<int>(entries.size());
+  }
+
+  [[nodiscard]] std::string MonthFile(std::size_t month) const {
+    return PageFileName("games " + months_[month].month, month + 1);
+  }
+  [[nodiscard]] std::string TeamFile(int team) const {
+    return "teams/" + PageFileName(season_.teams[team].name, static_cast<std::size_t>(team) + 1);
+  }
+  [[nodiscard]] std::string ManFile(int man) const {
+    return "men/" + PageFileName(season_.men[man].name, static_cast<std::size_t>(man) + 1);
+  }
+  [[nodiscard]] std::string GameFile(int game) const {
+    return "games/" + PageFileName(season_.games[game].id, static_cast<std::size_t>(game) + 1);
+  }
+  [[nodiscard]] std::string TeamLink(int team, const char* root = kUp) const {
+    return PageLink(root + TeamFile(team), season_.teams[team].name);
+  }
+  [[nodiscard]] std::string ManLink(int man, const char* root = kUp) const {
+    return PageLink(root + ManFile(man), season_.men[man].name);
+  }
+  [[nodiscard]] std::string DayLink(int game, const char* root = kUp) const {
+    return PageLink(root + GameFile(game), DayText(season_.games[game].time));
+  }
+
+  [[nodiscard]] std::string FirstPage() const {
+    std::string page = Paragraph(ScoresText(CountScores(season_))) + Heading("h2", "Standings") +
+                       StandingsDrawing(season_);
+    Cells standings = StandingsTable(season_);
+    const std::vector<Standing> order = Standings(season_);
+    for (std::size_t place = 0; place < order.size(); ++place) {
+      standings[place + 1].front() =
+          LineSample(static_cast<int>(place)) + TeamLink(order[place].team, "");
+    }
+    page += PageTable(standings) + Heading("h2", "Leaders") +
+            Paragraph(
+                "For both averages: 3.1 plate appearances, that is at-bats and walks, or 1 "
+                "inning, for each game of the man's team.") +
+            "<div class=\"boards\">\n";
+    for (const SeasonLead lead : kSeasonLeads) {
+      page += "<section>" + Heading("h3", LeadTitle(lead)) + LeaderTable(lead) + "</section>\n";
+    }
+    page += "</div>\n" + Heading("h2", "Games") + "<ul>\n";
+    for (std::size_t month = 0; month < months_.size(); ++month) {
+      page += "<li>" + PageLink(MonthFile(month), months_[month].month) + "</li>\n";
+    }
+    return page + "</ul>\n";
+  }
+
+  [[nodiscard]] std::string LeaderTable(SeasonLead lead) const {
+    Cells table{{"Name", "Team", ""}};
+    for (const SeasonLeader& leader : Leaders(season_, lead, true)) {
+      table.push_back(
+          {ManLink(leader.man, ""), TeamLink(season_.men[leader.man].team, ""), leader.text});
+    }
+    return PageTable(table);
+  }
+
+  [[nodiscard]] std::string MonthPage(std::size_t month) const {
+    const int end = month + 1 < months_.size() ? months_[month + 1].game : Size(season_.games);
+    Cells table{{"Day", "Visitors", "", "Home team", ""}};
+    for (int game = months_[month].game; game < end; ++game) {
+      const auto& [visitors, home] = season_.games[game].sides;
+      table.push_back({DayLink(game, ""), TeamLink(visitors.team, ""), RunsText(visitors),
+                       TeamLink(home.team, ""), RunsText(home)});
+    }
+    return "<nav><a href=\"index.html\">The season</a></nav>\n" + PageTable(table);
+  }
+
+  [[nodiscard]] std::string RunsText(const SeasonSide& side) const {
+    constexpr int kRunsColumn = 22;
+    return PageText(book_.lineScores.Text(side.line, kRunsColumn));
+  }
+
+  [[nodiscard]] std::string TeamPage(int place) const {
+    const SeasonTeam& team = season_.teams[place];
+    std::string page = Paragraph(RecordText(team.wins, team.losses, team.ties()) + ", " +
+                                 AboveText(team.above()) + ".");
+    for (const SeasonRole role : kSeasonRoles) {
+      Cells table{{"Name"}};
+      Append(table.front(), LineHeaders(role));
+      for (int man = 0; man < Size(season_.men); ++man) {
+        const auto& outings = OutingsOf(man, role);
+        if (season_.men[man].team != place || outings.empty()) continue;
+        table.push_back({ManLink(man)});
+        Append(table.back(), LineTexts(outings.back().total, role));
+      }
+      page += Heading("h2", NameOf(role)) + PageTable(table);
+    }
+    Cells table{{"Day", "Opponent", "", "Score", "Record"}};
+    const std::vector<CoursePoint> course = CourseOf(season_, place);
+    for (std::size_t point = 1; point < course.size(); ++point) {
+      const int game = course[point].game - 1;
+      const auto& sides = season_.games[game].sides;
+      const std::size_t own = sides[0].team == place ? 0 : 1;
+      const int change = course[point].above - course[point - 1].above;
+      table.push_back({DayLink(game), (own == 0 ? "at " : "") + TeamLink(sides.at(1 - own).team),
+                       change > 0   ? "won"
+                       : change < 0 ? "lost"
+                                    : "tie",
+                       RunsText(sides.at(own)) + "-" + RunsText(sides.at(1 - own)),
+                       AboveText(course[point].above)});
+    }
+    return page + Heading("h2", "Games") + PageTable(table);
+  }
+
+  [[nodiscard]] const std::vector<SeasonOuting>& OutingsOf(int man, SeasonRole role) const {
+    return book_.outings[man].at(static_cast<std::size_t>(role));
+  }
+
+  [[nodiscard]] std::string ManPage(int place) const {
+    const SeasonMan& man = season_.men[place];
+    std::string page = "<p>" + TeamLink(man.team) + "</p>\n";
+    for (const SeasonRole role : kSeasonRoles) {
+      const auto& outings = OutingsOf(place, role);
+      if (outings.empty()) continue;
+      Cells games{{"Day", "Opponent"}};
+      Append(games.front(), Counters(LineHeaders(role), role));
+      games.front().emplace_back(role == SeasonRole::Batting ? "AVG so far" : "ERA so far");
+      for (const SeasonOuting& outing : outings) {
+        games.push_back(OutingCells(man.team, outing));
+        Append(games.back(), Counters(LineTexts(outing.line, role), role));
+        games.back().push_back(RateText(outing.total, role));
+      }
+      page += Heading("h2", NameOf(role)) +
+              PageTable(MonthTable(season_, {man.team, man.name, false, role}, outings)) +
+              PageTable(games);
+    }
+    return page;
+  }
+
+  [[nodiscard]] std::vector<std::string> OutingCells(int team, const SeasonOuting& outing) const {
+    if (outing.game < 0) return {PageText(DayText(outing.time)), "-"};
+    const auto& sides = season_.games[outing.game].sides;
+    const std::size_t own = sides[0].team == team ? 0 : 1;
+    return {DayLink(outing.game), (own == 0 ? "at " : "") + TeamLink(sides.at(1 - own).team)};
+  }
+
+  [[nodiscard]] std::string GamePage(int place) const {
+    const SeasonGame& game = season_.games[place];
+    std::string page = Paragraph(DayAndTimeText(game.time)) + LineScore(game);
+    for (std::size_t side = 0; side < game.sides.size(); ++side) {
+      page += Heading("h2", season_.teams[game.sides.at(side).team].name);
+      for (const SeasonRole role : kSeasonRoles) {
+        Cells table{{NameOf(role)}};
+        Append(table.front(), Counters(LineHeaders(role), role));
+        for (const BookEntry& entry :
+             book_.games[place].at(side).at(static_cast<std::size_t>(role))) {
+          table.push_back({ManLink(entry.man)});
+          Append(table.back(), Counters(LineTexts(entry.line, role), role));
+        }
+        page += PageTable(table);
+      }
+    }
+    return page;
+  }
+
+  [[nodiscard]] std::string LineScore(const SeasonGame& game) const {
+    const StatGrid& lines = book_.lineScores;
+    int innings = kInnings;
+    while (innings > kUsualInnings && lines.Text(game.sides[0].line, innings + 1).empty() &&
+           lines.Text(game.sides[1].line, innings + 1).empty()) {
+      --innings;
+    }
+    std::vector<int> columns(static_cast<std::size_t>(innings));
+    std::iota(columns.begin(), columns.end(), 2);
+    columns.insert(columns.end(), {kInnings + 2, kInnings + 3, kInnings + 4});
+    Cells table{{"Team"}};
+    for (int inning = 1; inning <= innings; ++inning) {
+      table.front().push_back(std::to_string(inning));
+    }
+    Append(table.front(), {"R", "H", "E"});
+    for (const SeasonSide& side : game.sides) {
+      table.push_back({TeamLink(side.team)});
+      for (const int column : columns) {
+        table.back().push_back(PageText(lines.Text(side.line, column)));
+      }
+    }
+    return PageTable(table);
+  }
+
+  const SeasonBook& book_;
+  const SeasonFigures& season_;
+  std::vector<MonthMark> months_;
+};
+
+std::string FolderName(const LocalTime& today) {
+  const auto two = [](int number) { return (number < 10 ? "-0" : "-") + std::to_string(number); };
+  return "Season " + std::to_string(today.year) + two(today.month) + two(today.day);
+}
+
+// The folder; nothing where the person cancelled or there is no game.
+std::optional<std::filesystem::path> Write(Browser& browser, const ExportProgress& progress,
+                                           std::string& contents) {
+  Platform& platform = browser.platform;
+  if (!progress(0)) return std::nullopt;
+  const SeasonBook book = ReadSeasonBook(platform.database);
+  if (book.season.games.empty()) {
+    platform.boxes.Show(
+        "No game is saved yet, so there is nothing to write. When a game is over, open STATS on "
+        "the board and press SAVE TO DB.",
+        BoxIcon::Information, kBrowserTitle);
+    return std::nullopt;
+  }
+  std::filesystem::path place =
+      FreeFile(ReportsFolder(platform), FolderName(platform.clock.Now()), "");
+  PageFolder folder(place);
+  PageWriter writer(book);
+  if (!writer.WriteAll(folder, progress)) return std::nullopt;
+  folder.PutInPlace();
+  contents = std::to_string(book.season.games.size()) +
+             (book.season.games.size() == 1 ? " game, " : " games, ") +
+             std::to_string(writer.pages()) + " pages";
+  return place;
+}
+
+}  // namespace
+
+void WriteSeasonPages(Browser& browser, const ExportProgress& progress) {
+  Platform& platform = browser.platform;
+  try {
+    std::string contents;
+    const auto folder = Write(
+        browser, progress ? progress : [](double /*share*/) { return true; }, contents);
+    if (!folder) return;
+    const Question question{"The season pages are written: " + contents + ". They lie in\n" +
+                                TextOf(*folder) + "\n\nDo you want to open them?",
+                            kBrowserTitle, true};
+    if (platform.boxes.Ask(question)) platform.pages.Open(TextOf(*folder / "index.html"));
+  } catch (const ProgramError& failure) {
+    platform.boxes.Show("No season pages were written. " + std::string(failure.what()),
+                        BoxIcon::Exclamation, kBrowserTitle);
+  }
+}
+
+}  // namespace dtb

@@ -1,0 +1,60 @@
+#include "browser/season_words.h"
+
+#include "browser/grid_format.h"
+#include "game/text_cell.h"
+
+namespace dtb {
+namespace {
+
+constexpr const char* kNoDate = "no date";
+constexpr std::array kMonths{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                             "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+
+std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
+
+}  // namespace
+
+std::string MonthText(const std::optional<LocalTime>& time) {
+  if (!time) return kNoDate;
+  return std::string(kMonths.at(time->month - 1)) + " " + std::to_string(time->year);
+}
+
+std::string DayText(const std::optional<LocalTime>& time) {
+  return time ? std::to_string(time->day) + " " + MonthText(time) : kNoDate;
+}
+
+std::string DayAndTimeText(const std::optional<LocalTime>& time) {
+  if (!time) return kNoDate;
+  return DayText(time) + ", " + TwoDigits(time->hour) + ":" + TwoDigits(time->minute);
+}
+
+std::string ScoreText(const SeasonFigures& season, const SeasonGame& game) {
+  std::string text;
+  for (const SeasonSide& side : game.sides) {
+    text +=
+        (text.empty() ? "" : ", ") + season.teams[side.team].name + " " + DecimalText(side.runs);
+  }
+  return text;
+}
+
+std::string RecordText(int wins, int losses, int ties) {
+  return std::to_string(wins) + "-" + std::to_string(losses) +
+         (ties > 0 ? "-" + std::to_string(ties) : "");
+}
+
+std::string AboveText(int above) {
+  if (above == 0) return "at .500";
+  return std::to_string(above > 0 ? above : -above) + (above > 0 ? " above .500" : " below .500");
+}
+
+std::string AverageText(const std::optional<double>& average) {
+  return average ? PatternText(DecimalText(*average), Decimals::Three) : "-";
+}
+
+std::string EarnedRunText(const std::optional<double>& average) {
+  return average ? FixedDecimals(*average, 2) : "-";
+}
+
+std::string InningsText(double outs) { return FixedDecimals(outs / 3, 2); }
+
+}  // namespace dtb

@@ -1,0 +1,42 @@
+"""Reads the pages of a season as a browser does, strictly. Prints how many there are, and lines of the
+tables; "hard" stands for the name made of hard letters. Fails where a link leads nowhere."""
+import pathlib
+import sys
+import urllib.parse
+
+import html5lib
+
+XHTML = "{http://www.w3.org/1999/xhtml}"
+PLAIN = "</title>\ufffd \"Bad\" & 'O'Neill' \u00f1\u6771 \ufffd\ufffd"
+
+
+def texts(row):
+    cells = ["".join(cell.itertext()) for cell in row]
+    return ["hard" if cell == PLAIN else cell for cell in cells]
+
+
+def main(folder):
+    pages = sorted(folder.rglob("*.html"))
+    linked = {folder / "index.html"}
+    for page in pages:
+        with open(page, "rb") as stream:
+            root = html5lib.HTMLParser(strict=True).parse(stream, transport_encoding="utf-8")
+        for element in root.iter():
+            link = element.get("href") or element.get("src")
+            if link:
+                target = (page.parent / urllib.parse.unquote(link)).resolve()
+                assert target.is_file() and folder in target.parents, (page, link)
+                linked.add(target)
+        tables = list(root.iter(XHTML + "table"))
+        rows = [texts(row) for row in tables[0].iter(XHTML + "tr")] if tables else []
+        for row in rows[1:]:
+            if page.parent.name == "games":
+                print("line {}|{}|{}".format(page.stem.split("-")[0], row[0], row[-3]))
+            if page.name == "index.html":
+                print("standing " + "|".join(row[:3]))
+    assert linked >= set(pages), set(pages) - linked
+    print("pages", len(pages))
+
+
+sys.stdout.reconfigure(encoding="utf-8")
+main(pathlib.Path(sys.argv[1]).resolve())

@@ -1,0 +1,209 @@
+#include "browser/season_pages.h"
+
+#include <set>
+
+#include "browser/season_leaders.h"
+#include "browser/season_outings.h"
+#include "browser/season_standings.h"
+#include "export_test.h"
+#include "game/text_cell.h"
+
+namespace dtb {
+namespace {
+
+const std::string kHard = "</title>\x01 \"Bad\" & 'O'Neill' \xC3\xB1\xE6\x9D\xB1 \xFF\xEF\xBF\xBF";
+
+// Rows of games made up by chance, as the tables hold them, and beside them what must come out.
+class SeasonTest : public ExportTest {
+ protected:
+  struct Row {
+    std::string name, team, id;
+    int atBats, hits, homeRuns, outs, earned;
+  };
+  struct Game {
+    std::string id, order;  // year first
+    std::array<std::string, 2> teams;
+    std::array<int, 2> runs;
+  };
+
+  int Draw(int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); }
+
+  // The months of two years take turns, so the order of the GameIDs is not that of the games.
+  void Play(int count) {
+    const Strings teams{"Ants", "Bees", "Con", kHard, std::string(300, 'x')};
+    for (int i = 0; i < count; ++i) {
+      const auto two = [](int n) { return std::string(n < 10 ? "0" : "") + std::to_string(n); };
+      const std::string year = two(25 + Draw(2));
+      const std::string day = two(1 + Draw(12)) + two(1 + Draw(28));
+      const std::string time = "20" + two(i / 60) + two(i % 60);
+      const auto first = std::size_t(Draw(int(teams.size())));
+      const std::size_t second =
+          (first + 1 + std::size_t(Draw(int(teams.size()) - 1))) % teams.size();
+      games.push_back({day + year + time,
+                       year + day + time,
+                       {teams[first], teams[second]},
+                       {Draw(7), Draw(7)}});
+      for (std::size_t side = 0; side < 2; ++side) Add(games.back(), side);
+    }
+    std::ranges::stable_sort(games, {}, &Game::order);
+  }
+
+  void Add(const Game& game, std::size_t side) {
+    const std::string& team = game.teams.at(side);
+    Insert(
+        "INSERT INTO BoxScores (Team, I1, Runs, Hits, Errors, Host, GameID) VALUES (?, ?, ?, 9, "
+        "0, ?, ?)",
+        {team, std::to_string(game.runs.at(side)), std::to_string(game.runs.at(side)),
+         side == 0 ? "a_VIS" : "b_HOME", game.id});
+    for (const std::string name : {"Al", "Bo", kHard.c_str()}) {
+      const int hits = Draw(3);
+      const int homeRuns = Draw(2);
+      const int outs = Draw(12);
+      const Row row{name, team, game.id, 5, hits + homeRuns, homeRuns, outs, Draw(4)};
+      Insert(
+          "INSERT INTO Batting (Batter, AB, [1B], HR, Team, GameID) VALUES (?, 5, ?, ?, ?, ?)",
+          {name, hits == 0 ? "" : std::to_string(hits), std::to_string(homeRuns), team, game.id});
+      const std::string innings =
+          outs == 0 ? ".0001" : std::to_string(outs / 3) + Strings{".00", ".33", ".67"}[outs % 3];
+      Insert("INSERT INTO Pitching (Pitcher, IP, Runs, Team, GameID) VALUES (?, ?, ?, ?, ?)",
+             {name, innings, std::to_string(row.earned), team, game.id});
+      rows.push_back(row);
+    }
+  }
+
+  void Insert(const char* statement, const Strings& texts) {
+    SQLite::Database written(file.string(), SQLite::OPEN_READWRITE);
+    SQLite::Statement insert(written, statement);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      if (!texts[i].empty()) insert.bind(static_cast<int>(i) + 1, texts[i]);
+    }
+    insert.exec();
+  }
+
+  [[nodiscard]] Row Sum(const std::string& name, const std::string& team,
+                        const std::string& id = "") const {
+    Row sum{name, team, id, 0, 0, 0, 0, 0};
+    for (const Row& row : rows) {
+      if (row.name != name || row.team != team || (!id.empty() && row.id != id)) continue;
+      sum.atBats += row.atBats;
+      sum.hits += row.hits;
+      sum.homeRuns += row.homeRuns;
+      sum.outs += row.outs;
+      sum.earned += row.earned;
+    }
+    return sum;
+  }
+
+  std::mt19937 random{7};
+  std::vector<Game> games;
+  std::vector<Row> rows;
+};
+
+TEST_F(SeasonTest, FiguresAreThoseOfTheRows) {
+  Play(30);
+  Execute("INSERT INTO BoxScores (Team, Runs, Host, GameID) VALUES ('Ants', 1, 'a_VIS', 'lonely')");
+  const SeasonFigures season = ReadSeason(ports.database);
+  ASSERT_EQ(season.games.size(), games.size());
+  EXPECT_EQ(season.lonelyLines, 1);
+  std::map<std::string, std::vector<int>> courses;
+  for (std::size_t i = 0; i < games.size(); ++i) {
+    EXPECT_EQ(season.games[i].id, games[i].id) << "in the order of play";
+    for (std::size_t side = 0; side < 2; ++side) {
+      auto& course = courses[games[i].teams.at(side)];
+      const int difference = games[i].runs.at(side) - games[i].runs.at(1 - side);
+      course.push_back((course.empty() ? 0 : course.back()) + (difference > 0) - (difference < 0));
+    }
+  }
+  for (std::size_t team = 0; team < season.teams.size(); ++team) {
+    std::vector<int> above;
+    for (const CoursePoint& point : CourseOf(season, int(team))) above.push_back(point.above);
+    above.erase(above.begin());
+    EXPECT_EQ(above, courses.at(season.teams[team].name)) << season.teams[team].name;
+  }
+  ASSERT_EQ(season.men.size(), 15U);
+  for (const SeasonMan& man : season.men) {
+    const std::string& team = season.teams[man.team].name;
+    const Row sum = Sum(man.name, team);
+    EXPECT_EQ((*man.batting)[batting_line::kHits], sum.hits);
+    EXPECT_EQ((*man.pitching)[pitching_line::kOuts], sum.outs) << "thirds do not crumble";
+    EXPECT_EQ((*man.pitching)[pitching_line::kEarnedRuns], sum.earned);
+    int seen = 0;
+    Row total{};
+    for (const SeasonOuting& outing :
+         ReadOutings(ports.database, season, {man.team, man.name, false, SeasonRole::Batting})) {
+      const Row one = Sum(man.name, team, outing.id);
+      total.hits += one.hits;
+      EXPECT_EQ(outing.line[batting_line::kHits], one.hits);
+      EXPECT_EQ(outing.total[batting_line::kHits], total.hits);
+      EXPECT_EQ(season.games[outing.game].id, outing.id);
+      ++seen;
+    }
+    EXPECT_EQ(seen, int(courses.at(team).size()));
+  }
+  // Fifteen at-bats of one man in one game qualify nobody whose team has played more.
+  std::vector<double> averages;
+  for (const SeasonMan& man : season.men) {
+    const Row sum = Sum(man.name, season.teams[man.team].name);
+    averages.push_back(double(sum.hits) / sum.atBats);
+  }
+  std::ranges::sort(averages, std::greater{});
+  const auto leaders = Leaders(season, SeasonLead::Average, true);
+  ASSERT_EQ(leaders.size(), kMostLeaders);
+  for (std::size_t i = 0; i < leaders.size(); ++i) EXPECT_EQ(leaders[i].value, averages[i]);
+  Execute("DELETE FROM Batting WHERE rowid > 3");
+  const SeasonFigures few = ReadSeason(ports.database);
+  EXPECT_EQ(Leaders(few, SeasonLead::Average, true).size(), 0U);
+  EXPECT_EQ(Leaders(few, SeasonLead::Average, false).size(), 3U);
+}
+
+TEST_F(SeasonTest, PagesAreValidAndTheirLinksLead) {
+  Play(12);
+  WriteSeasonPages(browser);
+  WriteSeasonPages(browser);
+  EXPECT_EQ(Reports(), (Strings{"Season 2026-11-18", "Season 2026-11-18 (2)"}));
+  EXPECT_EQ(desk.opened.at(0), Report("Season 2026-11-18/index.html"));
+  EXPECT_NE(desk.told.at(0).find(Report("Season 2026-11-18")), std::string::npos);
+  const Strings page = Lines("read_pages.py", Report("Season 2026-11-18"));
+  const std::set<std::string> lines(page.begin(), page.end());
+  EXPECT_TRUE(lines.contains(
+      "pages " + std::to_string(1 + 5 + 15 + 12 + MonthMarks(ReadSeason(ports.database)).size())))
+      << page.front();
+  // Each game's page has both lines of the score and all men.
+  for (const Game& game : games) {
+    for (std::size_t side = 0; side < 2; ++side) {
+      const std::string runs = std::to_string(game.runs.at(side));
+      const std::string team = game.teams.at(side) == kHard ? "hard" : game.teams.at(side);
+      EXPECT_TRUE(lines.contains("line " + game.id + "|" + team + "|" + runs)) << game.id;
+    }
+  }
+  const SeasonFigures season = ReadSeason(ports.database);
+  for (const Standing& standing : Standings(season)) {
+    const SeasonTeam& team = season.teams[standing.team];
+    EXPECT_TRUE(lines.contains("standing " + (team.name == kHard ? "hard" : team.name) + "|" +
+                               std::to_string(team.wins) + "|" + std::to_string(team.losses)))
+        << team.name;
+  }
+}
+
+TEST_F(SeasonTest, WholeOrNotAtAll) {
+  WriteSeasonPages(browser);
+  EXPECT_EQ(Reports(), Strings{});
+  ASSERT_EQ(desk.told.size(), 1U);
+  EXPECT_NE(desk.told[0].find("No game is saved yet"), std::string::npos) << desk.told[0];
+  Play(2);
+  int steps = 0;
+  WriteSeasonPages(browser, [&steps](double /*share*/) { return ++steps > 0; });
+  const Strings written = Reports();
+  for (int cancelled = 1; cancelled < steps; ++cancelled) {
+    int step = 0;
+    WriteSeasonPages(browser, [&](double /*share*/) { return ++step < cancelled; });
+    EXPECT_EQ(Reports(), written) << cancelled;
+  }
+  std::filesystem::remove_all(folder / "Game Rpts");
+  std::ofstream(folder / "Game Rpts") << "in the way";
+  WriteSeasonPages(browser);
+  EXPECT_NE(desk.told.back().find("No season pages were written"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace dtb

@@ -1,23 +1,40 @@
 #include "browser/opening.h"
 
 #include <algorithm>
+#include <array>
 #include <exception>
 #include <utility>
 
 #include "browser/bracket.h"
 #include "browser/grid_format.h"
+#include "browser/lost_database.h"
 
 namespace dtb {
+namespace {
 
-Opening::Opening(Browser& browser)
-    : browser_(browser),
-      tables_{{Query::Command4, browser_tab::kLineScores},
-              {Query::Command5, browser_tab::kBattingByGame},
-              {Query::Command2, browser_tab::kPitchingByGame},
-              {Query::Command6, browser_tab::kAggregateBatting},
-              {Query::Command14, browser_tab::kAggregatePitching},
-              {Query::Command30, browser_tab::kWinLoss},
-              {Query::Command34, browser_tab::kWinLoss}} {
+constexpr std::array kTables{
+    std::pair{Query::Command4, browser_tab::kLineScores},
+    std::pair{Query::Command5, browser_tab::kBattingByGame},
+    std::pair{Query::Command2, browser_tab::kPitchingByGame},
+    std::pair{Query::Command6, browser_tab::kAggregateBatting},
+    std::pair{Query::Command14, browser_tab::kAggregatePitching},
+    std::pair{Query::Command30, browser_tab::kWinLoss},
+    std::pair{Query::Command34, browser_tab::kWinLoss},
+};
+
+void ShowTable(Browser& browser, Query query, StatGrid contents) {
+  // Blue until the next query.
+  if (query == Query::Command4 && contents.columns() > line_score_column::kGameID) {
+    contents.SetColumnInk(line_score_column::kGameID, kClickableBlue);
+  }
+  const auto place = static_cast<std::size_t>(query);
+  ShowGrid(browser.state.*QueryButtons()[place].grid, std::move(contents));
+}
+
+}  // namespace
+
+Opening::Opening(Browser& browser) : browser_(browser) {
+  for (const auto& [query, tab] : kTables) tables_.push_back({query, tab});
   browser.state.SSTab1.Set(browser_tab::kLineScores);
   RestoreBracket(browser);
 }
@@ -62,11 +79,13 @@ void Opening::Read(Table& table) {
   std::optional<StatGrid> contents;
   std::string fault;
   bool outOfReach = false;
+  bool lost = false;
   try {
     contents = ReadQuery(browser_.platform.database, table.query, {}, stop_.get_token());
   } catch (const DatabaseOutOfReach& failure) {
     fault = failure.what();
     outOfReach = true;
+    lost = IsLost(failure);
   } catch (const std::exception& failure) {
     fault = failure.what();
   }
@@ -76,6 +95,7 @@ void Opening::Read(Table& table) {
   table.state = Table::State::Ready;
   if (outOfReach) {
     outOfReach_ = table.fault;
+    lost_ = lost;
     for (Table& other : tables_) {
       if (other.state == Table::State::Waits) other.state = Table::State::Ready;
     }
@@ -91,12 +111,7 @@ void Opening::Show() {
       table.state = Table::State::Finished;
     }
     if (!table.contents) continue;
-    // Blue until the next query.
-    if (table.query == Query::Command4 && table.contents->columns() > line_score_column::kGameID) {
-      table.contents->SetColumnInk(line_score_column::kGameID, kClickableBlue);
-    }
-    const auto place = static_cast<std::size_t>(table.query);
-    ShowGrid(browser_.state.*QueryButtons()[place].grid, std::move(*table.contents));
+    ShowTable(browser_, table.query, std::move(*table.contents));
     table.contents.reset();
   }
 }
@@ -142,6 +157,10 @@ bool Opening::FinishedAll() const {
 void Opening::TellFaults() {
   if (told_ || !FinishedAll()) return;
   told_ = true;
+  if (lost_) {
+    if (OfferAnotherDatabase(browser_.platform, outOfReach_, kBrowserTitle)) ReadAgain(browser_);
+    return;
+  }
   std::string faults = outOfReach_;
   if (faults.empty()) {
     for (const Table& table : tables_) {
@@ -156,6 +175,16 @@ void OpenBrowser(Browser& browser) {
   Opening opening(browser);
   opening.FinishAll();
   opening.TellFaults();
+}
+
+void ReadAgain(Browser& browser) {
+  try {
+    for (const auto& [query, tab] : kTables) {
+      ShowTable(browser, query, ReadQuery(browser.platform.database, query, {}));
+    }
+  } catch (const ProgramError& failure) {
+    TellQueryFailure(browser, failure.what());
+  }
 }
 
 }  // namespace dtb

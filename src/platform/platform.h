@@ -191,6 +191,7 @@ class Clock {
 
 class Archives;
 class Database;
+class DatabaseCopies;
 class Workbooks;
 
 struct Platform {
@@ -201,6 +202,7 @@ struct Platform {
   SettingsStore& settings;
   Pages& pages;
   Database& database;
+  DatabaseCopies& copies;
   Workbooks& workbooks;
   SpreadsheetProgram& spreadsheets;
   Clipboard& clipboard;

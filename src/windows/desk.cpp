@@ -11,6 +11,7 @@
 
 #include "aids/ballparks.h"
 #include "aids/charts.h"
+#include "aids/quick_boxes.h"
 #include "aids/recovery.h"
 #include "game/start_up.h"
 #include "platform/qt/qt_text.h"
@@ -87,12 +88,14 @@ Desk::Desk(const Setup& setup)
   StartUp(board_);
   SetUpBallparks(aids_);
   ReadChartNames(aids_);
+  ReadQuickBoxes(aids_);
   if (setup.recovery) {
     recovery_ = std::make_unique<QtRecoveryStore>(settings_.FileBeside("DTB_v102.game"));
     history_.Observe([this] { KeepGame(); });
   }
   form1_ = std::make_unique<Form1>(board_, aids_, pictures_);
   boxes_.SetMainWindow(form1_.get());
+  boxes_.SetQuick(aidsState_.cb_QuickBoxes);
   if (recovery_ && recovery_->mine()) {
     form1_->AddTakeUp([this] { TakeUpSetAside(board_, aids_, *recovery_); });
   }

@@ -71,6 +71,17 @@ void FaceDie::paintEvent(QPaintEvent* /*event*/) {
   }
 }
 
+FaceDie* MakeFaceDie(AidsState& state, std::size_t die, QWidget* parent) {
+  const FaceDieKind& kind = kFaceDiceSet.at(die);
+  Field<int>& face = state.faces.at(die);
+  auto* shown = new FaceDie(face, kind.colour, kind.pips, parent);
+  Follow<int>(shown, face, [shown, &kind](int value) {
+    Name(shown, kind.name, QStringLiteral("%1: %2").arg(QLatin1String(kind.word)).arg(value));
+    shown->update();
+  });
+  return shown;
+}
+
 NumberPlate::NumberPlate(Colour ground, Colour figures, QWidget* parent)
     : QLabel(parent), ground_(Shade(ground)) {
   setAlignment(Qt::AlignCenter);
@@ -94,30 +105,12 @@ FaceDicePanel::FaceDicePanel(Aids& aids, Scene& scene, QWidget* parent)
   setToolTip(QStringLiteral("CTRL + Left Click to drag dice roller"));
   SetFill(kBoxGrey);
   scene.Put(this, kFacePanel);
-  struct Die {
-    const char* name;
-    const char* word;
-    QColor colour;
-    QColor pips;
-    double left;
-    double top;
-  };
   constexpr double kSecond = kMargin + kFaceDieSize + kGap;
-  // In the order in which they are drawn.
-  const std::array<Die, kFaceDice> dice{{
-      {"Image100", "Red die", QColor(255, 0, 0), Qt::white, kMargin, kSecond},
-      {"Image200", "Green die", QColor(0, 127, 1), Qt::white, kSecond, kMargin},
-      {"Image300", "White die", QColor(231, 231, 231), Qt::black, kMargin, kMargin},
-  }};
-  for (std::size_t i = 0; i < dice.size(); ++i) {
-    const Die& die = dice[i];
-    Field<int>& face = aids.state.faces[i];
-    auto* shown = new FaceDie(face, die.colour, die.pips, this);
-    scene.Put(shown, {die.left, die.top, kFaceDieSize, kFaceDieSize});
-    Follow<int>(shown, face, [shown, die](int value) {
-      Name(shown, die.name, QStringLiteral("%1: %2").arg(QLatin1String(die.word)).arg(value));
-      shown->update();
-    });
+  constexpr std::array<QPointF, kFaceDice> places{
+      {{kMargin, kSecond}, {kSecond, kMargin}, {kMargin, kMargin}}};
+  for (std::size_t die = 0; die < places.size(); ++die) {
+    scene.Put(MakeFaceDie(aids.state, die, this),
+              {places[die].x(), places[die].y(), kFaceDieSize, kFaceDieSize});
   }
   auto* twenty = new NumberPlate({255, 255, 0}, {0, 0, 0}, this);
   Name(twenty, "lbl_20die", QStringLiteral("Twenty-sided die"));

@@ -27,10 +27,11 @@ constexpr Place kFrame6{778, 12, 84, 120};
 constexpr Place kFrame1{340, 12, 632, 140};
 
 constexpr double kHeaderHeight = 24;
-constexpr double kCellWidth = 36;
-constexpr double kCellPitch = 40;
+constexpr double kTeamWidth = 184;  // 24 letters
+constexpr double kCellWidth = 34;
+constexpr double kCellPitch = 37;
 constexpr double kCellHeight = 44;
-constexpr double kFirstInningLeft = 214;
+constexpr double kFirstInningLeft = 244;
 constexpr double kFirstTotalLeft = 622;
 constexpr double kTotalWidth = 40;
 constexpr double kTotalPitch = 44;
@@ -111,8 +112,9 @@ void Scoreboard::BuildTeams(QWidget* frame, QtPictures& pictures) {
          QLatin1String(NamesOf(side).word) + QStringLiteral(" team name"));
     team->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     team->setTextMargins(4, 0, 4, 0);
-    team->SetTextFits();
-    scene_.Put(team, {52, RowTop(side), 154, kCellHeight}, kLarge, true);
+    scene_.Put(team, {52, RowTop(side), kTeamWidth, kCellHeight}, kLarge, true);
+    if (side == Side::Home)
+      team->SetTextFits(frame->findChild<FigureField*>(NamesOf(Side::Visitors).team));
     BindGameText(team, fields.team, board_, "team name");
     connect(team, &QLineEdit::textChanged, team, [team](const QString& text) {
       team->setToolTip(text.left(200));
@@ -135,6 +137,16 @@ void Scoreboard::AddScoreCell(QWidget* frame, Side side, int cell, const Place& 
   BindGameText(field, score.text, board_, "line score");
   Follow<Colour>(field, score.colour,
                  [field](const Colour& colour) { field->SetGround(Shade(colour), kInk); });
+  if (cell < kInnings) {
+    FollowAll(
+        field,
+        [this, field, side, cell] {
+          const bool now = InProgress(side, cell);
+          field->SetMark(now);
+          field->setAccessibleDescription(now ? QStringLiteral("being played") : QString());
+        },
+        board_.state.tb_OutsCount, board_.state.Option5, board_.state.Option6);
+  }
   connect(field, &FigureField::focused, this,
           [this, side, cell] { FocusScoreCell(board_, side, cell); });
   connect(field, &FigureField::marked, this,
@@ -146,6 +158,12 @@ void Scoreboard::AddScoreCell(QWidget* frame, Side side, int cell, const Place& 
   connect(field, &QLineEdit::textChanged, field, [this, field] {
     if (field->hasFocus() && !field->isModified() && CaretAtStart(board_.state)) field->selectAll();
   });
+}
+
+bool Scoreboard::InProgress(Side side, int inning) const {
+  const int half = HalfInProgress(board_.state);
+  if (!SideAtBat(board_.state) || half >= kHalves) return false;
+  return half == 2 * inning + (side == Side::Home ? 1 : 0);
 }
 
 void Scoreboard::AddDigit(QWidget* frame, int digit, const Place& place) {
@@ -223,7 +241,7 @@ void Scoreboard::BuildCommands() {
 
 void Scoreboard::BuildCharts() {
   const auto addLabel = [this](const char* name, const QString& caption, const Place& place) {
-    auto* label = new ClickLabel(caption, {QColor(224, 224, 224), Qt::white, kInk}, this);
+    auto* label = new ClickLabel(caption, {kButtonGrey, Qt::white, kInk}, this);
     Name(label, name, caption);
     label->setCursor(Qt::PointingHandCursor);
     label->SetRestsAfterRelease();

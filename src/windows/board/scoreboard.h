@@ -32,6 +32,8 @@ class Scoreboard : public DraggablePanel {
   void BuildCharts();
   void BuildExtraInnings();
   void AddScoreCell(QWidget* frame, Side side, int cell, const Place& place);
+  // That half-inning is being played.
+  [[nodiscard]] bool InProgress(Side side, int inning) const;
   void AddDigit(QWidget* frame, int digit, const Place& place);
 
   Board& board_;

@@ -5,6 +5,8 @@
 #include <QScopedValueRollback>
 #include <QStyleOption>
 
+#include "platform/qt/qt_text.h"
+#include "teams/player_name.h"
 #include "windows/shared/look.h"
 
 namespace dtb {
@@ -194,23 +196,39 @@ void FigureField::SetGround(const QColor& ground, const QColor& figures) {
   setPalette(palette);
 }
 
-void FigureField::SetTextFits() {
-  textFits_ = true;
-  connect(this, &QLineEdit::textChanged, this, [this] { FitText(); });
+void FigureField::SetMark(bool on) {
+  if (mark_ == on) return;
+  mark_ = on;
+  update();
 }
 
-void FigureField::FitText() {
-  if (!textFits_ || fullSize_ <= 0 || fitting_) return;
-  const QScopedValueRollback fitting(fitting_, true);
+void FigureField::SetTextFits(FigureField* partner) {
+  partner_ = partner;
+  partner->partner_ = this;
+  for (FigureField* field : {this, partner}) {
+    connect(field, &QLineEdit::textChanged, field, [field] { field->FitText(); });
+  }
+}
+
+bool FigureField::Fits(const QFont& font) const {
   const QMargins margins = textMargins();
   constexpr int kCaret = 6;  // what the toolkit keeps free beside the text
   const int room = width() - margins.left() - margins.right() - kCaret;
+  return QFontMetrics(font).horizontalAdvance(text()) <= room;
+}
+
+void FigureField::FitText() {
+  if (partner_ == nullptr || fullSize_ <= 0 || fitting_) return;
+  const QScopedValueRollback fitting(fitting_, true);
+  const QScopedValueRollback partnersFitting(partner_->fitting_, true);
   QFont fitted = font();
   for (const double size : {kLarge, kBody, kSmall, kTiny}) {
     fitted.setPixelSize(std::max(7, qRound(fullSize_ * size / kLarge)));
-    if (QFontMetrics(fitted).horizontalAdvance(text()) <= room) break;
+    if (Fits(fitted) && partner_->Fits(fitted)) break;
   }
-  if (fitted != font()) setFont(fitted);
+  for (FigureField* field : {this, partner_}) {
+    if (fitted != field->font()) field->setFont(fitted);
+  }
 }
 
 void FigureField::resizeEvent(QResizeEvent* event) {
@@ -232,6 +250,11 @@ void FigureField::paintEvent(QPaintEvent* event) {
     if (hasFocus()) DrawFocus(painter, rect(), 4);
   }
   QLineEdit::paintEvent(event);
+  if (!mark_) return;
+  QPainter painter(this);
+  const int bar = std::max(3, height() / 10);
+  DrawPlate(painter, QRectF(3, height() - bar - 2, width() - 6, bar), kMarkGreen, Qt::transparent,
+            0, bar / 2.0);
 }
 
 void FigureField::focusInEvent(QFocusEvent* event) {
@@ -290,6 +313,37 @@ void FigureField::keyPressEvent(QKeyEvent* event) {
   }
   QLineEdit::keyPressEvent(event);
   TellCaret();
+}
+
+NameLabel::NameLabel(QWidget* parent, Qt::Alignment alignment) : QLabel(parent) {
+  setAlignment(alignment);
+  setTextFormat(Qt::PlainText);
+}
+
+void NameLabel::SetName(const QString& lead, const QString& name) {
+  constexpr int kLongest = 400;  // letters; no screen shows more
+  lead_ = lead;
+  name_ = name.left(kLongest);
+  FitName();
+}
+
+void NameLabel::FitName() {
+  constexpr int kRim = 4;
+  const QFontMetrics metrics = fontMetrics();
+  const int room = std::max(0, width() - kRim - metrics.horizontalAdvance(lead_));
+  const bool fits = metrics.horizontalAdvance(name_) <= room;
+  const QString shown = fits ? name_ : ToQt(LastNameOf(FromQt(name_)));
+  setText(lead_ + metrics.elidedText(shown, Qt::ElideRight, room));
+}
+
+void NameLabel::resizeEvent(QResizeEvent* event) {
+  QLabel::resizeEvent(event);
+  FitName();
+}
+
+void NameLabel::changeEvent(QEvent* event) {
+  QLabel::changeEvent(event);
+  if (event->type() == QEvent::FontChange) FitName();
 }
 
 QLabel* MakeCaption(const QString& text, QWidget* parent, Qt::Alignment alignment) {

@@ -107,8 +107,11 @@ class FigureField : public QLineEdit {
  public:
   explicit FigureField(QWidget* parent);
   void SetGround(const QColor& ground, const QColor& figures);
-  // A text too long for the field is set in the next smaller type of the look that fits.
-  void SetTextFits();
+  // A marked field has a bar at its foot.
+  void SetMark(bool on);
+  // Texts too long for either of two fields are set in the next smaller type of the look that fits
+  // both, so that they always have one size.
+  void SetTextFits(FigureField* partner);
 
  signals:
   void focused();
@@ -130,12 +133,32 @@ class FigureField : public QLineEdit {
 
  private:
   void FitText();
+  [[nodiscard]] bool Fits(const QFont& font) const;
   void TellCaret();
 
+  bool mark_ = false;
   bool firstPress_ = false;
-  bool textFits_ = false;
+  FigureField* partner_ = nullptr;  // of one type size; none: the text need not fit
   bool fitting_ = false;
   int fullSize_ = 0;  // of the type, in pixels, before it was made to fit
+};
+
+// A name on slate, behind a word or none. Where it has no room the last name stands for it.
+class NameLabel : public QLabel {
+  Q_OBJECT
+ public:
+  explicit NameLabel(QWidget* parent, Qt::Alignment alignment);
+  void SetName(const QString& lead, const QString& name);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void FitName();
+
+  QString lead_;
+  QString name_;
 };
 
 // A caption on slate.

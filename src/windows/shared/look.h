@@ -21,11 +21,13 @@ inline constexpr QColor kEdgeBright{116, 146, 129};
 inline constexpr QColor kCream{243, 233, 210};
 inline constexpr QColor kCreamDim{176, 178, 160};
 inline constexpr QColor kInk{28, 32, 30};
-inline constexpr QColor kAccent{255, 200, 60};  // scoreboard yellow: focus, current batter
+inline constexpr QColor kMarkGreen{16, 122, 68};  // on light grounds: what goes on now
+inline constexpr QColor kAccent{255, 200, 60};    // scoreboard yellow: focus, current batter
 
 // Colours that the system fixes.
-inline constexpr QColor kBoxGrey{64, 64, 64};       // message box, game piece, base tracker
-inline constexpr QColor kPlateGrey{128, 128, 128};  // name plate, visitors' title on the sheet
+inline constexpr QColor kBoxGrey{64, 64, 64};        // message box, game piece, base tracker
+inline constexpr QColor kPlateGrey{128, 128, 128};   // name plate, visitors' title on the sheet
+inline constexpr QColor kButtonGrey{224, 224, 224};  // face of a label that is clicked
 inline constexpr QColor kOutsRed{255, 0, 0};
 
 // Type sizes at the scene's reference size; no others are used.

@@ -97,7 +97,7 @@ std::string DamagedName(const LocalTime& time) {
 std::optional<std::string> TimeOfCopy(const std::string& name) {
   const std::string_view stamp = StampIn(name);
   if (stamp.empty()) return std::nullopt;
-  std::string text(stamp);
+  std::string text(Stem(name).substr(kHead.size()));
   std::replace(text.begin() + kDayEnd, text.end(), '-', ':');
   return text;
 }
@@ -158,7 +158,7 @@ std::optional<std::string> CopyBeforeLoss(Platform& platform, const std::string&
   }
   if (name.empty()) return std::string();
   return std::string("\n\n\"").append(kBringBack) +
-         "\" on the tab \"Linescores\" gets it back from the copy of " +
+         "\" on the tab \"Linescores\" gets it back, from the copy of " +
          TimeOfCopy(name).value_or(name) + ".";
 }
 

@@ -20,7 +20,7 @@ inline constexpr const char* kBringBack = "Bring back a copy...";
 // "DTB damaged 2026-11-18 10-44-13.mdb": what a damaged database is called from then on.
 [[nodiscard]] std::string DamagedName(const LocalTime& time);
 
-// "2026-11-18 10:44:13"; nothing for a name that is not a copy's.
+// "2026-11-18 10:44:13", also with " (2)"; nothing for a name that is not a copy's.
 [[nodiscard]] std::optional<std::string> TimeOfCopy(const std::string& name);
 
 // The names of all copies, the newest first. Other files of the folder are no copies.

@@ -7,10 +7,13 @@
 
 #include "browser/box_score.h"
 #include "browser/bracket.h"
+#include "browser/copies.h"
 #include "browser/deletes.h"
 #include "browser/exports.h"
+#include "browser/game_out.h"
 #include "browser/grid_format.h"
 #include "sheet/workbook_export.h"
+#include "windows/browser/copies_form.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"
@@ -148,6 +151,7 @@ void Form4::Settle() {
   ShowTables();
   if (!opening_.FinishedAll()) return;
   opening_.TellFaults();
+  FindGameSavedTwice(browser_);
   settled_ = true;
 }
 
@@ -228,8 +232,11 @@ StatGridView* Form4::AddGrid(const char* name, const char* accessibleName, GridF
 
 void Form4::BuildLineScores() {
   QVBoxLayout* page = AddTab("Linescores");
-  AddSearches(AddStrip(page),
+  QHBoxLayout* searches = AddStrip(page);
+  AddSearches(searches,
               {{Query::Command11, "Text9", kGameHint}, {Query::Command4, nullptr, nullptr}});
+  QPushButton* out = AddButton(searches, "cmd_TakeOut", "Take out this game");
+  out->setToolTip(QStringLiteral("Takes the chosen game out of the database (Delete)"));
   StatGridView* grid = AddGrid("MSHFlexGrid1", "Line scores", &BrowserState::MSHFlexGrid1, kSmall);
   grid->StretchAllColumns();
   page->addWidget(grid);
@@ -238,6 +245,12 @@ void Form4::BuildLineScores() {
     const BusyPointer busy;
     SelectGameID(browser_, row, column);
   });
+  const auto takeOut = [this, grid] {
+    WithAll([&] { TakeOutGame(browser_, ChosenGameID(state_, grid->currentRow())); });
+  };
+  connect(out, &QPushButton::clicked, this, takeOut);
+  connect(grid, &StatGridView::clearWanted, this, takeOut);
+  BuildSavedTwice(page);
 
   QHBoxLayout* strip = AddStrip(page);
   connect(AddButton(strip, "Command15", "Send Access DB to Excel"), &QPushButton::clicked, this,
@@ -245,10 +258,39 @@ void Form4::BuildLineScores() {
   connect(AddButton(strip, "Command16", "Send all DataGrids to Excel"), &QPushButton::clicked, this,
           [this] { SendGridsToExcel(); });
   strip->addStretch();
+  connect(AddButton(strip, "cmd_BringBack", kBringBack), &QPushButton::clicked, this,
+          [this] { BringBack(); });
+  strip->addSpacing(16);
   QPushButton* purge = AddButton(strip, "cmd_Purge", "PURGE ALL STATS");
   Tint(purge, kPurgeRed, Qt::black);
   typed_.push_back({purge, kBody, true});
   connect(purge, &QPushButton::clicked, this, [this] { WithAll([this] { PurgeAll(browser_); }); });
+}
+
+// A quiet line, as long as a game stands twice among the line scores.
+void Form4::BuildSavedTwice(QVBoxLayout* page) {
+  QHBoxLayout* strip = AddStrip(page);
+  QLabel* twice = MakeCaption({}, nullptr);
+  Name(twice, "lbl_Twice");
+  strip->addWidget(twice);
+  QPushButton* out = AddButton(strip, "cmd_TakeOutSecond", "Take out the second");
+  strip->addStretch();
+  connect(out, &QPushButton::clicked, this,
+          [this] { WithAll([this] { TakeOutGame(browser_, state_.savedAgain); }); });
+  Follow<std::string>(twice, state_.lbl_Twice, [twice, out](const std::string& words) {
+    twice->setText(ToQt(words));
+    twice->setAccessibleName(ToQt(words));
+    twice->setVisible(!words.empty());
+    out->setVisible(!words.empty());
+  });
+}
+
+void Form4::BringBack() {
+  WithAll([] {});
+  if (!CopiesForm::Run(browser_.platform, this)) return;
+  const BusyPointer busy;
+  ReadAgain(browser_);
+  FindGameSavedTwice(browser_);
 }
 
 void Form4::SendTablesToExcel() {

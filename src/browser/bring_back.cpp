@@ -87,6 +87,10 @@ void ShowChanges(CopiesState& state, const Games& back, const Games& gone) {
     for (const SavedGame& game : *games) rows.push_back({word, ScoreText(game), game.id});
   }
   state.grd_Changes.Replace(ContentsOf({"Change", "Game", "GameID"}, rows));
+  constexpr int kWordWidth = 1200;
+  constexpr int kGameIDWidth = 1600;
+  state.grd_Changes.SetColumnWidth(1, kWordWidth);
+  state.grd_Changes.SetColumnWidth(3, kGameIDWidth);
 }
 
 const std::string& SelectedName(const CopiesState& state) {

@@ -66,7 +66,7 @@ class BrowserWindowTest : public BrowserFormTest {
 };
 
 TEST_F(BrowserWindowTest, MissingDatabaseIsToldOnceAndTheFormIsUsable) {
-  const auto messages = AnswerBoxes({Qt::Key_Return, Qt::Key_Return});
+  const auto messages = AnswerBoxes({Qt::Key_Escape, Qt::Key_Return});
   Open([&] {
     EXPECT_EQ(messages->size(), 1);
     EXPECT_FALSE(Part("MSHFlexGrid1")->isVisible());

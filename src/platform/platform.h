@@ -49,7 +49,8 @@ class MessageBoxes {
 struct OpenFileRequest {
   std::string title;
   std::filesystem::path folder;
-  std::string filter;  // "Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*": caption and patterns in turn
+  std::string filter;     // "Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*": caption and patterns in turn
+  bool pictures = false;  // the person sees each before it is chosen
 };
 
 struct SaveFileRequest {

@@ -56,6 +56,7 @@ class Desk {
 
  private:
   void KeepGame();
+  void ServeLog();
 
   QtFileDialogs ownDialogs_;
   QtPages ownPages_;

@@ -10,7 +10,8 @@ namespace {
 
 using namespace look;
 
-// Places in layout units; both stand clear of the diamond and of the other panels.
+// Places in layout units. Both lie over the outfield, under the scoreboard: clear of the bases, the
+// game pieces and the other panels.
 constexpr double kMargin = 12;
 constexpr double kGap = 8;
 constexpr double kFaceDieSize = 64;
@@ -18,10 +19,10 @@ constexpr double kNumberDieSize = 56;
 constexpr double kRollHeight = 36;
 constexpr double kFacePanelWidth = 2 * kMargin + 2 * kFaceDieSize + kGap;
 constexpr double kFacePanelHeight = kFacePanelWidth + kGap + kRollHeight;
-constexpr Place kFacePanel{1179, 532, kFacePanelWidth, kFacePanelHeight};
+constexpr Place kFacePanel{344, 208, kFacePanelWidth, kFacePanelHeight};
 constexpr double kNumberPanelWidth = 2 * kMargin + 4 * kNumberDieSize + 3 * kGap;
 constexpr double kNumberPanelHeight = 2 * kMargin + 2 * kNumberDieSize + 2 * kGap + kRollHeight;
-constexpr Place kNumberPanel{428, 720, kNumberPanelWidth, kNumberPanelHeight};
+constexpr Place kNumberPanel{1335 - kNumberPanelWidth, 208, kNumberPanelWidth, kNumberPanelHeight};
 
 // A timer that runs while the field is on.
 void RunWhile(QTimer& timer, const char* name, int interval, QWidget* panel, Field<bool>& running) {
@@ -41,6 +42,7 @@ void RunWhile(QTimer& timer, const char* name, int interval, QWidget* panel, Fie
 QPushButton* AddRoll(const char* name, const QString& word, QWidget* panel) {
   auto* roll = new QPushButton(QStringLiteral("ROLL"), panel);
   Name(roll, name, word);
+  roll->setToolTip(QStringLiteral("Rolls these dice; the key X does so too"));
   return roll;
 }
 

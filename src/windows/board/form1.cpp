@@ -142,6 +142,7 @@ void Form1::BuildScene() {
     // A click leaves the focus where it is, so that a later Enter presses nothing by surprise.
     button->setFocusPolicy(Qt::TabFocus);
   }
+  connect(scoreboard_, &Scoreboard::keysWanted, this, [this] { keys_->ShowPlate(true); });
   connect(keys_, &PlayKeys::chartsWanted, this, [this] { ViewCharts(aids_.state.lastChart); });
   connect(keys_, &PlayKeys::diceWanted, this, [this] { RollDice(aids_); });
   connect(keys_, &PlayKeys::listWanted, this, [this](int key) {

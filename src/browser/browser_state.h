@@ -38,8 +38,10 @@ struct BrowserState {
   Field<int> SSTab1{browser_tab::kLineScores};
 
   // "Linescores"
-  BrowserGrid MSHFlexGrid1;  // two rows a game
-  Field<std::string> Text9;  // GameID, or a part of it
+  BrowserGrid MSHFlexGrid1;      // two rows a game
+  Field<std::string> Text9;      // GameID, or a part of it
+  Field<std::string> lbl_Twice;  // which game stands there twice; "" for none
+  std::string savedAgain;        // the GameID under which it was saved the second time
 
   // "Batting by game"
   BrowserGrid MSHFlexGrid2;

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "browser/copies.h"
 #include "platform/database.h"
 #include "sheet/saved_tables.h"
 #include "sheet/text_order.h"
@@ -14,15 +15,17 @@ void DeleteAfterQuestion(Browser& browser, const std::string& question,
                          const std::vector<Statement>& statements, const std::string& completion) {
   MessageBoxes& boxes = browser.platform.boxes;
   if (!boxes.Ask({question, kBrowserTitle})) return;
+  const auto wayBack = CopyBeforeLoss(browser.platform, kBrowserTitle);
+  if (!wayBack) return;
   std::string faults;
   for (const std::string& fault : browser.platform.database.Delete(statements)) {
     faults += "\n\n" + fault;
   }
   if (!faults.empty()) {
-    return boxes.Show("Not everything could be deleted." + faults, BoxIcon::Exclamation,
+    return boxes.Show("Not everything could be deleted." + faults + *wayBack, BoxIcon::Exclamation,
                       kBrowserTitle);
   }
-  boxes.Show(completion, BoxIcon::Information, kBrowserTitle);
+  boxes.Show(completion + *wayBack, BoxIcon::Information, kBrowserTitle);
 }
 
 }  // namespace

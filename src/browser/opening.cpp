@@ -1,24 +1,46 @@
 #include "browser/opening.h"
 
 #include <algorithm>
+#include <array>
 #include <exception>
 #include <utility>
 
 #include "browser/bracket.h"
 #include "browser/grid_format.h"
+#include "browser/lost_database.h"
 
 namespace dtb {
+namespace {
 
-Opening::Opening(Browser& browser)
-    : browser_(browser),
-      tables_{{Query::Command4, browser_tab::kLineScores},
-              {Query::Command5, browser_tab::kBattingByGame},
-              {Query::Command2, browser_tab::kPitchingByGame},
-              {Query::Command6, browser_tab::kAggregateBatting},
-              {Query::Command14, browser_tab::kAggregatePitching},
-              {Query::Command30, browser_tab::kWinLoss},
-              {Query::Command34, browser_tab::kWinLoss},
-              {std::nullopt, browser_tab::kSeason}} {
+struct Part {
+  std::optional<Query> query;  // none: the season
+  int tab;
+};
+
+constexpr std::array kParts{
+    Part{Query::Command4, browser_tab::kLineScores},
+    Part{Query::Command5, browser_tab::kBattingByGame},
+    Part{Query::Command2, browser_tab::kPitchingByGame},
+    Part{Query::Command6, browser_tab::kAggregateBatting},
+    Part{Query::Command14, browser_tab::kAggregatePitching},
+    Part{Query::Command30, browser_tab::kWinLoss},
+    Part{Query::Command34, browser_tab::kWinLoss},
+    Part{std::nullopt, browser_tab::kSeason},
+};
+
+void ShowTable(Browser& browser, Query query, StatGrid contents) {
+  // Blue until the next query.
+  if (query == Query::Command4 && contents.columns() > line_score_column::kGameID) {
+    contents.SetColumnInk(line_score_column::kGameID, kClickableBlue);
+  }
+  const auto place = static_cast<std::size_t>(query);
+  ShowGrid(browser.state.*QueryButtons()[place].grid, std::move(contents));
+}
+
+}  // namespace
+
+Opening::Opening(Browser& browser) : browser_(browser) {
+  for (const auto& [query, tab] : kParts) tables_.push_back({query, tab});
   browser.state.SSTab1.Set(browser_tab::kLineScores);
   RestoreBracket(browser);
 }
@@ -64,6 +86,7 @@ void Opening::Read(Table& table) {
   std::shared_ptr<const SeasonFigures> season;
   std::string fault;
   bool outOfReach = false;
+  bool lost = false;
   try {
     Database& database = browser_.platform.database;
     if (table.query) {
@@ -74,6 +97,7 @@ void Opening::Read(Table& table) {
   } catch (const DatabaseOutOfReach& failure) {
     fault = failure.what();
     outOfReach = true;
+    lost = IsLost(failure);
   } catch (const std::exception& failure) {
     fault = failure.what();
   }
@@ -84,6 +108,7 @@ void Opening::Read(Table& table) {
   table.state = Table::State::Ready;
   if (outOfReach) {
     outOfReach_ = table.fault;
+    lost_ = lost;
     for (Table& other : tables_) {
       if (other.state == Table::State::Waits) other.state = Table::State::Ready;
     }
@@ -105,12 +130,7 @@ void Opening::Show() {
 void Opening::ShowTable(Table& table) {
   if (table.season) browser_.state.season.Set(std::move(table.season));
   if (!table.contents) return;
-  // Blue until the next query.
-  if (table.query == Query::Command4 && table.contents->columns() > line_score_column::kGameID) {
-    table.contents->SetColumnInk(line_score_column::kGameID, kClickableBlue);
-  }
-  const auto place = static_cast<std::size_t>(*table.query);
-  ShowGrid(browser_.state.*QueryButtons()[place].grid, std::move(*table.contents));
+  dtb::ShowTable(browser_, *table.query, std::move(*table.contents));
   table.contents.reset();
 }
 
@@ -155,6 +175,10 @@ bool Opening::FinishedAll() const {
 void Opening::TellFaults() {
   if (told_ || !FinishedAll()) return;
   told_ = true;
+  if (lost_) {
+    if (OfferAnotherDatabase(browser_.platform, outOfReach_, kBrowserTitle)) ReadAgain(browser_);
+    return;
+  }
   std::string faults = outOfReach_;
   if (faults.empty()) {
     for (const Table& table : tables_) {
@@ -169,6 +193,18 @@ void OpenBrowser(Browser& browser) {
   Opening opening(browser);
   opening.FinishAll();
   opening.TellFaults();
+}
+
+void ReadAgain(Browser& browser) {
+  try {
+    for (const auto& [query, tab] : kParts) {
+      if (query) ShowTable(browser, *query, ReadQuery(browser.platform.database, *query, {}));
+    }
+    browser.state.season.Set(
+        std::make_shared<SeasonFigures>(ReadSeason(browser.platform.database, {})));
+  } catch (const ProgramError& failure) {
+    TellQueryFailure(browser, failure.what());
+  }
 }
 
 }  // namespace dtb

@@ -44,7 +44,8 @@ class Opening {
   // All tables of the tab, or of the browser, are shown or failed.
   [[nodiscard]] bool Finished(int tab) const;
   [[nodiscard]] bool FinishedAll() const;
-  // Tells what was wrong with the database, once all is finished: once, and in one message.
+  // Tells what was wrong with the database, once all is finished: once, and in one message. In the
+  // place of a database that is missing or damaged another one is offered, and then shown.
   void TellFaults();
 
  private:
@@ -70,6 +71,7 @@ class Opening {
   std::condition_variable readOne_;
   std::vector<Table> tables_;
   std::string outOfReach_;  // why the rest was not tried
+  bool lost_ = false;       // another database belongs in its place
   bool told_ = false;
   std::function<void()> ready_;
   std::stop_source stop_;
@@ -78,5 +80,9 @@ class Opening {
 
 // All of it at once, on the calling thread alone.
 void OpenBrowser(Browser& browser);
+
+// Reads and shows all these tables again, as they stand in the database now. Bracket, search texts
+// and the tab in front stay. A failure is told once.
+void ReadAgain(Browser& browser);
 
 }  // namespace dtb

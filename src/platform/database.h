@@ -80,6 +80,9 @@ class Database {
   [[nodiscard]] virtual std::vector<std::string> Delete(
       const std::vector<Statement>& statements) = 0;
 
+  // Runs changing statements in one transaction: all of them, surviving a power cut, or none.
+  virtual void Change(const std::vector<Statement>& statements) = 0;
+
   // Makes sure that the database can be written and has these tables with these columns, and keeps
   // other programs from writing until the save ends.
   [[nodiscard]] virtual std::unique_ptr<DatabaseSave> BeginSave(

@@ -195,6 +195,7 @@ class Clock {
 
 class Archives;
 class Database;
+class DatabaseCopies;
 class Workbooks;
 
 struct Platform {
@@ -205,6 +206,7 @@ struct Platform {
   SettingsStore& settings;
   Pages& pages;
   Database& database;
+  DatabaseCopies& copies;
   Workbooks& workbooks;
   SpreadsheetProgram& spreadsheets;
   Clipboard& clipboard;

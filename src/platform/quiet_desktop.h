@@ -7,6 +7,7 @@
 #include "aids/random_generator.h"
 #include "platform/archive.h"
 #include "platform/database.h"
+#include "platform/database_copies.h"
 #include "platform/platform.h"
 #include "platform/workbook.h"
 
@@ -23,6 +24,7 @@ struct QuietDesktop : MessageBoxes,
                       Clock,
                       Sounds,
                       Database,
+                      DatabaseCopies,
                       Workbooks,
                       Archives,
                       RandomGenerator {
@@ -75,8 +77,23 @@ struct QuietDesktop : MessageBoxes,
   std::vector<std::string> Delete(const std::vector<Statement>& /*statements*/) override {
     return {};
   }
+  void Change(const std::vector<Statement>& /*statements*/) override {}
   std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>& /*tables*/) override {
     return nullptr;
+  }
+  std::vector<std::string> CopyNames() override { return {}; }
+  std::uintmax_t CopySize(const std::string& /*name*/) override { return 0; }
+  std::unique_ptr<Database> OpenCopy(const std::string& /*name*/) override { return nullptr; }
+  bool EqualsCopy(const std::string& /*name*/) override { return false; }
+  void MakeCopy(const std::string& /*name*/) override {
+    throw DatabaseOutOfReach(error_number::kFileNotFound, "There is no database.");
+  }
+  void RemoveCopy(const std::string& /*name*/) override {}
+  DatabaseHealth Examine() override { return DatabaseHealth::Sound; }
+  void BringBack(const std::string& /*name*/) override {}
+  std::string Renew(const std::optional<std::string>& /*copy*/,
+                    const std::string& /*asideName*/) override {
+    return {};
   }
   std::unique_ptr<Archive> OpenArchive(const std::filesystem::path& zipOrFolder) override {
     throw ProgramError(error_number::kFileNotFound, zipOrFolder.string() + " does not exist.");
@@ -86,11 +103,12 @@ struct QuietDesktop : MessageBoxes,
   }
 };
 
-// All ports of a desktop, apart from two that are often real ones.
+// All ports of a desktop, apart from those that are often real ones. No copies: the desktop's own.
 inline Platform PlatformOf(QuietDesktop& desk, Database& database, Workbooks& workbooks,
-                           const std::filesystem::path& programFolder = {}) {
-  return {desk, desk, desk, desk, desk, desk, database,     workbooks,
-          desk, desk, desk, desk, desk, desk, programFolder};
+                           const std::filesystem::path& programFolder = {},
+                           DatabaseCopies* copies = nullptr) {
+  return {desk,      desk, desk, desk, desk, desk, database, copies == nullptr ? desk : *copies,
+          workbooks, desk, desk, desk, desk, desk, desk,     programFolder};
 }
 
 }  // namespace dtb

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "browser/copies.h"
+#include "browser/lost_database.h"
 #include "game/history.h"
 #include "game/innings.h"
 #include "game/memento.h"
@@ -33,7 +35,8 @@ constexpr std::array kOrderOfTeams{Side::Visitors, Side::Home};
 struct GameSave {
   Board& board;
   std::unique_ptr<DatabaseSave> rows;
-  std::size_t table = 0;  // place in SavedTables of the one being filled
+  std::string noCopy = {};  // why the database was not copied first
+  std::size_t table = 0;    // place in SavedTables of the one being filled
 
   [[nodiscard]] const TableColumns& columns() const { return SavedTables().at(table); }
   void Append(const std::vector<ColumnText>& row) { rows->Append(columns().table, row); }
@@ -175,11 +178,19 @@ void CalcPitcherIPFinal(Board& board, Side side) {
   }
 }
 
+std::string NotSaved(const ProgramError& failure) {
+  return "The game was not saved. " + std::string(failure.what());
+}
+
 // Puts everything back as it stood before the save, the button first.
-void TellFailure(GameSave& save, const GameMemento& before, const std::string& why) {
+void PutBack(GameSave& save, const GameMemento& before) {
   save.rows.reset();
   save.board.sheet.Command2_enabled.Set(true);
   Restore(save.board, before);
+}
+
+void TellFailure(GameSave& save, const GameMemento& before, const std::string& why) {
+  PutBack(save, before);
   save.board.platform.boxes.Show(
       "The game was not saved, and nothing of it is stored. " + why + " You can try again.",
       BoxIcon::Critical);
@@ -194,14 +205,18 @@ void Record(GameSave& save, const GameMemento& before) {
     RecordMatchup(save);
     save.rows->Commit();
   } catch (const ProgramError& failure) {
-    return TellFailure(save, before, failure.what());
+    if (!IsLost(failure)) return TellFailure(save, before, failure.what());
+    PutBack(save, before);
+    OfferAnotherDatabase(save.board.platform, NotSaved(failure) + " You can save it again then.",
+                         {});
+    return;
   } catch (const std::bad_alloc&) {
     return TellFailure(save, before, "The computer is out of memory.");
   }
   // What is in the database cannot be taken back on the board.
   if (save.board.history != nullptr) save.board.history->Clear();
   save.rows.reset();
-  save.board.platform.boxes.Show("Data successfully recorded", BoxIcon::Information);
+  save.board.platform.boxes.Show("Data successfully recorded" + save.noCopy, BoxIcon::Information);
 }
 
 // What does not agree is shown before it is stored. False: back to the sheet.
@@ -254,12 +269,17 @@ bool TellMisplacedText(Board& board) {
   return true;
 }
 
-std::unique_ptr<DatabaseSave> BeginSave(Platform& platform) {
+// Nothing if the game cannot be saved, which was told. In the place of a database that is missing
+// or damaged the person can have another one, and the save goes on.
+std::unique_ptr<DatabaseSave> BeginSave(Platform& platform, bool lostBefore = false) {
   try {
     return platform.database.BeginSave(SavedTables());
   } catch (const ProgramError& failure) {
-    platform.boxes.Show("The game was not saved. " + std::string(failure.what()),
-                        BoxIcon::Critical);
+    if (IsLost(failure) && !lostBefore) {
+      if (!OfferAnotherDatabase(platform, NotSaved(failure), {})) return nullptr;
+      return BeginSave(platform, true);
+    }
+    platform.boxes.Show(NotSaved(failure), BoxIcon::Critical);
     return nullptr;
   }
 }
@@ -281,7 +301,8 @@ void SaveGame(Board& board) {
     const GameMemento before = Remember(board);
     TakeBackReportedInnings(board);
     if (TellMisplacedText(board)) return Restore(board, before);
-    GameSave save{board, BeginSave(board.platform)};
+    const std::string noCopy = CopyBeforeFirstSave(board.platform);
+    GameSave save{board, BeginSave(board.platform), noCopy};
     if (!save.rows) return Restore(board, before);
     sheet.Command2_enabled.Set(false);
     for (const Side side : kOrderOfTeams) EnterLastPitcher(board, side);

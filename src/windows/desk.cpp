@@ -71,6 +71,7 @@ void DressApplication() {
 Desk::Desk(const Setup& setup)
     : settings_(setup.settingsFile),
       database_(setup.programFolder / kDatabaseFile),
+      copies_(setup.programFolder / kDatabaseFile),
       platform_{boxes_,
                 setup.dialogs != nullptr ? *setup.dialogs : ownDialogs_,
                 pictures_,
@@ -78,6 +79,7 @@ Desk::Desk(const Setup& setup)
                 settings_,
                 setup.pages != nullptr ? *setup.pages : ownPages_,
                 database_,
+                copies_,
                 workbooks_,
                 setup.spreadsheets != nullptr ? *setup.spreadsheets : ownSpreadsheets_,
                 clipboard_,

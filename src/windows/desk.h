@@ -14,6 +14,7 @@
 #include "platform/qt/qt_recovery_store.h"
 #include "platform/qt/qt_settings_store.h"
 #include "platform/qt/qt_sounds.h"
+#include "platform/sqlite/sqlite_copies.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "platform/xlsx/xlsx_workbooks.h"
 #include "platform/zip/zip_archives.h"
@@ -63,6 +64,7 @@ class Desk {
   QtKeyboard keyboard_;
   QtSettingsStore settings_;
   SqliteDatabase database_;
+  SqliteCopies copies_;
   XlsxWorkbooks workbooks_;
   QtSpreadsheetProgram ownSpreadsheets_;
   QtClipboard clipboard_;

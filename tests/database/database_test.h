@@ -36,7 +36,18 @@ struct TestDesk final : QuietDesktop {
   }
   bool Ask(const Question& question) override {
     told.push_back(question.text);
-    return yes;
+    return yes && (refused.empty() || question.text.find(refused) == std::string::npos);
+  }
+  // The proof lets a game pass. Else the answer that begins as told, or the last one, which leaves
+  // all as it is.
+  std::size_t Choose(const Choice& choice) override {
+    if (choice.title.starts_with("Proof")) return QuietDesktop::Choose(choice);
+    told.push_back(choice.text);
+    for (const std::string& line : choice.lines) told.back() += "\n" + line;
+    for (std::size_t i = 0; !answer.empty() && i < choice.answers.size(); ++i) {
+      if (choice.answers[i].starts_with(answer)) return i;
+    }
+    return choice.answers.size() - 1;
   }
   bool ControlHeld() override { return control; }
   std::string Read(const std::string& section, const std::string& key,
@@ -64,6 +75,8 @@ struct TestDesk final : QuietDesktop {
 
   std::vector<std::string> told;  // boxes and questions in order
   bool yes = true;                // to every question
+  std::string refused;            // what stands in a question that gets a No
+  std::string answer;             // to a question with answers of its own
   bool control = false;
   std::string timeText = "11/18/2026 10:44:13 AM";
   std::map<std::string, std::string> settings;

@@ -43,6 +43,7 @@ struct TellingDatabase : Database {
   std::vector<std::string> Delete(const std::vector<Statement>& statements) override {
     return real.Delete(statements);
   }
+  void Change(const std::vector<Statement>& statements) override { real.Change(statements); }
   std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>& tables) override {
     return std::make_unique<TellingSave>(real.BeginSave(tables), pipe);
   }

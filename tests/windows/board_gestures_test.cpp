@@ -226,7 +226,7 @@ TEST_F(EscapeTest, LeavesEveryTextFieldAsItWas) {
   closer.start(0);
   int fields = 0;
   for (auto* field : form1().findChildren<QLineEdit*>()) {
-    if (field->window() != &form1() || !field->isVisible()) continue;
+    if (field->window() != &form1() || !field->isVisible() || field->isReadOnly()) continue;
     leave(&form1(), field);
     ++fields;
   }

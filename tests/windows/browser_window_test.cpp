@@ -66,7 +66,7 @@ class BrowserWindowTest : public BrowserFormTest {
 };
 
 TEST_F(BrowserWindowTest, MissingDatabaseIsToldOnceAndTheFormIsUsable) {
-  const auto messages = AnswerBoxes({Qt::Key_Return, Qt::Key_Return});
+  const auto messages = AnswerBoxes({Qt::Key_Escape, Qt::Key_Return});
   Open([&] {
     EXPECT_EQ(messages->size(), 1);
     EXPECT_FALSE(Part("MSHFlexGrid1")->isVisible());
@@ -205,7 +205,7 @@ TEST_F(BrowserWindowTest, SelectedPairingIsDeleted) {
     Click(Part("Command36"));
     EXPECT_TRUE(messages->value(0).startsWith(QStringLiteral("DELETE all statistics?")));
     EXPECT_TRUE(messages->value(0).contains(QStringLiteral("\"Ants at Bees\"")));
-    EXPECT_EQ(messages->value(1), QStringLiteral("Delete of data is complete."));
+    EXPECT_TRUE(messages->value(1).startsWith(QStringLiteral("Delete of data is complete.\n\n")));
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     CloseForm();
   });

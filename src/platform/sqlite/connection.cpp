@@ -10,6 +10,7 @@
 
 #include "platform/database.h"
 #include "platform/paths.h"
+#include "platform/sqlite/sqlite_database.h"
 #include "platform/text.h"
 #include "sheet/text_order.h"
 
@@ -53,11 +54,15 @@ int InOrderOfNames(void* /*unused*/, int firstSize, const void* first, int secon
                       {static_cast<const char*>(second), static_cast<std::size_t>(secondSize)});
 }
 
-std::string Named(const std::filesystem::path& file) { return "\"" + TextOf(file) + "\""; }
+// A copy is known by its folder.
+std::string Named(const std::filesystem::path& file) {
+  const bool copy = file.parent_path().filename() == kCopiesFolder;
+  return (copy ? "The copy \"" : "The statistics database \"") + TextOf(file) + "\"";
+}
 
 [[noreturn]] void OutOfReach(int number, const std::filesystem::path& file,
                              const std::string& complaint) {
-  throw DatabaseOutOfReach(number, "The statistics database " + Named(file) + " " + complaint);
+  throw DatabaseOutOfReach(number, Named(file) + " " + complaint);
 }
 
 void RequireFile(const std::filesystem::path& file) {
@@ -113,8 +118,7 @@ constexpr std::array<Complaint, 9> kComplaints{{
              message.starts_with("no such column")) {
     complaint = "lacks a column: " + message + ".";
   }
-  throw ProgramError(error_number::kInvalidCall,
-                     "The statistics database " + Named(file) + " " + complaint);
+  throw ProgramError(error_number::kInvalidCall, Named(file) + " " + complaint);
 }
 
 }  // namespace

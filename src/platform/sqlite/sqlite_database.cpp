@@ -125,6 +125,17 @@ std::vector<std::string> SqliteDatabase::Delete(const std::vector<Statement>& st
   return faults;
 }
 
+void SqliteDatabase::Change(const std::vector<Statement>& statements) {
+  SQLite::Database database = sqlite::Open(file_, longestWait_);
+  try {
+    SQLite::Transaction whole(database, SQLite::TransactionBehavior::IMMEDIATE);
+    for (const Statement& statement : statements) RunBound(database, statement);
+    whole.commit();
+  } catch (const SQLite::Exception& fault) {
+    sqlite::ThrowFault(fault, file_);
+  }
+}
+
 std::unique_ptr<DatabaseSave> SqliteDatabase::BeginSave(const std::vector<TableColumns>& tables) {
   return std::make_unique<SqliteSave>(file_, longestWait_, tables);
 }

@@ -20,6 +20,7 @@ class SqliteDatabase : public Database {
 
   void Run(const Statement& query, StatGrid& result) override;
   std::vector<std::string> Delete(const std::vector<Statement>& statements) override;
+  void Change(const std::vector<Statement>& statements) override;
   std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>& tables) override;
 
  private:
@@ -29,5 +30,7 @@ class SqliteDatabase : public Database {
 
 // The name of the database's file in the program's folder.
 inline constexpr const char* kDatabaseFile = "DTB.mdb";
+// The folder of its copies, beside it.
+inline constexpr const char* kCopiesFolder = "Backups";
 
 }  // namespace dtb

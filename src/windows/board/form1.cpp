@@ -10,6 +10,7 @@
 #include "aids/charts.h"
 #include "aids/dice.h"
 #include "aids/recovery.h"
+#include "browser/copies.h"
 #include "game/constant_update.h"
 #include "game/outcomes.h"
 #include "game/start_up.h"
@@ -23,6 +24,7 @@
 #include "windows/board/piece_view.h"
 #include "windows/boxes/about_box.h"
 #include "windows/boxes/message_box.h"
+#include "windows/browser/copies_form.h"
 #include "windows/browser/form4.h"
 #include "windows/seasons/season_form.h"
 #include "windows/shared/bind.h"
@@ -76,6 +78,10 @@ void Form1::BuildMenu() {
   editMenu_ = menuBar()->addMenu(QStringLiteral("Edit"));
   editMenu_->setObjectName(QStringLiteral("mnuEdit"));
   editMenu_->addActions({edit_->undo(), edit_->redo()});
+  editMenu_->addSeparator();
+  QAction* copies = editMenu_->addAction(QLatin1String(kBringBack));
+  copies->setObjectName(QStringLiteral("mnuBringBack"));
+  connect(copies, &QAction::triggered, this, [this] { CopiesForm::Run(board_.platform, this); });
   QMenu* teams = menuBar()->addMenu(QStringLiteral("Teams"));
   teams->setObjectName(QStringLiteral("mnuTeams"));
   QAction* season = teams->addAction(QStringLiteral("From a season..."));

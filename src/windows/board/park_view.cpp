@@ -2,7 +2,9 @@
 
 #include <QPaintEvent>
 #include <QPainter>
+#include <QScreen>
 
+#include "platform/qt/qt_pictures.h"
 #include "windows/shared/look.h"
 
 namespace dtb {

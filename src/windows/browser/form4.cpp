@@ -8,11 +8,14 @@
 
 #include "browser/box_score.h"
 #include "browser/bracket.h"
+#include "browser/copies.h"
 #include "browser/deletes.h"
 #include "browser/exports.h"
+#include "browser/game_out.h"
 #include "browser/grid_format.h"
 #include "browser/season_pages.h"
 #include "sheet/workbook_export.h"
+#include "windows/browser/copies_form.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"
@@ -170,6 +173,7 @@ void Form4::Settle() {
   ShowTables();
   if (!opening_.FinishedAll()) return;
   opening_.TellFaults();
+  FindGameSavedTwice(browser_);
   settled_ = true;
 }
 
@@ -256,8 +260,12 @@ StatGridView* Form4::AddGrid(const char* name, const char* accessibleName, GridF
 
 void Form4::BuildLineScores() {
   QVBoxLayout* page = AddTab("Linescores");
-  AddSearches(AddStrip(page),
+  QHBoxLayout* searches = AddStrip(page);
+  AddSearches(searches,
               {{Query::Command11, "Text9", kGameHint}, {Query::Command4, nullptr, nullptr}});
+  QPushButton* out =
+      AddButton(searches, "cmd_TakeOut", "Take out this game",
+                "Deletes the game whose line is chosen, and it alone, after a question (Delete)");
   StatGridView* grid = AddGrid("MSHFlexGrid1", "Line scores", &BrowserState::MSHFlexGrid1, kSmall);
   grid->StretchAllColumns();
   page->addWidget(grid);
@@ -267,6 +275,12 @@ void Form4::BuildLineScores() {
     const BusyPointer busy;
     SelectGameID(browser_, row, column);
   });
+  const auto takeOut = [this, grid] {
+    WithAll([&] { TakeOutGame(browser_, ChosenGameID(state_, grid->currentRow())); });
+  };
+  connect(out, &QPushButton::clicked, this, takeOut);
+  connect(grid, &StatGridView::clearWanted, this, takeOut);
+  BuildSavedTwice(page);
 
   QHBoxLayout* strip = AddStrip(page);
   connect(AddButton(strip, "Command15", "Send Access DB to Excel",
@@ -276,11 +290,42 @@ void Form4::BuildLineScores() {
                     "Writes what the tabs show into a workbook, opens it and closes this window"),
           &QPushButton::clicked, this, [this] { SendGridsToExcel(); });
   strip->addStretch();
+  connect(AddButton(strip, "cmd_BringBack", kBringBack,
+                    "Shows the copies of the database and puts one in its place"),
+          &QPushButton::clicked, this, [this] { BringBack(); });
+  strip->addSpacing(16);
   QPushButton* purge =
       AddButton(strip, "cmd_Purge", "PURGE ALL STATS", "Deletes every saved game, but asks first");
   Tint(purge, kPurgeRed, Qt::black);
   typed_.push_back({purge, kBody, true});
   connect(purge, &QPushButton::clicked, this, [this] { WithAll([this] { PurgeAll(browser_); }); });
+}
+
+// A quiet line, as long as a game stands twice among the line scores.
+void Form4::BuildSavedTwice(QVBoxLayout* page) {
+  QHBoxLayout* strip = AddStrip(page);
+  QLabel* twice = MakeCaption({}, nullptr);
+  Name(twice, "lbl_Twice");
+  strip->addWidget(twice);
+  QPushButton* out = AddButton(strip, "cmd_TakeOutSecond", "Take out the second",
+                               "Deletes the game that was saved again, after a question");
+  strip->addStretch();
+  connect(out, &QPushButton::clicked, this,
+          [this] { WithAll([this] { TakeOutGame(browser_, state_.savedAgain); }); });
+  Follow<std::string>(twice, state_.lbl_Twice, [twice, out](const std::string& words) {
+    twice->setText(ToQt(words));
+    twice->setAccessibleName(ToQt(words));
+    twice->setVisible(!words.empty());
+    out->setVisible(!words.empty());
+  });
+}
+
+void Form4::BringBack() {
+  WithAll([] {});
+  if (!CopiesForm::Run(browser_.platform, this)) return;
+  const BusyPointer busy;
+  ReadAgain(browser_);
+  FindGameSavedTwice(browser_);
 }
 
 void Form4::SendTablesToExcel() {

@@ -54,6 +54,7 @@ class Form4 : public QDialog {
   using GridField = BrowserGrid BrowserState::*;
 
   void BuildLineScores();
+  void BuildSavedTwice(QVBoxLayout* page);
   void BuildStatTab(const char* caption, const char* gridName, GridField grid,
                     const std::vector<Search>& searches, const char* noteName = nullptr);
   void BuildWinLoss();
@@ -71,6 +72,7 @@ class Form4 : public QDialog {
   void WithTab(const std::function<void()>& operation);
   void WithAll(const std::function<void()>& operation);
 
+  void BringBack();
   void SendTablesToExcel();
   void SendGridsToExcel();
 

@@ -1,0 +1,67 @@
+#include "browser/lost_database.h"
+
+#include <optional>
+#include <vector>
+
+#include "browser/copies.h"
+#include "browser/saved_games.h"
+
+namespace dtb {
+namespace {
+
+struct ReadableCopy {
+  std::string name;
+  std::string words;  // "the copy of 2026-11-18 10:44:13, with 34 games"
+};
+
+std::optional<ReadableCopy> NewestReadableCopy(DatabaseCopies& copies) {
+  for (const std::string& name : CopiesNewestFirst(copies)) {
+    const auto games = GamesOfCopy(copies, name);
+    if (!games) continue;
+    return ReadableCopy{name, "the copy of " + TimeOfCopy(name).value_or(name) + ", with " +
+                                  Counted(*games, "game")};
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+bool IsLost(const ProgramError& failure) {
+  return dynamic_cast<const DatabaseOutOfReach*>(&failure) != nullptr &&
+         (failure.number() == error_number::kFileNotFound ||
+          failure.number() == error_number::kInvalidFileFormat);
+}
+
+bool OfferAnotherDatabase(Platform& platform, const std::string& complaint,
+                          const std::string& title) {
+  const auto copy = NewestReadableCopy(platform.copies);
+  Choice choice{.text = complaint, .title = title};
+  if (copy) {
+    choice.text += "\n\nThe newest copy is " + copy->words + ".";
+    choice.answers.emplace_back("Bring back this copy");
+  } else {
+    choice.text += "\n\nThere is no copy of it.";
+  }
+  choice.answers.emplace_back("Make an empty one");
+  choice.answers.emplace_back("Leave it");
+  const std::string& answer = choice.answers.at(platform.boxes.Choose(choice));
+  if (answer == "Leave it") return false;
+  const bool empty = answer == "Make an empty one";
+  try {
+    const std::string aside = platform.copies.Renew(
+        empty ? std::nullopt : std::optional(copy->name), DamagedName(platform.clock.Now()));
+    const std::string done =
+        empty ? "An empty database is in place." : "In place is " + copy->words + ".";
+    platform.boxes.Show(
+        done +
+            (aside.empty() ? "" : "\n\nThe damaged file is kept beside it as \"" + aside + "\"."),
+        BoxIcon::Information, title);
+    return true;
+  } catch (const ProgramError& failure) {
+    platform.boxes.Show("Nothing was put in place. " + std::string(failure.what()),
+                        BoxIcon::Critical, title);
+    return false;
+  }
+}
+
+}  // namespace dtb

@@ -1,0 +1,20 @@
+// What is done about a statistics database that is missing or damaged.
+#pragma once
+
+#include <string>
+
+#include "platform/database.h"
+#include "platform/platform.h"
+
+namespace dtb {
+
+// The file is missing, empty, foreign or damaged: nothing will make it work again.
+[[nodiscard]] bool IsLost(const ProgramError& failure);
+
+// Tells the person of it and offers the newest copy that can be read, or an empty database. A file
+// that is still there is set aside, and its new name told. True: a database stands in its place.
+// Failures are told.
+bool OfferAnotherDatabase(Platform& platform, const std::string& complaint,
+                          const std::string& title);
+
+}  // namespace dtb

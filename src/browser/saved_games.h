@@ -1,0 +1,37 @@
+// The games of a database, by their line scores.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/database.h"
+
+namespace dtb {
+
+struct SavedGame {
+  std::string id;  // GameID
+  std::string visitors = {};
+  std::string home = {};
+  std::string visitorsRuns = {};
+  std::string homeRuns = {};
+
+  friend auto operator<=>(const SavedGame&, const SavedGame&) = default;
+};
+
+// All games, by GameID. A line without its other half is a game with one team; further lines of the
+// same GameID are a game of their own. Throws ProgramError.
+[[nodiscard]] std::vector<SavedGame> ReadSavedGames(Database& database);
+
+// The same for one GameID.
+[[nodiscard]] std::vector<SavedGame> ReadSavedGames(Database& database, const std::string& id);
+
+// "New York 1960 4, Pittsburgh 1960 10".
+[[nodiscard]] std::string ScoreText(const SavedGame& game);
+
+// The number that a query gives in its only cell. Throws ProgramError.
+[[nodiscard]] int CountOf(Database& database, const Statement& query);
+
+// "1 game", "3 games".
+[[nodiscard]] std::string Counted(int count, const std::string& what);
+
+}  // namespace dtb

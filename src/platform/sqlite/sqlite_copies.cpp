@@ -1,0 +1,310 @@
+#include "platform/sqlite/sqlite_copies.h"
+
+#include <SQLiteCpp/Backup.h>
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <system_error>
+
+#include "platform/database.h"
+#include "platform/paths.h"
+#include "platform/sqlite/connection.h"
+#include "platform/sqlite/schema.h"
+
+namespace dtb {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kUnfinished = ".new";
+
+// The engine's way to the bytes of an open file. A second way would cost the first one its locks.
+sqlite3_file& FileOf(const SQLite::Database& database) {
+  sqlite3_file* file = nullptr;
+  sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+  if (file == nullptr || file->pMethods == nullptr) {
+    throw SQLite::Exception("no file", SQLITE_CANTOPEN);
+  }
+  return *file;
+}
+
+sqlite3_int64 SizeOf(sqlite3_file& file) {
+  sqlite3_int64 size = 0;
+  const int code = file.pMethods->xFileSize(&file, &size);
+  if (code != SQLITE_OK) throw SQLite::Exception("size", code);
+  return size;
+}
+
+// Keeps the file as it is for all, until the connection closes.
+void HoldStill(SQLite::Database& database) {
+  database.exec("BEGIN");
+  static_cast<void>(database.execAndGet("SELECT count(*) FROM sqlite_master"));
+}
+
+// Two files that are held still hold the same. What the engine counts in the head, as the number of
+// changes, is the file's own.
+bool SameContents(const SQLite::Database& one, const SQLite::Database& other) {
+  constexpr int kBlock = 1 << 16;
+  constexpr std::array<std::pair<int, int>, 3> kOwn{{{24, 28}, {40, 44}, {92, 100}}};
+  sqlite3_file& first = FileOf(one);
+  sqlite3_file& second = FileOf(other);
+  const sqlite3_int64 size = SizeOf(first);
+  if (size != SizeOf(second)) return false;
+  std::vector<char> a(kBlock);
+  std::vector<char> b(kBlock);
+  for (sqlite3_int64 at = 0; at < size; at += kBlock) {
+    const int count = static_cast<int>(std::min<sqlite3_int64>(kBlock, size - at));
+    for (const auto& [file, bytes] : {std::pair{&first, &a}, {&second, &b}}) {
+      const int code = file->pMethods->xRead(file, bytes->data(), count, at);
+      if (code != SQLITE_OK) throw SQLite::Exception("read", code);
+    }
+    if (at == 0) {
+      for (const auto& [from, to] : kOwn) {
+        std::fill(a.begin() + from, a.begin() + to, '\0');
+        std::fill(b.begin() + from, b.begin() + to, '\0');
+      }
+    }
+    if (!std::equal(a.begin(), a.begin() + count, b.begin())) return false;
+  }
+  return true;
+}
+
+void BackUp(SQLite::Database& from, SQLite::Database& into) {
+  SQLite::Backup backup(into, from);
+  const int code = backup.executeStep(-1);
+  if (code != SQLITE_DONE && code != SQLITE_OK) throw SQLite::Exception("backup", code);
+}
+
+// The first fault in the structure of a database; "ok" for none. The numbers in its columns were
+// checked when they were stored.
+std::string QuickCheck(SQLite::Database& database) {
+  database.exec("PRAGMA ignore_check_constraints = ON");
+  return database.execAndGet("PRAGMA quick_check(1)").getString();
+}
+
+void SyncFolder(const fs::path& folder) {
+  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) return;
+  fsync(descriptor);
+  close(descriptor);
+}
+
+[[noreturn]] void Refuse(const std::string& what, const std::error_code& error) {
+  const bool full = error == std::errc::no_space_on_device;
+  throw ProgramError(full ? error_number::kDiskFull : error_number::kPathOrFileAccess,
+                     what + ": " + error.message() + ".");
+}
+
+// A new file, written beside its place. What lives on when it is given up is nothing.
+class Beside {
+ public:
+  explicit Beside(const fs::path& place) : place_(place), file_(place) {
+    file_ += kUnfinished;
+    std::error_code ignored;
+    fs::remove(file_, ignored);
+  }
+  ~Beside() {
+    if (moved_) return;
+    std::error_code ignored;
+    fs::remove(file_, ignored);
+  }
+  Beside(const Beside&) = delete;
+  Beside& operator=(const Beside&) = delete;
+
+  // Half a file is thrown away, so it needs no journal; but a commit goes to the disk.
+  [[nodiscard]] SQLite::Database Open() const {
+    SQLite::Database database(TextOf(file_), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    database.exec("PRAGMA journal_mode = OFF; PRAGMA synchronous = FULL");
+    return database;
+  }
+
+  void MoveIntoPlace() {
+    std::error_code error;
+    fs::rename(file_, place_, error);
+    if (error) Refuse("\"" + TextOf(place_) + "\" cannot be put in place", error);
+    moved_ = true;
+    SyncFolder(place_.parent_path());
+  }
+
+ private:
+  fs::path place_;
+  fs::path file_;
+  bool moved_ = false;
+};
+
+// Runs the operation, and tells what the engine finds wrong with the file in plain words.
+template <class Operation>
+auto Told(const fs::path& file, Operation&& operation) {
+  try {
+    return operation();
+  } catch (const SQLite::Exception& fault) {
+    sqlite::ThrowFault(fault, file);
+  }
+}
+
+// A file that is known to be sound.
+SQLite::Database OpenSound(const fs::path& file, std::chrono::milliseconds longestWait) {
+  SQLite::Database database = sqlite::Open(file, longestWait);
+  Told(file, [&] {
+    if (QuickCheck(database) != "ok") throw SQLite::Exception("damaged", SQLITE_CORRUPT);
+  });
+  return database;
+}
+
+// A name in the folder that nobody has: "DTB damaged.mdb", "DTB damaged (2).mdb".
+fs::path FreePath(const fs::path& folder, const std::string& name) {
+  const fs::path wanted = folder / PathOf(name);
+  fs::path free = wanted;
+  for (int number = 2; fs::exists(fs::symlink_status(free)); ++number) {
+    free = wanted;
+    free.replace_filename(PathOf(TextOf(wanted.stem()) + " (" + std::to_string(number) + ")" +
+                                 TextOf(wanted.extension())));
+  }
+  return free;
+}
+
+// Gives a file a second name, so that the first one can be taken over in one step. Where the disk
+// knows no second names, the file gets another one. What the engine was about to take back in the
+// old file goes with it: in the new one it must not be taken back.
+void SetAside(const fs::path& file, const fs::path& aside) {
+  std::error_code error;
+  if (fs::exists(fs::symlink_status(file))) {
+    fs::create_hard_link(file, aside, error);
+    if (error) fs::rename(file, aside, error);
+    if (error) Refuse("\"" + TextOf(file) + "\" cannot be set aside", error);
+  }
+  for (const char* suffix : {"-journal", "-wal", "-shm"}) {
+    fs::path from = file;
+    fs::path to = aside;
+    from += suffix;
+    to += suffix;
+    if (!fs::exists(from)) continue;
+    fs::rename(from, to, error);
+    if (error) Refuse("\"" + TextOf(from) + "\" cannot be set aside", error);
+  }
+  SyncFolder(file.parent_path());
+}
+
+}  // namespace
+
+fs::path SqliteCopies::PathOfCopy(const std::string& name) const { return folder_ / PathOf(name); }
+
+std::vector<std::string> SqliteCopies::CopyNames() {
+  std::vector<std::string> names;
+  std::error_code error;
+  for (fs::directory_iterator entry(folder_, error), end; !error && entry != end;
+       entry.increment(error)) {
+    names.push_back(TextOf(entry->path().filename()));
+  }
+  return names;
+}
+
+std::uintmax_t SqliteCopies::CopySize(const std::string& name) {
+  std::error_code error;
+  const std::uintmax_t size = fs::file_size(PathOfCopy(name), error);
+  return error ? 0 : size;
+}
+
+std::unique_ptr<Database> SqliteCopies::OpenCopy(const std::string& name) {
+  return std::make_unique<SqliteDatabase>(PathOfCopy(name), longestWait_);
+}
+
+bool SqliteCopies::EqualsCopy(const std::string& name) {
+  try {
+    SQLite::Database database = sqlite::Open(file_, longestWait_);
+    SQLite::Database copy = sqlite::Open(PathOfCopy(name), longestWait_);
+    HoldStill(database);
+    HoldStill(copy);
+    return SameContents(database, copy);
+  } catch (const ProgramError&) {
+    return false;
+  } catch (const SQLite::Exception&) {
+    return false;
+  }
+}
+
+void SqliteCopies::MakeFolder() const {
+  std::error_code error;
+  if (fs::create_directory(folder_, error)) SyncFolder(folder_.parent_path());
+  if (error) Refuse("The folder \"" + TextOf(folder_) + "\" for the copies cannot be made", error);
+}
+
+// Programs that died while they made a copy leave these.
+void SqliteCopies::RemoveUnfinished() const {
+  std::error_code error;
+  for (fs::directory_iterator entry(folder_, error), end; !error && entry != end;
+       entry.increment(error)) {
+    std::error_code ignored;
+    if (entry->path().extension() == kUnfinished) fs::remove(entry->path(), ignored);
+  }
+}
+
+void SqliteCopies::MakeCopy(const std::string& name) {
+  SQLite::Database source = sqlite::Open(file_, longestWait_);
+  Told(file_, [&] { HoldStill(source); });
+  MakeFolder();
+  RemoveUnfinished();
+  const fs::path place = PathOfCopy(name);
+  if (fs::exists(place)) {
+    throw ProgramError(error_number::kPathOrFileAccess,
+                       "\"" + TextOf(place) + "\" stands already.");
+  }
+  Beside beside(place);
+  Told(place, [&] {
+    SQLite::Database copy = beside.Open();
+    BackUp(source, copy);
+    HoldStill(copy);
+    if (!SameContents(source, copy)) throw SQLite::Exception("not the same", SQLITE_IOERR);
+  });
+  beside.MoveIntoPlace();
+}
+
+void SqliteCopies::RemoveCopy(const std::string& name) {
+  std::error_code ignored;
+  fs::remove(PathOfCopy(name), ignored);
+}
+
+DatabaseHealth SqliteCopies::Examine() {
+  try {
+    SQLite::Database database = sqlite::Open(file_, longestWait_);
+    return Told(file_, [&] {
+      return QuickCheck(database) == "ok" ? DatabaseHealth::Sound : DatabaseHealth::Damaged;
+    });
+  } catch (const DatabaseOutOfReach& fault) {
+    if (fault.number() == error_number::kFileNotFound) return DatabaseHealth::Missing;
+    if (fault.number() == error_number::kInvalidFileFormat) return DatabaseHealth::Damaged;
+    throw;
+  }
+}
+
+void SqliteCopies::BringBack(const std::string& name) {
+  SQLite::Database copy = OpenSound(PathOfCopy(name), longestWait_);
+  SQLite::Database database = sqlite::Open(file_, longestWait_);
+  Told(file_, [&] { BackUp(copy, database); });
+}
+
+std::string SqliteCopies::Renew(const std::optional<std::string>& copy,
+                                const std::string& asideName) {
+  Beside beside(file_);
+  Told(file_, [&] {
+    SQLite::Database made = beside.Open();
+    if (!copy)
+      return static_cast<void>(made.exec(std::string("BEGIN; ") + sqlite::kSchema + " COMMIT;"));
+    SQLite::Database source = OpenSound(PathOfCopy(*copy), longestWait_);
+    BackUp(source, made);
+    HoldStill(source);
+    HoldStill(made);
+    if (!SameContents(source, made)) throw SQLite::Exception("not the same", SQLITE_IOERR);
+  });
+  const bool stood = fs::exists(fs::symlink_status(file_));
+  const fs::path aside = FreePath(file_.parent_path(), asideName);
+  SetAside(file_, aside);
+  beside.MoveIntoPlace();
+  return stood ? TextOf(aside.filename()) : std::string();
+}
+
+}  // namespace dtb

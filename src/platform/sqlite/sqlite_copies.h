@@ -1,0 +1,40 @@
+// Copies of the database's file, made by the engine's own backup.
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+
+#include "platform/database_copies.h"
+#include "platform/sqlite/sqlite_database.h"
+
+namespace dtb {
+
+class SqliteCopies : public DatabaseCopies {
+ public:
+  explicit SqliteCopies(const std::filesystem::path& database,
+                        std::chrono::milliseconds longestWait = SqliteDatabase::kLongestWait)
+      : file_(database),
+        folder_(database.parent_path() / kCopiesFolder),
+        longestWait_(longestWait) {}
+
+  std::vector<std::string> CopyNames() override;
+  std::uintmax_t CopySize(const std::string& name) override;
+  std::unique_ptr<Database> OpenCopy(const std::string& name) override;
+  bool EqualsCopy(const std::string& name) override;
+  void MakeCopy(const std::string& name) override;
+  void RemoveCopy(const std::string& name) override;
+  DatabaseHealth Examine() override;
+  void BringBack(const std::string& name) override;
+  std::string Renew(const std::optional<std::string>& copy, const std::string& asideName) override;
+
+ private:
+  [[nodiscard]] std::filesystem::path PathOfCopy(const std::string& name) const;
+  void MakeFolder() const;
+  void RemoveUnfinished() const;
+
+  std::filesystem::path file_;
+  std::filesystem::path folder_;
+  std::chrono::milliseconds longestWait_;
+};
+
+}  // namespace dtb

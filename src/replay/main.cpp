@@ -179,14 +179,17 @@ int Tell(const QString& text) {
 }
 
 int Main(int argc, char** argv) {
-  if (argc > 1 && std::string_view(argv[1]) == "teams") return MakeTeams({argv + 2, argv + argc});
   QStringList arguments;
   for (int i = 1; i < argc; ++i) arguments += QString::fromLocal8Bit(argv[i]);
+  if (arguments.value(0) == "teams" && arguments.value(1) != "--help" &&
+      arguments.value(1) != "-h") {
+    return MakeTeams({argv + 2, argv + argc});
+  }
   CommandLine line;
   try {
     line = CommandLineOf(arguments);
   } catch (const Refused& refused) {
-    std::fprintf(stderr, "%s.\n--help shows what can be asked for.\n", refused.what());
+    std::fprintf(stderr, "%s\n--help shows what can be asked for.\n", refused.what());
     return 2;
   }
   if (line.help) return Tell(HelpText());

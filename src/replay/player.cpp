@@ -108,7 +108,9 @@ void Player::MakeGesture() {
     half_ = HalfInProgress(board_.state);
     KeepPicture(QString("half-%1").arg(half_, 2, 10, QChar('0')));
   }
-  const bool dies = options_.killEvery > 0 && next_ == options_.from + options_.killEvery;
+  // That the edit mode was left is no step of the game, so a kill would bring it back.
+  const bool dies = options_.killEvery > 0 && next_ >= options_.from + options_.killEvery &&
+                    Word(lines_.value(next_ - 1), 0) != "SWAP";
   if (dies && gestures_.isEmpty() && next_ < scriptLines_) Kill();
   while (gestures_.isEmpty() && next_ < lines_.size()) TakeLine();
   if (gestures_.isEmpty()) return Finish(0);

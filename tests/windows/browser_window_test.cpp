@@ -78,30 +78,6 @@ TEST_F(BrowserWindowTest, MissingDatabaseIsToldOnceAndTheFormIsUsable) {
   EXPECT_FALSE(QFile::exists(folder_.filePath(QStringLiteral("DTB.mdb"))));
 }
 
-TEST_F(BrowserWindowTest, SearchesAndSorts) {
-  MakeDatabase();
-  Open([this] {
-    GoTo(browser_tab::kBattingByGame);
-    Part("Text1")->setFocus();
-    Type(&form(), "o'n");
-    EXPECT_EQ(Part<StatGridView>("MSHFlexGrid2")->model()->rowCount(), 4);
-    Press(&form(), Qt::Key_Return);
-    EXPECT_EQ(Part<StatGridView>("MSHFlexGrid2")->model()->rowCount(), 1);
-    EXPECT_EQ(Cell("MSHFlexGrid2", 1, 1), QStringLiteral("O'Neill"));
-
-    GoTo(browser_tab::kAggregateBatting);
-    constexpr int kSingles = 4;
-    DoubleClickCell("MSHFlexGrid4", kSingles, {});
-    EXPECT_EQ(Cell("MSHFlexGrid4", 1, 1), QStringLiteral("Abel"));
-    DoubleClickCell("MSHFlexGrid4", kSingles, Qt::ControlModifier);
-    EXPECT_EQ(Cell("MSHFlexGrid4", 1, 1), QStringLiteral("Bill"));  // none comes first
-    DoubleClickCell("MSHFlexGrid4", kSingles, Qt::ControlModifier);
-    EXPECT_EQ(Cell("MSHFlexGrid4", 1, 1), QStringLiteral("Adam"));
-    EXPECT_EQ(Cell("MSHFlexGrid4", 1, 12), QStringLiteral(".900"));
-    CloseForm();
-  });
-}
-
 // Esc empties a search box, then leaves it, and only then closes the browser; and a press of Ctrl
 // that is over sorts nothing.
 TEST_F(BrowserWindowTest, EscapeEmptiesAndLeavesTextFields) {
@@ -132,69 +108,6 @@ TEST_F(BrowserWindowTest, EscapeEmptiesAndLeavesTextFields) {
     DoubleClickCell("MSHFlexGrid4", kHits - 1, {});
     EXPECT_EQ(Cell("MSHFlexGrid4", 1, 1), first);
     Part<QTabWidget>("SSTab1")->setFocus();
-    CloseForm();
-  });
-}
-
-TEST_F(BrowserWindowTest, ClickOnGameShowsItsBoxScore) {
-  MakeDatabase();
-  Open([this] {
-    const auto* tabs = Part<QTabWidget>("SSTab1");
-    EXPECT_TRUE(Part<StatGridView>("MSHFlexGrid1")->isColumnHidden(line_score_column::kHost));
-    ClickCell("MSHFlexGrid1", 3, line_score_column::kGameID);  // the older game
-    EXPECT_EQ(tabs->currentIndex(), browser_tab::kGameStats);
-    EXPECT_EQ(Cell("MSHFlexGrid6", 1, 1), QStringLiteral("Abel"));
-    EXPECT_EQ(Cell("MSHFlexGrid7", 1, 1), QStringLiteral("Ace"));
-    EXPECT_EQ(Cell("MSHFlexGrid8", 1, 1), QStringLiteral("Bill"));
-    EXPECT_EQ(Cell("MSHFlexGrid11", 1, 7), QStringLiteral("6.33"));
-    EXPECT_EQ(Cell("MSHFlexGrid12", 2, 1), QStringLiteral("Bees"));
-    GoTo(browser_tab::kLineScores);
-    EXPECT_EQ(Part<QLineEdit>("Text9")->text(), QStringLiteral("041219600101"));
-    ClickCell("MSHFlexGrid1", 1, line_score_column::kTeam);
-    EXPECT_EQ(Part<QLineEdit>("Text9")->text(), QString());
-    CloseForm();
-  });
-}
-
-TEST_F(BrowserWindowTest, SelectedPairingIsDeleted) {
-  MakeDatabase();
-  Open([this] {
-    GoTo(browser_tab::kWinLoss);
-    ClickCell("MSHFlexGrid9", 2, 2);
-    EXPECT_EQ(Part<QLabel>("lbl_DEL2")->text(), QStringLiteral("Bees"));
-    ClickCell("MSHFlexGrid10", 1, 2);
-    EXPECT_EQ(Part<QLabel>("lbl_DEL2")->text(), QStringLiteral("Ants at Bees"));
-    const auto messages = AnswerBoxes({Qt::Key_Y, Qt::Key_Return});
-    Click(Part("Command36"));
-    EXPECT_EQ(*messages, QStringList({QStringLiteral("DELETE all statistics?"),
-                                      QStringLiteral("Delete of data is complete.")}));
-    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-    CloseForm();
-  });
-  Open([this] {
-    EXPECT_EQ(Part<StatGridView>("MSHFlexGrid10")->model()->rowCount(), 0);
-    EXPECT_EQ(Part<StatGridView>("MSHFlexGrid9")->model()->rowCount(), 2);
-    CloseForm();
-  });
-}
-
-TEST_F(BrowserWindowTest, BracketSurvivesReopening) {
-  MakeDatabase();
-  Open([this] {
-    GoTo(browser_tab::kTournament);
-    Part("tb_Team")->setFocus();
-    Type(&form(), "A & B");
-    Click(Part("lbl_Team[3]"));
-    Part("lbl_Champ")->setFocus(Qt::TabFocusReason);
-    Press(&form(), Qt::Key_Return);
-    CloseForm();
-  });
-  Open([this] {
-    for (const char* slot : {"lbl_Team[3]", "lbl_Champ"}) {
-      EXPECT_EQ(Part<ClickLabel>(slot)->text(), QStringLiteral("A & B")) << slot;
-    }
-    EXPECT_EQ(Part<ClickLabel>("lbl_Team[2]")->text(), QString());
-    EXPECT_EQ(Part<QLineEdit>("tb_Team")->text(), QString());
     CloseForm();
   });
 }

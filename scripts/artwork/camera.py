@@ -7,8 +7,9 @@ this one camera: the pieces of the game stand on the bases of all of them.
 """
 import math
 
-WIDTH, HEIGHT = 1679, 974
-SUPER = 2                       # drawn this many times larger, then reduced
+WIDTH, HEIGHT = 1679, 974       # the units of all places and sizes
+SHARP = 2                       # pixels of the kept picture for a unit: sharp at twice the density
+SUPER = 2 * SHARP               # pixels of the raw picture for a unit, reduced at the end
 CENTRE_X = 840
 HORIZON = 226
 HOME_Y, SECOND_Y = 890, 430     # screen rows of home plate and second base

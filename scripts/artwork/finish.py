@@ -4,10 +4,10 @@ from dataclasses import dataclass
 import numpy as np
 from PIL import Image
 
-from .camera import CENTRE_X, HEIGHT, SUPER, WIDTH
+from .camera import CENTRE_X, HEIGHT, SHARP, SUPER, WIDTH
 from .grid import as_picture, blurred, smoothstep
 
-JPEG_LIMIT = 600_000            # bytes a ballpark may take
+JPEG_LIMIT = 700_000            # bytes a ballpark may take: the start waits for its decoding
 
 
 def empty_picture(colour):
@@ -31,7 +31,8 @@ class Print:
 
 
 def reduced(image):
-    return np.asarray(as_picture(image).resize((WIDTH, HEIGHT), Image.LANCZOS), np.float32)
+    return np.asarray(as_picture(image).resize((WIDTH * SHARP, HEIGHT * SHARP), Image.LANCZOS),
+                      np.float32)
 
 
 def finish(image, lamps, random, style):
@@ -40,17 +41,17 @@ def finish(image, lamps, random, style):
     if lamps is not None:
         lamps = reduced(lamps)
         for radius, strength in ((3, 0.9), (12, 1.3), (46, 2.4)):
-            image = image + blurred(lamps, radius) * strength * (1 - image / 300)
+            image = image + blurred(lamps, radius * SHARP) * strength * (1 - image / 300)
     bright = np.clip(image - 170, 0, 90)
-    image = image + blurred(bright, 18) * style.bloom
-    y, x = np.mgrid[0:HEIGHT, 0:WIDTH].astype(np.float32)
+    image = image + blurred(bright, 18 * SHARP) * style.bloom
+    y, x = np.mgrid[0:HEIGHT * SHARP, 0:WIDTH * SHARP].astype(np.float32) / SHARP
     edge = np.hypot((x - CENTRE_X) / 1080, (y - 520) / 760)
     image = image * (1 - style.dusk * smoothstep(0.45, 1.1, edge))[..., None]
     contrast = image / 255
     image = 255 * (contrast + style.curve * contrast * (1 - contrast) * (2 * contrast - 1) * 2)
     if style.tint:
         image = style.tint(image)
-    grain = random.normal(0, 1, (HEIGHT, WIDTH)).astype(np.float32)
+    grain = random.normal(0, 1, image.shape[:2]).astype(np.float32)
     grain = grain * 0.6 + np.roll(grain, 1, 1) * 0.3 + np.roll(grain, 1, 0) * 0.3
     return as_picture(image + grain[..., None] * style.grain)
 

@@ -3,7 +3,7 @@ import math
 
 import numpy as np
 
-from .camera import HEIGHT, HORIZON, WIDTH, project, unit
+from .camera import HEIGHT, HORIZON, SHARP, WIDTH, project, unit
 from .field import Turf, corners_of_sight, mown, paint_field, pools
 from .finish import Print, empty_picture, finish
 from .grid import blend, gradient, noise, smoothstep
@@ -37,7 +37,7 @@ def paint_sky(image, px, py, random):
     colour += (np.array((46, 48, 70), np.float32) - colour) * (haze * 0.45)[..., None]
     fire = np.exp(-((x - 1290) / 230) ** 2 - ((y - HORIZON) / 120) ** 2)
     colour += fire[..., None] * np.array((92, 40, 10), np.float32)
-    paint_stars(colour, random, 2, 420, 190)
+    paint_stars(colour, random, 420, 190)
     paint_moon(colour, x, y)
     paint_smoke(colour, x, y)
     image[rows] = colour
@@ -49,7 +49,7 @@ def paint_moon(colour, x, y):
     colour += (np.exp(-away / 46) * 0.5)[..., None] * np.array((70, 78, 104), np.float32)
     seas = smoothstep(-0.1, 0.7, noise((x - middle) / 9 + 2, (y - row) / 8 + 5))
     face = np.array((236, 232, 214), np.float32) * (1 - 0.16 * seas)[..., None]
-    colour += (face - colour) * np.clip(size - away + 0.5, 0, 1)[..., None]
+    colour += (face - colour) * np.clip((size - away) * SHARP + 0.5, 0, 1)[..., None]
 
 
 def paint_smoke(colour, x, y):

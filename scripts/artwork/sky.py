@@ -1,7 +1,7 @@
 """Skies: heaped clouds, stars, and the mountains below them."""
 import numpy as np
 
-from .camera import HORIZON
+from .camera import HORIZON, SHARP, SUPER
 from .grid import noise, smoothstep
 
 
@@ -45,14 +45,15 @@ def paint_heaped_clouds(colour, x, y, clouds, lit, shade, lean=(-7, -9)):
     colour += (tone - colour) * (alpha * 0.96)[..., None]
 
 
-def paint_stars(colour, random, x_size, count, faint):
+def paint_stars(colour, random, count, faint):
     """Small points, set into the rows of a sky that is still a picture of numbers."""
+    size = SUPER
     rows, columns = colour.shape[:2]
     for _ in range(count):
-        row = int((random.rand() ** 1.4) * (rows - 60))
-        column = random.randint(columns - x_size)
+        row = int((random.rand() ** 1.4) * (rows - 30 * SUPER))
+        column = random.randint(columns - size)
         bright = random.uniform(0.2, 1.0) ** 3 * (1 - row / rows) * faint
-        colour[row:row + x_size, column:column + x_size] += bright
+        colour[row:row + size, column:column + size] += bright
 
 
 class Range:
@@ -66,16 +67,18 @@ class Range:
         detail = sum(noise(columns / size + seed, columns * 0 + seed * 3.7) * size * rough
                      for size in (64, 27, 11, 5, 2.4))
         self.crest = (crest + detail).astype(np.float32)
-        kernel = np.hanning(31)
-        smooth = np.convolve(np.pad(self.crest, 15, mode="edge"), kernel / kernel.sum(), "valid")
-        self.slope = np.gradient(smooth)
+        reach = 8 * SUPER
+        kernel = np.hanning(2 * reach - 1)
+        smooth = np.convolve(np.pad(self.crest, reach - 1, mode="edge"), kernel / kernel.sum(),
+                             "valid")
+        self.slope = np.gradient(smooth, columns)
 
     def paint(self, image, x, y, rock, snow, haze, snowline, hazed):
         """Sides turned to the left are lit; snow lies on the heights."""
         below = y - self.crest[None, :]
         spurs = noise((x + 0.62 * below) / 25, y / 90 + 3) - noise((x - 0.7 * below) / 21 + 9, y / 90)
         fine = noise((x + 0.8 * below) / 8, y / 12) - noise((x - 0.8 * below) / 7 + 5, y / 12)
-        face = np.tanh(-self.slope[None, :] * 1.8 + 1.5 * spurs + 0.55 * fine)
+        face = np.tanh(-self.slope[None, :] * 0.9 + 1.5 * spurs + 0.55 * fine)
         light = 0.82 + 0.30 * face
         line = snowline + 13 * face + 9 * billows(x / 9 + 40, y / 50, 3)
         white = smoothstep(5, -5, y - line)
@@ -84,7 +87,7 @@ class Range:
             * white[..., None]
         depth = hazed + (1 - hazed) * 0.75 * smoothstep(HORIZON - 70, HORIZON + 6, y)
         tone += (np.asarray(haze, np.float32) - tone) * depth[..., None]
-        image += (tone - image) * np.clip(below + 0.5, 0, 1)[..., None]
+        image += (tone - image) * np.clip(below * SHARP + 0.5, 0, 1)[..., None]
 
 
 def columns_of(px):

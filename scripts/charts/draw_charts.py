@@ -135,6 +135,8 @@ def main():
         path = folder / f"Chart{number:02}.jpg"
         paper.save(path)
         print(f"{path.name}: {path.stat().st_size // 1000} kB")
+    titles = "".join(f"{views.TITLES[number]}\n" for number in range(1, len(PAGES) + 1))
+    (folder / "Titles.txt").write_text(titles, encoding="utf-8")
     (folder / "Rules.html").write_text(rules_page.page(), encoding="utf-8")
 
 

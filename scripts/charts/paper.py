@@ -5,7 +5,8 @@ import math
 import cairo
 from PIL import Image
 
-WIDTH, HEIGHT = 1600, 1132
+WIDTH, HEIGHT = 1600, 1132       # the units of all places and sizes
+SHARP = 2                       # pixels of the kept chart for a unit
 MARGIN, BAND = 40, 100
 SLATE, CREAM, INK, ACCENT = (22, 38, 31), (243, 233, 210), (28, 32, 30), (255, 200, 60)
 RULE = (196, 186, 160)
@@ -16,13 +17,14 @@ DIE = {"red": (255, 0, 0), "green": (0, 127, 1), "white": (231, 231, 231), "yell
 PIPS = {1: (4,), 2: (0, 8), 3: (0, 4, 8), 4: (0, 2, 6, 8), 5: (0, 2, 4, 6, 8),
         6: (0, 2, 3, 5, 6, 8)}
 SMALLEST = 24
-BYTES_LIMIT = 400_000
+BYTES_LIMIT = 900_000
 
 
 class Paper:
     def __init__(self, number, title, subtitle, dice):
-        self.surface = cairo.ImageSurface(cairo.FORMAT_RGB24, WIDTH, HEIGHT)
+        self.surface = cairo.ImageSurface(cairo.FORMAT_RGB24, WIDTH * SHARP, HEIGHT * SHARP)
         self.c = cairo.Context(self.surface)
+        self.c.scale(SHARP, SHARP)
         self.box(0, 0, WIDTH, HEIGHT, CREAM, radius=0)
         self.box(0, 0, WIDTH, BAND, SLATE, radius=0)
         self.box(0, BAND, WIDTH, 4, ACCENT, radius=0)
@@ -252,9 +254,10 @@ class Paper:
 
     def save(self, path):
         self.surface.flush()
-        picture = Image.frombytes("RGB", (WIDTH, HEIGHT), bytes(self.surface.get_data()), "raw", "BGRX",
+        size = self.surface.get_width(), self.surface.get_height()
+        picture = Image.frombytes("RGB", size, bytes(self.surface.get_data()), "raw", "BGRX",
                                   self.surface.get_stride(), 1)
-        for quality in (92, 88, 84, 80):
+        for quality in (92, 88, 84, 80, 76):
             data = io.BytesIO()
             picture.save(data, "JPEG", quality=quality, subsampling=0, optimize=True)
             if data.tell() < BYTES_LIMIT:

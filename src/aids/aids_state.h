@@ -16,6 +16,8 @@ namespace dtb {
 inline constexpr int kFaceDice = 3;
 inline constexpr int kNumberDice = 8;
 
+enum class DiceKind { Faces, Numbers };
+
 struct AidsState {
   // The face dice, panel fra_SOMBBdice.
   Field<bool> Check4;  // "SHOW DICE ROLLER": the panel is shown
@@ -32,10 +34,14 @@ struct AidsState {
   TextCell lblDiceTime{"0"};  // throws of the roll in progress
   Field<bool> tmrDice2;       // a roll is in progress
 
+  Field<DiceKind> lastRolled{DiceKind::Faces};
+
   // Charts.
   std::array<Field<std::string>, kChartButtons> lbl_chrt;  // names of the buttons
   std::array<Field<std::string>, kChartButtons> tb_chrt;   // names being edited
   std::array<Field<bool>, kChartButtons> tb_chrt_visible;  // the name is edited
+  std::array<std::string, kChartButtons> chartTitles;      // what stands there until it is named
+  int lastChart = 0;                                       // where the viewer stood, 0 to 8
 
   // The ballpark.
   Field<Picture> Picture1;                          // the park behind the board
@@ -44,6 +50,8 @@ struct AidsState {
   std::optional<std::filesystem::path> parkChoice;  // what the dialog gave last
   Field<std::string> lbl_Path;                      // folder of the parks, UTF-8
   std::vector<std::string> ParkNames;               // file names of the .jpg files in it, UTF-8
+
+  Field<bool> cb_QuickBoxes;  // "QUICK BOXES": confirmations hold nothing back
 
   // Sound.
   Field<bool> cb_Crowd;     // "CROWD NOISE"

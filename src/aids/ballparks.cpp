@@ -49,7 +49,7 @@ void ChoosePark(Aids& aids) {
     DrawPark(aids);
   } else {
     aids.state.parkChoice =
-        aids.platform.dialogs.OpenFile({"BALLPARKS", ParksBesideProgram(aids), kFilter});
+        aids.platform.dialogs.OpenFile({"BALLPARKS", ParksBesideProgram(aids), kFilter, true});
     if (aids.state.parkChoice) ShowPark(aids, *aids.state.parkChoice);
   }
   Random_Ballparks(aids);

@@ -1,8 +1,13 @@
 #include "aids/charts.h"
 
+#include <fstream>
+#include <sstream>
+#include <utility>
+
 #include "platform/paths.h"
 #include "shell/program_error.h"
 #include "shell/settings_keys.h"
+#include "teams/team_file.h"
 
 namespace dtb {
 namespace {
@@ -10,6 +15,20 @@ namespace {
 void OpenPage(Aids& aids, const std::filesystem::path& page) {
   Trapped(aids.platform.boxes,
           [&] { aids.platform.pages.Open(TextOf(aids.platform.programFolder / page)); });
+}
+
+// One line a chart.
+void ReadTitles(Aids& aids) {
+  constexpr std::size_t kMostBytes = 4096;  // nine lines are far shorter
+  std::ifstream file(aids.platform.programFolder / "Charts" / "Titles.txt", std::ios::binary);
+  std::string bytes(kMostBytes, '\0');
+  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  bytes.resize(static_cast<std::size_t>(file.gcount()));
+  std::istringstream lines(DecodedText(std::move(bytes)));
+  for (std::string& title : aids.state.chartTitles) {
+    std::getline(lines, title);
+    while (!title.empty() && (title.back() == ' ' || title.back() == '\r')) title.pop_back();
+  }
 }
 
 }  // namespace
@@ -24,6 +43,17 @@ void ReadChartNames(Aids& aids) {
     const EditedLabel name = ChartName(aids.state, chart);
     name.label.Set(aids.platform.settings.Read(settings::kLabels, name.key, ""));
   }
+  ReadTitles(aids);
+}
+
+std::string ChartHint(const AidsState& state, int chart) {
+  const std::string& title = state.chartTitles.at(static_cast<std::size_t>(chart));
+  return title.empty() ? "Chart " + std::to_string(chart + 1) : title;
+}
+
+std::string ChartCaption(const AidsState& state, int chart) {
+  const std::string& name = state.lbl_chrt.at(static_cast<std::size_t>(chart)).value();
+  return name.empty() ? ChartHint(state, chart) : name;
 }
 
 std::filesystem::path ChartFile(const Platform& platform, int chart) {

@@ -35,12 +35,29 @@ void ThrowNumberDice(Aids& aids) {
 
 }  // namespace
 
+DiceKind DiceInHand(const AidsState& state) {
+  const bool faces = state.Check4.value();
+  const bool numbers = state.fra_BBgumBB_visible.value();
+  if (faces == numbers) return state.lastRolled.value();
+  return faces ? DiceKind::Faces : DiceKind::Numbers;
+}
+
+void RollDice(Aids& aids) {
+  AidsState& state = aids.state;
+  if (!state.Check4.value() && !state.fra_BBgumBB_visible.value()) {
+    (DiceInHand(state) == DiceKind::Faces ? state.Check4 : state.fra_BBgumBB_visible).Set(true);
+  }
+  DiceInHand(state) == DiceKind::Faces ? RollFaceDice(aids) : RollNumberDice(aids);
+}
+
 void RollFaceDice(Aids& aids) {
+  aids.state.lastRolled.Set(DiceKind::Faces);
   aids.state.tmr_sombb.Set(true);
   MakeDiceSound(aids);
 }
 
 void RollNumberDice(Aids& aids) {
+  aids.state.lastRolled.Set(DiceKind::Numbers);
   aids.state.lblDiceTime.Set("0");
   aids.state.tmrDice2.Set(true);
   MakeDiceSound(aids);

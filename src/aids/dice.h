@@ -45,6 +45,12 @@ void RollFaceDice(Aids& aids);
 // Starts a roll of the numbered dice, with its sound; a roll in progress starts anew.
 void RollNumberDice(Aids& aids);
 
+// The dice that lie on the board; where both lie there, and where none does, those rolled last.
+[[nodiscard]] DiceKind DiceInHand(const AidsState& state);
+
+// Rolls those. Where none lies on the board those are put there first.
+void RollDice(Aids& aids);
+
 // One throw of the face dice.
 void GetRndNum(Aids& aids);
 

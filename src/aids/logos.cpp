@@ -38,7 +38,7 @@ void ChooseLogo(Board& board, Side side) {
   const Gesture gesture(board, "logo, " + SideOf(board, side).team.value());
   const auto file =
       board.platform.dialogs.OpenFile({"Open Image", board.platform.programFolder / "Logos",
-                                       "Graphic Files (*.bmp;*.jpg)|*.bmp;*.jpg"});
+                                       "Graphic Files (*.bmp;*.jpg)|*.bmp;*.jpg", true});
   if (!file) return;
   const SideFields fields = SideOf(board, side);
   if (const auto logo = board.platform.pictures.Load(*file)) {

@@ -37,7 +37,9 @@ void DeleteSelected(Browser& browser) {
   const std::string& name = browser.state.lbl_DEL2.value();
   if (name.empty()) return;
   DeleteAfterQuestion(
-      browser, "DELETE all statistics?",
+      browser,
+      "DELETE all statistics?\n\nThis deletes \"" + name +
+          "\" from the tables of this tab. Its saved games and its players' figures stay.",
       {{"DELETE FROM WinLoss WHERE Team = ?1", {name}},
        {"DELETE FROM Matchups WHERE Matchup LIKE ?1 ESCAPE '\\'", {EscapedForLike(name)}}},
       "Delete of data is complete.");
@@ -54,8 +56,10 @@ void PurgeAll(Browser& browser) {
   for (const TableColumns& table : SavedTables()) {
     statements.push_back({"DELETE FROM " + table.table});
   }
-  DeleteAfterQuestion(browser, "DELETE all statistics?", statements,
-                      "Delete of all statistics is complete.");
+  DeleteAfterQuestion(browser,
+                      "DELETE all statistics?\n\nAll saved games are deleted, with their batting, "
+                      "pitching, standings and matchups.",
+                      statements, "Delete of all statistics is complete.");
 }
 
 }  // namespace dtb

@@ -11,6 +11,7 @@
 #include "sheet/saved_tables.h"
 #include "sheet/workbook_export.h"
 #include "shell/program_error.h"
+#include "shell/report_files.h"
 #include "shell/time_stamp.h"
 
 namespace dtb {
@@ -165,11 +166,10 @@ std::vector<SheetPlan> GridSheets(const BrowserState& state) {
 
 std::optional<std::filesystem::path> ExportGrids(Browser& browser, const ExportProgress& progress) {
   Platform& platform = browser.platform;
-  if (!platform.spreadsheets.Installed()) {
-    platform.boxes.Show(kNoSpreadsheetProgram, BoxIcon::None, kBrowserTitle);
-    return std::nullopt;
-  }
+  const bool installed = platform.spreadsheets.Installed();
+  if (!installed) platform.boxes.Show(kNoSpreadsheetProgram, BoxIcon::None, kBrowserTitle);
   try {
+    if (!installed && !WantsWorkbookAllTheSame(platform, kBrowserTitle)) return std::nullopt;
     WorkbookExport workbook(platform, "DTB_DataGrids_" + MakeStamp(platform.clock.Now()), progress);
     workbook.writer().SetTypeSize(kExportTypeSize);
     const std::vector<SheetPlan> sheets = GridSheets(browser.state);
@@ -178,7 +178,9 @@ std::optional<std::filesystem::path> ExportGrids(Browser& browser, const ExportP
     }
     if (!workbook.Finish()) return std::nullopt;
     platform.clipboard.SetText(GridText(browser.state.MSHFlexGrid10.grid, kPairingColumns, "\r\n"));
-    return workbook.file();
+    if (installed) return workbook.file();
+    OpenWorkbook(platform, workbook.file(), kBrowserTitle);
+    return std::nullopt;
   } catch (const ProgramError& failure) {
     TellFailure(browser, failure.what());
     return std::nullopt;
@@ -196,12 +198,11 @@ void ExportTables(Browser& browser, const ExportProgress& progress) {
       if (!AddTable(workbook, platform.database, table, counts[i] / all)) return;
     }
     if (!workbook.Finish()) return;
+    TellWhereItLies(platform, "MS Access database tables have been exported", workbook.file(),
+                    kBrowserTitle);
   } catch (const ProgramError& failure) {
     TellFailure(browser, failure.what());
-    return;
   }
-  platform.boxes.Show("MS Access database tables have been exported", BoxIcon::Information,
-                      kBrowserTitle);
 }
 
 }  // namespace dtb

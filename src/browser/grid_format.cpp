@@ -15,6 +15,9 @@ constexpr int kCharacterWidth = 105;
 constexpr int kNarrowest = 420;
 constexpr int kWidest = 4200;
 
+constexpr std::uint8_t kAscending = 1;
+constexpr std::uint8_t kDescending = 2;
+
 void FitColumn(StatGrid& grid, int column) {
   const int wanted =
       kCellMargins + kCharacterWidth * static_cast<int>(std::min<std::size_t>(
@@ -80,19 +83,19 @@ void FormatColumn(StatGrid& grid, int column, Decimals decimals) {
 
 void BandRows(StatGrid& grid, Colour first, Colour second) { grid.SetRowBands(first, second, 2); }
 
-void SortOnDoubleClick(Browser& browser, BrowserGrid& grid, int column) {
-  if (column < 0 || column >= grid.grid.columns()) return;
-  if (!browser.platform.keyboard.ControlHeld()) return;
+bool SortedDown(const BrowserState& state) { return state.SortDirection == kDescending; }
+
+bool SortOnDoubleClick(Browser& browser, BrowserGrid& grid, int column) {
+  if (column < 0 || column >= grid.grid.columns()) return false;
+  if (!browser.platform.keyboard.ControlHeld()) return false;
   BrowserState& state = browser.state;
-  constexpr std::uint8_t kAscending = 1;
-  constexpr std::uint8_t kDescending = 2;
   if (column == state.SortColumn) {
     state.SortDirection = state.SortDirection == kDescending ? kAscending : kDescending;
   } else {
     state.SortColumn = static_cast<std::uint8_t>(column);
   }
-  grid.grid.SortRows(
-      column, state.SortDirection == kDescending ? SortOrder::Descending : SortOrder::Ascending);
+  grid.grid.SortRows(column, SortedDown(state) ? SortOrder::Descending : SortOrder::Ascending);
+  return true;
 }
 
 }  // namespace dtb

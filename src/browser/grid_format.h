@@ -31,7 +31,10 @@ void FormatColumn(StatGrid& grid, int column, Decimals decimals);
 void BandRows(StatGrid& grid, Colour first, Colour second);
 
 // Double click on a column of MSHFlexGrid2 to 5. Sorts with Ctrl held, else does nothing. A new
-// column is sorted in the direction used last, the same column the other way.
-void SortOnDoubleClick(Browser& browser, BrowserGrid& grid, int column);
+// column is sorted in the direction used last, the same column the other way. True: it sorted.
+bool SortOnDoubleClick(Browser& browser, BrowserGrid& grid, int column);
+
+// The direction used last is from large to small.
+[[nodiscard]] bool SortedDown(const BrowserState& state);
 
 }  // namespace dtb

@@ -19,6 +19,7 @@ struct Board {
   EventLog& log;
   Platform& platform;
   History* history = nullptr;  // none: no gesture can be taken back
+  std::string counting = {};   // what the gesture in progress counts: "Tony Kubek 1B"
 };
 
 enum class Side { Visitors, Home };

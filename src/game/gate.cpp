@@ -10,8 +10,14 @@ namespace {
 
 constexpr int kLastOfOrder = kStarters - 1;
 
-void ShowRecorded(Board& board, const std::string& message) {
-  board.platform.boxes.ShowRecorded(message, BoxAlignment::Centred);
+void Confirm(Board& board, const std::string& message) {
+  board.platform.boxes.Confirm(message, board.counting);
+}
+
+// "New York 1960 2, Pittsburgh 1960 3"
+std::string Score(const BoardState& state) {
+  return state.tb_VisTeam.value() + ' ' + state.tb_BoxScore.at(kTotalRuns).text.value() + ", " +
+         state.tb_HomeTeam.value() + ' ' + state.tb_BoxScoreBottom.at(kTotalRuns).text.value();
 }
 
 // Raises the at-bats of the current batter. The visitors' table is searched first, whichever side
@@ -74,15 +80,19 @@ void AssignAtBat(Board& board) {
 }
 
 void EventMessage(Board& board) {
-  ShowRecorded(board, "Stat Recorded.");
+  Confirm(board, "Stat Recorded.");
   board.state.StolenBasePiece = 0;
 }
 
-void HitRecordedMsg(Board& board) { ShowRecorded(board, "HIT recorded."); }
+void HitRecordedMsg(Board& board) { Confirm(board, "HIT recorded."); }
+
+void AtBatRecordedMsg(Board& board) { Confirm(board, "At-Bat recorded."); }
+
+void OutOnBasesMsg(Board& board) { Confirm(board, "OUT recorded."); }
 
 void OutRecordedMsg(Board& board) {
   BoardState& state = board.state;
-  ShowRecorded(board, "OUT recorded.");
+  Confirm(board, "OUT recorded.");
   TakeOffBoard(board, state.lbl_Selected.value());
   if (state.tb_OUT.number() != 3) {
     AssignAtBat(board);
@@ -99,7 +109,7 @@ void OutRecordedMsg(Board& board) {
 }
 
 void EndOfInning(Board& board) {
-  ShowRecorded(board, "END OF INNING.");
+  board.platform.boxes.Confirm("END OF INNING.", Score(board.state));
   ResetGamePieces(board);
   const std::string inning = DecimalText(board.state.tb_OutsCount.number() / 6);
   board.log.Append(std::string("[").append(inning).append("]"));

@@ -35,6 +35,9 @@ void AssignAtBat(Board& board);
 // The boxes "Stat Recorded." and "HIT recorded.".
 void EventMessage(Board& board);
 void HitRecordedMsg(Board& board);
+// The boxes "At-Bat recorded." and, where the batter stays, "OUT recorded.".
+void AtBatRecordedMsg(Board& board);
+void OutOnBasesMsg(Board& board);
 
 // The box "OUT recorded.", shown after tb_OUT was raised; then the batter leaves the board, and
 // either the half-inning is closed or the next batter comes up.

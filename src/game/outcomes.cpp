@@ -15,7 +15,7 @@ void RecordAtBat(Board& board) {
   if (!BothTeamsLoaded(board.state)) return;
   LogOutcome(board, LogSuffix(Outcome::AtBat));
   AssignAtBat(board);
-  board.platform.boxes.ShowRecorded("At-Bat recorded.", BoxAlignment::Centred);
+  AtBatRecordedMsg(board);
 }
 
 void Record(Board& board, Outcome outcome) {
@@ -55,8 +55,12 @@ void Record(Board& board, Outcome outcome) {
 }  // namespace
 
 void RecordOutcome(Board& board, Outcome outcome) {
-  const Gesture gesture(
-      board, std::string(OutcomeCode(outcome)) + ", " + board.state.lbl_Selected.value());
+  const std::string code(OutcomeCode(outcome));
+  const std::string& batter = board.state.lbl_Selected.value();
+  const Gesture gesture(board, code + ", " + batter);
+  // The board does not know which runner was thrown out.
+  board.counting =
+      outcome == Outcome::ThrownOut ? code + " while " + batter + " bats" : batter + ' ' + code;
   Trapped(board.platform.boxes, [&] { Record(board, outcome); });
 }
 

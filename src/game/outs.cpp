@@ -37,14 +37,14 @@ void RecordFieldersChoice(Board& board) {
   state.tb_OUT.Raise();
   LogOutcome(board, LogSuffix(Outcome::FieldersChoice));
   AssignAtBat(board);
-  board.platform.boxes.ShowRecorded("OUT recorded.", BoxAlignment::Centred);
+  OutOnBasesMsg(board);
 }
 
 void RecordThrownOut(Board& board) {
   if (!OutcomeGate(board)) return;
   LogOutcome(board, LogSuffix(Outcome::ThrownOut));
   board.state.tb_OUT.Raise();
-  board.platform.boxes.ShowRecorded("OUT recorded.", BoxAlignment::Centred);
+  OutOnBasesMsg(board);
   if (board.state.tb_OUT.number() != 3) return;
   EndOfInning(board);
   board.state.tb_OUT.Set("0");

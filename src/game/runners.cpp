@@ -22,6 +22,7 @@ void RecordStolenBase(Board& board, int piece) {
   const std::string& tag = state.pieces.at(static_cast<std::size_t>(piece)).tag.value();
   if (tag.empty()) return;
   const Gesture gesture(board, "SB, " + tag);
+  board.counting = tag + " SB";
   state.LastRunnerClicked = tag;
   state.StolenBasePiece = piece + 1;
   StolenBase(board);

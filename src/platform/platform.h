@@ -33,8 +33,11 @@ struct Choice {
 class MessageBoxes {
  public:
   virtual ~MessageBoxes() = default;
-  // The box that confirms a click of the game, without a button.
+  // A box of the game, without a button.
   virtual void ShowRecorded(const std::string& message, BoxAlignment alignment) = 0;
+  // The same, which confirms a click. Where the person has chosen quick boxes it holds nothing back
+  // and is a notice, with `counted` behind the message: who and what ("Tony Kubek 1B").
+  virtual void Confirm(const std::string& message, const std::string& counted) = 0;
   // A standard box with one OK button. An empty title stands for the program's own.
   virtual void Show(const std::string& message, BoxIcon icon, const std::string& title = {}) = 0;
   // A question with Yes and No. True for Yes; closing the box in any other way is a No.
@@ -46,7 +49,8 @@ class MessageBoxes {
 struct OpenFileRequest {
   std::string title;
   std::filesystem::path folder;
-  std::string filter;  // "Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*": caption and patterns in turn
+  std::string filter;     // "Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*": caption and patterns in turn
+  bool pictures = false;  // the person sees each before it is chosen
 };
 
 struct SaveFileRequest {

@@ -30,6 +30,7 @@ struct QuietDesktop : MessageBoxes,
   QuietDesktop() : RandomGenerator(1) {}
 
   void ShowRecorded(const std::string& /*message*/, BoxAlignment /*alignment*/) override {}
+  void Confirm(const std::string& /*message*/, const std::string& /*counted*/) override {}
   void Show(const std::string& /*message*/, BoxIcon /*icon*/,
             const std::string& /*title*/) override {}
   bool Ask(const Question& /*question*/) override { return true; }

@@ -130,6 +130,7 @@ void WriteGameReport(Board& board) {
                   sheet.tb_TimeStamp.value(),
               *file);
     board.platform.pages.Open(TextOf(*file));
+    TellWhereItLies(board.platform, "The report is written.", *file, "HTML REPORT");
   });
 }
 

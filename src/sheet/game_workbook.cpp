@@ -54,22 +54,22 @@ SheetPlan GameSheet(const StatSheet& sheet) {
 }
 
 bool ExportGameToSpreadsheet(Board& board) {
-  bool exported = false;
+  bool opened = false;
   Trapped(board.platform.boxes, [&] {
     if (TellFigureBeingTyped(board)) return;
     if (!board.platform.spreadsheets.Installed()) {
-      throw ProgramError(error_number::kNoComponent, kNoSpreadsheetProgram);
+      ReportError(board.platform.boxes, error_number::kNoComponent, kNoSpreadsheetProgram);
+      if (!WantsWorkbookAllTheSame(board.platform)) return;
     }
     WorkbookExport workbook(board.platform, NameOf(board), {});
     workbook.writer().SetTypeSize(kExportTypeSize);
-    exported = workbook.Add(GameSheet(board.sheet), 1) && workbook.Finish();
-    if (!exported) return;
+    if (!workbook.Add(GameSheet(board.sheet), 1) || !workbook.Finish()) return;
     const StatGrid& score = board.sheet.grd_BoxScore;
     board.platform.clipboard.SetText(GridText(score, score.columns(), "\r"));
     TellRowThatGaveWay(board);
-    OpenWorkbook(board.platform, workbook.file());
+    opened = OpenWorkbook(board.platform, workbook.file());
   });
-  return exported;
+  return opened;
 }
 
 }  // namespace dtb

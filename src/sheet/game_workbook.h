@@ -10,9 +10,11 @@ namespace dtb {
 // score from T1. The home team's headers stand in the row of the visitors' last player.
 [[nodiscard]] SheetPlan GameSheet(const StatSheet& sheet);
 
-// Writes the workbook of the present game into the folder "Game Rpts" and opens it; the clipboard
-// has the text of the line score afterwards. True if it did. Without a spreadsheet program, and
-// where the file cannot be written, that is told as a Program Error and nothing has changed.
+// Writes the workbook of the present game into the folder "Game Rpts", opens it and tells where it
+// lies; the clipboard has the text of the line score afterwards. True if a program opened it. A
+// missing spreadsheet program is told as a Program Error, and the workbook written only if the
+// person wants it all the same. A file that cannot be written is a Program Error, and nothing has
+// changed.
 bool ExportGameToSpreadsheet(Board& board);
 
 }  // namespace dtb

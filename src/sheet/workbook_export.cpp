@@ -47,13 +47,23 @@ bool WorkbookExport::Finish() {
   return done;
 }
 
-bool OpenWorkbook(Platform& platform, const std::filesystem::path& file) {
-  if (platform.spreadsheets.OpenWorkbook(file)) return true;
-  platform.boxes.Show(
-      "The workbook is written, but the system could not open it. It is kept as \"" + TextOf(file) +
-          "\".",
-      BoxIcon::Information);
-  return false;
+bool WantsWorkbookAllTheSame(Platform& platform, const std::string& title) {
+  return platform.boxes.Ask(
+      {"The workbook can be written all the same, into the folder \"Game Rpts\". Write it?",
+       title});
+}
+
+bool OpenWorkbook(Platform& platform, const std::filesystem::path& file, const std::string& title) {
+  if (!platform.spreadsheets.Installed()) {
+    TellWhereItLies(platform, "The workbook is written.", file, title);
+    return false;
+  }
+  const bool opened = platform.spreadsheets.OpenWorkbook(file);
+  TellWhereItLies(platform,
+                  opened ? "The workbook is written, and your spreadsheet program opens it."
+                         : "The workbook is written, but the system could not open it.",
+                  file, title);
+  return opened;
 }
 
 }  // namespace dtb

@@ -40,9 +40,13 @@ class WorkbookExport {
   double written_ = 0;
 };
 
-// Starts the spreadsheet program with a finished workbook. Where the system cannot, the person is
-// told where the file lies, and the result is false.
-bool OpenWorkbook(Platform& platform, const std::filesystem::path& file);
+// Where no program takes a workbook: the person wants it written all the same.
+[[nodiscard]] bool WantsWorkbookAllTheSame(Platform& platform, const std::string& title = {});
+
+// Starts the spreadsheet program with a finished workbook and tells where the file lies. False:
+// there is no such program, or the system could not start it, which is told, too.
+bool OpenWorkbook(Platform& platform, const std::filesystem::path& file,
+                  const std::string& title = {});
 
 // What the person hears where no program for workbooks is installed.
 inline constexpr const char* kNoSpreadsheetProgram = "Excel is not installed";

@@ -1,5 +1,6 @@
 #include "shell/edited_label.h"
 
+#include "platform/paths.h"
 #include "shell/program_error.h"
 #include "shell/settings_keys.h"
 
@@ -19,6 +20,13 @@ void SaveEdit(Platform& platform, const EditedLabel& fields) {
   }
   Trapped(platform.boxes,
           [&] { platform.settings.Write(settings::kLabels, fields.key, fields.label.value()); });
+}
+
+void ChooseFolder(Platform& platform, const EditedLabel& fields) {
+  const auto folder = platform.dialogs.OpenFolder(fields.folderTitle, PathOf(fields.edit.value()));
+  if (!folder) return;
+  fields.edit.Set(TextOf(*folder));
+  SaveEdit(platform, fields);
 }
 
 void CancelEdit(const EditedLabel& fields) { fields.editing.Set(false); }

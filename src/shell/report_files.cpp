@@ -41,6 +41,16 @@ std::filesystem::path ReportsFolder(const Platform& platform) {
   return folder;
 }
 
+void TellWhereItLies(Platform& platform, const std::string& told, const std::filesystem::path& file,
+                     const std::string& title) {
+  const std::string folder = TextOf(file.parent_path());
+  const bool open =
+      platform.boxes.Ask({told + "\n\nThe file is \"" + TextOf(file.filename()) +
+                              "\" in the folder \"" + folder + "\".\n\nOpen the folder?",
+                          title});
+  if (open) platform.pages.Open(folder);
+}
+
 std::string SafeNamePart(std::string_view text) {
   std::string part;
   for (std::string_view rest = Start(text, kLongestPart); !rest.empty();) {

@@ -19,6 +19,11 @@ namespace dtb {
 // name may have.
 [[nodiscard]] std::string SafeNamePart(std::string_view text);
 
+// Says `told`, and in which folder a file that was just written lies; opens that folder if the
+// person wants to see it.
+void TellWhereItLies(Platform& platform, const std::string& told, const std::filesystem::path& file,
+                     const std::string& title = {});
+
 // "name.xlsx" in the folder, or "name (2).xlsx", "name (3).xlsx", ... where files of these names
 // are there already.
 [[nodiscard]] std::filesystem::path FreeFile(const std::filesystem::path& folder,

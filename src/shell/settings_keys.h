@@ -5,6 +5,7 @@ namespace dtb::settings {
 
 inline constexpr const char* kLabels = "labels";  // the one section in use
 inline constexpr const char* kPhotoPath = "lbl_PhotoPath";
+inline constexpr const char* kQuickBoxes = "quick_boxes";
 inline constexpr const char* kSeasonArchive = "season_archive";
 inline constexpr const char* kSeasonBatters = "season_batters";
 inline constexpr const char* kSeasonPitchers = "season_pitchers";

@@ -76,6 +76,12 @@ std::optional<int> RowOfManDue(Board& board, Side side) {
   return waits ? std::optional(row) : std::nullopt;
 }
 
+void ChooseManDue(Board& board) {
+  const auto side = SideAtBat(board.state);
+  if (!side) return;
+  if (const auto row = RowOfManDue(board, *side)) SelectRow(board, *side, *row);
+}
+
 bool IsOnSheet(Board& board, Side side, int row) {
   const SideFields fields = SideOf(board, side);
   if (!fields.list.HasRow(row)) return false;

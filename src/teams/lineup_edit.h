@@ -23,6 +23,9 @@ void SelectBatter(Board& board, Side side);
 // a runner's out has cut short.
 [[nodiscard]] std::optional<int> RowOfManDue(Board& board, Side side);
 
+// Chooses that man of the side at bat. Where nobody is due, nothing happens.
+void ChooseManDue(Board& board);
+
 // The man of this row has a line in the side's table, so that what he does is counted.
 [[nodiscard]] bool IsOnSheet(Board& board, Side side, int row);
 

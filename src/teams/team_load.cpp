@@ -79,7 +79,8 @@ void LoadTeam(Board& board, Side side) {
   EmptySide(board, side);
   const auto file = board.platform.dialogs.OpenFile(
       {side == Side::Visitors ? "LOAD Visitor team" : "LOAD Home team",
-       board.platform.programFolder / "Teams", "Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*"});
+       board.platform.programFolder / "Teams",
+       "Team files (*.txt;*.csv*)|*.txt;*.csv*|Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*"});
   if (!file) return;
   gesture.SetName("LOAD " + TextOf(file->filename()));
   OpenTeam(board, side, *file);

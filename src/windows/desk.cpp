@@ -11,10 +11,14 @@
 
 #include "aids/ballparks.h"
 #include "aids/charts.h"
+#include "aids/quick_boxes.h"
 #include "aids/recovery.h"
 #include "game/start_up.h"
 #include "platform/qt/qt_text.h"
+#include "shell/log_file.h"
 #include "windows/accessible_roles.h"
+#include "windows/boxes/log_window.h"
+#include "windows/shared/board_type.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"
 #include "windows/shared/slate_style.h"
@@ -85,15 +89,28 @@ Desk::Desk(const Setup& setup)
   StartUp(board_);
   SetUpBallparks(aids_);
   ReadChartNames(aids_);
+  ReadQuickBoxes(aids_);
   if (setup.recovery) {
     recovery_ = std::make_unique<QtRecoveryStore>(settings_.FileBeside("DTB_v102.game"));
     history_.Observe([this] { KeepGame(); });
   }
   form1_ = std::make_unique<Form1>(board_, aids_, pictures_);
   boxes_.SetMainWindow(form1_.get());
+  new BoardType(form1_.get());
+  ServeLog();
+  boxes_.SetQuick(aidsState_.cb_QuickBoxes);
   if (recovery_ && recovery_->mine()) {
     form1_->AddTakeUp([this] { TakeUpSetAside(board_, aids_, *recovery_); });
   }
+}
+
+void Desk::ServeLog() {
+  auto* window = form1_->findChild<LogWindow*>();
+  QObject::connect(window, &LogWindow::saveWanted, window, [this] { SaveLog(platform_, log_); });
+  QObject::connect(window, &LogWindow::copyWanted, window, [this, window] {
+    platform_.clipboard.SetText(log_.text());
+    window->Tell(QStringLiteral("The log is on the clipboard."));
+  });
 }
 
 Desk::~Desk() {

@@ -55,6 +55,7 @@ class Desk {
 
  private:
   void KeepGame();
+  void ServeLog();
 
   QtFileDialogs ownDialogs_;
   QtPages ownPages_;

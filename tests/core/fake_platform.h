@@ -32,6 +32,10 @@ struct FakePlatform final : QuietDesktop {
   void ShowRecorded(const std::string& message, BoxAlignment alignment) override {
     Tell((alignment == BoxAlignment::Left ? "left: " : "") + message);
   }
+  void Confirm(const std::string& message, const std::string& counted) override {
+    Tell(message);
+    counts += counted + '\n';
+  }
   void Show(const std::string& message, BoxIcon icon, const std::string& title) override {
     Tell(" iw!x"[static_cast<int>(icon)] + (": " + title + (title.empty() ? "" : ": ")) + message);
   }
@@ -69,6 +73,7 @@ struct FakePlatform final : QuietDesktop {
     throw DatabaseOutOfReach(error_number::kFileNotFound, "no database");
   }
 
+  std::string counts;  // what the confirmations counted, one a line
   void Tell(const std::string& text) {
     told += (told.empty() ? "" : " | ") + text;
     if (whileOpen) whileOpen();

@@ -30,6 +30,7 @@ struct TestDesk final : QuietDesktop {
   void ShowRecorded(const std::string& message, BoxAlignment /*alignment*/) override {
     told.push_back(message);
   }
+  void Confirm(const std::string& message, const std::string&) override { told.push_back(message); }
   void Show(const std::string& message, BoxIcon /*icon*/, const std::string& /*title*/) override {
     told.push_back(message);
   }

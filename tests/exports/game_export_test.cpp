@@ -30,11 +30,15 @@ TEST_F(GameExportTest, WholeSheetCellByCell) {
   game.sheet.grd_VisStats.SetText(48, stat_column::kBatter, "007");
   game.sheet.grd_VisStats.SetText(1, stat_column::kInningsPitched, "3.00");
   game.sheet.grd_HomeStats.SetText(2, stat_column::kInningsPitched, "6.33");
+  desk.yes = false;  // the folder stays closed
   ASSERT_TRUE(ExportGameToSpreadsheet(board));
   EXPECT_EQ(desk.opened, Strings{Report("Owls_at_Elks_111826104413.xlsx")});
   EXPECT_EQ(Reports(), Strings{"Owls_at_Elks_111826104413.xlsx"});
-  ASSERT_EQ(desk.told.size(), 1U);
+  ASSERT_EQ(desk.told.size(), 2U);
   EXPECT_NE(desk.told[0].find("visitors' last player"), std::string::npos);
+  EXPECT_NE(
+      desk.told[1].find("\"Owls_at_Elks_111826104413.xlsx\" in the folder \"" + folder.string()),
+      std::string::npos);
 
   std::map<std::string, std::string> expected;
   const auto lay = [&expected](const StatGrid& grid, int anchorRow, int anchorColumn) {
@@ -78,15 +82,20 @@ TEST_F(GameExportTest, WholeSheetCellByCell) {
   EXPECT_EQ(std::ranges::count(desk.clipboard, '\t'), 3 * 23);
 }
 
-TEST_F(GameExportTest, WithoutASpreadsheetProgramNothingChanges) {
+TEST_F(GameExportTest, WithoutASpreadsheetProgramThePersonDecides) {
+  desk.yes = false;
   desk.installed = false;
   desk.clipboard = "before";
   EXPECT_FALSE(ExportGameToSpreadsheet(board));
-  ASSERT_EQ(desk.told.size(), 1U);
+  ASSERT_EQ(desk.told.size(), 2U);
   EXPECT_NE(desk.told[0].find("Excel is not installed"), std::string::npos);
   EXPECT_EQ(Reports(), Strings{});
   EXPECT_FALSE(std::filesystem::exists(folder / "Game Rpts"));
   EXPECT_EQ(desk.clipboard, "before");
+  desk.yes = true;
+  EXPECT_FALSE(ExportGameToSpreadsheet(board)) << "no program has it";
+  EXPECT_EQ(Reports().size(), 1U);
+  EXPECT_EQ(desk.opened, Strings{(folder / "Game Rpts").string()});
 }
 
 TEST_F(GameExportTest, ReportAsABrowserReadsIt) {
@@ -100,8 +109,8 @@ TEST_F(GameExportTest, ReportAsABrowserReadsIt) {
   desk.chosen = folder / "page.html";
   WriteGameReport(board);
   EXPECT_EQ(desk.proposed, "St. _Owls__\xC3\x89_at_Elks_11182026_104413_AM");
-  EXPECT_EQ(desk.told.size(), 1U) << "asks whether to make the file";
-  EXPECT_EQ(desk.opened, Strings{desk.chosen->string()});
+  EXPECT_EQ(desk.told.size(), 2U) << "asks whether to make the file, tells where it lies";
+  EXPECT_EQ(desk.opened, (Strings{desk.chosen->string(), folder.string()}));
 
   const std::string bytes = ReadAll(*desk.chosen);
   EXPECT_NE(bytes.find("\r\n<html><head></head><body><table border=1 cellspacing=0 "
@@ -134,7 +143,7 @@ TEST_F(GameExportTest, ReportOfAnEmptyCommentAndRefusals) {
   desk.chosen = folder / "page.html";
   std::ofstream(*desk.chosen) << std::string(100000, 'x');
   WriteGameReport(board);
-  EXPECT_EQ(desk.told, Strings{}) << "the dialog has asked";
+  EXPECT_EQ(desk.told.size(), 1U) << "the dialog has asked";
   EXPECT_TRUE(ReadAll(*desk.chosen).ends_with("</table></body><html>\r\n<br>\r\n"));
   desk.chosen = folder / "other.html";
   desk.yes = false;
@@ -142,12 +151,12 @@ TEST_F(GameExportTest, ReportOfAnEmptyCommentAndRefusals) {
   EXPECT_FALSE(std::filesystem::exists(*desk.chosen));
   desk.chosen = folder;
   WriteGameReport(board);
-  ASSERT_EQ(desk.told.size(), 2U);
-  EXPECT_NE(desk.told[1].find("cannot be written"), std::string::npos);
+  ASSERT_EQ(desk.told.size(), 3U);
+  EXPECT_NE(desk.told[2].find("cannot be written"), std::string::npos);
   desk.chosen = std::nullopt;
   WriteGameReport(board);
-  EXPECT_EQ(desk.told.size(), 2U);
-  EXPECT_EQ(desk.opened.size(), 1U);
+  EXPECT_EQ(desk.told.size(), 3U);
+  EXPECT_EQ(desk.opened.size(), 2U);
 }
 
 TEST(ExportNamesTest, EveryFileSystemTakesThem) {

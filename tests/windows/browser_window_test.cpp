@@ -112,6 +112,20 @@ TEST_F(BrowserWindowTest, EscapeEmptiesAndLeavesTextFields) {
   });
 }
 
+TEST_F(BrowserWindowTest, BoxScoreHasItsTeamsOverColumnsOfOneWidth) {
+  MakeDatabase();
+  Open([this] {
+    ClickCell("MSHFlexGrid1", 3, line_score_column::kGameID);  // the older game
+    EXPECT_EQ(Part<QLabel>("lbl_HomeGame")->text(), QStringLiteral("Bees"));
+    EXPECT_FALSE(Part("lbl_NoGame")->isVisible());
+    for (int column = 0; column < 10; ++column) {
+      EXPECT_EQ(Part<StatGridView>("MSHFlexGrid6")->columnWidth(column),
+                Part<StatGridView>("MSHFlexGrid8")->columnWidth(column));
+    }
+    CloseForm();
+  });
+}
+
 TEST_F(BrowserWindowTest, EveryTabIsWholeOnSmallScreens) {
   MakeDatabase();
   Open([this] {

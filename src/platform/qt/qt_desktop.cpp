@@ -14,6 +14,7 @@
 #include <array>
 
 #include "platform/paths.h"
+#include "platform/qt/file_dialog.h"
 #include "platform/qt/qt_text.h"
 
 namespace dtb {
@@ -30,12 +31,23 @@ QString ToolkitFilter(const std::string& filter) {
   return filters.join(QStringLiteral(";;"));
 }
 
+namespace {
+
+// What the person chose in a dialog, or nothing if he cancelled.
+std::optional<std::filesystem::path> ChoiceIn(QFileDialog& dialog) {
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return PathOf(FromQt(dialog.selectedFiles().constFirst()));
+}
+
+}  // namespace
+
 std::optional<std::filesystem::path> QtFileDialogs::OpenFile(const OpenFileRequest& request) {
-  const QString chosen =
-      QFileDialog::getOpenFileName(QApplication::activeWindow(), ToQt(request.title),
-                                   ToQt(TextOf(request.folder)), ToolkitFilter(request.filter));
-  if (chosen.isEmpty()) return std::nullopt;
-  return PathOf(FromQt(chosen));
+  QFileDialog dialog(QApplication::activeWindow(), ToQt(request.title),
+                     ToQt(TextOf(request.folder)), ToolkitFilter(request.filter));
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  if (request.pictures) AddPicturePreview(dialog);
+  DressFileDialog(dialog);
+  return ChoiceIn(dialog);
 }
 
 std::optional<std::filesystem::path> QtFileDialogs::SaveFile(const SaveFileRequest& request) {
@@ -45,16 +57,17 @@ std::optional<std::filesystem::path> QtFileDialogs::SaveFile(const SaveFileReque
   dialog.setDefaultSuffix(ToQt(request.defaultExtension));
   // The dialog adds no suffix to a name with a dot in it, as "St. Louis" has.
   dialog.selectFile(ToQt(request.fileName + '.' + request.defaultExtension));
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  return PathOf(FromQt(dialog.selectedFiles().constFirst()));
+  DressFileDialog(dialog);
+  return ChoiceIn(dialog);
 }
 
 std::optional<std::filesystem::path> QtFileDialogs::OpenFolder(
     const std::string& title, const std::filesystem::path& startAt) {
-  const QString chosen = QFileDialog::getExistingDirectory(QApplication::activeWindow(),
-                                                           ToQt(title), ToQt(TextOf(startAt)));
-  if (chosen.isEmpty()) return std::nullopt;
-  return PathOf(FromQt(chosen));
+  QFileDialog dialog(QApplication::activeWindow(), ToQt(title), ToQt(TextOf(startAt)));
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setOption(QFileDialog::ShowDirsOnly);
+  DressFileDialog(dialog);
+  return ChoiceIn(dialog);
 }
 
 void QtPages::Open(const std::string& addressOrFile) {

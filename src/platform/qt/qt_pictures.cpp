@@ -64,6 +64,22 @@ QImage Decode(const std::string& path) {
 
 }  // namespace
 
+QImage DecodedFor(const QString& file, const QSize& place) {
+  QImageReader reader;
+  if (StampOf(FromQt(file)) == 0 || !Begin(reader, FromQt(file))) return {};
+  constexpr int kSmallestShare = 8;
+  const QSize whole = reader.size();
+  QSize size = whole;
+  // A decoder of JPEG halves in passing.
+  for (int share = 2; share <= kSmallestShare; share *= 2) {
+    const QSize part((whole.width() + share - 1) / share, (whole.height() + share - 1) / share);
+    if (part.width() < place.width() || part.height() < place.height()) break;
+    size = part;
+  }
+  if (size != whole) reader.setScaledSize(size);
+  return reader.read();
+}
+
 std::optional<Picture> QtPictures::Load(const std::filesystem::path& file) {
   const std::string path = TextOf(file);
   const std::uint64_t stamp = StampOf(path);

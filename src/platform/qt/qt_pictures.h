@@ -10,6 +10,11 @@
 
 namespace dtb {
 
+// The picture in a file for a place of the given size in pixels of the screen: decoded in the
+// file's own size, or in a half, quarter or eighth of it where that still fills the place. Null for
+// what is no picture.
+[[nodiscard]] QImage DecodedFor(const QString& file, const QSize& place);
+
 // Decodes photos and logos no larger than the board can show them, and remembers the outcome for as
 // long as the file stays as it is, failures too. A file that is no regular file, larger than 64
 // MiB, of more than 64 million pixels or of a format that is no photo's is no picture.

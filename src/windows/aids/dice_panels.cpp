@@ -10,7 +10,8 @@ namespace {
 
 using namespace look;
 
-// Places in layout units; both stand clear of the diamond and of the other panels.
+// Places in layout units. Both lie over the outfield, under the scoreboard: clear of the bases, the
+// game pieces and the other panels.
 constexpr double kMargin = 12;
 constexpr double kGap = 8;
 constexpr double kFaceDieSize = 64;
@@ -18,10 +19,10 @@ constexpr double kNumberDieSize = 56;
 constexpr double kRollHeight = 36;
 constexpr double kFacePanelWidth = 2 * kMargin + 2 * kFaceDieSize + kGap;
 constexpr double kFacePanelHeight = kFacePanelWidth + kGap + kRollHeight;
-constexpr Place kFacePanel{1179, 532, kFacePanelWidth, kFacePanelHeight};
+constexpr Place kFacePanel{344, 208, kFacePanelWidth, kFacePanelHeight};
 constexpr double kNumberPanelWidth = 2 * kMargin + 4 * kNumberDieSize + 3 * kGap;
 constexpr double kNumberPanelHeight = 2 * kMargin + 2 * kNumberDieSize + 2 * kGap + kRollHeight;
-constexpr Place kNumberPanel{428, 720, kNumberPanelWidth, kNumberPanelHeight};
+constexpr Place kNumberPanel{1335 - kNumberPanelWidth, 208, kNumberPanelWidth, kNumberPanelHeight};
 
 // A timer that runs while the field is on.
 void RunWhile(QTimer& timer, const char* name, int interval, QWidget* panel, Field<bool>& running) {
@@ -41,6 +42,7 @@ void RunWhile(QTimer& timer, const char* name, int interval, QWidget* panel, Fie
 QPushButton* AddRoll(const char* name, const QString& word, QWidget* panel) {
   auto* roll = new QPushButton(QStringLiteral("ROLL"), panel);
   Name(roll, name, word);
+  roll->setToolTip(QStringLiteral("Rolls these dice; the key X does so too"));
   return roll;
 }
 
@@ -71,6 +73,17 @@ void FaceDie::paintEvent(QPaintEvent* /*event*/) {
   }
 }
 
+FaceDie* MakeFaceDie(AidsState& state, std::size_t die, QWidget* parent) {
+  const FaceDieKind& kind = kFaceDiceSet.at(die);
+  Field<int>& face = state.faces.at(die);
+  auto* shown = new FaceDie(face, kind.colour, kind.pips, parent);
+  Follow<int>(shown, face, [shown, &kind](int value) {
+    Name(shown, kind.name, QStringLiteral("%1: %2").arg(QLatin1String(kind.word)).arg(value));
+    shown->update();
+  });
+  return shown;
+}
+
 NumberPlate::NumberPlate(Colour ground, Colour figures, QWidget* parent)
     : QLabel(parent), ground_(Shade(ground)) {
   setAlignment(Qt::AlignCenter);
@@ -94,30 +107,12 @@ FaceDicePanel::FaceDicePanel(Aids& aids, Scene& scene, QWidget* parent)
   setToolTip(QStringLiteral("CTRL + Left Click to drag dice roller"));
   SetFill(kBoxGrey);
   scene.Put(this, kFacePanel);
-  struct Die {
-    const char* name;
-    const char* word;
-    QColor colour;
-    QColor pips;
-    double left;
-    double top;
-  };
   constexpr double kSecond = kMargin + kFaceDieSize + kGap;
-  // In the order in which they are drawn.
-  const std::array<Die, kFaceDice> dice{{
-      {"Image100", "Red die", QColor(255, 0, 0), Qt::white, kMargin, kSecond},
-      {"Image200", "Green die", QColor(0, 127, 1), Qt::white, kSecond, kMargin},
-      {"Image300", "White die", QColor(231, 231, 231), Qt::black, kMargin, kMargin},
-  }};
-  for (std::size_t i = 0; i < dice.size(); ++i) {
-    const Die& die = dice[i];
-    Field<int>& face = aids.state.faces[i];
-    auto* shown = new FaceDie(face, die.colour, die.pips, this);
-    scene.Put(shown, {die.left, die.top, kFaceDieSize, kFaceDieSize});
-    Follow<int>(shown, face, [shown, die](int value) {
-      Name(shown, die.name, QStringLiteral("%1: %2").arg(QLatin1String(die.word)).arg(value));
-      shown->update();
-    });
+  constexpr std::array<QPointF, kFaceDice> places{
+      {{kMargin, kSecond}, {kSecond, kMargin}, {kMargin, kMargin}}};
+  for (std::size_t die = 0; die < places.size(); ++die) {
+    scene.Put(MakeFaceDie(aids.state, die, this),
+              {places[die].x(), places[die].y(), kFaceDieSize, kFaceDieSize});
   }
   auto* twenty = new NumberPlate({255, 255, 0}, {0, 0, 0}, this);
   Name(twenty, "lbl_20die", QStringLiteral("Twenty-sided die"));

@@ -3,6 +3,7 @@
 
 #include <QLabel>
 #include <QTimer>
+#include <array>
 
 #include "aids/dice.h"
 #include "windows/shared/draggable.h"
@@ -23,6 +24,23 @@ class FaceDie : public QWidget {
   QColor colour_;
   QColor pips_;
 };
+
+struct FaceDieKind {
+  const char* name;
+  const char* word;
+  QColor colour;
+  QColor pips;
+};
+
+// In the order of their faces in AidsState.
+inline constexpr std::array<FaceDieKind, kFaceDice> kFaceDiceSet{{
+    {"Image100", "Red die", QColor(255, 0, 0), QColor(255, 255, 255)},
+    {"Image200", "Green die", QColor(0, 127, 1), QColor(255, 255, 255)},
+    {"Image300", "White die", QColor(231, 231, 231), QColor(0, 0, 0)},
+}};
+
+// A die with a face, named by its kind and what it shows.
+[[nodiscard]] FaceDie* MakeFaceDie(AidsState& state, std::size_t die, QWidget* parent);
 
 // A number on a rounded square of its die's colour.
 class NumberPlate : public QLabel {

@@ -1,199 +1,249 @@
 #include "windows/aids/form3.h"
 
 #include <QDir>
-#include <QImageReader>
+#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QPainter>
-#include <QScrollBar>
+#include <QPushButton>
 #include <QVBoxLayout>
-#include <QWheelEvent>
 #include <algorithm>
-#include <cmath>
 
+#include "aids/charts.h"
+#include "aids/dice.h"
+#include "platform/paths.h"
+#include "platform/qt/qt_text.h"
+#include "windows/aids/dice_panels.h"
 #include "windows/shared/bind.h"
-#include "windows/shared/controls.h"
 #include "windows/shared/look.h"
+#include "windows/shared/outcome_table.h"
 
 namespace dtb {
 namespace {
 
-constexpr double kZoomStep = 1.25;
-constexpr double kLargestScale = 4;
-// The viewer is lower than the board by 500 units of 1/15 pixel; its picture leaves room for its
-// frame.
+using namespace look;
+
+// The viewer is lower than the board by 500 units of 1/15 pixel.
 constexpr int kLower = 33;
+constexpr double kSideWidth = 232;  // layout units, as all sizes here
+constexpr double kStripHeight = 36;
+constexpr double kDieSize = 88;
+constexpr double kSmallDieSize = 46;
+constexpr double kGap = 8;
+constexpr double kMargin = 12;
+constexpr int kOutcomeColumns = 3;
+
+const ClickLabel::Shades kOther{kSlateRaised, kSlateHover, kCream};
+const ClickLabel::Shades kShown{kAccent, kAccent, kInk};
 
 }  // namespace
 
-// The picture at its present scale; scaled smoothly, once for each size.
-class ChartPicture::Sheet : public QWidget {
- public:
-  using QWidget::QWidget;
-
-  void SetImage(const QImage& image) {
-    image_ = image;
-    scaled_ = {};
-  }
-  [[nodiscard]] QSize imageSize() const { return image_.size(); }
-
- protected:
-  void paintEvent(QPaintEvent* event) override {
-    QPainter painter(this);
-    const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    if (pixels.width() >= image_.width()) {
-      // Larger than the file: only the part that is seen is worth drawing.
-      painter.setClipRect(event->rect());
-      painter.drawImage(QRectF(rect()), image_);
-      return;
-    }
-    if (scaled_.size() != pixels) {
-      scaled_ = QPixmap::fromImage(
-          image_.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-      scaled_.setDevicePixelRatio(devicePixelRatioF());
-    }
-    painter.drawPixmap(0, 0, scaled_);
-  }
-
- private:
-  QImage image_;
-  QPixmap scaled_;
-};
-
-ChartPicture::ChartPicture(QWidget* parent) : QScrollArea(parent), sheet_(new Sheet) {
-  Name(this, "WebBrowser1", QStringLiteral("Chart"));
-  setFrameShape(QFrame::NoFrame);
-  setAlignment(Qt::AlignCenter);
-  setWidget(sheet_);
-  sheet_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  setFocusPolicy(Qt::StrongFocus);
-}
-
-bool ChartPicture::Load(const QString& file) {
-  constexpr qint64 kMostPixels = 100LL * 1000 * 1000;
-  QImageReader reader(file);
-  reader.setDecideFormatFromContent(true);
-  reader.setAutoTransform(true);
-  const QSize size = reader.size();
-  if (!QFileInfo(file).isFile() || qint64{size.width()} * size.height() > kMostPixels) return false;
-  const QImage image = reader.read();
-  if (image.isNull()) return false;
-  sheet_->SetImage(image);
-  viewport()->setCursor(Qt::PointingHandCursor);
-  return true;
-}
-
-double ChartPicture::FittingScale() const {
-  const QSizeF picture = sheet_->imageSize();
-  if (picture.isEmpty()) return 1;
-  const QSizeF room = maximumViewportSize();
-  return std::min(room.width() / picture.width(), room.height() / picture.height());
-}
-
-void ChartPicture::ShowAt(double scale, const QPointF& anchor) {
-  const double smallest = std::min(FittingScale(), 1 / devicePixelRatioF());
-  const QPointF place = sheet_->mapFrom(viewport(), anchor.toPoint());
-  const double before = sheet_->width() / std::max(1.0, double(sheet_->imageSize().width()));
-  scale = std::clamp(scale, smallest, kLargestScale);
-  scale_ = scale <= FittingScale() * 1.001 ? 0 : scale;
-  const double now = scale_ > 0 ? scale_ : FittingScale();
-  sheet_->resize((QSizeF(sheet_->imageSize()) * now).toSize().expandedTo(QSize(1, 1)));
-  const QPointF moved = place * (now / before) - anchor;
-  horizontalScrollBar()->setValue(qRound(moved.x()));
-  verticalScrollBar()->setValue(qRound(moved.y()));
-}
-
-void ChartPicture::Toggle(const QPointF& anchor) {
-  const double full = 1 / devicePixelRatioF();
-  ShowAt(scale_ > 0 ? FittingScale() : std::max(full, FittingScale() * kZoomStep), anchor);
-}
-
-void ChartPicture::resizeEvent(QResizeEvent* event) {
-  QScrollArea::resizeEvent(event);
-  ShowAt(scale_ > 0 ? scale_ : FittingScale(), viewport()->rect().center());
-}
-
-void ChartPicture::wheelEvent(QWheelEvent* event) {
-  constexpr double kNotch = 120;  // eighths of a degree in one step of a usual wheel
-  const double now = scale_ > 0 ? scale_ : FittingScale();
-  ShowAt(now * std::pow(kZoomStep, event->angleDelta().y() / kNotch), event->position());
-  event->accept();
-}
-
-void ChartPicture::keyPressEvent(QKeyEvent* event) {
-  const QPointF middle = viewport()->rect().center();
-  const double now = scale_ > 0 ? scale_ : FittingScale();
-  switch (event->key()) {
-    case Qt::Key_Plus:
-    case Qt::Key_Equal:
-      return ShowAt(now * kZoomStep, middle);
-    case Qt::Key_Minus:
-      return ShowAt(now / kZoomStep, middle);
-    case Qt::Key_0:
-      return ShowAt(FittingScale(), middle);
-    case Qt::Key_1:
-      return ShowAt(1 / devicePixelRatioF(), middle);
-    case Qt::Key_Space:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      if (!event->isAutoRepeat()) Toggle(middle);
-      return;
-    default:
-      QScrollArea::keyPressEvent(event);
-  }
-}
-
-void ChartPicture::mousePressEvent(QMouseEvent* event) {
-  pressPlace_ = event->globalPosition().toPoint();
-  pressScroll_ = {horizontalScrollBar()->value(), verticalScrollBar()->value()};
-  dragged_ = false;
-}
-
-void ChartPicture::mouseMoveEvent(QMouseEvent* event) {
-  if (!event->buttons().testFlag(Qt::LeftButton)) return;
-  const QPoint by = event->globalPosition().toPoint() - pressPlace_;
-  constexpr int kStill = 4;  // a hand that clicks moves by no more pixels
-  if (by.manhattanLength() > kStill) dragged_ = true;
-  if (!dragged_) return;
-  horizontalScrollBar()->setValue(pressScroll_.x() - by.x());
-  verticalScrollBar()->setValue(pressScroll_.y() - by.y());
-}
-
-void ChartPicture::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton && !dragged_) Toggle(event->position());
-}
-
-Form3::Form3(const QString& chartName, const QString& file, QWidget* board) : QDialog(board) {
-  setObjectName(QStringLiteral("Form3"));
-  setWindowTitle(chartName);
-  auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(0, 0, 0, 0);
-  auto* picture = new ChartPicture(this);
-  if (picture->Load(file)) {
-    picture->setToolTip(
-        QStringLiteral("Click: full size and back. Wheel, + and -: zoom. Esc: close."));
-    column->addWidget(picture);
-    return;
-  }
-  delete picture;
-  auto* page = MakeCaption(
-      QStringLiteral(
-          "There is no chart on this button yet.\n\nPut a picture of your chart here:\n%1")
-          .arg(QDir::toNativeSeparators(file)),
-      this, Qt::AlignCenter);
-  Name(page, "WebBrowser1", QStringLiteral("There is no chart on this button yet"));
-  page->setWordWrap(true);
-  page->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  page->setFont(look::Font(look::kLarge));
-  column->addWidget(page);
-}
-
-void Form3::Run(const QString& chartName, const QString& file, QWidget* board) {
-  Form3 viewer(chartName, file, board);
+std::optional<Form3::Choice> Form3::Run(Aids& aids, int chart, QWidget* board) {
+  Form3 viewer(aids, board);
   viewer.resize(board->width(), std::max(1, board->height() - kLower));
   viewer.move(board->pos());
+  viewer.ShowChart(chart);
   viewer.exec();
+  return viewer.chosen_;
+}
+
+Form3::Form3(Aids& aids, QWidget* board)
+    : QDialog(board),
+      aids_(aids),
+      scale_(std::max(
+          0.5, std::min(board->width() / kSceneWidth, (board->height() - kLower) / kSceneHeight))) {
+  setObjectName(QStringLiteral("Form3"));
+  setFont(Font(kBody * scale_));
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(BuildStrip());
+  auto* row = new QHBoxLayout;
+  row->setSpacing(0);
+  column->addLayout(row, 1);
+  page_ = new QStackedWidget(this);
+  row->addWidget(page_, 1);
+  row->addWidget(BuildSide());
+  picture_ = new ChartPicture(page_);
+  picture_->setToolTip(QStringLiteral(
+      "Click: full size and back. Wheel, + and -: zoom. 1 to 9: another chart. Esc: close."));
+  page_->addWidget(picture_);
+  missing_ = MakeCaption({}, page_, Qt::AlignCenter);
+  missing_->setWordWrap(true);
+  missing_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  missing_->setFont(Font(kLarge * scale_));
+  page_->addWidget(missing_);
+}
+
+int Form3::Units(double length) const { return qRound(length * scale_); }
+
+QWidget* Form3::BuildStrip() {
+  auto* strip = new QWidget(this);
+  auto* row = new QHBoxLayout(strip);
+  row->setContentsMargins(Units(kMargin), Units(4), Units(kMargin), Units(4));
+  row->setSpacing(Units(kGap));
+  for (int chart = 0; chart < kChartButtons; ++chart) {
+    auto* title = new ClickLabel({}, kOther, strip);
+    Name(title, qPrintable(QStringLiteral("cmd_Chart%1").arg(chart + 1)));
+    title->setFont(Font(kBody * scale_, true));
+    title->setFixedHeight(Units(kStripHeight));
+    title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    title->setText(
+        QStringLiteral("%1  %2").arg(chart + 1).arg(ToQt(ChartCaption(aids_.state, chart))));
+    title->setAccessibleName(title->text());
+    title->setToolTip(QStringLiteral("%1 (key %2)")
+                          .arg(ToQt(ChartCaption(aids_.state, chart)).toHtmlEscaped(),
+                               QString::number(chart + 1)));
+    connect(title, &QAbstractButton::clicked, this, [this, chart] { ShowChart(chart); });
+    row->addWidget(title, 1);
+    titles_.at(static_cast<std::size_t>(chart)) = title;
+  }
+  return strip;
+}
+
+QWidget* Form3::BuildSide() {
+  auto* side = new QWidget(this);
+  side->setFixedWidth(Units(kSideWidth));
+  auto* column = new QVBoxLayout(side);
+  column->setContentsMargins(Units(kMargin), Units(kMargin), Units(kMargin), Units(kMargin));
+  column->setSpacing(Units(kGap));
+  column->addWidget(BuildDice(side), 0, Qt::AlignHCenter);
+  auto* roll = new QPushButton(QStringLiteral("ROLL"), side);
+  Name(roll, "cmd_RollAgain", QStringLiteral("ROLL the dice"));
+  roll->setToolTip(QStringLiteral("Rolls the dice again (Space)"));
+  roll->setFocusPolicy(Qt::TabFocus);
+  roll->setAutoDefault(false);
+  roll->setFont(Font(kBody * scale_, true));
+  roll->setFixedHeight(Units(44));
+  connect(roll, &QPushButton::clicked, this, [this] { RollDice(aids_); });
+  column->addWidget(roll);
+  column->addStretch(1);
+  column->addWidget(BuildOutcomes(side));
+  auto* keys = MakeCaption(
+      QStringLiteral("Space rolls. 1 to 9, PgUp and PgDn: charts. Letters, and Ctrl + 1 to 4 for "
+                     "hits: the result. Esc closes."),
+      side, Qt::AlignLeft | Qt::AlignTop);
+  keys->setWordWrap(true);
+  keys->setFont(Font(kSmall * scale_));
+  column->addWidget(keys);
+  return side;
+}
+
+QWidget* Form3::BuildDice(QWidget* side) {
+  auto* dice = new QWidget(side);
+  auto* grid = new QGridLayout(dice);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(Units(kGap));
+  const auto put = [&](QWidget* die, double size, int row, int column) {
+    die->setFixedSize(Units(size), Units(size));
+    grid->addWidget(die, row, column);
+  };
+  const auto plate = [&](Colour ground, Colour figures, Field<std::string>& number,
+                         const char* word, double type) {
+    auto* die = new NumberPlate(ground, figures, dice);
+    die->setFont(Font(type * scale_, true));
+    Follow<std::string>(die, number, [die, word](const std::string& text) {
+      die->setText(ToQt(text));
+      die->setAccessibleName(QStringLiteral("%1: %2").arg(QLatin1String(word), ToQt(text)));
+    });
+    return die;
+  };
+  AidsState& state = aids_.state;
+  if (DiceInHand(state) == DiceKind::Faces) {
+    // White and green above, red and yellow below, as on the board.
+    constexpr std::array<std::array<int, 2>, kFaceDice> places{{{1, 0}, {0, 1}, {0, 0}}};
+    for (std::size_t die = 0; die < places.size(); ++die) {
+      put(MakeFaceDie(state, die, dice), kDieSize, places[die][0], places[die][1]);
+    }
+    put(plate({255, 255, 0}, {0, 0, 0}, state.lbl_20die, "Twenty-sided die", 2 * kHuge), kDieSize,
+        1, 1);
+    return dice;
+  }
+  for (int i = 0; i < kNumberDice; ++i) {
+    const auto at = static_cast<std::size_t>(i);
+    const NumberDie& kind = kNumberDiceSet.at(at);
+    put(plate(kind.colour, kind.figures, state.numbers.at(at), kind.word, kHuge), kSmallDieSize,
+        i / 4, i % 4);
+  }
+  return dice;
+}
+
+QWidget* Form3::BuildOutcomes(QWidget* side) {
+  auto* outcomes = new QWidget(side);
+  auto* grid = new QGridLayout(outcomes);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(Units(kGap));
+  auto* title = MakeCaption(QStringLiteral("RESULT"), outcomes);
+  title->setFont(Font(kBody * scale_, true));
+  grid->addWidget(title, 0, 0, 1, kOutcomeColumns);
+  int place = kOutcomeColumns;
+  for (const OutcomeEntry& entry : kOutcomes) {
+    auto* label = new ClickLabel(QLatin1String(entry.caption), ShadesOf(entry.family), outcomes);
+    Name(label, qPrintable(QStringLiteral("cmd_") + QLatin1String(entry.caption)),
+         QLatin1String(entry.tip));
+    label->setToolTip(QStringLiteral("%1: counts it and closes the charts (%2%3)")
+                          .arg(QLatin1String(entry.tip),
+                               QLatin1String(entry.key <= Qt::Key_9 ? "Ctrl + " : "key "),
+                               QLatin1String(entry.shown)));
+    label->setFont(Font(kLarge * scale_, true));
+    label->setFixedHeight(Units(40));
+    connect(label, &QAbstractButton::clicked, this,
+            [this, outcome = entry.outcome] { Choose({outcome}); });
+    grid->addWidget(label, place / kOutcomeColumns, place % kOutcomeColumns);
+    ++place;
+  }
+  return outcomes;
+}
+
+void Form3::ShowChart(int chart) {
+  aids_.state.lastChart = chart;
+  const QString caption = ToQt(ChartCaption(aids_.state, chart));
+  setWindowTitle(caption);
+  for (int i = 0; i < kChartButtons; ++i) {
+    titles_.at(static_cast<std::size_t>(i))->SetShades(i == chart ? kShown : kOther);
+  }
+  const QString file = ToQt(TextOf(ChartFile(aids_.platform, chart)));
+  if (picture_->Load(file)) {
+    picture_->setAccessibleName(caption);
+    page_->setCurrentWidget(picture_);
+    picture_->setFocus(Qt::OtherFocusReason);
+    return;
+  }
+  missing_->setText(QStringLiteral("There is no chart on this button yet.\n\nPut a picture of your "
+                                   "chart here:\n%1\n\nIts title can stand in line %2 of the file "
+                                   "Titles.txt beside it.")
+                        .arg(QDir::toNativeSeparators(file))
+                        .arg(chart + 1));
+  Name(missing_, "NoChart", QStringLiteral("There is no chart on this button yet"));
+  page_->setCurrentWidget(missing_);
+  setFocus(Qt::OtherFocusReason);
+}
+
+void Form3::Choose(const Choice& choice) {
+  chosen_ = choice;
+  accept();
+}
+
+void Form3::keyPressEvent(QKeyEvent* event) {
+  const int key = event->key();
+  const auto modifiers = event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+  const bool digit = key >= Qt::Key_1 && key <= Qt::Key_9;
+  const int chart = aids_.state.lastChart;
+  if (modifiers == Qt::NoModifier && digit) return ShowChart(key - Qt::Key_1);
+  if (modifiers == Qt::NoModifier && key == Qt::Key_PageUp) {
+    return ShowChart((chart + kChartButtons - 1) % kChartButtons);
+  }
+  if (modifiers == Qt::NoModifier && key == Qt::Key_PageDown) {
+    return ShowChart((chart + 1) % kChartButtons);
+  }
+  if (key == Qt::Key_Space) {
+    if (!event->isAutoRepeat()) RollDice(aids_);
+    return;
+  }
+  const auto* found = std::ranges::find(kOutcomes, key, &OutcomeEntry::key);
+  const bool meant = modifiers == (digit ? Qt::ControlModifier : Qt::NoModifier);
+  if (found != kOutcomes.end() && meant && !event->isAutoRepeat())
+    return Choose({found->outcome, key});
+  QDialog::keyPressEvent(event);
 }
 
 }  // namespace dtb

@@ -1,53 +1,55 @@
-// The viewer of the charts.
+// The viewer of the charts, with the dice beside them.
 #pragma once
 
 #include <QDialog>
-#include <QScrollArea>
+#include <QLabel>
+#include <QStackedWidget>
+#include <array>
+#include <optional>
+
+#include "aids/aids_state.h"
+#include "game/outcome.h"
+#include "windows/aids/chart_picture.h"
+#include "windows/shared/controls.h"
 
 namespace dtb {
 
-// Shows a picture: fitted to the window at first, in full size after a click, or in any size
-// between by the wheel and the keys + and -. 0 and 1 fit it and show it in full size, the arrows
-// move it, Esc closes.
-class ChartPicture : public QScrollArea {
-  Q_OBJECT
- public:
-  explicit ChartPicture(QWidget* parent);
-  // False: the file is missing or no picture.
-  bool Load(const QString& file);
-
- protected:
-  void resizeEvent(QResizeEvent* event) override;
-  void wheelEvent(QWheelEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
-
- private:
-  class Sheet;
-
-  // Pixels of the screen to a pixel of the picture at which the whole picture fits.
-  [[nodiscard]] double FittingScale() const;
-  // The picture's place under `anchor`, in the viewport, stays there.
-  void ShowAt(double scale, const QPointF& anchor);
-  void Toggle(const QPointF& anchor);
-
-  Sheet* sheet_;
-  double scale_ = 0;  // 0: fitted
-  QPoint pressPlace_;
-  QPoint pressScroll_;
-  bool dragged_ = false;
-};
-
+// One chart at a time; the strip above, the keys 1 to 9, PgUp and PgDn go to another. Beside it lie
+// the dice that are on the board, which Space rolls again, and the outcomes: choosing one, by a
+// click or its key, closes the viewer. The hits have the keys Ctrl + 1 to 4 here. Esc closes.
 class Form3 : public QDialog {
   Q_OBJECT
  public:
-  // Opens the viewer over the board and returns when it is closed.
-  static void Run(const QString& chartName, const QString& file, QWidget* board);
+  struct Choice {
+    Outcome outcome;
+    int key = 0;  // that chose it; 0: the mouse
+  };
+
+  // Opens the viewer over the board at a chart, 0 to 8, and returns when it is closed: the outcome
+  // that was chosen, if one was. The chart at which it stood last is kept in the aids.
+  [[nodiscard]] static std::optional<Choice> Run(Aids& aids, int chart, QWidget* board);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  Form3(const QString& chartName, const QString& file, QWidget* board);
+  Form3(Aids& aids, QWidget* board);
+
+  QWidget* BuildStrip();
+  QWidget* BuildSide();
+  QWidget* BuildDice(QWidget* side);
+  QWidget* BuildOutcomes(QWidget* side);
+  void ShowChart(int chart);
+  void Choose(const Choice& choice);
+  [[nodiscard]] int Units(double length) const;
+
+  Aids& aids_;
+  double scale_;  // of the board, 1 at the reference size
+  std::array<ClickLabel*, kChartButtons> titles_{};
+  QStackedWidget* page_ = nullptr;
+  ChartPicture* picture_ = nullptr;
+  QLabel* missing_ = nullptr;
+  std::optional<Choice> chosen_;
 };
 
 }  // namespace dtb

@@ -1,5 +1,7 @@
 #include "windows/board/base_tracker.h"
 
+#include <QPainter>
+
 #include "game/runners.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
@@ -8,7 +10,53 @@ namespace dtb {
 namespace {
 
 constexpr Place kPanel{1043, 680, 128, 128};
-constexpr double kBase = 28;
+constexpr double kBase = 38;  // from corner to corner
+
+// The panel, with the lines from base to base and home plate.
+class Diamond : public QWidget {
+ public:
+  using QWidget::QWidget;
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(width() / kPanel.width, height() / kPanel.height);
+    painter.setPen(QPen(QColor(150, 150, 150), 2));
+    painter.drawConvexPolygon(QPolygonF({{64, 27}, {101, 64}, {64, 101}, {27, 64}}));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::white);
+    painter.drawConvexPolygon(QPolygonF({{52, 90}, {76, 90}, {76, 102}, {64, 114}, {52, 102}}));
+  }
+};
+
+// A base stands on its corner. All of its square box takes the click.
+class Base : public ClickLabel {
+ public:
+  explicit Base(QWidget* parent) : ClickLabel({}, {}, parent) {}
+  void SetShade(const QColor& shade) {
+    shade_ = shade;
+    update();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF box = QRectF(rect()).adjusted(2, 2, -2, -2);
+    const QPointF middle = box.center();
+    painter.setPen(hasFocus() ? QPen(look::kAccent, 3)
+                              : QPen(underMouse() ? look::kCream : look::kInk, 1.5));
+    painter.setBrush(shade_);
+    painter.drawConvexPolygon(QPolygonF({{middle.x(), box.top()},
+                                         {box.right(), middle.y()},
+                                         {middle.x(), box.bottom()},
+                                         {box.left(), middle.y()}}));
+  }
+
+ private:
+  QColor shade_;
+};
 
 }  // namespace
 
@@ -18,32 +66,33 @@ BaseTracker::BaseTracker(Board& board, Scene& scene, QWidget* parent)
   setToolTip(QStringLiteral("CTRL + Left Click to drag the base tracker"));
   SetFill(look::kBoxGrey);
   scene.Put(this, kPanel);
-  struct Square {
+  auto* diamond = new Diamond(this);
+  Name(diamond, "lbl_tracker", QStringLiteral("Home"));
+  diamond->setAttribute(Qt::WA_TransparentForMouseEvents);
+  scene.Put(diamond, {0, 0, kPanel.width, kPanel.height});
+  struct Corner {
     const char* name;
     const char* word;
     double left;
     double top;
   };
-  constexpr std::array<Square, 3> bases{{{"lbl_tracker1", "First base", 88, 50},
-                                         {"lbl_tracker2", "Second base", 50, 12},
-                                         {"lbl_tracker3", "Third base", 12, 50}}};
-  for (int base = 0; base < 3; ++base) {
-    const Square& square = bases.at(base);
-    auto* label = new ClickLabel({}, {}, this);
-    Name(label, square.name, QLatin1String(square.word));
-    label->setToolTip(QLatin1String(square.word));
-    scene.Put(label, {square.left, square.top, kBase, kBase});
-    Follow<Colour>(label, board.state.lbl_tracker.at(base), [label](const Colour& colour) {
-      const QColor shade = look::Shade(colour);
-      label->SetShades({shade, shade, look::kInk});
+  constexpr std::array<Corner, 3> bases{{{"lbl_tracker1", "First base", 82, 45},
+                                         {"lbl_tracker2", "Second base", 45, 8},
+                                         {"lbl_tracker3", "Third base", 8, 45}}};
+  for (std::size_t base = 0; base < bases.size(); ++base) {
+    const Corner& corner = bases[base];
+    auto* label = new Base(this);
+    label->setToolTip(QLatin1String(corner.word));
+    scene.Put(label, {corner.left, corner.top, kBase, kBase});
+    Follow<Colour>(label, board.state.lbl_tracker.at(base), [label, corner](const Colour& colour) {
+      const bool taken = colour == kOccupiedGreen;
+      Name(label, corner.name,
+           QLatin1String(corner.word) + QLatin1String(taken ? ", occupied" : ", empty"));
+      label->SetShade(look::Shade(colour));
     });
-    connect(label, &QAbstractButton::clicked, this, [&board, base] { ToggleBase(board, base); });
+    connect(label, &QAbstractButton::clicked, this,
+            [&board, base] { ToggleBase(board, static_cast<int>(base)); });
   }
-  auto* home = new Panel(this);
-  Name(home, "lbl_tracker", QStringLiteral("Home"));
-  home->SetFill(Qt::white);
-  home->setAttribute(Qt::WA_TransparentForMouseEvents);
-  scene.Put(home, {50, 88, kBase, kBase});
   BindVisible(this, board.state.pb_BaseTracker_visible);
 }
 

@@ -11,8 +11,8 @@
 #include "aids/dice.h"
 #include "aids/recovery.h"
 #include "game/constant_update.h"
+#include "game/outcomes.h"
 #include "game/start_up.h"
-#include "platform/paths.h"
 #include "platform/qt/qt_text.h"
 #include "shell/version.h"
 #include "teams/pitchers.h"
@@ -22,6 +22,7 @@
 #include "windows/board/options_panel.h"
 #include "windows/board/piece_view.h"
 #include "windows/boxes/about_box.h"
+#include "windows/boxes/message_box.h"
 #include "windows/browser/form4.h"
 #include "windows/seasons/season_form.h"
 #include "windows/shared/bind.h"
@@ -84,6 +85,22 @@ void Form1::BuildMenu() {
   add("mnuEventLog", "EventLog", [this] { ShowLog(); });
   add("mnu_Options", "Options", [this] { ToggleOptions(board_); });
   add("About", "About", [this] { AboutBox::Run(board_.platform, this); });
+  BuildHelpMenu();
+}
+
+void Form1::BuildHelpMenu() {
+  QMenu* help = menuBar()->addMenu(QStringLiteral("Help"));
+  help->setObjectName(QStringLiteral("mnuHelp"));
+  const auto add = [this, help](const char* name, const char* caption, auto operation) {
+    QAction* action = help->addAction(QLatin1String(caption));
+    action->setObjectName(QLatin1String(name));
+    connect(action, &QAction::triggered, this, operation);
+  };
+  add("mnuHelpPage", "Help page", [this] { OpenHelp(aids_); });
+  add("mnuKeys", "Keys (?)", [this] { keys_->ShowPlate(true); });
+  add("mnuRules", "Rules of the dice game", [this] { OpenRules(aids_); });
+  help->addSeparator();
+  add("mnuAbout", "About", [this] { AboutBox::Run(board_.platform, this); });
 }
 
 void Form1::AddTakeUp(const std::function<void()>& operation) {
@@ -103,10 +120,7 @@ void Form1::BuildScene() {
   connect(park_, &ParkView::pointerMoved, this, [this] { ScrollListsUp(); });
   visitors_ = new SidePanel(board_, Side::Visitors, pictures_, scene_, park_);
   scoreboard_ = new Scoreboard(board_, aids_, pictures_, scene_, park_);
-  connect(scoreboard_, &Scoreboard::chartWanted, this, [this](int chart) {
-    Form3::Run(ToQt(aids_.state.lbl_chrt.at(chart).value()),
-               ToQt(TextOf(ChartFile(board_.platform, chart))), this);
-  });
+  connect(scoreboard_, &Scoreboard::chartWanted, this, [this](int chart) { ViewCharts(chart); });
   home_ = new SidePanel(board_, Side::Home, pictures_, scene_, park_);
   auto* outcomes = new OutcomePanel(board_, scene_, park_);
   connect(outcomes, &OutcomePanel::statsWanted, this, [this] { ShowStats(); });
@@ -119,7 +133,12 @@ void Form1::BuildScene() {
   for (auto* button : park_->findChildren<QAbstractButton*>()) {
     // The arrows move a piece over the park.
     if (qobject_cast<PieceView*>(button) == nullptr) keys_->TakeArrowsFrom(button);
+    // A click leaves the focus where it is, so that a later Enter presses nothing by surprise.
+    button->setFocusPolicy(Qt::TabFocus);
   }
+  connect(scoreboard_, &Scoreboard::keysWanted, this, [this] { keys_->ShowPlate(true); });
+  connect(keys_, &PlayKeys::chartsWanted, this, [this] { ViewCharts(aids_.state.lastChart); });
+  connect(keys_, &PlayKeys::diceWanted, this, [this] { RollDice(aids_); });
   connect(keys_, &PlayKeys::listWanted, this, [this](int key) {
     const Side side = SideAtBat(board_.state).value_or(Side::Visitors);
     LineupView& list = (side == Side::Visitors ? visitors_ : home_)->list();
@@ -138,6 +157,13 @@ void Form1::BuildPieces() {
 void Form1::ScrollListsUp() {
   visitors_->list().ScrollUpOneLine();
   home_->list().ScrollUpOneLine();
+}
+
+void Form1::ViewCharts(int chart) {
+  const auto choice = Form3::Run(aids_, chart, this);
+  if (!choice) return;
+  const BoxKey closesBoxes(choice->key);
+  RecordOutcome(board_, choice->outcome);
 }
 
 void Form1::ShowStats() {

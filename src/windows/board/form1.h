@@ -38,10 +38,12 @@ class Form1 : public QMainWindow {
 
  private:
   void BuildMenu();
+  void BuildHelpMenu();
   void BuildScene();
   void BuildPieces();
   void StartTimers();
   void ScrollListsUp();
+  void ViewCharts(int chart);
   void ShowStats();
   void ShowLog();
   // The size and place at start: the launch shrink, or what the screen has room for; centred, with

@@ -8,6 +8,7 @@
 
 #include "game/history.h"
 #include "platform/qt/qt_text.h"
+#include "windows/boxes/closing_press.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
 
@@ -26,6 +27,8 @@ QString ShownEntry(const std::string& entry) {
 // What else the model tells of a row.
 constexpr int kBatterRole = Qt::UserRole;    // he bats now
 constexpr int kNoteRole = Qt::UserRole + 1;  // a word about him
+constexpr QColor kDimInk{84, 92, 86};        // what is no name
+constexpr int kGap = 10;                     // pixels between a name and what is remarked of him
 
 constexpr int kRows = 12;  // fill the list without a scroll bar
 
@@ -47,23 +50,44 @@ class EntryDelegate : public QStyledItemDelegate {
     const bool inOrder = index.row() < kStarters;
     const int gutter = option.fontMetrics.horizontalAdvance(QStringLiteral("00")) + 4;
     painter->setFont(Font(option.font.pixelSize() * 0.72));
-    painter->setPen(batter || selected ? kInk : QColor(84, 92, 86));
+    painter->setPen(batter || selected ? kInk : kDimInk);
     if (inOrder) {
       painter->drawText(QRect(row.left(), row.top(), gutter, row.height()), Qt::AlignCenter,
                         QString::number(index.row() + 1));
     }
     const int noteWidth = note.isEmpty() ? 0 : DrawNote(*painter, row, note);
     painter->setFont(option.font);
-    painter->setPen(inOrder || selected ? kInk : QColor(64, 70, 66));
-    const QRect place = row.adjusted(gutter + 2, 0, -4 - noteWidth, 0);
-    painter->drawText(
-        place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-        option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, place.width()));
+    DrawEntry(*painter, row.adjusted(gutter + 2, 0, -4 - noteWidth, 0), index,
+              batter || selected ? kInk : kDimInk);
     if (index.row() == kStarters - 1) {
       painter->setPen(QPen(kEdgeBright, 1));
       painter->drawLine(row.bottomLeft(), row.bottomRight());
     }
     painter->restore();
+  }
+
+  // The name, and in a column of its own what stands behind "=". A remark too long for the column
+  // begins as far left as the name leaves room.
+  static void DrawEntry(QPainter& painter, const QRect& place, const QModelIndex& index,
+                        const QColor& remarkInk) {
+    const QFontMetrics metrics = painter.fontMetrics();
+    const auto draw = [&](int left, int width, const QString& text) {
+      painter.drawText(QRect(place.left() + left, place.top(), width, place.height()),
+                       Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                       metrics.elidedText(text, Qt::ElideRight, width));
+    };
+    const auto* model = static_cast<const LineupModel*>(index.model());
+    const LineupModel::Entry entry = model->EntryAt(index.row());
+    painter.setPen(kInk);
+    draw(0, place.width(), entry.name);
+    if (entry.remark.isEmpty()) return;
+    const int nameEnd = metrics.horizontalAdvance(entry.name) + kGap;
+    const int remarkWidth = metrics.horizontalAdvance(entry.remark);
+    int left = std::max(nameEnd, model->RemarksBegin(metrics) + kGap);
+    if (left + remarkWidth > place.width()) left = std::max(nameEnd, place.width() - remarkWidth);
+    if (left >= place.width()) return;
+    painter.setPen(remarkInk);
+    draw(left, place.width() - left, entry.remark);
   }
 
   // A chip at the right end of the row, in the present small type. Returns its width with its gap.
@@ -119,6 +143,26 @@ QVariant LineupModel::data(const QModelIndex& index, int role) const {
   }
 }
 
+LineupModel::Entry LineupModel::EntryAt(int row) const {
+  const QString entry = ShownEntry(list_.entries()[static_cast<std::size_t>(row)]);
+  const auto mark = entry.indexOf(QLatin1Char('='));
+  if (mark < 0) return {entry, {}};
+  return {entry.left(mark), entry.mid(mark + 1)};
+}
+
+int LineupModel::RemarksBegin(const QFontMetrics& metrics) const {
+  if (remarksBegin_ < 0 || metrics != measured_) {
+    measured_ = metrics;
+    remarksBegin_ = 0;
+    for (int row = 0; row < shownRows_; ++row) {
+      const Entry entry = EntryAt(row);
+      if (entry.remark.isEmpty()) continue;
+      remarksBegin_ = std::max(remarksBegin_, metrics.horizontalAdvance(entry.name));
+    }
+  }
+  return remarksBegin_;
+}
+
 QString LineupModel::NoteOf(int row) const {
   if (row == RowOfManDue(board_, side_)) return QStringLiteral("due");
   if (row < kStarters && !IsOnSheet(board_, side_, row)) return QStringLiteral("not on the sheet");
@@ -127,6 +171,7 @@ QString LineupModel::NoteOf(int row) const {
 
 void LineupModel::Refresh() {
   const int rows = list_.size();
+  remarksBegin_ = -1;
   if (rows > shownRows_) {
     beginInsertRows({}, shownRows_, rows - 1);
     shownRows_ = rows;
@@ -152,6 +197,7 @@ LineupView::LineupView(Board& board, Side side, QWidget* parent)
   setFrameShape(NoFrame);
   setMouseTracking(true);
   setContextMenuPolicy(Qt::PreventContextMenu);
+  TakeClosingPress(viewport());
   setResizeMode(Adjust);
   SideOf(board, side).list.Observe([this] { ShowState(); });
   FollowAll(
@@ -211,7 +257,7 @@ void LineupView::mouseMoveEvent(QMouseEvent* event) {
   const LineupList& list = SideOf(board_, side_).list;
   const auto row = RowAt(event->pos());
   if (!row || !list.HasRow(*row)) return;
-  setToolTip(QStringLiteral("<qt>%1</qt>")
+  setToolTip(QStringLiteral("<qt><p style=\"white-space:pre-wrap\">%1</p></qt>")
                  .arg(ShownEntry(list.entries()[static_cast<std::size_t>(*row)]).toHtmlEscaped()));
   const bool dragging = pressed_ == Qt::LeftButton && event->buttons().testFlag(Qt::LeftButton) &&
                         SideOf(board_, side_).edit.value();

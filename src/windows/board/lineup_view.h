@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractListModel>
+#include <QFontMetrics>
 #include <QListView>
 
 #include "game/board.h"
@@ -19,6 +20,15 @@ class LineupModel : public QAbstractListModel {
   // The list changed in any way.
   void Refresh();
 
+  // An entry as it is shown: the name, and what stands behind the first "=".
+  struct Entry {
+    QString name;
+    QString remark;
+  };
+  [[nodiscard]] Entry EntryAt(int row) const;
+  // The width of the longest name that has a remark: the remarks stand behind it in a column.
+  [[nodiscard]] int RemarksBegin(const QFontMetrics& metrics) const;
+
  private:
   // What stands at the right of a row: who is due, and who has no line on the sheet.
   [[nodiscard]] QString NoteOf(int row) const;
@@ -27,6 +37,8 @@ class LineupModel : public QAbstractListModel {
   Side side_;
   LineupList& list_;
   int shownRows_ = 0;
+  mutable QFontMetrics measured_{QFont()};  // in which the width below was measured
+  mutable int remarksBegin_ = -1;           // below 0: not known yet
 };
 
 // Turns the gestures of mouse and keyboard into operations on the side's line-up. The row under the

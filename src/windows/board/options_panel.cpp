@@ -5,6 +5,7 @@
 #include <QPushButton>
 
 #include "aids/crowd.h"
+#include "aids/quick_boxes.h"
 #include "game/start_up.h"
 #include "platform/qt/qt_text.h"
 #include "shell/project_pages.h"
@@ -88,14 +89,24 @@ void OptionsPanel::BuildChecks() {
   };
   auto* tracker = add("cb_BaseTracker", "SHOW BASE TRACKER", 0, board_.state.cb_BaseTracker);
   connect(tracker, &QAbstractButton::clicked, this, [this] { ToggleBaseTracker(board_); });
-  add("chk_Ctrls", "HIDE CONTROLS", 1, board_.state.chk_Ctrls);
+  add("chk_Ctrls", "HIDE CONTROLS", 1, board_.state.chk_Ctrls)
+      ->setToolTip(QStringLiteral("Hides the labels of the outcomes; their keys go on working"));
   // People know this box by its tool-tip, odd as that is.
   add("Check4", "SHOW DICE ROLLER", 2, aids_.state.Check4)
       ->setToolTip(QStringLiteral("Show extended boxscore"));
-  add("cb_MuteDice", "MUTE DICE", 3, aids_.state.cb_MuteDice);
+  add("cb_MuteDice", "MUTE DICE", 3, aids_.state.cb_MuteDice)
+      ->setToolTip(QStringLiteral("The dice roll without a sound"));
+  auto* quick = add("cb_QuickBoxes", "QUICK BOXES", 2, aids_.state.cb_QuickBoxes, kRightColumn);
+  quick->setToolTip(
+      QStringLiteral("What was recorded shows at the foot of the board for a moment, and no box "
+                     "waits to be closed"));
+  connect(quick, &QAbstractButton::clicked, this, [this] { QuickBoxesClicked(aids_); });
   auto* crowd = add("cb_Crowd", "CROWD NOISE", 4, aids_.state.cb_Crowd);
   connect(crowd, &QAbstractButton::clicked, this, [this] { CrowdClicked(aids_); });
-  auto* parks = add("cb_RandParks", "RANDOM BALLPARKS", 4, aids_.state.cb_RandParks, kRightColumn);
+  auto* parks = add("cb_RandParks", "RANDOM BALLPARKS", 3, aids_.state.cb_RandParks, kRightColumn);
+  tracker->setToolTip(QStringLiteral("A small diamond on which you note who stands where"));
+  crowd->setToolTip(QStringLiteral("The crowd murmurs until you turn it off"));
+  parks->setToolTip(QStringLiteral("Each new game has another ballpark of the folder"));
   BindVisible(parks, aids_.state.cb_RandParks_visible);
 }
 
@@ -111,18 +122,20 @@ void OptionsPanel::BuildOutsCount() {
 }
 
 void OptionsPanel::BuildPhotoSize() {
-  const double top = kFirstRow + 40;
+  const double top = kFirstRow + kRowHeight;
   auto* title = MakeCaption(QStringLiteral("PHOTO SIZE"), this);
   Name(title, "Label6");
-  scene_.Put(title, {kRightColumn, top, 84, 32}, kBody);
-  const auto add = [&](const char* name, const char* caption, double left, auto operation) {
+  scene_.Put(title, {kRightColumn, top, 84, kRowHeight}, kBody);
+  const auto add = [&](const char* name, const char* caption, double left, const char* tip,
+                       auto operation) {
     auto* button = new QPushButton(QLatin1String(caption), this);
     Name(button, name, QStringLiteral("PHOTO SIZE ") + QLatin1String(caption));
-    scene_.Put(button, {left, top, 40, 32}, kBody);
+    button->setToolTip(QLatin1String(tip));
+    scene_.Put(button, {left, top + 1, 40, kRowHeight - 2}, kBody);
     connect(button, &QPushButton::clicked, this, [this, operation] { operation(board_); });
   };
-  add("cmd_FotoBig", "BIG", 312, EnlargePieces);
-  add("cmd_FotoSmall", "SM", 356, ShrinkPieces);
+  add("cmd_FotoBig", "BIG", 312, "Larger game pieces", EnlargePieces);
+  add("cmd_FotoSmall", "SM", 356, "Smaller game pieces", ShrinkPieces);
 }
 
 void OptionsPanel::BuildPhotoPath() {
@@ -132,10 +145,15 @@ void OptionsPanel::BuildPhotoPath() {
 
   auto* path = new ClickLabel({}, {kSlateRaised, kSlateHover, kCream}, this);
   Name(path, "lbl_PhotoPath", QStringLiteral("Folder of the player photos"));
-  scene_.Put(path, {16, 210, 380, 32}, kBody);
+  scene_.Put(path, {16, 210, 296, 32}, kBody);
+  auto* choose = new QPushButton(QStringLiteral("Choose..."), this);
+  Name(choose, "cmd_PhotoFolder", QStringLiteral("Choose the folder of the player photos"));
+  choose->setToolTip(QStringLiteral("Looks for the folder with the system's own dialog"));
+  scene_.Put(choose, {316, 210, 80, 32}, kBody);
+  connect(choose, &QPushButton::clicked, this, [this] { ChoosePhotoFolder(board_); });
   auto* edit = new NameEdit(board_.platform, PhotoFolder(board_.state), path);
   Name(edit, "Text1", QStringLiteral("New folder of the player photos"));
-  scene_.Put(edit, {16, 210, 380, 32}, kBody);
+  scene_.Put(edit, {16, 210, 296, 32}, kBody);
 
   auto* hint =
       MakeCaption(QStringLiteral("CTRL + Click to Edit path ..... DblClick to Save path"), this);
@@ -148,7 +166,7 @@ void OptionsPanel::BuildDonation() {
   donation->SetImage(HeartOfABall());
   Name(donation, "Image7", QStringLiteral("Open the donation page"));
   donation->setToolTip(QStringLiteral("Opens the donation page in your browser"));
-  scene_.Put(donation, {kRightColumn, kFirstRow + 74, 40, 36});
+  scene_.Put(donation, {340, 8, 24, 24});
   connect(donation, &QAbstractButton::clicked, this,
           [this] { board_.platform.pages.Open(kDonationPage); });
 }

@@ -7,6 +7,7 @@
 #include "game/runners.h"
 #include "platform/qt/qt_text.h"
 #include "teams/game_pieces.h"
+#include "windows/boxes/closing_press.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
 
@@ -48,16 +49,20 @@ PieceView::PieceView(Board& board, int piece, QtPictures& pictures, Scene& scene
       scene_(scene),
       shadow_(new PieceShadow(parent)),
       photo_(new PictureBox(PictureBox::Fit::Stretched, this)),
-      plate_(MakeCaption({}, this, Qt::AlignCenter)) {
+      photoName_(new NameLabel(this, Qt::AlignCenter)),
+      plate_(new NameLabel(this, Qt::AlignCenter)) {
   setObjectName(QStringLiteral("pb_Player%1").arg(piece + 1));
   setFocusPolicy(Qt::TabFocus);
   setCursor(Qt::OpenHandCursor);
+  TakeClosingPress(this);
   photo_->setAttribute(Qt::WA_TransparentForMouseEvents);
   shadow_->lower();
   scene.Put(shadow_, {});
   scene.Put(this, {});
   scene.Put(photo_, {});
   BuildPlate();
+  DressPlate(photoName_);
+  photoName_->setAttribute(Qt::WA_TransparentForMouseEvents);
   // The press that assistive programs make; the gestures of mouse and keyboard stand below.
   connect(this, &QAbstractButton::clicked, this, [this] { ClickPiece(board_, piece_); });
   FollowAll(
@@ -74,15 +79,19 @@ PieceView::PieceView(Board& board, int piece, QtPictures& pictures, Scene& scene
 
 void PieceView::BuildPlate() {
   plate_->setObjectName(QStringLiteral("lbl_Player%1").arg(piece_ + 1));
-  plate_->setAutoFillBackground(true);
-  plate_->setBackgroundRole(QPalette::Window);  // not the button's, which it lies on
-  plate_->setForegroundRole(QPalette::WindowText);
-  QPalette palette = plate_->palette();
+  DressPlate(plate_);
+  plate_->installEventFilter(this);
+}
+
+void PieceView::DressPlate(QLabel* plate) {
+  plate->setAutoFillBackground(true);
+  plate->setBackgroundRole(QPalette::Window);  // not the button's, which it lies on
+  plate->setForegroundRole(QPalette::WindowText);
+  QPalette palette = plate->palette();
   palette.setColor(QPalette::Window, kPlateGrey);
   palette.setColor(QPalette::WindowText, Qt::white);
-  plate_->setPalette(palette);
-  plate_->installEventFilter(this);
-  scene_.Put(plate_, {}, kBody, true);
+  plate->setPalette(palette);
+  scene_.Put(plate, {}, kBody, true);
 }
 
 void PieceView::Arrange() {
@@ -97,6 +106,8 @@ void PieceView::Arrange() {
   scene_.MoveTo(photo_, {ring, ring, width - 2 * ring, height - 2 * ring});
   const double plateTop = std::max(0.0, std::min(kPlateTop, height - kPlateHeight));
   scene_.MoveTo(plate_, {0, plateTop, width, std::min(kPlateHeight, height)});
+  const double nameHeight = std::min(kPlateHeight, height);
+  scene_.MoveTo(photoName_, {0, height - nameHeight, width, nameHeight});
   ShowPlate();
   Stack();
 }
@@ -124,9 +135,13 @@ bool PieceView::HiddenByPanels() const {
 void PieceView::ShowPlate() {
   const QString name = ToQt(Piece().plate.value()).left(400);
   plate_->setVisible(!name.isEmpty());
-  plate_->setText(plate_->fontMetrics().elidedText(name, Qt::ElideRight, plate_->width() - 4));
+  plate_->SetName({}, name);
   const QString tag = ToQt(Piece().tag.value()).left(400);
   const bool taken = !Piece().free();
+  // A photo has its man's name as well.
+  photoName_->setVisible(taken && name.isEmpty() && !tag.isEmpty());
+  photoName_->SetName({}, tag);
+  shadow_->setVisible(taken);
   setToolTip(taken ? tag : QString());
   setAccessibleName(taken ? QStringLiteral("Game piece %1: %2").arg(piece_ + 1).arg(tag)
                           : QStringLiteral("Game piece %1, free").arg(piece_ + 1));
@@ -135,6 +150,14 @@ void PieceView::ShowPlate() {
 
 void PieceView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
+  if (Piece().free()) {
+    // An empty place: only where it is.
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(hasFocus() ? QPen(kAccent, 3) : QPen(kCream, 1.5, Qt::DashLine));
+    painter.setBrush(QColor(22, 38, 31, underMouse() ? 110 : 60));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), kCorner, kCorner);
+    return;
+  }
   painter.fillRect(rect(), kBoxGrey);
   DrawInitials(painter);
   painter.setRenderHint(QPainter::Antialiasing);

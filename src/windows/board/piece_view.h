@@ -18,8 +18,8 @@ class PieceShadow : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 };
 
-// One game piece: photo or empty box, and the name plate. It is dragged with the left button, taken
-// off by a double click, and moved by the arrow keys.
+// One game piece: photo or box with initials, and the man's name; a free one is an outline. It is
+// dragged with the left button, taken off by a double click, and moved by the arrow keys.
 class PieceView : public QAbstractButton {
   Q_OBJECT
  public:
@@ -38,6 +38,7 @@ class PieceView : public QAbstractButton {
 
  private:
   void BuildPlate();
+  void DressPlate(QLabel* plate);
   void Arrange();
   // Panels lie over the pieces, so that no piece takes a control away; but a piece that the person
   // moved by hand, or that could not be seen otherwise, lies over them.
@@ -53,7 +54,8 @@ class PieceView : public QAbstractButton {
   Scene& scene_;
   PieceShadow* shadow_;
   PictureBox* photo_;
-  QLabel* plate_;
+  NameLabel* photoName_;  // over the photo's foot
+  NameLabel* plate_;
   QPoint pressPlace_;  // on the screen
   bool pressed_ = false;
   bool dragged_ = false;

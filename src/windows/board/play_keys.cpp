@@ -7,43 +7,20 @@
 
 #include "game/outcomes.h"
 #include "game/runners.h"
+#include "teams/lineup_edit.h"
 #include "windows/boxes/message_box.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
+#include "windows/shared/outcome_table.h"
 
 namespace dtb {
 namespace {
 
 using namespace look;
 
-constexpr Place kPlatePlace{344, 220, 992, 340};
-constexpr int kRows = 8;
+constexpr Place kPlatePlace{344, 208, 992, 372};
+constexpr int kOutcomeRows = 8;
 constexpr Place kHintPlace{610, 220, 460, 56};
-
-struct OutcomeKey {
-  int key;
-  Outcome outcome;
-  const char* shown;
-  const char* meaning;
-};
-
-constexpr std::array kOutcomeKeys{
-    OutcomeKey{Qt::Key_1, Outcome::Single, "1", "Single"},
-    OutcomeKey{Qt::Key_2, Outcome::Double, "2", "Double"},
-    OutcomeKey{Qt::Key_3, Outcome::Triple, "3", "Triple"},
-    OutcomeKey{Qt::Key_4, Outcome::Homer, "4", "Homer"},
-    OutcomeKey{Qt::Key_W, Outcome::Walk, "W", "Walk"},
-    OutcomeKey{Qt::Key_K, Outcome::Strikeout, "K", "Strikeout"},
-    OutcomeKey{Qt::Key_G, Outcome::Groundout, "G", "Groundout"},
-    OutcomeKey{Qt::Key_F, Outcome::Flyout, "F", "Flyout, foulout"},
-    OutcomeKey{Qt::Key_L, Outcome::Lineout, "L", "Lineout"},
-    OutcomeKey{Qt::Key_P, Outcome::Popout, "P", "Popout"},
-    OutcomeKey{Qt::Key_D, Outcome::DoublePlay, "D", "Double play"},
-    OutcomeKey{Qt::Key_C, Outcome::FieldersChoice, "C", "Fielder's choice"},
-    OutcomeKey{Qt::Key_T, Outcome::ThrownOut, "T", "Runner thrown out"},
-    OutcomeKey{Qt::Key_E, Outcome::AtBat, "E", "At-bat, reached on an error"},
-    OutcomeKey{Qt::Key_R, Outcome::RunBattedIn, "R", "Run batted in"},
-};
 
 struct OtherKey {
   const char* shown;
@@ -52,7 +29,11 @@ struct OtherKey {
 
 constexpr std::array kOtherKeys{
     OtherKey{"S, then 1 to 4", "Stolen base by that game piece"},
+    OtherKey{"N", "The man who is due comes to bat"},
     OtherKey{"Up, Down", "Choose a row of the side at bat"},
+    OtherKey{"X", "Roll the dice"},
+    OtherKey{"V", "View the charts, where you left them"},
+    OtherKey{"Ctrl + F12", "Show or hide the numbered dice"},
     OtherKey{"Enter", "Press, or enter a new entry"},
     OtherKey{"Tab", "The next control"},
     OtherKey{"Esc", "Leave a text field"},
@@ -86,13 +67,12 @@ KeyPlate::KeyPlate(Scene& scene, QWidget* parent) : Panel(parent) {
   grid->setVerticalSpacing(0);
   column->addLayout(grid, 1);
   int place = 0;
-  const auto add = [&](const char* shown, const char* meaning) {
-    AddRow(grid, place % kRows, place / kRows * 2, shown, meaning);
+  for (const OutcomeEntry& key : kOutcomes) {
+    AddRow(grid, place % kOutcomeRows, place / kOutcomeRows * 2, key.shown, key.meaning);
     ++place;
-  };
-  for (const OutcomeKey& key : kOutcomeKeys) add(key.shown, key.meaning);
-  place = 2 * kRows;  // in a column of their own
-  for (const OtherKey& key : kOtherKeys) add(key.shown, key.meaning);
+  }
+  int row = 0;
+  for (const OtherKey& key : kOtherKeys) AddRow(grid, row++, 4, key.shown, key.meaning);
   for (const int meanings : {1, 3, 5}) grid->setColumnStretch(meanings, 1);
   hide();
 }
@@ -121,6 +101,12 @@ bool PlayKeys::Press(const QKeyEvent& event) {
     return true;
   }
   if (event.isAutoRepeat()) return false;
+  if (key == Qt::Key_V || key == Qt::Key_X) {
+    AskForRunner(false);
+    if (key == Qt::Key_V) emit chartsWanted();
+    if (key == Qt::Key_X) emit diceWanted();
+    return true;
+  }
   const BoxKey closesBoxes(key);
   if (key == Qt::Key_Question) {
     ShowPlate(plate_ == nullptr || !plate_->isVisible());
@@ -141,6 +127,10 @@ bool PlayKeys::Press(const QKeyEvent& event) {
     AskForRunner(true);
     return true;
   }
+  if (key == Qt::Key_N) {
+    ChooseManDue(board_);
+    return true;
+  }
   return PressOutcome(key);
 }
 
@@ -153,8 +143,8 @@ bool PlayKeys::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool PlayKeys::PressOutcome(int key) {
-  const auto* found = std::ranges::find(kOutcomeKeys, key, &OutcomeKey::key);
-  if (found == kOutcomeKeys.end()) return false;
+  const auto* found = std::ranges::find(kOutcomes, key, &OutcomeEntry::key);
+  if (found == kOutcomes.end()) return false;
   ShowPlate(false);
   RecordOutcome(board_, found->outcome);
   return true;

@@ -28,6 +28,8 @@ class PlayKeys : public QObject {
 
   // True if the key means something.
   bool Press(const QKeyEvent& event);
+  // The plate of the keys over the board.
+  void ShowPlate(bool shown);
 
   // A button would take Up and Down for steps to its neighbours; with these they go to the line-up.
   void TakeArrowsFrom(QAbstractButton* button) {
@@ -36,6 +38,8 @@ class PlayKeys : public QObject {
   }
 
  signals:
+  void chartsWanted();       // at the chart where they stood last
+  void diceWanted();         // rolled
   void listWanted(int key);  // an arrow: the line-up of the side at bat takes it
 
  protected:
@@ -43,7 +47,6 @@ class PlayKeys : public QObject {
 
  private:
   bool PressOutcome(int key);
-  void ShowPlate(bool shown);
   void AskForRunner(bool asks);
 
   Board& board_;

@@ -1,5 +1,6 @@
 #include "windows/board/scoreboard.h"
 
+#include <QPainter>
 #include <QPushButton>
 
 #include "aids/ballparks.h"
@@ -27,10 +28,11 @@ constexpr Place kFrame6{778, 12, 84, 120};
 constexpr Place kFrame1{340, 12, 632, 140};
 
 constexpr double kHeaderHeight = 24;
-constexpr double kCellWidth = 36;
-constexpr double kCellPitch = 40;
+constexpr double kTeamWidth = 184;  // 24 letters
+constexpr double kCellWidth = 34;
+constexpr double kCellPitch = 37;
 constexpr double kCellHeight = 44;
-constexpr double kFirstInningLeft = 214;
+constexpr double kFirstInningLeft = 244;
 constexpr double kFirstTotalLeft = 622;
 constexpr double kTotalWidth = 40;
 constexpr double kTotalPitch = 44;
@@ -77,6 +79,19 @@ QString CellTip(Side side, int cell) {
   return {};
 }
 
+// Lies over a part of the scoreboard and looks like it: its own right and lower edges do not show.
+class Cover : public Panel {
+ public:
+  using Panel::Panel;
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    constexpr int kBeyond = 20;
+    DrawPlate(painter, rect().adjusted(0, 0, kBeyond, kBeyond), kSlate, kEdge, 1);
+  }
+};
+
 }  // namespace
 
 Scoreboard::Scoreboard(Board& board, Aids& aids, QtPictures& pictures, Scene& scene,
@@ -92,10 +107,22 @@ Scoreboard::Scoreboard(Board& board, Aids& aids, QtPictures& pictures, Scene& sc
   BuildOuts();
   BuildCommands();
   BuildCharts();
-  BuildExtraInnings();
+  BuildExtraInnings(pictures);
+}
+
+// The plate with a team's name.
+void Scoreboard::DressTeam(FigureField* team, Side side, const QPointF& origin) {
+  team->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  team->setTextMargins(4, 0, 4, 0);
+  scene_.Put(team, {origin.x() + 52, origin.y() + RowTop(side), kTeamWidth, kCellHeight}, kLarge,
+             true);
+  FollowAll(
+      team, [this, team, side] { team->SetGround(Shade(SideColour(board_.state, side)), kInk); },
+      board_.state.Option5, board_.state.Option6);
 }
 
 void Scoreboard::BuildTeams(QWidget* frame, QtPictures& pictures) {
+  FigureField* visitors = nullptr;
   for (const Side side : {Side::Visitors, Side::Home}) {
     SideFields fields = SideOf(board_, side);
     auto* logo = new PictureButton(frame);
@@ -109,18 +136,14 @@ void Scoreboard::BuildTeams(QWidget* frame, QtPictures& pictures) {
     auto* team = new FigureField(frame);
     Name(team, NamesOf(side).team,
          QLatin1String(NamesOf(side).word) + QStringLiteral(" team name"));
-    team->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    team->setTextMargins(4, 0, 4, 0);
-    team->SetTextFits();
-    scene_.Put(team, {52, RowTop(side), 154, kCellHeight}, kLarge, true);
+    DressTeam(team, side, {});
+    if (visitors != nullptr) team->SetTextFits(visitors);
+    visitors = team;
     BindGameText(team, fields.team, board_, "team name");
     connect(team, &QLineEdit::textChanged, team, [team](const QString& text) {
       team->setToolTip(text.left(200));
       if (!team->hasFocus()) team->setCursorPosition(0);
     });
-    FollowAll(
-        team, [this, team, side] { team->SetGround(Shade(SideColour(board_.state, side)), kInk); },
-        board_.state.Option5, board_.state.Option6);
   }
 }
 
@@ -135,6 +158,16 @@ void Scoreboard::AddScoreCell(QWidget* frame, Side side, int cell, const Place& 
   BindGameText(field, score.text, board_, "line score");
   Follow<Colour>(field, score.colour,
                  [field](const Colour& colour) { field->SetGround(Shade(colour), kInk); });
+  if (cell < kInnings) {
+    FollowAll(
+        field,
+        [this, field, side, cell] {
+          const bool now = InProgress(side, cell);
+          field->SetMark(now);
+          field->setAccessibleDescription(now ? QStringLiteral("being played") : QString());
+        },
+        board_.state.tb_OutsCount, board_.state.Option5, board_.state.Option6);
+  }
   connect(field, &FigureField::focused, this,
           [this, side, cell] { FocusScoreCell(board_, side, cell); });
   connect(field, &FigureField::marked, this,
@@ -146,6 +179,12 @@ void Scoreboard::AddScoreCell(QWidget* frame, Side side, int cell, const Place& 
   connect(field, &QLineEdit::textChanged, field, [this, field] {
     if (field->hasFocus() && !field->isModified() && CaretAtStart(board_.state)) field->selectAll();
   });
+}
+
+bool Scoreboard::InProgress(Side side, int inning) const {
+  const int half = HalfInProgress(board_.state);
+  if (!SideAtBat(board_.state) || half >= kHalves) return false;
+  return half == 2 * inning + (side == Side::Home ? 1 : 0);
 }
 
 void Scoreboard::AddDigit(QWidget* frame, int digit, const Place& place) {
@@ -223,7 +262,7 @@ void Scoreboard::BuildCommands() {
 
 void Scoreboard::BuildCharts() {
   const auto addLabel = [this](const char* name, const QString& caption, const Place& place) {
-    auto* label = new ClickLabel(caption, {QColor(224, 224, 224), Qt::white, kInk}, this);
+    auto* label = new ClickLabel(caption, {kButtonGrey, Qt::white, kInk}, this);
     Name(label, name, caption);
     label->setCursor(Qt::PointingHandCursor);
     label->SetRestsAfterRelease();
@@ -234,10 +273,15 @@ void Scoreboard::BuildCharts() {
     const Place place{12 + chart * kChartPitch, 144, kChartWidth, 32};
     const QString number = QString::number(chart + 1);
     auto* label = addLabel(qPrintable(QStringLiteral("lbl_chrt") + number), {}, place);
-    label->SetHint(QStringLiteral("Chart ") + number);
-    Follow<std::string>(label, aids_.state.lbl_chrt.at(chart), [label, number](const auto& name) {
-      label->setAccessibleName(QStringLiteral("Chart %1 %2").arg(number, ToQt(name)).trimmed());
-    });
+    label->SetHint(ToQt(ChartHint(aids_.state, chart)));
+    label->SetTextFits();
+    scene_.Put(label, place, kLarge, true);
+    Follow<std::string>(
+        label, aids_.state.lbl_chrt.at(chart), [this, label, number, chart](const auto&) {
+          const QString caption = ToQt(ChartCaption(aids_.state, chart));
+          const QString plain = QStringLiteral("Chart ") + number;
+          label->setAccessibleName(caption == plain ? plain : plain + QLatin1Char(' ') + caption);
+        });
     auto* edit = new NameEdit(aids_.platform, ChartName(aids_.state, chart), label);
     Name(edit, qPrintable(QStringLiteral("tb_chrt") + number),
          QStringLiteral("Name of chart ") + number);
@@ -246,16 +290,24 @@ void Scoreboard::BuildCharts() {
   }
   auto* rules = addLabel("lbl_rules", QStringLiteral("RULES"), {804, 144, 66, 32});
   connect(rules, &QAbstractButton::clicked, this, [this] { OpenRules(aids_); });
-  auto* help = addLabel("lbl_help", QStringLiteral("DTB HELP"), {878, 144, 109, 32});
+  auto* help = addLabel("lbl_help", QStringLiteral("DTB HELP"), {878, 144, 74, 32});
+  rules->setToolTip(QStringLiteral("Opens the rules of the dice game"));
+  help->setToolTip(QStringLiteral("Opens the help page"));
+  auto* keys = addLabel("lbl_keys", QStringLiteral("?"), {958, 144, 29, 32});
+  keys->setAccessibleName(QStringLiteral("Keys"));
+  keys->setToolTip(QStringLiteral("Shows all keys; the key ? does so too"));
+  connect(keys, &QAbstractButton::clicked, this, &Scoreboard::keysWanted);
   connect(help, &QAbstractButton::clicked, this, [this] { OpenHelp(aids_); });
 }
 
-void Scoreboard::BuildExtraInnings() {
-  extraInnings_ = new Panel(parentWidget());
-  extraInnings_->SetFill(kSlate);
+void Scoreboard::BuildExtraInnings(QtPictures& pictures) {
+  extraInnings_ = new Cover(parentWidget());
   Name(extraInnings_, "Frame1", QStringLiteral("Innings 11 to 20"));
   scene_.Put(extraInnings_, kFrame1);
   BindVisible(extraInnings_, board_.state.cb_Xinnings);
+  // One ground under both, so that nothing shows where one begins.
+  Follow<bool>(this, board_.state.cb_Xinnings,
+               [this](bool open) { SetFill(open ? kSlate : kSlateOverPark); });
   for (int inning = kShownInnings; inning < kInnings; ++inning) {
     const double left = kFrame4.left + kFirstInningLeft + (inning - kShownInnings) * kCellPitch;
     scene_.Put(MakeCaption(QString::number(inning + 1), extraInnings_, Qt::AlignCenter),
@@ -265,11 +317,22 @@ void Scoreboard::BuildExtraInnings() {
                    {left, kFrame4.top + RowTop(side), kCellWidth, kCellHeight});
     }
   }
+  FigureField* visitors = nullptr;
   for (const Side side : {Side::Visitors, Side::Home}) {
-    auto* team = MakeCaption({}, extraInnings_);
-    scene_.Put(team, {20, kFrame4.top + RowTop(side), 198, kCellHeight}, kLarge, true);
-    Follow<std::string>(team, SideOf(board_, side).team,
-                        [team](const std::string& name) { team->setText(ToQt(name).left(200)); });
+    const SideFields fields = SideOf(board_, side);
+    const double top = kFrame4.top + RowTop(side);
+    auto* logo = new PictureBox(PictureBox::Fit::Whole, extraInnings_);
+    scene_.Put(logo, {kFrame4.left + 2, top + 2, 40, 40});
+    Follow<Picture>(logo, fields.logo, [logo, &pictures](const Picture& picture) {
+      logo->SetImage(pictures.Image(picture));
+    });
+    auto* team = new FigureField(extraInnings_);
+    team->setReadOnly(true);
+    team->setFocusPolicy(Qt::NoFocus);
+    DressTeam(team, side, {kFrame4.left, kFrame4.top});
+    if (visitors != nullptr) team->SetTextFits(visitors);
+    visitors = team;
+    FollowText(team, fields.team);
   }
   extraInnings_->raise();
 }

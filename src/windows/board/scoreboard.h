@@ -23,6 +23,7 @@ class Scoreboard : public DraggablePanel {
 
  signals:
   void chartWanted(int chart);
+  void keysWanted();
 
  private:
   void BuildTeams(QWidget* frame, QtPictures& pictures);
@@ -30,8 +31,11 @@ class Scoreboard : public DraggablePanel {
   void BuildOuts();
   void BuildCommands();
   void BuildCharts();
-  void BuildExtraInnings();
+  void BuildExtraInnings(QtPictures& pictures);
+  void DressTeam(FigureField* team, Side side, const QPointF& origin);
   void AddScoreCell(QWidget* frame, Side side, int cell, const Place& place);
+  // That half-inning is being played.
+  [[nodiscard]] bool InProgress(Side side, int inning) const;
   void AddDigit(QWidget* frame, int digit, const Place& place);
 
   Board& board_;

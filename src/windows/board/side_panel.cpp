@@ -9,6 +9,7 @@
 #include "teams/lineup_edit.h"
 #include "teams/pitchers.h"
 #include "teams/team_load.h"
+#include "windows/boxes/closing_press.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/game_text.h"
 #include "windows/shared/look.h"
@@ -136,6 +137,7 @@ void SidePanel::BuildButtons() {
   BindCheck(edit, fields.edit);
 
   auto* atBat = new AtBatOption(this);
+  TakeClosingPress(atBat);
   Name(atBat, names.atBat, ForTeam("AT BAT", side_));
   PutMirrored(atBat, {96, 388, 212, 30}, kBody, true);
   FollowAll(
@@ -158,6 +160,16 @@ void SidePanel::BuildButtons() {
   BindVisible(newEntry, fields.edit);
 }
 
+// In the field: the man to whom the pitcher pitches.
+void SidePanel::ShowDuel(NameLabel* title) const {
+  const QString batter = ToQt(board_.state.lbl_Selected.value());
+  const bool pitches = SideOf(board_, Other(side_)).atBat.value() && !batter.isEmpty();
+  title->SetName(pitches ? QStringLiteral("PITCHES TO ") : QStringLiteral("PITCHER"),
+                 pitches ? batter : QString());
+  title->setToolTip(pitches ? QStringLiteral("Pitches to ") + batter.left(400).toHtmlEscaped()
+                            : QString());
+}
+
 void SidePanel::BuildPitcher(QtPictures& pictures) {
   const Names& names = NamesOf(side_);
   SideFields fields = SideOf(board_, side_);
@@ -170,10 +182,13 @@ void SidePanel::BuildPitcher(QtPictures& pictures) {
     photo->SetImage(pictures.Image(picture));
   });
 
-  auto* title =
-      MakeCaption(QStringLiteral("PITCHER"), this,
-                  (side_ == Side::Visitors ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignBottom);
+  auto* title = new NameLabel(
+      this, (side_ == Side::Visitors ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignBottom);
   PutMirrored(title, {96, 450, 212, 18}, kBody);
+  title->setObjectName(QLatin1String(names.photo) + QStringLiteral("_title"));
+  FollowAll(
+      title, [this, title] { ShowDuel(title); }, board_.state.Option5, board_.state.Option6,
+      board_.state.lbl_Selected);
 
   auto* pitcher = new ClickLabel({}, {kSlateRaised, kSlateHover, kCream}, this);
   Name(pitcher, names.pitcher, QLatin1String(names.pitcherTip));

@@ -21,6 +21,7 @@ class SidePanel : public Panel {
   void BuildList();
   void BuildButtons();
   void BuildPitcher(QtPictures& pictures);
+  void ShowDuel(NameLabel* title) const;
   // Puts a control at a place of the visitors' panel, or its mirror image.
   void PutMirrored(QWidget* control, Place place, double typeSize, bool bold = false);
 

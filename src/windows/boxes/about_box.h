@@ -20,7 +20,10 @@ class AboutBox : public QDialog {
   QWidget* BuildLink();
   QWidget* BuildButtons();
 
+  [[nodiscard]] int Units(double length) const { return qRound(length * scale_); }
+
   Platform& platform_;
+  double scale_;  // of the board's type
 };
 
 }  // namespace dtb

@@ -1,36 +1,95 @@
 #include "windows/boxes/log_window.h"
 
-#include <QLabel>
+#include <QScreen>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "platform/qt/qt_text.h"
+#include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"
+#include "windows/shared/scene.h"
 
 namespace dtb {
+namespace {
+
+constexpr QSize kUsualSize(520, 600);  // layout units
+constexpr double kButtonHeight = 36;
+
+}  // namespace
 
 LogWindow::LogWindow(EventLog& log, QWidget* parent)
-    : QDialog(parent), log_(log), text_(new QPlainTextEdit(this)) {
+    : QDialog(parent),
+      log_(log),
+      title_(MakeCaption(QStringLiteral("EVENT LOG"), this, Qt::AlignCenter)),
+      text_(new QPlainTextEdit(this)),
+      outcome_(MakeCaption({}, this)),
+      copy_(AddButton("cmd_Copy", QStringLiteral("Copy"),
+                      QStringLiteral("Puts the whole log on the clipboard"))),
+      save_(AddButton("cmd_Save", QStringLiteral("Save..."),
+                      QStringLiteral("Writes the log into a text file of your choice"))),
+      close_(AddButton("cmd_Close", QStringLiteral("Close"),
+                       QStringLiteral("Closes the window; the log goes on"))) {
   setObjectName(QStringLiteral("Options"));
   setWindowTitle(QStringLiteral("Event Log"));
-  resize(520, 600);
-  auto* title = MakeCaption(QStringLiteral("EVENT LOG"), this, Qt::AlignCenter);
-  title->setObjectName(QStringLiteral("Label1"));
-  title->setFont(look::Font(look::kLarge, true));
-  text_->setObjectName(QStringLiteral("Text1"));
-  text_->setAccessibleName(QStringLiteral("EVENT LOG"));
+  title_->setObjectName(QStringLiteral("Label1"));
+  Name(text_, "Text1", QStringLiteral("EVENT LOG"));
   text_->setReadOnly(true);
-  text_->setFont(look::Font(look::kBody));
   text_->setFrameShape(QFrame::NoFrame);
   text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  text_->setPlaceholderText(QStringLiteral("Nothing has been recorded yet."));
+  auto* row = new QHBoxLayout;
+  row->setSpacing(8);
+  row->addWidget(outcome_, 1);
+  for (QPushButton* button : {copy_, save_, close_}) row->addWidget(button);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(12, 12, 12, 12);
   column->setSpacing(8);
-  column->addWidget(title);
+  column->addWidget(title_);
   column->addWidget(text_);
+  column->addLayout(row);
+  connect(copy_, &QPushButton::clicked, this, &LogWindow::copyWanted);
+  connect(save_, &QPushButton::clicked, this, &LogWindow::saveWanted);
+  connect(close_, &QPushButton::clicked, this, &QDialog::accept);
   log.Observe([this] { ShowText(); });
   ShowText();
+}
+
+QPushButton* LogWindow::AddButton(const char* name, const QString& caption, const QString& tip) {
+  auto* button = new QPushButton(caption, this);
+  Name(button, name, caption);
+  button->setToolTip(tip);
+  button->setAutoDefault(false);
+  return button;
+}
+
+void LogWindow::Tell(const QString& outcome) { outcome_->setText(outcome); }
+
+void LogWindow::FollowBoard() {
+  const double scale = TypeScale(parentWidget());
+  setFont(look::Font(look::kBody * scale));
+  for (QPushButton* button : {copy_, save_, close_}) {
+    button->setFixedHeight(qRound(kButtonHeight * scale));
+    button->setMinimumWidth(qRound(2.5 * kButtonHeight * scale));
+  }
+  title_->setFont(look::Font(look::kLarge * scale, true));
+  resize((QSizeF(kUsualSize) * scale).toSize().boundedTo(screen()->availableSize() * 0.9));
+  CenterForm(this, parentWidget());
+}
+
+void LogWindow::showEvent(QShowEvent* event) {
+  if (!event->spontaneous()) {
+    FollowBoard();
+    Tell({});
+    text_->setFocus(Qt::OtherFocusReason);
+    layout()->activate();
+    ShowEnd();
+  }
+  QDialog::showEvent(event);
+}
+
+void LogWindow::ShowEnd() {
+  text_->verticalScrollBar()->setValue(text_->verticalScrollBar()->maximum());
 }
 
 void LogWindow::ShowText() {
@@ -44,7 +103,8 @@ void LogWindow::ShowText() {
     end.insertText(ToQt(std::string_view(log).substr(shownBytes_)));
   }
   shownBytes_ = log.size();
-  text_->verticalScrollBar()->setValue(text_->verticalScrollBar()->maximum());
+  for (QPushButton* button : {copy_, save_}) button->setEnabled(!log.empty());
+  ShowEnd();
 }
 
 }  // namespace dtb

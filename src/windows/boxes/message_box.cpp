@@ -20,6 +20,7 @@
 #include "platform/qt/qt_text.h"
 #include "shell/program_error.h"
 #include "shell/project_pages.h"
+#include "windows/boxes/closing_press.h"
 #include "windows/shared/look.h"
 #include "windows/shared/scene.h"
 
@@ -42,31 +43,6 @@ constexpr qsizetype kLongestMessage = 20000;
 
 MessageBox* openBox = nullptr;
 int closingKey = 0;  // 0: none
-
-// The person who closes a box by a double click means one click: the second half of it must not
-// reach what lies under the box.
-class ClickGuard : public QObject {
- public:
-  ClickGuard() : QObject(qApp) { qApp->installEventFilter(this); }
-
- protected:
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    switch (event->type()) {
-      case QEvent::MouseButtonRelease:
-      case QEvent::MouseButtonDblClick:
-        return true;
-      case QEvent::MouseButtonPress:
-        if (static_cast<QMouseEvent*>(event)->flags() & Qt::MouseEventCreatedDoubleClick) {
-          return true;
-        }
-        qApp->removeEventFilter(this);
-        deleteLater();
-        return false;
-      default:
-        return false;
-    }
-  }
-};
 
 QString IconText(BoxIcon icon) {
   switch (icon) {
@@ -307,6 +283,17 @@ void MessageBox::Build(double scale) {
     row->addWidget(MakeScroll(text, QSize(textWidth, highest)), 1);
   }
   column->addLayout(row);
+  if (!content_.question) {
+    auto* hint = new QLabel(QStringLiteral("Enter, Space, Esc or a click anywhere closes this"));
+    hint->setObjectName(QStringLiteral("ClosingHint"));
+    hint->setFont(Font(kSmall * scale));
+    QPalette dim = hint->palette();
+    dim.setColor(QPalette::WindowText, QColor(208, 208, 208));
+    hint->setPalette(dim);
+    hint->setAlignment(Qt::AlignHCenter);
+    hint->setContentsMargins(0, units(4), units(12), 0);
+    column->addWidget(hint);
+  }
   if (!Confirmation()) BuildButtons(scale, this);
   adjustSize();
 }
@@ -362,6 +349,7 @@ void MessageBox::PlaceOverWindow() {
 
 void MessageBox::Finish(bool answer) {
   answer_ = answer;
+  closing_ = true;
   loop_.quit();
 }
 
@@ -464,7 +452,10 @@ bool MessageBox::eventFilter(QObject* watched, QEvent* event) {
                            qobject_cast<const QScrollBar*>(hit) != nullptr;
       if (Holds(watched, event) && (content_.question || control)) return false;
       if (content_.question) return true;
-      new ClickGuard;
+      const auto* press = static_cast<QMouseEvent*>(event);
+      const bool beside = !Holds(watched, event);
+      FollowClosingPress(press->globalPosition().toPoint(),
+                         beside ? press->button() : Qt::NoButton);
       Finish(true);
       return true;
     }
@@ -495,6 +486,15 @@ BoxKey::~BoxKey() { closingKey = outer_; }
 
 void WindowBoxes::ShowRecorded(const std::string& message, BoxAlignment alignment) {
   Run({ToQt(message), {}, BoxIcon::None, alignment, false});
+}
+
+void WindowBoxes::Confirm(const std::string& message, const std::string& counted) {
+  if (quick_ == nullptr || !quick_->value() || mainWindow_.isNull()) {
+    ShowRecorded(message, BoxAlignment::Centred);
+    return;
+  }
+  if (!notices_) notices_ = new Notices(mainWindow_->centralWidget());
+  notices_->Show(ToQt(message), ToQt(counted), Scale());
 }
 
 void WindowBoxes::Show(const std::string& message, BoxIcon icon, const std::string& title) {

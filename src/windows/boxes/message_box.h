@@ -6,7 +6,9 @@
 #include <QPointer>
 #include <QWidget>
 
+#include "game/field.h"
 #include "platform/platform.h"
+#include "windows/boxes/notices.h"
 
 namespace dtb {
 
@@ -38,6 +40,8 @@ class MessageBox : public QWidget {
   [[nodiscard]] static MessageBox* Open();
 
   [[nodiscard]] QString message() const { return content_.message; }
+  // It was closed, and the operation that it held back is about to go on.
+  [[nodiscard]] bool closing() const { return closing_; }
   [[nodiscard]] bool question() const { return content_.question; }
   [[nodiscard]] const QStringList& answers() const { return content_.answers; }
 
@@ -70,6 +74,7 @@ class MessageBox : public QWidget {
   QPointer<QWidget> window_;
   QEventLoop loop_;
   bool answer_ = false;
+  bool closing_ = false;
   int chosen_ = 0;  // of the answers of its own
 };
 
@@ -89,6 +94,7 @@ class BoxKey {
 class WindowBoxes : public MessageBoxes {
  public:
   void ShowRecorded(const std::string& message, BoxAlignment alignment) override;
+  void Confirm(const std::string& message, const std::string& counted) override;
   void Show(const std::string& message, BoxIcon icon, const std::string& title) override;
   bool Ask(const Question& question) override;
   std::size_t Choose(const Choice& choice) override;
@@ -96,12 +102,16 @@ class WindowBoxes : public MessageBoxes {
   // The board, over which boxes come when no other window is in front. Its type is that of all
   // boxes.
   void SetMainWindow(QMainWindow* window) { mainWindow_ = window; }
+  // While the field is on, confirmations are notices at the foot of the board.
+  void SetQuick(const Field<bool>& quick) { quick_ = &quick; }
 
  private:
   bool Run(const MessageBox::Content& content) const;
   [[nodiscard]] QWidget* Front() const;
   [[nodiscard]] double Scale() const;
   QPointer<QMainWindow> mainWindow_;
+  QPointer<Notices> notices_;  // none before the first
+  const Field<bool>* quick_ = nullptr;
 };
 
 }  // namespace dtb

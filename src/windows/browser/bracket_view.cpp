@@ -60,7 +60,8 @@ void BracketView::AddSlot(const std::string& key, Field<std::string>& text) {
     const QString shown = ToQt(placed);
     slot->setText(shown);
     slot->setShortcut({});  // an "&" in a name is no shortcut
-    slot->setToolTip(WholeTextTip(shown));
+    slot->setToolTip(shown.isEmpty() ? place + QStringLiteral(": puts the team's name here")
+                                     : WholeTextTip(shown));
     slot->setAccessibleName(place + QStringLiteral(": ") +
                             (shown.isEmpty() ? QStringLiteral("empty") : shown));
   });

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPainter>
 #include <QTabBar>
 
 #include "browser/box_score.h"
@@ -36,11 +37,13 @@ constexpr QColor kPurgeRed{255, 0, 0};
 constexpr QColor kDeleteRed{255, 128, 128};
 constexpr QColor kResetBlue{192, 192, 255};
 constexpr QColor kLightStrip{224, 224, 224};
-constexpr QColor kButtonFace{240, 240, 240};
 
 constexpr const char* kPlayerHint = "Name begins with";
 constexpr const char* kTeamHint = "Team begins with";
 constexpr const char* kGameHint = "GameID contains";
+constexpr const char* kSearchTip =
+    "Shows the rows that match the box at its left; an empty box shows all";
+constexpr const char* kBoxTip = "Type a text and press Enter; Esc empties the box";
 
 void Tint(QPushButton* button, const QColor& ground, const QColor& ink) {
   QPalette palette = button->palette();
@@ -49,16 +52,31 @@ void Tint(QPushButton* button, const QColor& ground, const QColor& ink) {
   button->setPalette(palette);
 }
 
-// Blue text on a light strip.
+// Blue text on a light strip that has the shape of the buttons beside it.
+class BlueStrip : public QLabel {
+ public:
+  explicit BlueStrip(const QString& text) : QLabel(text) {
+    setTextFormat(Qt::PlainText);
+    setContentsMargins(8, 0, 8, 0);
+    QPalette palette = this->palette();
+    palette.setColor(QPalette::WindowText, Shade(kClickableBlue));
+    setPalette(palette);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    {
+      QPainter painter(this);
+      DrawPlate(painter, rect(), kLightStrip, Qt::transparent, 0);
+    }
+    QLabel::paintEvent(event);
+  }
+};
+
 QLabel* MakeBlueLabel(const char* name, const QString& text, Qt::Alignment alignment) {
-  QLabel* label = MakeCaption(text, nullptr, alignment);
+  auto* label = new BlueStrip(text);
   Name(label, name, text);
-  label->setAutoFillBackground(true);
-  label->setMargin(4);
-  QPalette palette = label->palette();
-  palette.setColor(QPalette::Window, kLightStrip);
-  palette.setColor(QPalette::WindowText, Shade(kClickableBlue));
-  label->setPalette(palette);
+  label->setAlignment(alignment);
   return label;
 }
 
@@ -83,7 +101,9 @@ void Form4::Run(Platform& platform, QWidget* over) {
   form.ShowTables();
   form.exec();
   StoreBracket(form.browser_);
-  if (form.workbook_ && OpenWorkbook(platform, *form.workbook_)) over->window()->showMinimized();
+  if (form.workbook_ && OpenWorkbook(platform, *form.workbook_, kBrowserTitle)) {
+    over->window()->showMinimized();
+  }
 }
 
 Form4::Form4(Platform& platform, QWidget* parent)
@@ -180,9 +200,11 @@ QHBoxLayout* Form4::AddStrip(QVBoxLayout* page) {
   return strip;
 }
 
-QPushButton* Form4::AddButton(QHBoxLayout* strip, const char* name, const char* caption) {
+QPushButton* Form4::AddButton(QHBoxLayout* strip, const char* name, const char* caption,
+                              const char* tip) {
   auto* button = new QPushButton(QLatin1String(caption));
   Name(button, name, QLatin1String(caption));
+  button->setToolTip(QLatin1String(tip));
   button->setAutoDefault(false);
   strip->addWidget(button);
   return button;
@@ -197,11 +219,14 @@ void Form4::AddSearches(QHBoxLayout* strip, const std::vector<Search>& searches)
       Name(box, search.box, QLatin1String(query.caption));
       box->setPlaceholderText(QLatin1String(search.hint));
       box->setAccessibleDescription(QLatin1String(search.hint));
+      box->setToolTip(QLatin1String(kBoxTip));
       BindText(box, state_.*query.box);
       LeaveOnSecondEscape(box, state_.*query.box);
       strip->addWidget(box);
     }
-    QPushButton* button = AddButton(strip, query.name, query.caption);
+    QPushButton* button =
+        AddButton(strip, query.name, query.caption,
+                  box != nullptr ? kSearchTip : "Shows the line scores of all saved games");
     if (box != nullptr)
       connect(box, &QLineEdit::returnPressed, button, [button] { button->click(); });
     connect(button, &QPushButton::clicked, this, [this, which = search.query] {
@@ -218,6 +243,7 @@ StatGridView* Form4::AddGrid(const char* name, const char* accessibleName, GridF
   auto* view = new StatGridView(shown.grid, nullptr);
   Name(view, name, QLatin1String(accessibleName));
   view->ShowAsResult();
+  view->ShowWholeRows();
   // What is not visible yet keeps its place on the tab.
   QSizePolicy policy = view->sizePolicy();
   policy.setRetainSizeWhenHidden(true);
@@ -234,18 +260,22 @@ void Form4::BuildLineScores() {
   grid->StretchAllColumns();
   page->addWidget(grid);
   BindVisible(grid, state_.MSHFlexGrid1.visible);
+  grid->horizontalHeader()->setToolTip(QStringLiteral("Click a GameID to see its box score"));
   connect(grid, &StatGridView::cellClicked, this, [this](int row, int column) {
     const BusyPointer busy;
     SelectGameID(browser_, row, column);
   });
 
   QHBoxLayout* strip = AddStrip(page);
-  connect(AddButton(strip, "Command15", "Send Access DB to Excel"), &QPushButton::clicked, this,
-          [this] { SendTablesToExcel(); });
-  connect(AddButton(strip, "Command16", "Send all DataGrids to Excel"), &QPushButton::clicked, this,
-          [this] { SendGridsToExcel(); });
+  connect(AddButton(strip, "Command15", "Send Access DB to Excel",
+                    "Writes all five tables of the database into a workbook"),
+          &QPushButton::clicked, this, [this] { SendTablesToExcel(); });
+  connect(AddButton(strip, "Command16", "Send all DataGrids to Excel",
+                    "Writes what the tabs show into a workbook, opens it and closes this window"),
+          &QPushButton::clicked, this, [this] { SendGridsToExcel(); });
   strip->addStretch();
-  QPushButton* purge = AddButton(strip, "cmd_Purge", "PURGE ALL STATS");
+  QPushButton* purge = AddButton(strip, "cmd_Purge", "PURGE ALL STATS",
+                                 "Deletes every saved game, after a question");
   Tint(purge, kPurgeRed, Qt::black);
   typed_.push_back({purge, kBody, true});
   connect(purge, &QPushButton::clicked, this, [this] { WithAll([this] { PurgeAll(browser_); }); });
@@ -280,10 +310,13 @@ void Form4::BuildStatTab(const char* caption, const char* gridName, GridField gr
   view->StretchAllColumns();
   page->addWidget(view);
   BindVisible(view, (state_.*grid).visible);
-  connect(view, &StatGridView::cellDoubleClicked, this, [this, grid](int /*row*/, int column) {
-    const BusyPointer busy;
-    SortOnDoubleClick(browser_, state_.*grid, column);
-  });
+  view->horizontalHeader()->setToolTip(QStringLiteral("Ctrl + double-click sorts on this column"));
+  connect(view, &StatGridView::cellDoubleClicked, this,
+          [this, grid, view](int /*row*/, int column) {
+            const BusyPointer busy;
+            if (!SortOnDoubleClick(browser_, state_.*grid, column)) return;
+            view->ShowSorted(column, SortedDown(state_) ? Qt::DescendingOrder : Qt::AscendingOrder);
+          });
 }
 
 void Form4::BuildWinLoss() {
@@ -311,45 +344,93 @@ void Form4::BuildWinLoss() {
   Follow<std::string>(selected, state_.lbl_DEL2, [selected](const std::string& name) {
     const QString shown = ToQt(name);
     selected->setText(shown.left(400));
-    selected->setToolTip(WholeTextTip(shown));
+    selected->setToolTip(shown.isEmpty() ? QStringLiteral("The team or matchup you clicked")
+                                         : WholeTextTip(shown));
     selected->setAccessibleName(QStringLiteral("Selected: ") + shown);
   });
-  QPushButton* one = AddButton(strip, "Command36", "DELETE Matchup or Win/Loss");
-  one->setToolTip(QStringLiteral("Select a Team or Matchup to DELETE"));
+  QPushButton* one = AddButton(strip, "Command36", "DELETE Matchup or Win/Loss",
+                               "Select a Team or Matchup to DELETE");
   Tint(one, kDeleteRed, kInk);
   connect(one, &QPushButton::clicked, this,
           [this] { WithAll([this] { DeleteSelected(browser_); }); });
   strip->addSpacing(16);
-  connect(AddButton(strip, "Command33", "Clear all Win/Loss data"), &QPushButton::clicked, this,
-          [this] { WithAll([this] { DeleteWinLoss(browser_); }); });
+  connect(AddButton(strip, "Command33", "Clear all Win/Loss data",
+                    "Deletes all standings and matchups, after a question; the games stay"),
+          &QPushButton::clicked, this, [this] { WithAll([this] { DeleteWinLoss(browser_); }); });
 }
 
 void Form4::BuildGameStats() {
   QVBoxLayout* page = AddTab("Game Stats");
   auto* places = new QGridLayout;
-  places->setSpacing(12);
+  places->setSpacing(8);
   page->addLayout(places);
   const auto add = [&](const char* name, const char* accessibleName, GridField grid, int row,
                        int column, int span) {
     StatGridView* view = AddGrid(name, accessibleName, grid, kBody);
     view->StretchAllColumns();
+    // Behind the cells, the colour of a button's face.
     QPalette palette = view->palette();
-    palette.setColor(QPalette::Base, kButtonFace);
+    palette.setColor(QPalette::Base, palette.color(QPalette::Button));
     view->setPalette(palette);
     places->addWidget(view, row, column, 1, span);
+    // Before the first game the tab has nothing but a hint.
+    QSizePolicy policy = view->sizePolicy();
+    policy.setRetainSizeWhenHidden(false);
+    view->setSizePolicy(policy);
     BindVisible(view, (state_.*grid).visible);
     return view;
   };
-  add("MSHFlexGrid6", "Visitors' batting", &BrowserState::MSHFlexGrid6, 0, 0, 1);
-  add("MSHFlexGrid7", "Visitors' pitching", &BrowserState::MSHFlexGrid7, 0, 1, 1);
-  lineScore_ = add("MSHFlexGrid12", "Line score", &BrowserState::MSHFlexGrid12, 1, 0, 2);
+  AddTeamHeading("lbl_VisGame", 1, places, 0);
+  auto* batting = add("MSHFlexGrid6", "Visitors' batting", &BrowserState::MSHFlexGrid6, 1, 0, 1);
+  auto* pitching = add("MSHFlexGrid7", "Visitors' pitching", &BrowserState::MSHFlexGrid7, 1, 1, 1);
+  lineScore_ = add("MSHFlexGrid12", "Line score", &BrowserState::MSHFlexGrid12, 2, 0, 2);
   lineScore_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  add("MSHFlexGrid8", "Home batting", &BrowserState::MSHFlexGrid8, 2, 0, 1);
-  add("MSHFlexGrid11", "Home pitching", &BrowserState::MSHFlexGrid11, 2, 1, 1);
+  lineScore_->ShowWholeRows(false);
+  connect(lineScore_, &StatGridView::arranged, this, &Form4::SizeLineScore);
+  AddTeamHeading("lbl_HomeGame", 2, places, 3);
+  batting->LineUpWith(add("MSHFlexGrid8", "Home batting", &BrowserState::MSHFlexGrid8, 4, 0, 1));
+  pitching->LineUpWith(
+      add("MSHFlexGrid11", "Home pitching", &BrowserState::MSHFlexGrid11, 4, 1, 1));
   places->setColumnStretch(0, 3);
   places->setColumnStretch(1, 2);
-  places->setRowStretch(0, 1);
-  places->setRowStretch(2, 1);
+  places->setRowStretch(1, 1);
+  places->setRowStretch(4, 1);
+
+  QLabel* hint = MakeCaption(
+      QStringLiteral("No game is shown yet.\n\nClick a GameID, in the last column of the tab "
+                     "\"Linescores\", and its box score appears here."),
+      nullptr, Qt::AlignCenter);
+  Name(hint, "lbl_NoGame", hint->text());
+  page->addWidget(hint, 1, Qt::AlignCenter);
+  Follow<bool>(hint, state_.MSHFlexGrid12.visible, [hint](bool shown) { hint->setHidden(shown); });
+}
+
+// The header, both teams, and a scroll bar where the innings are too many.
+void Form4::SizeLineScore() {
+  const bool scrolls = lineScore_->WidthOfColumns() > lineScore_->viewport()->width();
+  lineScore_->setFixedHeight(lineScore_->horizontalHeader()->height() +
+                             2 * lineScore_->verticalHeader()->defaultSectionSize() +
+                             (scrolls ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0));
+}
+
+// The team in a row of the line score, over its tables.
+void Form4::AddTeamHeading(const char* name, int row, QGridLayout* places, int place) {
+  QLabel* heading = MakeCaption({}, nullptr);
+  Name(heading, name, QStringLiteral("Team"));
+  heading->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  typed_.push_back({heading, kLarge, true});
+  places->addWidget(heading, place, 0, 1, 2);
+  FollowAll(
+      heading,
+      [this, heading, row] {
+        const StatGrid& lines = state_.MSHFlexGrid12.grid;
+        const bool there = row < lines.rows() && lines.columns() > line_score_column::kTeam;
+        const QString team =
+            there ? ToQt(lines.Text(row, line_score_column::kTeam)).left(400) : QString();
+        heading->setText(team);
+        heading->setAccessibleName(team.isEmpty() ? QStringLiteral("Team") : team);
+      },
+      state_.SSTab1, state_.Text9);
 }
 
 void Form4::BuildTournament() {
@@ -364,6 +445,8 @@ void Form4::BuildTournament() {
   strip->addStretch();
   team_ = new QLineEdit;
   Name(team_, "tb_Team", QStringLiteral("Text to be placed"));
+  team_->setPlaceholderText(QStringLiteral("Team name"));
+  team_->setToolTip(QStringLiteral("The text that a click puts into a place of the bracket"));
   BindText(team_, state_.tb_Team);
   LeaveOnSecondEscape(team_, state_.tb_Team);
   strip->addWidget(team_);
@@ -374,7 +457,8 @@ void Form4::BuildTournament() {
   places->addWidget(bracket_, 0, 0);
   auto* corner = new QHBoxLayout;
   places->addLayout(corner, 0, 0, Qt::AlignRight | Qt::AlignBottom);
-  QPushButton* reset = AddButton(corner, "cmd_Reset", "RESET");
+  QPushButton* reset =
+      AddButton(corner, "cmd_Reset", "RESET", "Erases the whole bracket, after a question");
   Tint(reset, kResetBlue, kInk);
   connect(reset, &QPushButton::clicked, this, [this] { ResetBracket(browser_); });
 }
@@ -394,10 +478,11 @@ void Form4::resizeEvent(QResizeEvent* event) {
     button->setFixedSize(caption + height, height);
   }
   for (auto* box : findChildren<QLineEdit*>()) box->setFixedSize(qRound(kBoxWidth * scale), height);
+  for (const char* strip : {"Label1", "Label4", "lbl_DEL2"}) {
+    findChild<QLabel*>(QLatin1String(strip))->setFixedHeight(height);
+  }
   team_->setFixedWidth(qRound(kTeamWidth * scale));
-  // The header, both teams and room for a scroll bar.
-  lineScore_->setFixedHeight(3 * lineScore_->verticalHeader()->defaultSectionSize() +
-                             style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 8);
+  SizeLineScore();
   bracket_->SetType(kBody * scale);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
@@ -56,6 +57,8 @@ class Form4 : public QDialog {
                     const std::vector<Search>& searches, const char* noteName = nullptr);
   void BuildWinLoss();
   void BuildGameStats();
+  void SizeLineScore();
+  void AddTeamHeading(const char* name, int row, QGridLayout* places, int place);
   void BuildTournament();
 
   // Shows what was read meanwhile; the pointer is busy while the tab in front lacks a table.
@@ -75,7 +78,8 @@ class Form4 : public QDialog {
   void AddSearches(QHBoxLayout* strip, const std::vector<Search>& searches);
   StatGridView* AddGrid(const char* name, const char* accessibleName, GridField grid,
                         double typeSize);
-  QPushButton* AddButton(QHBoxLayout* strip, const char* name, const char* caption);
+  QPushButton* AddButton(QHBoxLayout* strip, const char* name, const char* caption,
+                         const char* tip = "");
 
   BrowserState state_;
   Browser browser_;

@@ -62,9 +62,11 @@ SeasonForm::SeasonForm(Board& board, seasons::KeptSeason& kept, QWidget* parent)
 // The views go before the grids that they show.
 SeasonForm::~SeasonForm() { delete inside_; }
 
-QPushButton* SeasonForm::AddButton(QBoxLayout* strip, const char* name, const char* caption) {
+QPushButton* SeasonForm::AddButton(QBoxLayout* strip, const char* name, const char* caption,
+                                   const char* tip) {
   auto* button = new QPushButton(QLatin1String(caption));
   Name(button, name, QLatin1String(caption));
+  button->setToolTip(QLatin1String(tip));
   button->setAutoDefault(false);
   strip->addWidget(button);
   return button;
@@ -89,6 +91,7 @@ StatGridView* SeasonForm::AddGrid(QBoxLayout* place, const char* name, const cha
   auto* view = new StatGridView(grid, nullptr);
   Name(view, name, QLatin1String(accessibleName));
   view->ShowAsResult();
+  view->ShowWholeRows();
   view->setSelectionBehavior(QTableView::SelectRows);
   view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   view->SetStretchColumns({2});
@@ -111,13 +114,16 @@ void SeasonForm::BuildArchive(QVBoxLayout* whole) {
   auto* strip = new QHBoxLayout;
   strip->setSpacing(8);
   whole->addLayout(strip);
-  connect(AddButton(strip, "cmd_Zip", "Choose a zip"), &QPushButton::clicked, this,
-          [this] { Read(seasons::ChooseZip(desk_)); });
-  connect(AddButton(strip, "cmd_Folder", "Choose a folder"), &QPushButton::clicked, this,
-          [this] { Read(seasons::ChooseFolder(desk_)); });
+  connect(
+      AddButton(strip, "cmd_Zip", "Choose a zip", "Reads a season's archive that is one zip file"),
+      &QPushButton::clicked, this, [this] { Read(seasons::ChooseZip(desk_)); });
+  connect(AddButton(strip, "cmd_Folder", "Choose a folder",
+                    "Reads a season's archive that was unpacked into a folder"),
+          &QPushButton::clicked, this, [this] { Read(seasons::ChooseFolder(desk_)); });
   strip->addSpacing(8);
   AddText(strip, "lbl_Archive", state_.lbl_Archive);
-  QPushButton* faults = AddButton(strip, "cmd_Faults", "What was odd");
+  QPushButton* faults = AddButton(strip, "cmd_Faults", "What was odd",
+                                  "Lists what could not be read or does not agree");
   BindVisible(faults, state_.hasFaults);
   connect(faults, &QPushButton::clicked, this, [this] { seasons::ShowFaults(desk_); });
 }
@@ -183,6 +189,7 @@ void SeasonForm::BuildForms(QVBoxLayout* whole) {
   strip->addSpacing(8);
   auto* lastFirst = new QCheckBox(QStringLiteral("Last, First"));
   Name(lastFirst, "opt_LastFirst", QStringLiteral("Names as Last, First"));
+  lastFirst->setToolTip(QLatin1String("Writes a family name first, then a comma"));
   BindCheck(lastFirst, state_.opt_LastFirst);
   connect(lastFirst, &QAbstractButton::clicked, this, [this] { seasons::ChangeForms(desk_); });
   strip->addWidget(lastFirst);
@@ -192,12 +199,19 @@ void SeasonForm::BuildButtons(QVBoxLayout* whole) {
   auto* strip = new QHBoxLayout;
   strip->setSpacing(8);
   whole->addLayout(strip);
-  QPushButton* write = AddButton(strip, "cmd_Write", "Write team file");
-  QPushButton* visitors = AddButton(strip, "cmd_LoadVisitors", "Load as visitors");
-  QPushButton* home = AddButton(strip, "cmd_LoadHome", "Load as home");
-  QPushButton* both = AddButton(strip, "cmd_LoadGame", "Load both teams");
-  QPushButton* used = AddButton(strip, "cmd_UsedMost", "Line-up used most");
-  QPushButton* next = AddButton(strip, "cmd_NextGame", "Next game");
+  QPushButton* write = AddButton(strip, "cmd_Write", "Write team file",
+                                 "Writes the line-up shown into the folder Teams");
+  QPushButton* visitors = AddButton(strip, "cmd_LoadVisitors", "Load as visitors",
+                                    "Writes the line-up and loads it as the visitors");
+  QPushButton* home = AddButton(strip, "cmd_LoadHome", "Load as home",
+                                "Writes the line-up and loads it as the home team");
+  QPushButton* both = AddButton(strip, "cmd_LoadGame", "Load both teams",
+                                "Writes both line-ups of the game and loads them onto the board");
+  QPushButton* used = AddButton(strip, "cmd_UsedMost", "Line-up used most",
+                                "Shows the line-up that the team used most in the season");
+  QPushButton* next = AddButton(strip, "cmd_NextGame", "Next game",
+                                "Loads both teams of the next game in the list that is not played "
+                                "yet");
   strip->addSpacing(8);
   QLabel* done = AddText(strip, "lbl_Done", state_.lbl_Done);
   QLabel* forms = AddText(strip, "lbl_Forms", state_.lbl_Forms);
@@ -231,8 +245,6 @@ void SeasonForm::BuildButtons(QVBoxLayout* whole) {
     for (QPushButton* game : {both, used}) game->setVisible(shown == 2);
   });
   Follow<bool>(next, state_.hasNext, [next](bool left) { next->setEnabled(left); });
-  next->setToolTip(
-      QStringLiteral("Loads both teams of the next game in the list that is not played yet"));
 
   QLabel* notice = MakeCaption(QLatin1String(seasons::kOwnersNotice), nullptr);
   Name(notice, "lbl_Notice", notice->text());

@@ -34,7 +34,7 @@ class SeasonForm : public QDialog {
   void BuildForms(QVBoxLayout* whole);
   void BuildButtons(QVBoxLayout* whole);
 
-  QPushButton* AddButton(QBoxLayout* strip, const char* name, const char* caption);
+  QPushButton* AddButton(QBoxLayout* strip, const char* name, const char* caption, const char* tip);
   QLabel* AddText(QBoxLayout* place, const char* name, Field<std::string>& text);
   StatGridView* AddGrid(QBoxLayout* place, const char* name, const char* accessibleName,
                         StatGrid& grid);

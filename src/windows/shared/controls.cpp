@@ -4,12 +4,32 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QStyleOption>
+#include <array>
+#include <cstdlib>
+#include <vector>
 
+#include "platform/qt/qt_text.h"
+#include "teams/player_name.h"
 #include "windows/shared/look.h"
 
 namespace dtb {
 
 using namespace look;
+
+namespace {
+
+constexpr std::array kSizes{kLarge, kBody, kSmall, kTiny};  // from which a fitting one is chosen
+
+QFont FittingFont(QFont font, const QString& text, int room) {
+  const int full = font.pixelSize();
+  for (const double size : kSizes) {
+    font.setPixelSize(std::max(7, qRound(full * size / kLarge)));
+    if (QFontMetrics(font).horizontalAdvance(text) <= room) break;
+  }
+  return font;
+}
+
+}  // namespace
 
 Panel::Panel(QWidget* parent) : QWidget(parent), fill_(kSlateOverPark) {}
 
@@ -57,17 +77,19 @@ void ClickLabel::paintEvent(QPaintEvent* /*event*/) {
   const bool bordered = isDown() || pressed_;
   DrawPlate(painter, rect(), fill, bordered ? kCream : Qt::transparent, bordered ? 3 : 0);
   if (hasFocus()) DrawFocus(painter, rect());
-  const bool hint = this->text().isEmpty();
+  const QString caption = this->text();
+  const bool hint = caption.isEmpty();
   const int margin = qMin(6, width() / 12);
   const QRect inside = rect().adjusted(margin, 0, -margin, 0);
+  const QString& shown = hint ? hint_ : caption;
   if (hint) {
-    painter.setFont(Font(font().pixelSize() * 0.72));
-    text.setAlphaF(0.7F);
+    painter.setFont(Font(font().pixelSize() * (textFits_ ? 1 : 0.72)));
+    text.setAlphaF(0.75F);
   }
+  if (textFits_) painter.setFont(FittingFont(painter.font(), shown, inside.width()));
   painter.setPen(text);
   painter.drawText(inside, Qt::AlignCenter,
-                   painter.fontMetrics().elidedText(hint ? hint_ : this->text(), Qt::ElideRight,
-                                                    inside.width()));
+                   painter.fontMetrics().elidedText(shown, Qt::ElideRight, inside.width()));
 }
 
 void ClickLabel::keyPressEvent(QKeyEvent* event) {
@@ -152,6 +174,33 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
                      scaled_);
 }
 
+QImage WithoutSlate(const QImage& image) {
+  // What a lossy picture may differ by in each of the three colours.
+  constexpr int kSlack = 10;
+  const auto slate = [](QRgb colour) {
+    return std::abs(qRed(colour) - kSlate.red()) <= kSlack &&
+           std::abs(qGreen(colour) - kSlate.green()) <= kSlack &&
+           std::abs(qBlue(colour) - kSlate.blue()) <= kSlack;
+  };
+  if (image.width() < 2 || image.height() < 2) return image;
+  const QRect rect = image.rect();
+  std::vector<QPoint> open{rect.topLeft(), rect.topRight(), rect.bottomLeft(), rect.bottomRight()};
+  for (const QPoint& corner : open) {
+    if (!slate(image.pixel(corner))) return image;
+  }
+  QImage cut = image.convertToFormat(QImage::Format_ARGB32);
+  while (!open.empty()) {
+    const QPoint at = open.back();
+    open.pop_back();
+    if (!rect.contains(at) || qAlpha(cut.pixel(at)) == 0 || !slate(cut.pixel(at))) continue;
+    cut.setPixel(at, 0);
+    for (const QPoint& step : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)}) {
+      open.push_back(at + step);
+    }
+  }
+  return cut;
+}
+
 PictureButton::PictureButton(QWidget* parent)
     : QAbstractButton(parent), box_(new PictureBox(PictureBox::Fit::Whole, this)) {
   box_->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -194,23 +243,39 @@ void FigureField::SetGround(const QColor& ground, const QColor& figures) {
   setPalette(palette);
 }
 
-void FigureField::SetTextFits() {
-  textFits_ = true;
-  connect(this, &QLineEdit::textChanged, this, [this] { FitText(); });
+void FigureField::SetMark(bool on) {
+  if (mark_ == on) return;
+  mark_ = on;
+  update();
 }
 
-void FigureField::FitText() {
-  if (!textFits_ || fullSize_ <= 0 || fitting_) return;
-  const QScopedValueRollback fitting(fitting_, true);
+void FigureField::SetTextFits(FigureField* partner) {
+  partner_ = partner;
+  partner->partner_ = this;
+  for (FigureField* field : {this, partner}) {
+    connect(field, &QLineEdit::textChanged, field, [field] { field->FitText(); });
+  }
+}
+
+bool FigureField::Fits(const QFont& font) const {
   const QMargins margins = textMargins();
   constexpr int kCaret = 6;  // what the toolkit keeps free beside the text
   const int room = width() - margins.left() - margins.right() - kCaret;
+  return QFontMetrics(font).horizontalAdvance(text()) <= room;
+}
+
+void FigureField::FitText() {
+  if (partner_ == nullptr || fullSize_ <= 0 || fitting_) return;
+  const QScopedValueRollback fitting(fitting_, true);
+  const QScopedValueRollback partnersFitting(partner_->fitting_, true);
   QFont fitted = font();
-  for (const double size : {kLarge, kBody, kSmall, kTiny}) {
+  for (const double size : kSizes) {
     fitted.setPixelSize(std::max(7, qRound(fullSize_ * size / kLarge)));
-    if (QFontMetrics(fitted).horizontalAdvance(text()) <= room) break;
+    if (Fits(fitted) && partner_->Fits(fitted)) break;
   }
-  if (fitted != font()) setFont(fitted);
+  for (FigureField* field : {this, partner_}) {
+    if (fitted != field->font()) field->setFont(fitted);
+  }
 }
 
 void FigureField::resizeEvent(QResizeEvent* event) {
@@ -232,6 +297,11 @@ void FigureField::paintEvent(QPaintEvent* event) {
     if (hasFocus()) DrawFocus(painter, rect(), 4);
   }
   QLineEdit::paintEvent(event);
+  if (!mark_) return;
+  QPainter painter(this);
+  const int bar = std::max(3, height() / 10);
+  DrawPlate(painter, QRectF(3, height() - bar - 2, width() - 6, bar), kMarkGreen, Qt::transparent,
+            0, bar / 2.0);
 }
 
 void FigureField::focusInEvent(QFocusEvent* event) {
@@ -290,6 +360,37 @@ void FigureField::keyPressEvent(QKeyEvent* event) {
   }
   QLineEdit::keyPressEvent(event);
   TellCaret();
+}
+
+NameLabel::NameLabel(QWidget* parent, Qt::Alignment alignment) : QLabel(parent) {
+  setAlignment(alignment);
+  setTextFormat(Qt::PlainText);
+}
+
+void NameLabel::SetName(const QString& lead, const QString& name) {
+  constexpr int kLongest = 400;  // letters; no screen shows more
+  lead_ = lead;
+  name_ = name.left(kLongest);
+  FitName();
+}
+
+void NameLabel::FitName() {
+  constexpr int kRim = 4;
+  const QFontMetrics metrics = fontMetrics();
+  const int room = std::max(0, width() - kRim - metrics.horizontalAdvance(lead_));
+  const bool fits = metrics.horizontalAdvance(name_) <= room;
+  const QString shown = fits ? name_ : ToQt(LastNameOf(FromQt(name_)));
+  setText(lead_ + metrics.elidedText(shown, Qt::ElideRight, room));
+}
+
+void NameLabel::resizeEvent(QResizeEvent* event) {
+  QLabel::resizeEvent(event);
+  FitName();
+}
+
+void NameLabel::changeEvent(QEvent* event) {
+  QLabel::changeEvent(event);
+  if (event->type() == QEvent::FontChange) FitName();
 }
 
 QLabel* MakeCaption(const QString& text, QWidget* parent, Qt::Alignment alignment) {

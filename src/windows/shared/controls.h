@@ -41,6 +41,9 @@ class ClickLabel : public QAbstractButton {
   void SetShades(const Shades& shades);
   // The hint is shown, dimly, while the caption is "".
   void SetHint(const QString& hint);
+  // A caption too long for the label is set in a smaller type of the look that fits, down to the
+  // smallest before it is cut.
+  void SetTextFits() { textFits_ = true; }
   // After a release the ground is that of rest until the pointer moves again.
   void SetRestsAfterRelease() { restsAfterRelease_ = true; }
 
@@ -58,6 +61,7 @@ class ClickLabel : public QAbstractButton {
  private:
   Shades shades_;
   QString hint_;
+  bool textFits_ = false;
   bool lit_ = false;      // the pointer moved over it
   bool pressed_ = false;  // with any button of the mouse
   bool restsAfterRelease_ = false;
@@ -85,12 +89,17 @@ class PictureBox : public QWidget {
   QPixmap scaled_;  // for the present size; null: to be made
 };
 
+// The picture without the ground around it, from its corners on, where that has the colour of the
+// panels. Any other picture comes back as it is.
+[[nodiscard]] QImage WithoutSlate(const QImage& image);
+
 // A picture that can be clicked.
 class PictureButton : public QAbstractButton {
   Q_OBJECT
  public:
   explicit PictureButton(QWidget* parent);
-  void SetImage(const QImage& image) { box_->SetImage(image); }
+  // A ground of the panels' colour around the picture lets the panel through.
+  void SetImage(const QImage& image) { box_->SetImage(WithoutSlate(image)); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -107,8 +116,11 @@ class FigureField : public QLineEdit {
  public:
   explicit FigureField(QWidget* parent);
   void SetGround(const QColor& ground, const QColor& figures);
-  // A text too long for the field is set in the next smaller type of the look that fits.
-  void SetTextFits();
+  // A marked field has a bar at its foot.
+  void SetMark(bool on);
+  // Texts too long for either of two fields are set in the next smaller type of the look that fits
+  // both, so that they always have one size.
+  void SetTextFits(FigureField* partner);
 
  signals:
   void focused();
@@ -130,12 +142,32 @@ class FigureField : public QLineEdit {
 
  private:
   void FitText();
+  [[nodiscard]] bool Fits(const QFont& font) const;
   void TellCaret();
 
+  bool mark_ = false;
   bool firstPress_ = false;
-  bool textFits_ = false;
+  FigureField* partner_ = nullptr;  // of one type size; none: the text need not fit
   bool fitting_ = false;
   int fullSize_ = 0;  // of the type, in pixels, before it was made to fit
+};
+
+// A name on slate, behind a word or none. Where it has no room the last name stands for it.
+class NameLabel : public QLabel {
+  Q_OBJECT
+ public:
+  explicit NameLabel(QWidget* parent, Qt::Alignment alignment);
+  void SetName(const QString& lead, const QString& name);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void FitName();
+
+  QString lead_;
+  QString name_;
 };
 
 // A caption on slate.

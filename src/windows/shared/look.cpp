@@ -35,9 +35,9 @@ QPalette Palette() {
   palette.setColor(QPalette::Dark, QColor(14, 24, 20));
   palette.setColor(QPalette::Shadow, QColor(6, 12, 9));
   for (const auto role : {QPalette::WindowText, QPalette::ButtonText}) {
-    palette.setColor(QPalette::Disabled, role, QColor(128, 138, 128));
+    palette.setColor(QPalette::Disabled, role, kDisabled);
   }
-  palette.setColor(QPalette::Disabled, QPalette::Text, QColor(110, 112, 108));
+  palette.setColor(QPalette::Disabled, QPalette::Text, QColor(78, 80, 76));
   palette.setColor(QPalette::Disabled, QPalette::Base, QColor(200, 200, 190));
   return palette;
 }
@@ -63,7 +63,15 @@ void DrawPlate(QPainter& painter, const QRectF& rect, const QColor& fill, const 
 }
 
 void DrawFocus(QPainter& painter, const QRectF& rect, double corner) {
-  DrawPlate(painter, rect, Qt::transparent, kAccent, 2, corner);
+  const auto line = [&](double inset, const QColor& colour, double width) {
+    DrawPlate(painter, rect.adjusted(inset, inset, -inset, -inset), Qt::transparent, colour, width,
+              corner);
+  };
+  // A low control has no room for the usual ring.
+  constexpr double kLow = 22;
+  const double bright = rect.height() < kLow ? 1 : 2;
+  line(0, kAccent, bright);
+  line(bright, kInk, 1);
 }
 
 }  // namespace dtb::look

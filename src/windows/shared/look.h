@@ -20,12 +20,15 @@ inline constexpr QColor kEdge{58, 84, 70};
 inline constexpr QColor kEdgeBright{116, 146, 129};
 inline constexpr QColor kCream{243, 233, 210};
 inline constexpr QColor kCreamDim{176, 178, 160};
+inline constexpr QColor kDisabled{144, 154, 144};  // still read easily on slate
 inline constexpr QColor kInk{28, 32, 30};
-inline constexpr QColor kAccent{255, 200, 60};  // scoreboard yellow: focus, current batter
+inline constexpr QColor kMarkGreen{16, 122, 68};  // on light grounds: what goes on now
+inline constexpr QColor kAccent{255, 200, 60};    // scoreboard yellow: focus, current batter
 
 // Colours that the system fixes.
-inline constexpr QColor kBoxGrey{64, 64, 64};       // message box, game piece, base tracker
-inline constexpr QColor kPlateGrey{128, 128, 128};  // name plate, visitors' title on the sheet
+inline constexpr QColor kBoxGrey{64, 64, 64};        // message box, game piece, base tracker
+inline constexpr QColor kPlateGrey{128, 128, 128};   // name plate, visitors' title on the sheet
+inline constexpr QColor kButtonGrey{224, 224, 224};  // face of a label that is clicked
 inline constexpr QColor kOutsRed{255, 0, 0};
 
 // Type sizes at the scene's reference size; no others are used.
@@ -47,7 +50,8 @@ inline constexpr double kCorner = 6;
 void DrawPlate(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& edge,
                double edgeWidth = 1, double corner = kCorner);
 
-// The ring around what has the keyboard focus.
+// The ring around what has the keyboard focus, 3 pixels wide or 2: bright, with a dark line inside,
+// so that one of both is seen on any ground.
 void DrawFocus(QPainter& painter, const QRectF& rect, double corner = kCorner);
 
 }  // namespace dtb::look

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QLineEdit>
+#include <QPushButton>
 
 #include "shell/edited_label.h"
 #include "windows/shared/controls.h"
@@ -9,7 +10,8 @@
 namespace dtb {
 
 // Shows a text, and its editor while it is edited. A click with Ctrl opens the editor; a double
-// click there, or Enter, takes the text over, and Esc leaves the old one.
+// click there, or Enter, takes the text over, and Esc leaves the old one. The editor of a folder
+// has a button at its end that lets the person choose it.
 class NameEdit : public QLineEdit {
   Q_OBJECT
  public:
@@ -23,10 +25,14 @@ class NameEdit : public QLineEdit {
  protected:
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void AddFolderButton();
+
   Platform& platform_;
   EditedLabel fields_;
+  QPushButton* folder_ = nullptr;  // none: the text is no folder
 };
 
 }  // namespace dtb

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "game/board_state.h"
 #include "windows/shared/look.h"
 
 namespace dtb {
@@ -82,6 +83,11 @@ void HoldRatio(QWidget* window, const ControlResizer& resizer, int above) {
     if (fits && std::abs(window->height() - wanted) > 1) window->resize(window->width(), wanted);
   };
   QMetaObject::invokeMethod(window, hold, Qt::QueuedConnection);
+}
+
+double TypeScale(const QWidget* board) {
+  constexpr double kLeast = 10 / look::kBody;  // smaller letters cannot be read in a line of text
+  return std::max(kLeast, std::min(board->width() / kSceneWidth, board->height() / kSceneHeight));
 }
 
 void CenterForm(QWidget* window, const QWidget* over) {

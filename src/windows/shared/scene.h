@@ -52,6 +52,9 @@ void FitAtLaunch(QWidget* window, const ControlResizer& resizer, int above);
 // has not maximised it. Called from the window's resize event; acts after it.
 void HoldRatio(QWidget* window, const ControlResizer& resizer, int above);
 
+// The board's type, as a share of its size at the reference size; for what stands beside the board.
+[[nodiscard]] double TypeScale(const QWidget* board);
+
 // Puts the middle of a window on the middle of another, as far as the screen allows.
 void CenterForm(QWidget* window, const QWidget* over);
 

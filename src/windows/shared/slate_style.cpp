@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QStyleOption>
 #include <algorithm>
+#include <cmath>
 
 #include "windows/shared/look.h"
 
@@ -45,21 +46,45 @@ void DrawField(QPainter& painter, const QStyleOption* option) {
             focus ? kAccent : QColor(96, 116, 104), focus ? 2 : 1, 4);
 }
 
-QRectF MarkRect(const QStyleOption* option) {
-  return QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+// The largest square in the middle of the mark's place whose edges lie between pixels of the
+// screen, whatever its density.
+QRectF MarkRect(const QPainter& painter, const QStyleOption* option) {
+  const QTransform& toScreen = painter.deviceTransform();
+  const QRectF place = toScreen.mapRect(QRectF(option->rect));
+  const double side = std::floor(std::min(place.width(), place.height()));
+  const QRectF square(std::round(place.center().x() - side / 2),
+                      std::round(place.center().y() - side / 2), side, side);
+  return toScreen.inverted().mapRect(square);
 }
 
-QColor MarkEdge(const QStyleOption* option) {
-  if (!Has(option, QStyle::State_Enabled)) return kEdge;
-  return Has(option, QStyle::State_MouseOver) ? kAccent : kCream;
+// The edge of a mark in whole pixels of the screen.
+double MarkEdgeWidth(const QPainter& painter, const QRectF& mark) {
+  const double density = painter.deviceTransform().m11();
+  return std::max(1.0, std::round(mark.width() * density / 10)) / density;
+}
+
+// The ink of the words beside a mark, so that it is seen on the same ground.
+QColor MarkInk(const QStyleOption* option) { return option->palette.color(QPalette::WindowText); }
+
+// Off, a mark is an empty outline; under the pointer it has a breath of its ink inside.
+QColor EmptyMark(const QStyleOption* option) {
+  constexpr int kBreath = 56;
+  QColor inside = MarkInk(option);
+  const bool hover = Has(option, QStyle::State_MouseOver) && Has(option, QStyle::State_Enabled);
+  inside.setAlpha(hover ? kBreath : 0);
+  return inside;
 }
 
 void DrawCheckMark(QPainter& painter, const QStyleOption* option) {
-  const QRectF rect = MarkRect(option);
+  const QRectF rect = MarkRect(painter, option);
+  const QColor ink = MarkInk(option);
   const bool on = Has(option, QStyle::State_On);
-  DrawPlate(painter, rect, on ? kCream : kSlate, MarkEdge(option), 1.5, 3);
+  DrawPlate(painter, rect, on ? ink : EmptyMark(option), ink, MarkEdgeWidth(painter, rect),
+            rect.width() / 6);
   if (!on) return;
-  painter.setPen(QPen(kInk, rect.width() / 7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  constexpr int kLightInk = 128;
+  painter.setPen(QPen(ink.lightness() > kLightInk ? kSlate : QColor(Qt::white), rect.width() / 7,
+                      Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   const auto at = [&](double x, double y) {
     return QPointF(rect.left() + x * rect.width(), rect.top() + y * rect.height());
   };
@@ -67,22 +92,47 @@ void DrawCheckMark(QPainter& painter, const QStyleOption* option) {
 }
 
 void DrawOptionMark(QPainter& painter, const QStyleOption* option) {
-  const QRectF rect = MarkRect(option);
+  const QRectF rect = MarkRect(painter, option);
+  const double edge = MarkEdgeWidth(painter, rect);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(MarkEdge(option), 1.5));
-  painter.setBrush(kSlate);
-  painter.drawEllipse(rect.adjusted(0.75, 0.75, -0.75, -0.75));
+  painter.setPen(QPen(MarkInk(option), edge));
+  painter.setBrush(EmptyMark(option));
+  painter.drawEllipse(rect.adjusted(edge / 2, edge / 2, -edge / 2, -edge / 2));
   if (!Has(option, QStyle::State_On)) return;
   painter.setPen(Qt::NoPen);
-  painter.setBrush(kAccent);
-  const double inset = rect.width() * 0.27;
+  painter.setBrush(MarkInk(option));
+  const double inset = edge + rect.width() / 6;
   painter.drawEllipse(rect.adjusted(inset, inset, -inset, -inset));
+}
+
+// What the focus ring of a mark and its words may take at each side, with the space inside it: less
+// where type and control are small.
+int RingRoom(const QWidget* widget) {
+  constexpr int kLowType = 16;
+  const int type = widget != nullptr ? widget->fontMetrics().height() : kLowType;
+  return type < kLowType ? 3 : 3 + type / 8;
+}
+
+// Points up where the column rises from small to large, down where it falls.
+void DrawSortArrow(QPainter& painter, const QStyleOption* option) {
+  const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option);
+  // The toolkit's words for it go the other way round.
+  const bool up = header != nullptr && header->sortIndicator == QStyleOptionHeader::SortDown;
+  const QRectF place(option->rect);
+  const double half = std::min(place.width(), place.height()) * 0.4;
+  const QPointF middle = place.center();
+  const double lean = up ? -half * 0.6 : half * 0.6;
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(kAccent);
+  painter.drawPolygon(QPolygonF{middle + QPointF(-half, -lean), middle + QPointF(half, -lean),
+                                middle + QPointF(0, lean)});
 }
 
 void DrawMenuBarItem(QPainter& painter, const QStyleOptionMenuItem& item) {
   const bool selected = Has(&item, QStyle::State_Selected) && Has(&item, QStyle::State_Enabled);
   painter.fillRect(item.rect, selected ? kSlateHover : kSlate);
-  painter.setPen(Has(&item, QStyle::State_Enabled) ? kCream : QColor(128, 138, 128));
+  painter.setPen(Has(&item, QStyle::State_Enabled) ? kCream : kDisabled);
   painter.drawText(item.rect, Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine,
                    item.text);
   if (Has(&item, QStyle::State_HasFocus) && selected) DrawFocus(painter, item.rect, 2);
@@ -122,6 +172,27 @@ void DrawScrollBar(QPainter& painter, const QStyle& style, const QStyleOptionSli
             Qt::transparent, 0, 4);
 }
 
+// Mark, words, and the ring around both.
+void DrawMarkedChoice(QPainter& painter, const SlateStyle& style, const QStyleOptionButton& button,
+                      bool radio, const QWidget* widget) {
+  QStyleOptionButton part = button;
+  part.rect = style.subElementRect(
+      radio ? QStyle::SE_RadioButtonIndicator : QStyle::SE_CheckBoxIndicator, &button, widget);
+  if (radio) {
+    DrawOptionMark(painter, &part);
+  } else {
+    DrawCheckMark(painter, &part);
+  }
+  part.rect = style.subElementRect(
+      radio ? QStyle::SE_RadioButtonContents : QStyle::SE_CheckBoxContents, &button, widget);
+  style.drawControl(radio ? QStyle::CE_RadioButtonLabel : QStyle::CE_CheckBoxLabel, &part, &painter,
+                    widget);
+  if (!Has(&button, QStyle::State_HasFocus)) return;
+  DrawFocus(painter, style.subElementRect(
+                         radio ? QStyle::SE_RadioButtonFocusRect : QStyle::SE_CheckBoxFocusRect,
+                         &button, widget));
+}
+
 }  // namespace
 
 SlateStyle::SlateStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -146,11 +217,8 @@ void SlateStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     case PE_FrameFocusRect:
       DrawFocus(*painter, QRectF(option->rect), 4);
       break;
-    case PE_IndicatorCheckBox:
-      DrawCheckMark(*painter, option);
-      break;
-    case PE_IndicatorRadioButton:
-      DrawOptionMark(*painter, option);
+    case PE_IndicatorHeaderArrow:
+      DrawSortArrow(*painter, option);
       break;
     case PE_PanelMenuBar:
       painter->fillRect(option->rect, kSlate);
@@ -185,6 +253,10 @@ void SlateStyle::drawControl(ControlElement element, const QStyleOption* option,
     painter->setPen(kEdgeBright);
     painter->drawLine(option->rect.topRight(), option->rect.bottomRight());
     painter->drawLine(option->rect.bottomLeft(), option->rect.bottomRight());
+  } else if (element == CE_CheckBox || element == CE_RadioButton) {
+    if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
+      DrawMarkedChoice(*painter, *this, *button, element == CE_RadioButton, widget);
+    }
   } else if (element == CE_TabBarTabShape) {
     DrawTab(*painter, option);
   } else if (element == CE_ProgressBarGroove) {
@@ -211,6 +283,41 @@ void SlateStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
   QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
+QRect SlateStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                 const QWidget* widget) const {
+  const bool check = element == SE_CheckBoxFocusRect || element == SE_CheckBoxIndicator ||
+                     element == SE_CheckBoxContents || element == SE_CheckBoxClickRect;
+  const bool radio = element == SE_RadioButtonFocusRect || element == SE_RadioButtonIndicator ||
+                     element == SE_RadioButtonContents || element == SE_RadioButtonClickRect;
+  const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+  if (!(check || radio) || button == nullptr) {
+    return QProxyStyle::subElementRect(element, option, widget);
+  }
+  if (element == SE_CheckBoxClickRect || element == SE_RadioButtonClickRect) return option->rect;
+  // The ring goes around mark and words together.
+  const int words = button->fontMetrics.horizontalAdvance(button->text);
+  const int all = words + pixelMetric(PM_IndicatorWidth, option, widget) +
+                  pixelMetric(PM_CheckBoxLabelSpacing, option, widget);
+  const int room = std::clamp((option->rect.width() - all) / 2, 0, RingRoom(widget));
+  QStyleOptionButton inside = *button;
+  inside.rect.adjust(room, 0, -room, 0);
+  if (element != SE_CheckBoxFocusRect && element != SE_RadioButtonFocusRect) {
+    return QProxyStyle::subElementRect(element, &inside, widget);
+  }
+  const int height = std::min(option->rect.height(), button->fontMetrics.height() + 2 * room);
+  const QRect ring(0, 0, std::min(option->rect.width(), all + 2 * room), height);
+  return visualRect(button->direction, option->rect,
+                    ring.translated(option->rect.left(),
+                                    option->rect.top() + (option->rect.height() - height) / 2));
+}
+
+QSize SlateStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                   const QWidget* widget) const {
+  const QSize usual = QProxyStyle::sizeFromContents(type, option, size, widget);
+  if (type != CT_CheckBox && type != CT_RadioButton) return usual;
+  return usual + QSize(2 * RingRoom(widget), 2 * RingRoom(widget));
+}
+
 int SlateStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                             const QWidget* widget) const {
   switch (metric) {
@@ -221,10 +328,12 @@ int SlateStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_ExclusiveIndicatorWidth:
     case PM_ExclusiveIndicatorHeight:
       // Marks follow the type, so that they keep pace with a scaled form.
-      return widget != nullptr ? qMax(10, widget->fontMetrics().height() * 7 / 8) : kMarkSize;
+      return widget != nullptr ? qMax(8, widget->fontMetrics().height() * 7 / 8) : kMarkSize;
     case PM_CheckBoxLabelSpacing:
     case PM_RadioButtonLabelSpacing:
       return widget != nullptr ? qMax(3, widget->fontMetrics().height() / 3) : 6;
+    case PM_HeaderMarkSize:
+      return widget != nullptr ? widget->fontMetrics().height() * 2 / 3 : kMarkSize;
     case PM_TabBarTabHSpace:
       return 28;
     case PM_TabBarTabVSpace:

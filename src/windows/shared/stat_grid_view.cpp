@@ -2,7 +2,9 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QResizeEvent>
 #include <algorithm>
+#include <numeric>
 
 #include "platform/qt/qt_text.h"
 #include "windows/shared/look.h"
@@ -106,10 +108,14 @@ StatGridView::StatGridView(StatGrid& grid, QWidget* parent)
   setTabKeyNavigation(false);  // Tab leaves the table, the arrow keys move inside it
   setHorizontalScrollMode(ScrollPerPixel);
   QPalette palette = this->palette();
-  palette.setColor(QPalette::Base, QColor(224, 224, 224));
+  palette.setColor(QPalette::Base, look::kSlate);  // what the rows do not fill
   setPalette(palette);
   connect(model_, &StatGridModel::columnChanged, this, &StatGridView::ArrangeSoon);
-  connect(model_, &StatGridModel::modelReset, this, &StatGridView::ArrangeSoon);
+  connect(model_, &StatGridModel::modelReset, this, [this] {
+    horizontalHeader()->setSortIndicatorShown(false);
+    ArrangeSoon();
+    if (twin_) twin_->ArrangeSoon();
+  });
   connect(this, &QTableView::clicked, this,
           [this](const QModelIndex& cell) { emit cellClicked(cell.row() + 1, cell.column()); });
   connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
@@ -120,8 +126,22 @@ void StatGridView::SetScale(double typePixels, double pixelsPerTwip) {
   pixelsPerTwip_ = pixelsPerTwip;
   setFont(look::Font(typePixels));
   horizontalHeader()->setFont(look::Font(typePixels, true));
-  verticalHeader()->setDefaultSectionSize(qRound(typePixels * 1.5));
+  rowHeight_ = qRound(font().pixelSize() * 1.5);
+  verticalHeader()->setDefaultSectionSize(rowHeight_);
+  horizontalHeader()->setMinimumHeight(0);
+  horizontalHeader()->setMaximumHeight(QWIDGETSIZE_MAX);
+  updateGeometries();
   Arrange();
+}
+
+void StatGridView::LineUpWith(StatGridView* other) {
+  twin_ = other;
+  other->twin_ = this;
+}
+
+void StatGridView::ShowSorted(int column, Qt::SortOrder order) {
+  horizontalHeader()->setSortIndicatorShown(true);
+  horizontalHeader()->setSortIndicator(column, order);
 }
 
 void StatGridView::SetStretchColumns(std::vector<int> columns) {
@@ -143,6 +163,7 @@ void StatGridView::ShowAsResult() {
 void StatGridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   Arrange();
+  if (twin_ && event->size().width() != event->oldSize().width()) twin_->Arrange();
 }
 
 // A new result changes each column in turn; they are arranged once, before the next painting.
@@ -166,14 +187,36 @@ std::vector<int> StatGridView::StretchedNow() const {
   return columns;
 }
 
-std::vector<int> StatGridView::Widths() const {
+std::vector<int> StatGridView::OwnWidths() const {
   std::vector<int> widths(static_cast<std::size_t>(grid_.columns()));
-  int left = viewport()->width();
   for (int column = 0; column < grid_.columns(); ++column) {
     if (!Shown(column)) continue;
     int& width = widths[static_cast<std::size_t>(column)];
     width = std::max(1, qRound(grid_.ColumnAt(column).width * pixelsPerTwip_));
-    left -= width;
+    if (column == fitted_) width = std::max(width, sizeHintForColumn(column));
+  }
+  return widths;
+}
+
+int StatGridView::WidthOfColumns() const {
+  const std::vector<int> widths = OwnWidths();
+  return std::accumulate(widths.begin(), widths.end(), 0);
+}
+
+std::vector<int> StatGridView::Widths() const {
+  std::vector<int> widths = OwnWidths();
+  int room = viewport()->width();
+  if (twin_) {
+    const std::vector<int> others = twin_->OwnWidths();
+    room = std::min(room, twin_->viewport()->width());
+    for (std::size_t i = 0; i < std::min(widths.size(), others.size()); ++i) {
+      if (widths[i] > 0) widths[i] = std::max(widths[i], others[i]);
+    }
+  }
+  int left = room - std::accumulate(widths.begin(), widths.end(), 0);
+  if (left < 0 && fitted_ >= 0) {
+    int& width = widths[static_cast<std::size_t>(fitted_)];
+    width = std::max(width + left, qRound(grid_.ColumnAt(fitted_).width * pixelsPerTwip_));
   }
   const std::vector<int> stretched = StretchedNow();
   auto sharers = static_cast<int>(stretched.size());
@@ -188,12 +231,33 @@ std::vector<int> StatGridView::Widths() const {
 
 void StatGridView::Arrange() {
   arrangePending_ = false;
+  ArrangeRows();
   const std::vector<int> widths = Widths();
   for (int column = 0; column < grid_.columns(); ++column) {
     const int width = widths[static_cast<std::size_t>(column)];
     setColumnHidden(column, width == 0);
     if (width > 0) setColumnWidth(column, width);
   }
+  emit arranged();
+}
+
+// Fewer rows, a little higher, are taken where they leave less over for the header.
+void StatGridView::ArrangeRows() {
+  if (!wholeRows_ || rowHeight_ <= 0) return;
+  const int all = viewport()->height() + horizontalHeader()->height();
+  const int room = all - horizontalHeader()->sizeHint().height();
+  const int most = room / rowHeight_;
+  if (most < 1) return;
+  const int fewest = most - most / 5;
+  int rows = most;
+  for (int fewer = most; fewer >= fewest; --fewer) {
+    if (room % fewer < room % rows) rows = fewer;
+  }
+  const int header = all - rows * (room / rows);
+  verticalHeader()->setDefaultSectionSize(room / rows);
+  if (horizontalHeader()->height() == header) return;
+  horizontalHeader()->setFixedHeight(header);
+  updateGeometries();
 }
 
 void StatGridView::SetCurrentCell(int row, int column) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QPointer>
 #include <QTableView>
 #include <vector>
 
@@ -48,6 +49,20 @@ class StatGridView : public QTableView {
   // All shown columns take their part of it.
   void StretchAllColumns();
 
+  // Shares the width of each column with another view of the same columns, so that both line up.
+  void LineUpWith(StatGridView* other);
+
+  // Rows and header share the height so that no row is cut off.
+  void ShowWholeRows(bool whole = true) { wholeRows_ = whole; }
+
+  // A column at least as wide as its longest text, whatever the grid says.
+  void FitText(int column) { fitted_ = column; }
+  // Pixels of all columns together.
+  [[nodiscard]] int WidthOfColumns() const;
+
+  // An arrow in the header shows on which column the rows are sorted, until they are replaced.
+  void ShowSorted(int column, Qt::SortOrder order);
+
   // The looks of a query's result: header cells are centred, column 0 is hidden.
   void ShowAsResult();
 
@@ -63,6 +78,7 @@ class StatGridView : public QTableView {
   void cellClicked(int row, int column);  // or Enter
   // Or Ctrl + Enter. A double click on the header is one, too: row 0.
   void cellDoubleClicked(int row, int column);
+  void arranged();  // the columns have new widths
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -75,7 +91,10 @@ class StatGridView : public QTableView {
   [[nodiscard]] bool Shown(int column) const;
   // Pixels of each column; 0 for one that is not shown.
   [[nodiscard]] std::vector<int> Widths() const;
+  // The same before what is left of the table's width is shared.
+  [[nodiscard]] std::vector<int> OwnWidths() const;
   [[nodiscard]] std::vector<int> StretchedNow() const;
+  void ArrangeRows();
 
   StatGrid& grid_;
   StatGridModel* model_;
@@ -83,6 +102,10 @@ class StatGridView : public QTableView {
   bool allStretched_ = false;
   bool firstColumnShown_ = true;
   bool arrangePending_ = false;
+  bool wholeRows_ = false;
+  int rowHeight_ = 0;  // pixels, before rows are made whole
+  int fitted_ = -1;    // none
+  QPointer<StatGridView> twin_;
   double pixelsPerTwip_ = 1.0 / 15;
 };
 

@@ -29,6 +29,7 @@ using namespace look;
 constexpr double kWidth = 1520;
 constexpr double kHeight = 832;
 constexpr double kTableWidth = 744;
+constexpr Place kBoxScorePlace{220, 12, 1080, 84};
 constexpr double kTwip = 1.0 / 15;             // pixels on the reference screen
 constexpr double kBoxScoreTwip = 1.6 * kTwip;  // figures of the line score are larger
 
@@ -113,10 +114,19 @@ void Form2::BuildTop(QtPictures& pictures) {
   boxScore_ = new StatGridView(board_.sheet.grd_BoxScore, this);
   Name(boxScore_, "grd_BoxScore", QStringLiteral("Line score"));
   boxScore_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  QPalette palette = boxScore_->palette();
-  palette.setColor(QPalette::Base, kSlate);  // what the innings do not fill
-  boxScore_->setPalette(palette);
-  scene_.Put(boxScore_, {220, 12, 1080, 84});
+  boxScore_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  boxScore_->FitText(0);
+  scene_.Put(boxScore_, kBoxScorePlace);
+  connect(boxScore_, &StatGridView::arranged, this, &Form2::CentreBoxScore);
+}
+
+// As wide as its columns, in the middle of the sheet.
+void Form2::CentreBoxScore() {
+  const double scale = scene_.resizer().scaleX();
+  const int most = qRound(kBoxScorePlace.width * scale);
+  const int width = std::min(most, boxScore_->WidthOfColumns());
+  const QRect place = boxScore_->geometry();
+  boxScore_->setGeometry((this->width() - width) / 2, place.top(), width, place.height());
 }
 
 void Form2::BuildSide(Side side) {
@@ -140,6 +150,7 @@ void Form2::BuildSide(Side side) {
   Name(table, visitors ? "grd_VisStats" : "grd_HomeStats",
        visitors ? QStringLiteral("Visitors' statistics") : QStringLiteral("Home statistics"));
   table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  table->ShowWholeRows();
   table->SetStretchColumns({stat_column::kBatter, stat_column::kPitcher});
   scene_.Put(table, {left, 140, kTableWidth, 624});
   connect(table, &StatGridView::editWanted, this,
@@ -155,6 +166,7 @@ void Form2::BuildBottom() {
   auto* comments = new QLineEdit(this);
   Name(comments, "tb_Comments", QStringLiteral("Game comments"));
   comments->setMaxLength(kCommentLength);
+  comments->setToolTip(QStringLiteral("Your words on the game; they go into the report"));
   QPalette palette = comments->palette();
   palette.setColor(QPalette::Base, QColor(224, 224, 224));
   palette.setColor(QPalette::Text, QColor(0, 0, 255));
@@ -164,6 +176,7 @@ void Form2::BuildBottom() {
   BuildExports();
   auto* save = new QPushButton(QStringLiteral("SAVE TO DB"), this);
   Name(save, "Command2", QStringLiteral("SAVE TO DB"));
+  save->setToolTip(QStringLiteral("When the game is over: saves it into the statistics database"));
   save->setAutoDefault(false);
   save->setFocusPolicy(Qt::TabFocus);
   Follow<bool>(save, board_.sheet.Command2_enabled, [save](bool on) { save->setEnabled(on); });
@@ -190,7 +203,8 @@ void Form2::BuildExports() {
                          "sheet as a page for browsers"),
           948),
       &QPushButton::clicked, this, [this] { WriteGameReport(board_); });
-  connect(add("cmd_Excel", "SEND TO EXCEL", QStringLiteral("Open the sheet as a workbook"), 1100),
+  connect(add("cmd_Excel", "SEND TO EXCEL",
+              QStringLiteral("Writes the sheet into a workbook and opens it"), 1100),
           &QPushButton::clicked, this, [this] { SendToExcel(); });
 }
 
@@ -206,6 +220,7 @@ void Form2::SendToExcel() {
 void Form2::BuildEditor() {
   editor_ = new QLineEdit(this);
   Name(editor_, "Text1", QStringLiteral("Cell editor"));
+  editor_->setPalette(Palette());  // light, whatever the ground of the table
   editor_->hide();
   editor_->installEventFilter(this);
   BindText(editor_, board_.sheet.Text1);

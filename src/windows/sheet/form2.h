@@ -27,6 +27,7 @@ class Form2 : public QDialog {
 
  private:
   void BuildTop(QtPictures& pictures);
+  void CentreBoxScore();
   void BuildSide(Side side);
   void BuildBottom();
   void BuildExports();

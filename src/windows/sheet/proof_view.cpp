@@ -92,7 +92,9 @@ void ProofPlate::paintEvent(QPaintEvent* /*event*/) {
             agrees_ ? 1 : 2);
   if (hasFocus()) DrawFocus(painter, rect());
   painter.setPen(kCream);
-  painter.drawText(rect().adjusted(4, 2, -4, -2), Qt::AlignCenter | Qt::TextWordWrap, text());
+  // "2 figures / to look at": no word alone on its line.
+  const QString words = QString(text()).replace(QLatin1String(" to "), QLatin1String("\nto "));
+  painter.drawText(rect().adjusted(4, 2, -4, -2), Qt::AlignCenter | Qt::TextWordWrap, words);
 }
 
 bool ProofPlate::event(QEvent* event) {

@@ -1,0 +1,96 @@
+#include "windows/boxes/closing_press.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QTimer>
+#include <utility>
+
+#include "windows/boxes/message_box.h"
+
+namespace dtb {
+namespace {
+
+constexpr const char* kTakesPress = "takesClosingPress";
+
+QWidget* TakerAt(const QPoint& place) {
+  QWidget* widget = QApplication::widgetAt(place);
+  while (widget != nullptr && !widget->property(kTakesPress).toBool()) {
+    widget = widget->isWindow() ? nullptr : widget->parentWidget();
+  }
+  return widget;
+}
+
+// Watches the mouse from the closing press to the next press of its own.
+class ClosingPress : public QObject {
+ public:
+  ClosingPress(const QPoint& place, QWidget* taker) : QObject(qApp), place_(place), taker_(taker) {
+    qApp->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (delivers_) return false;
+    switch (event->type()) {
+      case QEvent::MouseButtonRelease:
+        LetGo(*static_cast<QMouseEvent*>(event));
+        return true;
+      case QEvent::MouseButtonDblClick:
+        return true;
+      case QEvent::MouseButtonPress:
+        if (static_cast<QMouseEvent*>(event)->flags() & Qt::MouseEventCreatedDoubleClick) {
+          return true;
+        }
+        qApp->removeEventFilter(this);
+        deleteLater();
+        return false;
+      default:
+        return false;
+    }
+  }
+
+ private:
+  void LetGo(const QMouseEvent& release) {
+    QWidget* const taker = std::exchange(taker_, nullptr).data();
+    if (taker == nullptr || release.button() != Qt::LeftButton) return;
+    const QPoint end = release.globalPosition().toPoint();
+    if (!taker->rect().contains(taker->mapFromGlobal(end))) return;
+    Deliver(taker);
+  }
+
+  // The operation that the box held back goes on first, and may bring the next box.
+  void Deliver(const QPointer<QWidget>& taker) {
+    constexpr int kNextTurn = 1;  // milliseconds; of the event loop
+    QTimer::singleShot(kNextTurn, this, [this, taker] {
+      const MessageBox* box = MessageBox::Open();
+      if (box != nullptr && box->closing()) return Deliver(taker);
+      if (box == nullptr && taker) Click(taker);
+    });
+  }
+
+  void Click(const QPointer<QWidget>& taker) {
+    const QPointF local = taker->mapFromGlobal(place_);
+    delivers_ = true;
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+      const Qt::MouseButtons held =
+          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+      QMouseEvent event(type, local, place_, Qt::LeftButton, held, Qt::NoModifier);
+      if (taker) QCoreApplication::sendEvent(taker, &event);
+    }
+    delivers_ = false;
+  }
+
+  QPoint place_;
+  QPointer<QWidget> taker_;
+  bool delivers_ = false;
+};
+
+}  // namespace
+
+void TakeClosingPress(QWidget* control) { control->setProperty(kTakesPress, true); }
+
+void FollowClosingPress(const QPoint& place, Qt::MouseButton button) {
+  new ClosingPress(place, button == Qt::LeftButton ? TakerAt(place) : nullptr);
+}
+
+}  // namespace dtb

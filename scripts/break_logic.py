@@ -130,6 +130,7 @@ def tests(build):
     yield "replay", [build / "dtb_replay", *scripts]
     yield "core", [build / "dtb_core_tests", "--gtest_filter=-EveryGame*"]
     yield "database", [build / "dtb_database_tests"]
+    yield "scripts", ["ctest", "--test-dir", build, "-R", "replay_", "--stop-on-failure"]
     yield "exports", [build / "dtb_export_tests"]
     yield "core, random", [build / "dtb_core_tests", "--gtest_filter=EveryGame*"]
 
@@ -142,9 +143,9 @@ def who_notices(build):
         if code is None:
             return f"{name}: does not end"
         if code != 0:
-            failed = re.search(r"\[  FAILED  \] ([\w./]+)", output)
+            failed = re.search(r"\[  FAILED  \] ([\w./]+)|(replay_[\w.-]+) [.]+[*]+", output)
             if failed:
-                return f"{name}: {failed.group(1)}"
+                return f"{name}: {failed.group(1) or failed.group(2)}"
             wrong = [line for line in output.split("\n") if line and "all figures right" not in line]
             return f"{name}: {wrong[-1][:60]}" if wrong else f"{name}: dies"
     return None

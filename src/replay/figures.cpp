@@ -1,13 +1,16 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
-#include <QFile>
 #include <QMap>
+#include <QRegularExpression>
+#include <algorithm>
+#include <vector>
 
 #include "game/text_cell.h"
 #include "platform/paths.h"
 #include "platform/qt/qt_text.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "replay/game_state.h"
+#include "replay/script_check.h"
 
 namespace dtb::replay {
 namespace {
@@ -22,12 +25,28 @@ QString Inning(const QString& team, qsizetype inning) {
   return QString("%1: inning %2").arg(team).arg(inning + 1);
 }
 
+struct Form {
+  const char* kind;
+  QRegularExpression pattern;
+  const char* form;
+};
+
+const std::vector<Form>& Forms() {
+  static const std::vector<Form> forms{
+      {"LINE", QRegularExpression("^LINE .+ \\| (\\d+|-)( (\\d+|-))* \\| R \\d+ H \\d+$"),
+       "LINE TEAM | 0 2 1 ... | R RUNS H HITS; '-' for an inning that was not played"},
+      {"BATTING", QRegularExpression("^BATTING .+ \\| .+ \\| (\\S+=\\S+( \\S+=\\S+)*)?$"),
+       "BATTING TEAM | PLAYER | AB=4 1B=1 ..."},
+      {"PITCHING", QRegularExpression("^PITCHING .+ \\| .+ \\| (\\S+=\\S+( \\S+=\\S+)*)?$"),
+       "PITCHING TEAM | PLAYER | IP=7.33 K=5 ..."}};
+  return forms;
+}
+
+// The figures of a line that has its form.
 void AddExpected(Figures& figures, const QString& line) {
   const QString kind = line.section(' ', 0, 0);
   const QStringList parts = line.section(' ', 1).split(" | ");
-  if (parts.size() != 3) {
-    figures[line] = "a line that can be read";
-  } else if (kind == "LINE") {
+  if (kind == "LINE") {
     const QStringList innings = parts[1].split(' ');
     for (qsizetype i = 0; i < innings.size(); ++i) {
       figures[Inning(parts[0], i)] = innings[i] == "-" ? "" : innings[i];
@@ -119,7 +138,8 @@ QStringList RemoveUnplayed(Figures& figures, const SideFields& side) {
   return men;
 }
 
-QStringList Differences(const QString& place, const Figures& actual, const Figures& expected) {
+QStringList Differences(const QString& place, const Figures& actual, const Figures& expected,
+                        const Figures& places) {
   Figures all = actual;
   all.insert(expected);
   QStringList differences;
@@ -127,32 +147,51 @@ QStringList Differences(const QString& place, const Figures& actual, const Figur
     const QString is = actual.value(figure);
     const QString should = expected.value(figure);
     if (is == should) continue;
-    differences +=
-        QString("%1, %2 is %3, should be %4")
-            .arg(place, figure, is.isEmpty() ? "empty" : is, should.isEmpty() ? "empty" : should);
+    // A figure that no line expects has the place of the file.
+    differences += QString("%1: %2, %3 is %4, expected: %5")
+                       .arg(places.value(figure, places[""]), place, figure,
+                            is.isEmpty() ? "empty" : is, should.isEmpty() ? "empty" : should);
   }
   return differences;
 }
 
 }  // namespace
 
+std::optional<LineFault> FaultOfFigures(const QString& line) {
+  if (line.isEmpty()) return std::nullopt;
+  const QString kind = line.section(' ', 0, 0);
+  const auto form =
+      std::ranges::find(Forms(), kind, [](const Form& one) { return QString(one.kind); });
+  if (form == Forms().end()) {
+    return LineFault{'"' + kind + "\" is no kind of figures", "LINE, BATTING or PITCHING"};
+  }
+  if (form->pattern.match(line).hasMatch()) return std::nullopt;
+  return LineFault{"the figures cannot be read", form->form};
+}
+
 Comparison Compare(Board& board, const QString& expectedFile) {
-  QFile file(expectedFile);
-  if (!file.open(QIODevice::ReadOnly)) return {{expectedFile + " cannot be read"}, {}};
   Figures expected;
-  for (const QString& line : QString::fromUtf8(file.readAll()).remove('\r').split('\n')) {
-    if (!line.isEmpty()) AddExpected(expected, line);
+  Figures places{{"", expectedFile}};
+  const QStringList lines = LinesOf(expectedFile);
+  for (qsizetype i = 0; i < lines.size(); ++i) {
+    if (lines[i].isEmpty()) continue;
+    Figures figures;
+    AddExpected(figures, lines[i]);
+    for (const QString& figure : figures.keys()) {
+      places[figure] = QString("%1:%2").arg(expectedFile).arg(i + 1);
+    }
+    expected.insert(figures);
   }
   Figures shown;
   for (const Side side : {Side::Visitors, Side::Home}) AddSide(shown, SideOf(board, side));
   Figures stored;
   AddFile(stored, TextOf(board.platform.programFolder / kDatabaseFile),
           board.sheet.tb_TimeStamp2.value());
-  Comparison result{Differences("sheet", shown, expected), {}};
+  Comparison result{Differences("sheet", shown, expected, places), {}};
   for (const Side side : {Side::Visitors, Side::Home}) {
     result.withoutRow += RemoveUnplayed(expected, SideOf(board, side));
   }
-  result.differences += Differences("database", stored, expected);
+  result.differences += Differences("database", stored, expected, places);
   return result;
 }
 

@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <map>
 
+#include "replay/gesture_forms.h"
 #include "windows/board/form1.h"
 
 namespace dtb::replay {
@@ -19,7 +20,11 @@ struct Comparison {
   QStringList withoutRow;   // "Team, Player": has figures, yet no row was to be saved for him
 };
 
-// The sheet, the line score and the rows of the saved game beside a file of figures.
+// What is wrong with the form of a line of figures.
+[[nodiscard]] std::optional<LineFault> FaultOfFigures(const QString& line);
+
+// The sheet, the line score and the rows of the saved game beside a file of figures, whose lines
+// have their form. A difference names the file and the line where its figure is expected.
 [[nodiscard]] Comparison Compare(Board& board, const QString& expectedFile);
 
 }  // namespace dtb::replay

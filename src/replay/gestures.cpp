@@ -13,6 +13,7 @@
 #include <QTabWidget>
 #include <QTableView>
 #include <QWindow>
+#include <optional>
 
 #include "windows/boxes/message_box.h"
 
@@ -56,6 +57,15 @@ template <class Widget>
 Widget* Find(const QString& name, const char* kind) {
   if (auto* found = qobject_cast<Widget*>(FindControl(name))) return found;
   throw Refused(name + " is no " + kind);
+}
+
+// The key behind the modifiers; none for a name that no key has.
+std::optional<Qt::Key> KeyOf(const QString& key) {
+  const QString name = key.section('+', -1);
+  int code = QMetaEnum::fromType<Qt::Key>().keyToValue(("Key_" + name).toLatin1());
+  if (code < 0 && !name.isEmpty()) code = QKeySequence(name)[0].key();
+  if (code < 0 || code == Qt::Key_unknown) return std::nullopt;
+  return Qt::Key(code);
 }
 
 Target TargetAtIndex(QAbstractItemView* view, const QModelIndex& index) {
@@ -193,17 +203,17 @@ void TypeText(QWidget* field, const QString& text) {
   }
 }
 
+bool IsKey(const QString& key) { return KeyOf(key).has_value(); }
+
 void PressKey(QWidget* control, const QString& key) {
   RequireUsable(control);
-  const QString name = key.section('+', -1);
-  int code = QMetaEnum::fromType<Qt::Key>().keyToValue(("Key_" + name).toLatin1());
-  if (code < 0 && !name.isEmpty()) code = QKeySequence(name)[0].key();
-  if (code < 0 || code == Qt::Key_unknown) throw Refused("there is no key " + key);
-  const QKeySequence held(key.chopped(name.size()) + 'A');
+  const std::optional<Qt::Key> code = KeyOf(key);
+  if (!code) throw Refused("there is no key " + key);
+  const QKeySequence held(key.chopped(key.section('+', -1).size()) + 'A');
   if (!control->hasFocus() && control->focusPolicy() != Qt::NoFocus) {
     control->setFocus(Qt::TabFocusReason);
   }
-  QTest::keyClick(control->window()->windowHandle(), Qt::Key(code), held[0].keyboardModifiers());
+  QTest::keyClick(control->window()->windowHandle(), *code, held[0].keyboardModifiers());
 }
 
 }  // namespace dtb::replay

@@ -46,7 +46,9 @@ void Drag(const Target& from, const Target& to, Qt::KeyboardModifiers modifiers 
 void DragRow(const QString& list, int from, int to, Qt::KeyboardModifiers modifiers = {});
 // Clicks into the text field and types over all of its text.
 void TypeText(QWidget* field, const QString& text);
-// "Return", "Ctrl+F12": the control takes the focus, then the key.
+// "Return", "Ctrl+F12": it names a key.
+[[nodiscard]] bool IsKey(const QString& key);
+// The control takes the focus, then the key.
 void PressKey(QWidget* control, const QString& key);
 
 }  // namespace dtb::replay

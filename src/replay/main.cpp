@@ -1,16 +1,19 @@
 // Plays table scripts through the real windows and compares the figures of whole games.
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QProcess>
 #include <QTemporaryFile>
 #include <QTimer>
 #include <cstdio>
 
 #include "platform/zip/zip_archives.h"
+#include "replay/command_line.h"
 #include "replay/game_state.h"
 #include "replay/gestures.h"
 #include "replay/player.h"
+#include "replay/program_files.h"
+#include "replay/script_check.h"
 #include "seasons/teams_command.h"
+#include "shell/version.h"
 
 namespace dtb::replay {
 namespace {
@@ -18,9 +21,31 @@ namespace {
 constexpr QSize kUsualScreen(1366, 768);
 constexpr QSize kFrame(8, 40);  // of a window, as the usual desktops draw it
 
+// A script alone, or the one of a game's folder with the figures that must come out.
+struct Script {
+  QString file;
+  QString title;
+  QString figures;  // "": none
+};
+
+Script ScriptOf(const QString& given) {
+  const bool isFolder = QFileInfo(given).isDir();
+  const QFileInfo file(isFolder ? QDir(given).filePath("clicks.txt") : given);
+  if (isFolder && !file.exists()) {
+    throw Refused(given +
+                  ": is a folder without clicks.txt; expected: the folder of a game, or a script");
+  }
+  if (!file.exists()) throw Refused(given + ": there is no such script or folder");
+  const bool isGame = file.fileName() == "clicks.txt";
+  const QString figures = file.dir().filePath("expected.txt");
+  return {file.filePath(), isGame ? file.absoluteDir().dirName() : file.fileName(),
+          isGame && QFile::exists(figures) ? figures : QString()};
+}
+
 // A screen of this size, where no real one is used.
 void MakeScreen(QTemporaryFile& config, const QSize& size) {
-  if (qEnvironmentVariable("QT_QPA_PLATFORM", "offscreen") != "offscreen" || !config.open()) return;
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  if (!config.open()) return;
   config.write(QString(R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": %1,
     "height": %2, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})")
                    .arg(size.width())
@@ -30,13 +55,13 @@ void MakeScreen(QTemporaryFile& config, const QSize& size) {
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + config.fileName().toUtf8());
 }
 
-QFileInfo ScriptOf(const QString& given) {
-  return QFileInfo(QFileInfo(given).isDir() ? given + "/clicks.txt" : given);
-}
-
-bool Kills(const QString& given) {
-  QFile script(ScriptOf(given).filePath());
-  return script.open(QIODevice::ReadOnly) && ("\n" + script.readAll()).contains("\nKILL");
+// The toolkit would end the program without a word of what to do.
+void RequireScreen() {
+  if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return;
+  const bool wayland = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+  if (!qEnvironmentVariableIsEmpty("DISPLAY")) return;
+  if (!wayland) throw Refused("--show needs a display, and there is none here");
+  qputenv("QT_QPA_PLATFORM", "wayland");
 }
 
 // A script that kills its program goes on in the next one, at the table where the last one died.
@@ -58,22 +83,40 @@ int PlayOnAfterKills(const QStringList& arguments) {
   }
 }
 
-int PlayGame(const QString& given, const QString& kept, Player::Options options) {
-  const QFileInfo script = ScriptOf(given);
-  const bool isGame = script.fileName() == "clicks.txt";
-  const QString title = isGame ? script.absoluteDir().dirName() : script.fileName();
-  const QString expected = script.dir().filePath("expected.txt");
-  options.save = isGame && QFile::exists(expected);
-  PlayTable table(options.database, kept);
-  Player player(table, script.filePath(), options);
+// What is wrong with the script, on the error output; true for nothing.
+bool HasItsForm(const Script& script, const QString& program) {
+  const QStringList faults = FaultsOfScript(script.file, script.figures, program);
+  for (const QString& fault : faults) std::fprintf(stderr, "%s\n", qUtf8Printable(fault));
+  return faults.isEmpty();
+}
+
+int Check(const CommandLine& line) {
+  const QString program = FindProgramFiles(line.program);
+  int failed = 0;
+  for (const QString& given : line.scripts) {
+    const Script script = ScriptOf(given);
+    if (!HasItsForm(script, program)) {
+      failed = 1;
+    } else {
+      std::printf("%s: every line has its form\n", qUtf8Printable(script.file));
+    }
+  }
+  return failed;
+}
+
+int PlayGame(const Script& script, const CommandLine& line) {
+  Player::Options options = line.player;
+  options.save = !script.figures.isEmpty();
+  PlayTable table(options.database, line.table, line.program);
+  Player player(table, script.file, options);
   if (options.show && !options.screen.isEmpty()) table.desk.form1().resize(options.screen - kFrame);
   // What the start asks is answered like everything else.
   QTimer::singleShot(0, &player, [&table] { table.desk.Open(); });
   if (player.Run() != 0) return 1;
-  QString report = QString("%1: played %2 lines").arg(title).arg(player.lines());
+  QString report = QString("%1: played %2 lines").arg(script.title).arg(player.lines());
   QStringList differences;
   if (options.save) {
-    const Comparison comparison = Compare(table.desk.board(), expected);
+    const Comparison comparison = Compare(table.desk.board(), script.figures);
     differences = comparison.differences;
     report += differences.isEmpty() ? QString(", all figures right")
                                     : QString(", %1 figures wrong").arg(differences.size());
@@ -81,18 +124,44 @@ int PlayGame(const QString& given, const QString& kept, Player::Options options)
                   .arg(comparison.withoutRow.size());
     if (!comparison.withoutRow.isEmpty()) report += ": " + comparison.withoutRow.join("; ");
   }
-  for (const QString& line : differences + QStringList{report}) std::puts(qUtf8Printable(line));
+  for (const QString& text : differences + QStringList{report}) std::puts(qUtf8Printable(text));
   return differences.isEmpty() ? 0 : 1;
 }
 
 // Each game in a fresh program.
-int PlayGames(QStringList arguments, const QStringList& games) {
+int PlayGames(const CommandLine& line) {
   int failed = 0;
-  for (const QString& game : games) arguments.removeOne(game);
-  for (const QString& game : games) {
-    failed |= QProcess::execute(QApplication::applicationFilePath(), arguments + QStringList{game});
+  for (const QString& script : line.scripts) {
+    failed |= QProcess::execute(QApplication::applicationFilePath(),
+                                line.options + QStringList{"--", script});
   }
   return failed == 0 ? 0 : 1;
+}
+
+int Play(const CommandLine& line, int argc, char** argv) {
+  if (line.player.show) RequireScreen();
+  if (!line.player.pictures.isEmpty() && !QDir().mkpath(line.player.pictures)) {
+    throw Refused("the folder \"" + line.player.pictures + "\" for the pictures cannot be made");
+  }
+  if (line.scripts.size() > 1) {
+    const QCoreApplication application(argc, argv);
+    return PlayGames(line);
+  }
+  const Script script = ScriptOf(line.scripts.first());
+  if (line.player.from == 0 && !HasItsForm(script, FindProgramFiles(line.program))) return 1;
+  const bool kills = line.player.killEvery > 0 || LinesOf(script.file).contains("KILL");
+  if (kills && line.table.isEmpty()) {
+    const QCoreApplication application(argc, argv);
+    return PlayOnAfterKills(line.options + QStringList{"--", script.file});
+  }
+  QTemporaryFile config;
+  if (!line.player.show) {
+    MakeScreen(config, line.player.screen.isEmpty() ? kUsualScreen : line.player.screen);
+  }
+  const QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  DressApplication();
+  return PlayGame(script, line);
 }
 
 // Needs no window and no toolkit.
@@ -104,66 +173,30 @@ int MakeTeams(const std::vector<std::string>& arguments) {
   return result.exitCode;
 }
 
+int Tell(const QString& text) {
+  std::fputs(qUtf8Printable(text), stdout);
+  return 0;
+}
+
 int Main(int argc, char** argv) {
-  if (argc > 1 && std::string_view(argv[1]) == "teams") return MakeTeams({argv + 2, argv + argc});
   QStringList arguments;
-  for (int i = 0; i < argc; ++i) arguments += QString::fromLocal8Bit(argv[i]);
-  QCommandLineParser parser;
-  parser.addOptions({{"show", {}},
-                     {"keys", {}},
-                     {"undo", {}},
-                     {"shots", {}, "DIR"},
-                     {"size", {}, "WxH"},
-                     {"database", {}, "FILE"},
-                     {"table", {}, "DIR"},
-                     {"kill-every", {}, "LINES"},
-                     {"from", {}, "LINE"}});
-  const bool understood = parser.parse(arguments);
-  const QStringList games = parser.positionalArguments();
-  const QString size = parser.value("size");
-  const Player::Options options{parser.isSet("show"),
-                                parser.value("shots"),
-                                {size.section('x', 0, 0).toInt(), size.section('x', 1).toInt()},
-                                parser.value("database"),
-                                parser.isSet("keys"),
-                                parser.isSet("undo"),
-                                parser.value("kill-every").toLongLong(),
-                                parser.value("from").toLongLong(),
-                                false};
-  if (!understood || games.isEmpty() || size.isEmpty() != options.screen.isEmpty()) {
-    std::fputs(
-        "Usage: dtb_replay [--show] [--keys] [--undo] [--shots DIR] [--size WxH] "
-        "[--database FILE] [--kill-every LINES] SCRIPT|FOLDER...\n"
-        "       dtb_replay ",
-        stderr);
-    std::fputs(seasons::kTeamsUsage, stderr);
-    std::fputs("\n", stderr);
-    return 2;
+  for (int i = 1; i < argc; ++i) arguments += QString::fromLocal8Bit(argv[i]);
+  if (arguments.value(0) == "teams" && arguments.value(1) != "--help" &&
+      arguments.value(1) != "-h") {
+    return MakeTeams({argv + 2, argv + argc});
   }
-  const QString table = parser.value("table");
-  if (parser.isSet("table") && !QFileInfo(table).isDir()) {
-    std::fprintf(stderr, "there is no folder \"%s\" for the table\n", qUtf8Printable(table));
-    return 2;
-  }
-  if (!options.pictures.isEmpty()) QDir().mkpath(options.pictures);
-  QTemporaryFile config;
-  if (games.size() == 1 && !options.show) {
-    MakeScreen(config, size.isEmpty() ? kUsualScreen : options.screen);
-  }
-  if (games.size() > 1) {
-    const QCoreApplication application(argc, argv);
-    return PlayGames(arguments.mid(1), games);
-  }
-  const bool kills = options.killEvery > 0 || Kills(games.first());
-  if (kills && table.isEmpty()) {
-    const QCoreApplication application(argc, argv);
-    return PlayOnAfterKills(arguments.mid(1));
-  }
-  const QApplication application(argc, argv);
-  QApplication::setQuitOnLastWindowClosed(false);
-  DressApplication();
+  CommandLine line;
   try {
-    return PlayGame(games.first(), table, options);
+    line = CommandLineOf(arguments);
+  } catch (const Refused& refused) {
+    std::fprintf(stderr, "%s\n--help shows what can be asked for.\n", refused.what());
+    return 2;
+  }
+  if (line.help) return Tell(HelpText());
+  if (line.version) return Tell(ToQt(std::string(kProgramTitle) + ", " + VersionText() + '\n'));
+  if (line.gestures) return Tell(GesturesText());
+  try {
+    return line.check ? Check(line) : Play(line, argc, argv);
   } catch (const Refused& refused) {
     std::fprintf(stderr, "%s\n", refused.what());
     return 1;

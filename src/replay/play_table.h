@@ -10,6 +10,8 @@
 #include "platform/paths.h"
 #include "platform/qt/qt_text.h"
 #include "platform/quiet_desktop.h"
+#include "replay/gestures.h"
+#include "replay/program_files.h"
 #include "windows/desk.h"
 
 namespace dtb::replay {
@@ -35,40 +37,55 @@ struct ScriptedDialogs : FileDialogs {
   std::optional<std::filesystem::path> report;  // takes every report; none: the next answer does
 };
 
-// A program folder of its own, with the given database, or else an empty one. A folder that is
-// given stays, and is taken as it stands where it was filled before.
+// A program folder of its own, with the given database, which is made where it does not stand, or
+// else an empty one. A folder that is given stays, and is taken as it stands where it was filled
+// before. Throws Refused where it cannot be filled.
 class PlayFolder {
  public:
-  PlayFolder(const QString& database, const QString& given)
+  PlayFolder(const QString& database, const QString& given, const QString& program)
       : given_(given), own_(given.isEmpty() ? std::make_unique<QTemporaryDir>() : nullptr) {
-    const QDir program(QStringLiteral(DTB_PROGRAM_FOLDER));
+    const QDir shipped(FindProgramFiles(program));
     if (QFile::exists(filePath("DTB.mdb"))) return;
-    for (const QString& name : program.entryList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
-      QFile::link(program.filePath(name), filePath(name));
+    for (const QString& name : shipped.entryList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
+      // A program's own database and reports may lie beside what came with it.
+      if (name.startsWith("DTB") || name == "Game Rpts") continue;
+      QFile::link(shipped.filePath(name), filePath(name));
     }
-    if (!database.isEmpty()) {
-      QFile::link(QFileInfo(database).absoluteFilePath(), filePath("DTB.mdb"));
-      return;
+    const QString file = QFileInfo(database).absoluteFilePath();
+    if (database.isEmpty()) {
+      Make(filePath("DTB.mdb"));
+    } else {
+      if (!QFile::exists(file)) Make(file);
+      QFile::link(file, filePath("DTB.mdb"));
     }
-    QFile schema(filePath("schema.sql"));
-    if (!schema.open(QIODevice::ReadOnly)) return;
-    SQLite::Database(FromQt(filePath("DTB.mdb")), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
-        .exec(schema.readAll().toStdString());
   }
 
   [[nodiscard]] QString path() const { return own_ ? own_->path() : given_; }
   [[nodiscard]] QString filePath(const QString& name) const { return QDir(path()).filePath(name); }
 
  private:
+  void Make(const QString& database) const {
+    QFile schema(filePath("schema.sql"));
+    try {
+      if (!schema.open(QIODevice::ReadOnly)) throw Refused("schema.sql cannot be read");
+      SQLite::Database(FromQt(database), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+          .exec(schema.readAll().toStdString());
+    } catch (const std::exception& error) {
+      throw Refused("the database " + database + " cannot be made: " + error.what());
+    }
+  }
+
   QString given_;
   std::unique_ptr<QTemporaryDir> own_;
 };
 
 // A desk whose program folder and settings are made for it and go with it, and so does its database
-// unless one is given. With a folder that stays, its game outlives it.
+// unless one is given. With a folder that stays, its game outlives it. `program` is the folder of
+// what comes with the program; "": the one that is found.
 struct PlayTable {
-  explicit PlayTable(const QString& database = {}, const QString& kept = {})
-      : folder(database, kept), keepsGame(!kept.isEmpty()) {}
+  explicit PlayTable(const QString& database = {}, const QString& kept = {},
+                     const QString& program = {})
+      : folder(database, kept, program), keepsGame(!kept.isEmpty()) {}
 
   PlayFolder folder;
   bool keepsGame;

@@ -11,7 +11,9 @@
 
 #include "game/history.h"
 #include "replay/game_state.h"
+#include "replay/gesture_forms.h"
 #include "replay/gestures.h"
+#include "replay/script_check.h"
 #include "teams/player_name.h"
 
 namespace dtb::replay {
@@ -52,12 +54,7 @@ const QHash<QString, QString>& Outcomes() {
 QString Word(const QString& line, int n) { return line.section(' ', n, n); }
 QString Rest(const QString& line, int n) { return line.section(' ', n); }
 
-int Number(const QString& line, int n) {
-  bool good = false;
-  const uint number = Word(line, n).toUInt(&good);
-  if (!good) throw Refused("\"" + Word(line, n) + "\" is no number");
-  return static_cast<int>(number);
-}
+int Number(const QString& line, int n) { return static_cast<int>(Word(line, n).toUInt()); }
 
 QString RowOf(const LineupList& list, const QString& name) {
   for (int row = 0; row < list.size(); ++row) {
@@ -86,10 +83,7 @@ Player::Player(PlayTable& table, const QString& script, const Options& options)
       board_(table.desk.board()),
       script_(script),
       options_(options) {
-  QFile file(script);
-  if (!file.open(QIODevice::ReadOnly)) throw Refused(script + ": cannot be read");
-  lines_ = QString::fromUtf8(file.readAll()).remove('\r').split('\n');
-  if (lines_.last().isEmpty()) lines_.removeLast();
+  lines_ = LinesOf(script);
   scriptLines_ = lines_.size();
   next_ = options.from;
   if (options.undo) {
@@ -97,12 +91,15 @@ Player::Player(PlayTable& table, const QString& script, const Options& options)
     NoteStates();
   }
   if (options.save) lines_ += {"CLICK lbl_STATS", "CLICK Command2", "CLOSE"};
+  if (options.dump) lines_ += "DUMP";
   // On a screen the timers run by themselves; else they tick when the script says so.
   if (!options.show) table.desk.form1().constantTimer().stop();
 }
 
 void Player::Refuse(const QString& reason) {
-  std::fprintf(stderr, "%s:%lld: %s\n", qUtf8Printable(script_), next_, qUtf8Printable(reason));
+  const QString line = lines_.value(next_ - 1);
+  const QString text = FaultText(script_, next_, reason, line, ExpectedOf(line));
+  std::fprintf(stderr, "%s\n", qUtf8Printable(text));
   Finish(1);
 }
 
@@ -111,16 +108,26 @@ void Player::MakeGesture() {
     half_ = HalfInProgress(board_.state);
     KeepPicture(QString("half-%1").arg(half_, 2, 10, QChar('0')));
   }
-  const bool dies = options_.killEvery > 0 && next_ == options_.from + options_.killEvery;
+  // That the edit mode was left is no step of the game, so a kill would bring it back.
+  const bool dies = options_.killEvery > 0 && next_ >= options_.from + options_.killEvery &&
+                    Word(lines_.value(next_ - 1), 0) != "SWAP";
   if (dies && gestures_.isEmpty() && next_ < scriptLines_) Kill();
   while (gestures_.isEmpty() && next_ < lines_.size()) TakeLine();
   if (gestures_.isEmpty()) return Finish(0);
   Perform(gestures_.takeFirst());
 }
 
+// What the player adds at the end has forms of its own.
+void Player::RequireForm(const QString& line) const {
+  if (const auto fault = FaultOfLine(line); fault && next_ <= scriptLines_) {
+    throw Refused(fault->what);
+  }
+}
+
 void Player::TakeLine() {
   const QString line = lines_[next_++];
-  if (line.trimmed().isEmpty() || line.startsWith('#')) return;
+  if (IsRemark(line)) return;
+  RequireForm(line);
   if (const QString tidying = Tidying(); BringsUpBatter(Word(line, 0)) && !tidying.isEmpty()) {
     gestures_ += tidying;
   }
@@ -139,6 +146,7 @@ bool Player::Answer(MessageBox& box) {
   seen_ = &box;
   if (NextLineIsFor(box)) {
     const QString line = lines_[next_++];
+    RequireForm(line);
     Perform(line);
     return Word(line, 0) != "SHOT";
   }
@@ -162,9 +170,7 @@ QStringList Player::GesturesOf(const QString& line) const {
   if (line == "UNDO *") return QStringList(static_cast<qsizetype>(board_.history->steps()), "UNDO");
   if (line == "REDO *") return QStringList(static_cast<qsizetype>(states_.size()) - 1, "REDO");
   if (!QStringList{"LOAD", "PITCHER", "ATBAT", "BATTER", "SWAP"}.contains(verb)) return {line};
-  const QString word = Word(line, 1);
-  if (word != "visitors" && word != "home") throw Refused("\"" + word + "\" is no side");
-  const Side side = word == "home" ? Side::Home : Side::Visitors;
+  const Side side = Word(line, 1) == "home" ? Side::Home : Side::Visitors;
   const Names& names = NamesOf(side);
   if (verb == "SWAP") return GesturesOfSwap(side, Rest(line, 2));
   if (verb == "ATBAT") return {"CLICK " + names.atBat};
@@ -278,9 +284,7 @@ void Player::Perform(const QString& gesture) {
   } else if (verb == "DRAG") {
     Drag(TargetAt(Word(gesture, 1)), TargetInPark(Word(gesture, 2)));
   } else if (verb == "PROOF") {
-    const QString word = Word(gesture, 1);
-    if (word != "RIGHT" && word != "BACK") throw Refused("PROOF takes RIGHT or BACK");
-    proofAnswer_ = word == "RIGHT" ? "Put right and save" : "Back to the sheet";
+    proofAnswer_ = Word(gesture, 1) == "RIGHT" ? "Put right and save" : "Back to the sheet";
   } else if (verb == "ANSWER") {
     answers_ += Word(gesture, 1);
   } else if (verb == "CHOOSE") {
@@ -340,18 +344,14 @@ void Player::Kill() {
 }
 
 void Player::RequireState(const QString& expectation) const {
-  static const QRegularExpression pattern("^(\\S+) =(?: (.*))?$");
   static const QRegularExpression index("\\[[^]]*\\]");
-  const QRegularExpressionMatch parts = pattern.match(expectation);
-  if (!parts.hasMatch()) throw Refused("MUST is followed by NAME = VALUE");
-  const QString name = parts.captured(1);
-  const QString should = parts.captured(2);
+  const auto [name, should] = ExpectationOf(expectation).value();
   const StateMap lines = StateLines(board_, table_.desk.form1(), messages_);
   const auto line = lines.find(FromQt(name));
   // A misspelt name would be empty for ever.
-  const bool known = std::ranges::any_of(lines, [&name](const auto& other) {
-    return ToQt(other.first).remove(index) == QString(name).remove(index);
-  });
+  const QString list = QString(name).remove(index);
+  const bool known = std::ranges::any_of(
+      lines, [&list](const auto& other) { return ToQt(other.first).remove(index) == list; });
   if (!known) throw Refused("DUMP knows no " + name);
   const QString is = line == lines.end() ? QString() : ToQt(line->second);
   if (is == should) return;

@@ -24,6 +24,7 @@ class Player : public Driver {
     qsizetype killEvery = 0;  // so many lines; 0: never
     qsizetype from = 0;       // the line with which to begin
     bool save = false;        // the game, at the end of the script: it settles the last pitchers
+    bool dump = false;        // the state at the end, on the output
   };
 
   // Files that the script names are looked for beside it.
@@ -40,6 +41,7 @@ class Player : public Driver {
 
  private:
   void TakeLine();
+  void RequireForm(const QString& line) const;
   [[nodiscard]] QStringList GesturesOf(const QString& line) const;
   [[nodiscard]] QStringList GesturesOfSwap(Side side, const QString& players) const;
   [[nodiscard]] QStringList GesturesOfSteal(const std::string& name) const;

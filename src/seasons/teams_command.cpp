@@ -109,7 +109,8 @@ void WriteTeams(const std::vector<TeamText>& teams, const Arguments& arguments,
       result.errors += team.name + ": no room for " + name + ".\n";
     }
   }
-  result.output += std::to_string(written) + " team files in \"" + TextOf(folder) + "\".\n";
+  result.output += std::to_string(written) + (written == 1 ? " team file in" : " team files in") +
+                   " \"" + TextOf(folder) + "\".\n";
 }
 
 }  // namespace

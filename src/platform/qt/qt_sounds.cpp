@@ -1,10 +1,9 @@
 #include "platform/qt/qt_sounds.h"
 
-#include <QAudioDevice>
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QMediaDevices>
-#include <QUrl>
+#include <QLibrary>
 #include <QtEndian>
 
 #include "platform/paths.h"
@@ -54,23 +53,35 @@ bool IsWave(const QString& path) {
   }
 }
 
-// Without a device there is nobody to hear the sound, and nothing to wait for.
-bool HasDevice() { return !QMediaDevices::defaultAudioOutput().isNull(); }
-
-void Play(std::unique_ptr<QSoundEffect>& effect, const QString& path, int times) {
-  const QUrl source = QUrl::fromLocalFile(path);
-  if (!effect) effect = std::make_unique<QSoundEffect>();
-  effect->stop();
-  if (effect->source() != source) effect->setSource(source);
-  effect->setLoopCount(times);
-  effect->play();
+// Beside the executable, or where the package has it. Throws ProgramError where it is missing.
+SoundPlayer* LoadPlayer() {
+  const QString beside = QCoreApplication::applicationDirPath();
+  QString complaint;
+  for (const char* folder : {"/", "/../lib/kelvane-diamond-table/"}) {
+    QLibrary module(beside + QLatin1String(folder) + QStringLiteral("libdtb_sounds.so"));
+    if (!QFileInfo::exists(module.fileName())) continue;
+    if (const auto make = reinterpret_cast<MakeSoundPlayer*>(module.resolve(kMakeSoundPlayer))) {
+      return make();
+    }
+    complaint = QStringLiteral(" (") + module.errorString() + QLatin1Char(')');
+  }
+  throw ProgramError(error_number::kFileNotFound,
+                     "The part of the program that plays sounds, \"libdtb_sounds.so\", is missing "
+                     "or cannot be used" +
+                         FromQt(complaint) + ". Install the program again to hear sounds.");
 }
 
 }  // namespace
 
 void QtSounds::PlayOnce(const std::filesystem::path& file) {
   const QString path = ToQt(TextOf(file));
-  if (IsWave(path) && HasDevice()) Play(once_, path, 1);
+  if (!IsWave(path)) return;
+  try {
+    if (!player_) player_.reset(LoadPlayer());
+  } catch (const ProgramError&) {
+    return;  // what is asked for is a sound, and its lack is silent
+  }
+  player_->Play(SoundPlayer::Voice::Once, path, 1);
 }
 
 void QtSounds::StartLoop(const std::filesystem::path& file) {
@@ -85,15 +96,16 @@ void QtSounds::StartLoop(const std::filesystem::path& file) {
         "The file \"" + TextOf(file) +
             "\" is broken, or not a plain wave file of 8 or 16 bits, so it cannot be played.");
   }
-  if (HasDevice()) Play(loop_, path, QSoundEffect::Infinite);
+  if (!player_) player_.reset(LoadPlayer());
+  player_->Play(SoundPlayer::Voice::Loop, path, SoundPlayer::kEndless);
 }
 
 void QtSounds::StopLoop() {
-  if (loop_) loop_->stop();
+  if (player_) player_->Stop(SoundPlayer::Voice::Loop);
 }
 
 void QtSounds::Silence() {
-  if (once_) once_->stop();
+  if (player_) player_->Stop(SoundPlayer::Voice::Once);
   StopLoop();
 }
 

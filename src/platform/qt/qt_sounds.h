@@ -1,15 +1,15 @@
 // Sounds through the toolkit's multimedia library.
 #pragma once
 
-#include <QSoundEffect>
 #include <memory>
 
 #include "platform/platform.h"
+#include "platform/qt/sound_player.h"
 
 namespace dtb {
 
-// Plays wave files. Nothing of the sound system is touched before the first sound, and a sound is
-// decoded once. The loop goes on without a gap, since the samples are mixed from memory.
+// Looks at wave files, and has them played by the module for it, which is loaded with the first
+// sound; before that nothing of the sound system is touched.
 class QtSounds : public Sounds {
  public:
   void PlayOnce(const std::filesystem::path& file) override;
@@ -18,8 +18,7 @@ class QtSounds : public Sounds {
   void Silence() override;
 
  private:
-  std::unique_ptr<QSoundEffect> once_;
-  std::unique_ptr<QSoundEffect> loop_;
+  std::unique_ptr<SoundPlayer> player_;  // none: no sound yet
 };
 
 }  // namespace dtb

@@ -1,0 +1,26 @@
+#include "replay/program_files.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStringList>
+
+#include "replay/gestures.h"
+
+namespace dtb::replay {
+
+QString FindProgramFiles(const QString& given) {
+  // Asked of the system, since there may be no application yet.
+  const QDir executables(QFileInfo(QFileInfo("/proc/self/exe").symLinkTarget()).path());
+  QStringList folders{given};
+  if (given.isEmpty()) {
+    folders = {executables.path(), executables.filePath("program"),
+               QDir::cleanPath(executables.filePath("../share/kelvane-diamond-table"))};
+  }
+  for (const QString& folder : folders) {
+    if (QFileInfo(folder + "/schema.sql").isFile()) return QDir(folder).absolutePath();
+  }
+  throw Refused("the program's own files are not found: no schema.sql in " +
+                folders.join(", nor in ") + "; --program names their folder");
+}
+
+}  // namespace dtb::replay

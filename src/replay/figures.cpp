@@ -10,6 +10,7 @@
 #include "platform/qt/qt_text.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "replay/game_state.h"
+#include "replay/gestures.h"
 #include "replay/script_check.h"
 
 namespace dtb::replay {
@@ -80,24 +81,32 @@ void AddSide(Figures& figures, const SideFields& side) {
   }
 }
 
+struct SavedGame {
+  std::string id;  // GameID
+  const RowsBefore& rowsBefore;
+};
+
 // A row that stands twice is no row of a figure.
 void AddStored(Figures& figures, const QString& figure, const QString& text) {
   figures[figure] = figures.contains(figure) ? "stored twice" : text;
 }
 
-// Calls the function with each row of a game in a table.
+// Calls the function with each row of a game in a table. Games that were saved within one second
+// have one GameID, so only the rows that the game added are its own.
 template <class Function>
-void ForEachRow(SQLite::Database& database, const char* table, const std::string& game,
+void ForEachRow(SQLite::Database& database, const char* table, const SavedGame& game,
                 Function&& function) {
-  SQLite::Statement rows(database, std::string("SELECT * FROM ") + table + " WHERE GameID = ?");
-  rows.bind(1, game);
+  SQLite::Statement rows(database,
+                         std::string("SELECT * FROM ") + table + " WHERE GameID = ? AND rowid > ?");
+  rows.bind(1, game.id);
+  rows.bind(2, game.rowsBefore.at(table));
   while (rows.executeStep()) {
     function([&rows](const char* column) { return ToQt(rows.getColumn(column).getString()); });
   }
 }
 
 // The rows of a game as they stand in the file, under the names of the sheet's columns.
-void AddFile(Figures& figures, const std::string& file, const std::string& game) {
+void AddFile(Figures& figures, const std::string& file, const SavedGame& game) {
   SQLite::Database database(file);
   ForEachRow(database, "Batting", game, [&figures](const auto& cell) {
     const QString who = Batter(cell("Team"), cell("Batter"));
@@ -169,7 +178,18 @@ std::optional<LineFault> FaultOfFigures(const QString& line) {
   return LineFault{"the figures cannot be read", form->form};
 }
 
-Comparison Compare(Board& board, const QString& expectedFile) {
+RowsBefore LastRows(const Board& board) try {
+  RowsBefore last;
+  SQLite::Database database(TextOf(board.platform.programFolder / kDatabaseFile));
+  for (const char* table : {"Batting", "Pitching", "BoxScores"}) {
+    last[table] = database.execAndGet(std::string("SELECT ifnull(max(rowid), 0) FROM ") + table);
+  }
+  return last;
+} catch (const SQLite::Exception& error) {
+  throw Refused(QString("the database takes no games: ") + error.what());
+}
+
+Comparison Compare(Board& board, const QString& expectedFile, const RowsBefore& rowsBefore) {
   Figures expected;
   Figures places{{"", expectedFile}};
   const QStringList lines = LinesOf(expectedFile);
@@ -186,7 +206,7 @@ Comparison Compare(Board& board, const QString& expectedFile) {
   for (const Side side : {Side::Visitors, Side::Home}) AddSide(shown, SideOf(board, side));
   Figures stored;
   AddFile(stored, TextOf(board.platform.programFolder / kDatabaseFile),
-          board.sheet.tb_TimeStamp2.value());
+          {board.sheet.tb_TimeStamp2.value(), rowsBefore});
   Comparison result{Differences("sheet", shown, expected, places), {}};
   for (const Side side : {Side::Visitors, Side::Home}) {
     result.withoutRow += RemoveUnplayed(expected, SideOf(board, side));

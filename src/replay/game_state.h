@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QStringList>
+#include <cstdint>
 #include <map>
+#include <string>
 
 #include "replay/gesture_forms.h"
 #include "windows/board/form1.h"
@@ -23,8 +25,15 @@ struct Comparison {
 // What is wrong with the form of a line of figures.
 [[nodiscard]] std::optional<LineFault> FaultOfFigures(const QString& line);
 
-// The sheet, the line score and the rows of the saved game beside a file of figures, whose lines
-// have their form. A difference names the file and the line where its figure is expected.
-[[nodiscard]] Comparison Compare(Board& board, const QString& expectedFile);
+// The last row of each table that holds figures of a game. Throws Refused where
+// the database cannot be read.
+using RowsBefore = std::map<std::string, std::int64_t>;
+[[nodiscard]] RowsBefore LastRows(const Board& board);
+
+// The sheet, the line score and the rows of the saved game, which stand behind those that were
+// there before it, beside a file of figures, whose lines have their form. A difference names the
+// file and the line where its figure is expected.
+[[nodiscard]] Comparison Compare(Board& board, const QString& expectedFile,
+                                 const RowsBefore& rowsBefore);
 
 }  // namespace dtb::replay

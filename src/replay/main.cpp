@@ -110,13 +110,14 @@ int PlayGame(const Script& script, const CommandLine& line) {
   PlayTable table(options.database, line.table, line.program);
   Player player(table, script.file, options);
   if (options.show && !options.screen.isEmpty()) table.desk.form1().resize(options.screen - kFrame);
+  const RowsBefore before = options.save ? LastRows(table.desk.board()) : RowsBefore{};
   // What the start asks is answered like everything else.
   QTimer::singleShot(0, &player, [&table] { table.desk.Open(); });
   if (player.Run() != 0) return 1;
   QString report = QString("%1: played %2 lines").arg(script.title).arg(player.lines());
   QStringList differences;
   if (options.save) {
-    const Comparison comparison = Compare(table.desk.board(), script.figures);
+    const Comparison comparison = Compare(table.desk.board(), script.figures, before);
     differences = comparison.differences;
     report += differences.isEmpty() ? QString(", all figures right")
                                     : QString(", %1 figures wrong").arg(differences.size());

@@ -144,7 +144,7 @@ TEST(Pieces, AreNeverOutOfReach) {
   const auto below = [&](int limit) {
     return static_cast<int>(random() % static_cast<unsigned>(limit));
   };
-  for (int step = 0; step < 3000; ++step) {
+  for (int step = 0; step < 600; ++step) {
     const int operation = below(12);
     // In runs, so that the sizes reach their ends.
     for (int times = below(20); times >= 0; --times) {

@@ -15,6 +15,10 @@ namespace dtb {
 struct Pair {
   std::function<double()> ours;
   std::function<double()> bare;
+  // The bare library with what ours pays however small the work is, and what that is; it explains a
+  // goal that is missed.
+  std::function<double()> bareAtThatCost = {};
+  std::string fixedCost = {};
 };
 
 // The seconds that a function takes.

@@ -41,6 +41,10 @@ struct FakePlatform final : QuietDesktop {
   }
   bool Ask(const Question& question) override { return Tell(question.title), false; }
   std::optional<std::filesystem::path> OpenFile(const OpenFileRequest&) override { return chosen; }
+  std::optional<std::filesystem::path> OpenFolder(const std::string&,
+                                                  const std::filesystem::path&) override {
+    return chosen;
+  }
   std::optional<Picture> Load(const std::filesystem::path& file) override {
     return photos.contains(TextOf(file)) ? std::optional(Picture{TextOf(file), 1}) : std::nullopt;
   }

@@ -47,6 +47,14 @@ GO show:v5 => v1
 )");
 }
 
+TEST(Proof, CountsThoseLeftOnBase) {
+  Game game;
+  for (const char* label : {"1B", "BB", "RBI", "RBI", "RBI", "HR", "2B", "GO", "K", "GO"})
+    game.Do(label);
+  EXPECT_EQ(LeftOnBase(game.board, Side::Visitors), 1);
+  EXPECT_EQ(LeftOnBase(game.board, Side::Home), 0);
+}
+
 // Outcomes and changes of pitcher in the field alone, each new man once; -1 for a change.
 RC_GTEST_PROP(Proof, FindsNothingThatIsNotSo, ()) {
   const auto choices = *rc::gen::scale(2.0, rc::gen::container<std::vector<int>>(rc::gen::inRange(

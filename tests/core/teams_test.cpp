@@ -135,6 +135,11 @@ TEST(Pieces, ShrinkToTheGroundLineAndStayWithinReach) {
   ShrinkPieces(game.board);
   for (const GamePiece& piece : game.state.pieces) EXPECT_NEAR(piece.top.value(), 830.09, 1e-9);
   EXPECT_DOUBLE_EQ(game.state.pieces[2].left.value(), 500 - 90 * 0.99 / 2);
+  MovePiece(game.board, 0, -4000, -4000);
+  MovePiece(game.board, 1, 4000, 0);
+  EXPECT_NEAR(game.state.pieces[0].left.value(), 24 - 90 * 0.891, 1e-9);
+  EXPECT_NEAR(game.state.pieces[0].top.value(), 24 - 135 * 0.891, 1e-9);
+  EXPECT_NEAR(game.state.pieces[1].left.value(), 1679 - 24, 1e-9);
 }
 
 // Whatever is done to the pieces, in whatever order, a strip of each stays on the scene.
@@ -179,8 +184,8 @@ TEST(Photos, ComeFromTheFolderOfThePlayer) {
     game.fake.control = shown;
     game.fake.settingsFail = folder == "/newer";
     BeginEdit(game.fake.ports, PhotoFolder(game.state));
-    game.state.Text1.Set(folder);
-    SaveEdit(game.fake.ports, PhotoFolder(game.state));
+    game.fake.chosen = folder;
+    ChooseFolder(game.fake.ports, PhotoFolder(game.state));
     RefreshPitcherPhotos(game.board);
     EXPECT_EQ(game.state.lbl_PhotoPath.value(), shown ? folder : "");
     EXPECT_FALSE(game.state.Text1_visible.value());

@@ -174,6 +174,7 @@ TEST(ExportNamesTest, EveryFileSystemTakesThem) {
                                           {"x" + many, "x" + many.substr(0, 78)}}) {
     EXPECT_EQ(SafeNamePart(text), part);
   }
+  EXPECT_EQ(SafeNamePart(std::string_view(e).substr(0, 1)), "_") << "cut within a letter";
 }
 
 }  // namespace

@@ -1,13 +1,21 @@
-// A bare window of the toolkit with the same picture at the same size, to its first paint.
+// A bare window of the toolkit with the same picture at the same size, to its first paint. The
+// picture is read whole, as toolkits do; with the word "halved" it is decoded as the board decodes
+// it.
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QPainter>
+#include <QScreen>
 
 #include "bench/first_paint.h"
+#include "platform/qt/qt_pictures.h"
 
 class BareWindow : public QWidget {
  public:
-  BareWindow() : park_(QStringLiteral(DTB_PROGRAM_FOLDER "/Ballparks/DEFAULT1679X974.jpg")) {}
+  explicit BareWindow(bool halved) {
+    const auto file = QStringLiteral(DTB_PROGRAM_FOLDER "/Ballparks/DEFAULT1679X974.jpg");
+    const QSize place = (QSizeF(screen()->size()) * devicePixelRatioF()).toSize();
+    park_ = halved ? dtb::DecodedFor(file, place) : QImage(file);
+  }
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
@@ -27,7 +35,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QMainWindow window;
   window.menuBar()->addAction(QStringLiteral("Options"));
-  auto* park = new BareWindow;
+  auto* park = new BareWindow(argc == 2);
   window.setCentralWidget(park);
   window.resize(1591, 945);
   const FirstPaint firstPaint(park);

@@ -16,16 +16,25 @@ ParkView::ParkView(QWidget* parent) : QWidget(parent) {
   setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-bool ParkView::LoadPark(const QString& file) {
-  const QImage park = DecodedFor(file, (QSizeF(screen()->size()) * devicePixelRatioF()).toSize());
-  if (park.isNull()) return false;
-  park_ = park.convertToFormat(QImage::Format_RGB32);
-  scaled_ = {};
+void ParkView::LoadPark(const QString& file) {
+  TakeDecoded();
+  const QSize place = (QSizeF(screen()->size()) * devicePixelRatioF()).toSize();
+  decoded_ = std::async(std::launch::async, [file, place] {
+    return DecodedFor(file, place).convertToFormat(QImage::Format_RGB32);
+  });
   update();
-  return true;
+}
+
+void ParkView::TakeDecoded() {
+  if (!decoded_.valid()) return;
+  const QImage park = decoded_.get();
+  if (park.isNull()) return;
+  park_ = park;
+  scaled_ = {};
 }
 
 void ParkView::paintEvent(QPaintEvent* event) {
+  TakeDecoded();
   QPainter painter(this);
   if (park_.isNull()) {
     painter.fillRect(event->rect(), look::kSlate);

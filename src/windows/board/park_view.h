@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QPixmap>
 #include <QWidget>
+#include <future>
 
 namespace dtb {
 
@@ -13,8 +14,9 @@ class ParkView : public QWidget {
  public:
   explicit ParkView(QWidget* parent);
 
-  // A file that is no picture leaves the park as it is. False then.
-  bool LoadPark(const QString& file);
+  // A thread of its own decodes the file, while the rest of the board is made; the next painting
+  // waits for it. A file that is no picture leaves the park as it is.
+  void LoadPark(const QString& file);
 
  signals:
   // The pointer moved over the park itself.
@@ -25,6 +27,9 @@ class ParkView : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override;
 
  private:
+  void TakeDecoded();
+
+  std::future<QImage> decoded_;
   QImage park_;
   QPixmap scaled_;
 };

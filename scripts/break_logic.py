@@ -6,7 +6,8 @@ column or a wrong number. The seed alone chooses the places, so that nobody pick
 each break the tests are built and run, quickest first, up to the first that fails; then the line
 is put back. A break that does not compile is replaced by the next one.
 
-Usage:  break_logic.py [--count N] [--seed N] [--jobs N] [--skip FILE]... [--list] BUILD-FOLDER
+Usage:  break_logic.py [--count N] [--seed N] [--jobs N] [--skip FILE]... [--at PLACE]... [--list]
+                       BUILD-FOLDER
 
 The build folder must belong to this source tree. Break a copy of the tree that nobody works in:
 after an interruption one line of it may still be broken. Write the table to docs/breaks.txt.
@@ -164,6 +165,8 @@ def who_notices(build):
             failed = re.search(r"\[  FAILED  \] ([\w./]+)|(replay_[\w.-]+) [.]+[*]+", output)
             if failed:
                 return f"{name}: {failed.group(1) or failed.group(2)}"
+            if begun := re.findall(r"\[ RUN      \] ([\w./]+)", output):
+                return f"{name}: {begun[-1]} dies"
             wrong = [line for line in output.split("\n") if line and "all figures right" not in line]
             return f"{name}: {wrong[-1][:60]}" if wrong else f"{name}: dies"
     return None
@@ -193,6 +196,7 @@ def main():
     parser.add_argument("--seed", type=int, default=1, help="chooses the places (1)")
     parser.add_argument("--jobs", type=int, default=1, help="processes of a build (1)")
     parser.add_argument("--skip", action="append", default=[], help="a file that stays whole")
+    parser.add_argument("--at", action="append", help="try only the break at FILE:LINE of the table")
     parser.add_argument("--list", action="store_true", help="only show the first so many places")
     options = parser.parse_args()
     build = options.build.resolve()
@@ -205,15 +209,17 @@ def main():
     noticed = done = 0
     print(f"Seed {options.seed}")
     for candidate in chosen(options.seed, options.skip):
-        if done == options.count:
+        place = f"{candidate.file.relative_to(ROOT / 'src')}:{candidate.line + 1}"
+        if done == (len(options.at) if options.at else options.count):
             break
+        if options.at and place not in options.at:
+            continue
         result = "" if options.list else tried(candidate, build, options.jobs)
         if result is False:
             continue
         done += 1
         noticed += result is not None
         result = "-- nothing --" if result is None else result
-        place = f"{candidate.file.relative_to(ROOT / 'src')}:{candidate.line + 1}"
         print(f"{done:3}  {candidate.kind:13} {place:32} "
               f"{candidate.shown[:70]:72}{result}", flush=True)
     if not options.list:

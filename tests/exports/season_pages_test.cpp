@@ -140,6 +140,8 @@ TEST_F(SeasonTest, FiguresAreThoseOfTheRows) {
     }
     EXPECT_EQ(seen, int(courses.at(team).size()));
   }
+  EXPECT_EQ(OutingText({1, 5, 2, 0, 0, 1, 3, 0, 0, 4}, SeasonRole::Batting),
+            "2 for 5, 1 HR, 3 RBI, 4 SB");
   // Fifteen at-bats of one man in one game qualify nobody whose team has played more.
   std::vector<double> averages;
   for (const SeasonMan& man : season.men) {

@@ -157,6 +157,7 @@ struct Game {
     if (verb == "free") FreePiece(board, row);
     if (verb == "plate") ClearPlate(board, row);
     if (verb == "reset") ResetGamePieces(board);
+    if (verb == "due") ChooseManDue(board);
     if (verb == "right") PutRight(board, ProofMoment::Save, Prove(board, ProofMoment::Save));
     if (verb == "cell") {  // "cell:v3,17=6.1"
       const int column = std::atoi(rest.substr(rest.find(',') + 1).c_str());

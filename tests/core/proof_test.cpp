@@ -40,6 +40,7 @@ bat:v9 up:v RBI HR GO GO GO right: => -
 GO GO GO => due h0
 GO GO GO bat:h0 => h0
 GO GO GO bat:h0 GO GO GO => due v3
+GO GO GO bat:h0 GO GO GO due: => v3
 GO GO TO bat:h0 GO GO GO => due v2
 GO GO GO bat:h8 GO GO GO bat:v3 K K K => due h2
 GO rewrite:vZ => due v1

@@ -28,6 +28,10 @@ def main(folder):
                 assert target.is_file() and folder in target.parents, (page, link)
                 linked.add(target)
         tables = list(root.iter(XHTML + "table"))
+        for table in tables:
+            widths = [len(row) for row in table.iter(XHTML + "tr")]
+            assert len(set(widths)) == 1, (page, widths)
+            assert len(widths) > 1 or page.name == "index.html", page
         rows = [texts(row) for row in tables[0].iter(XHTML + "tr")] if tables else []
         for row in rows[1:]:
             if page.parent.name == "games":

@@ -167,9 +167,10 @@ TEST_F(SeasonTest, PagesAreValidAndTheirLinksLead) {
   EXPECT_NE(desk.told.at(0).find(Report("Season 2026-11-18")), std::string::npos);
   const Strings page = Lines("read_pages.py", Report("Season 2026-11-18"));
   const std::set<std::string> lines(page.begin(), page.end());
-  EXPECT_TRUE(lines.contains(
-      "pages " + std::to_string(1 + 5 + 15 + 12 + MonthMarks(ReadSeason(ports.database)).size())))
-      << page.front();
+  const std::string count =
+      std::to_string(1 + 5 + 15 + 12 + MonthMarks(ReadSeason(ports.database)).size());
+  EXPECT_TRUE(lines.contains("pages " + count)) << page.front();
+  EXPECT_NE(desk.told.at(0).find(count + " pages"), std::string::npos) << desk.told.at(0);
   // Each game's page has both lines of the score and all men.
   for (const Game& game : games) {
     for (std::size_t side = 0; side < 2; ++side) {

@@ -163,6 +163,7 @@ void ShowFiles(SeasonDesk& desk) {
     shown = 1;
   }
   for (SeasonState::File& file : state.files) ShowFile(file, what);
+  if (desk.kept.season && shown == 0) state.files[0].title.Set("Choose a team or a game");
   state.shownFiles.Set(shown);
 }
 

@@ -3,16 +3,17 @@
 #include <QLineEdit>
 
 #include "replay/play_table.h"
+#include "sheet/save_game.h"
 #include "windows/boxes/busy.h"
+#include "windows/browser_form_test.h"
 #include "windows/seasons/season_form.h"
-#include "windows/window_test.h"
 
 namespace dtb {
 namespace {
 
 constexpr const char* kArchive = DTB_PROGRAM_FOLDER "/../tests/seasons/2020-part.zip";
 
-class SeasonWindowTest : public WindowTest {
+class SeasonWindowTest : public BrowserFormTest {
  protected:
   SeasonWindowTest() { setup_.dialogs = &dialogs_; }
   ~SeasonWindowTest() override { ProgressPanel::moment = usualMoment_; }
@@ -39,9 +40,10 @@ class SeasonWindowTest : public WindowTest {
     Click(table->viewport(), {}, Qt::LeftButton,
           table->visualRect(table->model()->index(row - 1, 1)).center());
   }
-  QString Line(const char* grid, int row) {
-    return Part<QTableView>(grid)->model()->index(row - 1, 2).data().toString();
+  QString Cell(const char* grid, int row, int column) {
+    return Part<QTableView>(grid)->model()->index(row - 1, column).data().toString();
   }
+  QString Line(const char* grid, int row) { return Cell(grid, row, 2); }
   QString Told(const char* name) { return Part<QLabel>(name)->text(); }
   QByteArray Written() {
     QFile file(folder_.filePath(QStringLiteral("Teams/Oakland 2020.txt")));
@@ -49,6 +51,7 @@ class SeasonWindowTest : public WindowTest {
   }
 
   replay::ScriptedDialogs dialogs_;
+  QString played_;  // marks of the first two games
   const int usualMoment_ = ProgressPanel::moment;
 };
 
@@ -105,6 +108,41 @@ TEST_F(SeasonWindowTest, CancelLeavesTheSeasonTheChoiceAndTheNextRunAsTheyWere) 
   InWindow([this] {
     EXPECT_TRUE(Told("lbl_File2").endsWith("on 2020-08-07")) << "the choice is found again";
   });
+}
+
+TEST_F(SeasonWindowTest, ASavedGameIsMarkedAndTheNextOneFollows) {
+  MakeDatabase("");
+  const auto next = [this] {
+    InWindow([this] {
+      if (Cell("grd_Teams", 1, 1).isEmpty()) Choose(kArchive);
+      ClickRow("grd_Teams", 20);
+      played_ = Cell("grd_Games", 1, 4) + '|' + Cell("grd_Games", 2, 4);
+      Click(Part("cmd_NextGame"));
+    });
+  };
+  next();
+  EXPECT_EQ(played_, "|");
+  for (const Side side : {Side::Visitors, Side::Home}) {
+    SideOf(board(), side).list.Select(20);
+    ChangePitcher(board(), side);
+  }
+  PutAtBat(board(), Side::Visitors);
+  board().state.List1.Select(0);
+  QTimer answers;  // yes to every question, and the proof may say what it likes
+  QObject::connect(&answers, &QTimer::timeout, [this] {
+    MessageBox* box = MessageBox::Open();
+    if (box == nullptr) return;
+    for (auto* button : box->findChildren<QPushButton*>()) {
+      if (button->text() == QStringLiteral("Save as it stands")) return button->click();
+    }
+    Press(box->window(), box->question() ? Qt::Key_Y : Qt::Key_Return);
+  });
+  answers.start(0);
+  SaveGame(board());
+  EXPECT_FALSE(board().sheet.Command2_enabled.value());
+  next();
+  EXPECT_EQ(played_, "yes|");
+  EXPECT_TRUE(QDir(folder_.filePath(QStringLiteral("Teams/OAK202007250"))).exists());
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ using namespace look;
 constexpr double kReach = 1.6;           // of the pointer, in type sizes
 constexpr QColor kDimLine{78, 108, 93};  // of teams that are not chosen
 constexpr std::size_t kManyPoints = 150;
-constexpr int kMostMarks = 9;            // of the axis
+constexpr int kMostMarks = 9;  // of the axis
 
 }  // namespace
 
@@ -108,7 +108,8 @@ void SeasonCourseChart::DrawCourse(QPainter& painter, const PlotScale& scale,
     line += QPointF(scale.X(point.game), scale.Y(point.above));
   }
   const bool stands = course.team == chosen_;
-  // Lines of a pixel are painted several times as fast as others, which counts where points are many.
+  // Lines of a pixel are painted several times as fast as others, which counts where points are
+  // many.
   const double thin = course.points.size() > kManyPoints ? 1 : type() / 10;
   QPen pen = LinePen(course.look, stands ? 2.4 * thin : thin);
   if (chosen_ >= 0 && !stands) {

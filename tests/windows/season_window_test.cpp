@@ -16,7 +16,7 @@ constexpr const char* kArchive = DTB_PROGRAM_FOLDER "/../tests/seasons/2020-part
 class SeasonWindowTest : public BrowserFormTest {
  protected:
   SeasonWindowTest() { setup_.dialogs = &dialogs_; }
-  ~SeasonWindowTest() override { ProgressPanel::moment = usualMoment_; }
+  void TearDown() override { ProgressPanel::moment = usualMoment_; }
 
   // Opens the window from the menu, acts in it, and closes it unless that was done.
   void InWindow(const std::function<void()>& action) {

@@ -49,7 +49,15 @@ class PlayFolder {
     for (const QString& name : shipped.entryList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
       // A program's own database and reports may lie beside what came with it.
       if (name.startsWith("DTB") || name == "Game Rpts") continue;
-      QFile::link(shipped.filePath(name), filePath(name));
+      // The program writes team files of a season beside those that came with it.
+      const QDir teams(shipped.filePath(name));
+      if (name != "Teams" || !QDir().mkpath(filePath(name))) {
+        QFile::link(shipped.filePath(name), filePath(name));
+        continue;
+      }
+      for (const QString& team : teams.entryList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
+        QFile::link(teams.filePath(team), filePath(name + '/' + team));
+      }
     }
     const QString file = QFileInfo(database).absoluteFilePath();
     if (database.isEmpty()) {

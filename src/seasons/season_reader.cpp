@@ -100,9 +100,11 @@ std::optional<Season> ReadSeason(Archive& archive, const std::function<bool(doub
   }
   Season season = lines.Take();
   if (season.games.empty()) {
+    const std::string why = season.skipped.empty() ? "" : season.skipped.front() + ' ';
     throw ProgramError(error_number::kFileNotFound,
-                       "There is no game of a season in it. The archive of a season has files such "
-                       "as TEAM2020, NYA2020.ROS and 2020NYA.EVA.");
+                       why +
+                           "There is no game of a season in it. The archive of a season has files "
+                           "such as TEAM2020, NYA2020.ROS and 2020NYA.EVA.");
   }
   return season;
 }

@@ -54,7 +54,7 @@ std::string Result(const Game& game, int club) {
   int ours = game.sides[0].runs;
   int theirs = game.sides[1].runs;
   if (club == game.sides[1].club) std::swap(ours, theirs);
-  const std::string score = std::to_string(ours) + '-' + std::to_string(theirs);
+  std::string score = std::to_string(ours) + '-' + std::to_string(theirs);
   if (club == kAllClubs) return score;
   return (ours > theirs ? "W " : ours < theirs ? "L " : "T ") + score;
 }
@@ -163,6 +163,7 @@ void ShowFiles(SeasonDesk& desk) {
     shown = 1;
   }
   for (SeasonState::File& file : state.files) ShowFile(file, what);
+  if (desk.kept.season && shown == 0) state.files[0].title.Set("Choose a team or a game");
   state.shownFiles.Set(shown);
 }
 

@@ -63,6 +63,7 @@ TEST_F(Archives, BadOnesAreRefusedInPlainWords) {
   Put(folder_ / "text.zip", "no zip at all");
   has(Fault(folder_ / "text.zip"), "is not a zip file");
   has(Fault(Zip({{"readme.txt", "x"}})), "no game of a season");
+  has(Fault(Zip({{"../2020OAK.EVA", "x"}})), "outside the archive and was left out");
   has(Fault(Zip({{"2020AAA.EVA", kGame}}, "secret")), "is encrypted");
 
   std::ifstream part(DTB_SEASON_FILES "2020-part.zip", std::ios::binary);

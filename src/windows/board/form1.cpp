@@ -48,6 +48,8 @@ Form1::Form1(Board& board, Aids& aids, QtPictures& pictures)
   log_ = new LogWindow(board.log, this);
   form2_ = new Form2(board, pictures, this);
   form2_->addActions({edit_->undo(), edit_->redo()});
+  // Else the toolkit would give the focus to the first button, and an Enter would press it.
+  park_->setFocus(Qt::OtherFocusReason);
   setMinimumSize(qRound(kSceneWidth * kSmallestScale), qRound(kSceneHeight * kSmallestScale));
   PlaceAtLaunch();
   StartTimers();

@@ -292,7 +292,7 @@ void SeasonForm::resizeEvent(QResizeEvent* event) {
     title->setFont(Font(kBody * scale, true));
     title->setFixedHeight(title->fontMetrics().height());  // also of an empty one
   }
-  for (QLabel* note : notes_) note->setFont(Font(kTiny * scale));
+  for (QLabel* note : notes_) note->setFont(Font(kSmall * scale));
   const int height = qRound(kControlHeight * scale);
   for (auto* button : findChildren<QPushButton*>()) {
     if (button->objectName() == QLatin1String("cmd_Cancel")) continue;

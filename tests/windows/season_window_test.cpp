@@ -1,0 +1,149 @@
+// The window "From a season...", with real clicks and keys.
+#include <QAction>
+#include <QLineEdit>
+
+#include "replay/play_table.h"
+#include "sheet/save_game.h"
+#include "windows/boxes/busy.h"
+#include "windows/browser_form_test.h"
+#include "windows/seasons/season_form.h"
+
+namespace dtb {
+namespace {
+
+constexpr const char* kArchive = DTB_PROGRAM_FOLDER "/../tests/seasons/2020-part.zip";
+
+class SeasonWindowTest : public BrowserFormTest {
+ protected:
+  SeasonWindowTest() { setup_.dialogs = &dialogs_; }
+  void TearDown() override { ProgressPanel::moment = usualMoment_; }
+
+  // Opens the window from the menu, acts in it, and closes it unless that was done.
+  void InWindow(const std::function<void()>& action) {
+    WhileWaiting([this, action] {
+      action();
+      if (Form() != nullptr && Form()->isVisible()) Press(Form(), Qt::Key_Escape);
+    });
+    Find<QAction>("mnuSeason")->trigger();
+  }
+  SeasonForm* Form() { return form1().findChild<SeasonForm*>(); }
+  template <class T = QWidget>
+  T* Part(const char* name) {
+    return Form()->findChild<T*>(QLatin1String(name));
+  }
+  void Choose(const std::string& archive) {
+    dialogs_.answers.append(std::filesystem::path(archive));
+    Click(Part("cmd_Zip"));
+  }
+  void ClickRow(const char* grid, int row) {
+    auto* table = Part<QTableView>(grid);
+    Click(table->viewport(), {}, Qt::LeftButton,
+          table->visualRect(table->model()->index(row - 1, 1)).center());
+  }
+  QString Cell(const char* grid, int row, int column) {
+    return Part<QTableView>(grid)->model()->index(row - 1, column).data().toString();
+  }
+  QString Line(const char* grid, int row) { return Cell(grid, row, 2); }
+  QString Told(const char* name) { return Part<QLabel>(name)->text(); }
+  QByteArray Written() {
+    QFile file(folder_.filePath(QStringLiteral("Teams/Oakland 2020.txt")));
+    return file.open(QIODevice::ReadOnly) ? file.readLine() : QByteArray();
+  }
+
+  replay::ScriptedDialogs dialogs_;
+  QString played_;  // marks of the first two games
+  const int usualMoment_ = ProgressPanel::moment;
+};
+
+TEST_F(SeasonWindowTest, ATeamIsSeenWrittenAndLoadedForBothSides) {
+  InWindow([this] {
+    Choose(kArchive);
+    EXPECT_FALSE(Part("cmd_Write")->isEnabled());
+    ClickRow("grd_Teams", 20);
+    EXPECT_EQ(Line("grd_File1", 1), "Marcus Semien=SS R .188 2 HR");
+    Click(Part("tb_Batters"));
+    Press(Form(), Qt::Key_A, Qt::ControlModifier);
+    Type(Form(), "{hr} HR {x}");
+    EXPECT_EQ(Line("grd_File1", 1), "Marcus Semien=2 HR {x}");
+    EXPECT_EQ(Told("lbl_Forms"), "Not known for batters: {x}");
+    for (int i = 0; i < 4; ++i) Press(Form(), Qt::Key_Backspace);
+
+    QDir(folder_.path()).mkdir(QStringLiteral("Teams"));
+    WriteFile(folder_.filePath(QStringLiteral("Teams/Oakland 2020.txt")), "mine\n");
+    const auto messages = AnswerBoxes({Qt::Key_N, Qt::Key_Y});
+    Click(Part("cmd_Write"));
+    EXPECT_EQ(Written(), "mine\n");
+    Click(Part("cmd_Write"));
+    EXPECT_EQ(Written(), "Marcus Semien=2 HR\n");
+    EXPECT_EQ(messages->size(), 2);
+    Click(Part("cmd_LoadVisitors"));
+    ClickRow("grd_Teams", 13);
+    Click(Part("cmd_LoadHome"));
+  });
+  EXPECT_EQ(board().state.tb_VisTeam.value(), "Oakland 2020");
+  EXPECT_EQ(board().state.tb_HomeTeam.value(), "Houston 2020");
+}
+
+TEST_F(SeasonWindowTest, CancelLeavesTheSeasonTheChoiceAndTheNextRunAsTheyWere) {
+  InWindow([this] {
+    Choose(kArchive);
+    ClickRow("grd_Teams", 20);
+    ClickRow("grd_Games", 10);
+    const QString line = Line("grd_File2", 1);
+    const std::string other = FromQt(folder_.filePath(QStringLiteral("other.zip")));
+    std::filesystem::copy_file(kArchive, other);
+    ProgressPanel::moment = 0;  // shows at once
+    WhenTrue(
+        [this] {
+          auto* panel = Form()->findChild<ProgressPanel*>();
+          return panel != nullptr && panel->isVisible();
+        },
+        [this] { Click(Part("cmd_Cancel")); });
+    Choose(other);
+    EXPECT_TRUE(Told("lbl_Archive").startsWith("2020-part.zip")) << FromQt(Told("lbl_Archive"));
+    EXPECT_EQ(Line("grd_File2", 1), line);
+    Click(Part("cmd_LoadGame"));
+  });
+  EXPECT_EQ(board().state.tb_VisTeam.value(), "Houston 2020");
+  InWindow([this] {
+    EXPECT_TRUE(Told("lbl_File2").endsWith("on 2020-08-07")) << "the choice is found again";
+  });
+}
+
+TEST_F(SeasonWindowTest, ASavedGameIsMarkedAndTheNextOneFollows) {
+  MakeDatabase("");
+  const auto next = [this] {
+    InWindow([this] {
+      if (Cell("grd_Teams", 1, 1).isEmpty()) Choose(kArchive);
+      ClickRow("grd_Teams", 20);
+      played_ = Cell("grd_Games", 1, 4) + '|' + Cell("grd_Games", 2, 4);
+      Click(Part("cmd_NextGame"));
+    });
+  };
+  next();
+  EXPECT_EQ(played_, "|");
+  for (const Side side : {Side::Visitors, Side::Home}) {
+    SideOf(board(), side).list.Select(20);
+    ChangePitcher(board(), side);
+  }
+  PutAtBat(board(), Side::Visitors);
+  board().state.List1.Select(0);
+  QTimer answers;  // yes to every question, and the proof may say what it likes
+  QObject::connect(&answers, &QTimer::timeout, [this] {
+    MessageBox* box = MessageBox::Open();
+    if (box == nullptr) return;
+    for (auto* button : box->findChildren<QPushButton*>()) {
+      if (button->text() == QStringLiteral("Save as it stands")) return button->click();
+    }
+    Press(box->window(), box->question() ? Qt::Key_Y : Qt::Key_Return);
+  });
+  answers.start(0);
+  SaveGame(board());
+  EXPECT_FALSE(board().sheet.Command2_enabled.value());
+  next();
+  EXPECT_EQ(played_, "yes|");
+  EXPECT_TRUE(QDir(folder_.filePath(QStringLiteral("Teams/OAK202007250"))).exists());
+}
+
+}  // namespace
+}  // namespace dtb

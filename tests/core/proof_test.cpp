@@ -28,7 +28,7 @@ RBI HR GO GO GO cell:v1,9=5 => The batters of Owls have 5 RBI, but the team scor
 RBI HR GO GO GO cell:h1,16=5 => The pitchers of Elks have 5 earned runs, but Owls scored 1 run.;
 GO GO GO cell:h1,17=6.1 => l made 3 outs, 1.00 innings, but would be saved with 6.1. -> 1.00;
 GO GO GO cell:h7,17=1.00 cell:h1,17=1.00 => A row of Elks without a pitcher has 1.00 innings. -> ;
-GO GO GO cell:h1,14=x => Elks, row 1 (l), column H: "x" stands where a number belongs.;
+GO GO GO cell:h1,12=x => Elks, row 1 (l), column K: "x" stands where a number belongs.;
 rewrite:vZ => Z bats for Owls but is not on the sheet, so nothing is counted for him.;
 
 Put right: 8 outs of L, and 1 of J who came for him while the others batted.

@@ -19,7 +19,7 @@
 #include "platform/xlsx/xlsx_workbooks.h"
 #include "platform/zip/zip_archives.h"
 #include "windows/board/form1.h"
-#include "windows/boxes/message_box.h"
+#include "windows/boxes/window_boxes.h"
 
 namespace dtb {
 

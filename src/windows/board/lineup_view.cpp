@@ -27,8 +27,10 @@ QString ShownEntry(const std::string& entry) {
 // What else the model tells of a row.
 constexpr int kBatterRole = Qt::UserRole;    // he bats now
 constexpr int kNoteRole = Qt::UserRole + 1;  // a word about him
-constexpr QColor kDimInk{84, 92, 86};        // what is no name
+constexpr QColor kDimInk{64, 70, 66};        // what is no name
 constexpr int kGap = 10;                     // pixels between a name and what is remarked of him
+constexpr int kSlack = 2;                    // pixels by which a text may be wider than its letters
+constexpr double kSmallestRemark = kSmall / kLarge;  // of the type of the names
 
 constexpr int kRows = 12;  // fill the list without a scroll bar
 
@@ -57,7 +59,8 @@ class EntryDelegate : public QStyledItemDelegate {
     }
     const int noteWidth = note.isEmpty() ? 0 : DrawNote(*painter, row, note);
     painter->setFont(option.font);
-    DrawEntry(*painter, row.adjusted(gutter + 2, 0, -4 - noteWidth, 0), index,
+    const QRect place = row.adjusted(gutter + 2, 0, -4, 0);
+    DrawEntry(*painter, place.adjusted(0, 0, -noteWidth, 0), place.width(), index,
               batter || selected ? kInk : kDimInk);
     if (index.row() == kStarters - 1) {
       painter->setPen(QPen(kEdgeBright, 1));
@@ -67,27 +70,29 @@ class EntryDelegate : public QStyledItemDelegate {
   }
 
   // The name, and in a column of its own what stands behind "=". A remark too long for the column
-  // begins as far left as the name leaves room.
-  static void DrawEntry(QPainter& painter, const QRect& place, const QModelIndex& index,
+  // begins further left, as far as the name leaves room.
+  // `room` is what a row without a chip has.
+  static void DrawEntry(QPainter& painter, const QRect& place, int room, const QModelIndex& index,
                         const QColor& remarkInk) {
     const QFontMetrics metrics = painter.fontMetrics();
-    const auto draw = [&](int left, int width, const QString& text) {
-      painter.drawText(QRect(place.left() + left, place.top(), width, place.height()),
-                       Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                       metrics.elidedText(text, Qt::ElideRight, width));
-    };
     const auto* model = static_cast<const LineupModel*>(index.model());
     const LineupModel::Entry entry = model->EntryAt(index.row());
     painter.setPen(kInk);
-    draw(0, place.width(), entry.name);
+    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     metrics.elidedText(entry.name, Qt::ElideRight, place.width()));
     if (entry.remark.isEmpty()) return;
     const int nameEnd = metrics.horizontalAdvance(entry.name) + kGap;
-    const int remarkWidth = metrics.horizontalAdvance(entry.remark);
-    int left = std::max(nameEnd, model->RemarksBegin(metrics) + kGap);
-    if (left + remarkWidth > place.width()) left = std::max(nameEnd, place.width() - remarkWidth);
-    if (left >= place.width()) return;
+    if (nameEnd >= place.width()) return;
+    const LineupModel::Remarks shown = model->RemarksIn(painter.font(), room);
+    painter.setFont(shown.font);
+    const QFontMetrics remarks = painter.fontMetrics();
+    const int width =
+        std::min(remarks.horizontalAdvance(entry.remark) + kSlack, place.width() - nameEnd);
+    const int left = std::min(std::max(nameEnd, shown.left), place.width() - width);
     painter.setPen(remarkInk);
-    draw(left, place.width() - left, entry.remark);
+    painter.drawText(QRect(place.left() + left, place.top(), width, place.height()),
+                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     remarks.elidedText(entry.remark, Qt::ElideRight, width));
   }
 
   // A chip at the right end of the row, in the present small type. Returns its width with its gap.
@@ -150,17 +155,35 @@ LineupModel::Entry LineupModel::EntryAt(int row) const {
   return {entry.left(mark), entry.mid(mark + 1)};
 }
 
-int LineupModel::RemarksBegin(const QFontMetrics& metrics) const {
-  if (remarksBegin_ < 0 || metrics != measured_) {
-    measured_ = metrics;
-    remarksBegin_ = 0;
-    for (int row = 0; row < shownRows_; ++row) {
-      const Entry entry = EntryAt(row);
-      if (entry.remark.isEmpty()) continue;
-      remarksBegin_ = std::max(remarksBegin_, metrics.horizontalAdvance(entry.name));
+// One size for the remarks of the whole list: the largest in which those of the batting order fit
+// behind their names. The bench and the pitchers may have much longer ones.
+LineupModel::Remarks LineupModel::RemarksIn(const QFont& font, int room) const {
+  if (measuredRoom_ == room && measured_ == font) return remarks_;
+  measured_ = font;
+  measuredRoom_ = room;
+  const QFontMetrics names(font);
+  remarks_ = {font, 0};
+  int longest = 0;
+  QList<QPair<int, QString>> inOrder;  // end of the name, and remark
+  for (int row = 0; row < shownRows_; ++row) {
+    const Entry entry = EntryAt(row);
+    if (entry.remark.isEmpty()) continue;
+    const int nameEnd = names.horizontalAdvance(entry.name) + kGap;
+    longest = std::max(longest, nameEnd);
+    if (row < kStarters) inOrder.append({nameEnd, entry.remark});
+  }
+  remarks_.left = longest;
+  for (const double share : kFittingSizes) {
+    if (share < kSmallestRemark) break;
+    remarks_.font.setPixelSize(FittingSize(font.pixelSize(), share));
+    const QFontMetrics metrics(remarks_.font);
+    if (std::ranges::all_of(inOrder, [&](const auto& entry) {
+          return entry.first + metrics.horizontalAdvance(entry.second) + kSlack <= room;
+        })) {
+      break;
     }
   }
-  return remarksBegin_;
+  return remarks_;
 }
 
 QString LineupModel::NoteOf(int row) const {
@@ -171,7 +194,7 @@ QString LineupModel::NoteOf(int row) const {
 
 void LineupModel::Refresh() {
   const int rows = list_.size();
-  remarksBegin_ = -1;
+  measuredRoom_ = -1;
   if (rows > shownRows_) {
     beginInsertRows({}, shownRows_, rows - 1);
     shownRows_ = rows;
@@ -195,6 +218,8 @@ LineupView::LineupView(Board& board, Side side, QWidget* parent)
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollMode(ScrollPerItem);
   setFrameShape(NoFrame);
+  constexpr int kRing = 3;  // pixels; of the keyboard focus
+  setViewportMargins(kRing, kRing, kRing, kRing);
   setMouseTracking(true);
   setContextMenuPolicy(Qt::PreventContextMenu);
   TakeClosingPress(viewport());
@@ -320,8 +345,17 @@ void LineupView::paintEvent(QPaintEvent* event) {
   QRect rest = viewport()->rect();
   rest.setTop(rest.height() - rest.height() % kRows);
   painter.fillRect(rest, palette().color(QPalette::Base));
-  if (!hasFocus()) return;
-  DrawFocus(painter, viewport()->rect(), 2);
+}
+
+// The ring of the focus stands around the rows.
+bool LineupView::event(QEvent* event) {
+  const bool done = QListView::event(event);
+  if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
+  if (event->type() == QEvent::Paint && hasFocus()) {
+    QPainter painter(this);
+    DrawFocus(painter, rect(), 2);
+  }
+  return done;
 }
 
 }  // namespace dtb

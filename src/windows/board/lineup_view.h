@@ -2,7 +2,7 @@
 #pragma once
 
 #include <QAbstractListModel>
-#include <QFontMetrics>
+#include <QFont>
 #include <QListView>
 
 #include "game/board.h"
@@ -26,8 +26,13 @@ class LineupModel : public QAbstractListModel {
     QString remark;
   };
   [[nodiscard]] Entry EntryAt(int row) const;
-  // The width of the longest name that has a remark: the remarks stand behind it in a column.
-  [[nodiscard]] int RemarksBegin(const QFontMetrics& metrics) const;
+  // How the remarks are shown behind names of this font, in rows of so many pixels: their type, and
+  // where their column begins, behind the longest name.
+  struct Remarks {
+    QFont font;
+    int left = 0;
+  };
+  [[nodiscard]] Remarks RemarksIn(const QFont& font, int room) const;
 
  private:
   // What stands at the right of a row: who is due, and who has no line on the sheet.
@@ -37,8 +42,9 @@ class LineupModel : public QAbstractListModel {
   Side side_;
   LineupList& list_;
   int shownRows_ = 0;
-  mutable QFontMetrics measured_{QFont()};  // in which the width below was measured
-  mutable int remarksBegin_ = -1;           // below 0: not known yet
+  mutable Remarks remarks_;  // for the font and the room below
+  mutable QFont measured_;
+  mutable int measuredRoom_ = -1;  // below 0: not known yet
 };
 
 // Turns the gestures of mouse and keyboard into operations on the side's line-up. The row under the
@@ -57,6 +63,7 @@ class LineupView : public QListView {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
   void ShowState();

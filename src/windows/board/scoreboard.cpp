@@ -328,6 +328,7 @@ void Scoreboard::BuildExtraInnings(QtPictures& pictures) {
     });
     auto* team = new FigureField(extraInnings_);
     team->setReadOnly(true);
+    team->setAttribute(Qt::WA_TransparentForMouseEvents);
     team->setFocusPolicy(Qt::NoFocus);
     DressTeam(team, side, {kFrame4.left, kFrame4.top});
     if (visitors != nullptr) team->SetTextFits(visitors);

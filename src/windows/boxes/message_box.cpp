@@ -37,7 +37,6 @@ constexpr double kCloseSize = 28;
 constexpr double kLeastTextHeight = 40;
 constexpr double kTallText = 240;
 constexpr double kMostTextHeight = 700;  // a longer text scrolls
-constexpr double kLeastScale = 0.5;      // of the type, however small the board
 // A list entry may be of any length; more than this is no help to anybody.
 constexpr qsizetype kLongestMessage = 20000;
 
@@ -81,11 +80,6 @@ class Badge : public QWidget {
  private:
   BoxIcon icon_;
 };
-
-// A box that names no title bears the program's.
-QString TitleOr(const std::string& title) {
-  return title.empty() ? QStringLiteral("Kelvane Diamond Table") : ToQt(title);
-}
 
 // The message, wrapped between its words, or within a word that is wider than the box. Its height
 // is measured in the layout that is drawn.
@@ -486,56 +480,5 @@ bool MessageBox::eventFilter(QObject* watched, QEvent* event) {
 BoxKey::BoxKey(int key) : outer_(std::exchange(closingKey, key)) {}
 
 BoxKey::~BoxKey() { closingKey = outer_; }
-
-void WindowBoxes::ShowRecorded(const std::string& message, BoxAlignment alignment) {
-  Run({ToQt(message), {}, BoxIcon::None, alignment, false});
-}
-
-void WindowBoxes::Confirm(const std::string& message, const std::string& counted) {
-  if (quick_ == nullptr || !quick_->value() || mainWindow_.isNull()) {
-    ShowRecorded(message, BoxAlignment::Centred);
-    return;
-  }
-  if (!notices_) notices_ = new Notices(mainWindow_->centralWidget());
-  notices_->Show(ToQt(message), ToQt(counted), Scale());
-}
-
-void WindowBoxes::Show(const std::string& message, BoxIcon icon, const std::string& title) {
-  Run({ToQt(message), TitleOr(title), icon, BoxAlignment::Left, false});
-}
-
-bool WindowBoxes::Ask(const Question& question) {
-  return Run({ToQt(question.text), TitleOr(question.title), BoxIcon::Exclamation,
-              BoxAlignment::Left, true, question.yesIsUsual});
-}
-
-std::size_t WindowBoxes::Choose(const Choice& choice) {
-  QString text = ToQt(choice.text) + QLatin1Char('\n');
-  for (const std::string& line : choice.lines) {
-    text += QStringLiteral("\n\u2013 ") + ToQt(line);
-  }
-  QStringList answers;
-  for (const std::string& answer : choice.answers) answers += ToQt(answer);
-  return static_cast<std::size_t>(MessageBox::RunChoice(
-      Front(),
-      {text, TitleOr(choice.title), BoxIcon::Exclamation, BoxAlignment::Left, true, false, answers},
-      Scale()));
-}
-
-bool WindowBoxes::Run(const MessageBox::Content& content) const {
-  return MessageBox::Run(Front(), content, Scale());
-}
-
-QWidget* WindowBoxes::Front() const {
-  QWidget* modal = QApplication::activeModalWidget();
-  return modal != nullptr ? modal : mainWindow_.data();
-}
-
-double WindowBoxes::Scale() const {
-  if (mainWindow_.isNull()) return 1;
-  const QSizeF board = mainWindow_->centralWidget()->size();
-  return std::max(kLeastScale,
-                  std::min(board.width() / kSceneWidth, board.height() / kSceneHeight));
-}
 
 }  // namespace dtb

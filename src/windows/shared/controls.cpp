@@ -4,7 +4,6 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QStyleOption>
-#include <array>
 #include <cstdlib>
 #include <vector>
 
@@ -15,21 +14,6 @@
 namespace dtb {
 
 using namespace look;
-
-namespace {
-
-constexpr std::array kSizes{kLarge, kBody, kSmall, kTiny};  // from which a fitting one is chosen
-
-QFont FittingFont(QFont font, const QString& text, int room) {
-  const int full = font.pixelSize();
-  for (const double size : kSizes) {
-    font.setPixelSize(std::max(7, qRound(full * size / kLarge)));
-    if (QFontMetrics(font).horizontalAdvance(text) <= room) break;
-  }
-  return font;
-}
-
-}  // namespace
 
 Panel::Panel(QWidget* parent) : QWidget(parent), fill_(kSlateOverPark) {}
 
@@ -272,8 +256,8 @@ void FigureField::FitText() {
   const QScopedValueRollback fitting(fitting_, true);
   const QScopedValueRollback partnersFitting(partner_->fitting_, true);
   QFont fitted = font();
-  for (const double size : kSizes) {
-    fitted.setPixelSize(std::max(7, qRound(fullSize_ * size / kLarge)));
+  for (const double share : kFittingSizes) {
+    fitted.setPixelSize(FittingSize(fullSize_, share));
     if (Fits(fitted) && partner_->Fits(fitted)) break;
   }
   for (FigureField* field : {this, partner_}) {

@@ -42,6 +42,20 @@ QPalette Palette() {
   return palette;
 }
 
+int FittingSize(int fullSize, double share) {
+  constexpr int kLeast = 7;  // pixels; below that no letter can be told
+  return std::max(kLeast, qRound(fullSize * share));
+}
+
+QFont FittingFont(QFont font, const QString& text, int room) {
+  const int full = font.pixelSize();
+  for (const double share : kFittingSizes) {
+    font.setPixelSize(FittingSize(full, share));
+    if (QFontMetrics(font).horizontalAdvance(text) <= room) break;
+  }
+  return font;
+}
+
 QPalette MenuPalette() {
   QPalette palette = Palette();
   palette.setColor(QPalette::Base, kSlateRaised);

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <QRectF>
+#include <array>
 
 #include "game/colour.h"
 
@@ -38,9 +39,17 @@ inline constexpr double kBody = 14;
 inline constexpr double kLarge = 18;
 inline constexpr double kHuge = 24;
 
+// The sizes of the look as shares of a control's own, from which one that fits is chosen.
+inline constexpr std::array kFittingSizes{1.0, kBody / kLarge, kSmall / kLarge, kTiny / kLarge};
+
 inline constexpr double kCorner = 6;
 
 [[nodiscard]] QFont Font(double pixels, bool bold = false);
+// The font, or the next smaller one of the look in which the text has room; the smallest where it
+// never has.
+[[nodiscard]] QFont FittingFont(QFont font, const QString& text, int room);
+// The pixels of a font of that size when it is made smaller by one of the shares above.
+[[nodiscard]] int FittingSize(int fullSize, double share);
 [[nodiscard]] QPalette Palette();
 // Menus are slate where fields are light.
 [[nodiscard]] QPalette MenuPalette();

@@ -15,6 +15,7 @@ fuzz_seconds=15
 rounds=0 gestures=0 games=0 save_kills=0 recovery_kills=0 inputs=0 found=0
 mkdir -p -- "$faults"
 export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1}
+export ASAN_OPTIONS=${ASAN_OPTIONS:-intercept_tls_get_addr=0}
 
 sums() {
   printf '%s rounds: %s gestures, %s random games, %s kills of saves, %s kills of recovery, %s inputs of fuzzers, %s faults\n' \
@@ -74,7 +75,7 @@ fuzz() {
   local learnt=$build/soak/corpus/$name
   output=$faults/$name-$seed.txt
   mkdir -p -- "$learnt"
-  if ASAN_OPTIONS=${ASAN_OPTIONS:-detect_leaks=0} "$program" -seed="$seed" \
+  if ASAN_OPTIONS=detect_leaks=0 "$program" -seed="$seed" \
     -max_total_time=$fuzz_seconds -timeout=120 -rss_limit_mb=4096 -max_len=65536 \
     -print_final_stats=1 -artifact_prefix="$faults/$name-" "$learnt" "$build/fuzz/corpus/$name" \
     >"$output" 2>&1; then

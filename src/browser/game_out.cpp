@@ -141,6 +141,7 @@ void TakeOut(Browser& browser, const std::string& id) {
   if (!wayBack) return;
 
   std::vector<Statement> statements;
+  statements.reserve(kTablesWithGameID.size() + tally.size());
   for (const auto& [table, word] : kTablesWithGameID) {
     statements.push_back({std::string("DELETE FROM ") + table + " WHERE GameID = ?1", {id}});
   }

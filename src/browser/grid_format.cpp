@@ -76,7 +76,7 @@ StatGrid GridOf(const std::vector<std::vector<std::string>>& rows) {
   return cells;
 }
 
-void ShowGrid(BrowserGrid& grid, StatGrid contents) {
+void ShowGrid(BrowserGrid& grid, StatGrid&& contents) {
   grid.grid.Take(std::move(contents));
   grid.visible.Set(true);
 }

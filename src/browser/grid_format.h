@@ -20,7 +20,7 @@ namespace dtb {
 [[nodiscard]] StatGrid GridOf(const std::vector<std::vector<std::string>>& rows);
 
 // Shows these contents in a grid.
-void ShowGrid(BrowserGrid& grid, StatGrid contents);
+void ShowGrid(BrowserGrid& grid, StatGrid&& contents);
 
 enum class Decimals { Two = 2, Three = 3 };  // the patterns ".00" and ".000"
 

@@ -14,7 +14,7 @@ namespace {
 
 struct Part {
   std::optional<Query> query;  // none: the season
-  int tab;
+  int tab = 0;
 };
 
 constexpr std::array kParts{
@@ -28,7 +28,7 @@ constexpr std::array kParts{
     Part{std::nullopt, browser_tab::kSeason},
 };
 
-void ShowTable(Browser& browser, Query query, StatGrid contents) {
+void ShowTable(Browser& browser, Query query, StatGrid&& contents) {
   // Blue until the next query.
   if (query == Query::Command4 && contents.columns() > line_score_column::kGameID) {
     contents.SetColumnInk(line_score_column::kGameID, kClickableBlue);

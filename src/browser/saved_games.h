@@ -15,6 +15,7 @@ struct SavedGame {
   std::string visitorsRuns = {};
   std::string homeRuns = {};
 
+  // NOLINTNEXTLINE(modernize-use-nullptr): a slip of the tool at this operator
   friend auto operator<=>(const SavedGame&, const SavedGame&) = default;
 };
 

@@ -107,7 +107,8 @@ struct QuietDesktop : MessageBoxes,
 inline Platform PlatformOf(QuietDesktop& desk, Database& database, Workbooks& workbooks,
                            const std::filesystem::path& programFolder = {},
                            DatabaseCopies* copies = nullptr) {
-  return {desk,      desk, desk, desk, desk, desk, database, copies == nullptr ? desk : *copies,
+  if (copies == nullptr) copies = &desk;
+  return {desk,      desk, desk, desk, desk, desk, database, *copies,
           workbooks, desk, desk, desk, desk, desk, desk,     programFolder};
 }
 

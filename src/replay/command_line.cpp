@@ -3,6 +3,7 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
+#include <array>
 
 #include "replay/gesture_forms.h"
 #include "replay/gestures.h"
@@ -45,10 +46,8 @@ Teams
   --replace writes over team files that differ.
 )";
 
-const char* const kFlags[] = {"help", "version", "gestures", "check",
-                              "show", "keys",    "undo",     "dump"};
-const char* const kValues[] = {"shots",   "size",       "database", "table",
-                               "program", "kill-every", "from"};
+constexpr std::array kFlags{"help", "version", "gestures", "check", "show", "keys", "undo", "dump"};
+constexpr std::array kValues{"shots", "size", "database", "table", "program", "kill-every", "from"};
 
 QSize SizeOf(const QString& given) {
   const QSize size(given.section('x', 0, 0).toInt(), given.section('x', 1).toInt());

@@ -82,8 +82,8 @@ Player::Player(PlayTable& table, const QString& script, const Options& options)
       table_(table),
       board_(table.desk.board()),
       script_(script),
-      options_(options) {
-  lines_ = LinesOf(script);
+      options_(options),
+      lines_(LinesOf(script)) {
   scriptLines_ = lines_.size();
   next_ = options.from;
   if (options.undo) {
@@ -263,8 +263,18 @@ bool Player::UseMouse(QString verb, const QString& gesture) {
   return verb == "DRAGROW" || target.control;
 }
 
-void Player::Perform(const QString& gesture) {
-  const QString verb = Word(gesture, 0);
+void Player::Tick(int periods) {
+  for (; periods > 0; --periods) {
+    for (auto* timer : table_.desk.form1().findChildren<QTimer*>(QRegularExpression("^tmr"))) {
+      const bool runs = timer->isActive() || timer->objectName() == "tmr_Constant";
+      const int ticks = runs ? 100 / timer->interval() : 0;
+      for (int tick = 0; tick < ticks; ++tick) QMetaObject::invokeMethod(timer, "timeout");
+    }
+  }
+}
+
+// What is typed, with or without a control of its own. False: the gesture is another.
+bool Player::UseKeys(const QString& verb, const QString& gesture) {
   QWidget* front = FrontWindow();
   // In a text field a key is a letter, which closes no box.
   const bool outcome =
@@ -272,18 +282,22 @@ void Player::Perform(const QString& gesture) {
   key_ = outcome ? Word(gesture, 1) : QString();
   if (verb == "OUTCOME") {
     PressKey(front, Word(gesture, 1));
-  } else if (verb == "UNDO" || verb == "REDO") {
+  } else if ((verb == "UNDO" || verb == "REDO") && front) {
     QWidget* focus = front->focusWidget();
     PressKey(focus ? focus : front, verb == "UNDO" ? "Ctrl+Z" : "Ctrl+Shift+Z");
-  } else if (verb == "KILL") {
-    Kill();
   } else if (verb == "TYPE") {
     TypeText(FindControl(Word(gesture, 1)), Rest(gesture, 2));
   } else if (verb == "KEY") {
     PressKey(FindControl(Word(gesture, 1)), Word(gesture, 2));
-  } else if (verb == "DRAG") {
-    Drag(TargetAt(Word(gesture, 1)), TargetInPark(Word(gesture, 2)));
-  } else if (verb == "PROOF") {
+  } else {
+    return false;
+  }
+  return true;
+}
+
+// What the boxes and dialogs of the next gesture are told. False: the gesture is another.
+bool Player::NoteAnswer(const QString& verb, const QString& gesture) {
+  if (verb == "PROOF") {
     proofAnswer_ = Word(gesture, 1) == "RIGHT" ? "Put right and save" : "Back to the sheet";
   } else if (verb == "ANSWER") {
     answers_ += Word(gesture, 1);
@@ -295,18 +309,26 @@ void Player::Perform(const QString& gesture) {
     table_.dialogs.answers += PathOfFile(file);
   } else if (verb == "CANCEL") {
     table_.dialogs.answers += std::nullopt;
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void Player::Perform(const QString& gesture) {
+  const QString verb = Word(gesture, 0);
+  QWidget* front = FrontWindow();
+  if (UseKeys(verb, gesture) || NoteAnswer(verb, gesture)) return;
+  if (verb == "KILL") {
+    Kill();
+  } else if (verb == "DRAG") {
+    Drag(TargetAt(Word(gesture, 1)), TargetInPark(Word(gesture, 2)));
   } else if (verb == "CLOSE" && front) {
     front->windowHandle()->close();
   } else if (verb == "MAXIMISE" && front) {
     front->showMaximized();
   } else if (verb == "TICK") {
-    for (int period = Number(gesture, 1); period > 0; --period) {
-      for (auto* timer : table_.desk.form1().findChildren<QTimer*>(QRegularExpression("^tmr"))) {
-        const bool runs = timer->isActive() || timer->objectName() == "tmr_Constant";
-        const int ticks = runs ? 100 / timer->interval() : 0;
-        for (int tick = 0; tick < ticks; ++tick) QMetaObject::invokeMethod(timer, "timeout");
-      }
-    }
+    Tick(Number(gesture, 1));
   } else if (verb == "DUMP") {
     Dump();
   } else if (verb == "MUST") {

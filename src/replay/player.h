@@ -50,6 +50,9 @@ class Player : public Driver {
   [[nodiscard]] bool StealsLater(const std::string& name) const;
   [[nodiscard]] bool NextLineIsFor(const MessageBox& box) const;
   void Perform(const QString& gesture);
+  bool UseKeys(const QString& verb, const QString& gesture);
+  bool NoteAnswer(const QString& verb, const QString& gesture);
+  void Tick(int periods);
   bool UseMouse(QString verb, const QString& gesture);
   // "NAME = VALUE", as DUMP shows it; "NAME =" is what DUMP leaves out.
   void RequireState(const QString& expectation) const;

@@ -96,7 +96,7 @@ class Reader {
 
   void BatterGoes(AtBat atBat, int to) {
     play_.atBat = atBat;
-    play_.goes[0] = static_cast<std::int8_t>(to);
+    play_.goes[0] = to;
   }
 
   // What may stand behind the letter of a hit, an error or a choice: fielders, how hard.
@@ -193,7 +193,7 @@ class Reader {
     const bool out = !steal && OutStands(event.substr(1));
     if (steal) play_.steals.at(from) = true;
     if (out) play_.goes.at(from) = kIsOut;
-    if (!out && ahead) play_.goes.at(from) = static_cast<std::int8_t>(base);
+    if (!out && ahead) play_.goes.at(from) = base;
     return true;
   }
 
@@ -234,7 +234,7 @@ class Reader {
         continue;
       }
       const bool out = move[1] == 'X' && OutStands(move.substr(3));
-      play_.goes.at(from) = out ? kIsOut : static_cast<std::int8_t>(to);
+      play_.goes.at(from) = out ? kIsOut : to;
     }
     return understood;
   }
@@ -257,9 +257,7 @@ bool Play::countsAsAtBat() const {
 }
 
 int Play::outs() const { return static_cast<int>(std::ranges::count(goes, kIsOut)); }
-int Play::runs() const {
-  return static_cast<int>(std::ranges::count(goes, static_cast<std::int8_t>(kHome)));
-}
+int Play::runs() const { return static_cast<int>(std::ranges::count(goes, kHome)); }
 
 bool ReadPlay(std::string_view text, Play& play) {
   play = Play{};

@@ -25,8 +25,8 @@ enum class AtBat : std::uint8_t {
 
 // Bases count from 1; the batter stands on 0, and kHome is home.
 inline constexpr int kHome = 4;
-inline constexpr std::int8_t kStays = -1;
-inline constexpr std::int8_t kIsOut = -2;
+inline constexpr int kStays = -1;
+inline constexpr int kIsOut = -2;
 
 struct Play {
   AtBat atBat = AtBat::None;
@@ -34,7 +34,7 @@ struct Play {
   bool sacrificeFly = false;
   // Where the man on each base goes: a base, kHome, kStays or kIsOut. The batter's is kStays for as
   // long as he bats. Who is not named stays; on a home run that means that he scores.
-  std::array<std::int8_t, 4> goes{kStays, kStays, kStays, kStays};
+  std::array<int, 4> goes{kStays, kStays, kStays, kStays};
   std::array<bool, 4> steals{};  // the man who stood there
 
   [[nodiscard]] bool ended() const { return atBat != AtBat::None; }

@@ -62,6 +62,7 @@ std::vector<TeamText> TeamsOfGame(const Season& season, const std::string& id) {
                            season.games.front().id + ".");
   }
   std::vector<TeamText> teams;
+  teams.reserve(2);
   for (int side = 0; side < 2; ++side) {
     teams.push_back(MakeTeamText(season, game->sides.at(side).club,
                                  LineUpOfGame(season, *game, side), LineForm{}));

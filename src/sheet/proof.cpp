@@ -133,8 +133,14 @@ class Proof {
       if (std::lround(NumberOf(text) * 3) == outs) continue;
       const std::string ought = TwoDecimals(outs / 3.0);
       Add({FindingKind::InningsPitched, side, row, kInningsPitched,
-           name + " made " + Count(outs, "out") + ", " + ought +
-               " innings, but would be saved with " + (text.empty() ? "none" : text) + ".",
+           std::string(name)
+               .append(" made ")
+               .append(Count(outs, "out"))
+               .append(", ")
+               .append(ought)
+               .append(" innings, but would be saved with ")
+               .append(text.empty() ? "none" : text)
+               .append("."),
            text, ought, true});
     }
   }
@@ -164,7 +170,12 @@ class Proof {
       const double allowed = SumOf(pitchers, pitcher);
       if (made == allowed) continue;
       Tell(FindingKind::Disagreement, batting,
-           ours + Count(made, word) + ", " + theirs + DecimalText(allowed) + ".");
+           std::string(ours)
+               .append(Count(made, word))
+               .append(", ")
+               .append(theirs)
+               .append(DecimalText(allowed))
+               .append("."));
     }
   }
 

@@ -53,7 +53,7 @@ std::string ReadableStamp(std::string_view text) {
     }
     const char letter = text.front();
     const bool control = static_cast<unsigned char>(letter) < ' ';
-    if (!control && kNotInFileNames.find(letter) == kNotInFileNames.npos) stamp += letter;
+    if (!control && kNotInFileNames.find(letter) == std::string_view::npos) stamp += letter;
     text.remove_prefix(1);
   }
   return stamp;

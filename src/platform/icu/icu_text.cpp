@@ -36,8 +36,9 @@ class NameOrder {
     std::ranges::sort(ordered, before);
     // What the library looks through, such as control codes, keeps place 0.
     for (std::size_t i = 1; i < ordered.size(); ++i) {
-      const std::uint8_t last = place_[static_cast<std::size_t>(ordered[i - 1])];
-      place_[static_cast<std::size_t>(ordered[i])] =
+      const auto index = [](char letter) { return static_cast<unsigned char>(letter); };
+      const std::uint8_t last = place_[index(ordered[i - 1])];
+      place_[index(ordered[i])] =
           static_cast<std::uint8_t>(last + (before(ordered[i - 1], ordered[i]) ? 1 : 0));
     }
   }

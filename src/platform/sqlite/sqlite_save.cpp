@@ -24,10 +24,13 @@ std::string Refusal(const SQLite::Exception& fault, const std::string& table,
   const std::string_view message = fault.what();
   for (const auto& [column, text] : row) {
     if (!message.ends_with(": " + column)) continue;
-    return "The column \"" + column + "\" of the table \"" + table +
-           "\" takes no text but numbers, "
-           "and \"" +
-           text + "\" is none.";
+    return std::string("The column \"")
+        .append(column)
+        .append("\" of the table \"")
+        .append(table)
+        .append("\" takes no text but numbers, and \"")
+        .append(text)
+        .append("\" is none.");
   }
   return "The table \"" + table + "\" refuses a row: " + std::string(message) + ".";
 }

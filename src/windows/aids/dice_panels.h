@@ -26,8 +26,8 @@ class FaceDie : public QWidget {
 };
 
 struct FaceDieKind {
-  const char* name;
-  const char* word;
+  const char* name = "";
+  const char* word = "";
   QColor colour;
   QColor pips;
 };

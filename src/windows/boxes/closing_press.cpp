@@ -4,7 +4,6 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QTimer>
-#include <utility>
 
 #include "windows/boxes/message_box.h"
 
@@ -51,31 +50,30 @@ class ClosingPress : public QObject {
 
  private:
   void LetGo(const QMouseEvent& release) {
-    QWidget* const taker = std::exchange(taker_, nullptr).data();
-    if (taker == nullptr || release.button() != Qt::LeftButton) return;
-    const QPoint end = release.globalPosition().toPoint();
-    if (!taker->rect().contains(taker->mapFromGlobal(end))) return;
-    Deliver(taker);
+    if (letGo_ || taker_.isNull()) return;
+    letGo_ = true;
+    const QPoint end = taker_->mapFromGlobal(release.globalPosition().toPoint());
+    if (release.button() == Qt::LeftButton && taker_->rect().contains(end)) Deliver();
   }
 
   // The operation that the box held back goes on first, and may bring the next box.
-  void Deliver(const QPointer<QWidget>& taker) {
+  void Deliver() {
     constexpr int kNextTurn = 1;  // milliseconds; of the event loop
-    QTimer::singleShot(kNextTurn, this, [this, taker] {
+    QTimer::singleShot(kNextTurn, this, [this] {
       if (MessageBox::Opened() != opened_) return;
-      if (MessageBox::Open() != nullptr) return Deliver(taker);
-      if (taker) Click(taker);
+      MessageBox::Open() != nullptr ? Deliver() : Click();
     });
   }
 
-  void Click(const QPointer<QWidget>& taker) {
-    const QPointF local = taker->mapFromGlobal(place_);
+  void Click() {
+    if (taker_.isNull()) return;
+    const QPointF local = taker_->mapFromGlobal(place_);
     delivers_ = true;
     for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
       const Qt::MouseButtons held =
           type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
       QMouseEvent event(type, local, place_, Qt::LeftButton, held, Qt::NoModifier);
-      if (taker) QCoreApplication::sendEvent(taker, &event);
+      if (!taker_.isNull()) QCoreApplication::sendEvent(taker_, &event);
     }
     delivers_ = false;
   }
@@ -83,6 +81,7 @@ class ClosingPress : public QObject {
   QPoint place_;
   QPointer<QWidget> taker_;
   int opened_ = MessageBox::Opened();  // boxes up to the one that was closed
+  bool letGo_ = false;
   bool delivers_ = false;
 };
 

@@ -384,6 +384,17 @@ void MessageBox::StepThroughAnswers(int by) {
   buttons[(now + by + count) % count]->setFocus(Qt::TabFocusReason);
 }
 
+// Enter and Space: the button that has the focus, or the end of a box that asks nothing.
+void MessageBox::AnswerWithFocus() {
+  auto* button = qobject_cast<QPushButton*>(QApplication::focusWidget());
+  if (!content_.answers.isEmpty()) {
+    if (button != nullptr) button->click();
+    return;
+  }
+  Finish(!content_.question ||
+         (button != nullptr && button->objectName() == QStringLiteral("cmd_YES")));
+}
+
 bool MessageBox::FilterKey(QEvent* event) {
   const auto* key = static_cast<QKeyEvent*>(event);
   if (event->type() == QEvent::ShortcutOverride) {
@@ -398,37 +409,20 @@ bool MessageBox::FilterKey(QEvent* event) {
       break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-    case Qt::Key_Space: {
-      auto* button = qobject_cast<QPushButton*>(QApplication::focusWidget());
-      if (!content_.answers.isEmpty()) {
-        if (button != nullptr) button->click();
-        break;
-      }
-      Finish(!content_.question ||
-             (button != nullptr && button->objectName() == QStringLiteral("cmd_YES")));
+    case Qt::Key_Space:
+      AnswerWithFocus();
       break;
-    }
     case Qt::Key_Y:
-      if (content_.question && content_.answers.isEmpty()) Finish(true);
-      break;
     case Qt::Key_N:
-      if (content_.question && content_.answers.isEmpty()) Finish(false);
+      if (content_.question && content_.answers.isEmpty()) Finish(key->key() == Qt::Key_Y);
       break;
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
     case Qt::Key_Left:
     case Qt::Key_Right:
-      if (!content_.answers.isEmpty()) {
+      if (content_.question) {
         const bool back = key->key() == Qt::Key_Backtab || key->key() == Qt::Key_Left;
         StepThroughAnswers(back ? -1 : 1);
-        break;
-      }
-      for (auto* button : findChildren<QPushButton*>()) {
-        if (!content_.question || button->focusPolicy() == Qt::NoFocus || button->hasFocus()) {
-          continue;
-        }
-        button->setFocus(Qt::TabFocusReason);
-        break;
       }
       break;
     default:

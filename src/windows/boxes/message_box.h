@@ -59,6 +59,7 @@ class MessageBox : public QWidget {
   static Answer Wait(QWidget* window, const Content& content, double scale);
   void Choose(int answer);
   void StepThroughAnswers(int by);
+  void AnswerWithFocus();
   void PlaceOverWindow();
   void Finish(bool answer);
   // Leaves the screen and gives the focus back.

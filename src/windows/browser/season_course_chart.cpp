@@ -142,9 +142,9 @@ void SeasonCourseChart::DrawNames(QPainter& painter, const PlotScale& scale) con
     lowest = label.y + high;
   }
   double highest = room.bottom() - high / 2;
-  for (auto label = labels.rbegin(); label != labels.rend(); ++label) {
-    label->y = std::min(label->y, highest);
-    highest = label->y - high;
+  for (std::size_t i = labels.size(); i-- > 0;) {
+    labels[i].y = std::min(labels[i].y, highest);
+    highest = labels[i].y - high;
   }
   const double gap = type() * 0.9;
   for (const Label& label : labels) {
@@ -176,8 +176,8 @@ void SeasonCourseChart::Draw(QPainter& painter) {
   DrawValueLines(painter, scale, AxisMarks(lowest_, highest_, kMostMarks, 1),
                  [](double value) { return QString::number(value); });
   // The best lie on top, and the chosen one over all.
-  for (auto course = courses_.rbegin(); course != courses_.rend(); ++course) {
-    if (course->team != chosen_) DrawCourse(painter, scale, *course);
+  for (std::size_t i = courses_.size(); i-- > 0;) {
+    if (courses_[i].team != chosen_) DrawCourse(painter, scale, courses_[i]);
   }
   for (const Course& course : courses_) {
     if (course.team == chosen_) DrawCourse(painter, scale, course);

@@ -62,7 +62,7 @@ class SeasonTab : public QWidget {
   // Reads and shows who is chosen, in the role that is chosen.
   void ReadChosen();
   void ShowOutings(std::vector<SeasonOuting> outings);
-  void TellGame(int game);
+  void TellGame(int place);
 
   Browser& browser_;
   std::shared_ptr<const SeasonFigures> season_;

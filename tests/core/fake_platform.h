@@ -206,10 +206,13 @@ struct Game {
         if (const auto row = RowOfBatter(board, side)) text << letter << *row;
         if (const auto row = RowOfManDue(board, side)) text << "due " << letter << *row;
       }
-    } else if (facet == "proof") {  // what does not agree, at a save
+    } else if (facet ==
+               "proof") {  // what does not agree, at a save, with the cell that it leads to
       for (const Finding& finding : Prove(board, ProofMoment::Save)) {
         text << (text.str().empty() ? "" : " ") << finding.words
-             << (finding.canBePutRight ? " -> " + finding.ought : "") << ";";
+             << (finding.canBePutRight ? " -> " + finding.ought : "");
+        if (finding.row > 0) text << " @" << finding.row << "," << finding.column;
+        text << ";";
       }
     } else if (facet == "order") {  // both line-ups, each with its selected row
       for (const LineupList* list : {&state.List1, &state.List2}) {

@@ -21,6 +21,7 @@ undo: redo: => 0 ; / - / 0 0 V A
 GO GO GO => 3 GO, C; / A=x_____GO;B=x_____GO;C=x_____GO;[0.5]; / 0 3 H C
 GO GO GO undo: => 2 GO, B;GO, C /
   A=x_____GO;B=x_____GO;C=x_____GO;[0.5];C=x_____GO [UNDONE]; / 2 0 V C
+toggle:v3 => 1 mark of inning 4; / - / 0 0 V A
 row:v4 row:v5 row:v6 => 1 row, G; / - / 0 0 V G
 row:v4 seal: row:v5 => 2 row, F; / - / 0 0 V F
 row:v4 seal: free:p3 => 1 row, E; / - / 0 0 V E
@@ -100,7 +101,7 @@ RC_GTEST_PROP(EveryGame, IsTakenBackAndDoneAgainAsItWasRemembered, ()) {
     const std::size_t steps = game.history.steps();
     if (!goes) states.resize(steps + 1);
     if (!goes) states[steps] = GameText(game.board);
-    right = right && states[steps] == GameText(game.board);
+    right = right && states[steps] == GameText(game.board) && game.history.stepped() == goes;
   });
   for (const std::string& gesture : *AnyGestures()) {
     const std::string log = game.log.text();

@@ -12,12 +12,12 @@ TEST(Proof, FindsWhatDoesNotAgree) {
   Check("proof", R"(
 A half-inning by the book, and one that ends before the third out.
 1B RBI HR GO K FO => -
-1B GO => L made 0 outs, 0.00 innings, but would be saved with 0.33. -> 0.00;
+1B GO => L made 0 outs, 0.00 innings, but would be saved with 0.33. -> 0.00 @1,17;
 
 A reserve who never stood on the first piece.
-bat:v9 up:v BB GO GO GO => J has 1 BB but would not be saved. -> 1;
-bat:v9 up:v RBI HR GO GO GO => J has 1 HR, 1 RBI and 1 AB but would not be saved. -> 1;
-unbat:v AB GO GO GO => A row without a name has 1 AB but would not be saved.;
+bat:v9 up:v BB GO GO GO => J has 1 BB but would not be saved. -> 1 @10,1;
+bat:v9 up:v RBI HR GO GO GO => J has 1 HR, 1 RBI and 1 AB but would not be saved. -> 1 @10,1;
+unbat:v AB GO GO GO => A row without a name has 1 AB but would not be saved. @13,1;
 
 Figures that were changed by hand.
 1B GO GO GO cell:v1,4=2 => The batters of Owls have 2 hits, the H cell of the line score says 1,
@@ -26,9 +26,10 @@ BB K K K cell:h1,13=4 => The batters of Owls have 1 walk, the pitchers of Elks 4
 RBI HR GO GO GO type:v0=7 => The innings of Owls add up to 7 runs, but the R cell says 1. -> 7;
 RBI HR GO GO GO cell:v1,9=5 => The batters of Owls have 5 RBI, but the team scored 1 run.;
 RBI HR GO GO GO cell:h1,16=5 => The pitchers of Elks have 5 earned runs, but Owls scored 1 run.;
-GO GO GO cell:h1,17=6.1 => l made 3 outs, 1.00 innings, but would be saved with 6.1. -> 1.00;
-GO GO GO cell:h7,17=1.00 cell:h1,17=1.00 => A row of Elks without a pitcher has 1.00 innings. -> ;
-GO GO GO cell:h1,12=x => Elks, row 1 (l), column K: "x" stands where a number belongs.;
+GO GO GO cell:h1,17=6.1 => l made 3 outs, 1.00 innings, but would be saved with 6.1. -> 1.00 @1,17;
+GO GO GO cell:h7,17=1.00 cell:h1,17=1.00 =>
+  A row of Elks without a pitcher has 1.00 innings. ->  @7,17;
+GO GO GO cell:h1,12=x => Elks, row 1 (l), column K: "x" stands where a number belongs. @1,12;
 rewrite:vZ => Z bats for Owls but is not on the sheet, so nothing is counted for him.;
 
 Put right: 8 outs of L, and 1 of J who came for him while the others batted.

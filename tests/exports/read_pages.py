@@ -12,7 +12,7 @@ PLAIN = "</title>\ufffd \"Bad\" & 'O'Neill' \u00f1\u6771 \ufffd\ufffd"
 
 def texts(row):
     cells = ["".join(cell.itertext()) for cell in row]
-    return ["hard" if cell == PLAIN else cell for cell in cells]
+    return [cell.replace(PLAIN, "hard") for cell in cells]
 
 
 def main(folder):
@@ -32,6 +32,11 @@ def main(folder):
             widths = [len(row) for row in table.iter(XHTML + "tr")]
             assert len(set(widths)) == 1, (page, widths)
             assert len(widths) > 1 or page.name == "index.html", page
+        if page.parent.name in ("teams", "men"):  # the last table has the games
+            own = texts([next(root.iter(XHTML + ("h1" if page.parent.name == "teams" else "p")))])
+            for row in tables[-1].iter(XHTML + "tr"):
+                cells = texts(row)[1:4 if page.parent.name == "teams" else 2]
+                print(page.parent.name, "|".join(own + cells))
         rows = [texts(row) for row in tables[0].iter(XHTML + "tr")] if tables else []
         for row in rows[1:]:
             if page.parent.name == "games":

@@ -115,6 +115,12 @@ TEST_F(SeasonTest, FiguresAreThoseOfTheRows) {
     }
   }
   for (std::size_t team = 0; team < season.teams.size(); ++team) {
+    SeasonSubject whole;
+    whole.team = int(team);
+    const Strings all =
+        MonthTable(season, whole, ReadOutings(ports.database, season, whole)).back();
+    EXPECT_EQ(all.at(1), std::to_string(season.teams[team].wins));
+    EXPECT_EQ(all.at(2), std::to_string(season.teams[team].losses)) << "a tie is no loss";
     std::vector<int> above;
     for (const CoursePoint& point : CourseOf(season, int(team))) above.push_back(point.above);
     above.erase(above.begin());
@@ -177,6 +183,15 @@ TEST_F(SeasonTest, PagesAreValidAndTheirLinksLead) {
       const std::string runs = std::to_string(game.runs.at(side));
       const std::string team = game.teams.at(side) == kHard ? "hard" : game.teams.at(side);
       EXPECT_TRUE(lines.contains("line " + game.id + "|" + team + "|" + runs)) << game.id;
+      const int difference = game.runs.at(side) - game.runs.at(1 - side);
+      const std::string result = difference > 0 ? "won" : difference < 0 ? "lost" : "tie";
+      const std::string& other = game.teams.at(1 - side);
+      const std::string against =
+          team + (side == 0 ? "|at " : "|") + (other == kHard ? "hard" : other);
+      EXPECT_TRUE(lines.contains("men " + against)) << game.id;
+      EXPECT_TRUE(lines.contains("teams " + against + "|" + result + "|" + runs + "-" +
+                                 std::to_string(game.runs.at(1 - side))))
+          << game.id;
     }
   }
   const SeasonFigures season = ReadSeason(ports.database);

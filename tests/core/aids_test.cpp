@@ -62,6 +62,8 @@ TEST_F(AidsTest, FaceDiceRollInTurnsOf52And50Throws) {
   for (int tick = 0; tick < 10; ++tick) TickFaceDice(aids);
   RollFaceDice(aids);
   EXPECT_EQ(Ticks(state.tmr_sombb, [&] { TickFaceDice(aids); }), 16);
+  RollDice(aids);
+  EXPECT_TRUE(state.Check4.value()) << "dice in hand that are put away come out";
 }
 
 TEST_F(AidsTest, NumberDiceRollFor22TicksAfterTheLastPress) {

@@ -10,8 +10,9 @@ namespace {
 
 TEST(Proof, FindsWhatDoesNotAgree) {
   Check("proof", R"(
-A half-inning by the book, and one that ends before the third out.
+A half-inning by the book, two by their outs alone, and one that ends before the third out.
 1B RBI HR GO K FO => -
+MASTER:6 => -
 1B GO => L made 0 outs, 0.00 innings, but would be saved with 0.33. -> 0.00 @1,17;
 
 A reserve who never stood on the first piece.
@@ -51,9 +52,9 @@ GO show:v5 => v1
 
 TEST(Proof, CountsThoseLeftOnBase) {
   Game game;
-  for (const char* label : {"1B", "BB", "RBI", "RBI", "RBI", "HR", "2B", "GO", "K", "GO"})
+  for (const char* label : {"1B", "BB", "BB", "RBI", "RBI", "RBI", "HR", "2B", "GO", "K", "GO"})
     game.Do(label);
-  EXPECT_EQ(LeftOnBase(game.board, Side::Visitors), 1);
+  EXPECT_EQ(LeftOnBase(game.board, Side::Visitors), 2);
   EXPECT_EQ(LeftOnBase(game.board, Side::Home), 0);
 }
 

@@ -96,6 +96,8 @@ TEST_F(OpeningTest, TellsAFaultOnceAndAtTheEnd) {
   opening.TellFaults();
   EXPECT_EQ(before, Strings{});
   EXPECT_EQ(desk.told.size(), 1U);
+  ReadAgain(browser);
+  EXPECT_EQ(desk.told.size(), 2U);
   EXPECT_FALSE(state.MSHFlexGrid1.visible.value());
 }
 

@@ -117,6 +117,8 @@ TEST_F(GameExportTest, ReportAsABrowserReadsIt) {
                        "bordercolor=#C0C0C0 width=800>\r\n<tr>\r\n<td><font color=#000000>"
                        "VIS_Player</td>\r\n"),
             std::string::npos);
+  EXPECT_NE(bytes.find("</table></body><html>\r\n<td>&nbsp;</td>\r\n"), std::string::npos)
+      << "the tables stand apart";
   EXPECT_TRUE(
       bytes.ends_with("</table></body><html>\r\none<br><br>&#60;two&#62;<br>&#38;three"
                       "<br>\r\n"));

@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "browser/season_html.h"
 #include "browser/season_leaders.h"
 #include "browser/season_outings.h"
 #include "browser/season_standings.h"
@@ -171,6 +172,7 @@ TEST_F(SeasonTest, PagesAreValidAndTheirLinksLead) {
   EXPECT_EQ(Reports(), (Strings{"Season 2026-11-18", "Season 2026-11-18 (2)"}));
   EXPECT_EQ(desk.opened.at(0), Report("Season 2026-11-18/index.html"));
   EXPECT_NE(desk.told.at(0).find(Report("Season 2026-11-18")), std::string::npos);
+  EXPECT_EQ(PageFileName("Az O'Zak 09", 3), "az-o-zak-09-3.html");
   const Strings page = Lines("read_pages.py", Report("Season 2026-11-18"));
   const std::set<std::string> lines(page.begin(), page.end());
   const std::string count =

@@ -162,7 +162,7 @@ def who_notices(build):
         if code is None:
             return f"{name}: does not end"
         if code != 0:
-            failed = re.search(r"\[  FAILED  \] ([\w./]+)|(replay_[\w.-]+) [.]+[*]+", output)
+            failed = re.search(r"\[  FAILED  \] ([\w./]+)|(replay_[\w.-]+) [.]+[^*\n]*[*]+", output)
             if failed:
                 return f"{name}: {failed.group(1) or failed.group(2)}"
             if begun := re.findall(r"\[ RUN      \] ([\w./]+)", output):

@@ -108,6 +108,12 @@ TEST_F(PaceTest, ChartsTurnRollAndTakeTheResult) {
   board().state.tb_OUT.Set("0");
   desk_->aids().cb_QuickBoxes.Set(true);
   form1().activateWindow();
+  WhileWaiting([] {
+    EXPECT_EQ(QApplication::activeModalWidget()->windowTitle(), "Chart 3");
+    QApplication::activeModalWidget()->close();
+  });
+  Press(&form1(), Qt::Key_3, Qt::AltModifier);
+  desk_->aids().lastChart = 0;
   const auto keyInViewer = [this](const std::vector<std::pair<Qt::Key, QString>>& keys) {
     WhileWaiting([this, keys] {
       auto* viewer = qobject_cast<Form3*>(QApplication::activeModalWidget());

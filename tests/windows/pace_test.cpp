@@ -108,6 +108,12 @@ TEST_F(PaceTest, ChartsTurnRollAndTakeTheResult) {
   board().state.tb_OUT.Set("0");
   desk_->aids().cb_QuickBoxes.Set(true);
   form1().activateWindow();
+  WhileWaiting([] {
+    EXPECT_EQ(QApplication::activeModalWidget()->windowTitle(), "Chart 3");
+    QApplication::activeModalWidget()->close();
+  });
+  Press(&form1(), Qt::Key_3, Qt::AltModifier);
+  desk_->aids().lastChart = 0;
   const auto keyInViewer = [this](const std::vector<std::pair<Qt::Key, QString>>& keys) {
     WhileWaiting([this, keys] {
       auto* viewer = qobject_cast<Form3*>(QApplication::activeModalWidget());
@@ -143,7 +149,11 @@ TEST_F(PaceTest, KeyNBringsTheManWhoIsDueAndEnterPressesNothing) {
   for (const char* out : {"lbl_K", "lbl_K", "lbl_K"}) Click(Find(out));
   Press(&form1(), Qt::Key_Return);
   EXPECT_FALSE(desk_->aids().tmr_sombb.value()) << "Enter does not roll";
+  auto* duel = form1().findChild<QWidget*>("img_VisPitch_title");
+  ASSERT_NE(duel, nullptr);
+  EXPECT_EQ(duel->toolTip(), "") << "nobody is at bat yet, and the batter of before is a team-mate";
   Press(&form1(), Qt::Key_N);
+  EXPECT_EQ(duel->toolTip(), "Pitches to Bees 1");
   EXPECT_EQ(Batter(), "Bees 1");
   Press(&form1(), Qt::Key_X);
   EXPECT_TRUE(desk_->aids().tmr_sombb.value());

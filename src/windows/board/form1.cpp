@@ -145,6 +145,7 @@ void Form1::BuildScene() {
     button->setFocusPolicy(Qt::TabFocus);
   }
   connect(scoreboard_, &Scoreboard::keysWanted, this, [this] { keys_->ShowPlate(true); });
+  connect(keys_, &PlayKeys::chartWanted, this, &Form1::ViewCharts);
   connect(keys_, &PlayKeys::chartsWanted, this, [this] { ViewCharts(aids_.state.lastChart); });
   connect(keys_, &PlayKeys::diceWanted, this, [this] { RollDice(aids_); });
   connect(keys_, &PlayKeys::listWanted, this, [this](int key) {

@@ -20,6 +20,8 @@ using namespace look;
 // No screen shows more of a line; the box of the right click shows all of it.
 constexpr std::size_t kShownBytes = 600;
 
+constexpr int kRing = 3;  // pixels around the rows; of the keyboard focus
+
 QString ShownEntry(const std::string& entry) {
   return ToQt(std::string_view(entry).substr(0, kShownBytes));
 }
@@ -218,7 +220,6 @@ LineupView::LineupView(Board& board, Side side, QWidget* parent)
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollMode(ScrollPerItem);
   setFrameShape(NoFrame);
-  constexpr int kRing = 3;  // pixels; of the keyboard focus
   setViewportMargins(kRing, kRing, kRing, kRing);
   setMouseTracking(true);
   setContextMenuPolicy(Qt::PreventContextMenu);
@@ -353,7 +354,7 @@ bool LineupView::event(QEvent* event) {
   if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
   if (event->type() == QEvent::Paint && hasFocus()) {
     QPainter painter(this);
-    DrawFocus(painter, rect(), 2);
+    DrawFocus(painter, viewport()->geometry().adjusted(-kRing, -kRing, kRing, kRing), 2);
   }
   return done;
 }

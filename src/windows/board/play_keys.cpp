@@ -33,6 +33,7 @@ constexpr std::array kOtherKeys{
     OtherKey{"Up, Down", "Choose a row of the side at bat"},
     OtherKey{"X", "Roll the dice"},
     OtherKey{"V", "View the charts, where you left them"},
+    OtherKey{"Alt + 1 to 9", "View that chart"},
     OtherKey{"Ctrl + F12", "Show or hide the numbered dice"},
     OtherKey{"Enter", "Press, or enter a new entry"},
     OtherKey{"Tab", "The next control"},
@@ -94,8 +95,14 @@ PlayKeys::PlayKeys(Board& board, Scene& scene, QWidget* boardWindow)
 
 bool PlayKeys::Press(const QKeyEvent& event) {
   const int key = event.key();
-  const bool plain = (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
-  if (!plain) return false;
+  const auto modifiers = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+  const bool digit = key >= Qt::Key_1 && key <= Qt::Key_9;
+  if (modifiers == Qt::AltModifier && digit && !event.isAutoRepeat()) {
+    AskForRunner(false);
+    emit chartWanted(key - Qt::Key_1);
+    return true;
+  }
+  if (modifiers != Qt::NoModifier) return false;
   if (key == Qt::Key_Up || key == Qt::Key_Down) {
     emit listWanted(key);
     return true;

@@ -163,7 +163,7 @@ void SidePanel::BuildButtons() {
 // In the field: the man to whom the pitcher pitches.
 void SidePanel::ShowDuel(NameLabel* title) const {
   const QString batter = ToQt(board_.state.lbl_Selected.value());
-  const bool pitches = SideOf(board_, Other(side_)).atBat.value() && !batter.isEmpty();
+  const bool pitches = RowOfBatter(board_, Other(side_)).has_value();
   title->SetName(pitches ? QStringLiteral("PITCHES TO ") : QStringLiteral("PITCHER"),
                  pitches ? batter : QString());
   title->setToolTip(pitches ? QStringLiteral("Pitches to ") + batter.left(400).toHtmlEscaped()
@@ -188,7 +188,7 @@ void SidePanel::BuildPitcher(QtPictures& pictures) {
   title->setObjectName(QLatin1String(names.photo) + QStringLiteral("_title"));
   FollowAll(
       title, [this, title] { ShowDuel(title); }, board_.state.Option5, board_.state.Option6,
-      board_.state.lbl_Selected);
+      board_.state.lbl_Selected, board_.state.VisDue, board_.state.HomeDue);
 
   auto* pitcher = new ClickLabel({}, {kSlateRaised, kSlateHover, kCream}, this);
   Name(pitcher, names.pitcher, QLatin1String(names.pitcherTip));

@@ -131,6 +131,8 @@ TEST_F(HistoryWindowTest, AGameIsPickedUpWithEverythingInItsPlace) {
   Answer(Qt::Key_Y);
   StartAnew();
   EXPECT_EQ(told_, "A game was still in progress when the program ended. Go on with it?");
+  EXPECT_EQ(qobject_cast<QAbstractButton*>(form1().focusWidget()), nullptr)
+      << "Enter loads no team";
   EXPECT_EQ(GameText(board()), game);
   EXPECT_EQ(board().log, log);
   EXPECT_EQ(Find<QLineEdit>("tb_BoxScore[21]")->text(), "1");

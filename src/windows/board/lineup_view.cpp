@@ -348,11 +348,18 @@ void LineupView::paintEvent(QPaintEvent* event) {
   painter.fillRect(rest, palette().color(QPalette::Base));
 }
 
-// The ring of the focus stands around the rows.
+// The ring of the focus stands around the rows, for one who plays by keys: after a click on a row
+// it would mark a side for the rest of the inning.
 bool LineupView::event(QEvent* event) {
   const bool done = QListView::event(event);
-  if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
-  if (event->type() == QEvent::Paint && hasFocus()) {
+  if (event->type() == QEvent::FocusIn) {
+    usesKeys_ = static_cast<QFocusEvent*>(event)->reason() != Qt::MouseFocusReason;
+  }
+  if (event->type() == QEvent::KeyPress && event->isAccepted()) usesKeys_ = true;
+  const bool changes = event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut ||
+                       event->type() == QEvent::KeyPress;
+  if (changes) update();
+  if (event->type() == QEvent::Paint && hasFocus() && usesKeys_) {
     QPainter painter(this);
     DrawFocus(painter, viewport()->geometry().adjusted(-kRing, -kRing, kRing, kRing), 2);
   }

@@ -72,6 +72,7 @@ class LineupView : public QListView {
   Board& board_;
   Side side_;
   LineupModel* model_;
+  bool usesKeys_ = false;                   // the focus came by a key, or moved by one
   Qt::MouseButton pressed_ = Qt::NoButton;  // whose release means something here
 };
 

@@ -177,6 +177,8 @@ int MessageBox::RunChoice(QWidget* window, const Content& content, double scale)
 
 MessageBox::Answer MessageBox::Wait(QWidget* window, const Content& content, double scale) {
   QPointer<QWidget> focus = QApplication::focusWidget();
+  // At the start no window is in front yet.
+  if (focus == nullptr && window != nullptr) focus = window->focusWidget();
   MessageBox* const outer = openBox;
   auto* box =
       new MessageBox(window != nullptr && window->isVisible() ? window : nullptr, content, scale);

@@ -112,6 +112,17 @@ TEST_F(LayoutTest, LayoutSettlesAtEveryHeight) {
   }
 }
 
+// Short names have the type of the figures beside them, and both have one.
+TEST_F(LayoutTest, TeamNamesGrowWithTheBoard) {
+  for (const QSize size : {form1().size(), QSize(1288, 748), QSize(2576, 1496), QSize(1400, 820)}) {
+    form1().resize(size);
+    QCoreApplication::processEvents();
+    for (const char* team : {"tb_VisTeam", "tb_HomeTeam"}) {
+      EXPECT_EQ(Find(team)->font().pixelSize(), Find("tb_BoxScore[20]")->font().pixelSize()) << team;
+    }
+  }
+}
+
 TEST_F(LayoutTest, IdleBoardDoesNoWork) {
   StartGame();
   ShowAll();

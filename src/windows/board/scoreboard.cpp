@@ -114,7 +114,7 @@ Scoreboard::Scoreboard(Board& board, Aids& aids, QtPictures& pictures, Scene& sc
 void Scoreboard::DressTeam(FigureField* team, Side side, const QPointF& origin) {
   team->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   team->setTextMargins(4, 0, 4, 0);
-  scene_.Put(team, {origin.x() + 52, origin.y() + RowTop(side), kTeamWidth, kCellHeight}, kLarge,
+  scene_.Put(team, {origin.x() + 52, origin.y() + RowTop(side), kTeamWidth, kCellHeight}, kHuge,
              true);
   FollowAll(
       team, [this, team, side] { team->SetGround(Shade(SideColour(board_.state, side)), kInk); },

@@ -274,6 +274,8 @@ void FigureField::changeEvent(QEvent* event) {
   QLineEdit::changeEvent(event);
   if (event->type() != QEvent::FontChange || fitting_) return;
   fullSize_ = font().pixelSize();
+  // The partner may have this font already, and so hear of no change.
+  if (partner_ != nullptr) partner_->fullSize_ = fullSize_;
   FitText();
 }
 

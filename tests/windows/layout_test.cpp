@@ -118,7 +118,8 @@ TEST_F(LayoutTest, TeamNamesGrowWithTheBoard) {
     form1().resize(size);
     QCoreApplication::processEvents();
     for (const char* team : {"tb_VisTeam", "tb_HomeTeam"}) {
-      EXPECT_EQ(Find(team)->font().pixelSize(), Find("tb_BoxScore[20]")->font().pixelSize()) << team;
+      EXPECT_EQ(Find(team)->font().pixelSize(), Find("tb_BoxScore[20]")->font().pixelSize())
+          << team;
     }
   }
 }

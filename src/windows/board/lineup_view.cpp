@@ -353,7 +353,9 @@ void LineupView::paintEvent(QPaintEvent* event) {
 bool LineupView::event(QEvent* event) {
   const bool done = QListView::event(event);
   if (event->type() == QEvent::FocusIn) {
-    usesKeys_ = static_cast<QFocusEvent*>(event)->reason() != Qt::MouseFocusReason;
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason == Qt::MouseFocusReason) usesKeys_ = false;
+    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason) usesKeys_ = true;
   }
   if (event->type() == QEvent::KeyPress && event->isAccepted()) usesKeys_ = true;
   const bool changes = event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut ||

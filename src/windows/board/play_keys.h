@@ -40,8 +40,8 @@ class PlayKeys : public QObject {
  signals:
   void chartsWanted();          // at the chart where they stood last
   void chartWanted(int chart);  // 0 to 8
-  void diceWanted();         // rolled
-  void listWanted(int key);  // an arrow: the line-up of the side at bat takes it
+  void diceWanted();            // rolled
+  void listWanted(int key);     // an arrow: the line-up of the side at bat takes it
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -12,12 +12,15 @@
 #include "game/history.h"
 #include "game/memento.h"
 #include "platform/paths.h"
+#include "teams/batting_order.h"
 
 namespace dtb {
 namespace {
 
 // The number goes up whenever the fields, or their order, change.
-constexpr std::string_view kHead = "Kelvane Diamond Table, a game in progress, 2\n";
+constexpr std::string_view kHead = "Kelvane Diamond Table, a game in progress, 3\n";
+// Version 1.0.2 wrote all but the last group of fields.
+constexpr std::string_view kOlderHead = "Kelvane Diamond Table, a game in progress, 2\n";
 constexpr std::size_t kChecksumBytes = 8;
 
 // FNV-1a, of 64 bits.
@@ -51,6 +54,16 @@ void VisitAids(State& aids, Coder& code) {
        aids.Picture1, aids.cb_RandParks, aids.cb_Crowd, aids.cb_MuteDice);
 }
 
+// Whose batter the name is, as far as an older game tells: that of the side at bat.
+void TellWhoseBatter(BoardState& state) {
+  const bool visitors = state.Option5.value();
+  const LineupList& list = visitors ? state.List1 : state.List2;
+  const int due = (visitors ? state.VisDue : state.HomeDue).value();
+  const bool bats =
+      !state.lbl_Selected.value().empty() && PlayerAt(list, due) == state.lbl_Selected.value();
+  state.BatterOf.Set(!bats ? "" : visitors ? "V" : "H");
+}
+
 }  // namespace
 
 std::string TableText(const Board& board, const AidsState& aids) {
@@ -64,7 +77,8 @@ std::string TableText(const Board& board, const AidsState& aids) {
 }
 
 KeptTable ReadTable(std::string_view bytes, const Board& board, const Aids& aids) {
-  if (!bytes.starts_with(kHead)) throw DamagedText();
+  const bool older = bytes.starts_with(kOlderHead);
+  if (!older && !bytes.starts_with(kHead)) throw DamagedText();
   bytes.remove_prefix(kHead.size());
   if (bytes.size() < kChecksumBytes) throw DamagedText();
   const std::string_view content = bytes.substr(kChecksumBytes);
@@ -72,7 +86,13 @@ KeptTable ReadTable(std::string_view bytes, const Board& board, const Aids& aids
 
   KeptTable kept{Remember(board), aids.state};
   FieldReader reader(content);
-  VisitFields(kept.game.state, kept.game.sheet, reader, reader);
+  constexpr int kOlderGroups = 2;
+  int groups = 0;
+  const auto game = [&reader, &groups, older](auto&... fields) {
+    if (++groups <= kOlderGroups || !older) reader(fields...);
+  };
+  VisitFields(kept.game.state, kept.game.sheet, game, reader);
+  if (older) TellWhoseBatter(kept.game.state);
   std::string log;
   reader(log);
   VisitAids(kept.aids, reader);

@@ -69,6 +69,7 @@ struct BoardState {
   LineupList List1;     // visitors: batting order in the first nine rows, then the reserves
   LineupList List2;     // home team
   Field<std::string> lbl_Selected;        // name of the current batter, of either side
+  Field<std::string> BatterOf;            // whose batter that is: "V", "H"; "" after a third out
   Field<std::string> lbl_L1current{"0"};  // row that last became the batter in List1
   Field<std::string> lbl_L2current{"0"};  // the same for List2
   Field<int> VisDue;               // row of List1 that bats when the visitors come to bat next
@@ -104,6 +105,7 @@ struct BoardState {
   Field<std::string> lbl_VisHome;  // its row: "V" or "H"
   Field<std::string> lbl_NumSel;   // digit last clicked on the score pad
   std::string EnteredCell;         // "V3": cell entered by the person since it took the focus
+  bool OtherLineAsked = false;     // the person was told that runs go into the other side's line
 
   // Game pieces and base tracker.
   std::array<GamePiece, kPieces> pieces;  // pb_Player1 to pb_Player4

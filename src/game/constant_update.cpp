@@ -11,20 +11,24 @@ constexpr int kFirstHiddenInning = 9;
 
 }  // namespace
 
+void CopyLineScore(Board& board) {
+  StatGrid& grid = board.sheet.grd_BoxScore;
+  for (int cell = kFirstHiddenInning; cell <= kTotalHits; ++cell) {
+    const bool played = !board.state.tb_BoxScore.at(cell).text.value().empty();
+    grid.SetColumnWidth(cell + 1, played ? kInningWidth : 0);
+  }
+  for (const Side side : {Side::Visitors, Side::Home}) {
+    const SideFields fields = SideOf(board, side);
+    for (int cell = 0; cell < kScoreCells; ++cell) {
+      grid.SetText(fields.boxScoreRow, cell + 1, fields.score.at(cell).text.value());
+    }
+  }
+}
+
 void ConstantUpdate(Board& board) {
   Trapped(board.platform.boxes, [&] {
     ScoreUpdate(board);
-    StatGrid& grid = board.sheet.grd_BoxScore;
-    for (int cell = kFirstHiddenInning; cell <= kTotalHits; ++cell) {
-      const bool played = !board.state.tb_BoxScore.at(cell).text.value().empty();
-      grid.SetColumnWidth(cell + 1, played ? kInningWidth : 0);
-    }
-    for (const Side side : {Side::Visitors, Side::Home}) {
-      const SideFields fields = SideOf(board, side);
-      for (int cell = 0; cell < kScoreCells; ++cell) {
-        grid.SetText(fields.boxScoreRow, cell + 1, fields.score.at(cell).text.value());
-      }
-    }
+    CopyLineScore(board);
   });
 }
 

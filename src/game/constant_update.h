@@ -9,4 +9,7 @@ namespace dtb {
 // innings 10 to 20 whose visitors' cell has text and closes the others.
 void ConstantUpdate(Board& board);
 
+// The copy alone; the totals stay as they are.
+void CopyLineScore(Board& board);
+
 }  // namespace dtb

@@ -3,12 +3,11 @@
 #include <string>
 
 #include "game/played_mark.h"
+#include "teams/batting_order.h"
 #include "teams/game_pieces.h"
 
 namespace dtb {
 namespace {
-
-constexpr int kLastOfOrder = kStarters - 1;
 
 void Confirm(Board& board, const std::string& message) {
   board.platform.boxes.Confirm(message, board.counting);
@@ -33,10 +32,6 @@ bool CountAtBat(Board& board) {
 }
 
 }  // namespace
-
-int NextInOrder(const LineupList& list, int row) {
-  return row == kLastOfOrder || !list.HasRow(row + 1) ? 0 : row + 1;
-}
 
 bool BothTeamsLoaded(const BoardState& state) {
   return !state.List1.empty() && !state.List2.empty();
@@ -64,14 +59,18 @@ void PitcherBatterSelectWarn(Board& board) {
 void LogOutcome(Board& board, std::string_view suffix) {
   const auto atBat = SideAtBat(board.state);
   if (!atBat) return;
-  board.log.Append(SideOf(board, *atBat).list.SelectedEntry() + std::string(suffix));
+  const LineupList& list = SideOf(board, *atBat).list;
+  const auto batter = RowOfBatter(board, *atBat);
+  const std::string& entry =
+      batter ? list.entries()[static_cast<std::size_t>(*batter)] : list.SelectedEntry();
+  board.log.Append(entry + std::string(suffix));
 }
 
 void AdvanceLineup(Board& board) {
   const auto atBat = SideAtBat(board.state);
   if (!atBat) return;
   LineupList& list = SideOf(board, *atBat).list;
-  list.Select(NextInOrder(list, list.selected()));
+  list.Select(NextInOrder(list, PlaceInOrder(board, *atBat)));
 }
 
 void AssignAtBat(Board& board) {
@@ -99,12 +98,9 @@ void OutRecordedMsg(Board& board) {
     return;
   }
   EndOfInning(board);
-  // The sides have changed over already: the batter is counted, and his line-up stays on him.
+  // The batter is counted, and his line-up stays on him.
   CountAtBat(board);
-  if (const auto atBat = SideAtBat(state)) {
-    const SideFields retired = SideOf(board, Other(*atBat));
-    retired.due.Set(NextInOrder(retired.list, retired.due.value()));
-  }
+  RetireBatter(board, true);
   state.tb_OUT.Set("0");
 }
 

@@ -21,11 +21,7 @@ void PitcherBatterSelectWarn(Board& board);
 // Adds the batter's whole list line and the suffix to the event log, while a side is at bat.
 void LogOutcome(Board& board, std::string_view suffix);
 
-// The row that follows in the batting order.
-[[nodiscard]] int NextInOrder(const LineupList& list, int row);
-
-// Moves the side at bat to its next batter: after the ninth line, and after the last line of a
-// shorter list, comes the first.
+// Moves the side at bat to the one who follows its batter, wherever the highlight is.
 void AdvanceLineup(Board& board);
 
 // Counts an at-bat for the current batter, wherever his row is, and moves on to the next batter. A

@@ -4,6 +4,7 @@
 #include <new>
 #include <utility>
 
+#include "game/constant_update.h"
 #include "game/field_text.h"
 #include "game/game_fields.h"
 #include "game/memento.h"
@@ -18,6 +19,15 @@ void PutBack(Board& board, std::string_view game) {
   FieldReader reader(game);
   VisitFields(memento.state, memento.sheet, reader, kLeaveAlone);
   Restore(board, memento);
+}
+
+// The sheet's line score is a copy, with the names that the load gave it.
+void RenewLineScore(Board& board) {
+  for (const Side side : {Side::Visitors, Side::Home}) {
+    const SideFields fields = SideOf(board, side);
+    board.sheet.grd_BoxScore.SetText(fields.boxScoreRow, 0, fields.sheetTeam.value());
+  }
+  CopyLineScore(board);
 }
 
 // The line at a place of the log, without its end.
@@ -80,6 +90,7 @@ void History::Go(Board& board, Steps& from, Steps& to, std::string_view mark) {
   if (depth_ > 0 || from.steps.empty()) return;
   to.snapshots.Push(GameText(board));
   PutBack(board, from.snapshots.Pop());
+  RenewLineScore(board);
   board.log.Append(std::string(from.steps.back().line).append(mark));
   to.steps.push_back(std::move(from.steps.back()));
   from.steps.pop_back();

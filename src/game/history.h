@@ -22,6 +22,7 @@ class SnapshotStack {
   void Push(std::string snapshot);
   // The newest; the stack must not be empty.
   [[nodiscard]] std::string Pop();
+  [[nodiscard]] const std::string& newest() const { return *newest_; }
   [[nodiscard]] std::size_t BytesTaken() const;
 
  private:
@@ -46,6 +47,9 @@ class History {
   [[nodiscard]] std::string UndoName() const;
   [[nodiscard]] std::string RedoName() const;
 
+  // The game as it was when the newest step began, as GameText writes it; there must be a step.
+  [[nodiscard]] const std::string& GameBefore() const { return done_.snapshots.newest(); }
+
   // Goes back a step, or forward again: the fields are put back in silence, and the log gets the
   // line of the step with " [UNDONE]" or " [REDONE]" behind it. Without a step, and in the middle
   // of a gesture, nothing happens.
@@ -55,8 +59,11 @@ class History {
   // Nothing that was done up to now can be taken back any more, the gesture in progress included.
   void Clear();
 
-  // Ends the merging of gestures of one kind, see Gesture.
-  void Seal() { mergeKey_.clear(); }
+  // Ends the merging of gestures of one kind, see Gesture. In the middle of a gesture, while one of
+  // its boxes waits, nothing happens.
+  void Seal() {
+    if (depth_ == 0) mergeKey_.clear();
+  }
 
   // The newest step is still open for gestures with this merge key.
   [[nodiscard]] bool Merges(std::string_view key) const { return !key.empty() && mergeKey_ == key; }

@@ -1,5 +1,6 @@
 #include "game/outcomes.h"
 
+#include "game/batter_guard.h"
 #include "game/gate.h"
 #include "game/history.h"
 #include "game/hits.h"
@@ -10,9 +11,10 @@
 namespace dtb {
 namespace {
 
-// For a batter who reached on an error and the like. Asks neither for pitchers nor for a batter.
+// For a batter who reached on an error and the like. Asks for no pitchers.
 void RecordAtBat(Board& board) {
   if (!BothTeamsLoaded(board.state)) return;
+  if (board.state.lbl_Selected.value().empty()) return PitcherBatterSelectWarn(board);
   LogOutcome(board, LogSuffix(Outcome::AtBat));
   AssignAtBat(board);
   AtBatRecordedMsg(board);
@@ -55,13 +57,17 @@ void Record(Board& board, Outcome outcome) {
 }  // namespace
 
 void RecordOutcome(Board& board, Outcome outcome) {
-  const std::string code(OutcomeCode(outcome));
-  const std::string& batter = board.state.lbl_Selected.value();
-  const Gesture gesture(board, code + ", " + batter);
-  // The board does not know which runner was thrown out.
-  board.counting =
-      outcome == Outcome::ThrownOut ? code + " while " + batter + " bats" : batter + ' ' + code;
-  Trapped(board.platform.boxes, [&] { Record(board, outcome); });
+  Trapped(board.platform.boxes, [&] {
+    const std::string code(OutcomeCode(outcome));
+    const std::string& batter = board.state.lbl_Selected.value();
+    Gesture gesture(board, code + ", " + batter);
+    if (!BatterIsSure(board, outcome == Outcome::RunBattedIn)) return;
+    gesture.SetName(code + ", " + batter);
+    // The board does not know which runner was thrown out.
+    board.counting =
+        outcome == Outcome::ThrownOut ? code + " while " + batter + " bats" : batter + ' ' + code;
+    Record(board, outcome);
+  });
 }
 
 }  // namespace dtb

@@ -1,8 +1,21 @@
 #include "game/outs.h"
 
 #include "game/gate.h"
+#include "game/history.h"
+#include "shell/program_error.h"
+#include "teams/batting_order.h"
 
 namespace dtb {
+namespace {
+
+// The batter's turn was cut short: he is due again.
+void CloseHalf(Board& board) {
+  EndOfInning(board);
+  RetireBatter(board, false);
+  board.state.tb_OUT.Set("0");
+}
+
+}  // namespace
 
 void RecordBatterOut(Board& board, Outcome outcome) {
   if (!OutcomeGate(board)) return;
@@ -46,8 +59,16 @@ void RecordThrownOut(Board& board) {
   board.state.tb_OUT.Raise();
   OutOnBasesMsg(board);
   if (board.state.tb_OUT.number() != 3) return;
-  EndOfInning(board);
-  board.state.tb_OUT.Set("0");
+  CloseHalf(board);
+}
+
+void EndHalfByHand(Board& board) {
+  Trapped(board.platform.boxes, [&] {
+    const Gesture gesture(board, "OUTS, 3");
+    if (!board.platform.boxes.Ask({.text = "End the half-inning?", .title = "OUTS"})) return;
+    board.state.tb_OUT.Set("3");
+    CloseHalf(board);
+  });
 }
 
 }  // namespace dtb

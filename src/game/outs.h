@@ -20,4 +20,8 @@ void RecordFieldersChoice(Board& board);
 // A runner is out while the batter stays at bat: no at-bat, also when it ends the half-inning.
 void RecordThrownOut(Board& board);
 
+// The person typed a third out into OUTS: after a Yes to "End the half-inning?" the half ends as
+// with any third out, but no batter is out. With a No nothing changes.
+void EndHalfByHand(Board& board);
+
 }  // namespace dtb

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "game/batter_guard.h"
 #include "game/gate.h"
 #include "game/history.h"
 #include "game/played_mark.h"
@@ -22,6 +23,7 @@ void RecordStolenBase(Board& board, int piece) {
   const std::string& tag = state.pieces.at(static_cast<std::size_t>(piece)).tag.value();
   if (tag.empty()) return;
   const Gesture gesture(board, "SB, " + tag);
+  if (!BatterIsSure(board, false)) return;
   board.counting = tag + " SB";
   state.LastRunnerClicked = tag;
   state.StolenBasePiece = piece + 1;

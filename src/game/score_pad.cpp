@@ -8,6 +8,8 @@
 namespace dtb {
 namespace {
 
+constexpr std::size_t kMostDigits = 2;  // of the runs of one inning
+
 // The name of the cell that last had the focus.
 std::string FocusedCell(const BoardState& state) {
   return state.lbl_VisHome.value() + state.lbl_BoxSel.value();
@@ -23,6 +25,7 @@ void FocusScoreCell(Board& board, Side side, int cell) {
 }
 
 void MoveCaret(Board& board, bool toStart) {
+  if (toStart == CaretAtStart(board.state)) return;
   board.state.EnteredCell = toStart ? "" : FocusedCell(board.state);
 }
 
@@ -44,6 +47,7 @@ void PutValue(Board& board) {
     if (state.lbl_VisHome.value() != fields.letter) continue;
     TextCell& text = fields.score.at(cell).text;
     const std::string figure = CaretAtStart(state) ? digit : text.value() + digit;
+    if (cell < kInnings && figure.size() > kMostDigits) continue;
     MoveCaret(board, false);
     text.Set(figure);
   }

@@ -20,7 +20,8 @@ void MoveCaret(Board& board, bool toStart);
 void ClickDigit(Board& board, const std::string& digit);
 
 // Enters the digit lbl_NumSel into the cell that had the focus last: instead of its text if the
-// caret stands at the start, else behind it. Before any cell had the focus it does nothing.
+// caret stands at the start, else behind it. Before any cell had the focus it does nothing, nor
+// with a third digit for one inning.
 void PutValue(Board& board);
 
 // Double click on a line-score cell: a finished half-inning becomes unfinished and the other way

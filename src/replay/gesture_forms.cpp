@@ -138,7 +138,7 @@ const std::vector<GestureForm>& GestureForms() {
       {"TYPE", "CONTROL TEXT", "type over the text of a field"},
       {"KEY", "CONTROL KEY", "press a key in a control"},
       {"OUTCOME", "KEY", "press a key where the focus is, as for an outcome"},
-      {"ANSWER", "YES|NO", "answer the next question so; without it the answer is Yes"},
+      {"ANSWER", "TEXT", "press this button of the next question; without it Yes, or the first"},
       {"PROOF", "RIGHT|BACK", "put right or go back at the next list of the proof"},
       {"CHOOSE", "FILE", "choose a file in the next dialog"},
       {"CANCEL", "", "cancel the next dialog"},

@@ -1,6 +1,7 @@
 #include "replay/player.h"
 
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QTimer>
 #include <QWindow>
@@ -71,6 +72,11 @@ Target TargetInPark(const QString& place) {
   return {park, QPoint(qRound(park->width() * x), qRound(park->height() * y))};
 }
 
+void ClickAnswer(const MessageBox& box, const QString& answer) {
+  QPushButton* button = box.ButtonOf(answer);
+  Click({button, button->rect().center()});
+}
+
 bool BringsUpBatter(const QString& verb) {
   return verb == "BATTER" || (Outcomes().contains(verb) && verb != "RBI" && verb != "TO");
 }
@@ -114,6 +120,8 @@ void Player::MakeGesture() {
   if (dies && gestures_.isEmpty() && next_ < scriptLines_) Kill();
   while (gestures_.isEmpty() && next_ < lines_.size()) TakeLine();
   if (gestures_.isEmpty()) return Finish(0);
+  if (options_.undo && !goesBack_) states_[board_.history->steps()] = GameText(board_);
+  goesBack_ = next_ > scriptLines_;
   Perform(gestures_.takeFirst());
 }
 
@@ -150,16 +158,26 @@ bool Player::Answer(MessageBox& box) {
     Perform(line);
     return Word(line, 0) != "SHOT";
   }
-  if (!box.answers().isEmpty()) {
+  if (box.answers().contains(kAsItStands)) {
     const QString answer = std::exchange(proofAnswer_, kAsItStands);
-    Click(TargetAt("cmd_" + (box.answers().contains(answer) ? answer : kAsItStands).toUpper()));
-  } else if (box.question()) {
-    const QString answer = answers_.isEmpty() ? "Yes" : answers_.takeFirst();
-    Click(TargetAt("cmd_" + answer.toUpper()));
+    ClickAnswer(box, box.answers().contains(answer) ? answer : kAsItStands);
+  } else if (box.question() || !box.answers().isEmpty()) {
+    ClickAnswer(box, AnswerTo(box));
   } else {
     PressKey(&box, key_.isEmpty() ? "Return" : key_);
   }
   return true;
+}
+
+// Without an answer of its own a question is answered by Yes, a choice by what Enter would take.
+QString Player::AnswerTo(const MessageBox& box) {
+  const QStringList known = box.answers().isEmpty() ? QStringList{"Yes", "No"} : box.answers();
+  if (answers_.isEmpty()) return known.first();
+  const QString wanted = answers_.takeFirst();
+  for (const QString& answer : known) {
+    if (answer.compare(wanted, Qt::CaseInsensitive) == 0) return answer;
+  }
+  throw Refused("the box has no answer \"" + wanted + "\" but " + known.join(", "));
 }
 
 QStringList Player::GesturesOf(const QString& line) const {
@@ -300,7 +318,7 @@ bool Player::NoteAnswer(const QString& verb, const QString& gesture) {
   if (verb == "PROOF") {
     proofAnswer_ = Word(gesture, 1) == "RIGHT" ? "Put right and save" : "Back to the sheet";
   } else if (verb == "ANSWER") {
-    answers_ += Word(gesture, 1);
+    answers_ += Rest(gesture, 1);
   } else if (verb == "CHOOSE") {
     const QDir folder = QFileInfo(script_).dir();
     const QString beside = folder.absoluteFilePath(Rest(gesture, 1));
@@ -350,7 +368,11 @@ void Player::NoteStates() {
     if (goes && state != GameText(board_)) {
       return Refuse(QString("the game after %1 steps is another").arg(board_.history->steps()));
     }
-    if (!goes) state = GameText(board_);
+    if (goes) return;
+    state = GameText(board_);
+    // What a visit to a cell, or the sheet, brings up to date is no step of its own.
+    const std::size_t before = board_.history->steps() - 1;
+    if (board_.history->CanUndo()) states_[before] = board_.history->GameBefore();
   });
 }
 

@@ -37,6 +37,7 @@ class Player : public Driver {
  protected:
   void MakeGesture() override;
   bool Answer(MessageBox& box) override;
+  [[nodiscard]] QString AnswerTo(const MessageBox& box);
   void Refuse(const QString& reason) override;
 
  private:
@@ -67,11 +68,12 @@ class Player : public Driver {
   Options options_;
   QStringList lines_;
   qsizetype scriptLines_ = 0;
-  qsizetype next_ = 0;    // line to be played next
-  QStringList gestures_;  // what is left of the present line
-  QStringList answers_;   // to the next questions
-  QString proofAnswer_;   // to the next list of the proof; "": as it stands
-  QStringList messages_;  // of the boxes since the last dump
+  qsizetype next_ = 0;     // line to be played next
+  QStringList gestures_;   // what is left of the present line
+  bool goesBack_ = false;  // the script is played, and its steps are taken back
+  QStringList answers_;    // to the next questions
+  QString proofAnswer_;    // to the next list of the proof; "": as it stands
+  QStringList messages_;   // of the boxes since the last dump
   QPointer<MessageBox> seen_;
   QString key_;  // the outcome key pressed last; "" after another gesture
   std::map<std::size_t, std::string> states_;  // the game after so many steps

@@ -62,9 +62,10 @@ class Lines : public StateMap {
 
 void PutFields(Lines& lines, const BoardState& state, const StatSheet& sheet) {
   lines.PutAll(ON_BOARD(tb_VisTeam), ON_BOARD(tb_HomeTeam), ON_BOARD(Option5), ON_BOARD(Option6),
-               ON_BOARD(lbl_Selected), ON_BOARD(lbl_L1current), ON_BOARD(lbl_L2current),
-               ON_BOARD(tb_ListBoxStatus), ON_BOARD(Check1), ON_BOARD(Check2),
-               ON_BOARD(tb_List1edit), ON_BOARD(tb_List2edit), ON_BOARD(DragSourceIndex));
+               ON_BOARD(lbl_Selected), ON_BOARD(BatterOf), ON_BOARD(lbl_L1current),
+               ON_BOARD(lbl_L2current), ON_BOARD(tb_ListBoxStatus), ON_BOARD(Check1),
+               ON_BOARD(Check2), ON_BOARD(tb_List1edit), ON_BOARD(tb_List2edit),
+               ON_BOARD(DragSourceIndex));
   lines.PutAll(ON_BOARD(lbl_VisPitcher), ON_BOARD(lbl_HomePitcher), "lbl_VisPitcher.tag",
                state.lbl_VisPitcher_tag, "lbl_HomePitcher.tag", state.lbl_HomePitcher_tag,
                ON_BOARD(img_VisPitch), ON_BOARD(img_HomePitch));
@@ -91,8 +92,9 @@ void PutSide(Lines& lines, Board& board, Side side) {
   QStringList entries;
   for (const std::string& entry : fields.list.entries()) entries += ToQt(entry);
   lines.PutList(list, entries);
-  lines.PutAll(list + ".selected", fields.list.selected(), list + ".colour", colour,
-               visitors ? "tb_VisTeam.colour" : "tb_HomeTeam.colour", colour);
+  lines.PutAll(list + ".selected", fields.list.selected(), list + ".due", fields.due.value(),
+               list + ".colour", colour, visitors ? "tb_VisTeam.colour" : "tb_HomeTeam.colour",
+               colour);
   for (int cell = 0; cell < kScoreCells; ++cell) {
     lines.Put(Indexed(cells, cell), fields.score.at(cell).text);
     lines.PutUnless(kGrey, Indexed(cells, cell), fields.score.at(cell).colour.value());

@@ -8,7 +8,9 @@
 #include "game/history.h"
 #include "game/innings.h"
 #include "sheet/number_cells.h"
+#include "sheet/reckoning.h"
 #include "teams/lineup_edit.h"
+#include "teams/pitchers.h"
 #include "teams/player_name.h"
 
 namespace dtb {
@@ -38,12 +40,6 @@ std::string FiguresOf(const StatGrid& grid, int row) {
   return figures;
 }
 
-double SumOf(const StatGrid& grid, int column) {
-  double sum = 0;
-  for (int row = 1; row < grid.rows(); ++row) sum += NumberOf(grid.Text(row, column));
-  return sum;
-}
-
 double HitsOfBatters(const StatGrid& grid) {
   double hits = 0;
   for (const int column : kHitColumns) hits += SumOf(grid, column);
@@ -51,8 +47,9 @@ double HitsOfBatters(const StatGrid& grid) {
 }
 
 // "1 hit", "2 hits".
-std::string Count(double number, const std::string& word) {
-  return DecimalText(number) + ' ' + word + (number == 1 ? "" : "s");
+std::string Count(double number, const std::string& word, const std::string& plural = {}) {
+  if (number == 1) return "1 " + word;
+  return DecimalText(number) + ' ' + (plural.empty() ? word + 's' : plural);
 }
 
 class Proof {
@@ -64,6 +61,9 @@ class Proof {
     for (const Side side : kSides) FindInnings(side);
     for (const Side side : kSides) FindDisagreements(side);
     for (const Side side : kSides) FindRuns(side);
+    for (const Side side : kSides) FindAppearances(side);
+    for (const Side side : kSides) FindBatters(side);
+    for (const Side side : kSides) FindIdlePitchers(side);
     for (const Side side : kSides) FindMenWithoutLine(side);
     FindNames();
     FindTexts();
@@ -204,6 +204,83 @@ class Proof {
     }
   }
 
+  // Plate appearances are outs, runs and those left on base. The board counts none for a batter who
+  // was hit by a pitch or sacrificed himself.
+  void FindAppearances(Side batting) {
+    const Reckoning reckoning = Reckon(board_, batting);
+    if (reckoning.leftOnBase >= 0 && reckoning.leftOnBase <= reckoning.mostOnBase) return;
+    const std::string team = TeamOf(batting);
+    const std::string counted =
+        "The batters of " + team + " have " +
+        Count(reckoning.appearances, "at-bat and walk", "at-bats and walks");
+    const std::string outcome =
+        Count(reckoning.outs, "out") + " and " + Count(reckoning.runs, "run");
+    if (reckoning.leftOnBase < 0) {
+      return Tell(FindingKind::Appearances, batting,
+                  counted + ", but " + team + " has " + outcome +
+                      ". A batter hit by a pitch or a sacrifice may explain it.");
+    }
+    Tell(FindingKind::Appearances, batting,
+         counted + ", but " + team + " has only " + outcome + ", so " +
+             Count(reckoning.leftOnBase, "runner") + " would have been left on base.");
+  }
+
+  void FindBatters(Side side) {
+    const StatGrid& grid = SideOf(board_, side).grid;
+    for (int row = 1; row < grid.rows(); ++row) {
+      const auto number = [&grid, row](int column) { return NumberOf(grid.Text(row, column)); };
+      double hits = 0;
+      for (const int column : kHitColumns) hits += number(column);
+      const std::string name = Name(grid, row, kBatter);
+      if (hits + number(kStrikeouts) > number(kAtBats)) {
+        Add({FindingKind::HitsBeyondAtBats,
+             side,
+             row,
+             kAtBats,
+             name + " has " + Count(hits, "hit") + " and " +
+                 Count(number(kStrikeouts), "strikeout") + " in " +
+                 Count(number(kAtBats), "at-bat") + ".",
+             std::string(grid.Text(row, kAtBats)),
+             {},
+             false});
+      }
+      if (number(kHomeRuns) > number(kRunsBattedIn)) {
+        Add({FindingKind::HomeRunsAlone,
+             side,
+             row,
+             kRunsBattedIn,
+             name + " has " + Count(number(kHomeRuns), "home run") + " but " +
+                 DecimalText(number(kRunsBattedIn)) +
+                 " RBI. A home run drives in the batter himself.",
+             std::string(grid.Text(row, kRunsBattedIn)),
+             {},
+             false});
+      }
+    }
+  }
+
+  // Named by mistake: he would be saved with no innings. Who has just come on may still pitch,
+  // until the game is saved.
+  void FindIdlePitchers(Side side) {
+    const SideFields fields = SideOf(board_, side);
+    const bool over = moment_ == ProofMoment::Save && OutsInTheField(board_, side) > 0;
+    for (int row = 1; row < fields.grid.rows(); ++row) {
+      const std::string name(fields.grid.Text(row, kPitcher));
+      const bool present = name == fields.pitcher.value();
+      if (name.empty() || (present && !over)) continue;
+      const auto outs = fields.outs.find(name);
+      double figures = outs == fields.outs.end() ? 0 : outs->second;
+      for (int column = kPitcher + 1; column <= kInningsPitched; ++column) {
+        figures += std::abs(NumberOf(fields.grid.Text(row, column)));
+      }
+      if (figures > 0) continue;
+      Add({FindingKind::IdlePitcher, side, row, kPitcher,
+           name + " is among the pitchers of " + TeamOf(side) +
+               ", but has no out, no batter and no run.",
+           name, "", !present});
+    }
+  }
+
   void FindMenWithoutLine(Side side) {
     const LineupList& list = SideOf(board_, side).list;
     for (int row = 0; row < std::min(kStarters, list.size()); ++row) {
@@ -222,12 +299,14 @@ class Proof {
       for (int row = 1; row < grid.rows(); ++row) {
         const std::string name(grid.Text(row, kBatter));
         if (name.empty()) continue;
-        const auto visitor = visitors.FindRow(kBatter, name);
-        if (side == Side::Home && visitor.value_or(0) > 0) {
+        const int visitor = visitors.FindRow(kBatter, name).value_or(0);
+        const bool both = side == Side::Home && visitor > 0;
+        if (both && FiguresOf(grid, row).empty() && FiguresOf(visitors, visitor).empty()) continue;
+        if (both) {
           TellName(side, row,
                    name +
-                       " bats for both teams, so the home man's at-bats go to the "
-                       "visitors' man.");
+                       " bats for both teams, so the at-bats of the home player go to the "
+                       "visitors' player.");
         } else if (grid.FindRow(kBatter, name) != row) {
           TellName(side, row,
                    name + " stands twice in " + TeamOf(side) +
@@ -271,6 +350,10 @@ void PutRightOne(Board& board, const Finding& finding) {
       board.log.Append("[proof] " + Name(grid, finding.row, kPitcher) + ": IP \"" + finding.now +
                        "\" becomes \"" + finding.ought + "\"");
       break;
+    case FindingKind::IdlePitcher:
+      EnterPitcher(grid, finding.row, "");
+      board.log.Append("[proof] " + finding.now + " is no pitcher of this game");
+      break;
     case FindingKind::TotalOfRuns:
       ScoreUpdate(board);
       board.log.Append("[proof] R of " + SideOf(board, finding.side).sheetTeam.value() +
@@ -303,22 +386,6 @@ void PutRight(Board& board, ProofMoment moment, const std::vector<Finding>& find
       if (wanted) PutRightOne(board, now);
     }
   }
-}
-
-std::optional<int> LeftOnBase(Board& board, Side side) {
-  const SideFields fields = SideOf(board, side);
-  int halves = 0;
-  for (int inning = 0; inning < kInnings; ++inning) {
-    if (fields.score.at(inning).colour.value() == kFinishedYellow) ++halves;
-  }
-  double outs = 3.0 * halves;
-  const double inProgress = board.state.tb_OUT.number();
-  if (fields.atBat.value() && inProgress < 3) outs += inProgress;
-  const double left =
-      SumOf(fields.grid, kAtBats) + SumOf(fields.grid, kWalks) - RunsOfInnings(fields.score) - outs;
-  constexpr int kBases = 3;
-  if (left != std::floor(left) || left < 0 || left > kBases * (halves + 1)) return std::nullopt;
-  return static_cast<int>(left);
 }
 
 std::string ProofSummary(const std::vector<Finding>& findings) {

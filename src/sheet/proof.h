@@ -2,7 +2,6 @@
 // Baseball Rules, 9.03(c)).
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,14 +11,18 @@ namespace dtb {
 
 // What a finding is about, in the order in which they are told.
 enum class FindingKind {
-  BatterNotSaved,   // figures of a man who is not marked as having played
-  InningsPitched,   // other than the outs that were made while he pitched
-  NamelessInnings,  // innings in a row without a name
-  Disagreement,     // batters, line score and pitchers count the same thing differently
-  TotalOfRuns,      // the R cell is not the sum of the innings
-  MoreThanRuns,     // runs batted in, or earned, beyond the runs
-  NotOnSheet,       // a man of the batting order who has no line
-  SameName,         // a name that stands twice, or in both teams
+  BatterNotSaved,    // figures of a man who is not marked as having played
+  InningsPitched,    // other than the outs that were made while he pitched
+  NamelessInnings,   // innings in a row without a name
+  Disagreement,      // batters, line score and pitchers count the same thing differently
+  TotalOfRuns,       // the R cell is not the sum of the innings
+  MoreThanRuns,      // runs batted in, or earned, beyond the runs
+  Appearances,       // too few or too many for the runs, the outs and those left on base
+  HitsBeyondAtBats,  // more hits and strikeouts than at-bats
+  HomeRunsAlone,     // more home runs than runs batted in
+  IdlePitcher,       // no out, no batter and no run
+  NotOnSheet,        // a man of the batting order who has no line
+  SameName,          // a name that stands twice, or in both teams
   TextForNumber,
 };
 
@@ -44,11 +47,6 @@ enum class ProofMoment { Sheet, Save };
 // Puts right what can be put right, and logs each of it. One step of the history. A finding that is
 // no longer so changes nothing. Where all that can be is put right, nothing of that kind is left.
 void PutRight(Board& board, ProofMoment moment, const std::vector<Finding>& findings);
-
-// Runners of a side that were left on base: at-bats and walks, less its runs and its outs. Nothing
-// where that cannot be, below 0 or above 3 for each half-inning begun: hand corrections, or figures
-// that are missing.
-[[nodiscard]] std::optional<int> LeftOnBase(Board& board, Side side);
 
 // "In proof", or "2 figures to look at".
 [[nodiscard]] std::string ProofSummary(const std::vector<Finding>& findings);

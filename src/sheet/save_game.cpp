@@ -82,9 +82,12 @@ bool HasPitcher(const StatGrid& grid, int row) {
 
 void RecordBattingData(GameSave& save) {
   save.board.sheet.tb_TimeStamp2.Set(MakeStamp(save.board.platform.clock.Now()));
-  RecordPlayers(
-      save, stat_column::kBatter, stat_column::kAtBats - stat_column::kBatter,
-      [](const StatGrid& grid, int row) { return grid.Text(row, stat_column::kPlayed) == "1"; });
+  RecordPlayers(save, stat_column::kBatter, stat_column::kAtBats - stat_column::kBatter,
+                // The marks of a team of fewer than nine stand also in rows without a player.
+                [](const StatGrid& grid, int row) {
+                  return grid.Text(row, stat_column::kPlayed) == "1" &&
+                         !grid.Text(row, stat_column::kBatter).empty();
+                });
 }
 
 void RecordPitchingData(GameSave& save) {

@@ -53,33 +53,11 @@ void SelectBatter(Board& board, Side side) {
   if (fields.list.selected() >= kStarters) return;
   Trapped(board.platform.boxes, [&] {
     board.state.lbl_Selected.Set(PlayerNameOf(fields.list.SelectedEntry()));
+    board.state.BatterOf.Set(fields.letter);
     fields.rememberedRow.Set(DecimalText(fields.list.selected()));
     fields.due.Set(fields.list.selected());
     PlaceBatterPhoto(board, board.state.lbl_Selected.value());
   });
-}
-
-std::optional<int> RowOfBatter(Board& board, Side side) {
-  const SideFields fields = SideOf(board, side);
-  const std::string& batter = board.state.lbl_Selected.value();
-  const int row = fields.due.value();
-  if (!fields.atBat.value() || batter.empty() || !fields.list.HasRow(row)) return std::nullopt;
-  const std::string& entry = fields.list.entries()[static_cast<std::size_t>(row)];
-  if (PlayerNameOf(entry) != batter) return std::nullopt;
-  return row;
-}
-
-std::optional<int> RowOfManDue(Board& board, Side side) {
-  const SideFields fields = SideOf(board, side);
-  const int row = fields.due.value();
-  const bool waits = fields.atBat.value() && fields.list.HasRow(row) && !RowOfBatter(board, side);
-  return waits ? std::optional(row) : std::nullopt;
-}
-
-void ChooseManDue(Board& board) {
-  const auto side = SideAtBat(board.state);
-  if (!side) return;
-  if (const auto row = RowOfManDue(board, *side)) SelectRow(board, *side, *row);
 }
 
 bool IsOnSheet(Board& board, Side side, int row) {

@@ -14,18 +14,6 @@ enum class MouseButton { Left, Right, Other };
 // the first nine rows.
 void SelectBatter(Board& board, Side side);
 
-// The row of the man who is batting now, while the side is at bat and one of its first nine was
-// chosen since it came to bat.
-[[nodiscard]] std::optional<int> RowOfBatter(Board& board, Side side);
-
-// While the side is at bat and nobody is chosen: the row of the man who is due. That is the one
-// behind its last batter, the first row in its first half-inning, and the same man again whose turn
-// a runner's out has cut short.
-[[nodiscard]] std::optional<int> RowOfManDue(Board& board, Side side);
-
-// Chooses that man of the side at bat. Where nobody is due, nothing happens.
-void ChooseManDue(Board& board);
-
 // The man of this row has a line in the side's table, so that what he does is counted.
 [[nodiscard]] bool IsOnSheet(Board& board, Side side, int row);
 

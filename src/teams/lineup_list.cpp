@@ -55,9 +55,14 @@ void LineupList::Move(int from, int to) {
 
 void LineupList::Select(int row) {
   if (!HasRow(row)) return;
+  Highlight(row);
+  if (selectedEvent_) selectedEvent_();
+}
+
+void LineupList::Highlight(int row) {
+  if (!HasRow(row)) return;
   selected_ = row;
   TellObserver();
-  if (selectedEvent_) selectedEvent_();
 }
 
 }  // namespace dtb

@@ -36,6 +36,8 @@ class LineupList {
   void Move(int from, int to);
   // Makes the row the selected one and raises the event below, also when it was selected before.
   void Select(int row);
+  // The same without the event: only the highlight moves.
+  void Highlight(int row);
 
   // The event "a row was selected".
   void SetSelectedEvent(std::function<void()> event) { selectedEvent_ = std::move(event); }

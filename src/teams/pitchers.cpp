@@ -3,6 +3,7 @@
 #include "game/history.h"
 #include "game/innings.h"
 #include "shell/program_error.h"
+#include "teams/batting_order.h"
 #include "teams/game_pieces.h"
 #include "teams/player_name.h"
 
@@ -37,9 +38,8 @@ void ChangePitcher(Board& board, Side side) {
     GiveRow(fields.grid, fields.pitcher.value());
     TakeBackReportedInnings(board);
     CalcPitcherIP(board);
-    if (!fields.rememberedRow.value().empty()) {
-      fields.list.Select(static_cast<int>(NumberOf(fields.rememberedRow.value())));
-    }
+    // Only the highlight goes back: naming a pitcher brings nobody to bat.
+    if (!fields.rememberedRow.value().empty()) HighlightPlaceInOrder(board, side);
     board.log.Append(fields.pitcher.value() + "_____[current pitcher]");
   });
 }

@@ -5,6 +5,7 @@
 #include "platform/paths.h"
 #include "shell/program_error.h"
 #include "shell/utf8.h"
+#include "teams/batting_order.h"
 #include "teams/player_name.h"
 #include "teams/team_file.h"
 
@@ -95,6 +96,8 @@ void ReplaceTeam(Board& board, Side side, const std::filesystem::path& file) {
 void OpenTeam(Board& board, Side side, const std::filesystem::path& file) {
   const Gesture gesture(board, "LOAD " + TextOf(file.filename()));
   Trapped(board.platform.boxes, [&] { FillSide(board, side, file); });
+  // The batter stays where the same team was loaded again.
+  if (const auto batter = RowOfBatter(board, side)) SideOf(board, side).list.Highlight(*batter);
 }
 
 }  // namespace dtb

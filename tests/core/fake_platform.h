@@ -12,6 +12,7 @@
 #include "game/history.h"
 #include "game/memento.h"
 #include "game/outcomes.h"
+#include "game/outs.h"
 #include "game/runners.h"
 #include "game/score_pad.h"
 #include "game/start_up.h"
@@ -19,6 +20,7 @@
 #include "platform/quiet_desktop.h"
 #include "sheet/proof.h"
 #include "shell/program_error.h"
+#include "teams/batting_order.h"
 #include "teams/game_pieces.h"
 #include "teams/lineup_edit.h"
 #include "teams/pitchers.h"
@@ -39,7 +41,13 @@ struct FakePlatform final : QuietDesktop {
   void Show(const std::string& message, BoxIcon icon, const std::string& title) override {
     Tell(" iw!x"[static_cast<int>(icon)] + (": " + title + (title.empty() ? "" : ": ")) + message);
   }
-  bool Ask(const Question& question) override { return Tell(question.title), false; }
+  std::size_t Choose(const Choice& choice) override {
+    std::string text = choice.text;
+    for (const std::string& answer : choice.answers) text += " [" + answer + "]";
+    Tell(text);
+    return goesBack ? choice.answers.size() - 1 : 0;
+  }
+  bool Ask(const Question& question) override { return Tell(question.title), saysYes; }
   std::optional<std::filesystem::path> OpenFile(const OpenFileRequest&) override { return chosen; }
   std::optional<std::filesystem::path> OpenFolder(const std::string&,
                                                   const std::filesystem::path&) override {
@@ -88,6 +96,8 @@ struct FakePlatform final : QuietDesktop {
   std::optional<std::filesystem::path> chosen;  // in the file dialog; none: cancelled
   std::set<std::string> photos;                 // paths of the pictures that exist
   bool control = false;
+  bool saysYes = false;   // to a question
+  bool goesBack = false;  // at a choice; else it takes what Enter would
   int controlF12 = 0;
   std::vector<double> draws;  // the generator goes round them
   std::size_t drawn = 0;
@@ -164,6 +174,9 @@ struct Game {
       fields.grid.SetText(row, column, word.substr(word.find('=') + 1));
     }
     if (verb == "photo") fake.photos.insert("/" + argument + ".jpg");
+    if (verb == "yes") fake.saysYes = true;
+    if (verb == "typedthree") EndHalfByHand(board);
+    if (verb == "answer") fake.goesBack = argument == "back";
     if (verb == "ctrl") fake.control = argument == "held";
     if (verb == "unload") fields.list.Clear();
     if (verb == "unpitch") fields.pitcher.Set("");

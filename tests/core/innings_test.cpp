@@ -37,9 +37,9 @@ MASTER:6 MASTER: => 0  V A / 0=* 1=* 0:0
   / w: Only numbers 0 and higher are allowed. An error has occurred.
 OUT:3 toggle:v0 OUT:1 => 1 3 H A / 0=0* 0:0 / -
 toggle:v19 toggle:h0 toggle:h0 => 0 0 V A / 38=* 0:0 / -
-MASTER:3 RBI RBI => 0 3 V A / 0=* 1=2 0:2 / Stat Recorded. | Stat Recorded.
+MASTER:3 RBI RBI => 0 3 V A / 0=* 1=2 0:2 / Owls is at bat in the bottom of inning 1, so the run goes into the line of Elks. [Record it] [Back] | Stat Recorded. | Stat Recorded.
 MASTER:6 RBI => 0 6 V A / 0=* 1=* 2=1 1:0 / Stat Recorded.
-MASTER:117 RBI MASTER:0 => 0 0 V A / 39=1 0:1 / Stat Recorded.
+MASTER:117 RBI MASTER:0 => 0 0 V A / 39=1 0:1 / Owls is at bat in the bottom of inning 20, so the run goes into the line of Elks. [Record it] [Back] | Stat Recorded.
 OUT:2 MASTER:117 GO MASTER:0 => 0 0 H A / 39=0 0:0 / OUT recorded. | END OF INNING.
   | i: Maximum INNINGS reached. Use manual scoring to complete game.
 MASTER:120 RBI MASTER:1e300 RBI MASTER:0 => 0 0 V A / 0:0 / Stat Recorded. | Stat Recorded.

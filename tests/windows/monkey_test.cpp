@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QListView>
+#include <QPushButton>
 #include <QWheelEvent>
 #include <QWindow>
 #include <random>
@@ -213,8 +214,10 @@ bool Monkey::Answer(MessageBox& box) {
   const Target beside{box.window(), {3, 30}};
   if (box.question()) {
     Click(beside);
-    EXPECT_EQ(MessageBox::Open(), &box) << "only Yes and No close a question";
-    Click(TargetAt(OneOf<QString>({"cmd_NO", "CloseBox"})));
+    EXPECT_EQ(MessageBox::Open(), &box) << "only its answers close a question";
+    const QString answer = OneOf(box.answers().isEmpty() ? QStringList("No") : box.answers());
+    QPushButton* button = box.ButtonOf(answer);
+    Click(Below(3) == 0 ? TargetAt("CloseBox") : Target{button, button->rect().center()});
   } else if (const int way = Below(5); way > 1) {
     PressKey(&box, OneOf<QString>({"Return", "Space", "Escape"}));
   } else {

@@ -4,6 +4,7 @@
 
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
+#include "windows/shared/text_visit.h"
 
 namespace dtb {
 namespace {
@@ -123,7 +124,10 @@ FaceDicePanel::FaceDicePanel(Aids& aids, Scene& scene, QWidget* parent)
   scene.Put(roll,
             {kMargin, kSecond + kFaceDieSize + kGap, kFacePanelWidth - 2 * kMargin, kRollHeight},
             kBody, true);
-  connect(roll, &QPushButton::clicked, this, [&aids] { RollFaceDice(aids); });
+  connect(roll, &QPushButton::clicked, this, [this, &aids] {
+    EndTextVisit(this);
+    RollFaceDice(aids);
+  });
   RunWhile(tmr_sombb_, "tmr_sombb", kFaceDiceInterval, this, aids.state.tmr_sombb);
   connect(&tmr_sombb_, &QTimer::timeout, this, [&aids] { TickFaceDice(aids); });
   BindVisible(this, aids.state.Check4);
@@ -157,7 +161,10 @@ NumberDicePanel::NumberDicePanel(Aids& aids, Scene& scene, QWidget* parent)
             {kMargin, kMargin + 2 * (kNumberDieSize + kGap), kNumberPanelWidth - 2 * kMargin,
              kRollHeight},
             kBody, true);
-  connect(roll, &QPushButton::clicked, this, [&aids] { RollNumberDice(aids); });
+  connect(roll, &QPushButton::clicked, this, [this, &aids] {
+    EndTextVisit(this);
+    RollNumberDice(aids);
+  });
   RunWhile(tmrDice2_, "tmrDice2", kNumberDiceInterval, this, aids.state.tmrDice2);
   connect(&tmrDice2_, &QTimer::timeout, this, [&aids] { TickNumberDice(aids); });
   BindVisible(this, aids.state.fra_BBgumBB_visible);

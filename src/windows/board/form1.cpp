@@ -1,5 +1,6 @@
 #include "windows/board/form1.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -51,6 +52,11 @@ Form1::Form1(Board& board, Aids& aids, QtPictures& pictures)
   // Else the toolkit would give the focus to the first button, and an Enter would press it.
   park_->setFocus(Qt::OtherFocusReason);
   setMinimumSize(qRound(kSceneWidth * kSmallestScale), qRound(kSceneHeight * kSmallestScale));
+  // What the focus leaves without a successor, the park takes: nothing is pressed by surprise
+  // there.
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+    if (now == nullptr && isActiveWindow()) park_->setFocus(Qt::OtherFocusReason);
+  });
   PlaceAtLaunch();
   StartTimers();
 }

@@ -236,7 +236,7 @@ LineupView::LineupView(Board& board, Side side, QWidget* parent)
       board.state.Option5, board.state.Option6);
   FollowAll(
       this, [this] { viewport()->update(); }, board.state.lbl_Selected, board.state.VisDue,
-      board.state.HomeDue);
+      board.state.HomeDue, board.state.BatterOf);
   if (board.history != nullptr) {
     // The sheet may have got a line for somebody.
     board.history->Observe([self = QPointer(this)] {

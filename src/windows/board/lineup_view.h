@@ -6,6 +6,7 @@
 #include <QListView>
 
 #include "game/board.h"
+#include "teams/batting_order.h"
 #include "teams/lineup_edit.h"
 
 namespace dtb {

@@ -7,6 +7,7 @@
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
 #include "windows/shared/outcome_table.h"
+#include "windows/shared/text_visit.h"
 
 namespace dtb {
 namespace {
@@ -49,8 +50,11 @@ OutcomePanel::OutcomePanel(Board& board, Scene& scene, QWidget* parent)
     const OutcomeEntry& entry = kOutcomes[i];
     auto* button = add(entry.name, entry.caption, QLatin1String(entry.tip), ShadesOf(entry.family),
                        kPlaces[i]);
-    connect(button, &QAbstractButton::clicked, this,
-            [&board, outcome = entry.outcome] { RecordOutcome(board, outcome); });
+    connect(button, &QAbstractButton::clicked, this, [this, &board, outcome = entry.outcome] {
+      // A run is a figure of the cell, so it leaves the person there.
+      if (outcome != Outcome::RunBattedIn) EndTextVisit(this);
+      RecordOutcome(board, outcome);
+    });
   }
   auto* stolenBase = add("lbl_SB", "SB", QStringLiteral("Stolen base"),
                          ShadesOf(OutcomeFamily::Plain), kStolenBase);

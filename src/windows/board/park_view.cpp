@@ -6,6 +6,7 @@
 
 #include "platform/qt/qt_pictures.h"
 #include "windows/shared/look.h"
+#include "windows/shared/text_visit.h"
 
 namespace dtb {
 
@@ -50,6 +51,8 @@ void ParkView::paintEvent(QPaintEvent* event) {
   const QRectF target = event->rect();
   painter.drawPixmap(target, scaled_, QRectF(target.topLeft() * ratio, target.size() * ratio));
 }
+
+void ParkView::mousePressEvent(QMouseEvent* /*event*/) { EndTextVisit(this); }
 
 void ParkView::mouseMoveEvent(QMouseEvent* event) {
   QWidget::mouseMoveEvent(event);

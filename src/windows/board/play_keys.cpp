@@ -7,7 +7,7 @@
 
 #include "game/outcomes.h"
 #include "game/runners.h"
-#include "teams/lineup_edit.h"
+#include "teams/batting_order.h"
 #include "windows/boxes/message_box.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"

@@ -2,12 +2,14 @@
 
 #include <QPainter>
 #include <QPushButton>
+#include <QRegularExpressionValidator>
 
 #include "aids/ballparks.h"
 #include "aids/charts.h"
 #include "aids/logos.h"
 #include "game/history.h"
 #include "game/innings.h"
+#include "game/outs.h"
 #include "game/score_pad.h"
 #include "platform/qt/qt_text.h"
 #include "teams/game_pieces.h"
@@ -15,6 +17,7 @@
 #include "windows/shared/game_text.h"
 #include "windows/shared/look.h"
 #include "windows/shared/name_edit.h"
+#include "windows/shared/text_visit.h"
 
 namespace dtb {
 namespace {
@@ -77,6 +80,22 @@ QString CellTip(Side side, int cell) {
     return side == Side::Visitors ? QStringLiteral("top of 20") : QStringLiteral("botom of 20");
   }
   return {};
+}
+
+bool IsDigit(const QString& typed) {
+  return typed.size() == 1 && typed.at(0) >= QLatin1Char('0') && typed.at(0) <= QLatin1Char('9');
+}
+
+// Digits are figures. Letters are keys of the board, but for the "x" with which scorers mark a half
+// that was not played, in an empty cell. What is pasted has to look like that, too.
+void TakeFiguresAlone(FigureField* field, int cell) {
+  const bool inning = cell < kInnings;
+  const auto pattern = inning ? QStringLiteral("\\d{0,2}|[xX]") : QStringLiteral("\\d{0,4}");
+  field->setValidator(new QRegularExpressionValidator(QRegularExpression(pattern), field));
+  field->SetKeyUse([field, inning](const QString& typed) {
+    const bool mark = inning && field->text().isEmpty() && typed.toLower() == QLatin1String("x");
+    return mark || IsDigit(typed) ? FigureField::KeyUse::Text : FigureField::KeyUse::Board;
+  });
 }
 
 // Lies over a part of the scoreboard and looks like it: its own right and lower edges do not show.
@@ -174,11 +193,26 @@ void Scoreboard::AddScoreCell(QWidget* frame, Side side, int cell, const Place& 
           [this, side, cell] { ToggleFinished(board_, side, cell); });
   connect(field, &FigureField::caretMoved, this,
           [this](bool toStart) { MoveCaret(board_, toStart); });
+  connect(field, &FigureField::returned, this, [this, field] { SyncCaret(field); });
+  TakeFiguresAlone(field, cell);
+  if (board_.history != nullptr) {
+    board_.history->Observe([this, field = QPointer(field)] {
+      if (field && field->hasFocus() && board_.history->stepped()) SyncCaret(field);
+    });
+  }
   // What others write into the cell leaves it as it was for the person: still to be replaced, or
   // not.
   connect(field, &QLineEdit::textChanged, field, [this, field] {
     if (field->hasFocus() && !field->isModified() && CaretAtStart(board_.state)) field->selectAll();
   });
+}
+
+void Scoreboard::SyncCaret(FigureField* field) const {
+  if (CaretAtStart(board_.state)) {
+    field->selectAll();
+  } else {
+    field->end(false);
+  }
 }
 
 bool Scoreboard::InProgress(Side side, int inning) const {
@@ -194,8 +228,10 @@ void Scoreboard::AddDigit(QWidget* frame, int digit, const Place& place) {
   label->setAccessibleName(QStringLiteral("Score pad ") + caption);
   label->setCursor(Qt::PointingHandCursor);
   scene_.Put(label, place, kBody, true);
-  connect(label, &QAbstractButton::clicked, this,
-          [this, digit] { ClickDigit(board_, DecimalText(digit)); });
+  connect(label, &QAbstractButton::clicked, this, [this, digit] {
+    EndTextVisit(this);
+    ClickDigit(board_, DecimalText(digit));
+  });
 }
 
 void Scoreboard::BuildLineScore(QWidget* frame) {
@@ -232,6 +268,19 @@ void Scoreboard::BuildOuts() {
   outs->SetGround(kOutsRed, Qt::white);
   scene_.Put(outs, {0, 28, 84, 48}, kHuge, true);
   BindGameText(outs, board_.state.tb_OUT, board_, "OUTS");
+  outs->setToolTip(QStringLiteral("Outs of the half-inning; type 0 to 2, or 3 to end it"));
+  outs->setValidator(
+      new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-2]?")), outs));
+  outs->SetKeyUse([this, outs](const QString& typed) {
+    if (typed == QLatin1String("3")) {
+      EndTextVisit(this);
+      EndHalfByHand(board_);
+      return FigureField::KeyUse::Done;
+    }
+    if (!IsDigit(typed) || typed > QLatin1String("2")) return FigureField::KeyUse::Board;
+    outs->selectAll();
+    return FigureField::KeyUse::Text;
+  });
   auto* reset = new QPushButton(QStringLiteral("RESET"), frame);
   Name(reset, "Command11", QStringLiteral("RESET game pieces"));
   reset->setToolTip(QStringLiteral("Clears the game pieces; outs and score stay"));

@@ -34,6 +34,8 @@ class Scoreboard : public DraggablePanel {
   void BuildExtraInnings(QtPictures& pictures);
   void DressTeam(FigureField* team, Side side, const QPointF& origin);
   void AddScoreCell(QWidget* frame, Side side, int cell, const Place& place);
+  // The next key of the person does in the cell what the next digit of the score pad does.
+  void SyncCaret(FigureField* field) const;
   // That half-inning is being played.
   [[nodiscard]] bool InProgress(Side side, int inning) const;
   void AddDigit(QWidget* frame, int digit, const Place& place);

@@ -6,6 +6,7 @@
 #include <QStyleOption>
 
 #include "platform/qt/qt_text.h"
+#include "teams/batting_order.h"
 #include "teams/lineup_edit.h"
 #include "teams/pitchers.h"
 #include "teams/team_load.h"
@@ -188,7 +189,7 @@ void SidePanel::BuildPitcher(QtPictures& pictures) {
   title->setObjectName(QLatin1String(names.photo) + QStringLiteral("_title"));
   FollowAll(
       title, [this, title] { ShowDuel(title); }, board_.state.Option5, board_.state.Option6,
-      board_.state.lbl_Selected, board_.state.VisDue, board_.state.HomeDue);
+      board_.state.lbl_Selected, board_.state.BatterOf, board_.state.VisDue, board_.state.HomeDue);
 
   auto* pitcher = new ClickLabel({}, {kSlateRaised, kSlateHover, kCream}, this);
   Name(pitcher, names.pitcher, QLatin1String(names.pitcherTip));

@@ -42,7 +42,8 @@ constexpr qsizetype kLongestMessage = 20000;
 
 MessageBox* openBox = nullptr;
 int opened = 0;
-int closingKey = 0;  // 0: none
+constexpr const char* kAnswer = "answer";  // property of a button: its caption
+int closingKey = 0;                        // 0: none
 
 QString IconText(BoxIcon icon) {
   switch (icon) {
@@ -245,7 +246,8 @@ void MessageBox::Build(double scale) {
   for (const double width : {kConfirmationWidth, kStandardWidth, kChoiceWidth}) {
     const bool usual = width >= (Confirmation() ? kConfirmationWidth : kStandardWidth);
     setFixedWidth(units(width));
-    if (!usual || !content_.answers.isEmpty()) continue;
+    const bool list = content_.message.contains(QLatin1Char('\n'));
+    if (!usual || (list && !content_.answers.isEmpty())) continue;
     if (text->heightForWidth(units(width) - units(beside)) <= units(kTallText)) break;
   }
   auto* column = new QVBoxLayout(this);
@@ -303,7 +305,8 @@ void MessageBox::BuildButtons(double scale, QWidget* below) {
   row->setContentsMargins(0, qRound(8 * scale), qRound(12 * scale), 0);
   row->addStretch();
   const auto add = [&](const QString& caption, bool answer) {
-    auto* button = new QPushButton(caption, below);
+    auto* button = new QPushButton(QString(caption).replace(QLatin1Char('&'), "&&"), below);
+    button->setProperty(kAnswer, caption);
     button->setObjectName(QStringLiteral("cmd_") + caption.toUpper());
     button->setFixedSize(qRound(96 * scale), qRound(34 * scale));
     button->setFont(Font(kBody * scale));
@@ -316,8 +319,12 @@ void MessageBox::BuildButtons(double scale, QWidget* below) {
       auto* button = add(content_.answers[i], i == 0);
       button->disconnect(this);
       connect(button, &QPushButton::clicked, this, [this, i] { Choose(i); });
-      const int caption = button->fontMetrics().horizontalAdvance(button->text());
-      button->setFixedWidth(caption + qRound(40 * scale));
+      // A name may be of any length.
+      const int most = width() / static_cast<int>(content_.answers.size()) - qRound(64 * scale);
+      const QFontMetrics metrics = button->fontMetrics();
+      const QString shown = metrics.elidedText(button->text(), Qt::ElideMiddle, most);
+      button->setText(shown);
+      button->setFixedWidth(metrics.horizontalAdvance(shown) + qRound(40 * scale));
       if (i == 0) setFocusProxy(button);
     }
   } else if (content_.question) {
@@ -328,6 +335,13 @@ void MessageBox::BuildButtons(double scale, QWidget* below) {
     setFocusProxy(add(QStringLiteral("OK"), true));
   }
   static_cast<QVBoxLayout*>(layout())->addLayout(row);
+}
+
+QPushButton* MessageBox::ButtonOf(const QString& answer) const {
+  for (auto* button : findChildren<QPushButton*>()) {
+    if (button->property(kAnswer).toString() == answer) return button;
+  }
+  return nullptr;
 }
 
 void MessageBox::PlaceOverWindow() {

@@ -3,6 +3,7 @@
 
 #include <QEventLoop>
 #include <QPointer>
+#include <QPushButton>
 #include <QWidget>
 
 #include "platform/platform.h"
@@ -41,6 +42,8 @@ class MessageBox : public QWidget {
   [[nodiscard]] QString message() const { return content_.message; }
   [[nodiscard]] bool question() const { return content_.question; }
   [[nodiscard]] const QStringList& answers() const { return content_.answers; }
+  // The button with this caption; none where the box has no such answer.
+  [[nodiscard]] QPushButton* ButtonOf(const QString& answer) const;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -41,7 +41,8 @@ bool WindowBoxes::Ask(const Question& question) {
 }
 
 std::size_t WindowBoxes::Choose(const Choice& choice) {
-  QString text = ToQt(choice.text) + QLatin1Char('\n');
+  QString text = ToQt(choice.text);
+  if (!choice.lines.empty()) text += QLatin1Char('\n');
   for (const std::string& line : choice.lines) {
     text += QStringLiteral("\n\u2013 ") + ToQt(line);
   }

@@ -306,6 +306,7 @@ void FigureField::focusInEvent(QFocusEvent* event) {
       emit focused();
       break;
     default:
+      emit returned();
       break;
   }
 }
@@ -345,6 +346,16 @@ void FigureField::keyPressEvent(QKeyEvent* event) {
   if (enter || event->key() == Qt::Key_Escape) {
     // The keys are the board's again.
     if (!event->isAutoRepeat()) clearFocus();
+    return;
+  }
+  const QString typed = event->text();
+  const bool printable = !typed.isEmpty() && typed.at(0).isPrint() &&
+                         !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+  const KeyUse use = printable && keyUse_ ? keyUse_(typed) : KeyUse::Text;
+  if (use == KeyUse::Done) return;
+  if (use == KeyUse::Board) {
+    clearFocus();
+    event->ignore();  // goes up to the window
     return;
   }
   QLineEdit::keyPressEvent(event);

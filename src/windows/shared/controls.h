@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPixmap>
+#include <functional>
 
 #include "game/board.h"
 
@@ -121,9 +122,14 @@ class FigureField : public QLineEdit {
   // Texts too long for either of two fields are set in the next smaller type of the look that fits
   // both, so that they always have one size.
   void SetTextFits(FigureField* partner);
+  // What becomes of a printable key in this field: a letter of its text, a key of the board, which
+  // ends the visit, or nothing more, since the answer itself has dealt with it.
+  enum class KeyUse { Text, Board, Done };
+  void SetKeyUse(std::function<KeyUse(const QString& typed)> use) { keyUse_ = std::move(use); }
 
  signals:
   void focused();
+  void returned();  // the focus came back after a box, a menu or another window
   // The person moved the caret or typed. A selected text counts as one that is still to be
   // replaced.
   void caretMoved(bool toStart);
@@ -145,6 +151,7 @@ class FigureField : public QLineEdit {
   [[nodiscard]] bool Fits(const QFont& font) const;
   void TellCaret();
 
+  std::function<KeyUse(const QString& typed)> keyUse_;  // none: all are text
   bool mark_ = false;
   bool firstPress_ = false;
   FigureField* partner_ = nullptr;  // of one type size; none: the text need not fit

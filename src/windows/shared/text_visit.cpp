@@ -31,4 +31,8 @@ void LeaveOnEscape(QLineEdit* edit, std::function<bool()> takeBack) {
   edit->installEventFilter(new EscapeLeaves(edit, std::move(takeBack)));
 }
 
+void EndTextVisit(const QWidget* control) {
+  if (auto* field = qobject_cast<QLineEdit*>(control->window()->focusWidget())) field->clearFocus();
+}
+
 }  // namespace dtb

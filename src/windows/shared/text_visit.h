@@ -10,4 +10,8 @@ namespace dtb {
 // visit; the focus stays if it returns false.
 void LeaveOnEscape(QLineEdit* edit, std::function<bool()> takeBack);
 
+// Ends the visit of a text field in the window of this control, if there is one: the keys are the
+// board's again.
+void EndTextVisit(const QWidget* control);
+
 }  // namespace dtb

@@ -9,6 +9,7 @@
 #include <QScrollArea>
 
 #include "platform/qt/qt_text.h"
+#include "sheet/reckoning.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
 

@@ -1,5 +1,6 @@
 #include "windows/browser/copies_form.h"
 
+#include "shell/program_error.h"
 #include "windows/boxes/busy.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
@@ -96,7 +97,7 @@ void CopiesForm::BuildTables(QVBoxLayout* whole) {
           [this](const QModelIndex& row) {
             if (!row.isValid()) return;
             const BusyPointer busy;
-            SelectCopy(desk_, row.row() + 1);
+            Trapped(desk_.platform.boxes, [&] { SelectCopy(desk_, row.row() + 1); });
           });
   AddText(whole, "lbl_Changes", state_.lbl_Changes);
 }

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 
+#include "game/history.h"
 #include "game/outcomes.h"
 #include "shell/program_error.h"
 #include "windows/window_test.h"
@@ -229,6 +230,18 @@ TEST_F(MessageBoxTest, ErrorWhileAConfirmationClosesIsTold) {
       "[ErrKLV013F-002] The following error has occurred: 61, The disk is full\n\n"))
       << FromQt(told->at(1));
   EXPECT_EQ(MessageBox::Open(), nullptr);
+}
+
+// What no operation has trapped is told in a box, and the board goes on.
+TEST_F(MessageBoxTest, WhatFallsOutOfASlotIsTold) {
+  StartGame();
+  const auto messages = AnswerBoxes({Qt::Key_Return});
+  const std::string before = GameText(board());
+  QTimer::singleShot(0, qApp, [] { throw std::out_of_range("a slip"); });
+  EXPECT_TRUE(QTest::qWaitFor([&messages] { return !messages->isEmpty(); }));
+  EXPECT_EQ(messages->value(0), "The following error has occurred: 51, a slip");
+  EXPECT_EQ(GameText(board()), before);
+  EXPECT_TRUE(QTest::qWaitFor([] { return MessageBox::Open() == nullptr; }));
 }
 
 }  // namespace

@@ -21,6 +21,7 @@ namespace {
 
 constexpr int kShowPause = 150;  // milliseconds
 const QString kAsItStands = QStringLiteral("Save as it stands");
+const QString kPutRight = QStringLiteral("Put right and save");
 
 struct Names {
   QString list, load, pitcher, atBat, edit, newEntry;
@@ -151,8 +152,10 @@ bool Player::Answer(MessageBox& box) {
     return Word(line, 0) != "SHOT";
   }
   if (!box.answers().isEmpty()) {
-    const QString answer = std::exchange(proofAnswer_, kAsItStands);
-    Click(TargetAt("cmd_" + (box.answers().contains(answer) ? answer : kAsItStands).toUpper()));
+    const QString answer = std::exchange(proofAnswer_, {});
+    const QString usual = options_.proofRight ? kPutRight : kAsItStands;
+    const QString wanted = answer.isEmpty() ? usual : answer;
+    Click(TargetAt("cmd_" + (box.answers().contains(wanted) ? wanted : kAsItStands).toUpper()));
   } else if (box.question()) {
     const QString answer = answers_.isEmpty() ? "Yes" : answers_.takeFirst();
     Click(TargetAt("cmd_" + answer.toUpper()));
@@ -298,7 +301,7 @@ bool Player::UseKeys(const QString& verb, const QString& gesture) {
 // What the boxes and dialogs of the next gesture are told. False: the gesture is another.
 bool Player::NoteAnswer(const QString& verb, const QString& gesture) {
   if (verb == "PROOF") {
-    proofAnswer_ = Word(gesture, 1) == "RIGHT" ? "Put right and save" : "Back to the sheet";
+    proofAnswer_ = Word(gesture, 1) == "RIGHT" ? kPutRight : QStringLiteral("Back to the sheet");
   } else if (verb == "ANSWER") {
     answers_ += Word(gesture, 1);
   } else if (verb == "CHOOSE") {

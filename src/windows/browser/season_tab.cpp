@@ -236,7 +236,6 @@ QBoxLayout* SeasonTab::BuildChosen() {
   auto* roles = new QButtonGroup(this);
   for (QPushButton* button : {batting_, pitching_}) {
     roles->addButton(button);
-    button->setEnabled(false);
     connect(button, &QPushButton::clicked, this, [this] {
       role_ = pitching_->isChecked() ? SeasonRole::Pitching : SeasonRole::Batting;
       if (now_.chosen) now_.chosen->role = role_;
@@ -407,8 +406,9 @@ void SeasonTab::Choose(const std::optional<SeasonSubject>& subject) {
     return subject && !subject->wholeTeam && one.team == subject->team && one.name == subject->man;
   });
   const bool isMan = man != now_.season->men.end();
-  batting_->setEnabled(subject && (!isMan || man->batting));
-  pitching_->setEnabled(subject && (!isMan || man->pitching));
+  // Where nobody is chosen the role is that of whoever is chosen next.
+  batting_->setEnabled(!isMan || man->batting);
+  pitching_->setEnabled(!isMan || man->pitching);
   QString who = QLatin1String(kNobody);
   if (subject) {
     (subject->role == SeasonRole::Batting ? batting_ : pitching_)->setChecked(true);

@@ -8,7 +8,8 @@
 namespace dtb {
 
 // Operations trap their own errors. What gets past them, out of a slot or an event, ends here: it
-// is reported once the event is over, and the program goes on.
+// is reported once the event is over, and the program goes on. The net lies under the events of the
+// outermost loop, so that an operation that waits for a box traps what happens meanwhile.
 class Application : public QApplication {
  public:
   Application(int& argc, char** argv) : QApplication(argc, argv) {}
@@ -19,10 +20,24 @@ class Application : public QApplication {
 
   bool notify(QObject* receiver, QEvent* event) override;
 
+  // While it lives the net lies under the events of the window that waits now, which stays open.
+  class Net {
+   public:
+    Net();
+    ~Net();
+    Net(const Net&) = delete;
+    Net& operator=(const Net&) = delete;
+
+   private:
+    Application* application_;
+    int depth_ = 0;
+  };
+
  private:
   void Tell(int number, const std::string& description);
 
   Report report_;
+  int depth_ = 0;         // events of which one brought about the next
   bool telling_ = false;  // what fails again and again meanwhile, as painting may, is told once
 };
 

@@ -15,6 +15,7 @@
 #include "browser/grid_format.h"
 #include "sheet/workbook_export.h"
 #include "shell/program_error.h"
+#include "windows/application.h"
 #include "windows/browser/copies_form.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
@@ -103,7 +104,10 @@ void Form4::Run(Platform& platform, QWidget* over) {
   // A table that comes with the window needs no second painting.
   form.opening_.Await(browser_tab::kLineScores, kLongestWait);
   form.ShowTables();
-  form.exec();
+  {
+    const Application::Net net;
+    form.exec();
+  }
   StoreBracket(form.browser_);
   if (form.workbook_ && OpenWorkbook(platform, *form.workbook_, kBrowserTitle)) {
     over->window()->showMinimized();

@@ -177,6 +177,12 @@ class PageWriter {
   [[nodiscard]] std::string FirstPage() const {
     std::string page = Paragraph(ScoresText(CountScores(season_))) + Heading("h2", "Standings") +
                        StandingsDrawing(season_);
+    if (season_.mixedGames > 0) {
+      page += Paragraph(
+          "With one GameID and a team in common, so that their players are not told "
+          "apart: " +
+          std::to_string(season_.mixedGames) + " games.");
+    }
     Cells standings = StandingsTable(season_);
     const std::vector<Standing> order = Standings(season_);
     for (std::size_t place = 0; place < order.size(); ++place) {

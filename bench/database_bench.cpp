@@ -33,6 +33,7 @@ class NotedSave : public DatabaseSave {
  public:
   NotedSave(std::unique_ptr<DatabaseSave> save, std::vector<Row>& rows)
       : save_(std::move(save)), rows_(rows) {}
+  void Run(const Statement& query, StatGrid& result) override { save_->Run(query, result); }
   void Append(const std::string& table, const std::vector<ColumnText>& row) override {
     rows_.emplace_back(table, row);
     save_->Append(table, row);

@@ -6,6 +6,7 @@
 
 #include "browser/grid_format.h"
 #include "browser/queries.h"
+#include "browser/saved_games.h"
 
 namespace dtb {
 namespace {
@@ -22,17 +23,6 @@ struct Players {
 };
 constexpr Players kBatting{"Batting", 11};
 constexpr Players kPitching{"Pitching", 8};
-
-// The teams of the first two lines of a game, visitors first; "" for a line that is missing.
-std::array<std::string, 2> TeamsOf(const StatGrid& lineScores, const std::string& game) {
-  std::array<std::string, 2> teams;
-  std::size_t found = 0;
-  for (int row = 1; row < lineScores.rows() && found < teams.size(); ++row) {
-    if (lineScores.Text(row, kGameID).find(game) == std::string_view::npos) continue;
-    teams.at(found++) = lineScores.Text(row, kTeam);
-  }
-  return teams;
-}
 
 // The pattern of all texts that hold this one.
 std::string Containing(const std::string& text) {
@@ -52,6 +42,24 @@ void LoadPlayers(Browser& browser, BrowserGrid& grid, const Players& players,
   ShowGrid(grid, std::move(rows));
 }
 
+// Games of one GameID with a team in common: nothing says whose the players' rows are.
+void TellWhatIsMixed(Browser& browser, const SavedGame& shown) {
+  std::string scores;
+  int games = 0;
+  for (const SavedGame& game : ReadSavedGames(browser.platform.database, shown.id)) {
+    if (!ShareATeam(game, shown)) continue;
+    ++games;
+    scores += "\n" + ScoreText(game);
+  }
+  if (games < 2) return;
+  browser.platform.boxes.Show(
+      "These games have the same GameID and a team in common, so that "
+      "nothing tells the rows of their players apart. They are shown "
+      "together:\n" +
+          scores,
+      BoxIcon::Information, kBrowserTitle);
+}
+
 // The game in Text9.
 void LoadBoxScore(Browser& browser, const std::string& first, const std::string& second) {
   BrowserState& state = browser.state;
@@ -61,12 +69,14 @@ void LoadBoxScore(Browser& browser, const std::string& first, const std::string&
     LoadPlayers(browser, state.MSHFlexGrid8, kBatting, second);
     LoadPlayers(browser, state.MSHFlexGrid11, kPitching, second);
     StatGrid lines = ReadGrid(browser.platform.database,
-                              {"SELECT * FROM BoxScores WHERE GameID LIKE ?1 ORDER BY Host, rowid",
-                               {Containing(state.Text9.value())}},
+                              {"SELECT * FROM BoxScores WHERE GameID LIKE ?1 AND Team IN (?2, ?3)"
+                               " ORDER BY Host, rowid",
+                               {Containing(state.Text9.value()), first, second}},
                               kTeamAndGame);
     lines.SetColumnWidth(kHost, 0);
     ShowGrid(state.MSHFlexGrid12, std::move(lines));
     state.SSTab1.Set(browser_tab::kGameStats);
+    TellWhatIsMixed(browser, {.id = state.Text9.value(), .visitors = first, .home = second});
   } catch (const ProgramError& failure) {
     TellQueryFailure(browser, failure.what());
   }
@@ -79,15 +89,8 @@ void SelectGameID(Browser& browser, int row, int column) {
   const StatGrid& lineScores = state.MSHFlexGrid1.grid;
   if (row < 1 || row >= lineScores.rows()) return;
   if (column != kGameID) return state.Text9.Set("");
-  state.Text9.Set(std::string(lineScores.Text(row, column)));
-  GetBoxScore(browser);
-}
-
-void GetBoxScore(Browser& browser) {
-  BrowserState& state = browser.state;
-  if (state.MSHFlexGrid1.grid.rows() < 2) return state.Text9.Set("");
-  const auto [first, second] = TeamsOf(state.MSHFlexGrid1.grid, state.Text9.value());
-  LoadBoxScore(browser, first, second);
+  const SavedGame game = GameInRow(lineScores, row);
+  ShowBoxScore(browser, game.id, game.visitors, game.home);
 }
 
 void ShowBoxScore(Browser& browser, const std::string& game, const std::string& visitors,

@@ -7,18 +7,14 @@
 
 namespace dtb {
 
-// A click on a data cell of MSHFlexGrid1. On a GameID: puts it into Text9 and shows the game's box
-// score. On any other column: empties Text9.
+// A click on a data cell of MSHFlexGrid1. On a GameID: shows the box score of the game whose line
+// stands in the row. On any other column: empties Text9.
 void SelectGameID(Browser& browser, int row, int column);
 
-// Fills the five grids of tab 6 with the game whose GameID is in Text9 and goes to that tab. Its
-// teams are those of the first two rows of MSHFlexGrid1 with that GameID, whose columns the rows of
-// the game are then searched for by containment. Without any line score it only empties Text9. A
-// failure is told once, and the tab stays.
-void GetBoxScore(Browser& browser);
-
-// The same for a game that is chosen elsewhere: its GameID goes into Text9, and its teams are
-// named, so that it is found whatever MSHFlexGrid1 lists.
+// Puts a game's GameID into Text9, fills the five grids of tab 6 with it and goes to that tab. The
+// teams are named, so that the game is found whatever MSHFlexGrid1 lists, and apart from another
+// one with its GameID; where the two have a team in common, that is told. A failure is told once,
+// and the tab stays.
 void ShowBoxScore(Browser& browser, const std::string& game, const std::string& visitors,
                   const std::string& home);
 

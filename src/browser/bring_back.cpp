@@ -1,12 +1,14 @@
 #include "browser/bring_back.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <optional>
 #include <utility>
 
 #include "browser/copies.h"
 #include "browser/saved_games.h"
+#include "game/text_cell.h"
 #include "platform/database.h"
 #include "sheet/saved_tables.h"
 
@@ -15,18 +17,37 @@ namespace {
 
 using Games = std::vector<SavedGame>;
 
+// A table as far as two of them can be told apart at a glance: its rows, and the sums of its
+// columns.
+struct TableSums {
+  int rows = 0;
+  std::string sums;
+};
+
 // What a database holds, as far as a person would tell two apart.
 struct Holding {
   Games games;
-  int standings = 0;  // rows of win and loss
-  int pairings = 0;
+  std::vector<TableSums> tables;  // as SavedTables
 };
 
+TableSums SumsOf(Database& database, const TableColumns& table) {
+  std::string query = "SELECT count(*)";
+  for (const std::string& column : table.columns) query += ", total([" + column + "])";
+  StatGrid result(1, 1);
+  database.Run({query + " FROM " + table.table}, result);
+  TableSums sums{static_cast<int>(NumberOf(result.Text(1, 1))), {}};
+  for (int column = 2; column < result.columns(); ++column) {
+    sums.sums.append(result.Text(1, column)).append("|");
+  }
+  return sums;
+}
+
 Holding HoldingOf(Database& database) {
-  Holding holding{.games = ReadSavedGames(database)};
+  Holding holding{ReadSavedGames(database), {}};
   std::ranges::sort(holding.games);
-  holding.standings = CountOf(database, {"SELECT count(*) FROM WinLoss"});
-  holding.pairings = CountOf(database, {"SELECT count(*) FROM Matchups"});
+  for (const TableColumns& table : SavedTables()) {
+    holding.tables.push_back(SumsOf(database, table));
+  }
   return holding;
 }
 
@@ -64,21 +85,36 @@ GridContents ContentsOf(const std::vector<std::string>& headers,
   return contents;
 }
 
-// "3 games come back, 1 game goes", or what else differs.
+// "Batting: 40 rows instead of 0; matchups: other figures." for the tables that differ.
+std::string TablesText(const Holding& copy, const Holding& today) {
+  constexpr std::array kWords{"batting", "pitching", "line scores", "win/loss", "matchups"};
+  std::string text;
+  for (std::size_t i = 0; i < kWords.size() && i < copy.tables.size(); ++i) {
+    const TableSums now = i < today.tables.size() ? today.tables[i] : TableSums();
+    const TableSums& then = copy.tables[i];
+    if (then.rows == now.rows && then.sums == now.sums) continue;
+    text += (text.empty() ? "" : "; ") + std::string(kWords.at(i)) + ": ";
+    text += then.rows == now.rows
+                ? "other figures"
+                : Counted(then.rows, "row") + " instead of " + std::to_string(now.rows);
+  }
+  if (!text.empty()) text = " In the tables " + text + ".";
+  return text;
+}
+
+// "3 games come back, 1 game goes", and what differs in the tables.
 std::string ChangesText(const Holding& copy, const Holding& today, int back, int gone) {
   std::string text;
   if (back > 0) text += Counted(back, "game") + (back == 1 ? " comes back" : " come back");
   if (gone > 0) {
     text += (text.empty() ? "" : ", ") + Counted(gone, "game") + (gone == 1 ? " goes" : " go");
   }
-  if (text.empty()) text = "The games are the same as in the database";
-  text += ".";
-  if (copy.standings != today.standings || copy.pairings != today.pairings) {
-    text += " Win/Loss: " + Counted(copy.standings, "row") + " instead of " +
-            std::to_string(today.standings) + "; matchups: " + std::to_string(copy.pairings) +
-            " instead of " + std::to_string(today.pairings) + ".";
+  const std::string tables = TablesText(copy, today);
+  if (text.empty()) {
+    text = tables.empty() ? "All is the same as in the database"
+                          : "The line scores are of the same games as in the database";
   }
-  return text;
+  return text + "." + tables;
 }
 
 void ShowChanges(CopiesState& state, const Games& back, const Games& gone) {
@@ -154,8 +190,10 @@ void SelectCopy(CopiesDesk& desk, int row) {
         "There are no copies yet. One is made before the first save of a day and before each "
         "delete.");
   }
-  const auto opened = desk.platform.copies.OpenCopy(SelectedName(state));
-  const auto copy = TryHolding(opened.get(), fault);
+  const std::string& name = SelectedName(state);
+  const auto opened = desk.platform.copies.OpenCopy(name);
+  fault = desk.platform.copies.FaultOfCopy(name);
+  const auto copy = fault.empty() ? TryHolding(opened.get(), fault) : std::nullopt;
   state.canBringBack.Set(copy.has_value());
   if (!copy) {
     ShowChanges(state, {}, {});

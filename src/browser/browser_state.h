@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "game/field.h"
@@ -24,6 +25,7 @@ inline constexpr int kSeason = 8;
 }  // namespace browser_tab
 
 struct SeasonFigures;
+enum class Query : int;
 
 // A grid of the browser. Its header cells are always centred, whatever the alignment of the column;
 // its column 0 is empty and the window shows it as narrow as it likes. After each query the current
@@ -31,6 +33,13 @@ struct SeasonFigures;
 struct BrowserGrid {
   StatGrid grid{1, 1};
   Field<bool> visible;  // from the first query on
+
+  // The query that it shows, and what stood in the query's box. None: not a query's button.
+  struct Shown {
+    Query query;
+    std::string box;
+  };
+  std::optional<Shown> shown = {};
 };
 
 // A new one for each opening of the form: grids hidden, boxes empty.
@@ -100,6 +109,7 @@ inline constexpr Colour kClickableBlue{0, 0, 255};
 // Columns of MSHFlexGrid1 and MSHFlexGrid12.
 namespace line_score_column {
 inline constexpr int kTeam = 1;
+inline constexpr int kRuns = 22;
 inline constexpr int kHost = 25;  // hidden
 inline constexpr int kGameID = 26;
 }  // namespace line_score_column

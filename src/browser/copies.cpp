@@ -56,12 +56,13 @@ std::string FreeName(const Platform& platform, const std::vector<std::string>& t
   return name;
 }
 
-void LetOldCopiesGo(DatabaseCopies& copies, const std::string& needed) {
+// The copy just made is not the newest by name where the clock was set back.
+void LetOldCopiesGo(DatabaseCopies& copies, const std::string& made, const std::string& needed) {
   const auto gamesOf = [&copies](const std::string& name) {
     return GamesOfCopy(copies, name).value_or(-1);
   };
   for (const std::string& name : CopiesToRemove(CopiesNewestFirst(copies), gamesOf)) {
-    if (name != needed) copies.RemoveCopy(name);
+    if (name != needed && name != made) copies.RemoveCopy(name);
   }
 }
 
@@ -141,7 +142,7 @@ std::string CopyAside(Platform& platform, const std::string& needed) {
   if (!names.empty() && platform.copies.EqualsCopy(names.front())) return names.front();
   std::string name = FreeName(platform, names);
   platform.copies.MakeCopy(name);
-  LetOldCopiesGo(platform.copies, needed);
+  LetOldCopiesGo(platform.copies, name, needed);
   return name;
 }
 

@@ -36,8 +36,8 @@ inline constexpr const char* kBringBack = "Bring back a copy...";
 // The number of games in a copy; nothing if it cannot be read.
 [[nodiscard]] std::optional<int> GamesOfCopy(DatabaseCopies& copies, const std::string& name);
 
-// Copies the database, unless the newest copy holds the same, and lets old copies go, but for one
-// that is still needed. Returns the name of the copy. Throws ProgramError.
+// Copies the database, unless the newest copy holds the same, and lets old copies go, but for the
+// new one and one that is still needed. Returns the name of the copy. Throws ProgramError.
 std::string CopyAside(Platform& platform, const std::string& needed = {});
 
 // The same before something is deleted. Returns a sentence that tells how to get it back, in a

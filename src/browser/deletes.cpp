@@ -6,7 +6,6 @@
 #include "browser/copies.h"
 #include "platform/database.h"
 #include "sheet/saved_tables.h"
-#include "sheet/text_order.h"
 
 namespace dtb {
 namespace {
@@ -17,12 +16,12 @@ void DeleteAfterQuestion(Browser& browser, const std::string& question,
   if (!boxes.Ask({question, kBrowserTitle})) return;
   const auto wayBack = CopyBeforeLoss(browser.platform, kBrowserTitle);
   if (!wayBack) return;
-  std::string faults;
-  for (const std::string& fault : browser.platform.database.Delete(statements)) {
-    faults += "\n\n" + fault;
-  }
-  if (!faults.empty()) {
-    return boxes.Show("Not everything could be deleted." + faults + *wayBack, BoxIcon::Exclamation,
+  try {
+    const auto change = browser.platform.database.BeginChange();
+    for (const Statement& statement : statements) change->Execute(statement);
+    change->Commit();
+  } catch (const ProgramError& failure) {
+    return boxes.Show("Nothing was deleted. " + std::string(failure.what()), BoxIcon::Exclamation,
                       kBrowserTitle);
   }
   boxes.Show(completion + *wayBack, BoxIcon::Information, kBrowserTitle);
@@ -44,7 +43,7 @@ void DeleteSelected(Browser& browser) {
       "DELETE all statistics?\n\nThis deletes \"" + name +
           "\" from the tables of this tab. Its saved games and its players' figures stay.",
       {{"DELETE FROM WinLoss WHERE Team = ?1", {name}},
-       {"DELETE FROM Matchups WHERE Matchup LIKE ?1 ESCAPE '\\'", {EscapedForLike(name)}}},
+       {"DELETE FROM Matchups WHERE Matchup = ?1", {name}}},
       "Delete of data is complete.");
 }
 

@@ -5,9 +5,9 @@
 
 namespace dtb {
 
-// The three deletes ask first, then copy the database aside, and end with their message of
-// completion, or with what could not be deleted, and with the way to get it back. Without a copy
-// they ask again.
+// The three deletes ask first, then copy the database aside, delete in one transaction, and end
+// with their message of completion and the way to get it back. A failure deletes nothing and is
+// told. Without a copy they ask again.
 
 // A click on a row of MSHFlexGrid9 or MSHFlexGrid10: its name goes into lbl_DEL2.
 void SelectForDelete(Browser& browser, const BrowserGrid& grid, int row);

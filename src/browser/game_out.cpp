@@ -4,6 +4,7 @@
 #include <array>
 #include <map>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -28,8 +29,9 @@ struct EqualRows {
 EqualRows ResultRow(const std::string& team, double own, double others) {
   const char* word = own > others ? "win" : own < others ? "loss" : "tie";
   return {std::string(word) + " of " + team,
-          std::string("WinLoss WHERE Team = ?1 AND ifnull(Win, 0) = ") +
-              (own > others ? "1" : "0") + " AND ifnull(Loss, 0) = " + (own < others ? "1" : "0"),
+          std::string("WinLoss WHERE Team = ?1 AND CAST(ifnull(Win, 0) AS NUMERIC) = ") +
+              (own > others ? "1" : "0") +
+              " AND CAST(ifnull(Loss, 0) AS NUMERIC) = " + (own < others ? "1" : "0"),
           {team}};
 }
 
@@ -52,9 +54,13 @@ struct Tally {
   [[nodiscard]] bool Certain() const { return there >= given; }
   // As many as there are, where some are gone already.
   [[nodiscard]] int Going() const { return std::min(ofGame, there); }
+  [[nodiscard]] auto figures() const { return std::tuple(rows.words, ofGame, given, there); }
+  friend bool operator==(const Tally& one, const Tally& other) {
+    return one.figures() == other.figures();
+  }
 };
 
-std::vector<Tally> TallyOf(Database& database, const std::vector<SavedGame>& games) {
+std::vector<Tally> TallyOf(DatabaseReader& database, const std::vector<SavedGame>& games) {
   std::map<std::string, int> given;
   for (const SavedGame& game : ReadSavedGames(database)) {
     for (const EqualRows& rows : RowsWithoutGameID(game)) ++given[rows.words];
@@ -85,23 +91,67 @@ Statement DeleteOf(const Tally& tally) {
 constexpr std::array<std::pair<const char*, const char*>, 3> kTablesWithGameID{
     {{table::kBoxScores, "line"}, {table::kBatting, "batter"}, {table::kPitching, "pitcher"}}};
 
-std::string QuestionText(Database& database, const std::string& id,
-                         const std::vector<SavedGame>& games, const std::vector<Tally>& tally) {
-  std::string text = games.size() > 1
-                         ? "Take these games out of the database? They have the same GameID.\n"
-                         : "Take this game out of the database?\n";
-  for (const SavedGame& game : games) text += "\n" + ScoreText(game);
-  text += "\nGameID " + id + "\n\nWith it go:";
-  for (const auto& [table, word] : kTablesWithGameID) {
-    const int count = CountOf(
-        database, {std::string("SELECT count(*) FROM ") + table + " WHERE GameID = ?1", {id}});
-    text += (table == kTablesWithGameID.front().first ? " " : ", ") + Counted(count, word);
+// All that goes with a game.
+struct Outgoing {
+  std::string id;
+  std::vector<SavedGame> games;  // none: it is not there
+  // Of which teams the rows go; none: all rows of the GameID.
+  std::vector<std::string> teams = {};
+  std::array<int, kTablesWithGameID.size()> rows = {};  // by table
+  std::vector<Tally> tally = {};
+
+  [[nodiscard]] Statement OnRows(const std::string& operation, const char* table) const {
+    Statement statement{operation + " FROM " + table + " WHERE GameID = ?1", {id}};
+    if (teams.empty()) return statement;
+    statement.text += " AND Team IN (?2, ?3)";
+    statement.bound.insert(statement.bound.end(), teams.begin(), teams.end());
+    return statement;
   }
-  for (const Tally& one : tally) {
+  friend bool operator==(const Outgoing&, const Outgoing&) = default;
+};
+
+Outgoing FindOutgoing(DatabaseReader& database, const GameChoice& choice) {
+  Outgoing found{.id = choice.id, .games = ReadSavedGames(database, choice.id)};
+  if (!choice.teams.empty()) {
+    const SavedGame wanted{.id = choice.id, .visitors = choice.teams[0], .home = choice.teams[1]};
+    const auto same = [&wanted](const SavedGame& game) {
+      return game.visitors == wanted.visitors && game.home == wanted.home;
+    };
+    const auto inTheWay = [&](const SavedGame& game) {
+      return !same(game) && ShareATeam(game, wanted);
+    };
+    if (std::ranges::none_of(found.games, same)) {
+      found.games.clear();
+    } else if (std::ranges::none_of(found.games, inTheWay) &&
+               !std::ranges::all_of(found.games, same)) {
+      std::erase_if(found.games, [&same](const SavedGame& game) { return !same(game); });
+      found.teams = choice.teams;
+    }
+  }
+  for (std::size_t i = 0; i < kTablesWithGameID.size(); ++i) {
+    found.rows.at(i) =
+        CountOf(database, found.OnRows("SELECT count(*)", kTablesWithGameID.at(i).first));
+  }
+  found.tally = TallyOf(database, found.games);
+  return found;
+}
+
+std::string QuestionText(const Outgoing& outgoing) {
+  std::string text = outgoing.games.size() > 1
+                         ? "Take these games out of the database? They have the same GameID and a "
+                           "team in common, so that nothing tells the rows of their players "
+                           "apart.\n"
+                         : "Take this game out of the database?\n";
+  for (const SavedGame& game : outgoing.games) text += "\n" + ScoreText(game);
+  text += "\nGameID " + outgoing.id + "\n\nWith it go:";
+  for (std::size_t i = 0; i < kTablesWithGameID.size(); ++i) {
+    text += (i == 0 ? " " : ", ") + Counted(outgoing.rows.at(i), kTablesWithGameID.at(i).second);
+  }
+  for (const Tally& one : outgoing.tally) {
     if (one.Certain() && one.Going() > 0)
       text += "\n" + std::to_string(one.Going()) + " " + one.rows.words;
   }
-  for (const Tally& one : tally) {
+  for (const Tally& one : outgoing.tally) {
     if (one.there == 0) text += "\nNo longer there: " + one.rows.words;
   }
   return text;
@@ -125,35 +175,51 @@ Answer AskAboutDoubtful(MessageBoxes& boxes, const std::vector<Tally>& tally) {
   return choice.lines.empty() ? Answer::Leave : static_cast<Answer>(boxes.Choose(choice));
 }
 
-void TakeOut(Browser& browser, const std::string& id) {
+// Another program may have changed the tables since they were read.
+void ShowAsItIsNow(Browser& browser) {
+  ReadAgain(browser);
+  FindGameSavedTwice(browser);
+}
+
+// Finds the game, counts and deletes in one transaction. False: what is found is not what the
+// person was asked about, and nothing is deleted.
+bool Delete(Database& database, const GameChoice& choice, const Outgoing& asked, Answer doubtful) {
+  const auto change = database.BeginChange();
+  if (FindOutgoing(*change, choice) != asked) return false;
+  for (const auto& [table, word] : kTablesWithGameID) {
+    change->Execute(asked.OnRows("DELETE", table));
+  }
+  for (const Tally& one : asked.tally) {
+    if (one.Going() > 0 && (one.Certain() || doubtful == Answer::Take)) {
+      change->Execute(DeleteOf(one));
+    }
+  }
+  change->Commit();
+  return true;
+}
+
+void TakeOut(Browser& browser, const GameChoice& choice) {
   Database& database = browser.platform.database;
   MessageBoxes& boxes = browser.platform.boxes;
-  const std::vector<SavedGame> games = ReadSavedGames(database, id);
-  if (games.empty()) {
-    return boxes.Show("The game " + id + " is not in the database any more.", BoxIcon::Information,
-                      kBrowserTitle);
+  const Outgoing outgoing = FindOutgoing(database, choice);
+  const auto tell = [&](const std::string& words) {
+    boxes.Show(words, BoxIcon::Information, kBrowserTitle);
+    ShowAsItIsNow(browser);
+  };
+  if (outgoing.games.empty()) {
+    return tell("The game " + choice.id + " is not in the database any more.");
   }
-  const std::vector<Tally> tally = TallyOf(database, games);
-  if (!boxes.Ask({QuestionText(database, id, games, tally), kBrowserTitle})) return;
-  const Answer doubtful = AskAboutDoubtful(boxes, tally);
+  if (!boxes.Ask({QuestionText(outgoing), kBrowserTitle})) return;
+  const Answer doubtful = AskAboutDoubtful(boxes, outgoing.tally);
   if (doubtful == Answer::KeepGame) return;
   const auto wayBack = CopyBeforeLoss(browser.platform, kBrowserTitle);
   if (!wayBack) return;
-
-  std::vector<Statement> statements;
-  statements.reserve(kTablesWithGameID.size() + tally.size());
-  for (const auto& [table, word] : kTablesWithGameID) {
-    statements.push_back({std::string("DELETE FROM ") + table + " WHERE GameID = ?1", {id}});
+  if (!Delete(database, choice, outgoing, doubtful)) {
+    return tell(
+        "No game was taken out: another program has changed the database since you were asked. "
+        "The tables show it as it is now.");
   }
-  for (const Tally& one : tally) {
-    if (one.Going() > 0 && (one.Certain() || doubtful == Answer::Take)) {
-      statements.push_back(DeleteOf(one));
-    }
-  }
-  database.Change(statements);
-  boxes.Show("The game is taken out." + *wayBack, BoxIcon::Information, kBrowserTitle);
-  ReadAgain(browser);
-  FindGameSavedTwice(browser);
+  tell("The game is taken out." + *wayBack);
 }
 
 // All of a game's lines but their GameID, as a text to compare.
@@ -168,6 +234,14 @@ LinesOfGames LinesIn(const StatGrid& lineScores) {
     }
   }
   return lines;
+}
+
+// Those of all games, whatever the list shows.
+LinesOfGames LinesOfAll(Browser& browser) {
+  const BrowserGrid& list = browser.state.MSHFlexGrid1;
+  if (!list.shown) return {};
+  if (list.shown->query == Query::Command4) return LinesIn(list.grid);
+  return LinesIn(ReadQuery(browser.platform.database, Query::Command4, {}));
 }
 
 std::vector<std::string> BattingOf(Database& database, const std::string& id) {
@@ -193,32 +267,34 @@ std::string ByAge(const std::string& id) {
 
 }  // namespace
 
-std::optional<std::string> ChosenGameID(const BrowserState& state, int row) {
+std::optional<GameChoice> ChosenGame(const BrowserState& state, int row) {
   const StatGrid& lineScores = state.MSHFlexGrid1.grid;
   if (lineScores.columns() <= line_score_column::kGameID) return std::nullopt;
-  const auto idOf = [&lineScores](int line) {
-    return std::string(lineScores.Text(line, line_score_column::kGameID));
+  const auto choiceOf = [&lineScores](int line) {
+    const SavedGame game = GameInRow(lineScores, line);
+    return GameChoice{game.id, {game.visitors, game.home}};
   };
-  if (row >= 1 && row < lineScores.rows()) return idOf(row);
+  if (row >= 1 && row < lineScores.rows()) return choiceOf(row);
   const std::string& part = state.Text9.value();
-  std::optional<std::string> found;
+  std::optional<GameChoice> found;
   for (int line = 1; line < lineScores.rows() && !part.empty(); ++line) {
-    const std::string id = idOf(line);
-    if (id.find(part) == std::string::npos || id == found) continue;
-    if (found) return std::nullopt;
-    found = id;
+    const auto id = lineScores.Text(line, line_score_column::kGameID);
+    if (id.find(part) == std::string_view::npos) continue;
+    const GameChoice choice = choiceOf(line);
+    if (found && choice != *found) return std::nullopt;
+    found = choice;
   }
   return found;
 }
 
-void TakeOutGame(Browser& browser, const std::optional<std::string>& id) {
-  if (!id || id->empty()) {
+void TakeOutGame(Browser& browser, const std::optional<GameChoice>& game) {
+  if (!game || game->id.empty()) {
     return browser.platform.boxes.Show(
         "No game is chosen. Click one of its two lines in the list, or enter its GameID.",
         BoxIcon::Information, kBrowserTitle);
   }
   try {
-    TakeOut(browser, *id);
+    TakeOut(browser, *game);
   } catch (const ProgramError& failure) {
     browser.platform.boxes.Show("No game was taken out. " + std::string(failure.what()),
                                 BoxIcon::Exclamation, kBrowserTitle);
@@ -227,25 +303,26 @@ void TakeOutGame(Browser& browser, const std::optional<std::string>& id) {
 
 void FindGameSavedTwice(Browser& browser) {
   BrowserState& state = browser.state;
-  std::map<std::string, std::vector<std::string>> gamesOfLines;
-  if (state.MSHFlexGrid1.grid.columns() > line_score_column::kGameID) {
-    for (const auto& [id, lines] : LinesIn(state.MSHFlexGrid1.grid)) {
-      gamesOfLines[lines].push_back(id);
-    }
-  }
+  Database& database = browser.platform.database;
   int found = 0;
   std::string words;
   try {
+    std::map<std::string, std::vector<std::string>> gamesOfLines;
+    for (const auto& [id, lines] : LinesOfAll(browser)) gamesOfLines[lines].push_back(id);
     for (auto& [lines, ids] : gamesOfLines) {
       if (ids.size() < 2) continue;
       std::ranges::sort(ids, {}, ByAge);
-      const auto batting = BattingOf(browser.platform.database, ids[0]);
-      if (batting.empty() || batting != BattingOf(browser.platform.database, ids[1])) continue;
-      if (++found > 1) continue;
-      const auto games = ReadSavedGames(browser.platform.database, ids[1]);
-      words =
-          "Saved twice: " + ScoreText(games.at(0)) + ", as " + ids[0] + " and again as " + ids[1];
-      state.savedAgain = ids[1];
+      // Of games with the same lines, each against all that were saved before it.
+      std::map<std::vector<std::string>, std::string> firstOf;  // by batting
+      for (const std::string& id : ids) {
+        const auto batting = BattingOf(database, id);
+        if (batting.empty()) continue;
+        const auto [first, isFirst] = firstOf.try_emplace(batting, id);
+        if (isFirst || ++found > 1) continue;
+        words = "Saved twice: " + ScoreText(ReadSavedGames(database, id).at(0)) + ", as " +
+                first->second + " and again as " + id;
+        state.savedAgain = id;
+      }
     }
   } catch (const ProgramError&) {
     found = 0;  // whoever asks for the tables is told

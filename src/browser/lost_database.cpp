@@ -14,12 +14,16 @@ struct ReadableCopy {
   std::string words;  // "the copy of 2026-11-18 10:44:13, with 34 games"
 };
 
-std::optional<ReadableCopy> NewestReadableCopy(DatabaseCopies& copies) {
+// The newest copy that is whole, and what is wrong with newer ones.
+std::optional<ReadableCopy> NewestWholeCopy(DatabaseCopies& copies, std::string& passedOver) {
   for (const std::string& name : CopiesNewestFirst(copies)) {
+    const std::string time = TimeOfCopy(name).value_or(name);
+    const std::string fault = copies.FaultOfCopy(name);
     const auto games = GamesOfCopy(copies, name);
-    if (!games) continue;
-    return ReadableCopy{name, "the copy of " + TimeOfCopy(name).value_or(name) + ", with " +
-                                  Counted(*games, "game")};
+    if (fault.empty() && games) {
+      return ReadableCopy{name, "the copy of " + time + ", with " + Counted(*games, "game")};
+    }
+    passedOver += "\n\nPassed over: the copy of " + time + ". " + fault;
   }
   return std::nullopt;
 }
@@ -34,20 +38,28 @@ bool IsLost(const ProgramError& failure) {
 
 bool OfferAnotherDatabase(Platform& platform, const std::string& complaint,
                           const std::string& title) {
-  const auto copy = NewestReadableCopy(platform.copies);
+  std::string passedOver;
+  const auto copy = NewestWholeCopy(platform.copies, passedOver);
   Choice choice{.text = complaint, .title = title};
   if (copy) {
-    choice.text += "\n\nThe newest copy is " + copy->words + ".";
+    choice.text += "\n\nThe newest whole copy is " + copy->words + "." + passedOver;
     choice.answers.emplace_back("Bring back this copy");
   } else {
-    choice.text += "\n\nThere is no copy of it.";
+    choice.text += passedOver.empty() ? "\n\nThere is no copy of it."
+                                      : "\n\nThere is no whole copy of it." + passedOver;
+    choice.answers.emplace_back("Make an empty one");
   }
-  choice.answers.emplace_back("Make an empty one");
   choice.answers.emplace_back("Leave it");
   const std::string& answer = choice.answers.at(platform.boxes.Choose(choice));
   if (answer == "Leave it") return false;
   const bool empty = answer == "Make an empty one";
   try {
+    // It may have come back while the box waited.
+    if (platform.copies.Examine() == DatabaseHealth::Sound) {
+      platform.boxes.Show("The database is there again, and sound. Nothing was put in its place.",
+                          BoxIcon::Information, title);
+      return true;
+    }
     const std::string aside = platform.copies.Renew(
         empty ? std::nullopt : std::optional(copy->name), DamagedName(platform.clock.Now()));
     const std::string done =

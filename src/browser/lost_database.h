@@ -11,9 +11,10 @@ namespace dtb {
 // The file is missing, empty, foreign or damaged: nothing will make it work again.
 [[nodiscard]] bool IsLost(const ProgramError& failure);
 
-// Tells the person of it and offers the newest copy that can be read, or an empty database. A file
-// that is still there is set aside, and its new name told. True: a database stands in its place.
-// Failures are told.
+// Tells the person of it and offers the newest copy that is whole, with a word on newer ones that
+// are not; an empty database only where no whole copy stands. A file that is still there is set
+// aside, and its new name told; one that came back meanwhile stays. True: a database stands in its
+// place. Failures are told.
 bool OfferAnotherDatabase(Platform& platform, const std::string& complaint,
                           const std::string& title);
 

@@ -28,13 +28,18 @@ constexpr std::array kParts{
     Part{std::nullopt, browser_tab::kSeason},
 };
 
-void ShowTable(Browser& browser, Query query, StatGrid&& contents) {
+void ShowTable(Browser& browser, Query query, const std::string& box, StatGrid&& contents) {
   // Blue until the next query.
   if (query == Query::Command4 && contents.columns() > line_score_column::kGameID) {
     contents.SetColumnInk(line_score_column::kGameID, kClickableBlue);
   }
-  const auto place = static_cast<std::size_t>(query);
-  ShowGrid(browser.state.*QueryButtons()[place].grid, std::move(contents));
+  ShowQuery(browser, query, box, std::move(contents));
+}
+
+std::string Joined(const std::vector<std::string>& sentences, const char* between) {
+  std::string text;
+  for (const std::string& sentence : sentences) text += (text.empty() ? "" : between) + sentence;
+  return text;
 }
 
 }  // namespace
@@ -130,7 +135,7 @@ void Opening::Show() {
 void Opening::ShowTable(Table& table) {
   if (table.season) browser_.state.season.Set(std::move(table.season));
   if (!table.contents) return;
-  dtb::ShowTable(browser_, *table.query, std::move(*table.contents));
+  dtb::ShowTable(browser_, *table.query, {}, std::move(*table.contents));
   table.contents.reset();
 }
 
@@ -179,14 +184,26 @@ void Opening::TellFaults() {
     if (OfferAnotherDatabase(browser_.platform, outOfReach_, kBrowserTitle)) ReadAgain(browser_);
     return;
   }
-  std::string faults = outOfReach_;
-  if (faults.empty()) {
-    for (const Table& table : tables_) {
-      if (table.fault.empty() || faults.find(table.fault) != std::string::npos) continue;
-      faults += (faults.empty() ? "" : "\n\n") + table.fault;
+  if (!outOfReach_.empty()) return TellQueryFailure(browser_, outOfReach_);
+  std::vector<std::string> faults;
+  for (const Table& table : tables_) {
+    if (!table.fault.empty() && std::ranges::find(faults, table.fault) == faults.end()) {
+      faults.push_back(table.fault);
     }
   }
-  if (!faults.empty()) TellQueryFailure(browser_, faults);
+  try {
+    const auto lacking = browser_.platform.database.WhatItLacks();
+    if (!lacking.empty()) {
+      faults.push_back(
+          "The tables of the statistics database are not as this program makes them:"
+          "\n\n" +
+          Joined(lacking, "\n") +
+          "\n\nWhat is there is shown. No game can be saved while a column is missing.");
+    }
+  } catch (const ProgramError& failure) {
+    if (faults.empty()) faults.emplace_back(failure.what());
+  }
+  if (!faults.empty()) TellQueryFailure(browser_, Joined(faults, "\n\n"));
 }
 
 void OpenBrowser(Browser& browser) {
@@ -196,12 +213,16 @@ void OpenBrowser(Browser& browser) {
 }
 
 void ReadAgain(Browser& browser) {
+  BrowserState& state = browser.state;
+  Database& database = browser.platform.database;
   try {
     for (const auto& [query, tab] : kParts) {
-      if (query) ShowTable(browser, *query, ReadQuery(browser.platform.database, *query, {}));
+      if (!query) continue;
+      const BrowserGrid& grid = state.*QueryButtons()[static_cast<std::size_t>(*query)].grid;
+      const auto [shown, box] = grid.shown.value_or(BrowserGrid::Shown{*query, {}});
+      ShowTable(browser, shown, box, ReadQuery(database, shown, box));
     }
-    browser.state.season.Set(
-        std::make_shared<SeasonFigures>(ReadSeason(browser.platform.database, {})));
+    state.season.Set(std::make_shared<SeasonFigures>(ReadSeason(database, {})));
   } catch (const ProgramError& failure) {
     TellQueryFailure(browser, failure.what());
   }

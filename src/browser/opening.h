@@ -81,8 +81,8 @@ class Opening {
 // All of it at once, on the calling thread alone.
 void OpenBrowser(Browser& browser);
 
-// Reads and shows all these tables again, as they stand in the database now. Bracket, search texts
-// and the tab in front stay. A failure is told once.
+// Reads and shows all these tables again, as they stand in the database now, each with the search
+// that it shows. Bracket, search texts and the tab in front stay. A failure is told once.
 void ReadAgain(Browser& browser);
 
 }  // namespace dtb

@@ -43,7 +43,7 @@ constexpr const char* kPitchingTotals =
     " Ks * 1.0 / BBs AS [K/BB], ifnull(R, 0) * 1.0 / TIP * 9 AS ERA,"
     " (ifnull(BBs, 0) + ifnull(H, 0)) * 1.0 / TIP AS WHIP "
     "FROM (SELECT Pitcher, Team, SUM(K) AS Ks, SUM(BB) AS BBs, SUM(Hits) AS H, SUM(HR) AS HRs,"
-    " SUM(Runs) AS R, SUM(IP) AS TIP"
+    " SUM(Runs) AS R, round(SUM(IP), 6) AS TIP"
     " FROM Pitching";
 
 // Names are put in the order of CompareNames, and equal ones in that of their bytes.
@@ -55,6 +55,11 @@ constexpr const char* kByTeamAndPitcher =
 constexpr const char* kNewestFirst = " ORDER BY GameID DESC, rowid";
 constexpr const char* kOldestFirst = " ORDER BY GameID, rowid";
 constexpr const char* kAsStored = " ORDER BY rowid";
+constexpr const char* kGamesNewestFirst = " ORDER BY GameID DESC, Host, rowid";
+// The same where a GameID stands for several games: the two lines of each stay together.
+constexpr const char* kPairsNewestFirst =
+    " ORDER BY GameID DESC, row_number() OVER (PARTITION BY GameID, Host ORDER BY rowid), Host,"
+    " rowid";
 
 constexpr const char* kBattingRows = "SELECT * FROM Batting";
 constexpr const char* kPitchingRows = "SELECT * FROM Pitching";
@@ -104,7 +109,7 @@ constexpr std::array<QueryTexts, kQueries> kTexts{{
     {kPitchingRows, "Team", Match::Start, kOldestFirst, kStoredPitchingLayout},
     {kPitchingRows, "Pitcher", Match::Start, kNewestFirst, kPitchingRowsLayout},
     {kBattingRows, "Team", Match::Start, kOldestFirst, kBattingRowsLayout},
-    {kLineScores, nullptr, {}, " ORDER BY GameID DESC, Host, rowid", kAllLineScoresLayout},
+    {kLineScores, nullptr, {}, kGamesNewestFirst, kAllLineScoresLayout},
     {kBattingRows, "Batter", Match::Start, kNewestFirst, kBattingRowsLayout},
     {kBattingTotals, nullptr, {}, kByTeamAndBatter, kBattingTotalsLayout},
     {kBattingTotals, "Batter", Match::Start, kByTeamAndBatter, kBattingTotalsLayout},
@@ -128,6 +133,18 @@ Statement StatementOf(const QueryTexts& texts, const std::string& box, std::stop
           std::move(stop)};
 }
 
+// More than two lines with one GameID, in a list that has them side by side.
+bool HasGamesOfOneID(const StatGrid& lineScores) {
+  constexpr int kLines = 2;
+  for (int row = 1; row + kLines < lineScores.rows(); ++row) {
+    if (lineScores.Text(row, line_score_column::kGameID) ==
+        lineScores.Text(row + kLines, line_score_column::kGameID)) {
+      return true;
+    }
+  }
+  return false;
+}
+
 }  // namespace
 
 std::span<const QueryButton> QueryButtons() { return kButtons; }
@@ -135,7 +152,11 @@ std::span<const QueryButton> QueryButtons() { return kButtons; }
 StatGrid ReadQuery(Database& database, Query query, const std::string& box, std::stop_token stop) {
   const QueryTexts& texts = kTexts.at(static_cast<std::size_t>(query));
   const Layout& layout = texts.layout;
-  StatGrid grid = ReadGrid(database, StatementOf(texts, box, std::move(stop)), layout.leftAligned);
+  StatGrid grid = ReadGrid(database, StatementOf(texts, box, stop), layout.leftAligned);
+  if (query == Query::Command4 && HasGamesOfOneID(grid)) {
+    grid = ReadGrid(database, {std::string(texts.select) + kPairsNewestFirst, {}, stop},
+                    layout.leftAligned);
+  }
   for (int column = layout.firstFormatted; column <= layout.lastFormatted; ++column) {
     FormatColumn(grid, column, layout.decimals);
   }
@@ -149,7 +170,13 @@ StatGrid ReadQuery(Database& database, Query query, const std::string& box, std:
 void LoadQuery(Browser& browser, Query query) {
   const QueryButton& button = kButtons.at(static_cast<std::size_t>(query));
   const std::string box = button.box == nullptr ? "" : (browser.state.*button.box).value();
-  ShowGrid(browser.state.*button.grid, ReadQuery(browser.platform.database, query, box));
+  ShowQuery(browser, query, box, ReadQuery(browser.platform.database, query, box));
+}
+
+void ShowQuery(Browser& browser, Query query, const std::string& box, StatGrid&& contents) {
+  BrowserGrid& grid = browser.state.*kButtons.at(static_cast<std::size_t>(query)).grid;
+  ShowGrid(grid, std::move(contents));
+  grid.shown = {query, box};
 }
 
 void RunQuery(Browser& browser, Query query) {

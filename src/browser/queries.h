@@ -10,7 +10,7 @@
 namespace dtb {
 
 // Named after their buttons.
-enum class Query {
+enum class Query : int {
   Command1,   // pitching by team
   Command2,   // pitching by player
   Command3,   // batting by team
@@ -53,6 +53,9 @@ void LoadQuery(Browser& browser, Query query);
 // thread may call it; once a stop is asked for, it fails soon.
 [[nodiscard]] StatGrid ReadQuery(Database& database, Query query, const std::string& box,
                                  std::stop_token stop = {});
+
+// Shows it there, and that it came of this query.
+void ShowQuery(Browser& browser, Query query, const std::string& box, StatGrid&& contents);
 
 // Tells the failure of a query.
 void TellQueryFailure(Browser& browser, const std::string& description);

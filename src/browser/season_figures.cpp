@@ -1,7 +1,9 @@
 #include "browser/season_figures.h"
 
 #include <algorithm>
+#include <map>
 #include <numeric>
+#include <set>
 #include <string_view>
 #include <tuple>
 #include <unordered_map>
@@ -64,7 +66,7 @@ SeasonSide SideIn(const StatGrid& lines, int row, Names& names) {
 void AddGames(SeasonFigures& season, const StatGrid& lines, Names& names) {
   constexpr int kId = 1;
   constexpr int kHost = 6;
-  std::unordered_multimap<std::string_view, int> waiting;
+  std::multimap<std::string_view, int> waiting;
   for (int row = 1; row < lines.rows(); ++row) {
     const std::string_view id = lines.Text(row, kId);
     const std::string_view host = lines.Text(row, kHost);
@@ -151,8 +153,25 @@ void AddRecords(SeasonFigures& season) {
   }
 }
 
-std::optional<double> Rate(double part, double whole) {
-  return whole > 0 ? std::optional(part / whole) : std::nullopt;
+// Games of one GameID with a team in common.
+int CountMixed(const SeasonFigures& season) {
+  std::map<std::pair<std::string_view, int>, std::vector<int>> gamesOf;  // of a GameID and a team
+  for (std::size_t game = 0; game < season.games.size(); ++game) {
+    const auto& [visitors, home] = season.games[game].sides;
+    gamesOf[{season.games[game].id, visitors.team}].push_back(static_cast<int>(game));
+    if (home.team != visitors.team) {
+      gamesOf[{season.games[game].id, home.team}].push_back(static_cast<int>(game));
+    }
+  }
+  std::set<int> mixed;
+  for (const auto& [key, games] : gamesOf) {
+    if (games.size() > 1) mixed.insert(games.begin(), games.end());
+  }
+  return static_cast<int>(mixed.size());
+}
+
+std::optional<Quotient> Rate(double part, double whole) {
+  return whole > 0 ? std::optional(Quotient{part, whole}) : std::nullopt;
 }
 
 }  // namespace
@@ -180,6 +199,7 @@ SeasonFigures ReadSeason(Database& database, const std::stop_token& stop) {
          SeasonRole::Pitching, names);
   PutInOrder(season);
   AddRecords(season);
+  season.mixedGames = CountMixed(season);
   return season;
 }
 
@@ -210,17 +230,17 @@ SeasonLine SeasonLineOf(const StatGrid& rows, int row, int column, SeasonRole ro
   return line;
 }
 
-std::optional<double> BattingAverage(const SeasonLine& batting) {
+std::optional<Quotient> BattingAverage(const SeasonLine& batting) {
   return Rate(batting[batting_line::kHits], batting[batting_line::kAtBats]);
 }
 
-std::optional<double> SluggingAverage(const SeasonLine& batting) {
+std::optional<Quotient> SluggingAverage(const SeasonLine& batting) {
   using namespace batting_line;
   return Rate(batting[kHits] + batting[kDoubles] + 2 * batting[kTriples] + 3 * batting[kHomeRuns],
               batting[kAtBats]);
 }
 
-std::optional<double> EarnedRunAverage(const SeasonLine& pitching) {
+std::optional<Quotient> EarnedRunAverage(const SeasonLine& pitching) {
   constexpr double kOutsOfNineInnings = 27;
   return Rate(kOutsOfNineInnings * pitching[pitching_line::kEarnedRuns],
               pitching[pitching_line::kOuts]);

@@ -45,6 +45,13 @@ inline constexpr std::size_t kStrikeouts = 6;
 
 SeasonLine& operator+=(SeasonLine& sum, const SeasonLine& line);
 
+// A rate as the counts of which it is made, so that it is rounded but once.
+struct Quotient {
+  double part = 0;
+  double whole = 1;
+  [[nodiscard]] double value() const { return part / whole; }
+};
+
 struct SeasonSide {
   int team = 0;  // its place among the teams
   double runs = 0;
@@ -90,6 +97,9 @@ struct SeasonFigures {
   std::vector<SeasonTeam> teams;  // in the order of names, those without a game as well
   std::vector<SeasonMan> men;     // in the order of names, then of teams
   int lonelyLines = 0;            // line scores whose game lacks the other one: no games
+  // Games with the GameID and a team of another one: nothing tells their players' rows apart, which
+  // count for the first of them.
+  int mixedGames = 0;
 };
 
 // Reads all saved games. Games, wins and losses are those of the line scores, since no other table
@@ -108,8 +118,8 @@ struct SeasonFigures {
 [[nodiscard]] SeasonLine SeasonLineOf(const StatGrid& rows, int row, int column, SeasonRole role);
 
 // Rates; nothing where they cannot be told.
-[[nodiscard]] std::optional<double> BattingAverage(const SeasonLine& batting);
-[[nodiscard]] std::optional<double> SluggingAverage(const SeasonLine& batting);
-[[nodiscard]] std::optional<double> EarnedRunAverage(const SeasonLine& pitching);
+[[nodiscard]] std::optional<Quotient> BattingAverage(const SeasonLine& batting);
+[[nodiscard]] std::optional<Quotient> SluggingAverage(const SeasonLine& batting);
+[[nodiscard]] std::optional<Quotient> EarnedRunAverage(const SeasonLine& pitching);
 
 }  // namespace dtb

@@ -150,7 +150,7 @@ std::string StandingsDrawing(const SeasonFigures& season) {
   }
   for (std::size_t place = courses.size(); place-- > 0;) {
     drawing += "\n<polyline " + Class(LineLookOf(static_cast<int>(place))) + " points=\"";
-    for (const CoursePoint& point : courses[place]) {
+    for (const CoursePoint& point : LineOf(courses[place])) {
       drawing += Units(across(point.game)) + "," + Units(up(point.above)) + " ";
     }
     drawing +=

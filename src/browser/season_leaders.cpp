@@ -35,24 +35,18 @@ bool Qualified(const SeasonLine& line, SeasonRole role, std::size_t games) {
          kPlateAppearances * double(games);
 }
 
-std::optional<double> ValueOf(const SeasonLine& line, SeasonLead lead) {
-  if (lead == SeasonLead::Average) return BattingAverage(line);
-  if (lead == SeasonLead::EarnedRunAverage) return EarnedRunAverage(line);
-  const double counted = line.at(EntryOf(lead).place);
-  return counted > 0 ? std::optional(counted) : std::nullopt;
-}
-
-std::string TextOf(double value, SeasonLead lead) {
-  switch (lead) {
-    case SeasonLead::Average:
-      return AverageText(value);
-    case SeasonLead::EarnedRunAverage:
-      return EarnedRunText(value);
-    case SeasonLead::Innings:
-      return InningsText(value);
-    default:
-      return DecimalText(value);
+// What counts, and how it reads; nothing for a man who has none of it.
+std::optional<SeasonLeader> LeaderOf(int man, const SeasonLine& line, SeasonLead lead) {
+  if (lead == SeasonLead::Average || lead == SeasonLead::EarnedRunAverage) {
+    const bool batting = lead == SeasonLead::Average;
+    const auto rate = batting ? BattingAverage(line) : EarnedRunAverage(line);
+    if (!rate) return std::nullopt;
+    return SeasonLeader{man, rate->value(), batting ? AverageText(rate) : EarnedRunText(rate)};
   }
+  const double counted = line.at(EntryOf(lead).place);
+  if (counted <= 0) return std::nullopt;
+  return SeasonLeader{man, counted,
+                      lead == SeasonLead::Innings ? InningsText(counted) : DecimalText(counted)};
 }
 
 }  // namespace
@@ -61,10 +55,11 @@ const char* LeadTitle(SeasonLead lead) { return EntryOf(lead).title; }
 
 SeasonRole RoleOf(SeasonLead lead) { return EntryOf(lead).role; }
 
-std::vector<SeasonLeader> Leaders(const SeasonFigures& season, SeasonLead lead, bool qualified) {
+LeaderList Leaders(const SeasonFigures& season, SeasonLead lead, bool qualified) {
   const bool rate = lead == SeasonLead::Average || lead == SeasonLead::EarnedRunAverage;
   const SeasonRole role = RoleOf(lead);
-  std::vector<SeasonLeader> leaders;
+  LeaderList list;
+  std::vector<SeasonLeader>& leaders = list.first;
   for (std::size_t i = 0; i < season.men.size(); ++i) {
     const SeasonMan& man = season.men[i];
     const auto& line = man.line(role);
@@ -72,21 +67,30 @@ std::vector<SeasonLeader> Leaders(const SeasonFigures& season, SeasonLead lead, 
         (rate && qualified && !Qualified(*line, role, season.teams[man.team].games.size()))) {
       continue;
     }
-    if (const auto value = ValueOf(*line, lead)) {
-      leaders.push_back({static_cast<int>(i), *value, {}});
+    if (auto leader = LeaderOf(static_cast<int>(i), *line, lead)) {
+      leaders.push_back(std::move(*leader));
     }
   }
   const bool lowestFirst = lead == SeasonLead::EarnedRunAverage;
-  const auto first = leaders.begin();
-  const auto kept = first + static_cast<std::ptrdiff_t>(std::min(kMostLeaders, leaders.size()));
-  std::partial_sort(first, kept, leaders.end(),
+  const auto kept = static_cast<std::ptrdiff_t>(std::min(kMostLeaders, leaders.size()));
+  std::partial_sort(leaders.begin(), leaders.begin() + kept, leaders.end(),
                     [lowestFirst](const SeasonLeader& a, const SeasonLeader& b) {
                       if (a.value == b.value) return a.man < b.man;
                       return lowestFirst ? a.value < b.value : a.value > b.value;
                     });
-  leaders.erase(kept, leaders.end());
-  for (SeasonLeader& leader : leaders) leader.text = TextOf(leader.value, lead);
-  return leaders;
+  if (kept > 0) {
+    const double last = leaders[static_cast<std::size_t>(kept) - 1].value;
+    list.alsoLast = static_cast<int>(
+        std::count_if(leaders.begin() + kept, leaders.end(),
+                      [last](const SeasonLeader& leader) { return leader.value == last; }));
+  }
+  leaders.erase(leaders.begin() + kept, leaders.end());
+  return list;
+}
+
+std::string MoreText(const LeaderList& list) {
+  if (list.alsoLast == 0) return {};
+  return "and " + std::to_string(list.alsoLast) + " more with " + list.first.back().text;
 }
 
 }  // namespace dtb

@@ -33,9 +33,16 @@ struct SeasonLeader {
   std::string text;
 };
 
-// The best ten, equal ones in the order of names. With the qualification, the two averages ask for
-// 3.1 plate appearances, which are at-bats and walks, or 1 inning, for each game of the man's team.
-[[nodiscard]] std::vector<SeasonLeader> Leaders(const SeasonFigures& season, SeasonLead lead,
-                                                bool qualified);
+struct LeaderList {
+  std::vector<SeasonLeader> first;  // the best ten, equal ones in the order of names
+  int alsoLast = 0;                 // so many more have the value of the tenth
+};
+
+// With the qualification, the two averages ask for 3.1 plate appearances, which are at-bats and
+// walks, or 1 inning, for each game of the man's team.
+[[nodiscard]] LeaderList Leaders(const SeasonFigures& season, SeasonLead lead, bool qualified);
+
+// "and 3 more with 12"; "" where all with the value of the tenth are in the list.
+[[nodiscard]] std::string MoreText(const LeaderList& list);
 
 }  // namespace dtb

@@ -38,6 +38,24 @@ Statement StatementOf(const SeasonFigures& season, const SeasonSubject& subject,
 
 }  // namespace
 
+std::optional<SeasonSubject> FoundAgain(const SeasonFigures& season, const SeasonSubject& subject,
+                                        const SeasonFigures& in) {
+  const std::string& name = season.teams.at(static_cast<std::size_t>(subject.team)).name;
+  const auto team = std::ranges::find(in.teams, name, &SeasonTeam::name);
+  if (team == in.teams.end()) return std::nullopt;
+  SeasonSubject found = subject;
+  found.team = static_cast<int>(team - in.teams.begin());
+  if (subject.wholeTeam) return found;
+  const auto man = std::ranges::find_if(in.men, [&found](const SeasonMan& one) {
+    return one.team == found.team && one.name == found.man;
+  });
+  if (man == in.men.end()) return std::nullopt;
+  if (!man->line(found.role)) {
+    found.role = man->batting ? SeasonRole::Batting : SeasonRole::Pitching;
+  }
+  return found;
+}
+
 void SettleOutings(const SeasonFigures& season, const SeasonSubject& subject,
                    std::vector<SeasonOuting>& outings) {
   const auto games = GamesOf(season, subject.team);
@@ -88,7 +106,7 @@ int ResultOf(const SeasonFigures& season, int team, const SeasonOuting& outing) 
   return (visitors.runs > home.runs) == (visitors.team == team) ? 1 : -1;
 }
 
-std::optional<double> RateOf(const SeasonLine& line, SeasonRole role) {
+std::optional<Quotient> RateOf(const SeasonLine& line, SeasonRole role) {
   return role == SeasonRole::Batting ? BattingAverage(line) : EarnedRunAverage(line);
 }
 

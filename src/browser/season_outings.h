@@ -11,10 +11,16 @@ namespace dtb {
 // Who is looked at.
 struct SeasonSubject {
   int team = 0;
-  std::string man;  // "": the whole team
+  std::string man = {};  // "": the whole team
   bool wholeTeam = true;
   SeasonRole role = SeasonRole::Batting;
 };
+
+// The same subject by its names in another reading of the season; nothing where it is gone. A role
+// in which it has no figures any more becomes the other one.
+[[nodiscard]] std::optional<SeasonSubject> FoundAgain(const SeasonFigures& season,
+                                                      const SeasonSubject& subject,
+                                                      const SeasonFigures& in);
 
 // What the subject did in one game.
 struct SeasonOuting {
@@ -41,7 +47,7 @@ void SettleOutings(const SeasonFigures& season, const SeasonSubject& subject,
 [[nodiscard]] int ResultOf(const SeasonFigures& season, int team, const SeasonOuting& outing);
 
 // The average, or the earned run average, of a line.
-[[nodiscard]] std::optional<double> RateOf(const SeasonLine& line, SeasonRole role);
+[[nodiscard]] std::optional<Quotient> RateOf(const SeasonLine& line, SeasonRole role);
 [[nodiscard]] std::string RateText(const SeasonLine& line, SeasonRole role);
 
 // "2 for 4, 1 HR, 3 RBI", or "6.33 innings, 2 ER, 7 K".

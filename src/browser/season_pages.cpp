@@ -42,14 +42,32 @@ std::vector<std::string> Counters(std::vector<std::string> texts, SeasonRole rol
   return texts;
 }
 
+constexpr const char* kSeasonFolder = "Season ";  // and the day
+
 const char* NameOf(SeasonRole role) { return role == SeasonRole::Batting ? "Batting" : "Pitching"; }
+
+constexpr const char* kBeingWritten = " (being written)";
+
+// Programs that died while they wrote pages leave these.
+void RemoveDrafts(const std::filesystem::path& folder) {
+  std::error_code fault;
+  std::vector<std::filesystem::path> drafts;
+  for (std::filesystem::directory_iterator entry(folder, fault), end; !fault && entry != end;
+       entry.increment(fault)) {
+    const std::string name = TextOf(entry->path().filename());
+    if (name.starts_with(kSeasonFolder) && name.ends_with(kBeingWritten)) {
+      drafts.push_back(entry->path());
+    }
+  }
+  for (const auto& draft : drafts) std::filesystem::remove_all(draft, fault);
+}
 
 // Pages on their way into a folder that is put in place when all of them stand.
 class PageFolder {
  public:
   explicit PageFolder(std::filesystem::path place)
-      : place_(std::move(place)), draft_(PathOf(TextOf(place_) + " (being written)")) {
-    Discard();
+      : place_(std::move(place)), draft_(PathOf(TextOf(place_) + kBeingWritten)) {
+    RemoveDrafts(place_.parent_path());
     std::error_code fault;
     for (const char* folder : {"teams", "men", "games"}) {
       std::filesystem::create_directories(draft_ / folder, fault);
@@ -159,6 +177,12 @@ class PageWriter {
   [[nodiscard]] std::string FirstPage() const {
     std::string page = Paragraph(ScoresText(CountScores(season_))) + Heading("h2", "Standings") +
                        StandingsDrawing(season_);
+    if (season_.mixedGames > 0) {
+      page += Paragraph(
+          "With one GameID and a team in common, so that their players are not told "
+          "apart: " +
+          std::to_string(season_.mixedGames) + " games.");
+    }
     Cells standings = StandingsTable(season_);
     const std::vector<Standing> order = Standings(season_);
     for (std::size_t place = 0; place < order.size(); ++place) {
@@ -168,7 +192,7 @@ class PageWriter {
     page += PageTable(standings) + Heading("h2", "Leaders") +
             Paragraph(
                 "For both averages: 3.1 plate appearances, that is at-bats and walks, or 1 "
-                "inning, for each game of the man's team.") +
+                "inning, for each game of the man's team. Innings are counted in thirds.") +
             "<div class=\"boards\">\n";
     for (const SeasonLead lead : kSeasonLeads) {
       page += "<section>" + Heading("h3", LeadTitle(lead)) + LeaderTable(lead) + "</section>\n";
@@ -182,10 +206,12 @@ class PageWriter {
 
   [[nodiscard]] std::string LeaderTable(SeasonLead lead) const {
     Cells table{{"Name", "Team", ""}};
-    for (const SeasonLeader& leader : Leaders(season_, lead, true)) {
+    const LeaderList list = Leaders(season_, lead, true);
+    for (const SeasonLeader& leader : list.first) {
       table.push_back(
           {ManLink(leader.man, ""), TeamLink(season_.men[leader.man].team, ""), leader.text});
     }
+    if (list.alsoLast > 0) table.push_back({PageText(MoreText(list)), "", ""});
     return PageTable(table);
   }
 
@@ -222,17 +248,21 @@ class PageWriter {
     }
     Cells table{{"Day", "Opponent", "", "Score", "Record"}};
     const std::vector<CoursePoint> course = CourseOf(season_, place);
+    int wins = 0;
+    int losses = 0;
+    int ties = 0;
     for (std::size_t point = 1; point < course.size(); ++point) {
       const int game = course[point].game - 1;
       const auto& sides = season_.games[game].sides;
       const std::size_t own = sides[0].team == place ? 0 : 1;
       const int change = course[point].above - course[point - 1].above;
+      ++(change > 0 ? wins : change < 0 ? losses : ties);
       table.push_back({DayLink(game), (own == 0 ? "at " : "") + TeamLink(sides.at(1 - own).team),
                        change > 0   ? "won"
                        : change < 0 ? "lost"
                                     : "tie",
                        RunsText(sides.at(own)) + "-" + RunsText(sides.at(1 - own)),
-                       AboveText(course[point].above)});
+                       RecordText(wins, losses, ties)});
     }
     return page + Heading("h2", "Games") + PageTable(table);
   }
@@ -319,7 +349,7 @@ class PageWriter {
 
 std::string FolderName(const LocalTime& today) {
   const auto two = [](int number) { return (number < 10 ? "-0" : "-") + std::to_string(number); };
-  return "Season " + std::to_string(today.year) + two(today.month) + two(today.day);
+  return kSeasonFolder + std::to_string(today.year) + two(today.month) + two(today.day);
 }
 
 // The folder; nothing where the person cancelled or there is no game.

@@ -20,12 +20,13 @@ std::vector<Standing> Standings(const SeasonFigures& season) {
     const SeasonTeam& team = season.teams[i];
     if (team.games.empty()) continue;
     const int decided = team.wins + team.losses;
-    standings.push_back({static_cast<int>(i),
-                         decided > 0 ? std::optional(double(team.wins) / decided) : std::nullopt});
+    standings.push_back(
+        {static_cast<int>(i),
+         decided > 0 ? std::optional(Quotient{double(team.wins), double(decided)}) : std::nullopt});
   }
   std::ranges::stable_sort(standings, [&season](const Standing& a, const Standing& b) {
-    const double first = a.share.value_or(kEven);
-    const double second = b.share.value_or(kEven);
+    const double first = a.share ? a.share->value() : kEven;
+    const double second = b.share ? b.share->value() : kEven;
     if (first != second) return first > second;
     return season.teams[a.team].wins > season.teams[b.team].wins;
   });
@@ -50,6 +51,14 @@ std::vector<CoursePoint> CourseOf(const SeasonFigures& season, int team) {
     course.push_back({game + 1, above});
   }
   return course;
+}
+
+std::vector<CoursePoint> LineOf(const std::vector<CoursePoint>& course) {
+  std::vector<CoursePoint> line = course;
+  if (line.size() > 1 && line[1].game > 1) {
+    line.insert(line.begin() + 1, {line[1].game - 1, line.front().above});
+  }
+  return line;
 }
 
 std::string CourseText(const SeasonFigures& season, int team, const CoursePoint& point) {

@@ -11,8 +11,8 @@ namespace dtb {
 
 struct Standing {
   int team = 0;
-  std::optional<double> share;  // of the games won; none: only ties
-  double behind = 0;            // games behind the first
+  std::optional<Quotient> share;  // of the games won; none: only ties
+  double behind = 0;              // games behind the first
 };
 
 // The teams that have played, the best share of wins first, then the most wins, then by name.
@@ -24,6 +24,9 @@ struct CoursePoint {
   int above = 0;  // games above .500
 };
 [[nodiscard]] std::vector<CoursePoint> CourseOf(const SeasonFigures& season, int team);
+
+// The corners of its line: it lies flat to the team's first game.
+[[nodiscard]] std::vector<CoursePoint> LineOf(const std::vector<CoursePoint>& course);
 
 // What a person is told of a game at a point of a team's course.
 [[nodiscard]] std::string CourseText(const SeasonFigures& season, int team,

@@ -1,6 +1,7 @@
 #include "browser/season_words.h"
 
-#include "browser/grid_format.h"
+#include <array>
+
 #include "game/text_cell.h"
 
 namespace dtb {
@@ -47,14 +48,16 @@ std::string AboveText(int above) {
   return std::to_string(above > 0 ? above : -above) + (above > 0 ? " above .500" : " below .500");
 }
 
-std::string AverageText(const std::optional<double>& average) {
-  return average ? PatternText(DecimalText(*average), Decimals::Three) : "-";
+std::string AverageText(const std::optional<Quotient>& average) {
+  if (!average) return "-";
+  std::string text = RoundedQuotient(average->part, average->whole, 3);
+  return text.starts_with("0.") ? text.substr(1) : text;
 }
 
-std::string EarnedRunText(const std::optional<double>& average) {
-  return average ? FixedDecimals(*average, 2) : "-";
+std::string EarnedRunText(const std::optional<Quotient>& average) {
+  return average ? RoundedQuotient(average->part, average->whole, 2) : "-";
 }
 
-std::string InningsText(double outs) { return FixedDecimals(outs / 3, 2); }
+std::string InningsText(double outs) { return RoundedQuotient(outs, 3, 2); }
 
 }  // namespace dtb

@@ -22,8 +22,8 @@ namespace dtb {
 [[nodiscard]] std::string AboveText(int above);
 
 // ".333" and "2.57"; "-" for nothing.
-[[nodiscard]] std::string AverageText(const std::optional<double>& average);
-[[nodiscard]] std::string EarnedRunText(const std::optional<double>& average);
+[[nodiscard]] std::string AverageText(const std::optional<Quotient>& average);
+[[nodiscard]] std::string EarnedRunText(const std::optional<Quotient>& average);
 // Outs as innings: 16 are "5.33".
 [[nodiscard]] std::string InningsText(double outs);
 

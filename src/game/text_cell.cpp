@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 namespace dtb {
@@ -78,6 +79,26 @@ std::string FixedDecimals(double number, int decimals) {
   const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), rounded,
                                     std::chars_format::fixed, decimals);
   return {digits.data(), result.ptr};
+}
+
+std::string RoundedQuotient(double part, double whole, int decimals) {
+  constexpr double kLargest = 1e9;  // times the units below an integer holds it
+  const auto counts = [](double number) {
+    return number == std::floor(number) && number >= 0 && number <= kLargest;
+  };
+  if (!counts(part) || !counts(whole) || whole == 0 || decimals > 4) {
+    return FixedDecimals(part / whole, decimals);
+  }
+  std::int64_t units = 1;
+  for (int i = 0; i < decimals; ++i) units *= 10;
+  const auto divisor = static_cast<std::int64_t>(whole);
+  const std::int64_t rounded =
+      (2 * static_cast<std::int64_t>(part) * units + divisor) / (2 * divisor);
+  std::string digits = std::to_string(rounded);
+  const auto places = static_cast<std::size_t>(decimals);
+  if (places == 0) return digits;
+  if (digits.size() <= places) digits.insert(0, places + 1 - digits.size(), '0');
+  return digits.insert(digits.size() - places, ".");
 }
 
 std::string RaisedText(std::string_view text, double by) {

@@ -28,6 +28,10 @@ namespace dtb {
 // "0.000").
 [[nodiscard]] std::string FixedDecimals(double number, int decimals);
 
+// The quotient of two counts with so many decimals, rounded half up once. It is worked out in whole
+// numbers where both are such, so that 4.725 is "4.73" although no double is 4.725.
+[[nodiscard]] std::string RoundedQuotient(double part, double whole, int decimals);
+
 // The text of a counter after it went up: NumberOf(text) + by.
 [[nodiscard]] std::string RaisedText(std::string_view text, double by = 1);
 

@@ -27,6 +27,9 @@ class DatabaseCopies {
   [[nodiscard]] virtual std::uintmax_t CopySize(const std::string& name) = 0;
   // A copy, to be read.
   [[nodiscard]] virtual std::unique_ptr<Database> OpenCopy(const std::string& name) = 0;
+  // Looks through the whole of a copy. What keeps it from being put in place, in plain words; ""
+  // for nothing.
+  [[nodiscard]] virtual std::string FaultOfCopy(const std::string& name) = 0;
   // The database holds what the copy holds. False where either cannot be read.
   [[nodiscard]] virtual bool EqualsCopy(const std::string& name) = 0;
   // Copies the database under a name that is free. On return the copy survives a power cut.
@@ -42,7 +45,8 @@ class DatabaseCopies {
   virtual void BringBack(const std::string& name) = 0;
   // Puts a copy, or an empty database where no copy is named, in the place of a file that is
   // missing or damaged. That file goes on beside it as `asideName`, or with a number behind it
-  // where the name is taken. Returns its name; "" where there was none.
+  // where the name is taken. Returns its name; "" where there was none. A symbolic link stays, and
+  // what it points at is replaced. Refused where the database is sound by now.
   virtual std::string Renew(const std::optional<std::string>& copy,
                             const std::string& asideName) = 0;
 };

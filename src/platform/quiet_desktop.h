@@ -74,16 +74,15 @@ struct QuietDesktop : MessageBoxes,
   LocalTime Now() override { return {}; }
   std::string NowText() override { return {}; }
   void Run(const Statement& /*query*/, StatGrid& /*result*/) override {}
-  std::vector<std::string> Delete(const std::vector<Statement>& /*statements*/) override {
-    return {};
-  }
-  void Change(const std::vector<Statement>& /*statements*/) override {}
+  std::vector<std::string> WhatItLacks() override { return {}; }
+  std::unique_ptr<DatabaseChange> BeginChange() override { return nullptr; }
   std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>& /*tables*/) override {
     return nullptr;
   }
   std::vector<std::string> CopyNames() override { return {}; }
   std::uintmax_t CopySize(const std::string& /*name*/) override { return 0; }
   std::unique_ptr<Database> OpenCopy(const std::string& /*name*/) override { return nullptr; }
+  std::string FaultOfCopy(const std::string& /*name*/) override { return {}; }
   bool EqualsCopy(const std::string& /*name*/) override { return false; }
   void MakeCopy(const std::string& /*name*/) override {
     throw DatabaseOutOfReach(error_number::kFileNotFound, "There is no database.");

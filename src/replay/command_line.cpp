@@ -39,6 +39,7 @@ What comes out
       --size WxH       the size of the screen, such as 1920x1080; 1366x768 unless told otherwise
       --database FILE  save the games into this database, which is made where it does not stand;
                        games of several folders are gathered in it
+      --proof-right    let the proof of each game put right what it can before the save
 
 Teams
   teams makes team files of a season's archive, a zip or a folder, into FOLDER: of the line-up used
@@ -46,7 +47,8 @@ Teams
   --replace writes over team files that differ.
 )";
 
-constexpr std::array kFlags{"help", "version", "gestures", "check", "show", "keys", "undo", "dump"};
+constexpr std::array kFlags{"help", "version", "gestures", "check",      "show",
+                            "keys", "undo",    "dump",     "proof-right"};
 constexpr std::array kValues{"shots", "size", "database", "table", "program", "kill-every", "from"};
 
 QSize SizeOf(const QString& given) {
@@ -84,6 +86,7 @@ CommandLine CommandLineOf(const QStringList& arguments) {
   line.player.keys = parser.isSet("keys");
   line.player.undo = parser.isSet("undo");
   line.player.dump = parser.isSet("dump");
+  line.player.proofRight = parser.isSet("proof-right");
   line.player.pictures = parser.value("shots");
   line.player.database = parser.value("database");
   line.player.from = parser.value("from").toLongLong();

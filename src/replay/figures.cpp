@@ -91,8 +91,7 @@ void AddStored(Figures& figures, const QString& figure, const QString& text) {
   figures[figure] = figures.contains(figure) ? "stored twice" : text;
 }
 
-// Calls the function with each row of a game in a table. Games that were saved within one second
-// have one GameID, so only the rows that the game added are its own.
+// Calls the function with each row that the game added to a table under its GameID.
 template <class Function>
 void ForEachRow(SQLite::Database& database, const char* table, const SavedGame& game,
                 Function&& function) {

@@ -14,6 +14,7 @@
 #include "replay/script_check.h"
 #include "seasons/teams_command.h"
 #include "shell/version.h"
+#include "windows/application.h"
 
 namespace dtb::replay {
 namespace {
@@ -159,7 +160,7 @@ int Play(const CommandLine& line, int argc, char** argv) {
   if (!line.player.show) {
     MakeScreen(config, line.player.screen.isEmpty() ? kUsualScreen : line.player.screen);
   }
-  const QApplication application(argc, argv);
+  const Application application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   DressApplication();
   return PlayGame(script, line);

@@ -61,7 +61,8 @@ class PlayFolder {
     }
     const QString file = QFileInfo(database).absoluteFilePath();
     if (database.isEmpty()) {
-      Make(filePath("DTB.mdb"));
+      // Where copies stand the database was lost, and the program offers the newest.
+      if (QDir(filePath(kCopiesFolder)).isEmpty()) Make(filePath("DTB.mdb"));
     } else {
       if (!QFile::exists(file)) Make(file);
       QFile::link(file, filePath("DTB.mdb"));

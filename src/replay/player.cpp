@@ -22,6 +22,7 @@ namespace {
 
 constexpr int kShowPause = 150;  // milliseconds
 const QString kAsItStands = QStringLiteral("Save as it stands");
+const QString kPutRight = QStringLiteral("Put right and save");
 
 struct Names {
   QString list, load, pitcher, atBat, edit, newEntry;
@@ -159,8 +160,10 @@ bool Player::Answer(MessageBox& box) {
     return Word(line, 0) != "SHOT";
   }
   if (box.answers().contains(kAsItStands)) {
-    const QString answer = std::exchange(proofAnswer_, kAsItStands);
-    ClickAnswer(box, box.answers().contains(answer) ? answer : kAsItStands);
+    const QString answer = std::exchange(proofAnswer_, {});
+    const QString usual = options_.proofRight ? kPutRight : kAsItStands;
+    const QString wanted = answer.isEmpty() ? usual : answer;
+    ClickAnswer(box, box.answers().contains(wanted) ? wanted : kAsItStands);
   } else if (box.question() || !box.answers().isEmpty()) {
     ClickAnswer(box, AnswerTo(box));
   } else {
@@ -316,7 +319,7 @@ bool Player::UseKeys(const QString& verb, const QString& gesture) {
 // What the boxes and dialogs of the next gesture are told. False: the gesture is another.
 bool Player::NoteAnswer(const QString& verb, const QString& gesture) {
   if (verb == "PROOF") {
-    proofAnswer_ = Word(gesture, 1) == "RIGHT" ? "Put right and save" : "Back to the sheet";
+    proofAnswer_ = Word(gesture, 1) == "RIGHT" ? kPutRight : QStringLiteral("Back to the sheet");
   } else if (verb == "ANSWER") {
     answers_ += Rest(gesture, 1);
   } else if (verb == "CHOOSE") {

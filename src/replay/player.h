@@ -25,6 +25,7 @@ class Player : public Driver {
     qsizetype from = 0;       // the line with which to begin
     bool save = false;        // the game, at the end of the script: it settles the last pitchers
     bool dump = false;        // the state at the end, on the output
+    bool proofRight = false;  // the proof puts right what it can
   };
 
   // Files that the script names are looked for beside it.

@@ -131,8 +131,8 @@ void PutBrowser(Lines& lines, const BrowserState& state) {
   lines.PutAll("Form4.SSTab1", state.SSTab1.value(), IN_BROWSER(Text1), IN_BROWSER(Text2),
                IN_BROWSER(Text3), IN_BROWSER(Text4), IN_BROWSER(Text5), IN_BROWSER(Text6),
                IN_BROWSER(Text7), IN_BROWSER(Text8), IN_BROWSER(Text9), IN_BROWSER(Text10),
-               IN_BROWSER(Text11), IN_BROWSER(lbl_DEL2), IN_BROWSER(tb_Team),
-               IN_BROWSER(lbl_Champ));
+               IN_BROWSER(Text11), IN_BROWSER(lbl_DEL2), IN_BROWSER(tb_Team), IN_BROWSER(lbl_Champ),
+               IN_BROWSER(lbl_Twice));
   lines.PutAll(IN_BROWSER(lbl_Team), IN_BROWSER(lbl_TeamRnd2), IN_BROWSER(lbl_TeamRnd3),
                IN_BROWSER(lbl_TeamRnd4));
   lines.PutAll(IN_BROWSER(MSHFlexGrid1), IN_BROWSER(MSHFlexGrid2), IN_BROWSER(MSHFlexGrid3),
@@ -142,6 +142,23 @@ void PutBrowser(Lines& lines, const BrowserState& state) {
 }
 
 #undef IN_BROWSER
+
+// Of a picture, what it says to those who cannot see it.
+void PutSeason(Lines& lines, const SeasonTab& season) {
+  for (const auto& [name, grid] : {std::pair{"Form4.grd_Standings", &season.standings()},
+                                   {"Form4.grd_Names", &season.names()},
+                                   {"Form4.grd_Months", &season.months()}}) {
+    lines.Put(name, *grid);
+    lines.Put(Indexed(name, grid->rows()), "");
+  }
+  for (const char* name : {"lbl_Chosen", "lbl_Scores", "lbl_SeasonNote"}) {
+    lines.Put(std::string("Form4.") + name, FromQt(season.findChild<QLabel*>(name)->text()));
+  }
+  for (const auto* picture : season.findChildren<SeasonChart*>()) {
+    QString words = picture->accessibleDescription();
+    lines.Put("Form4." + FromQt(picture->objectName()), FromQt(words.replace("\n", "\\n")));
+  }
+}
 
 }  // namespace
 
@@ -154,7 +171,10 @@ StateMap StateLines(Board& board, const Form1& form1, const QStringList& message
   PutVisible(lines, form1);
   lines.PutAll("grd_VisStats", board.sheet.grd_VisStats, "grd_HomeStats", board.sheet.grd_HomeStats,
                "grd_BoxScore", board.sheet.grd_BoxScore);
-  if (const auto* browser = form1.findChild<const Form4*>()) PutBrowser(lines, browser->state());
+  if (const auto* browser = form1.findChild<const Form4*>()) {
+    PutBrowser(lines, browser->state());
+    PutSeason(lines, browser->season());
+  }
   lines.PutList("log", ToQt(board.log.text()).split("\r\n", Qt::SkipEmptyParts));
   lines.PutList("message", QStringList(messages).replaceInStrings("\n", "\\n"));
   return lines;

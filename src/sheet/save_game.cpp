@@ -10,6 +10,7 @@
 
 #include "browser/copies.h"
 #include "browser/lost_database.h"
+#include "browser/saved_games.h"
 #include "game/history.h"
 #include "game/innings.h"
 #include "game/memento.h"
@@ -80,8 +81,23 @@ bool HasPitcher(const StatGrid& grid, int row) {
   return !grid.Text(row, stat_column::kPitcher).empty();
 }
 
+// The time of the save, or the next second at which no game stands yet: another board may save in
+// the same one, and clocks are set back. Nobody else writes until the save ends.
+std::string FreeGameID(GameSave& save) {
+  LocalTime time = save.board.platform.clock.Now();
+  for (;; time = NextSecond(time)) {
+    std::string id = MakeStamp(time);
+    const Statement games{
+        "SELECT EXISTS (SELECT 1 FROM BoxScores WHERE GameID = ?1) OR EXISTS (SELECT 1 FROM "
+        "Batting "
+        "WHERE GameID = ?1) OR EXISTS (SELECT 1 FROM Pitching WHERE GameID = ?1)",
+        {id}};
+    if (CountOf(*save.rows, games) == 0) return id;
+  }
+}
+
 void RecordBattingData(GameSave& save) {
-  save.board.sheet.tb_TimeStamp2.Set(MakeStamp(save.board.platform.clock.Now()));
+  save.board.sheet.tb_TimeStamp2.Set(FreeGameID(save));
   RecordPlayers(save, stat_column::kBatter, stat_column::kAtBats - stat_column::kBatter,
                 // The marks of a team of fewer than nine stand also in rows without a player.
                 [](const StatGrid& grid, int row) {

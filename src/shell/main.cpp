@@ -1,15 +1,15 @@
 // Starts the board.
-#include <QApplication>
 #include <QCoreApplication>
 #include <QStandardPaths>
 
 #include "platform/paths.h"
 #include "platform/qt/program_folder.h"
 #include "platform/qt/qt_text.h"
+#include "windows/application.h"
 #include "windows/desk.h"
 
 int main(int argc, char** argv) {
-  QApplication application(argc, argv);
+  const dtb::Application application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("DTB_v102"));
   QApplication::setDesktopFileName(QStringLiteral("example.kelvane_diamond_table"));
   dtb::DressApplication();

@@ -37,6 +37,23 @@ std::optional<LocalTime> TimeOfStamp(std::string_view stamp) {
   return LocalTime{kCentury + year, month, day, hour, minute, second};
 }
 
+LocalTime NextSecond(LocalTime time) {
+  const bool leap = time.year % 4 == 0 && (time.year % 100 != 0 || time.year % 400 == 0);
+  const std::array<int, 12> days{31, leap ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  const auto carry = [](int& part, int& next, int first, int last) {
+    if (part <= last) return;
+    part = first;
+    ++next;
+  };
+  ++time.second;
+  carry(time.second, time.minute, 0, 59);
+  carry(time.minute, time.hour, 0, 59);
+  carry(time.hour, time.day, 0, 23);
+  carry(time.day, time.month, 1, days.at(static_cast<std::size_t>(time.month) - 1));
+  carry(time.month, time.year, 1, 12);
+  return time;
+}
+
 std::string ReadableStamp(std::string_view text) {
   // Blanks that do not break a line stand before AM and PM in some systems.
   constexpr std::array<std::string_view, 5> kBlanks{" ", "\t", "\xC2\xA0", "\xE2\x80\xAF",

@@ -17,6 +17,7 @@
 #include "platform/qt/qt_text.h"
 #include "shell/log_file.h"
 #include "windows/accessible_roles.h"
+#include "windows/application.h"
 #include "windows/boxes/log_window.h"
 #include "windows/shared/board_type.h"
 #include "windows/shared/controls.h"
@@ -100,6 +101,12 @@ Desk::Desk(const Setup& setup)
   boxes_.SetMainWindow(form1_.get());
   new BoardType(form1_.get());
   ServeLog();
+  if (auto* application = dynamic_cast<Application*>(qApp)) {
+    application->ReportTo([this](int number, const std::string& description) {
+      if (recovery_) KeepGame();
+      ReportError(boxes_, number, description);
+    });
+  }
   boxes_.SetQuick(aidsState_.cb_QuickBoxes);
   if (recovery_ && recovery_->mine()) {
     form1_->AddTakeUp([this] { TakeUpSetAside(board_, aids_, *recovery_); });
@@ -116,6 +123,7 @@ void Desk::ServeLog() {
 }
 
 Desk::~Desk() {
+  if (auto* application = dynamic_cast<Application*>(qApp)) application->ReportTo({});
   if (recovery_) recovery_->Discard();
 }
 

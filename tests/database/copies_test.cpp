@@ -1,5 +1,6 @@
 #include "copies_test.h"
 
+#include "browser/box_score.h"
 #include "browser/bring_back.h"
 #include "browser/copies.h"
 #include "browser/deletes.h"
@@ -124,6 +125,9 @@ TEST_F(CopiesTest, InThePlaceOfALostDatabase) {
   EXPECT_FALSE(std::filesystem::exists(file));
   desk.answer = "Make an empty";
   SaveGame(table.board);
+  EXPECT_FALSE(std::filesystem::exists(file)) << "where copies stand no empty one is made";
+  std::filesystem::remove_all(folder / kCopiesFolder);
+  SaveGame(table.board);
   EXPECT_EQ(desk.told.back(), "Data successfully recorded");
   EXPECT_EQ(Count("Matchups"), "1");
 }
@@ -153,7 +157,7 @@ TEST_F(CopiesTest, OneGameOut) {
     OpenBrowser(browser);
     desk.told.clear();
     desk.answer = one.answer;
-    TakeOutGame(browser, ChosenGameID(state, 3));  // the second game, behind the newest
+    TakeOutGame(browser, ChosenGame(state, 3));  // the second game, behind the newest
     EXPECT_EQ(Counts(), one.left) << one.before << one.answer;
     EXPECT_EQ(desk.told.size(), one.boxes) << testing::PrintToString(desk.told);
     EXPECT_NE(desk.told[0].find("Ants 5, Bees 3\nGameID 111826100213"), std::string::npos);
@@ -162,12 +166,150 @@ TEST_F(CopiesTest, OneGameOut) {
   copies.BringBack("start.mdb");
   OpenBrowser(browser);
   state.Text9.Set("100113");
-  TakeOutGame(browser, ChosenGameID(state, 0));
+  TakeOutGame(browser, ChosenGame(state, 0));
   EXPECT_EQ(RowsOf(state.MSHFlexGrid9.grid), (Strings{"Ants|1|", "Bees||1"}));
   EXPECT_EQ(RowsOf(state.MSHFlexGrid10.grid), (Strings{"Ants  vs  Bees|1", "Bees  vs  Ants|1"}));
   state.Text9.Set("1118");  // of both that are left
-  TakeOutGame(browser, ChosenGameID(state, 0));
+  TakeOutGame(browser, ChosenGame(state, 0));
   EXPECT_TRUE(desk.told.back().starts_with("No game is chosen."));
+}
+
+// Files of the years before may have several games under one GameID. Those without a common team
+// are told apart, the others are told of.
+TEST_F(CopiesTest, GamesOfOneGameID) {
+  Save(1, "Ants", 4, "Bees", 2);
+  Save(2, "Cats", 5, "Dogs", 3);
+  Save(3, "Bees", 1, "Emus", 0);
+  for (const char* table : {"Batting", "Pitching", "BoxScores"}) {
+    Execute(std::string("UPDATE ") + table + " SET GameID = '111826100113'");
+  }
+  OpenBrowser(browser);
+  EXPECT_EQ(ColumnOf(state.MSHFlexGrid1.grid, 1),
+            (Strings{"Ants", "Bees", "Cats", "Dogs", "Bees", "Emus"}));
+  SelectGameID(browser, 4, line_score_column::kGameID);
+  EXPECT_EQ(ColumnOf(state.MSHFlexGrid12.grid, 1), (Strings{"Cats", "Dogs"}));
+  EXPECT_EQ(RowsOf(state.MSHFlexGrid8.grid), Strings{"Joe||||||||||Dogs|111826100113"});
+  const std::size_t boxes = desk.told.size();
+  SelectGameID(browser, 5, line_score_column::kGameID);
+  ASSERT_EQ(desk.told.size(), boxes + 1);
+  EXPECT_NE(desk.told.back().find("Ants 4, Bees 2\nBees 1, Emus 0"), std::string::npos);
+
+  TakeOutGame(browser, ChosenGame(state, 3));
+  EXPECT_EQ(Counts(), "4 4 4 4 2 ");
+  EXPECT_EQ(Stored("SELECT DISTINCT Team FROM Batting"), (Strings{"Bees", "Ants", "Emus"}));
+  desk.yes = false;
+  TakeOutGame(browser, ChosenGame(state, 1));
+  EXPECT_NE(desk.told.back().find("have the same GameID and a team in common"), std::string::npos);
+  EXPECT_NE(desk.told.back().find("With it go: 4 lines, 4 batters, 4 pitchers"), std::string::npos);
+}
+
+// Another board takes out the same game, or saves one, while this one asks.
+TEST_F(CopiesTest, TwoBoardsTakeOutOneGame) {
+  Save(1, "Ants", 4, "Bees", 2);
+  Save(2, "Ants", 4, "Bees", 2);
+  OpenBrowser(browser);
+  TestDesk other;
+  Platform otherPorts = PlatformOf(other, database, workbooks, folder, &copies);
+  BrowserState otherState;
+  Browser otherBrowser{otherState, otherPorts};
+  OpenBrowser(otherBrowser);
+  desk.whileAsked = [&] { TakeOutGame(otherBrowser, ChosenGame(otherState, 1)); };
+  TakeOutGame(browser, ChosenGame(state, 1));
+  EXPECT_EQ(Counts(), "2 2 2 2 1 ") << "one game went, with one win and one loss";
+  EXPECT_NE(desk.told.back().find("another program has changed the database"), std::string::npos)
+      << desk.told.back();
+  EXPECT_EQ(state.MSHFlexGrid1.grid.rows(), 3) << "the list is as it is now";
+  TakeOutGame(otherBrowser, GameChoice{"111826100213"});
+  EXPECT_NE(other.told.back().find("is not in the database any more"), std::string::npos);
+}
+
+// What a copy would change is counted in all tables, and a copy that is not whole is never offered.
+TEST_F(CopiesTest, CopiesAreLookedThrough) {
+  Save(1, "Ants", 4, "Bees", 2);
+  copies.MakeCopy(CopyName({2026, 11, 20}));
+  CopiesState shown;
+  CopiesDesk copiesDesk{shown, ports};
+  ListCopies(copiesDesk);
+  EXPECT_EQ(shown.lbl_Changes.value(), "All is the same as in the database.");
+  Execute("DELETE FROM Batting; UPDATE Pitching SET IP = 7");
+  SelectCopy(copiesDesk, 1);
+  EXPECT_EQ(shown.lbl_Changes.value(),
+            "The line scores are of the same games as in the database. In the tables batting: 2 "
+            "rows instead of 0; pitching: other figures.");
+
+  // Two newer ones: one lacks a table, of the other a page is torn.
+  copies.MakeCopy(CopyName({2026, 11, 21}));
+  copies.MakeCopy(CopyName({2026, 11, 22}));
+  const auto path = [this](int day) { return folder / kCopiesFolder / CopyName({2026, 11, day}); };
+  SQLite::Database(path(21).string(), SQLite::OPEN_READWRITE).exec("DROP TABLE Matchups");
+  std::string bytes = ReadAll(path(22));
+  bytes.replace(4096, 4096, 4096, '\x55');
+  std::ofstream(path(22), std::ios::binary) << bytes;
+  ListCopies(copiesDesk);
+  EXPECT_FALSE(shown.canBringBack.value());
+  std::filesystem::remove(file);
+  desk.answer = "Bring back";
+  OpenBrowser(browser);
+  const std::string offer = desk.told.at(desk.told.size() - 2);
+  EXPECT_NE(offer.find("The newest whole copy is the copy of 2026-11-20 00:00:00, with 1 game.\n\n"
+                       "Passed over: the copy of 2026-11-22 00:00:00. "),
+            std::string::npos)
+      << offer;
+  EXPECT_NE(offer.find("has no table \"Matchups\"."), std::string::npos) << offer;
+  EXPECT_EQ(Counts(), "2 2 2 2 1 ");
+}
+
+// A database whose changes stand in a log beside it is compared and copied with them.
+TEST_F(CopiesTest, WriteAheadLog) {
+  Save(1, "Ants", 4, "Bees", 2);
+  SQLite::Database other(file.string(), SQLite::OPEN_READWRITE);
+  other.exec("PRAGMA journal_mode = WAL");
+  const std::string first = CopyAside(ports);
+  EXPECT_EQ(CopyAside(ports), first) << "nothing has changed";
+  other.exec("UPDATE Batting SET Batter = 'Al'");
+  EXPECT_FALSE(copies.EqualsCopy(first));
+  desk.time.day += 1;
+  const std::string second = CopyAside(ports);
+  EXPECT_TRUE(copies.EqualsCopy(second));
+  EXPECT_EQ(copies.CopyNames().size(), 3U) << "the copies need no log of their own";
+  other.exec("DELETE FROM Batting");
+  copies.BringBack(second);
+  EXPECT_EQ(Stored("SELECT DISTINCT Batter FROM Batting"), Strings{"Al"});
+}
+
+// The clock was set back: the newest copy has not the latest date, and stays all the same.
+TEST_F(CopiesTest, TheCopyJustMadeStays) {
+  Save(1, "Ants", 4, "Bees", 2);
+  for (int day = 1; day <= 20; ++day) copies.MakeCopy(CopyName({2027, 1, day}));
+  copies.MakeCopy(CopyName({2026, 11, 1}));
+  Execute("DELETE FROM Batting");
+  desk.time = {2026, 11, 17};
+  const std::string made = CopyAside(ports);
+  EXPECT_EQ(made, CopyName({2026, 11, 17}));
+  EXPECT_TRUE(copies.EqualsCopy(made));
+}
+
+// What stands in the place of a damaged file takes no link away and no file that came back.
+TEST_F(CopiesTest, LinksAndFilesThatComeBack) {
+  Save(1, "Ants", 4, "Bees", 2);
+  PurgeAll(browser);
+  const auto elsewhere = folder / "elsewhere";
+  std::filesystem::create_directory(elsewhere);
+  std::filesystem::rename(file, elsewhere / "real.mdb");
+  std::filesystem::create_symlink("elsewhere/real.mdb", file);
+  const std::string sound = ReadAll(file);
+  std::ofstream(file, std::ios::binary) << std::string(5000, 'x');
+  desk.answer = "Bring back";
+  desk.whileAsked = [&] { std::ofstream(file, std::ios::binary) << sound; };
+  OpenBrowser(browser);
+  EXPECT_NE(desk.told.back().find("there again, and sound"), std::string::npos) << desk.told.back();
+  EXPECT_EQ(ReadAll(file), sound);
+
+  std::ofstream(file, std::ios::binary) << std::string(5000, 'x');
+  OpenBrowser(browser);
+  EXPECT_EQ(Counts(), "2 2 2 2 1 ");
+  EXPECT_TRUE(std::filesystem::is_symlink(file));
+  EXPECT_TRUE(std::filesystem::exists(elsewhere / DamagedName(desk.time)));
 }
 
 TEST_F(CopiesTest, AGameSavedTwiceIsPointedOut) {
@@ -181,8 +323,17 @@ TEST_F(CopiesTest, AGameSavedTwiceIsPointedOut) {
   FindGameSavedTwice(browser);
   EXPECT_EQ(state.lbl_Twice.value(),
             "Saved twice: Ants 4, Bees 2, as 111826100113 and again as 111826100213.");
-  TakeOutGame(browser, state.savedAgain);
+  TakeOutGame(browser, GameChoice{state.savedAgain});
   EXPECT_EQ(state.lbl_Twice.value(), "");
+  // Of three with the same lines the first is another game.
+  Save(3, "Ants", 4, "Bees", 2);
+  Save(4, "Ants", 4, "Bees", 2);
+  Execute("UPDATE Batting SET Batter = 'Al' WHERE GameID = '111826100113'");
+  ReadAgain(browser);
+  FindGameSavedTwice(browser);
+  EXPECT_EQ(state.lbl_Twice.value(),
+            "Saved twice: Ants 4, Bees 2, as 111826100313 and again as 111826100413.");
+  Execute("DELETE FROM Batting WHERE GameID > '111826100113'");
   EXPECT_EQ(Stored("SELECT DISTINCT GameID FROM Batting"), Strings{"111826100113"});
 }
 

@@ -8,11 +8,13 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <map>
 #include <memory>
 #include <random>
 #include <sstream>
+#include <utility>
 
 #include "browser/opening.h"
 #include "game/constant_update.h"
@@ -36,6 +38,7 @@ struct TestDesk final : QuietDesktop {
   }
   bool Ask(const Question& question) override {
     told.push_back(question.text);
+    if (whileAsked) std::exchange(whileAsked, {})();
     return yes && (refused.empty() || question.text.find(refused) == std::string::npos);
   }
   // The proof lets a game pass. Else the answer that begins as told, or the last one, which leaves
@@ -43,6 +46,7 @@ struct TestDesk final : QuietDesktop {
   std::size_t Choose(const Choice& choice) override {
     if (choice.title.starts_with("Proof")) return QuietDesktop::Choose(choice);
     told.push_back(choice.text);
+    if (whileAsked) std::exchange(whileAsked, {})();
     for (const std::string& line : choice.lines) told.back() += "\n" + line;
     for (std::size_t i = 0; !answer.empty() && i < choice.answers.size(); ++i) {
       if (choice.answers[i].starts_with(answer)) return i;
@@ -73,10 +77,11 @@ struct TestDesk final : QuietDesktop {
   }
   void SetText(const std::string& text) override { clipboard = text; }
 
-  std::vector<std::string> told;  // boxes and questions in order
-  bool yes = true;                // to every question
-  std::string refused;            // what stands in a question that gets a No
-  std::string answer;             // to a question with answers of its own
+  std::vector<std::string> told;     // boxes and questions in order
+  bool yes = true;                   // to every question
+  std::string refused;               // what stands in a question that gets a No
+  std::string answer;                // to a question with answers of its own
+  std::function<void()> whileAsked;  // happens while the next question waits, and no more
   bool control = false;
   std::string timeText = "11/18/2026 10:44:13 AM";
   std::map<std::string, std::string> settings;

@@ -1,5 +1,7 @@
+#include "browser/box_score.h"
 #include "browser/deletes.h"
 #include "browser/queries.h"
+#include "browser/season_figures.h"
 #include "database_test.h"
 
 namespace dtb {
@@ -100,26 +102,41 @@ TEST_F(FaultsTest, WriteProtected) {
   std::filesystem::permissions(folder, std::filesystem::perms(0755));
 }
 
-// What can be read is read and what can be deleted is deleted, but no save begins.
+// What is there is shown, can be exported and deleted; what is not is told once, and no save
+// begins.
 TEST_F(FaultsTest, MissingTablesAndColumns) {
   Execute(
-      "DROP TABLE Matchups; ALTER TABLE WinLoss DROP COLUMN Win;"
+      "DROP TABLE Matchups; ALTER TABLE WinLoss DROP COLUMN Win; DROP TABLE BoxScores;"
+      "CREATE TABLE BoxScores (GameID INTEGER, Runs TEXT, Host, Team TEXT, Park TEXT, I1);"
+      "INSERT INTO BoxScores VALUES (111826100113, '4', 'a_VIS', 'Ants', 'Home Park', 4),"
+      " (111826100113, '2', 'b_HOME', 'Bees', 'Home Park', '2');"
       "INSERT INTO Batting (Batter) VALUES ('Joe')");
   BrowserState state;
   Browser browser{state, ports};
   OpenBrowser(browser);
   ASSERT_EQ(desk.told.size(), 1U);
-  EXPECT_NE(desk.told[0].find(Path("has no table \"Matchups\".")), std::string::npos);
-  EXPECT_NE(desk.told[0].find(Path("lacks a column: no such column: Win")), std::string::npos);
+  for (const char* sentence :
+       {"There is no table \"Matchups\".", "The table \"WinLoss\" lacks the column \"Win\".",
+        "The table \"BoxScores\" lacks the column \"I2\".",
+        "The column \"Runs\" of the table \"BoxScores\" is made for texts, where numbers belong.",
+        "The column \"GameID\" of the table \"BoxScores\" is made for numbers, where texts"}) {
+    EXPECT_NE(desk.told[0].find(sentence), std::string::npos) << sentence << desk.told[0];
+  }
   EXPECT_EQ(ColumnOf(state.MSHFlexGrid2.grid, 1), Strings{"Joe"});
+  EXPECT_EQ(RowsOf(state.MSHFlexGrid1.grid).at(0),
+            "Ants|4||||||||||||||||||||4|||a_VIS|111826100113|Home Park");
+  EXPECT_EQ(state.season.value()->teams.at(1).wins, 1) << "behind the team without a name";
+  SelectGameID(browser, 2, line_score_column::kGameID);
+  EXPECT_EQ(ColumnOf(state.MSHFlexGrid12.grid, 1), (Strings{"Ants", "Bees"}));
 
   Table table(ports, "Ants", "Bees");
   SaveGame(table.board);
-  EXPECT_NE(desk.told.back().find("lacks a column"), std::string::npos) << desk.told.back();
+  EXPECT_NE(desk.told.back().find("There is no table \"Matchups\"."), std::string::npos)
+      << desk.told.back();
   EXPECT_TRUE(table.sheet.Command2_enabled.value());
 
   PurgeAll(browser);
-  EXPECT_TRUE(desk.told.back().starts_with("Not everything could be deleted.")) << desk.told.back();
+  EXPECT_TRUE(desk.told.back().starts_with("Delete of all")) << desk.told.back();
   EXPECT_EQ(Count("Batting"), "0");
 }
 

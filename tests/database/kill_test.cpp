@@ -18,6 +18,7 @@ constexpr char kStored = 'S';
 class TellingSave : public DatabaseSave {
  public:
   TellingSave(std::unique_ptr<DatabaseSave> save, int pipe) : save_(std::move(save)), pipe_(pipe) {}
+  void Run(const Statement& query, StatGrid& result) override { save_->Run(query, result); }
   void Append(const std::string& table, const std::vector<ColumnText>& row) override {
     Tell(kStep);
     save_->Append(table, row);
@@ -40,10 +41,8 @@ class TellingSave : public DatabaseSave {
 struct TellingDatabase : Database {
   TellingDatabase(Database& inner, int end) : real(inner), pipe(end) {}
   void Run(const Statement& query, StatGrid& result) override { real.Run(query, result); }
-  std::vector<std::string> Delete(const std::vector<Statement>& statements) override {
-    return real.Delete(statements);
-  }
-  void Change(const std::vector<Statement>& statements) override { real.Change(statements); }
+  std::vector<std::string> WhatItLacks() override { return real.WhatItLacks(); }
+  std::unique_ptr<DatabaseChange> BeginChange() override { return real.BeginChange(); }
   std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>& tables) override {
     return std::make_unique<TellingSave>(real.BeginSave(tables), pipe);
   }

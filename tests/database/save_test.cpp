@@ -137,6 +137,7 @@ TEST_F(SaveTest, TextWhereNumbersBelongIsNamedAndNothingIsStored) {
 struct ShortOfMemory : QuietDesktop {
   struct Save : DatabaseSave {
     explicit Save(int& rowsLeft) : left(rowsLeft) {}
+    void Run(const Statement& /*query*/, StatGrid& /*result*/) override {}
     void Append(const std::string& /*table*/, const std::vector<ColumnText>& /*row*/) override {
       if (left-- == 0) throw std::bad_alloc();
     }
@@ -186,6 +187,32 @@ TEST_F(SaveTest, NumericColumnsTakeNumbersAlone) {
     Execute("DELETE FROM Pitching");
   }
   EXPECT_EQ(Count("Pitching"), "0") << "what was not committed is not there";
+}
+
+// Boards may save in one second, and clocks are set back: the next free second is taken, also over
+// the ends of day, month and year.
+TEST_F(SaveTest, NoTwoGamesShareAGameID) {
+  struct Row {
+    LocalTime time;
+    const char* second;
+  };
+  for (const Row& row : std::vector<Row>{{{2026, 11, 18, 10, 44, 13}, "111826104414"},
+                                         {{2026, 11, 18, 10, 59, 59}, "111826110000"},
+                                         {{2026, 11, 30, 23, 59, 59}, "120126000000"},
+                                         {{2026, 2, 28, 23, 59, 59}, "030126000000"},
+                                         {{2028, 2, 28, 23, 59, 59}, "022928000000"},
+                                         {{2026, 12, 31, 23, 59, 59}, "010127000000"}}) {
+    desk.time = row.time;
+    Table first(ports, "Ants", "Bees");
+    Table second(ports, "Ants", "Bees");
+    SaveGame(first.board);
+    SaveGame(second.board);
+    EXPECT_EQ(second.sheet.tb_TimeStamp2.value(), row.second);
+  }
+  Execute("INSERT INTO Batting (GameID) VALUES ('111826104415')");
+  desk.time = {2026, 11, 18, 10, 44, 13};
+  SaveGame(table.board);
+  EXPECT_EQ(table.sheet.tb_TimeStamp2.value(), "111826104416") << "13 and 14 are games, 15 a rest";
 }
 
 // A line score may hold what people write there.

@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "browser/queries.h"
 #include "browser/season_html.h"
 #include "browser/season_leaders.h"
 #include "browser/season_outings.h"
@@ -156,17 +157,52 @@ TEST_F(SeasonTest, FiguresAreThoseOfTheRows) {
     averages.push_back(double(sum.hits) / sum.atBats);
   }
   std::ranges::sort(averages, std::greater{});
-  const auto leaders = Leaders(season, SeasonLead::Average, true);
+  const auto leaders = Leaders(season, SeasonLead::Average, true).first;
   ASSERT_EQ(leaders.size(), kMostLeaders);
   for (std::size_t i = 0; i < leaders.size(); ++i) EXPECT_EQ(leaders[i].value, averages[i]);
   Execute("DELETE FROM Batting WHERE rowid > 3");
   const SeasonFigures few = ReadSeason(ports.database);
-  EXPECT_EQ(Leaders(few, SeasonLead::Average, true).size(), 0U);
-  EXPECT_EQ(Leaders(few, SeasonLead::Average, false).size(), 3U);
+  EXPECT_EQ(Leaders(few, SeasonLead::Average, true).first.size(), 0U);
+  EXPECT_EQ(Leaders(few, SeasonLead::Average, false).first.size(), 3U);
+}
+
+// Rates are made of whole numbers and rounded once; those who share the tenth place are counted.
+TEST_F(SeasonTest, RatesAndTies) {
+  struct Case {
+    double part, whole;
+    int decimals;
+    const char* text;
+  };
+  for (const Case& one : std::vector<Case>{{27 * 21, 120, 2, "4.73"},
+                                           {1, 3, 2, "0.33"},
+                                           {1, 16, 3, "0.063"},
+                                           {2, 3, 3, "0.667"},
+                                           {0, 5, 2, "0.00"},
+                                           {29999, 2, 0, "15000"},
+                                           {1.5, 2, 2, "0.75"}}) {
+    EXPECT_EQ(RoundedQuotient(one.part, one.whole, one.decimals), one.text);
+  }
+  for (int man = 0; man < 12; ++man) {
+    Execute("INSERT INTO Pitching (Pitcher, Team, IP, Runs, GameID) VALUES ('P" +
+            std::to_string(man) + "', 'Ants', 40, 21, 'x')");
+  }
+  const SeasonFigures season = ReadSeason(ports.database);
+  const LeaderList list = Leaders(season, SeasonLead::EarnedRunAverage, false);
+  EXPECT_EQ(list.first.size(), kMostLeaders);
+  EXPECT_EQ(MoreText(list), "and 2 more with 4.73");
+  RunQuery(browser, Query::Command14);
+  EXPECT_EQ(browser.state.MSHFlexGrid5.grid.Text(1, 14), "4.73");
+
+  const std::vector<CoursePoint> line = LineOf({{0, 0}, {5, 1}, {6, 0}});
+  ASSERT_EQ(line.size(), 4U);
+  EXPECT_EQ(line[1].game, 4);
+  EXPECT_EQ(line[1].above, 0) << "flat to the first game";
 }
 
 TEST_F(SeasonTest, PagesAreValidAndTheirLinksLead) {
   Play(12);
+  std::filesystem::create_directories(
+      Report("Season 2020-01-01 (being written)/men"));  // of a program that was killed
   WriteSeasonPages(browser);
   WriteSeasonPages(browser);
   EXPECT_EQ(Reports(), (Strings{"Season 2026-11-18", "Season 2026-11-18 (2)"}));

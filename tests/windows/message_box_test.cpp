@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 
+#include "game/history.h"
 #include "game/outcomes.h"
 #include "shell/program_error.h"
 #include "windows/window_test.h"
@@ -223,12 +224,28 @@ TEST_F(MessageBoxTest, ErrorWhileAConfirmationClosesIsTold) {
   ASSERT_TRUE(thrower.hasFocus());
   thrower.armed = true;
   const auto told = AnswerBoxes({Qt::Key_Return, Qt::Key_Return});
-  board().platform.boxes.ShowRecorded("HIT recorded.", BoxAlignment::Centred);
-  ASSERT_EQ(told->size(), 2);
+  // Out of an event, as all operations are.
+  QTimer::singleShot(0, qApp, [this] {
+    board().platform.boxes.ShowRecorded("HIT recorded.", BoxAlignment::Centred);
+  });
+  ASSERT_TRUE(
+      QTest::qWaitFor([&told] { return told->size() == 2 && MessageBox::Open() == nullptr; }));
   EXPECT_TRUE(told->at(1).startsWith(
       "[ErrKLV013F-002] The following error has occurred: 61, The disk is full\n\n"))
       << FromQt(told->at(1));
   EXPECT_EQ(MessageBox::Open(), nullptr);
+}
+
+// What no operation has trapped is told in a box, and the board goes on.
+TEST_F(MessageBoxTest, WhatFallsOutOfASlotIsTold) {
+  StartGame();
+  const auto messages = AnswerBoxes({Qt::Key_Return});
+  const std::string before = GameText(board());
+  QTimer::singleShot(0, qApp, [] { throw std::out_of_range("a slip"); });
+  EXPECT_TRUE(QTest::qWaitFor([&messages] { return !messages->isEmpty(); }));
+  EXPECT_EQ(messages->value(0), "The following error has occurred: 51, a slip");
+  EXPECT_EQ(GameText(board()), before);
+  EXPECT_TRUE(QTest::qWaitFor([] { return MessageBox::Open() == nullptr; }));
 }
 
 }  // namespace

@@ -223,6 +223,11 @@ TEST_F(ServicesTest, PersonalFolderIsFilledAndKept) {
   EXPECT_EQ(read("Teams/a.txt"), "second") << "untouched, so renewed";
   EXPECT_EQ(read("Teams/b.txt") + read("Teams/c.txt") + read("Teams/d.txt"), "edited-added");
   EXPECT_EQ(read("DTB.mdb"), "a season");
+  // A first start where copies stand: the database was lost, and no empty one hides that.
+  QDir(folder_.filePath(QStringLiteral("mine"))).removeRecursively();
+  write("mine/Backups/DTB 2026-11-18 10-44-13.mdb", "a copy");
+  EXPECT_TRUE(start().failures.isEmpty());
+  EXPECT_EQ(read("Teams/a.txt") + read("DTB.mdb"), "second-");
   // What lies beside the executable goes before all that is installed.
   QDir().mkpath(folder_.filePath(QStringLiteral("bin/Ballparks")));
   EXPECT_EQ(start().path, folder_.filePath(QStringLiteral("bin")));

@@ -7,6 +7,8 @@
 #include <QHash>
 #include <QSaveFile>
 
+#include "platform/sqlite/sqlite_database.h"
+
 namespace dtb {
 namespace {
 
@@ -44,6 +46,14 @@ bool Copy(const QString& from, const QString& to) {
   return file.open(QIODevice::ReadOnly) && Write(to, file.readAll());
 }
 
+// Where copies of it stand the database was lost, and the program offers the newest of them.
+bool IsLostDatabase(const QDir& personal, const QString& name) {
+  const QDir copies(personal.filePath(QLatin1String(kCopiesFolder)));
+  return name == QLatin1String(kDatabaseFile) &&
+         (QFileInfo(personal.filePath(name)).isSymLink() ||
+          !copies.entryList({QStringLiteral("*.mdb")}, QDir::Files).isEmpty());
+}
+
 QStringList Fill(const QDir& shared, const QDir& personal) {
   QStringList failures;
   const QString recordFile = personal.filePath(QLatin1String(kRecord));
@@ -56,6 +66,7 @@ QStringList Fill(const QDir& shared, const QDir& personal) {
     const QString target = personal.filePath(name);
     const QByteArray shipped = Checksum(source);
     const bool here = QFileInfo::exists(target);
+    if (!here && IsLostDatabase(personal, name)) continue;
     const bool untouched = here ? Checksum(target) == record.value(name) : !record.contains(name);
     if (!untouched || (here && shipped == record.value(name))) continue;
     if (Copy(source, target)) {

@@ -54,12 +54,6 @@ int InOrderOfNames(void* /*unused*/, int firstSize, const void* first, int secon
                       {static_cast<const char*>(second), static_cast<std::size_t>(secondSize)});
 }
 
-// A copy is known by its folder.
-std::string Named(const std::filesystem::path& file) {
-  const bool copy = file.parent_path().filename() == kCopiesFolder;
-  return (copy ? "The copy \"" : "The statistics database \"") + TextOf(file) + "\"";
-}
-
 [[noreturn]] void OutOfReach(int number, const std::filesystem::path& file,
                              const std::string& complaint) {
   throw DatabaseOutOfReach(number, Named(file) + " " + complaint);
@@ -122,6 +116,12 @@ constexpr std::array<Complaint, 9> kComplaints{{
 }
 
 }  // namespace
+
+// A copy is known by its folder.
+std::string Named(const std::filesystem::path& file) {
+  const bool copy = file.parent_path().filename() == kCopiesFolder;
+  return (copy ? "The copy \"" : "The statistics database \"") + TextOf(file) + "\"";
+}
 
 SQLite::Database Open(const std::filesystem::path& file, std::chrono::milliseconds longestWait) {
   RequireFile(file);

@@ -7,7 +7,8 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
+#include <memory>
+#include <span>
 #include <system_error>
 
 #include "platform/database.h"
@@ -19,25 +20,29 @@ namespace dtb {
 namespace {
 
 namespace fs = std::filesystem;
+using sqlite::Told;
 
 constexpr const char* kUnfinished = ".new";
 
-// The engine's way to the bytes of an open file. A second way would cost the first one its locks.
-sqlite3_file& FileOf(const SQLite::Database& database) {
-  sqlite3_file* file = nullptr;
-  sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
-  if (file == nullptr || file->pMethods == nullptr) {
-    throw SQLite::Exception("no file", SQLITE_CANTOPEN);
+// The pages of a database as SQLite reads them, whether they stand in the file itself or beside it
+// in a write-ahead log.
+class Pages {
+ public:
+  explicit Pages(const SQLite::Database& database)
+      : bytes_(sqlite3_serialize(database.getHandle(), "main", &size_, 0), sqlite3_free) {
+    if (bytes_ != nullptr) return;
+    const int code = sqlite3_errcode(database.getHandle());
+    const bool read = code == SQLITE_OK || code == SQLITE_ROW || code == SQLITE_DONE;
+    throw SQLite::Exception("serialize", read ? SQLITE_NOMEM : code);
   }
-  return *file;
-}
+  [[nodiscard]] std::span<unsigned char> bytes() const {
+    return {bytes_.get(), static_cast<std::size_t>(size_)};
+  }
 
-sqlite3_int64 SizeOf(sqlite3_file& file) {
-  sqlite3_int64 size = 0;
-  const int code = file.pMethods->xFileSize(&file, &size);
-  if (code != SQLITE_OK) throw SQLite::Exception("size", code);
-  return size;
-}
+ private:
+  sqlite3_int64 size_ = 0;
+  std::unique_ptr<unsigned char, decltype(&sqlite3_free)> bytes_;
+};
 
 // Keeps the file as it is for all, until the connection closes.
 void HoldStill(SQLite::Database& database) {
@@ -45,34 +50,25 @@ void HoldStill(SQLite::Database& database) {
   static_cast<void>(database.execAndGet("SELECT count(*) FROM sqlite_master"));
 }
 
-// Two files that are held still hold the same. What the engine counts in the head, as the number of
-// changes, is the file's own.
+// Two databases that are held still hold the same. What SQLite keeps in the head, as the number of
+// changes and the kind of the journal, is the file's own.
 bool SameContents(const SQLite::Database& one, const SQLite::Database& other) {
-  constexpr int kBlock = 1 << 16;
-  constexpr std::array<std::pair<int, int>, 3> kOwn{{{24, 28}, {40, 44}, {92, 100}}};
-  sqlite3_file& first = FileOf(one);
-  sqlite3_file& second = FileOf(other);
-  const sqlite3_int64 size = SizeOf(first);
-  if (size != SizeOf(second)) return false;
-  std::vector<char> a(kBlock);
-  std::vector<char> b(kBlock);
-  for (sqlite3_int64 at = 0; at < size; at += kBlock) {
-    const int count = static_cast<int>(std::min<sqlite3_int64>(kBlock, size - at));
-    for (const auto& [file, bytes] : {std::pair{&first, &a}, {&second, &b}}) {
-      const int code = file->pMethods->xRead(file, bytes->data(), count, at);
-      if (code != SQLITE_OK) throw SQLite::Exception("read", code);
-    }
-    if (at == 0) {
-      for (const auto& [from, to] : kOwn) {
-        std::fill(a.begin() + from, a.begin() + to, '\0');
-        std::fill(b.begin() + from, b.begin() + to, '\0');
+  constexpr std::array<std::pair<std::size_t, std::size_t>, 4> kOwn{
+      {{18, 20}, {24, 28}, {40, 44}, {92, 100}}};
+  const Pages first(one);
+  const Pages second(other);
+  if (first.bytes().size() != second.bytes().size()) return false;
+  for (const auto& [from, to] : kOwn) {
+    for (const Pages* pages : {&first, &second}) {
+      if (pages->bytes().size() >= to) {
+        std::ranges::fill(pages->bytes().subspan(from, to - from), '\0');
       }
     }
-    if (!std::equal(a.begin(), a.begin() + count, b.begin())) return false;
   }
-  return true;
+  return std::ranges::equal(first.bytes(), second.bytes());
 }
 
+// The target takes part of the head as well, but has a journal of its own kind.
 void BackUp(SQLite::Database& from, SQLite::Database& into) {
   SQLite::Backup backup(into, from);
   const int code = backup.executeStep(-1);
@@ -136,14 +132,26 @@ class Beside {
   bool moved_ = false;
 };
 
-// Runs the operation, and tells what the engine finds wrong with the file in plain words.
-template <class Operation>
-auto Told(const fs::path& file, Operation&& operation) {
-  try {
-    return operation();
-  } catch (const SQLite::Exception& fault) {
-    sqlite::ThrowFault(fault, file);
+// What keeps a copy from being put in place; "" for nothing.
+std::string FaultOf(SQLite::Database& copy) {
+  copy.exec("PRAGMA ignore_check_constraints = ON");
+  if (copy.execAndGet("PRAGMA integrity_check(1)").getString() != "ok") return "is damaged.";
+  for (const char* table : {"Batting", "Pitching", "BoxScores", "WinLoss", "Matchups"}) {
+    if (!copy.tableExists(table)) return std::string("has no table \"") + table + "\".";
   }
+  return {};
+}
+
+// What stands at the end of a chain of symbolic links, which stay as they are.
+fs::path Target(fs::path file) {
+  constexpr int kMostLinks = 40;
+  std::error_code error;
+  for (int links = 0; links < kMostLinks && fs::is_symlink(file, error); ++links) {
+    const fs::path next = fs::read_symlink(file, error);
+    if (error) break;
+    file = file.parent_path() / next;  // an absolute one replaces all
+  }
+  return file;
 }
 
 // A file that is known to be sound.
@@ -213,6 +221,17 @@ std::unique_ptr<Database> SqliteCopies::OpenCopy(const std::string& name) {
   return std::make_unique<SqliteDatabase>(PathOfCopy(name), longestWait_);
 }
 
+std::string SqliteCopies::FaultOfCopy(const std::string& name) {
+  const fs::path path = PathOfCopy(name);
+  try {
+    SQLite::Database copy = sqlite::Open(path, longestWait_);
+    const std::string fault = Told(path, [&] { return FaultOf(copy); });
+    return fault.empty() ? "" : sqlite::Named(path) + " " + fault;
+  } catch (const ProgramError& failure) {
+    return failure.what();
+  }
+}
+
 bool SqliteCopies::EqualsCopy(const std::string& name) {
   try {
     SQLite::Database database = sqlite::Open(file_, longestWait_);
@@ -257,6 +276,7 @@ void SqliteCopies::MakeCopy(const std::string& name) {
   Told(place, [&] {
     SQLite::Database copy = beside.Open();
     BackUp(source, copy);
+    copy.exec("PRAGMA journal_mode = DELETE");  // also of a database with a write-ahead log
     HoldStill(copy);
     if (!SameContents(source, copy)) throw SQLite::Exception("not the same", SQLITE_IOERR);
   });
@@ -289,7 +309,8 @@ void SqliteCopies::BringBack(const std::string& name) {
 
 std::string SqliteCopies::Renew(const std::optional<std::string>& copy,
                                 const std::string& asideName) {
-  Beside beside(file_);
+  const fs::path place = Target(file_);
+  Beside beside(place);
   Told(file_, [&] {
     SQLite::Database made = beside.Open();
     if (!copy)
@@ -300,9 +321,13 @@ std::string SqliteCopies::Renew(const std::optional<std::string>& copy,
     HoldStill(made);
     if (!SameContents(source, made)) throw SQLite::Exception("not the same", SQLITE_IOERR);
   });
-  const bool stood = fs::exists(fs::symlink_status(file_));
-  const fs::path aside = FreePath(file_.parent_path(), asideName);
-  SetAside(file_, aside);
+  if (Examine() == DatabaseHealth::Sound) {
+    throw ProgramError(error_number::kPermissionDenied,
+                       sqlite::Named(file_) + " is there again, and sound.");
+  }
+  const bool stood = fs::exists(fs::symlink_status(place));
+  const fs::path aside = FreePath(place.parent_path(), asideName);
+  SetAside(place, aside);
   beside.MoveIntoPlace();
   return stood ? TextOf(aside.filename()) : std::string();
 }

@@ -20,6 +20,7 @@ class SqliteCopies : public DatabaseCopies {
   std::vector<std::string> CopyNames() override;
   std::uintmax_t CopySize(const std::string& name) override;
   std::unique_ptr<Database> OpenCopy(const std::string& name) override;
+  std::string FaultOfCopy(const std::string& name) override;
   bool EqualsCopy(const std::string& name) override;
   void MakeCopy(const std::string& name) override;
   void RemoveCopy(const std::string& name) override;

@@ -19,8 +19,8 @@ class SqliteDatabase : public Database {
       : file_(std::move(file)), longestWait_(longestWait) {}
 
   void Run(const Statement& query, StatGrid& result) override;
-  std::vector<std::string> Delete(const std::vector<Statement>& statements) override;
-  void Change(const std::vector<Statement>& statements) override;
+  std::vector<std::string> WhatItLacks() override;
+  std::unique_ptr<DatabaseChange> BeginChange() override;
   std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>& tables) override;
 
  private:

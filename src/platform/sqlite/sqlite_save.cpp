@@ -5,6 +5,10 @@
 #include <algorithm>
 #include <string_view>
 
+#include "platform/sqlite/rows.h"
+#include "platform/sqlite/shape.h"
+#include "sheet/stat_grid.h"
+
 namespace dtb {
 namespace {
 
@@ -42,6 +46,7 @@ SqliteSave::SqliteSave(const std::filesystem::path& file, std::chrono::milliseco
     : file_(file), database_(sqlite::Open(file, longestWait)) {
   try {
     RequireWritable();
+    RequireAllColumns();
     for (const TableColumns& columns : tables) {
       tables_.push_back({columns, SQLite::Statement(database_, InsertInto(columns))});
     }
@@ -58,6 +63,20 @@ void SqliteSave::RequireWritable() {
   // Writing what is there already opens the journal, and so finds a folder that cannot be written.
   const int version = database_.execAndGet("PRAGMA user_version");
   database_.exec("PRAGMA user_version = " + std::to_string(version));
+}
+
+void SqliteSave::RequireAllColumns() {
+  std::string lacking;
+  for (const std::string& sentence : sqlite::WhatASaveLacks(database_)) {
+    lacking += (lacking.empty() ? "" : "\n") + sentence;
+  }
+  if (lacking.empty()) return;
+  throw ProgramError(error_number::kInvalidCall,
+                     sqlite::Named(file_) + " has no place for all of a game:\n\n" + lacking);
+}
+
+void SqliteSave::Run(const Statement& query, StatGrid& result) {
+  result.Replace(sqlite::AllRows(database_, query, file_));
 }
 
 SqliteSave::Table& SqliteSave::TableOf(const std::string& name) {

@@ -15,6 +15,7 @@ class SqliteSave : public DatabaseSave {
   SqliteSave(const std::filesystem::path& file, std::chrono::milliseconds longestWait,
              const std::vector<TableColumns>& tables);
 
+  void Run(const Statement& query, StatGrid& result) override;
   void Append(const std::string& table, const std::vector<ColumnText>& row) override;
   void Commit() override;
 
@@ -25,6 +26,7 @@ class SqliteSave : public DatabaseSave {
   };
 
   void RequireWritable();
+  void RequireAllColumns();
   [[nodiscard]] Table& TableOf(const std::string& name);
 
   std::filesystem::path file_;

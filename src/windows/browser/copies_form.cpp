@@ -1,5 +1,7 @@
 #include "windows/browser/copies_form.h"
 
+#include "shell/program_error.h"
+#include "windows/application.h"
 #include "windows/boxes/busy.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
@@ -21,6 +23,7 @@ constexpr double kTwip = 1.0 / 15;  // pixels on the reference screen, in body t
 bool CopiesForm::Run(Platform& platform, QWidget* over) {
   CopiesForm form(platform, over);
   CenterForm(&form, over);
+  const Application::Net net;
   form.exec();
   return form.state_.broughtBack;
 }
@@ -96,7 +99,7 @@ void CopiesForm::BuildTables(QVBoxLayout* whole) {
           [this](const QModelIndex& row) {
             if (!row.isValid()) return;
             const BusyPointer busy;
-            SelectCopy(desk_, row.row() + 1);
+            Trapped(desk_.platform.boxes, [&] { SelectCopy(desk_, row.row() + 1); });
           });
   AddText(whole, "lbl_Changes", state_.lbl_Changes);
 }

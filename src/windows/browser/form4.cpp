@@ -14,6 +14,8 @@
 #include "browser/game_out.h"
 #include "browser/grid_format.h"
 #include "sheet/workbook_export.h"
+#include "shell/program_error.h"
+#include "windows/application.h"
 #include "windows/browser/copies_form.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
@@ -102,7 +104,10 @@ void Form4::Run(Platform& platform, QWidget* over) {
   // A table that comes with the window needs no second painting.
   form.opening_.Await(browser_tab::kLineScores, kLongestWait);
   form.ShowTables();
-  form.exec();
+  {
+    const Application::Net net;
+    form.exec();
+  }
   StoreBracket(form.browser_);
   if (form.workbook_ && OpenWorkbook(platform, *form.workbook_, kBrowserTitle)) {
     over->window()->showMinimized();
@@ -171,21 +176,30 @@ void Form4::ShowTables() {
 void Form4::Settle() {
   ShowTables();
   if (!opening_.FinishedAll()) return;
-  opening_.TellFaults();
-  FindGameSavedTwice(browser_);
+  Trapped(browser_.platform.boxes, [this] {
+    opening_.TellFaults();
+    FindGameSavedTwice(browser_);
+  });
   settled_ = true;
 }
 
-void Form4::WithTab(const std::function<void()>& operation) {
+void Form4::Do(const std::function<void()>& operation) {
   const BusyPointer busy;
-  opening_.Finish(SSTab1_->currentIndex());
-  operation();
+  Trapped(browser_.platform.boxes, operation);
+}
+
+void Form4::WithTab(const std::function<void()>& operation) {
+  Do([&] {
+    opening_.Finish(SSTab1_->currentIndex());
+    operation();
+  });
 }
 
 void Form4::WithAll(const std::function<void()>& operation) {
-  const BusyPointer busy;
-  opening_.FinishAll();
-  operation();
+  Do([&] {
+    opening_.FinishAll();
+    operation();
+  });
 }
 
 QVBoxLayout* Form4::AddTab(const char* caption) {
@@ -270,12 +284,10 @@ void Form4::BuildLineScores() {
   page->addWidget(grid);
   BindVisible(grid, state_.MSHFlexGrid1.visible);
   grid->horizontalHeader()->setToolTip(QStringLiteral("Click a GameID to see its box score"));
-  connect(grid, &StatGridView::cellClicked, this, [this](int row, int column) {
-    const BusyPointer busy;
-    SelectGameID(browser_, row, column);
-  });
+  connect(grid, &StatGridView::cellClicked, this,
+          [this](int row, int column) { Do([&] { SelectGameID(browser_, row, column); }); });
   const auto takeOut = [this, grid] {
-    WithAll([&] { TakeOutGame(browser_, ChosenGameID(state_, grid->currentRow())); });
+    WithAll([&] { TakeOutGame(browser_, ChosenGame(state_, grid->currentRow())); });
   };
   connect(out, &QPushButton::clicked, this, takeOut);
   connect(grid, &StatGridView::clearWanted, this, takeOut);
@@ -310,7 +322,7 @@ void Form4::BuildSavedTwice(QVBoxLayout* page) {
                                "Deletes the game that was saved again, after a question");
   strip->addStretch();
   connect(out, &QPushButton::clicked, this,
-          [this] { WithAll([this] { TakeOutGame(browser_, state_.savedAgain); }); });
+          [this] { WithAll([this] { TakeOutGame(browser_, GameChoice{state_.savedAgain}); }); });
   Follow<std::string>(twice, state_.lbl_Twice, [twice, out](const std::string& words) {
     twice->setText(ToQt(words));
     twice->setAccessibleName(ToQt(words));
@@ -321,15 +333,19 @@ void Form4::BuildSavedTwice(QVBoxLayout* page) {
 
 void Form4::BringBack() {
   WithAll([] {});
-  if (!CopiesForm::Run(browser_.platform, this)) return;
-  const BusyPointer busy;
-  ReadAgain(browser_);
-  FindGameSavedTwice(browser_);
+  bool broughtBack = false;
+  Trapped(browser_.platform.boxes, [&] { broughtBack = CopiesForm::Run(browser_.platform, this); });
+  if (!broughtBack) return;
+  Do([this] {
+    ReadAgain(browser_);
+    FindGameSavedTwice(browser_);
+  });
 }
 
 void Form4::SendTablesToExcel() {
   ProgressPanel panel(QStringLiteral("Writing the tables"), ProgressPanel::Work::Cancellable, this);
-  ExportTables(browser_, [&panel](double share) { return panel.Hear(share); });
+  Trapped(browser_.platform.boxes,
+          [&] { ExportTables(browser_, [&panel](double share) { return panel.Hear(share); }); });
 }
 
 // The person goes on in the spreadsheet program, so the browser closes.
@@ -337,8 +353,10 @@ void Form4::SendGridsToExcel() {
   {
     ProgressPanel panel(QStringLiteral("Writing the workbook"), ProgressPanel::Work::Cancellable,
                         this);
-    opening_.FinishAll();
-    workbook_ = ExportGrids(browser_, [&panel](double share) { return panel.Hear(share); });
+    Trapped(browser_.platform.boxes, [&] {
+      opening_.FinishAll();
+      workbook_ = ExportGrids(browser_, [&panel](double share) { return panel.Hear(share); });
+    });
   }
   if (workbook_) close();
 }
@@ -357,12 +375,13 @@ void Form4::BuildStatTab(const char* caption, const char* gridName, GridField gr
   page->addWidget(view);
   BindVisible(view, (state_.*grid).visible);
   view->horizontalHeader()->setToolTip(QStringLiteral("Ctrl + double-click sorts on this column"));
-  connect(view, &StatGridView::cellDoubleClicked, this,
-          [this, grid, view](int /*row*/, int column) {
-            const BusyPointer busy;
-            if (!SortOnDoubleClick(browser_, state_.*grid, column)) return;
-            view->ShowSorted(column, SortedDown(state_) ? Qt::DescendingOrder : Qt::AscendingOrder);
-          });
+  connect(
+      view, &StatGridView::cellDoubleClicked, this, [this, grid, view](int /*row*/, int column) {
+        Do([&] {
+          if (!SortOnDoubleClick(browser_, state_.*grid, column)) return;
+          view->ShowSorted(column, SortedDown(state_) ? Qt::DescendingOrder : Qt::AscendingOrder);
+        });
+      });
 }
 
 void Form4::BuildWinLoss() {
@@ -377,7 +396,7 @@ void Form4::BuildWinLoss() {
     tables->addWidget(view);
     BindVisible(view, (state_.*grid).visible);
     connect(view, &StatGridView::cellClicked, this, [this, grid](int row, int /*column*/) {
-      SelectForDelete(browser_, state_.*grid, row);
+      Do([&] { SelectForDelete(browser_, state_.*grid, row); });
     });
   };
   add("MSHFlexGrid9", "Standings", &BrowserState::MSHFlexGrid9);
@@ -432,7 +451,7 @@ void Form4::BuildTournament() {
   QPushButton* reset =
       AddButton(corner, "cmd_Reset", "RESET", "Erases the whole bracket, but asks first");
   Tint(reset, kResetBlue, kInk);
-  connect(reset, &QPushButton::clicked, this, [this] { ResetBracket(browser_); });
+  connect(reset, &QPushButton::clicked, this, [this] { Do([this] { ResetBracket(browser_); }); });
 }
 
 void Form4::resizeEvent(QResizeEvent* event) {

@@ -29,6 +29,7 @@ class Form4 : public QDialog {
   Form4(Platform& platform, QWidget* parent);
   ~Form4() override;
   [[nodiscard]] const BrowserState& state() const { return state_; }
+  [[nodiscard]] const SeasonTab& season() const { return *season_; }
 
   // All tables are there, and what was wrong with the database is told.
   [[nodiscard]] bool Settled() const { return settled_ && !season_->reading(); }
@@ -68,7 +69,9 @@ class Form4 : public QDialog {
   void ShowTables();
   // Does so, and tells what was wrong once nothing is left to read.
   void Settle();
-  // Waits for the tables of the tab in front, or for all, and then runs the operation.
+  // Runs an operation that the person started: the pointer is busy, and what it fails with is told.
+  void Do(const std::function<void()>& operation);
+  // Waits for the tables of the tab in front, or for all, and then does so.
   void WithTab(const std::function<void()>& operation);
   void WithAll(const std::function<void()>& operation);
 

@@ -93,13 +93,14 @@ void Form4::BuildSeason() {
   AddTab("Season")->addWidget(season_);
   connect(season_, &SeasonTab::gameWanted, this,
           [this](const QString& id, const QString& visitors, const QString& home) {
-            const BusyPointer busy;
-            ShowBoxScore(browser_, FromQt(id), FromQt(visitors), FromQt(home));
+            Do([&] { ShowBoxScore(browser_, FromQt(id), FromQt(visitors), FromQt(home)); });
           });
   connect(season_, &SeasonTab::pagesWanted, this, [this] {
     ProgressPanel panel(QStringLiteral("Writing the season pages"),
                         ProgressPanel::Work::Cancellable, this);
-    WriteSeasonPages(browser_, [&panel](double share) { return panel.Hear(share); });
+    Trapped(browser_.platform.boxes, [&] {
+      WriteSeasonPages(browser_, [&panel](double share) { return panel.Hear(share); });
+    });
   });
 }
 

@@ -23,12 +23,12 @@ constexpr int kMostMarks = 9;  // of the axis
 SeasonCourseChart::SeasonCourseChart()
     : SeasonChart("pic_Standings", QStringLiteral("Games above .500")) {}
 
-void SeasonCourseChart::SetSeason(std::shared_ptr<const SeasonFigures> season) {
+void SeasonCourseChart::SetSeason(std::shared_ptr<const SeasonFigures> season, int chosen) {
   season_ = std::move(season);
   courses_.clear();
   lowest_ = 0;
   highest_ = 0;
-  chosen_ = -1;
+  chosen_ = chosen;
   const std::vector<Standing> standings = Standings(*season_);
   for (std::size_t place = 0; place < standings.size(); ++place) {
     const int team = standings[place].team;
@@ -97,14 +97,15 @@ int SeasonCourseChart::MarkAt(const QPointF& place) const {
 }
 
 void SeasonCourseChart::Choose(int mark) {
-  emit gameChosen(points_.at(static_cast<std::size_t>(mark)).point.game - 1);
+  const int game = points_.at(static_cast<std::size_t>(mark)).point.game - 1;
+  emit gameChosen(season_->games.at(static_cast<std::size_t>(game)), *season_);
 }
 
 void SeasonCourseChart::DrawCourse(QPainter& painter, const PlotScale& scale,
                                    const Course& course) const {
   QPolygonF line;
-  line.reserve(static_cast<qsizetype>(course.points.size()));
-  for (const CoursePoint& point : course.points) {
+  line.reserve(static_cast<qsizetype>(course.points.size()) + 1);
+  for (const CoursePoint& point : LineOf(course.points)) {
     line += QPointF(scale.X(point.game), scale.Y(point.above));
   }
   const bool stands = course.team == chosen_;

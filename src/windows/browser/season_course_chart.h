@@ -14,8 +14,8 @@ class SeasonCourseChart : public SeasonChart {
  public:
   SeasonCourseChart();
 
-  void SetSeason(std::shared_ptr<const SeasonFigures> season);
-  // The team whose line stands out; -1: none.
+  // Another season, and the team in it whose line stands out; -1: none.
+  void SetSeason(std::shared_ptr<const SeasonFigures> season, int chosen);
   void SetChosen(int team);
   [[nodiscard]] int chosen() const { return chosen_; }
 
@@ -24,7 +24,8 @@ class SeasonCourseChart : public SeasonChart {
   [[nodiscard]] QString WordsOf(int mark) const override;
 
  signals:
-  void gameChosen(int game);
+  // A game of the season that the picture shows.
+  void gameChosen(const SeasonGame& game, const SeasonFigures& season);
 
  protected:
   void Draw(QPainter& painter) override;

@@ -61,8 +61,8 @@ void SeasonGamesChart::FindLimits() {
   for (std::size_t i = outings_.size() / kSettled; i < outings_.size(); ++i) {
     const auto rate = RateOf(outings_[i].total, subject_.role);
     if (!rate) continue;
-    lowest = std::min(*rate, lowest.value_or(*rate));
-    highest = std::max(*rate, highest.value_or(*rate));
+    lowest = std::min(rate->value(), lowest.value_or(rate->value()));
+    highest = std::max(rate->value(), highest.value_or(rate->value()));
   }
   const double spare = std::max(least, 0.25 * (highest.value_or(0) - lowest.value_or(0)));
   lowest_ = std::max(0.0, lowest.value_or(0) - spare);
@@ -85,7 +85,7 @@ PlotScale SeasonGamesChart::Scale() const {
 QPointF SeasonGamesChart::PlaceOf(int mark) const {
   const PlotScale scale = Scale();
   const SeasonOuting& outing = outings_.at(static_cast<std::size_t>(mark));
-  const double rate = RateOf(outing.total, subject_.role).value_or(0);
+  const double rate = RateOf(outing.total, subject_.role).value_or(Quotient{}).value();
   return {scale.X(mark + 0.5), scale.Y(std::clamp(rate, lowest_, highest_))};
 }
 
@@ -110,7 +110,7 @@ int SeasonGamesChart::MarkAt(const QPointF& place) const {
 
 void SeasonGamesChart::Choose(int mark) {
   const int game = outings_.at(static_cast<std::size_t>(mark)).game;
-  if (game >= 0) emit gameChosen(game);
+  if (game >= 0) emit gameChosen(season_->games.at(static_cast<std::size_t>(game)), *season_);
 }
 
 double SeasonGamesChart::CountOf(const SeasonOuting& outing) const {
@@ -166,7 +166,7 @@ void SeasonGamesChart::DrawCurve(QPainter& painter, const PlotScale& scale) cons
   QPolygonF line;
   for (int mark = 0; mark < marks(); ++mark) {
     const auto rate = RateOf(outings_[static_cast<std::size_t>(mark)].total, subject_.role);
-    if (rate) line += QPointF(scale.X(mark + 0.5), scale.Y(*rate));
+    if (rate) line += QPointF(scale.X(mark + 0.5), scale.Y(rate->value()));
   }
   painter.setPen(QPen(kAccent, type() / 7));
   painter.setClipRect(scale.area.adjusted(0, -1, type(), 1));
@@ -187,7 +187,7 @@ void SeasonGamesChart::Draw(QPainter& painter) {
   subject_.wholeTeam ? DrawResults(painter, scale) : DrawCounts(painter, scale);
   DrawMonths(painter, scale, months_);
   DrawValueLines(painter, scale, AxisMarks(lowest_, highest_, kMostMarks), [batting](double value) {
-    return ToQt(batting ? AverageText(value) : EarnedRunText(value));
+    return ToQt(batting ? AverageText(Quotient{value}) : EarnedRunText(Quotient{value}));
   });
   DrawCurve(painter, scale);
 }

@@ -26,7 +26,8 @@ class SeasonGamesChart : public SeasonChart {
   [[nodiscard]] QString WordsOf(int mark) const override;
 
  signals:
-  void gameChosen(int game);
+  // A game of the season that the picture shows.
+  void gameChosen(const SeasonGame& game, const SeasonFigures& season);
 
  protected:
   void Draw(QPainter& painter) override;

@@ -34,15 +34,20 @@ QString SeasonLeaderBoard::WordsOf(int mark) const {
 
 void SeasonLeaderBoard::SetSeason(std::shared_ptr<const SeasonFigures> season, bool qualified) {
   season_ = std::move(season);
-  leaders_ = Leaders(*season_, lead_, qualified);
+  LeaderList list = Leaders(*season_, lead_, qualified);
+  more_ = ToQt(MoreText(list));
+  leaders_ = std::move(list.first);
   QString words;
   for (int mark = 0; mark < marks(); ++mark) words += WordsOf(mark) + QLatin1Char('\n');
+  words += more_;
   SetWords(words);
 }
 
 QRectF SeasonLeaderBoard::RowOf(int mark) const {
   const QRectF inside = Inside();
-  const double high = inside.height() / static_cast<double>(kMostLeaders);
+  // The last line tells of those who share the tenth place.
+  const std::size_t lines = kMostLeaders + (more_.isEmpty() ? 0 : 1);
+  const double high = inside.height() / static_cast<double>(lines);
   return {inside.left(), inside.top() + mark * high, inside.width(), high};
 }
 
@@ -98,6 +103,11 @@ void SeasonLeaderBoard::Draw(QPainter& painter) {
     painter.drawText(row, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
                      ToQt(leader.text));
   }
+  if (more_.isEmpty()) return;
+  painter.setFont(SmallFont());
+  painter.setPen(QColor(206, 206, 188));
+  painter.drawText(RowOf(marks()).adjusted(type() * 0.4, 0, 0, 0),
+                   Qt::AlignVCenter | Qt::TextSingleLine, more_);
 }
 
 }  // namespace dtb

@@ -36,6 +36,7 @@ class SeasonLeaderBoard : public SeasonChart {
   SeasonLead lead_;
   std::shared_ptr<const SeasonFigures> season_;
   std::vector<SeasonLeader> leaders_;
+  QString more_;  // who shares the tenth place; "": nobody
 };
 
 }  // namespace dtb

@@ -24,6 +24,8 @@ using namespace look;
 
 constexpr double kTwip = 1.0 / 15;  // pixels on the reference screen, in body type
 constexpr int kSampleTwips = 620;   // of a line before a team's name
+constexpr const char* kNobody = "Nobody is chosen yet";
+constexpr const char* kChooseSomebody = "Choose a team or a man at the left.";
 
 // The name of a team behind a piece of its line.
 class TeamDelegate : public QStyledItemDelegate {
@@ -76,10 +78,10 @@ SeasonTab::SeasonTab(Browser& browser) : browser_(browser), views_(new QStackedW
   views_->addWidget(BuildScores());
   whole->addWidget(views_, 1);
   AddCaption(whole, note_, QStringLiteral("The season appears here once its games are read."));
+  Name(note_, "lbl_SeasonNote", QStringLiteral("The season"));
   Follow<std::shared_ptr<const SeasonFigures>>(
       this, browser_.state.season, [this](const std::shared_ptr<const SeasonFigures>& season) {
-        season_ = season;
-        if (season_) ShowSeason();
+        if (season) ShowSeason(season);
       });
 }
 
@@ -147,9 +149,12 @@ QWidget* SeasonTab::BuildStandings() {
   connect(courses_, &SeasonCourseChart::gameChosen, this, &SeasonTab::TellGame);
   // A second click takes the choice back.
   connect(standings_, &StatGridView::cellClicked, this, [this](int row, int /*column*/) {
-    const int team = Standings(*season_).at(static_cast<std::size_t>(row) - 1).team;
-    const bool again = courses_->chosen() == team;
-    courses_->SetChosen(again ? -1 : team);
+    const auto standings = now_.season ? Standings(*now_.season) : std::vector<Standing>();
+    if (row < 1 || row > static_cast<int>(standings.size())) return;
+    const int team = standings[static_cast<std::size_t>(row) - 1].team;
+    const bool again = now_.course == team;
+    now_.course = again ? -1 : team;
+    courses_->SetChosen(now_.course);
     if (again) standings_->clearSelection();
   });
   return view;
@@ -175,11 +180,14 @@ QWidget* SeasonTab::BuildLeaders() {
   qualified_->setChecked(true);
   corner->addStretch();
   corner->addWidget(qualified_);
-  rule_ =
-      MakeCaption(QStringLiteral("For both averages: 3.1 plate appearances, that is at-bats and "
-                                 "walks, or 1 inning, for each game of the man's team.\n\n"
-                                 "A click on a man shows his season."),
-                  nullptr, Qt::AlignLeft | Qt::AlignTop);
+  rule_ = MakeCaption(
+      QStringLiteral("For both averages: 3.1 plate appearances, that is at-bats and "
+                     "walks, or 1 inning, for each game of the man's team.\n\n"
+                     "Innings are counted in thirds. \"Aggregate Pitching\" adds them as "
+                     "they are stored, .33 and .67, so its ERA may differ in the last "
+                     "place.\n\n"
+                     "A click on a man shows his season."),
+      nullptr, Qt::AlignLeft | Qt::AlignTop);
   rule_->setWordWrap(true);
   corner->addWidget(rule_);
   corner->addStretch();
@@ -220,7 +228,7 @@ QBoxLayout* SeasonTab::BuildChosen() {
   auto* right = new QVBoxLayout;
   right->setSpacing(8);
   QBoxLayout* head = Strip(right);
-  AddCaption(head, who_, QStringLiteral("Nobody is chosen yet"));
+  AddCaption(head, who_, QLatin1String(kNobody));
   Name(who_, "lbl_Chosen", QStringLiteral("Chosen"));
   head->setStretchFactor(who_, 1);
   batting_ = AddSwitch(head, "cmd_Batting", "Batting");
@@ -228,9 +236,9 @@ QBoxLayout* SeasonTab::BuildChosen() {
   auto* roles = new QButtonGroup(this);
   for (QPushButton* button : {batting_, pitching_}) {
     roles->addButton(button);
-    button->setEnabled(false);
     connect(button, &QPushButton::clicked, this, [this] {
-      subject_.role = pitching_->isChecked() ? SeasonRole::Pitching : SeasonRole::Batting;
+      role_ = pitching_->isChecked() ? SeasonRole::Pitching : SeasonRole::Batting;
+      if (now_.chosen) now_.chosen->role = role_;
       ReadChosen();
     });
   }
@@ -247,6 +255,7 @@ QWidget* SeasonTab::BuildScores() {
   auto* view = new QWidget;
   QBoxLayout* column = Column(view);
   AddCaption(column, sums_, {});
+  Name(sums_, "lbl_Scores", QStringLiteral("Scores"));
   auto* sides = new QHBoxLayout;
   sides->setSpacing(8);
   column->addLayout(sides, 1);
@@ -263,15 +272,24 @@ QWidget* SeasonTab::BuildScores() {
   return view;
 }
 
-void SeasonTab::ShowSeason() {
-  courses_->SetSeason(season_);
-  StatGrid standings = GridOf(StandingsTable(*season_));
-  standings.SetColumnWidth(1, standings.ColumnAt(1).width + kSampleTwips);
-  standingsGrid_.Take(std::move(standings));
+void SeasonTab::ShowSeason(std::shared_ptr<const SeasonFigures> season) {
+  const Reading before = std::move(now_);
+  now_ = {std::move(season)};
+  const auto again = [&](const std::optional<SeasonSubject>& subject) {
+    return subject ? FoundAgain(*before.season, *subject, *now_.season) : std::nullopt;
+  };
+  if (before.course >= 0) {
+    if (const auto course = again(SeasonSubject{before.course})) now_.course = course->team;
+  }
+  ShowStandings();
   ShowLeaders();
   ListNames();
   ShowScores();
-  const std::size_t games = season_->games.size();
+  if (before.chosen) {
+    Choose(again(before.chosen));
+    ShowChosenInList();
+  }
+  const std::size_t games = now_.season->games.size();
   QString note;
   if (games == 0) {
     note = QStringLiteral("The season begins with the first game that you save.");
@@ -283,20 +301,38 @@ void SeasonTab::ShowSeason() {
                "box score.")
                .arg(games);
   }
-  if (season_->lonelyLines > 0) {
+  if (now_.season->lonelyLines > 0) {
     note += QStringLiteral(" Left out, because the other team's line is missing: %1.")
-                .arg(season_->lonelyLines);
+                .arg(now_.season->lonelyLines);
+  }
+  if (now_.season->mixedGames > 0) {
+    note += QStringLiteral(
+                " With one GameID and a team in common, so that their players are not told"
+                " apart: %1 games.")
+                .arg(now_.season->mixedGames);
   }
   note_->setText(note);
 }
 
+void SeasonTab::ShowStandings() {
+  courses_->SetSeason(now_.season, now_.course);
+  StatGrid standings = GridOf(StandingsTable(*now_.season));
+  standings.SetColumnWidth(1, standings.ColumnAt(1).width + kSampleTwips);
+  standingsGrid_.Take(std::move(standings));
+  const auto order = Standings(*now_.season);
+  const auto place = std::ranges::find(order, now_.course, &Standing::team);
+  if (place != order.end()) {
+    standings_->SetCurrentCell(static_cast<int>(place - order.begin()) + 1, 1);
+  }
+}
+
 void SeasonTab::ShowLeaders() {
-  if (!season_) return;
-  for (SeasonLeaderBoard* board : boards_) board->SetSeason(season_, qualified_->isChecked());
+  if (!now_.season) return;
+  for (SeasonLeaderBoard* board : boards_) board->SetSeason(now_.season, qualified_->isChecked());
 }
 
 void SeasonTab::ShowScores() {
-  const SeasonScores scores = CountScores(*season_);
+  const SeasonScores scores = CountScores(*now_.season);
   sums_->setText(ToQt(ScoresText(scores)));
   sums_->setToolTip(WholeTextTip(sums_->text()));
   finals_->SetScores(scores);
@@ -311,7 +347,7 @@ void SeasonTab::ShowScores() {
   bars.clear();
   for (const RunsOfMonth& month : scores.months) {
     const double mean = month.runs / month.games;
-    const QString figure = ToQt(TwoDecimals(mean));
+    const QString figure = ToQt(RoundedQuotient(month.runs, month.games, 2));
     bars.push_back({ToQt(month.month), mean, figure,
                     QStringLiteral("%1: %2 runs a game in %3 games")
                         .arg(ToQt(month.month), figure)
@@ -321,20 +357,20 @@ void SeasonTab::ShowScores() {
 }
 
 void SeasonTab::ListNames() {
-  if (!season_) return;
+  if (!now_.season) return;
   const LikePattern wanted("%" + EscapedForLike(FromQt(search_->text())) + "%", U'\\');
   std::vector<std::vector<std::string>> rows{{"Name", "Team"}};
-  listed_.clear();
-  const auto& teams = season_->teams;
+  now_.listed.clear();
+  const auto& teams = now_.season->teams;
   for (std::size_t team = 0; team < teams.size(); ++team) {
     if (!wanted.Matches(teams[team].name)) continue;
-    listed_.push_back({static_cast<int>(team)});
+    now_.listed.push_back({static_cast<int>(team)});
     rows.push_back({teams[team].name, "whole team"});
   }
-  for (std::size_t man = 0; man < season_->men.size(); ++man) {
-    const SeasonMan& entry = season_->men[man];
+  for (std::size_t man = 0; man < now_.season->men.size(); ++man) {
+    const SeasonMan& entry = now_.season->men[man];
     if (!wanted.Matches(entry.name) && !wanted.Matches(teams[entry.team].name)) continue;
-    listed_.push_back({entry.team, static_cast<int>(man)});
+    now_.listed.push_back({entry.team, static_cast<int>(man)});
     rows.push_back({entry.name, teams[entry.team].name});
   }
   namesGrid_.Take(GridOf(rows));
@@ -344,39 +380,70 @@ void SeasonTab::ChooseMan(int man, SeasonRole role) {
   search_->clear();
   views_->setCurrentIndex(2);
   switches_.at(2)->setChecked(true);
-  subject_.role = role;
-  const auto row = std::ranges::find(listed_, man, &Listed::man) - listed_.begin() + 1;
+  role_ = role;
+  const auto row = std::ranges::find(now_.listed, man, &Listed::man) - now_.listed.begin() + 1;
   names_->SetCurrentCell(static_cast<int>(row), 1);
   ChooseListed(static_cast<int>(row));
 }
 
 void SeasonTab::ChooseListed(int row) {
-  if (row < 1 || row > static_cast<int>(listed_.size())) return;
-  chosen_ = listed_[static_cast<std::size_t>(row) - 1];
-  const bool team = chosen_->man < 0;
-  const SeasonMan none;
-  const SeasonMan& man = team ? none : season_->men[chosen_->man];
-  const std::string& teamName = season_->teams[chosen_->team].name;
-  subject_ = {chosen_->team, man.name, team, subject_.role};
-  batting_->setEnabled(team || man.batting);
-  pitching_->setEnabled(team || man.pitching);
-  if (!team && !man.line(subject_.role)) {
-    subject_.role = man.batting ? SeasonRole::Batting : SeasonRole::Pitching;
+  if (row < 1 || row > static_cast<int>(now_.listed.size())) return;
+  const Listed& listed = now_.listed[static_cast<std::size_t>(row) - 1];
+  SeasonSubject subject{listed.team, {}, listed.man < 0, role_};
+  if (listed.man >= 0) {
+    const SeasonMan& man = now_.season->men.at(static_cast<std::size_t>(listed.man));
+    subject.man = man.name;
+    if (!man.line(role_)) {
+      subject.role = man.batting ? SeasonRole::Batting : SeasonRole::Pitching;
+    }
   }
-  (subject_.role == SeasonRole::Batting ? batting_ : pitching_)->setChecked(true);
-  const QString who = ToQt(team ? teamName : man.name + ", " + teamName);
+  Choose(subject);
+}
+
+void SeasonTab::Choose(const std::optional<SeasonSubject>& subject) {
+  now_.chosen = subject;
+  const auto man = std::ranges::find_if(now_.season->men, [&subject](const SeasonMan& one) {
+    return subject && !subject->wholeTeam && one.team == subject->team && one.name == subject->man;
+  });
+  const bool isMan = man != now_.season->men.end();
+  // Where nobody is chosen the role is that of whoever is chosen next.
+  batting_->setEnabled(!isMan || man->batting);
+  pitching_->setEnabled(!isMan || man->pitching);
+  QString who = QLatin1String(kNobody);
+  if (subject) {
+    (subject->role == SeasonRole::Batting ? batting_ : pitching_)->setChecked(true);
+    const std::string& team = now_.season->teams.at(static_cast<std::size_t>(subject->team)).name;
+    who = ToQt(subject->wholeTeam ? team : subject->man + ", " + team);
+  }
   who_->setText(who);
   who_->setAccessibleName(QStringLiteral("Chosen: ") + who);
   who_->setToolTip(WholeTextTip(who));
   ReadChosen();
 }
 
+void SeasonTab::ShowChosenInList() {
+  for (std::size_t i = 0; i < now_.listed.size() && now_.chosen; ++i) {
+    const auto& [team, man] = now_.listed[i];
+    const bool whole = man < 0;
+    if (team != now_.chosen->team || whole != now_.chosen->wholeTeam) continue;
+    if (!whole && now_.season->men.at(static_cast<std::size_t>(man)).name != now_.chosen->man) {
+      continue;
+    }
+    return names_->SetCurrentCell(static_cast<int>(i) + 1, 1);
+  }
+}
+
 void SeasonTab::ReadChosen() {
-  if (!chosen_) return;
   reading_ = {};  // ends the one before
+  const int number = ++asked_;
+  if (!now_.chosen) {
+    shown_ = number;
+    monthsGrid_.Take(StatGrid(1, 1));
+    return games_->Clear(QLatin1String(kChooseSomebody));
+  }
   games_->Clear(QStringLiteral("Being read"));
   reading_ = std::jthread(
-      [this, number = ++asked_, season = season_, subject = subject_](const std::stop_token& stop) {
+      [this, number, season = now_.season, subject = *now_.chosen](const std::stop_token& stop) {
         std::vector<SeasonOuting> outings;
         std::string fault;
         try {
@@ -384,25 +451,23 @@ void SeasonTab::ReadChosen() {
         } catch (const std::exception& failure) {
           fault = failure.what();
         }
-        const auto show = [this, number, outings = std::move(outings), fault]() mutable {
+        const auto show = [this, number, season, subject, outings = std::move(outings),
+                           fault]() mutable {
           if (number != asked_) return;
           shown_ = number;
-          ShowOutings(std::move(outings));
+          monthsGrid_.Take(GridOf(MonthTable(*season, subject, outings)));
+          games_->SetOutings(season, subject, std::move(outings));
           if (!fault.empty()) TellQueryFailure(browser_, fault);
         };
         QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
       });
 }
 
-void SeasonTab::ShowOutings(std::vector<SeasonOuting> outings) {
-  monthsGrid_.Take(GridOf(MonthTable(*season_, subject_, outings)));
-  games_->SetOutings(season_, subject_, std::move(outings));
-}
-
-void SeasonTab::TellGame(int place) {
-  const SeasonGame& game = season_->games.at(static_cast<std::size_t>(place));
-  emit gameWanted(ToQt(game.id), ToQt(season_->teams[game.sides[0].team].name),
-                  ToQt(season_->teams[game.sides[1].team].name));
+void SeasonTab::TellGame(const SeasonGame& game, const SeasonFigures& season) {
+  const auto nameOf = [&season](const SeasonSide& side) {
+    return ToQt(season.teams.at(static_cast<std::size_t>(side.team)).name);
+  };
+  emit gameWanted(ToQt(game.id), nameOf(game.sides[0]), nameOf(game.sides[1]));
 }
 
 void SeasonTab::SetScale(double scale) {

@@ -30,6 +30,11 @@ class SeasonTab : public QWidget {
   // 1: layout units are pixels.
   void SetScale(double scale);
 
+  // Its tables.
+  [[nodiscard]] const StatGrid& standings() const { return standingsGrid_; }
+  [[nodiscard]] const StatGrid& names() const { return namesGrid_; }
+  [[nodiscard]] const StatGrid& months() const { return monthsGrid_; }
+
   // A team or a man is chosen and not shown yet.
   [[nodiscard]] bool reading() const { return shown_ != asked_; }
 
@@ -53,25 +58,36 @@ class SeasonTab : public QWidget {
   StatGridView* MakeGrid(const char* name, const QString& accessibleName, StatGrid& grid);
   void AddCaption(QBoxLayout* place, QLabel*& label, const QString& text);
 
-  void ShowSeason();
+  // Shows another reading of the season. Who was chosen in the one before stays so by name, and is
+  // let go where that name is gone.
+  void ShowSeason(std::shared_ptr<const SeasonFigures> season);
+  void ShowStandings();
   void ShowLeaders();
   void ShowScores();
   void ListNames();
   void ChooseMan(int man, SeasonRole role);
   void ChooseListed(int row);
+  // Chooses a team or a man, or nobody.
+  void Choose(const std::optional<SeasonSubject>& subject);
+  void ShowChosenInList();
   // Reads and shows who is chosen, in the role that is chosen.
   void ReadChosen();
-  void ShowOutings(std::vector<SeasonOuting> outings);
-  void TellGame(int place);
+  void TellGame(const SeasonGame& game, const SeasonFigures& season);
+
+  // One reading of the season, and all that holds good in it alone.
+  struct Reading {
+    std::shared_ptr<const SeasonFigures> season;  // none: nothing is read yet
+    std::vector<Listed> listed = {};              // the rows of namesGrid_ from 1 on
+    std::optional<SeasonSubject> chosen = {};
+    int course = -1;  // the team whose line stands out; -1: none
+  };
 
   Browser& browser_;
-  std::shared_ptr<const SeasonFigures> season_;
+  Reading now_;
+  SeasonRole role_ = SeasonRole::Batting;  // asked for last
   StatGrid standingsGrid_{1, 1};
   StatGrid namesGrid_{1, 1};
   StatGrid monthsGrid_{1, 1};
-  std::vector<Listed> listed_;  // the rows of namesGrid_ from 1 on
-  std::optional<Listed> chosen_;
-  SeasonSubject subject_;
   int asked_ = 0;  // readings of a team or a man so far
   int shown_ = 0;  // the last of them that ended
 

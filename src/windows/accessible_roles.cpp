@@ -2,6 +2,7 @@
 
 #include <QAccessibleWidget>
 
+#include "windows/aids/dice_panels.h"
 #include "windows/boxes/message_box.h"
 #include "windows/browser/season_chart.h"
 #include "windows/shared/controls.h"
@@ -15,6 +16,9 @@ QAccessibleInterface* MakeInterface(const QString& /*className*/, QObject* objec
   if (qobject_cast<PictureBox*>(widget) != nullptr ||
       qobject_cast<SeasonChart*>(widget) != nullptr) {
     return new QAccessibleWidget(widget, QAccessible::Graphic);
+  }
+  if (qobject_cast<FaceDie*>(widget) != nullptr) {
+    return new QAccessibleWidget(widget, QAccessible::StaticText);
   }
   if (qobject_cast<Panel*>(widget) != nullptr) {
     return new QAccessibleWidget(widget, QAccessible::Grouping);

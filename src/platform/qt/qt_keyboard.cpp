@@ -44,4 +44,17 @@ bool QtKeyboard::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
+int KeyByPlace(const QKeyEvent& event) {
+#ifdef Q_OS_WIN
+  constexpr quint32 kPlaceOfOne = 2;  // scan codes of a PC keyboard
+#else
+  constexpr quint32 kPlaceOfOne = 10;  // X11 keycodes: the same, moved by 8
+#endif
+  constexpr quint32 kDigits = 9;
+  const quint32 place = event.nativeScanCode() - kPlaceOfOne;
+  const bool shifted = event.modifiers().testFlag(Qt::ShiftModifier);
+  if (place >= kDigits || shifted) return event.key();
+  return Qt::Key_1 + static_cast<int>(place);
+}
+
 }  // namespace dtb

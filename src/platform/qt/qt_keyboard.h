@@ -1,6 +1,7 @@
 // The state of the keys that gestures of the mouse go with.
 #pragma once
 
+#include <QKeyEvent>
 #include <QObject>
 
 #include "platform/platform.h"
@@ -26,5 +27,9 @@ class QtKeyboard : public QObject, public Keyboard {
   bool f12_ = false;
   int together_ = 0;  // times since the last question
 };
+
+// The key of a press. Where the digits of the number row need Shift the row counts by its place, so
+// that it gives Qt::Key_1 to Qt::Key_9 without.
+[[nodiscard]] int KeyByPlace(const QKeyEvent& event);
 
 }  // namespace dtb

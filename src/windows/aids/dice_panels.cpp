@@ -40,6 +40,12 @@ void RunWhile(QTimer& timer, const char* name, int interval, QWidget* panel, Fie
   });
 }
 
+// What a screen reader says of a die: "Red die: 5".
+QString WithValue(const char* word, const std::string& number) {
+  const QString name = QLatin1String(word);
+  return number.empty() ? name : name + QStringLiteral(": ") + ToQt(number);
+}
+
 QPushButton* AddRoll(const char* name, const QString& word, QWidget* panel) {
   auto* roll = new QPushButton(QStringLiteral("ROLL"), panel);
   Name(roll, name, word);
@@ -118,8 +124,10 @@ FaceDicePanel::FaceDicePanel(Aids& aids, Scene& scene, QWidget* parent)
   auto* twenty = new NumberPlate({255, 255, 0}, {0, 0, 0}, this);
   Name(twenty, "lbl_20die", QStringLiteral("Twenty-sided die"));
   scene.Put(twenty, {kSecond, kSecond, kFaceDieSize, kFaceDieSize}, kHuge, true);
-  Follow<std::string>(twenty, aids.state.lbl_20die,
-                      [twenty](const std::string& number) { twenty->setText(ToQt(number)); });
+  Follow<std::string>(twenty, aids.state.lbl_20die, [twenty](const std::string& number) {
+    twenty->setText(ToQt(number));
+    twenty->setAccessibleName(WithValue("Twenty-sided die", number));
+  });
   auto* roll = AddRoll("cmd_Roll", QStringLiteral("ROLL the dice"), this);
   scene.Put(roll,
             {kMargin, kSecond + kFaceDieSize + kGap, kFacePanelWidth - 2 * kMargin, kRollHeight},
@@ -151,8 +159,9 @@ NumberDicePanel::NumberDicePanel(Aids& aids, Scene& scene, QWidget* parent)
     auto* label = MakeCaption({}, shape, Qt::AlignCenter);
     Name(label, kind.label, QLatin1String(kind.word));
     scene.Put(label, {0, 0, kNumberDieSize, kNumberDieSize}, kHuge, true);
-    Follow<std::string>(label, aids.state.numbers.at(i), [label](const std::string& number) {
+    Follow<std::string>(label, aids.state.numbers.at(i), [label, &kind](const std::string& number) {
       label->setText(ToQt(number));
+      label->setAccessibleName(WithValue(kind.word, number));
       label->setVisible(!number.empty());
     });
   }

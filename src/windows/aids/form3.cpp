@@ -11,6 +11,7 @@
 #include "aids/charts.h"
 #include "aids/dice.h"
 #include "platform/paths.h"
+#include "platform/qt/qt_keyboard.h"
 #include "platform/qt/qt_text.h"
 #include "windows/aids/dice_panels.h"
 #include "windows/shared/bind.h"
@@ -224,7 +225,7 @@ void Form3::Choose(const Choice& choice) {
 }
 
 void Form3::keyPressEvent(QKeyEvent* event) {
-  const int key = event->key();
+  const int key = KeyByPlace(*event);
   const auto modifiers = event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
   const bool digit = key >= Qt::Key_1 && key <= Qt::Key_9;
   const int chart = aids_.state.lastChart;
@@ -239,9 +240,9 @@ void Form3::keyPressEvent(QKeyEvent* event) {
     if (!event->isAutoRepeat()) RollDice(aids_);
     return;
   }
-  const auto* found = std::ranges::find(kOutcomes, key, &OutcomeEntry::key);
+  const OutcomeEntry* found = OutcomeOfKey(key);
   const bool meant = modifiers == (digit ? Qt::ControlModifier : Qt::NoModifier);
-  if (found != kOutcomes.end() && meant && !event->isAutoRepeat())
+  if (found != nullptr && meant && !event->isAutoRepeat())
     return Choose({found->outcome, key});
   QDialog::keyPressEvent(event);
 }

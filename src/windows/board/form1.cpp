@@ -55,7 +55,7 @@ Form1::Form1(Board& board, Aids& aids, QtPictures& pictures)
   // What the focus leaves without a successor, the park takes: nothing is pressed by surprise
   // there.
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-    if (now == nullptr && isActiveWindow()) park_->setFocus(Qt::OtherFocusReason);
+    if (now == nullptr && focusWidget() == nullptr) park_->setFocus(Qt::OtherFocusReason);
   });
   PlaceAtLaunch();
   StartTimers();
@@ -81,6 +81,10 @@ void Form1::BuildMenu() {
     action->setObjectName(QLatin1String(name));
     connect(action, &QAction::triggered, this, operation);
   };
+  // A window of its own waits for the person; the menu, and a screen reader, has its answer before.
+  const auto later = [this](auto operation) {
+    return [this, operation] { QTimer::singleShot(0, this, operation); };
+  };
   menuBar()->setNativeMenuBar(false);
   edit_ = new EditActions(board_, this);
   editMenu_ = menuBar()->addMenu(QStringLiteral("Edit"));
@@ -89,16 +93,21 @@ void Form1::BuildMenu() {
   editMenu_->addSeparator();
   QAction* copies = editMenu_->addAction(QLatin1String(kBringBack));
   copies->setObjectName(QStringLiteral("mnuBringBack"));
-  connect(copies, &QAction::triggered, this, [this] { CopiesForm::Run(board_.platform, this); });
+  connect(copies, &QAction::triggered, this,
+          later([this] { CopiesForm::Run(board_.platform, this); }));
   QMenu* teams = menuBar()->addMenu(QStringLiteral("Teams"));
   teams->setObjectName(QStringLiteral("mnuTeams"));
   QAction* season = teams->addAction(QStringLiteral("From a season..."));
   season->setObjectName(QStringLiteral("mnuSeason"));
-  connect(season, &QAction::triggered, this, [this] { SeasonForm::Run(board_, season_, this); });
-  add("mnuStatistics", "Database", [this] { Form4::Run(board_.platform, this); });
-  add("mnuEventLog", "EventLog", [this] { ShowLog(); });
-  add("mnu_Options", "Options", [this] { ToggleOptions(board_); });
-  add("About", "About", [this] { AboutBox::Run(board_.platform, this); });
+  connect(season, &QAction::triggered, this,
+          later([this] { SeasonForm::Run(board_, season_, this); }));
+  add("mnuStatistics", "Database", later([this] { Form4::Run(board_.platform, this); }));
+  add("mnuEventLog", "EventLog", later([this] { ShowLog(); }));
+  add("mnu_Options", "Options", [this] {
+    ToggleOptions(board_);
+    if (menuBar()->hasFocus()) focusKeys_->EnterOptions();
+  });
+  add("About", "About", later([this] { AboutBox::Run(board_.platform, this); }));
   BuildHelpMenu();
 }
 
@@ -144,6 +153,7 @@ void Form1::BuildScene() {
   new NumberDicePanel(aids_, scene_, park_);
   new BaseTracker(board_, scene_, park_);
   keys_ = new PlayKeys(board_, scene_, park_);
+  focusKeys_ = std::make_unique<FocusKeys>(park_, [this] { ToggleOptions(board_); });
   for (auto* button : park_->findChildren<QAbstractButton*>()) {
     // The arrows move a piece over the park.
     if (qobject_cast<PieceView*>(button) == nullptr) keys_->TakeArrowsFrom(button);
@@ -226,7 +236,7 @@ void Form1::SupplementalResize() {
 }
 
 void Form1::keyPressEvent(QKeyEvent* event) {
-  if (!keys_->Press(*event)) QMainWindow::keyPressEvent(event);
+  if (!focusKeys_->Press(*event) && !keys_->Press(*event)) QMainWindow::keyPressEvent(event);
 }
 
 void Form1::closeEvent(QCloseEvent* event) {

@@ -10,6 +10,7 @@
 #include "platform/qt/qt_pictures.h"
 #include "seasons/season_desk.h"
 #include "windows/board/edit_actions.h"
+#include "windows/board/focus_keys.h"
 #include "windows/board/outcome_panel.h"
 #include "windows/board/park_view.h"
 #include "windows/board/play_keys.h"
@@ -65,6 +66,7 @@ class Form1 : public QMainWindow {
   EditActions* edit_ = nullptr;
   QMenu* editMenu_ = nullptr;
   PlayKeys* keys_ = nullptr;
+  std::unique_ptr<FocusKeys> focusKeys_;
   Form2* form2_ = nullptr;
   LogWindow* log_ = nullptr;
   seasons::KeptSeason season_;

@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPushButton>
+#include <algorithm>
+#include <cmath>
 
 #include "aids/crowd.h"
 #include "aids/quick_boxes.h"
@@ -76,19 +78,36 @@ OptionsPanel::OptionsPanel(Board& board, Aids& aids, Scene& scene, QWidget* pare
   BuildPhotoPath();
   BuildDonation();
   BindVisible(this, board.state.fra_Options_visible);
+  TabInReadingOrder();
+}
+
+void OptionsPanel::TabInReadingOrder() {
+  QList<QWidget*> controls;
+  for (auto* control : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+    if (control->focusPolicy() & Qt::TabFocus) controls += control;
+  }
+  // Rows from the top, each from the left; those of a row differ by a few units.
+  const auto before = [this](QWidget* a, QWidget* b) {
+    const Place first = scene_.PlaceOf(a);
+    const Place second = scene_.PlaceOf(b);
+    const bool sameRow = std::abs(first.top - second.top) < kRowHeight / 2;
+    return sameRow ? first.left < second.left : first.top < second.top;
+  };
+  std::ranges::stable_sort(controls, before);
+  for (qsizetype i = 1; i < controls.size(); ++i) setTabOrder(controls[i - 1], controls[i]);
 }
 
 void OptionsPanel::BuildChecks() {
   const auto add = [&](const char* name, const char* caption, int row, Field<bool>& field,
-                       double left = 16) {
+                       double left = 16, const std::function<void()>& operation = {}) {
     auto* check = new QCheckBox(QLatin1String(caption), this);
     Name(check, name, QLatin1String(caption));
     scene_.Put(check, {left, kFirstRow + row * kRowHeight, 184, kRowHeight}, kBody);
-    BindCheck(check, field);
+    BindCheck(check, field, operation);
     return check;
   };
-  auto* tracker = add("cb_BaseTracker", "SHOW BASE TRACKER", 0, board_.state.cb_BaseTracker);
-  connect(tracker, &QAbstractButton::clicked, this, [this] { ToggleBaseTracker(board_); });
+  auto* tracker = add("cb_BaseTracker", "SHOW BASE TRACKER", 0, board_.state.cb_BaseTracker, 16,
+                      [this] { ToggleBaseTracker(board_); });
   add("chk_Ctrls", "HIDE CONTROLS", 1, board_.state.chk_Ctrls)
       ->setToolTip(QStringLiteral("Hides the labels of the outcomes; their keys go on working"));
   // People know this box by its tool-tip, odd as that is.
@@ -96,13 +115,13 @@ void OptionsPanel::BuildChecks() {
       ->setToolTip(QStringLiteral("Show extended boxscore"));
   add("cb_MuteDice", "MUTE DICE", 3, aids_.state.cb_MuteDice)
       ->setToolTip(QStringLiteral("The dice roll without a sound"));
-  auto* quick = add("cb_QuickBoxes", "QUICK BOXES", 2, aids_.state.cb_QuickBoxes, kRightColumn);
+  auto* quick = add("cb_QuickBoxes", "QUICK BOXES", 2, aids_.state.cb_QuickBoxes, kRightColumn,
+                    [this] { QuickBoxesClicked(aids_); });
   quick->setToolTip(
       QStringLiteral("What was recorded shows at the foot of the board for a moment, and no box "
                      "waits to be closed"));
-  connect(quick, &QAbstractButton::clicked, this, [this] { QuickBoxesClicked(aids_); });
-  auto* crowd = add("cb_Crowd", "CROWD NOISE", 4, aids_.state.cb_Crowd);
-  connect(crowd, &QAbstractButton::clicked, this, [this] { CrowdClicked(aids_); });
+  auto* crowd =
+      add("cb_Crowd", "CROWD NOISE", 4, aids_.state.cb_Crowd, 16, [this] { CrowdClicked(aids_); });
   auto* parks = add("cb_RandParks", "RANDOM BALLPARKS", 3, aids_.state.cb_RandParks, kRightColumn);
   tracker->setToolTip(QStringLiteral("A small diamond on which you note who stands where"));
   crowd->setToolTip(QStringLiteral("The crowd murmurs until you turn it off"));

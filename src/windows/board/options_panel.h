@@ -16,6 +16,7 @@ class OptionsPanel : public Panel {
   OptionsPanel(Board& board, Aids& aids, Scene& scene, QWidget* parent);
 
  private:
+  void TabInReadingOrder();
   void BuildChecks();
   void BuildOutsCount();
   void BuildPhotoSize();

@@ -1,6 +1,8 @@
 #include "windows/board/outcome_panel.h"
 
+#include <QEvent>
 #include <array>
+#include <utility>
 
 #include "game/outcomes.h"
 #include "game/runners.h"
@@ -34,14 +36,14 @@ constexpr Place kStats = Cell(3, 220);
 }  // namespace
 
 OutcomePanel::OutcomePanel(Board& board, Scene& scene, QWidget* parent)
-    : DraggablePanel(scene, parent) {
+    : DraggablePanel(scene, parent), board_(board) {
   Name(this, "pb_Res", QStringLiteral("Outcomes"));
   setToolTip(QStringLiteral("CTRL + Left Click to drag controls"));
   scene.Put(this, kPanel);
   const auto add = [&](const char* name, const char* caption, const QString& tip,
                        const ClickLabel::Shades& shades, const Place& place) {
     auto* button = new ClickLabel(QLatin1String(caption), shades, this);
-    Name(button, name, tip);
+    Name(button, name, QLatin1String(caption) + QStringLiteral(", ") + tip);
     button->setToolTip(tip);
     scene.Put(button, place, kLarge, true);
     return button;
@@ -50,10 +52,14 @@ OutcomePanel::OutcomePanel(Board& board, Scene& scene, QWidget* parent)
     const OutcomeEntry& entry = kOutcomes[i];
     auto* button = add(entry.name, entry.caption, QLatin1String(entry.tip), ShadesOf(entry.family),
                        kPlaces[i]);
-    connect(button, &QAbstractButton::clicked, this, [this, &board, outcome = entry.outcome] {
+    button->installEventFilter(this);
+    connect(button, &QAbstractButton::clicked, this, [this, button, outcome = entry.outcome] {
+      if (IsSecondHalf(button)) return;
       // A run is a figure of the cell, so it leaves the person there.
       if (outcome != Outcome::RunBattedIn) EndTextVisit(this);
-      RecordOutcome(board, outcome);
+      const std::size_t before = board_.log.text().size();
+      RecordOutcome(board_, outcome);
+      recorded_ = board_.log.text().size() > before;
     });
   }
   auto* stolenBase = add("lbl_SB", "SB", QStringLiteral("Stolen base"),
@@ -63,6 +69,19 @@ OutcomePanel::OutcomePanel(Board& board, Scene& scene, QWidget* parent)
                     {kButtonGrey, Qt::white, kInk}, kStats);
   connect(stats, &QAbstractButton::clicked, this, &OutcomePanel::statsWanted);
   Follow<bool>(this, board.state.chk_Ctrls, [this](bool hidden) { setVisible(!hidden); });
+}
+
+// Where no box catches the second half of a double click, it is swallowed here: it records once.
+bool OutcomePanel::IsSecondHalf(const QObject* button) {
+  if (std::exchange(doubled_, nullptr) != button) return false;
+  if (recorded_) board_.platform.boxes.Confirm("once", board_.counting);
+  return true;
+}
+
+bool OutcomePanel::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonPress) doubled_ = nullptr;
+  if (event->type() == QEvent::MouseButtonDblClick) doubled_ = watched;
+  return false;
 }
 
 }  // namespace dtb

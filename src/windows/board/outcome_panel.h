@@ -17,6 +17,16 @@ class OutcomePanel : public DraggablePanel {
  signals:
   // A click on "STATS".
   void statsWanted();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  bool IsSecondHalf(const QObject* button);
+
+  Board& board_;
+  const QObject* doubled_ = nullptr;  // label whose double click is not over yet
+  bool recorded_ = false;             // the click before did
 };
 
 }  // namespace dtb

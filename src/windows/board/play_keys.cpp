@@ -7,6 +7,7 @@
 
 #include "game/outcomes.h"
 #include "game/runners.h"
+#include "platform/qt/qt_keyboard.h"
 #include "teams/batting_order.h"
 #include "windows/boxes/message_box.h"
 #include "windows/shared/bind.h"
@@ -37,7 +38,10 @@ constexpr std::array kOtherKeys{
     OtherKey{"Ctrl + F12", "Show or hide the numbered dice"},
     OtherKey{"Enter", "Press, or enter a new entry"},
     OtherKey{"Tab", "The next control"},
-    OtherKey{"Esc", "Leave a text field"},
+    OtherKey{"F6", "The next panel"},
+    OtherKey{"Shift + F1 to F4", "A game piece"},
+    OtherKey{"O", "Options"},
+    OtherKey{"Esc", "Leave a field; back to the park"},
     OtherKey{"Ctrl + Z", "Undo"},
     OtherKey{"Ctrl + Shift + Z", "Redo"},
     OtherKey{"?", "These keys"},
@@ -94,7 +98,7 @@ PlayKeys::PlayKeys(Board& board, Scene& scene, QWidget* boardWindow)
 }
 
 bool PlayKeys::Press(const QKeyEvent& event) {
-  const int key = event.key();
+  const int key = KeyByPlace(event);
   const auto modifiers = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
   const bool digit = key >= Qt::Key_1 && key <= Qt::Key_9;
   if (modifiers == Qt::AltModifier && digit && !event.isAutoRepeat()) {
@@ -150,8 +154,8 @@ bool PlayKeys::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool PlayKeys::PressOutcome(int key) {
-  const auto* found = std::ranges::find(kOutcomes, key, &OutcomeEntry::key);
-  if (found == kOutcomes.end()) return false;
+  const OutcomeEntry* found = OutcomeOfKey(key);
+  if (found == nullptr) return false;
   ShowPlate(false);
   RecordOutcome(board_, found->outcome);
   return true;

@@ -182,10 +182,13 @@ void Scoreboard::AddScoreCell(QWidget* frame, Side side, int cell, const Place& 
         field,
         [this, field, side, cell] {
           const bool now = InProgress(side, cell);
+          const bool over = SideOf(board_, side).score.at(cell).colour.value() == kFinishedYellow;
           field->SetMark(now);
-          field->setAccessibleDescription(now ? QStringLiteral("being played") : QString());
+          field->setAccessibleDescription(now    ? QStringLiteral("being played")
+                                          : over ? QStringLiteral("finished")
+                                                 : QString());
         },
-        board_.state.tb_OutsCount, board_.state.Option5, board_.state.Option6);
+        board_.state.tb_OutsCount, board_.state.Option5, board_.state.Option6, score.colour);
   }
   connect(field, &FigureField::focused, this,
           [this, side, cell] { FocusScoreCell(board_, side, cell); });

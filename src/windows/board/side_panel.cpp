@@ -148,9 +148,11 @@ void SidePanel::BuildButtons() {
         atBat->SetGround(Shade(SideColour(board_.state, side_)));
       },
       board_.state.Option5, board_.state.Option6);
-  connect(atBat, &QRadioButton::clicked, this, [this, atBat] {
-    PutAtBat(board_, side_);
-    atBat->setChecked(true);
+  // By a click, a key, or a screen reader. AT BAT of a side is never turned off by itself.
+  connect(atBat, &QRadioButton::toggled, this, [this, atBat](bool on) {
+    if (on == SideOf(board_, side_).atBat.value()) return;
+    if (on) PutAtBat(board_, side_);
+    atBat->setChecked(SideOf(board_, side_).atBat.value());
   });
 
   auto* newEntry = new QLineEdit(this);

@@ -190,8 +190,7 @@ void SeasonForm::BuildForms(QVBoxLayout* whole) {
   auto* lastFirst = new QCheckBox(QStringLiteral("Last, First"));
   Name(lastFirst, "opt_LastFirst", QStringLiteral("Names as Last, First"));
   lastFirst->setToolTip(QLatin1String("Writes a family name first, then a comma"));
-  BindCheck(lastFirst, state_.opt_LastFirst);
-  connect(lastFirst, &QAbstractButton::clicked, this, [this] { seasons::ChangeForms(desk_); });
+  BindCheck(lastFirst, state_.opt_LastFirst, [this] { seasons::ChangeForms(desk_); });
   strip->addWidget(lastFirst);
 }
 

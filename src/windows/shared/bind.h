@@ -33,10 +33,11 @@ void FollowAll(QWidget* widget, const std::function<void()>& show, Fields&... fi
   (fields.Observe(observer), ...);
 }
 
-// Names a control for scripts and screen readers.
+// Names a control for scripts and screen readers. Without a name of its own a screen reader reads
+// the control's text.
 inline void Name(QWidget* widget, const char* objectName, const QString& accessibleName = {}) {
   widget->setObjectName(QString::fromLatin1(objectName));
-  widget->setAccessibleName(accessibleName.isEmpty() ? widget->objectName() : accessibleName);
+  widget->setAccessibleName(accessibleName);
 }
 
 inline void FollowText(QLineEdit* edit, Field<std::string>& field) {
@@ -53,11 +54,18 @@ inline void BindText(QLineEdit* edit, Field<std::string>& field) {
                    [&field](const QString& text) { field.Set(FromQt(text)); });
 }
 
-inline void BindCheck(QAbstractButton* check, Field<bool>& field) {
+// The operation runs after the person has turned the check on or off: by a click, a key, or what a
+// screen reader does in his place.
+inline void BindCheck(QAbstractButton* check, Field<bool>& field,
+                      const std::function<void()>& operation = {}) {
   Follow<bool>(check, field, [check](bool on) {
     if (check->isChecked() != on) check->setChecked(on);
   });
-  QObject::connect(check, &QAbstractButton::clicked, check, [&field](bool on) { field.Set(on); });
+  QObject::connect(check, &QAbstractButton::toggled, check, [&field, operation](bool on) {
+    if (field.value() == on) return;
+    field.Set(on);
+    if (operation) operation();
+  });
 }
 
 inline void BindVisible(QWidget* widget, Field<bool>& field) {

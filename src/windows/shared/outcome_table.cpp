@@ -1,8 +1,16 @@
 #include "windows/shared/outcome_table.h"
 
+#include <algorithm>
+
 #include "windows/shared/look.h"
 
 namespace dtb {
+
+const OutcomeEntry* OutcomeOfKey(int key) {
+  const int meant = key == Qt::Key_B ? int{Qt::Key_W} : key;
+  const auto* found = std::ranges::find(kOutcomes, meant, &OutcomeEntry::key);
+  return found == kOutcomes.end() ? nullptr : found;
+}
 
 ClickLabel::Shades ShadesOf(OutcomeFamily family) {
   switch (family) {

@@ -27,7 +27,7 @@ inline constexpr std::array<OutcomeEntry, 15> kOutcomes{{
     {Outcome::Double, OutcomeFamily::Plain, "lbl_Double", "2B", "Double", Qt::Key_2, "2", "Double"},
     {Outcome::Triple, OutcomeFamily::Plain, "lbl_Triple", "3B", "Triple", Qt::Key_3, "3", "Triple"},
     {Outcome::Homer, OutcomeFamily::Plain, "lbl_Homer", "HR", "Homer", Qt::Key_4, "4", "Homer"},
-    {Outcome::Walk, OutcomeFamily::Plain, "lbl_BB", "BB", "Walk", Qt::Key_W, "W", "Walk"},
+    {Outcome::Walk, OutcomeFamily::Plain, "lbl_BB", "BB", "Walk", Qt::Key_W, "W, B", "Walk"},
     {Outcome::Strikeout, OutcomeFamily::Out, "lbl_K", "K", "Strikeout", Qt::Key_K, "K",
      "Strikeout"},
     {Outcome::Groundout, OutcomeFamily::Out, "lbl_GO", "GO", "Groundout", Qt::Key_G, "G",
@@ -48,6 +48,9 @@ inline constexpr std::array<OutcomeEntry, 15> kOutcomes{{
     {Outcome::RunBattedIn, OutcomeFamily::Plain, "lbl_RBI", "RBI", "Run batted in", Qt::Key_R, "R",
      "Run batted in"},
 }};
+
+// The outcome of a key, "B" being a walk like "W"; none for a key that is no outcome's.
+[[nodiscard]] const OutcomeEntry* OutcomeOfKey(int key);
 
 [[nodiscard]] ClickLabel::Shades ShadesOf(OutcomeFamily family);
 

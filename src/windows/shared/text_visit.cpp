@@ -1,6 +1,7 @@
 #include "windows/shared/text_visit.h"
 
 #include <QKeyEvent>
+#include <QMainWindow>
 #include <utility>
 
 namespace dtb {
@@ -32,7 +33,15 @@ void LeaveOnEscape(QLineEdit* edit, std::function<bool()> takeBack) {
 }
 
 void EndTextVisit(const QWidget* control) {
-  if (auto* field = qobject_cast<QLineEdit*>(control->window()->focusWidget())) field->clearFocus();
+  QWidget* window = control->window();
+  auto* field = qobject_cast<QLineEdit*>(window->focusWidget());
+  if (field == nullptr) return;
+  // The park, where a key presses nothing.
+  if (auto* board = qobject_cast<QMainWindow*>(window)) {
+    board->centralWidget()->setFocus(Qt::OtherFocusReason);
+  } else {
+    field->clearFocus();
+  }
 }
 
 }  // namespace dtb

@@ -161,6 +161,7 @@ int Play(const CommandLine& line, int argc, char** argv) {
     MakeScreen(config, line.player.screen.isEmpty() ? kUsualScreen : line.player.screen);
   }
   const Application application(argc, argv);
+  config.remove();  // Qt has read it, and a script may kill the program
   QApplication::setQuitOnLastWindowClosed(false);
   DressApplication();
   return PlayGame(script, line);

@@ -16,7 +16,7 @@ namespace {
 SoundPlayer* LoadPlayer() {
   const QString beside = QCoreApplication::applicationDirPath();
   QString complaint;
-  for (const char* folder : {"/", "/../lib/kelvane-diamond-table/"}) {
+  for (const char* folder : {"/", "/../lib/games/kelvane-diamond-table/"}) {
     QLibrary module(beside + QLatin1String(folder) + QStringLiteral("libdtb_sounds.so"));
     if (!QFileInfo::exists(module.fileName())) continue;
     if (const auto make = reinterpret_cast<MakeSoundPlayer*>(module.resolve(kMakeSoundPlayer))) {

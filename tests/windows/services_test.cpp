@@ -43,6 +43,8 @@ TEST_F(ServicesTest, OnlyPicturesAreLoaded) {
   };
   save("Jpeg.jpg", "JPG");
   save("Png.jpg", "PNG");  // the name says nothing about the contents
+  save("Webp.jpg", "WEBP");
+  save("Tiff.jpg", "TIFF");
   WriteFile(folder_.filePath(QStringLiteral("Text.jpg")), "no picture at all");
   WriteFile(folder_.filePath(QStringLiteral("Empty.jpg")), "");
   WriteFile(folder_.filePath(QStringLiteral("Huge.jpg")), HugeBitmapHeader());
@@ -51,12 +53,20 @@ TEST_F(ServicesTest, OnlyPicturesAreLoaded) {
   QDir(folder_.path()).mkdir(QStringLiteral("Folder.jpg"));
   ASSERT_EQ(mkfifo(PathIn("Pipe.jpg").c_str(), 0600), 0);  // a reader would wait for ever
   const std::map<const char*, bool> cases{
-      {"Jpeg.jpg", true},    {"Png.jpg", true},   {"Text.jpg", false},
-      {"Empty.jpg", false},  {"Huge.jpg", false}, {"Vector.jpg", false},
-      {"Folder.jpg", false}, {"Pipe.jpg", false}, {"Missing.jpg", false}};
+      {"Webp.jpg", true},    {"Tiff.jpg", true},   {"Jpeg.jpg", true},    {"Png.jpg", true},
+      {"Text.jpg", false},   {"Empty.jpg", false}, {"Huge.jpg", false},   {"Vector.jpg", false},
+      {"Folder.jpg", false}, {"Pipe.jpg", false},  {"Missing.jpg", false}};
   for (const auto& [name, good] : cases) {
     EXPECT_EQ(pictures.Load(PathIn(name)).has_value(), good) << name;
     EXPECT_EQ(pictures.Recognise(PathIn(name)).has_value(), good) << name;
+    EXPECT_EQ(DecodedWhole(folder_.filePath(name)).isNull(), !good) << name;
+  }
+  for (const auto& [name, why] : {std::pair{"Text.jpg", "JPEG, PNG"},
+                                  {"Huge.jpg", "damaged"},
+                                  {"Pipe.jpg", "no file"},
+                                  {"Missing.jpg", "not there"}}) {
+    EXPECT_NE(pictures.WhyNone(PathIn(name)).find(why), std::string::npos)
+        << pictures.WhyNone(PathIn(name));
   }
   const auto wide = QImage(5000, 100, QImage::Format_RGB32);
   ASSERT_TRUE(wide.save(folder_.filePath(QStringLiteral("Wide.jpg")), "JPG"));

@@ -105,11 +105,12 @@ QString WhyNoPicture(const QString& file) {
   if (info.size() > kLargestFile) {
     return named + QStringLiteral("is larger than 512 MiB, the most that a picture may have.");
   }
-  QImageReader reader;
-  if (!Begin(reader, FromQt(file)) && !IsPhotoFormat(reader.format())) {
+  if (!IsPhotoFormat(QImageReader::imageFormat(file))) {
     return named + QStringLiteral(
                        "is no picture that can be shown: JPEG, PNG, GIF, BMP, WebP and TIFF can.");
   }
+  QImageReader reader;
+  static_cast<void>(Begin(reader, FromQt(file)));
   if (const QSize size = reader.size(); HasTooManyPixels(size)) {
     return named + QStringLiteral("has %1 x %2 pixels; 100 million are the most.")
                        .arg(size.width())

@@ -28,10 +28,10 @@ BENCHMARK(OutsInCore);
 
 void LoadTeamOf49(benchmark::State& state) {
   QuietTable table;
-  const auto file = FullTeamFile();
+  const FullTeamFile file;
   for (auto _ : state) {
     table.state.List1.Clear();
-    OpenTeam(table.board, Side::Visitors, file);
+    OpenTeam(table.board, Side::Visitors, file.path());
   }
 }
 BENCHMARK(LoadTeamOf49)->Unit(benchmark::kMicrosecond);

@@ -11,20 +11,29 @@
 
 namespace dtb {
 
-// A team file of 49 players with remarks.
-inline std::filesystem::path FullTeamFile() {
-  const auto file = std::filesystem::temp_directory_path() / "Full Roster 1961.txt";
-  std::ofstream stream(file);
-  for (int player = 1; player <= 49; ++player) {
-    stream << "Firstname Lastname" << player << "=SS R .287 speed A arm B\r\n";
+// A team file of 49 players with remarks, for as long as it is needed.
+class FullTeamFile {
+ public:
+  FullTeamFile() {
+    std::ofstream stream(path_);
+    for (int player = 1; player <= 49; ++player) {
+      stream << "Firstname Lastname" << player << "=SS R .287 speed A arm B\r\n";
+    }
   }
-  return file;
-}
+  ~FullTeamFile() { std::filesystem::remove(path_); }
+  FullTeamFile(const FullTeamFile&) = delete;
+  FullTeamFile& operator=(const FullTeamFile&) = delete;
+
+  [[nodiscard]] const std::filesystem::path& path() const { return path_; }
+
+ private:
+  std::filesystem::path path_ = std::filesystem::temp_directory_path() / "Full Roster 1961.txt";
+};
 
 inline void StartGame(Board& board) {
-  const auto file = FullTeamFile();
+  const FullTeamFile file;
   for (const Side side : {Side::Visitors, Side::Home}) {
-    OpenTeam(board, side, file);
+    OpenTeam(board, side, file.path());
     SideOf(board, side).list.Select(20);
     ChangePitcher(board, side);
   }

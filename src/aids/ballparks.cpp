@@ -4,6 +4,7 @@
 
 #include "platform/paths.h"
 #include "shell/program_error.h"
+#include "shell/utf8.h"
 
 namespace dtb {
 namespace {
@@ -16,8 +17,17 @@ std::filesystem::path ParksBesideProgram(const Aids& aids) {
   return aids.platform.programFolder / "Ballparks";
 }
 
-void ShowPark(Aids& aids, const std::filesystem::path& file) {
-  if (const auto park = aids.platform.pictures.Recognise(file)) aids.state.Picture1.Set(*park);
+// False: it is no picture.
+bool ShowPark(Aids& aids, const std::filesystem::path& file) {
+  const auto park = aids.platform.pictures.Recognise(file);
+  if (park) aids.state.Picture1.Set(*park);
+  return park.has_value();
+}
+
+// What a person chose is shown, or he learns why it is not.
+void ShowChosen(Aids& aids, const std::filesystem::path& file) {
+  if (ShowPark(aids, file)) return;
+  aids.platform.boxes.Show(aids.platform.pictures.WhyNone(file), BoxIcon::Warning, "BALLPARKS");
 }
 
 void DrawPark(Aids& aids) {
@@ -25,8 +35,8 @@ void DrawPark(Aids& aids) {
   const auto& names = aids.state.ParkNames;
   const double draw = aids.platform.randoms.Draw() * static_cast<double>(names.size());
   if (names.empty()) return;
-  ShowPark(aids,
-           PathOf(aids.state.lbl_Path.value()) / PathOf(names[static_cast<std::size_t>(draw)]));
+  ShowChosen(aids,
+             PathOf(aids.state.lbl_Path.value()) / PathOf(names[static_cast<std::size_t>(draw)]));
 }
 
 bool IsJpeg(const std::string& name) {
@@ -50,7 +60,7 @@ void ChoosePark(Aids& aids) {
   } else {
     aids.state.parkChoice =
         aids.platform.dialogs.OpenFile({"BALLPARKS", ParksBesideProgram(aids), kFilter, true});
-    if (aids.state.parkChoice) ShowPark(aids, *aids.state.parkChoice);
+    if (aids.state.parkChoice) ShowChosen(aids, *aids.state.parkChoice);
   }
   Random_Ballparks(aids);
 }
@@ -67,7 +77,9 @@ void Random_Ballparks(Aids& aids) {
     for (std::filesystem::directory_iterator entry(folder, failure), end; entry != end;
          entry.increment(failure)) {
       const std::string name = TextOf(entry->path().filename());
-      if (IsJpeg(name)) names.push_back(name);
+      // A name in another encoding would not lead back to its file.
+      std::error_code ignored;
+      if (IsJpeg(name) && IsUtf8(name) && entry->is_regular_file(ignored)) names.push_back(name);
     }
     if (failure) {
       throw ProgramError(error_number::kPathOrFileAccess,

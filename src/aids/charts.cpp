@@ -1,10 +1,9 @@
 #include "aids/charts.h"
 
-#include <fstream>
 #include <sstream>
-#include <utility>
 
 #include "platform/paths.h"
+#include "platform/whole_file.h"
 #include "shell/program_error.h"
 #include "shell/settings_keys.h"
 #include "teams/team_file.h"
@@ -20,11 +19,8 @@ void OpenPage(Aids& aids, const std::filesystem::path& page) {
 // One line a chart.
 void ReadTitles(Aids& aids) {
   constexpr std::size_t kMostBytes = 4096;  // nine lines are far shorter
-  std::ifstream file(aids.platform.programFolder / "Charts" / "Titles.txt", std::ios::binary);
-  std::string bytes(kMostBytes, '\0');
-  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  bytes.resize(static_cast<std::size_t>(file.gcount()));
-  std::istringstream lines(DecodedText(std::move(bytes)));
+  const auto file = aids.platform.programFolder / "Charts" / "Titles.txt";
+  std::istringstream lines(DecodedText(ReadWholeFile(file, kMostBytes).value_or("")));
   for (std::string& title : aids.state.chartTitles) {
     std::getline(lines, title);
     while (!title.empty() && (title.back() == ' ' || title.back() == '\r')) title.pop_back();

@@ -43,6 +43,9 @@ void ChooseLogo(Board& board, Side side) {
   const SideFields fields = SideOf(board, side);
   if (const auto logo = board.platform.pictures.Load(*file)) {
     ShowLogo(fields, *logo);
+  } else {
+    board.platform.boxes.Show(board.platform.pictures.WhyNone(*file), BoxIcon::Warning,
+                              "Open Image");
   }
 }
 

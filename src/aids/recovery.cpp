@@ -1,8 +1,6 @@
 #include "aids/recovery.h"
 
 #include <cstdint>
-#include <fstream>
-#include <iterator>
 #include <utility>
 
 #include "aids/ballparks.h"
@@ -12,6 +10,7 @@
 #include "game/history.h"
 #include "game/memento.h"
 #include "platform/paths.h"
+#include "platform/whole_file.h"
 #include "teams/batting_order.h"
 
 namespace dtb {
@@ -30,12 +29,6 @@ std::uint64_t ChecksumOf(std::string_view bytes) {
     sum = (sum ^ static_cast<unsigned char>(byte)) * 1099511628211U;
   }
   return sum;
-}
-
-// "" for a file that cannot be read.
-std::string BytesOf(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 std::string ChecksumText(std::string_view bytes) {
@@ -146,7 +139,7 @@ void TakeUpSetAside(Board& board, Aids& aids, RecoveryStore& store) {
                                        "Games set aside|" + TextOf(own.filename()) + ".2*"});
   if (!file) return;
   try {
-    const KeptTable kept = ReadTable(BytesOf(*file), board, aids);
+    const KeptTable kept = ReadTable(ReadWholeFile(*file).value_or(""), board, aids);
     const BoardState& state = board.state;
     const bool gameOnBoard =
         !state.List1.empty() || !state.List2.empty() || !board.log.text().empty();
@@ -156,6 +149,13 @@ void TakeUpSetAside(Board& board, Aids& aids, RecoveryStore& store) {
         return;
       }
       store.Keep(TableText(board, aids.state), false);
+      if (!store.Safe()) {
+        boxes.Show(
+            "The game on the board cannot be set aside; the disk may be full. It stays on the "
+            "board.",
+            BoxIcon::Warning);
+        return;
+      }
       store.SetAside();
     }
     TakeUp(kept, board, aids);

@@ -1,7 +1,6 @@
 #include "browser/season_pages.h"
 
 #include <algorithm>
-#include <fstream>
 #include <numeric>
 #include <system_error>
 
@@ -12,6 +11,7 @@
 #include "browser/season_standings.h"
 #include "browser/season_words.h"
 #include "platform/paths.h"
+#include "platform/whole_file.h"
 #include "shell/program_error.h"
 #include "shell/report_files.h"
 
@@ -71,7 +71,7 @@ class PageFolder {
     std::error_code fault;
     for (const char* folder : {"teams", "men", "games"}) {
       std::filesystem::create_directories(draft_ / folder, fault);
-      if (fault) Fail(draft_);
+      if (fault) ThrowWriteFault("folder", place_, fault.value());
     }
   }
   ~PageFolder() { Discard(); }
@@ -79,25 +79,11 @@ class PageFolder {
   PageFolder& operator=(const PageFolder&) = delete;
 
   void Write(const std::string& name, std::string_view text) const {
-    const std::filesystem::path file = draft_ / name;
-    std::ofstream stream(file, std::ios::binary | std::ios::trunc);
-    stream << text;
-    stream.close();
-    if (!stream) Fail(file);
+    WriteDraft(draft_ / name, text, "page");
   }
-  void PutInPlace() {
-    std::error_code fault;
-    std::filesystem::rename(draft_, place_, fault);
-    if (fault) Fail(place_);
-  }
+  void PutInPlace() { MoveFolderIntoPlace(draft_, place_, "folder"); }
 
  private:
-  [[noreturn]] static void Fail(const std::filesystem::path& file) {
-    throw ProgramError(error_number::kPathOrFileAccess,
-                       "\"" + TextOf(file) +
-                           "\" cannot be written. Its folder may take no files, or the disk is "
-                           "full.");
-  }
   void Discard() const {
     std::error_code fault;
     std::filesystem::remove_all(draft_, fault);

@@ -83,6 +83,8 @@ class Pictures {
   // The same, judged by the head of the file alone: for large pictures, which are decoded where
   // they are shown. The rest of the file may still turn out to be broken.
   [[nodiscard]] virtual std::optional<Picture> Recognise(const std::filesystem::path& file) = 0;
+  // Why a file gives no picture, as a whole sentence for the person who chose it.
+  [[nodiscard]] virtual std::string WhyNone(const std::filesystem::path& file) = 0;
 };
 
 // The keys that gestures of the mouse and of the board go with.
@@ -166,6 +168,8 @@ class RecoveryStore {
   // back. It returns when what an earlier call gave is safe, so at most one gesture is ever
   // missing. A gesture that only goes on, letter by letter or move by move, waits for nothing.
   virtual void Keep(std::string bytes, bool gestureGoesOn) = 0;
+  // Waits until what was given last is safe. False: it could not be kept.
+  [[nodiscard]] virtual bool Safe() = 0;
   // The file of the game in progress. Games set aside stand beside it, with "." and the date of
   // their setting aside, year first, behind its name.
   [[nodiscard]] virtual std::filesystem::path File() = 0;

@@ -54,6 +54,7 @@ struct QuietDesktop : MessageBoxes,
   std::optional<Picture> Recognise(const std::filesystem::path& /*file*/) override {
     return std::nullopt;
   }
+  std::string WhyNone(const std::filesystem::path& /*file*/) override { return "no picture"; }
   bool ControlHeld() override { return false; }
   int TakeControlF12() override { return 0; }
   std::string Read(const std::string& /*section*/, const std::string& /*key*/,

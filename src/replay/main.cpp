@@ -161,6 +161,8 @@ int Play(const CommandLine& line, int argc, char** argv) {
     MakeScreen(config, line.player.screen.isEmpty() ? kUsualScreen : line.player.screen);
   }
   const Application application(argc, argv);
+  // Qt has read it, and a script may kill the program.
+  if (!line.player.show) config.remove();
   QApplication::setQuitOnLastWindowClosed(false);
   DressApplication();
   return PlayGame(script, line);

@@ -55,7 +55,7 @@ bool PutFile(SeasonDesk& desk, const std::filesystem::path& file, const std::str
                                    kSeasonTitle})) {
     return false;
   }
-  WriteWhole(file, bytes);
+  WriteTeamFile(file, bytes);
   return true;
 }
 

@@ -12,6 +12,6 @@ enum class Standing { Nothing, TheSame, Another };
 
 // Puts the bytes into the file, whole or not at all, in the place of what was there; makes its
 // folder where that is missing. Throws ProgramError, in plain words, if it cannot.
-void WriteWhole(const std::filesystem::path& file, const std::string& bytes);
+void WriteTeamFile(const std::filesystem::path& file, const std::string& bytes);
 
 }  // namespace dtb::seasons

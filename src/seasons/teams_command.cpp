@@ -104,7 +104,7 @@ void WriteTeams(const std::vector<TeamText>& teams, const Arguments& arguments,
       result.exitCode = 1;
       continue;
     }
-    if (standing != Standing::TheSame) WriteWhole(file, bytes);
+    if (standing != Standing::TheSame) WriteTeamFile(file, bytes);
     ++written;
     for (const std::string& name : team.leftOut) {
       result.errors += team.name + ": no room for " + name + ".\n";
@@ -131,10 +131,10 @@ CommandResult RunTeams(Archives& archives, const std::vector<std::string>& argum
     const std::vector<TeamText> teams =
         understood->game.empty() ? AllTeams(season) : TeamsOfGame(season, understood->game);
     if (!understood->batting.empty()) {
-      WriteWhole(PathOf(understood->batting), BattingTable(season));
+      WriteTeamFile(PathOf(understood->batting), BattingTable(season));
     }
     if (!understood->pitching.empty()) {
-      WriteWhole(PathOf(understood->pitching), PitchingTable(season));
+      WriteTeamFile(PathOf(understood->pitching), PitchingTable(season));
     }
     result.output = std::to_string(season.games.size()) + " games read.\n";
     WriteTeams(teams, *understood, result);

@@ -1,10 +1,9 @@
 #include "sheet/game_report.h"
 
-#include <fstream>
-
 #include "game/history.h"
 #include "game/innings.h"
 #include "platform/paths.h"
+#include "platform/whole_file.h"
 #include "sheet/cell_edit.h"
 #include "shell/program_error.h"
 #include "shell/report_files.h"
@@ -17,47 +16,28 @@ namespace {
 constexpr const char* kLineEnd = "\r\n";
 constexpr const char* kBetweenTables = "<td>&nbsp;</td>";
 
-// The page on its way into its file, line by line.
-class PageFile {
+// The page as it grows, line by line.
+class Page {
  public:
-  explicit PageFile(const std::filesystem::path& file)
-      : file_(file), stream_(file, std::ios::binary | std::ios::trunc) {
-    RequireGood();
-  }
-  void Line(std::string_view line) {
-    stream_ << line << kLineEnd;
-    RequireGood();
-  }
-  void Close() {
-    stream_.close();
-    RequireGood();
-  }
+  void Line(std::string_view line) { text_.append(line).append(kLineEnd); }
+  [[nodiscard]] const std::string& text() const { return text_; }
 
  private:
-  void RequireGood() const {
-    if (stream_) return;
-    throw ProgramError(
-        error_number::kPathOrFileAccess,
-        "The report \"" + TextOf(file_) +
-            "\" cannot be written. You may not write to its folder, or the disk is full.");
-  }
-
-  std::filesystem::path file_;
-  std::ofstream stream_;
+  std::string text_;
 };
 
-void BeginTable(PageFile& page, int width) {
+void BeginTable(Page& page, int width) {
   page.Line("<html><head></head><body><table border=1 cellspacing=0 bordercolor=#C0C0C0 width=" +
             std::to_string(width) + ">");
 }
 
-void EndTable(PageFile& page) { page.Line("</table></body><html>"); }
+void EndTable(Page& page) { page.Line("</table></body><html>"); }
 
-void WriteCell(PageFile& page, std::string_view text) {
+void WriteCell(Page& page, std::string_view text) {
   page.Line("<td><font color=#000000>" + HtmlText(text) + "</td>");
 }
 
-void WriteTeamTable(PageFile& page, const StatGrid& grid) {
+void WriteTeamTable(Page& page, const StatGrid& grid) {
   constexpr int kWidth = 800;  // pixels
   BeginTable(page, kWidth);
   for (int row = 0; row < grid.rows(); ++row) {
@@ -68,7 +48,7 @@ void WriteTeamTable(PageFile& page, const StatGrid& grid) {
   EndTable(page);
 }
 
-void WriteLineScore(PageFile& page, const StatGrid& grid) {
+void WriteLineScore(Page& page, const StatGrid& grid) {
   constexpr int kWidth = 400;
   constexpr int kVisitors = 1;
   BeginTable(page, kWidth);
@@ -84,7 +64,7 @@ void WriteLineScore(PageFile& page, const StatGrid& grid) {
 }
 
 void WritePage(const StatSheet& sheet, std::string_view title, const std::filesystem::path& file) {
-  PageFile page(file);
+  Page page;
   page.Line(HtmlText(title));
   for (const StatGrid* grid : {&sheet.grd_VisStats, &sheet.grd_HomeStats}) {
     WriteTeamTable(page, *grid);
@@ -92,7 +72,7 @@ void WritePage(const StatSheet& sheet, std::string_view title, const std::filesy
   }
   WriteLineScore(page, sheet.grd_BoxScore);
   page.Line(HtmlLines(sheet.tb_Comments.value()));
-  page.Close();
+  WriteWholeFile(file, page.text(), "report");
 }
 
 // The file that the person names; one that is not there yet only if he wants it made.

@@ -11,8 +11,8 @@ namespace dtb {
 // Brings the innings of both present pitchers up to date on the sheet, for the time being, asks for
 // a file, writes the page, opens it and tells where it lies. After a save no innings change.
 // Nothing happens while the visitors' table has no row of data, nothing more when the person names
-// no file. An error while writing is told as a Program Error; what was written so far stays in the
-// file.
+// no file. An error while writing is told as a Program Error, and what stood in the file is
+// unchanged.
 void WriteGameReport(Board& board);
 
 // The text as a page shows it: <, >, &, quotes and all characters beyond ASCII as entities, so that

@@ -35,6 +35,9 @@ class ControlResizer {
   [[nodiscard]] double HeightFor(double innerWidth) const {
     return innerWidth * baseHeight_ / baseWidth_;
   }
+  [[nodiscard]] double WidthFor(double innerHeight) const {
+    return innerHeight * baseWidth_ / baseHeight_;
+  }
 
  private:
   double baseWidth_;

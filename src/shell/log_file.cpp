@@ -1,8 +1,6 @@
 #include "shell/log_file.h"
 
-#include <fstream>
-
-#include "platform/paths.h"
+#include "platform/whole_file.h"
 #include "shell/program_error.h"
 #include "shell/report_files.h"
 #include "shell/time_stamp.h"
@@ -15,15 +13,7 @@ void SaveLog(Platform& platform, const EventLog& log) {
                                                  "Event Log_" + MakeStamp(platform.clock.Now()),
                                                  "Text (*.txt)|*.txt", "txt"});
     if (!file) return;
-    std::ofstream stream(*file, std::ios::binary | std::ios::trunc);
-    stream << log.text();
-    stream.close();
-    if (!stream) {
-      throw ProgramError(
-          error_number::kPathOrFileAccess,
-          "The log \"" + TextOf(*file) +
-              "\" cannot be written. You may not write to its folder, or the disk is full.");
-    }
+    WriteWholeFile(*file, log.text(), "log");
     TellWhereItLies(platform, "The log is written.", *file, "Event Log");
   });
 }

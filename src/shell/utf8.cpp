@@ -56,4 +56,13 @@ Utf8Character FirstCharacter(std::string_view text) {
   return {code, length};
 }
 
+bool IsUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t length = Utf8SequenceLength(text);
+    if (length == 0) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
 }  // namespace dtb

@@ -23,6 +23,8 @@ struct Utf8Character {
 // The length of the UTF-8 sequence at the start of a text that is not empty; 0 if there is none.
 [[nodiscard]] std::size_t Utf8SequenceLength(std::string_view text);
 
+[[nodiscard]] bool IsUtf8(std::string_view text);
+
 // The character at the start of a text that is not empty. A byte that belongs to none is a
 // replacement character of one byte.
 [[nodiscard]] Utf8Character FirstCharacter(std::string_view text);

@@ -12,15 +12,6 @@
 namespace dtb {
 namespace {
 
-bool IsUtf8(std::string_view text) {
-  while (!text.empty()) {
-    const std::size_t length = Utf8SequenceLength(text);
-    if (length == 0) return false;
-    text.remove_prefix(length);
-  }
-  return true;
-}
-
 std::string ReadBytes(const std::filesystem::path& file) {
   const std::string name = std::string("\"").append(TextOf(file)).append("\"");
   std::error_code error;

@@ -19,6 +19,7 @@
 #include "windows/accessible_roles.h"
 #include "windows/application.h"
 #include "windows/boxes/log_window.h"
+#include "windows/boxes/message_box.h"
 #include "windows/shared/board_type.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"
@@ -95,9 +96,9 @@ Desk::Desk(const Setup& setup)
   ReadQuickBoxes(aids_);
   if (setup.recovery) {
     recovery_ = std::make_unique<QtRecoveryStore>(settings_.FileBeside("DTB_v102.game"));
-    history_.Observe([this] { KeepGame(); });
   }
   form1_ = std::make_unique<Form1>(board_, aids_, pictures_);
+  if (recovery_) ServeRecovery();
   boxes_.SetMainWindow(form1_.get());
   new BoardType(form1_.get());
   ServeLog();
@@ -147,17 +148,26 @@ void Desk::Open() {
   }
 }
 
-void Desk::KeepGame() {
-  recovery_->Keep(TableText(board_, aidsState_), history_.merged());
-  if (recovery_->works() || keepingFailed_) return;
-  keepingFailed_ = true;
-  // Not before the gesture has ended.
-  QTimer::singleShot(0, form1_.get(), [this] {
-    platform_.boxes.Show(
-        "The game in progress cannot be kept beside the settings; the disk may be full. You can go "
-        "on, but if the program ends unexpectedly, the game is lost.",
-        BoxIcon::Warning);
+void Desk::ServeRecovery() {
+  // After all windows, which may add to what a step changes.
+  history_.Observe([this] { recovery_->Keep(TableText(board_, aidsState_), history_.merged()); });
+  recovery_->OnFailure([this](const std::string& why) {
+    QMetaObject::invokeMethod(
+        form1_.get(), [this, why] { TellNotKept(why); }, Qt::QueuedConnection);
   });
+}
+
+void Desk::TellNotKept(const std::string& why) {
+  constexpr int kLookAgain = 50;        // milliseconds
+  if (MessageBox::Open() != nullptr) {  // of the gesture that goes on
+    QTimer::singleShot(kLookAgain, form1_.get(), [this, why] { TellNotKept(why); });
+    return;
+  }
+  platform_.boxes.Show(
+      "The game in progress cannot be kept beside the settings: " + why +
+          "\n\nYou can go on; each click tries again. But if the program ends unexpectedly before "
+          "one is kept, the clicks from here on are lost.",
+      BoxIcon::Warning);
 }
 
 }  // namespace dtb

@@ -55,7 +55,8 @@ class Desk {
   [[nodiscard]] Form1& form1() { return *form1_; }
 
  private:
-  void KeepGame();
+  void ServeRecovery();
+  void TellNotKept(const std::string& why);
   void ServeLog();
 
   QtFileDialogs ownDialogs_;
@@ -82,7 +83,6 @@ class Desk {
   AidsState aidsState_;
   Aids aids_{aidsState_, platform_};
   std::unique_ptr<QtRecoveryStore> recovery_;  // none: nothing is kept
-  bool keepingFailed_ = false;
   std::unique_ptr<Form1> form1_;
 };
 

@@ -141,13 +141,16 @@ TEST_F(AidsTest, ChartButtonsKeepTheirNames) {
 
 TEST_F(AidsTest, ParksAreChosenOrDrawn) {
   for (const char* name : {"Ballparks/DEFAULT1679X974.jpg", "parks/A.jpg", "parks/B.JPG",
-                           "parks/c.png", "png/only.png"}) {
-    AddFile(name);
+                           "parks/c.png", "png/only.png", "parks/\xE9t\xE9.jpg"}) {
+    AddFile(name);  // the last in an encoding that leads to no file
   }
   SetUpBallparks(aids);
   EXPECT_EQ(Park(), kDefaultPark);
   ChoosePark(aids);  // cancelled
   EXPECT_FALSE(state.cb_RandParks_visible.value());
+  fake.chosen = fake.folder / "parks/c.txt";
+  ChoosePark(aids);
+  EXPECT_EQ(Told(), "w: BALLPARKS: no picture");
   fake.chosen = fake.folder / "parks/c.png";
   ChoosePark(aids);
   EXPECT_EQ(Park(), "c.png");

@@ -142,6 +142,7 @@ RC_GTEST_PROP(EveryGame, IsTakenUpElsewhereAsItWasKept, ()) {
 struct FakeStore : RecoveryStore {
   std::optional<std::string> Load() override { return kept; }
   void Keep(std::string bytes, bool /*gestureGoesOn*/) override { kept = std::move(bytes); }
+  bool Safe() override { return true; }
   std::string SetAside() override {
     kept.reset();
     return "aside";

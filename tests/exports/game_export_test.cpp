@@ -154,7 +154,7 @@ TEST_F(GameExportTest, ReportOfAnEmptyCommentAndRefusals) {
   desk.chosen = folder;
   WriteGameReport(board);
   ASSERT_EQ(desk.told.size(), 3U);
-  EXPECT_NE(desk.told[2].find("cannot be written"), std::string::npos);
+  EXPECT_NE(desk.told[2].find("could not be written"), std::string::npos);
   desk.chosen = std::nullopt;
   WriteGameReport(board);
   EXPECT_EQ(desk.told.size(), 3U);

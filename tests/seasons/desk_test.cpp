@@ -89,7 +89,7 @@ TEST_F(SeasonWindow, ATeamIsWrittenLoadedAndNeverPutOverAnotherFileUnasked) {
   EXPECT_EQ(state.files[0].grid.Text(1, 2), "Marcus Semien=SS R .188 2 HR");
 
   const std::filesystem::path file = folder / "Teams" / "Oakland 2020.txt";
-  WriteWhole(file, "my own line-up\n");
+  WriteTeamFile(file, "my own line-up\n");
   desktop.answer = false;
   LoadTeamAs(desk, Side::Home);
   EXPECT_NE(desktop.told.find("is there already"), std::string::npos);

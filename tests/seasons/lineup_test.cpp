@@ -87,7 +87,7 @@ TEST(LineUps, OurOwnReaderReadsTheSameMenOfEveryTeam) {
       form.names = names;
       const TeamText team = MakeTeamText(season, club, LineUpUsedMost(season, club), form);
       const std::filesystem::path file = folder / FileNameOf(team);
-      WriteWhole(file, BytesOf(team));
+      WriteTeamFile(file, BytesOf(team));
       files.insert(file.filename());
       const std::vector<std::string> read = NamesIn(file);
       EXPECT_EQ(read, NamesOf(team));

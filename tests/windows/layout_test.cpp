@@ -112,6 +112,17 @@ TEST_F(LayoutTest, LayoutSettlesAtEveryHeight) {
   }
 }
 
+// Whoever makes the window half as high, the layout is not squeezed.
+TEST_F(LayoutTest, AWindowThatIsMadeHalfAsHighKeepsItsRatio) {
+  for (const QSize size : {QSize(1000, 300), QSize(1366, 384), QSize(1920, 540)}) {
+    form1().resize(size);
+    for (int turn = 0; turn < 4; ++turn) QCoreApplication::processEvents();
+    const QSizeF park = Find("Picture1")->size();
+    EXPECT_NEAR(park.height(), park.width() * kSceneHeight / kSceneWidth, 2) << size.width();
+    EXPECT_LE(form1().height(), form1().screen()->availableSize().height()) << size.width();
+  }
+}
+
 // Short names have the type of the figures beside them, and both have one.
 TEST_F(LayoutTest, TeamNamesGrowWithTheBoard) {
   for (const QSize size : {form1().size(), QSize(1288, 748), QSize(2576, 1496), QSize(1400, 820)}) {

@@ -159,5 +159,13 @@ TEST_F(PaceTest, KeyNBringsTheManWhoIsDueAndEnterPressesNothing) {
   EXPECT_TRUE(desk_->aids().tmr_sombb.value());
 }
 
+TEST_F(PaceTest, NamesInTipsAreNoMarks) {
+  board().state.pieces[0].tag.Set("<i>Ann</i>");
+  Find<QLineEdit>("tb_VisTeam")->setText("<i>Owls</i>");
+  for (const char* control : {"pb_Player1", "tb_VisTeam"}) {
+    EXPECT_TRUE(Find(control)->toolTip().contains("&lt;i&gt;")) << control;
+  }
+}
+
 }  // namespace
 }  // namespace dtb

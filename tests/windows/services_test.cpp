@@ -2,6 +2,7 @@
 
 #include <QBuffer>
 #include <QImage>
+#include <fstream>
 
 #include "platform/qt/program_folder.h"
 #include "shell/program_error.h"
@@ -42,6 +43,8 @@ TEST_F(ServicesTest, OnlyPicturesAreLoaded) {
   };
   save("Jpeg.jpg", "JPG");
   save("Png.jpg", "PNG");  // the name says nothing about the contents
+  save("Webp.jpg", "WEBP");
+  save("Tiff.jpg", "TIFF");
   WriteFile(folder_.filePath(QStringLiteral("Text.jpg")), "no picture at all");
   WriteFile(folder_.filePath(QStringLiteral("Empty.jpg")), "");
   WriteFile(folder_.filePath(QStringLiteral("Huge.jpg")), HugeBitmapHeader());
@@ -50,12 +53,20 @@ TEST_F(ServicesTest, OnlyPicturesAreLoaded) {
   QDir(folder_.path()).mkdir(QStringLiteral("Folder.jpg"));
   ASSERT_EQ(mkfifo(PathIn("Pipe.jpg").c_str(), 0600), 0);  // a reader would wait for ever
   const std::map<const char*, bool> cases{
-      {"Jpeg.jpg", true},    {"Png.jpg", true},   {"Text.jpg", false},
-      {"Empty.jpg", false},  {"Huge.jpg", false}, {"Vector.jpg", false},
-      {"Folder.jpg", false}, {"Pipe.jpg", false}, {"Missing.jpg", false}};
+      {"Webp.jpg", true},    {"Tiff.jpg", true},   {"Jpeg.jpg", true},    {"Png.jpg", true},
+      {"Text.jpg", false},   {"Empty.jpg", false}, {"Huge.jpg", false},   {"Vector.jpg", false},
+      {"Folder.jpg", false}, {"Pipe.jpg", false},  {"Missing.jpg", false}};
   for (const auto& [name, good] : cases) {
     EXPECT_EQ(pictures.Load(PathIn(name)).has_value(), good) << name;
     EXPECT_EQ(pictures.Recognise(PathIn(name)).has_value(), good) << name;
+    EXPECT_EQ(DecodedWhole(folder_.filePath(name)).isNull(), !good) << name;
+  }
+  for (const auto& [name, why] : {std::pair{"Text.jpg", "JPEG, PNG"},
+                                  {"Huge.jpg", "damaged"},
+                                  {"Pipe.jpg", "no file"},
+                                  {"Missing.jpg", "not there"}}) {
+    EXPECT_NE(pictures.WhyNone(PathIn(name)).find(why), std::string::npos)
+        << pictures.WhyNone(PathIn(name));
   }
   const auto wide = QImage(5000, 100, QImage::Format_RGB32);
   ASSERT_TRUE(wide.save(folder_.filePath(QStringLiteral("Wide.jpg")), "JPG"));
@@ -190,47 +201,111 @@ TEST_F(ServicesTest, FiltersBecomeTheToolkits) {
             QStringLiteral("All Picture Files (*.bmp *.jpg)"));
 }
 
-// An installed program fills the person's folder, and never takes from it what became his own.
-TEST_F(ServicesTest, PersonalFolderIsFilledAndKept) {
-  const auto write = [&](const char* name, const char* text) {
-    const QString path = folder_.filePath(QLatin1String(name));
-    QDir().mkpath(QFileInfo(path).path());
-    WriteFile(path, text);
-  };
-  const auto read = [&](const char* name) {
-    QFile file(folder_.filePath(QStringLiteral("mine/") + QLatin1String(name)));
-    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string("-");
-  };
-  const auto start = [&] {
-    return FindProgramFolder(folder_.filePath(QStringLiteral("bin")),
-                             folder_.filePath(QStringLiteral("mine")));
-  };
-  QDir().mkpath(folder_.filePath(QStringLiteral("bin")));
-  EXPECT_EQ(start().path, folder_.filePath(QStringLiteral("bin"))) << "nothing is installed";
+// An installed program in `bin` and `share`, and the folder of a person, `mine`.
+class PersonalFolderTest : public ServicesTest {
+ protected:
+  void SetUp() override {
+    QDir().mkpath(Path("bin"));
+    for (const char* name : {"Teams/a.txt", "Teams/b.txt", "Teams/c.txt", "DTB.mdb"}) {
+      Write(Shared(name), "first");
+    }
+  }
+
+  [[nodiscard]] QString Path(const QString& name) const { return folder_.filePath(name); }
+  static QString Shared(const QString& name) { return "share/kelvane-diamond-table/" + name; }
+  void Write(const QString& name, const QByteArray& text) const {
+    QDir().mkpath(QFileInfo(Path(name)).path());
+    WriteFile(Path(name), text);
+  }
+  [[nodiscard]] std::string Read(const QString& name) const {
+    QFile file(Path("mine/" + name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "-";
+  }
+  ProgramFolder Start() const { return FindProgramFolder(Path("bin"), Path("mine")); }
+};
+
+// It never takes from the person's folder what became his own.
+TEST_F(PersonalFolderTest, IsFilledAndKept) {
+  EXPECT_EQ(Start().path, Path("mine"));
+  EXPECT_EQ(Read("Teams/a.txt") + Read("DTB.mdb"), "firstfirst");
+  // Earlier versions recorded a checksum and a name alone.
+  QByteArray record;
   for (const char* name : {"Teams/a.txt", "Teams/b.txt", "Teams/c.txt", "DTB.mdb"}) {
-    write((std::string("share/kelvane-diamond-table/") + name).c_str(), "first");
+    record += "a7937b64b8caa58f03721bb6bacf5c78cb235febe0e70b1b84cd99541461a08e  ";
+    record += QByteArray(name) + '\n';
   }
-  EXPECT_EQ(start().path, folder_.filePath(QStringLiteral("mine")));
-  EXPECT_EQ(read("Teams/a.txt") + read("DTB.mdb"), "firstfirst");
-  write("mine/DTB.mdb", "a season");
-  write("mine/Teams/b.txt", "edited");
-  QFile::remove(folder_.filePath(QStringLiteral("mine/Teams/c.txt")));
-  write("mine/Teams/d.txt", "added");
-  for (const char* name : {"Teams/a.txt", "Teams/b.txt", "Teams/c.txt", "Teams/d.txt", "DTB.mdb"}) {
-    write((std::string("share/kelvane-diamond-table/") + name).c_str(), "second");
+  Write("mine/.laid-out", record);
+  Write("mine/DTB.mdb", "a season");
+  Write("mine/Teams/b.txt", "edited");
+  QFile::remove(Path("mine/Teams/c.txt"));
+  Write("mine/Teams/d.txt", "added");
+  for (const int start : {1, 2}) {
+    for (const char* name :
+         {"Teams/a.txt", "Teams/b.txt", "Teams/c.txt", "Teams/d.txt", "DTB.mdb"}) {
+      Write(Shared(name), "version " + QByteArray::number(start));
+    }
+    EXPECT_EQ(FromQt(Start().complaint), "");
+    EXPECT_EQ(Read("Teams/a.txt"), "version " + std::to_string(start)) << "untouched, so renewed";
+    EXPECT_EQ(Read("Teams/b.txt") + Read("Teams/c.txt") + Read("Teams/d.txt"), "edited-added");
+    EXPECT_EQ(Read("DTB.mdb"), "a season");
   }
-  EXPECT_TRUE(start().failures.isEmpty());
-  EXPECT_EQ(read("Teams/a.txt"), "second") << "untouched, so renewed";
-  EXPECT_EQ(read("Teams/b.txt") + read("Teams/c.txt") + read("Teams/d.txt"), "edited-added");
-  EXPECT_EQ(read("DTB.mdb"), "a season");
-  // A first start where copies stand: the database was lost, and no empty one hides that.
-  QDir(folder_.filePath(QStringLiteral("mine"))).removeRecursively();
-  write("mine/Backups/DTB 2026-11-18 10-44-13.mdb", "a copy");
-  EXPECT_TRUE(start().failures.isEmpty());
-  EXPECT_EQ(read("Teams/a.txt") + read("DTB.mdb"), "second-");
   // What lies beside the executable goes before all that is installed.
-  QDir().mkpath(folder_.filePath(QStringLiteral("bin/Ballparks")));
-  EXPECT_EQ(start().path, folder_.filePath(QStringLiteral("bin")));
+  QDir().mkpath(Path("bin/Ballparks"));
+  EXPECT_EQ(Start().path, Path("bin"));
+}
+
+TEST_F(PersonalFolderTest, AStartThatWasBrokenOffIsFinished) {
+  // As it stands in the middle: one file is there, another about to come; an update comes between.
+  Write("mine/.laid-out",
+        "a7937b64b8caa58f03721bb6bacf5c78cb235febe0e70b1b84cd99541461a08e putting  Teams/a.txt\n"
+        "a7937b64b8caa58f03721bb6bacf5c78cb235febe0e70b1b84cd99541461a08e putting  Teams/b.txt\n");
+  Write("mine/Teams/a.txt", "first");
+  Write(Shared("Teams/a.txt"), "second");
+  EXPECT_EQ(FromQt(Start().complaint), "");
+  EXPECT_EQ(Read("Teams/a.txt") + Read("Teams/b.txt") + Read("Teams/c.txt"), "secondfirstfirst");
+  EXPECT_EQ(Read("DTB.mdb"), "first");
+}
+
+TEST_F(PersonalFolderTest, ALaterStartReadsNoFileAgain) {
+  const auto bytesRead = [] {
+    std::ifstream counters("/proc/self/io");
+    std::string name;
+    long bytes = 0;
+    counters >> name >> bytes;
+    return name == "rchar:" ? bytes : -1;
+  };
+  constexpr int kLarge = 4 << 20;
+  Write(Shared("Charts/Chart01.jpg"), QByteArray(kLarge, 'x'));
+  static_cast<void>(Start());
+  Write("mine/DTB.mdb", QByteArray(kLarge, 'y'));
+  Write("mine/Teams/b.txt", QByteArray(kLarge, 'z'));
+  static_cast<void>(Start());  // learns that one team is the person's own
+  const long before = bytesRead();
+  static_cast<void>(Start());
+  EXPECT_LT(bytesRead() - before, kLarge);
+  EXPECT_EQ(Read("Charts/Chart01.jpg").size(), std::size_t{kLarge});
+}
+
+TEST_F(PersonalFolderTest, CopiesOfALostDatabaseGoBeforeAnEmptyOne) {
+  Write("mine/Backups/DTB 20261124-200000.mdb", "a season");
+  EXPECT_EQ(Start().path, Path("mine"));
+  EXPECT_EQ(Read("Teams/a.txt") + Read("DTB.mdb"), "first-");
+}
+
+TEST_F(PersonalFolderTest, WhereItCannotBeFilledTheSharedOneServes) {
+  Write("mine", "a file where the folder should be");
+  const ProgramFolder folder = Start();
+  EXPECT_EQ(folder.path, Path("share/kelvane-diamond-table"));
+  EXPECT_TRUE(folder.complaint.contains("could not be filled")) << FromQt(folder.complaint);
+  // A person who has games keeps them in sight, and learns which files are missing.
+  QFile::remove(Path("mine"));
+  EXPECT_EQ(FromQt(Start().complaint), "");
+  QDir(Path("mine/Charts")).removeRecursively();
+  Write("mine/Charts", "no folder");
+  Write(Shared("Charts/Chart02.jpg"), "new");
+  const ProgramFolder again = Start();
+  EXPECT_EQ(again.path, Path("mine"));
+  EXPECT_TRUE(again.complaint.contains("mine/Charts/Chart02.jpg")) << FromQt(again.complaint);
 }
 
 }  // namespace

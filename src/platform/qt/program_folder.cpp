@@ -4,96 +4,172 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
-#include <QHash>
-#include <QSaveFile>
+#include <QFileInfo>
+#include <QStringList>
 
+#include "platform/paths.h"
+#include "platform/qt/laid_out.h"
+#include "platform/qt/qt_text.h"
 #include "platform/sqlite/sqlite_database.h"
+#include "platform/whole_file.h"
+#include "shell/program_error.h"
 
 namespace dtb {
 namespace {
 
 constexpr const char* kShared = "../share/kelvane-diamond-table";
-constexpr const char* kRecord = ".laid-out";  // "CHECKSUM  NAME" of each file as it was put there
+constexpr const char* kRecord = ".laid-out";
+constexpr const char* kNoSum = "-";  // of a file that is never read
 
 // "" for a file that is not there or cannot be read.
 QByteArray Checksum(const QString& path) {
   QFile file(path);
   QCryptographicHash hash(QCryptographicHash::Sha256);
-  if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file)) return {};
+  if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || !hash.addData(&file)) {
+    return {};
+  }
   return hash.result().toHex();
 }
 
-QHash<QString, QByteArray> ReadRecord(const QString& path) {
-  QHash<QString, QByteArray> record;
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) return record;
-  for (const QByteArray& line : file.readAll().split('\n')) {
-    const qsizetype gap = line.indexOf("  ");
-    if (gap > 0) record.insert(QString::fromUtf8(line.mid(gap + 2)), line.left(gap));
+// Throws ProgramError.
+void Copy(const QString& from, const QString& to) {
+  const auto bytes = ReadWholeFile(PathOf(FromQt(from)));
+  if (!bytes) {
+    throw ProgramError(error_number::kFileNotFound,
+                       "The file \"" + FromQt(from) + "\" cannot be read.");
   }
-  return record;
+  QDir().mkpath(QFileInfo(to).path());
+  WriteWholeFile(PathOf(FromQt(to)), *bytes);
 }
 
-// Written beside and moved into place, so that no half file is ever left.
-bool Write(const QString& path, const QByteArray& bytes) {
-  QDir().mkpath(QFileInfo(path).path());
-  QSaveFile file(path);
-  return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-}
+// One start's look at the person's folder.
+class Filling {
+ public:
+  Filling(const QDir& shared, const QDir& personal)
+      : shared_(shared),
+        personal_(personal),
+        recordFile_(personal.filePath(QLatin1String(kRecord))),
+        record_(ReadLaidOut(recordFile_)),
+        before_(record_) {}
 
-bool Copy(const QString& from, const QString& to) {
-  QFile file(from);
-  return file.open(QIODevice::ReadOnly) && Write(to, file.readAll());
-}
-
-// Where copies of it stand the database was lost, and the program offers the newest of them.
-bool IsLostDatabase(const QDir& personal, const QString& name) {
-  const QDir copies(personal.filePath(QLatin1String(kCopiesFolder)));
-  return name == QLatin1String(kDatabaseFile) &&
-         (QFileInfo(personal.filePath(name)).isSymLink() ||
-          !copies.entryList({QStringLiteral("*.mdb")}, QDir::Files).isEmpty());
-}
-
-QStringList Fill(const QDir& shared, const QDir& personal) {
-  QStringList failures;
-  const QString recordFile = personal.filePath(QLatin1String(kRecord));
-  QHash<QString, QByteArray> record = ReadRecord(recordFile);
-  const QHash<QString, QByteArray> before = record;
-  for (QDirIterator file(shared.path(), QDir::Files, QDirIterator::Subdirectories);
-       file.hasNext();) {
-    const QString source = file.next();
-    const QString name = shared.relativeFilePath(source);
-    const QString target = personal.filePath(name);
-    const QByteArray shipped = Checksum(source);
-    const bool here = QFileInfo::exists(target);
-    if (!here && IsLostDatabase(personal, name)) continue;
-    const bool untouched = here ? Checksum(target) == record.value(name) : !record.contains(name);
-    if (!untouched || (here && shipped == record.value(name))) continue;
-    if (Copy(source, target)) {
-      record.insert(name, shipped);
-    } else {
-      failures << target;
+  void Fill() {
+    for (QDirIterator file(shared_.path(), QDir::Files, QDirIterator::Subdirectories);
+         file.hasNext();) {
+      const QString name = shared_.relativeFilePath(file.next());
+      if (name != QLatin1String(kDatabaseFile)) Examine(name);
+    }
+    try {
+      // First of all, what is about to be put: so a start that is broken off leaves nothing that
+      // the next one would take for the person's own.
+      if (!wanted_.isEmpty()) WriteLaidOut(recordFile_, record_);
+      for (const QString& name : wanted_) Put(name);
+      if (failures_.isEmpty()) PutDatabase();
+      if (record_ != before_) WriteLaidOut(recordFile_, record_);
+    } catch (const ProgramError& fault) {
+      Fail(recordFile_, fault);
     }
   }
-  if (record == before) return failures;
-  QByteArray lines;
-  for (auto entry = record.cbegin(); entry != record.cend(); ++entry) {
-    lines += entry.value() + "  " + entry.key().toUtf8() + '\n';
+
+  [[nodiscard]] const QStringList& failures() const { return failures_; }
+  [[nodiscard]] const QString& why() const { return why_; }
+  // A database is, or was, here.
+  [[nodiscard]] bool WasFilled() const {
+    return StampOfFile(personal_.filePath(QLatin1String(kDatabaseFile))).size >= 0 ||
+           record_.contains(QLatin1String(kDatabaseFile)) || CopiesStand();
   }
-  if (!Write(recordFile, lines)) failures << recordFile;
-  return failures;
-}
+
+ private:
+  void Fail(const QString& file, const ProgramError& fault) {
+    failures_ << file;
+    if (why_.isEmpty()) why_ = ToQt(fault.what());
+  }
+
+  [[nodiscard]] bool CopiesStand() const {
+    const QDir copies(personal_.filePath(QLatin1String(kCopiesFolder)));
+    return !copies.entryList({QStringLiteral("*.mdb")}, QDir::Files).isEmpty();
+  }
+
+  // Decides about a file, and reads what is another than at the last start alone.
+  void Examine(const QString& name) {
+    const FileStamp source = StampOfFile(shared_.filePath(name));
+    const FileStamp target = StampOfFile(personal_.filePath(name));
+    LaidOutFile known = record_.value(name);
+    if (target.size < 0) {
+      if (!known.sum.isEmpty()) return;  // the person deleted it
+      return Want(name, Checksum(shared_.filePath(name)));
+    }
+    const bool settled = known.putting.isEmpty() && target == known.target;
+    if (settled && (known.own || source == known.source)) return;
+    const QByteArray here = Checksum(personal_.filePath(name));
+    const QByteArray shipped = Checksum(shared_.filePath(name));
+    const bool ours =
+        !here.isEmpty() && (here == known.sum || here == known.putting || here == shipped);
+    if (ours && here != shipped) return Want(name, shipped);
+    record_[name] = {known.sum.isEmpty() || ours ? shipped : known.sum, {}, source, target, !ours};
+  }
+
+  void Want(const QString& name, const QByteArray& sum) {
+    record_[name].putting = sum;
+    wanted_ << name;
+  }
+
+  void Put(const QString& name) {
+    const QString source = shared_.filePath(name);
+    const QString target = personal_.filePath(name);
+    try {
+      Copy(source, target);
+      record_[name] = {record_[name].putting, {}, StampOfFile(source), StampOfFile(target), false};
+    } catch (const ProgramError& fault) {
+      Fail(target, fault);
+    }
+  }
+
+  void PutDatabase() {
+    const QString name = QLatin1String(kDatabaseFile);
+    const QString source = shared_.filePath(name);
+    if (StampOfFile(source).size < 0) return;
+    if (!WasFilled()) Copy(source, personal_.filePath(name));
+    if (record_[name].sum.isEmpty()) record_[name].sum = kNoSum;
+  }
+
+  QDir shared_;
+  QDir personal_;
+  QString recordFile_;
+  LaidOut record_;
+  LaidOut before_;
+  QStringList wanted_;
+  QStringList failures_;
+  QString why_;
+};
 
 }  // namespace
 
 ProgramFolder FindProgramFolder(const QString& executableFolder, const QString& personalFolder) {
-  const QDir shared(QDir(executableFolder).filePath(QLatin1String(kShared)));
+  const QDir shared(QDir::cleanPath(QDir(executableFolder).filePath(QLatin1String(kShared))));
   const bool besides = QFileInfo::exists(executableFolder + QStringLiteral("/Ballparks"));
   if (besides || !shared.exists()) return {executableFolder, {}};
   for (const char* folder : {"Teams", "Ballparks", "Logos", "Charts", "Game Rpts"}) {
     QDir().mkpath(personalFolder + QLatin1Char('/') + QLatin1String(folder));
   }
-  return {personalFolder, Fill(QDir(QDir::cleanPath(shared.path())), QDir(personalFolder))};
+  Filling filling(shared, QDir(personalFolder));
+  filling.Fill();
+  if (filling.failures().isEmpty()) return {personalFolder, {}};
+  if (!filling.WasFilled()) {
+    return {shared.path(),
+            QStringLiteral("Your folder \"%1\" could not be filled.\n%2\n\nThe program runs from "
+                           "its own folder meanwhile, where no game can be saved. The next start "
+                           "tries again.")
+                .arg(personalFolder, filling.why())};
+  }
+  constexpr int kMostNamed = 5;
+  QString files = filling.failures().mid(0, kMostNamed).join(QLatin1Char('\n'));
+  if (const auto more = filling.failures().size() - kMostNamed; more > 0) {
+    files += QStringLiteral("\nand %1 more").arg(more);
+  }
+  return {personalFolder,
+          QStringLiteral("These files could not be put into your folder; the next start tries "
+                         "again:\n%1\n\n%2")
+              .arg(files, filling.why())};
 }
 
 }  // namespace dtb

@@ -2,18 +2,20 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 
 namespace dtb {
 
 struct ProgramFolder {
   QString path;
-  QStringList failures;  // files that could not be put there
+  QString complaint;  // "": all is well; else what the person should know
 };
 
 // The folder of the executable, if the program's files lie beside it. An installed program has a
 // folder of the person's own instead, filled from `../share/kelvane-diamond-table`: there a file
-// belongs to the person once changed, added or deleted; only untouched files are renewed.
+// belongs to the person once changed, added or deleted; only untouched files are renewed. A fill
+// that was broken off is finished by the next start. An empty database comes last, once, and only
+// where no copies of one stand; so until it is there, a folder that cannot be filled holds nothing
+// of the person's, and the program runs from the shared one meanwhile.
 [[nodiscard]] ProgramFolder FindProgramFolder(const QString& executableFolder,
                                               const QString& personalFolder);
 

@@ -12,8 +12,9 @@
 namespace dtb {
 namespace {
 
-constexpr qint64 kLargestFile = 64LL * 1024 * 1024;
-constexpr qint64 kMostPixels = 64LL * 1000 * 1000;
+constexpr qint64 kLargestFile = 512LL * 1024 * 1024;
+constexpr qint64 kMillion = 1000LL * 1000;
+constexpr qint64 kMostPixels = 100 * kMillion;
 // A piece as high as the scene on a screen of twice the reference density needs no more.
 constexpr int kLongestSide = 1200;
 constexpr qint64 kCacheBytes = 96LL * 1024 * 1024;
@@ -33,8 +34,12 @@ std::uint64_t StampOf(const std::string& path) {
 }
 
 bool IsPhotoFormat(const QByteArray& format) {
-  static const QByteArrayList formats{"jpeg", "jpg", "png", "gif", "bmp", "webp"};
+  static const QByteArrayList formats{"jpeg", "jpg", "png", "gif", "bmp", "webp", "tiff"};
   return formats.contains(format);
+}
+
+bool HasTooManyPixels(const QSize& size) {
+  return qint64{size.width()} * size.height() > kMostPixels;
 }
 
 // False: by its head the file is no photo, or too large.
@@ -42,9 +47,14 @@ bool Begin(QImageReader& reader, const std::string& path) {
   reader.setFileName(QtPath(path));
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
+  // Qt's own limit would turn a large photo of many colours away.
+  constexpr int kMostMegabytes = 1024;
+  if (QImageReader::allocationLimit() != kMostMegabytes) {
+    QImageReader::setAllocationLimit(kMostMegabytes);
+  }
   if (!IsPhotoFormat(reader.format())) return false;
   const QSize size = reader.size();
-  return size.isValid() && qint64{size.width()} * size.height() <= kMostPixels;
+  return size.isValid() && !HasTooManyPixels(size);
 }
 
 bool IsTooLarge(const QSize& size) { return std::max(size.width(), size.height()) > kLongestSide; }
@@ -80,6 +90,35 @@ QImage DecodedFor(const QString& file, const QSize& place) {
   return reader.read();
 }
 
+QImage DecodedWhole(const QString& file) {
+  QImageReader reader;
+  if (StampOf(FromQt(file)) == 0 || !Begin(reader, FromQt(file))) return {};
+  return reader.read();
+}
+
+QString WhyNoPicture(const QString& file) {
+  const QString named = QLatin1Char('"') + file + QStringLiteral("\" ");
+  const QFileInfo info(file);
+  if (!info.exists()) return named + QStringLiteral("is not there.");
+  if (!info.isFile()) return named + QStringLiteral("is no file.");
+  if (!info.isReadable()) return named + QStringLiteral("may not be read.");
+  if (info.size() > kLargestFile) {
+    return named + QStringLiteral("is larger than 512 MiB, the most that a picture may have.");
+  }
+  if (!IsPhotoFormat(QImageReader::imageFormat(file))) {
+    return named + QStringLiteral(
+                       "is no picture that can be shown: JPEG, PNG, GIF, BMP, WebP and TIFF can.");
+  }
+  QImageReader reader;
+  static_cast<void>(Begin(reader, FromQt(file)));
+  if (const QSize size = reader.size(); HasTooManyPixels(size)) {
+    return named + QStringLiteral("has %1 x %2 pixels; 100 million are the most.")
+                       .arg(size.width())
+                       .arg(size.height());
+  }
+  return named + QStringLiteral("is damaged: it begins as a picture, but cannot be read.");
+}
+
 std::optional<Picture> QtPictures::Load(const std::filesystem::path& file) {
   const std::string path = TextOf(file);
   const std::uint64_t stamp = StampOf(path);
@@ -93,6 +132,10 @@ std::optional<Picture> QtPictures::Recognise(const std::filesystem::path& file) 
   QImageReader reader;
   if (stamp == 0 || !Begin(reader, path)) return std::nullopt;
   return Picture{path, stamp};
+}
+
+std::string QtPictures::WhyNone(const std::filesystem::path& file) {
+  return FromQt(WhyNoPicture(ToQt(TextOf(file))));
 }
 
 QImage QtPictures::Image(const Picture& picture) {

@@ -15,13 +15,20 @@ namespace dtb {
 // what is no picture.
 [[nodiscard]] QImage DecodedFor(const QString& file, const QSize& place);
 
+// The picture in a file in its own size, for a reader who looks close. Null for what is no picture.
+[[nodiscard]] QImage DecodedWhole(const QString& file);
+
+// Why a file gives no picture, as a whole sentence that names it.
+[[nodiscard]] QString WhyNoPicture(const QString& file);
+
 // Decodes photos and logos no larger than the board can show them, and remembers the outcome for as
-// long as the file stays as it is, failures too. A file that is no regular file, larger than 64
-// MiB, of more than 64 million pixels or of a format that is no photo's is no picture.
+// long as the file stays as it is, failures too. A file that is no regular file, larger than
+// 512 MiB, of more than 100 million pixels or of a format that is no photo's is no picture.
 class QtPictures : public Pictures {
  public:
   std::optional<Picture> Load(const std::filesystem::path& file) override;
   std::optional<Picture> Recognise(const std::filesystem::path& file) override;
+  std::string WhyNone(const std::filesystem::path& file) override;
 
   // The pixels of a picture; empty if the file went bad since it was loaded.
   [[nodiscard]] QImage Image(const Picture& picture);

@@ -4,10 +4,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <utility>
 
 #include "platform/qt/qt_text.h"
+#include "platform/whole_file.h"
+#include "shell/program_error.h"
 
 namespace dtb {
 
@@ -16,17 +17,17 @@ QtRecoveryStore::QtRecoveryStore(const QString& file)
   QDir().mkpath(QFileInfo(file).path());  // not there before the first setting
   // However long a game takes, its program has the file; that of a dead one is free at once.
   lock_.setStaleLockTime(0);
+  Lock();
+  writer_.setMaxThreadCount(1);
+  writer_.setExpiryTimeout(-1);
+  if (mine()) RemoveHalfWritten();
+}
+
+void QtRecoveryStore::Lock() {
   // A program that died while it wrote its lock leaves one that tells nothing. The system itself
   // knows whether somebody still holds it, and then this removes nothing.
   if (!lock_.tryLock(0) && lock_.removeStaleLockFile()) {
     static_cast<void>(lock_.tryLock(0));
-  }
-  writer_.setMaxThreadCount(1);
-  writer_.setExpiryTimeout(-1);
-  if (mine()) {
-    RemoveHalfWritten();
-  } else {
-    works_ = takenByAnother();
   }
 }
 
@@ -43,12 +44,15 @@ void QtRecoveryStore::RemoveHalfWritten() const {
 QtRecoveryStore::~QtRecoveryStore() { writer_.waitForDone(); }
 
 std::optional<std::string> QtRecoveryStore::Load() {
-  QFile file(file_);
-  if (!mine() || !file.open(QIODevice::ReadOnly)) return std::nullopt;
-  return file.readAll().toStdString();
+  // A full disk takes no lock, but a game that was kept can be read all the same.
+  return takenByAnother() ? std::nullopt : ReadWholeFile(File());
 }
 
 void QtRecoveryStore::Keep(std::string bytes, bool gestureGoesOn) {
+  if (!mine() && !takenByAnother()) {
+    Lock();
+    if (!mine()) return Fail("its folder takes no file, or the disk is full");
+  }
   if (!mine()) return;
   {
     const std::lock_guard lock(waitingGuard_);
@@ -76,11 +80,21 @@ void QtRecoveryStore::WriteAll(std::string bytes) {
 }
 
 void QtRecoveryStore::Write(const std::string& bytes) {
-  QSaveFile file(file_);
-  const auto size = static_cast<qint64>(bytes.size());
-  const bool kept =
-      file.open(QIODevice::WriteOnly) && file.write(bytes.data(), size) == size && file.commit();
-  if (!kept) works_ = false;
+  try {
+    WriteWholeFile(File(), bytes, "game in progress");
+    failed_ = false;
+  } catch (const ProgramError& fault) {
+    Fail(fault.what());
+  }
+}
+
+void QtRecoveryStore::Fail(const std::string& why) {
+  if (!std::exchange(failed_, true) && told_) told_(why);
+}
+
+bool QtRecoveryStore::Safe() {
+  writer_.waitForDone();
+  return mine() && !failed_;
 }
 
 std::string QtRecoveryStore::SetAside() {
@@ -96,7 +110,7 @@ std::string QtRecoveryStore::SetAside() {
 
 void QtRecoveryStore::Discard() {
   writer_.waitForDone();
-  if (mine()) QFile::remove(file_);
+  if (!takenByAnother()) QFile::remove(file_);
 }
 
 }  // namespace dtb

@@ -4,7 +4,7 @@
 #include <QLockFile>
 #include <QString>
 #include <QThreadPool>
-#include <atomic>
+#include <functional>
 #include <mutex>
 
 #include "platform/paths.h"
@@ -28,11 +28,13 @@ class QtRecoveryStore : public RecoveryStore {
   [[nodiscard]] bool takenByAnother() const {
     return !mine() && lock_.error() == QLockFile::LockFailedError;
   }
-  // False from the first time on that something could not be written there.
-  [[nodiscard]] bool works() const { return works_; }
+
+  // Hears why the game is not kept, once until it is kept again; in the thread that writes.
+  void OnFailure(std::function<void(const std::string& why)> told) { told_ = std::move(told); }
 
   std::optional<std::string> Load() override;
   void Keep(std::string bytes, bool gestureGoesOn) override;
+  bool Safe() override;
   std::string SetAside() override;
   std::filesystem::path File() override { return PathOf(FromQt(file_)); }
 
@@ -43,8 +45,10 @@ class QtRecoveryStore : public RecoveryStore {
   void Discard();
 
  private:
+  void Lock();
   void RemoveHalfWritten() const;
   void Write(const std::string& bytes);
+  void Fail(const std::string& why);
   // Writes these bytes, and then whatever waits by then.
   void WriteAll(std::string bytes);
 
@@ -54,7 +58,8 @@ class QtRecoveryStore : public RecoveryStore {
   std::mutex waitingGuard_;
   bool writing_ = false;
   std::optional<std::string> waiting_;  // for the present write to end
-  std::atomic<bool> works_ = true;
+  std::function<void(const std::string&)> told_;
+  bool failed_ = false;  // changed by the writer alone, or while it waits
 };
 
 }  // namespace dtb

@@ -3,15 +3,24 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
+#include <QMap>
 #include <QSettings>
 #include <QStandardPaths>
+#include <cerrno>
+#include <chrono>
 #include <utility>
 
+#include "platform/paths.h"
 #include "platform/qt/qt_text.h"
+#include "platform/whole_file.h"
 #include "shell/program_error.h"
 
 namespace dtb {
 namespace {
+
+constexpr const char* kKind = "settings file";
+constexpr int kLongestWait = 2000;  // milliseconds, for another board that stores a setting
 
 QString KeyOf(const std::string& section, const std::string& key) {
   return ToQt(section) + QLatin1Char('/') + ToQt(key);
@@ -24,6 +33,16 @@ QString FreeNameBeside(const QString& file) {
     name = file + QStringLiteral(".damaged%1").arg(number);
   }
   return name;
+}
+
+// QSettings reads a file again when its size or its time, in milliseconds, is another one.
+void LookNewer(const std::filesystem::path& file, const std::filesystem::path& older) {
+  std::error_code fault;
+  const auto before = std::filesystem::last_write_time(older, fault);
+  if (fault) return;
+  const auto least = before + std::chrono::milliseconds(1);
+  if (std::filesystem::last_write_time(file, fault) >= least) return;
+  std::filesystem::last_write_time(file, least, fault);
 }
 
 }  // namespace
@@ -55,14 +74,43 @@ std::string QtSettingsStore::Read(const std::string& section, const std::string&
 
 void QtSettingsStore::Write(const std::string& section, const std::string& key,
                             const std::string& value) {
-  QSettings settings(file_, QSettings::IniFormat);
-  settings.setValue(KeyOf(section, key), ToQt(value));
-  settings.sync();
-  if (settings.status() != QSettings::NoError) {
-    throw ProgramError(error_number::kPathOrFileAccess,
-                       "The setting could not be stored in the file \"" + FromQt(file_) +
-                           "\". It holds until the program ends.");
+  QLockFile lock(file_ + QStringLiteral(".lock"));
+  lock.setStaleLockTime(0);
+  lock.tryLock(kLongestWait);  // where no lock can be made, the write below tells why
+  try {
+    Store(KeyOf(section, key), ToQt(value));
+  } catch (const ProgramError& fault) {
+    throw ProgramError(fault.number(),
+                       std::string(fault.what()) + " The setting holds until the program ends.");
   }
+}
+
+// QSettings knows the form of the file, but misses that the disk is full. So it writes a draft, and
+// what became of that goes the way of all files, once it reads as it should.
+void QtSettingsStore::Store(const QString& key, const QString& value) const {
+  const std::filesystem::path place = PathOf(FromQt(file_));
+  const auto all = [](const QSettings& settings) {
+    QMap<QString, QVariant> values;
+    for (const QString& name : settings.allKeys()) values.insert(name, settings.value(name));
+    return values;
+  };
+  QMap<QString, QVariant> wanted = all(QSettings(file_, QSettings::IniFormat));
+  wanted.insert(key, value);
+  QDir().mkpath(QFileInfo(file_).path());  // not there before the first setting
+  const dtb::FileBeside draft(place, kKind);
+  {
+    QSettings settings(ToQt(TextOf(draft.path())), QSettings::IniFormat);
+    for (auto entry = wanted.cbegin(); entry != wanted.cend(); ++entry) {
+      settings.setValue(entry.key(), entry.value());
+    }
+  }
+  dtb::FileBeside whole(place, kKind);
+  whole.Write(ReadWholeFile(draft.path()).value_or(""));
+  if (all(QSettings(ToQt(TextOf(whole.path())), QSettings::IniFormat)) != wanted) {
+    ThrowWriteFault(kKind, place, ENOSPC);
+  }
+  LookNewer(whole.path(), place);
+  whole.MoveIntoPlace();
 }
 
 }  // namespace dtb

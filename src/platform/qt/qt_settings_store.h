@@ -24,6 +24,9 @@ class QtSettingsStore : public SettingsStore {
   [[nodiscard]] const QString& damagedFile() const { return damagedFile_; }
 
  private:
+  // All settings that are stored, with another one. Throws ProgramError.
+  void Store(const QString& key, const QString& value) const;
+
   QString file_;
   QString damagedFile_;
 };

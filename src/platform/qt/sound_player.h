@@ -2,18 +2,18 @@
 // brings dozens of others, which nobody should wait for before the first sound.
 #pragma once
 
-#include <QString>
+#include "platform/qt/wave_file.h"
 
 namespace dtb {
 
 class SoundPlayer {
  public:
   enum class Voice { Once, Loop };
-  static constexpr int kEndless = -2;  // as the toolkit counts
 
   virtual ~SoundPlayer() = default;
-  // Without a device there is nobody to hear the sound, and nothing to wait for.
-  virtual void Play(Voice voice, const QString& file, int times) = 0;
+  // Plays a sound once, or again and again until it is stopped. Without a device there is nobody
+  // to hear it; a loop is heard as soon as there is one.
+  virtual void Play(Voice voice, const WaveFile& wave) = 0;
   virtual void Stop(Voice voice) = 0;
 };
 

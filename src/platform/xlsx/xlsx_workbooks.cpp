@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "platform/paths.h"
+#include "platform/whole_file.h"
 #include "platform/xlsx/xlsx_text.h"
 #include "platform/xlsx/zip_check.h"
 #include "shell/program_error.h"
@@ -20,26 +21,7 @@ namespace {
 constexpr std::chrono::milliseconds kMeanwhile{33};
 
 [[noreturn]] void ThrowFault(const std::filesystem::path& file, int fault) {
-  const std::string named = "The workbook \"" + TextOf(file) + "\" ";
-  switch (fault) {
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-      throw ProgramError(error_number::kDiskFull,
-                         named + "could not be written: the disk is full. Nothing of it is left.");
-    case EACCES:
-    case EPERM:
-    case EROFS:
-      throw ProgramError(error_number::kPermissionDenied,
-                         named + "could not be written: you may not write to its folder.");
-    case ENOENT:
-    case ENOTDIR:
-      throw ProgramError(error_number::kPathOrFileAccess,
-                         named + "could not be written: its folder is not there.");
-    default:
-      throw ProgramError(error_number::kDeviceFault,
-                         named + "could not be written. Nothing of it is left.");
-  }
+  ThrowWriteFault("workbook", file, fault);
 }
 
 lxw_color_t ColourOf(Colour colour) {
@@ -48,15 +30,14 @@ lxw_color_t ColourOf(Colour colour) {
 
 class XlsxWriter : public WorkbookWriter {
  public:
-  explicit XlsxWriter(std::filesystem::path file) : file_(std::move(file)), beside_(file_) {
-    beside_ += ".part";
-    RequirePlace();
+  explicit XlsxWriter(std::filesystem::path file)
+      : file_(std::move(file)), beside_(file_, "workbook") {
     const std::string folder = TextOf(file_.parent_path());
     std::string folderText = folder.empty() ? "." : folder;
     lxw_workbook_options options{};
     options.constant_memory = LXW_TRUE;
     options.tmpdir = folderText.data();  // copied by the library
-    workbook_ = workbook_new_opt(TextOf(beside_).c_str(), &options);
+    workbook_ = workbook_new_opt(TextOf(beside_.path()).c_str(), &options);
     if (workbook_ == nullptr) throw std::bad_alloc();
   }
 
@@ -65,8 +46,6 @@ class XlsxWriter : public WorkbookWriter {
       CloseRowFiles();
       lxw_workbook_free(workbook_);
     }
-    std::error_code ignored;
-    std::filesystem::remove(beside_, ignored);
   }
 
   XlsxWriter(const XlsxWriter&) = delete;
@@ -141,20 +120,11 @@ class XlsxWriter : public WorkbookWriter {
     } while (packing.wait_for(kMeanwhile) != std::future_status::ready);
     packing.get();
     if (!wanted) return false;
-    std::error_code fault;
-    std::filesystem::rename(beside_, file_, fault);
-    if (fault) ThrowFault(file_, fault.value());
+    beside_.MoveIntoPlace();
     return true;
   }
 
  private:
-  // The library tells of a file that cannot be made only at the end.
-  void RequirePlace() const {
-    std::FILE* place = std::fopen(beside_.c_str(), "wb");
-    if (place == nullptr) ThrowFault(file_, errno);
-    std::fclose(place);
-  }
-
   void Check(lxw_error fault) const {
     if (fault == LXW_ERROR_MEMORY_MALLOC_FAILED) throw std::bad_alloc();
     if (fault != LXW_NO_ERROR) {
@@ -190,11 +160,11 @@ class XlsxWriter : public WorkbookWriter {
     const int cause = errno;
     if (fault == LXW_ERROR_MEMORY_MALLOC_FAILED) throw std::bad_alloc();
     if (fault != LXW_NO_ERROR) ThrowFault(file_, cause == 0 ? ENOSPC : cause);
-    if (!xlsx::HoldsWholeSheets(beside_, sheetSizes_)) ThrowFault(file_, ENOSPC);
+    if (!xlsx::HoldsWholeSheets(beside_.path(), sheetSizes_)) ThrowFault(file_, ENOSPC);
   }
 
   std::filesystem::path file_;
-  std::filesystem::path beside_;
+  FileBeside beside_;  // made at once: the library tells of a bad place only at the end
   lxw_workbook* workbook_ = nullptr;
   lxw_worksheet* sheet_ = nullptr;
   std::vector<lxw_format*> formats_;

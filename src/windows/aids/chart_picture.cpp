@@ -1,7 +1,5 @@
 #include "windows/aids/chart_picture.h"
 
-#include <QFileInfo>
-#include <QImageReader>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -9,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/qt/qt_pictures.h"
 #include "windows/shared/bind.h"
 
 namespace dtb {
@@ -64,13 +63,7 @@ ChartPicture::ChartPicture(QWidget* parent) : QScrollArea(parent), sheet_(new Sh
 }
 
 bool ChartPicture::Load(const QString& file) {
-  constexpr qint64 kMostPixels = 100LL * 1000 * 1000;
-  QImageReader reader(file);
-  reader.setDecideFormatFromContent(true);
-  reader.setAutoTransform(true);
-  const QSize size = reader.size();
-  if (!QFileInfo(file).isFile() || qint64{size.width()} * size.height() > kMostPixels) return false;
-  const QImage image = reader.read();
+  const QImage image = DecodedWhole(file);
   if (image.isNull()) return false;
   sheet_->SetImage(image);
   ShowAt(FittingScale(), {});

@@ -1,6 +1,7 @@
 #include "windows/aids/form3.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -12,6 +13,7 @@
 #include "aids/dice.h"
 #include "platform/paths.h"
 #include "platform/qt/qt_keyboard.h"
+#include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_text.h"
 #include "windows/aids/dice_panels.h"
 #include "windows/shared/bind.h"
@@ -208,6 +210,13 @@ void Form3::ShowChart(int chart) {
     page_->setCurrentWidget(picture_);
     picture_->setFocus(Qt::OtherFocusReason);
     return;
+  }
+  if (QFileInfo::exists(file)) {
+    missing_->setText(QStringLiteral("The chart on this button cannot be shown.\n\n") +
+                      WhyNoPicture(file));
+    Name(missing_, "NoChart", QStringLiteral("The chart on this button cannot be shown"));
+    page_->setCurrentWidget(missing_);
+    return setFocus(Qt::OtherFocusReason);
   }
   missing_->setText(QStringLiteral("There is no chart on this button yet.\n\nPut a picture of your "
                                    "chart here:\n%1\n\nIts title can stand in line %2 of the file "

@@ -61,6 +61,14 @@ Form1::Form1(Board& board, Aids& aids, QtPictures& pictures)
   StartTimers();
 }
 
+Form1::~Form1() {
+  tmr_Constant_.stop();
+  tmr_F12detect_.stop();
+  delete form2_;
+  delete log_;
+  delete takeCentralWidget();
+}
+
 void Form1::StartTimers() {
   tmr_Constant_.setParent(this);
   tmr_Constant_.setObjectName(QStringLiteral("tmr_Constant"));
@@ -141,6 +149,9 @@ void Form1::BuildScene() {
     if (!park.empty()) park_->LoadPark(ToQt(park.path));
   });
   connect(park_, &ParkView::pointerMoved, this, [this] { ScrollListsUp(); });
+  connect(park_, &ParkView::unreadable, this, [this](const QString& file) {
+    board_.platform.boxes.Show(FromQt(WhyNoPicture(file)), BoxIcon::Warning, "BALLPARKS");
+  });
   visitors_ = new SidePanel(board_, Side::Visitors, pictures_, scene_, park_);
   scoreboard_ = new Scoreboard(board_, aids_, pictures_, scene_, park_);
   connect(scoreboard_, &Scoreboard::chartWanted, this, [this](int chart) { ViewCharts(chart); });

@@ -26,6 +26,10 @@ class Form1 : public QMainWindow {
   Q_OBJECT
  public:
   Form1(Board& board, Aids& aids, QtPictures& pictures);
+  // The controls go before what they look at: a control that loses the focus arranges itself.
+  ~Form1() override;
+  Form1(const Form1&) = delete;
+  Form1& operator=(const Form1&) = delete;
 
   // Adds the entry "Take up a game set aside..." to the menu "Edit".
   void AddTakeUp(const std::function<void()>& operation);

@@ -19,6 +19,7 @@ ParkView::ParkView(QWidget* parent) : QWidget(parent) {
 
 void ParkView::LoadPark(const QString& file) {
   TakeDecoded();
+  file_ = file;
   const QSize place = (QSizeF(screen()->size()) * devicePixelRatioF()).toSize();
   decoded_ = std::async(std::launch::async, [file, place] {
     return DecodedFor(file, place).convertToFormat(QImage::Format_RGB32);
@@ -29,7 +30,11 @@ void ParkView::LoadPark(const QString& file) {
 void ParkView::TakeDecoded() {
   if (!decoded_.valid()) return;
   const QImage park = decoded_.get();
-  if (park.isNull()) return;
+  if (park.isNull()) {
+    QMetaObject::invokeMethod(
+        this, [this] { emit unreadable(file_); }, Qt::QueuedConnection);
+    return;
+  }
   park_ = park;
   scaled_ = {};
 }

@@ -21,6 +21,8 @@ class ParkView : public QWidget {
  signals:
   // The pointer moved over the park itself.
   void pointerMoved();
+  // The file was no picture after all, though its head said so.
+  void unreadable(const QString& file);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -30,6 +32,7 @@ class ParkView : public QWidget {
  private:
   void TakeDecoded();
 
+  QString file_;  // of the picture that is decoded
   std::future<QImage> decoded_;
   QImage park_;
   QPixmap scaled_;

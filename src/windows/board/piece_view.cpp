@@ -142,7 +142,7 @@ void PieceView::ShowPlate() {
   photoName_->setVisible(taken && name.isEmpty() && !tag.isEmpty());
   photoName_->SetName({}, tag);
   shadow_->setVisible(taken);
-  setToolTip(taken ? tag : QString());
+  setToolTip(taken ? WholeTextTip(tag) : QString());
   setAccessibleName(taken ? QStringLiteral("Game piece %1: %2").arg(piece_ + 1).arg(tag)
                           : QStringLiteral("Game piece %1, free").arg(piece_ + 1));
   update();

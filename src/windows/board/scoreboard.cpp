@@ -160,7 +160,7 @@ void Scoreboard::BuildTeams(QWidget* frame, QtPictures& pictures) {
     visitors = team;
     BindGameText(team, fields.team, board_, "team name");
     connect(team, &QLineEdit::textChanged, team, [team](const QString& text) {
-      team->setToolTip(text.left(200));
+      team->setToolTip(WholeTextTip(text.left(200)));
       if (!team->hasFocus()) team->setCursorPosition(0);
     });
   }

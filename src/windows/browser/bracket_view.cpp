@@ -32,12 +32,6 @@ int FirstOf(int round) { return 2 * kFirstRound - (2 * kFirstRound >> round); }
 
 }  // namespace
 
-QString WholeTextTip(const QString& text) {
-  constexpr qsizetype kLongest = 2000;
-  if (text.isEmpty()) return {};
-  return QStringLiteral("<qt>%1</qt>").arg(text.left(kLongest).toHtmlEscaped());
-}
-
 BracketView::BracketView(Browser& browser, QWidget* parent) : QWidget(parent), browser_(browser) {
   ForEachSlot(browser.state,
               [this](const std::string& key, Field<std::string>& text) { AddSlot(key, text); });

@@ -9,9 +9,6 @@
 
 namespace dtb {
 
-// A tool-tip with the whole of a text that may be cut short on the screen.
-[[nodiscard]] QString WholeTextTip(const QString& text);
-
 // A click on a slot, or Space or Enter, places the text of tb_Team in it.
 class BracketView : public QWidget {
   Q_OBJECT

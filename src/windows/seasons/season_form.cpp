@@ -79,7 +79,7 @@ QLabel* SeasonForm::AddText(QBoxLayout* place, const char* name, Field<std::stri
   label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   Follow<std::string>(label, text, [label](const std::string& shown) {
     label->setText(ToQt(shown));
-    label->setToolTip(ToQt(shown));
+    label->setToolTip(WholeTextTip(ToQt(shown)));
     label->setAccessibleName(ToQt(shown));
   });
   place->addWidget(label, 1);

@@ -400,4 +400,10 @@ QLabel* MakeCaption(const QString& text, QWidget* parent, Qt::Alignment alignmen
   return label;
 }
 
+QString WholeTextTip(const QString& text) {
+  constexpr qsizetype kLongest = 2000;
+  if (text.isEmpty()) return {};
+  return QStringLiteral("<qt>%1</qt>").arg(text.left(kLongest).toHtmlEscaped());
+}
+
 }  // namespace dtb

@@ -181,4 +181,8 @@ class NameLabel : public QLabel {
 QLabel* MakeCaption(const QString& text, QWidget* parent,
                     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
 
+// A tool-tip with the whole of a text that may be cut short on the screen, as it is: no mark in it
+// means anything.
+[[nodiscard]] QString WholeTextTip(const QString& text);
+
 }  // namespace dtb

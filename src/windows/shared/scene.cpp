@@ -65,9 +65,10 @@ std::vector<Scene::Control>::iterator Scene::Find(const QWidget* widget) {
                       [&](const Control& c) { return c.widget == widget; });
 }
 
+// Title bar and borders of the usual desktops; the true ones are known only to a shown window.
+constexpr QSize kFrame(8, 40);
+
 void FitAtLaunch(QWidget* window, const ControlResizer& resizer, int above) {
-  // Title bar and borders of the usual desktops; the true ones are known only to a shown window.
-  constexpr QSize kFrame(8, 40);
   const QSize free = window->screen()->availableSize() - kFrame - QSize(0, above);
   const double scale =
       ScaleAtLaunch(resizer.baseWidth(), resizer.baseHeight(), free.width(), free.height());
@@ -79,8 +80,17 @@ void HoldRatio(QWidget* window, const ControlResizer& resizer, int above) {
   const auto hold = [window, &resizer, above] {
     if (window->isMaximized() || window->isFullScreen() || window->isMinimized()) return;
     const int wanted = qRound(resizer.HeightFor(window->width())) + above;
-    const bool fits = wanted <= window->screen()->availableSize().height();
-    if (fits && std::abs(window->height() - wanted) > 1) window->resize(window->width(), wanted);
+    const int most = window->screen()->availableSize().height();
+    if (wanted <= most) {
+      if (std::abs(window->height() - wanted) > 1) window->resize(window->width(), wanted);
+      return;
+    }
+    // As wide as the screen, the window is a little too low for its width, which nobody sees. One
+    // that was made half as high becomes the largest of its ratio instead.
+    constexpr double kLeastShare = 0.7;
+    const int highest = most - kFrame.height();
+    if (window->height() >= most * kLeastShare) return;
+    window->resize(qRound(resizer.WidthFor(highest - above)), highest);
   };
   QMetaObject::invokeMethod(window, hold, Qt::QueuedConnection);
 }

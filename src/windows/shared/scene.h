@@ -48,7 +48,7 @@ class Scene {
 // `above` is the height of what stands over the scene, such as a menu bar, in pixels.
 void FitAtLaunch(QWidget* window, const ControlResizer& resizer, int above);
 
-// Ties the height of a window to its width, as long as the screen has room for that and the person
+// Ties the height of a window to its width, as far as the screen has room for that and the person
 // has not maximised it. Called from the window's resize event; acts after it.
 void HoldRatio(QWidget* window, const ControlResizer& resizer, int above);
 

@@ -49,6 +49,8 @@ Form2::Form2(Board& board, QtPictures& pictures, QWidget* parent)
   FitAtLaunch(this, scene_.resizer(), 0);
 }
 
+Form2::~Form2() { qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)); }
+
 // A step back or forward restores the line score as it stood; its copy here follows.
 void Form2::FollowSteps() {
   board_.history->Observe([self = QPointer(this)] {

@@ -17,6 +17,10 @@ class Form2 : public QDialog {
   Q_OBJECT
  public:
   Form2(Board& board, QtPictures& pictures, QWidget* parent);
+  // The controls go before what they look at, as on the board.
+  ~Form2() override;
+  Form2(const Form2&) = delete;
+  Form2& operator=(const Form2&) = delete;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

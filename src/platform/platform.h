@@ -196,6 +196,7 @@ class Clock {
 class Archives;
 class Database;
 class DatabaseCopies;
+class OldDatabase;
 class Workbooks;
 
 struct Platform {
@@ -207,6 +208,7 @@ struct Platform {
   Pages& pages;
   Database& database;
   DatabaseCopies& copies;
+  OldDatabase& old;
   Workbooks& workbooks;
   SpreadsheetProgram& spreadsheets;
   Clipboard& clipboard;

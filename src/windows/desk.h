@@ -8,6 +8,7 @@
 #include "aids/aids_state.h"
 #include "aids/random_generator.h"
 #include "game/history.h"
+#include "platform/jet/jet_database.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/qt/qt_keyboard.h"
 #include "platform/qt/qt_pictures.h"
@@ -65,6 +66,7 @@ class Desk {
   QtSettingsStore settings_;
   SqliteDatabase database_;
   SqliteCopies copies_;
+  JetDatabase old_;
   XlsxWorkbooks workbooks_;
   QtSpreadsheetProgram ownSpreadsheets_;
   QtClipboard clipboard_;

@@ -8,7 +8,6 @@
 #include "aids/aids_state.h"
 #include "aids/random_generator.h"
 #include "game/history.h"
-#include "platform/jet/jet_database.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/qt/qt_keyboard.h"
 #include "platform/qt/qt_pictures.h"
@@ -21,6 +20,7 @@
 #include "platform/zip/zip_archives.h"
 #include "windows/board/form1.h"
 #include "windows/boxes/window_boxes.h"
+#include "windows/browser/busy_old_database.h"
 
 namespace dtb {
 
@@ -66,7 +66,7 @@ class Desk {
   QtSettingsStore settings_;
   SqliteDatabase database_;
   SqliteCopies copies_;
-  JetDatabase old_;
+  BusyOldDatabase old_;
   XlsxWorkbooks workbooks_;
   QtSpreadsheetProgram ownSpreadsheets_;
   QtClipboard clipboard_;

@@ -65,13 +65,10 @@ OldOffer Offer(Platform& platform, const std::string& complaint, const OldConten
 }  // namespace
 
 std::string WordsOf(const OldContents& contents) {
-  constexpr std::array kTables{"of batting", "of pitching", "of line scores", "of wins and losses",
-                               "of matchups"};
-  std::string words = Counted(contents.games, "game") + ": ";
+  constexpr std::array kTables{"batting", "pitching", "line scores", "wins and losses", "matchups"};
+  std::string words = Counted(contents.games, "game") + ", in rows: ";
   for (std::size_t i = 0; i < contents.rows.size() && i < kTables.size(); ++i) {
-    const int rows = static_cast<int>(contents.rows[i]);
-    words += i == 0 ? Counted(rows, "row") + " " : ", " + std::to_string(rows) + " ";
-    words += kTables[i];
+    words += (i > 0 ? ", " : "") + std::string(kTables[i]) + ' ' + std::to_string(contents.rows[i]);
   }
   return words;
 }

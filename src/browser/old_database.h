@@ -9,8 +9,7 @@ namespace dtb {
 
 struct OldContents;
 
-// "3 games: 42 rows of batting, 20 of pitching, 6 of line scores, 6 of wins and losses, 3 of
-// matchups".
+// "3 games, in rows: batting 42, pitching 20, line scores 6, wins and losses 6, matchups 3".
 [[nodiscard]] std::string WordsOf(const OldContents& contents);
 
 // What becomes of a file that makes room for another database.

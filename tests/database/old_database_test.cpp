@@ -82,10 +82,10 @@ TEST_F(OldDatabaseTest, AllOfItIsTakenOver) {
     desk.told.clear();
     OpenBrowser(browser);
     ASSERT_EQ(desk.told.size(), 2U) << testing::PrintToString(desk.told);
-    EXPECT_NE(desk.told[0].find("an old one of the Jet format.\n\nIt holds 3 games: 42 rows of "
-                                "batting, 20 of pitching, 6 of line scores, 6 of wins and losses, "
-                                "3 of matchups."),
-              std::string::npos)
+    EXPECT_NE(
+        desk.told[0].find("an old one of the Jet format.\n\nIt holds 3 games, in rows: batting "
+                          "42, pitching 20, line scores 6, wins and losses 6, matchups 3."),
+        std::string::npos)
         << desk.told[0];
     EXPECT_EQ(RowsIn(file), RowsIn(kJetFiles / "two.mdb"));
     EXPECT_EQ(ReadAll(folder / aside), bytes);

@@ -14,6 +14,12 @@
 namespace dtb::jet {
 namespace {
 
+#ifdef DTB_SANITIZED
+constexpr bool kSanitized = true;
+#else
+constexpr bool kSanitized = false;
+#endif
+
 void Limit(decltype(RLIMIT_CPU) what, rlim_t most) {
   const rlimit limit{most, most};
   setrlimit(what, &limit);
@@ -25,11 +31,8 @@ void LimitItself() {
   constexpr rlim_t kMemory = rlim_t{1} << 30U;
   Limit(RLIMIT_CPU, kSeconds);
   Limit(RLIMIT_CORE, 0);
-#ifndef __SANITIZE_ADDRESS__  // which takes more than any file for itself
-  Limit(RLIMIT_AS, kMemory);
-#else
-  static_cast<void>(kMemory);
-#endif
+  // The sanitizers take more than any file for themselves.
+  if (!kSanitized) Limit(RLIMIT_AS, kMemory);
 }
 
 void Tell(Frame frame, const Cells& cells = {}) {

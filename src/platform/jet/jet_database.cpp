@@ -3,6 +3,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <optional>
@@ -22,31 +23,27 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Counts the rows of each table, and the games as ReadSavedGames does: two line scores of one
-// GameID are a game, further ones a game of their own.
+// Counts the rows of each table, and the games as ReadSavedGames does: of the line scores of one
+// GameID each of the visitors goes with one of the home team.
 class Counting {
  public:
   void Row(std::size_t table, const jet::Cells& row) {
     if (SavedTables()[table].table != table::kBoxScores) return;
-    Halves& game = lastOf_[row.back().value_or("")];
-    const bool isVisitors = row[row.size() - 2] == "a_VIS";
-    if (isVisitors ? game.visitors : game.home) {
-      ++contents_.games;
-      game = {false, false};
-    }
-    (isVisitors ? game.visitors : game.home) = true;
+    Lines& lines = linesOf_[row.back().value_or("")];
+    const int before = std::max(lines.visitors, lines.home);
+    ++(row[row.size() - 2] == "a_VIS" ? lines.visitors : lines.home);
+    contents_.games += std::max(lines.visitors, lines.home) - before;
   }
   void Totals(const jet::TableTotals& totals) { contents_.rows.push_back(totals.rows); }
   [[nodiscard]] const OldContents& Contents() const { return contents_; }
 
  private:
-  // The halves of a game that were met; both before its first one.
-  struct Halves {
-    bool visitors = true;
-    bool home = true;
+  struct Lines {
+    int visitors = 0;
+    int home = 0;
   };
   OldContents contents_;
-  std::map<std::string, Halves> lastOf_;  // by GameID
+  std::map<std::string, Lines> linesOf_;  // by GameID
 };
 
 // Writes the rows of one table after the other into a database, and holds what it then has against
@@ -162,8 +159,8 @@ OldContents JetDatabase::Contents() {
 
 std::string JetDatabase::TakeOver(const std::string& asideName) {
   // A program that died in the last step has given the file this second name already.
-  const fs::path aside = file_.parent_path() / PathOf(asideName);
   std::error_code error;
+  const fs::path aside = fs::canonical(file_, error).parent_path() / PathOf(asideName);
   if (fs::is_regular_file(fs::symlink_status(aside, error)) &&
       fs::hard_link_count(aside, error) > 1 && fs::equivalent(file_, aside, error)) {
     fs::remove(aside, error);

@@ -10,16 +10,17 @@ faults=$build/soak/faults
 gestures_a_round=2000
 games_a_round=100
 kills_a_round=25
+spoils_a_round=100
 fuzz_seconds=15
 
-rounds=0 gestures=0 games=0 save_kills=0 recovery_kills=0 inputs=0 found=0
+rounds=0 gestures=0 games=0 save_kills=0 recovery_kills=0 spoils=0 inputs=0 found=0
 mkdir -p -- "$faults"
 export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1}
 export ASAN_OPTIONS=${ASAN_OPTIONS:-intercept_tls_get_addr=0}
 
 sums() {
-  printf '%s rounds: %s gestures, %s random games, %s kills of saves, %s kills of recovery, %s inputs of fuzzers, %s faults\n' \
-    "$rounds" "$gestures" "$games" "$save_kills" "$recovery_kills" "$inputs" "$found"
+  printf '%s rounds: %s gestures, %s random games, %s kills of saves, %s kills of recovery, %s spoiled old databases, %s inputs of fuzzers, %s faults\n' \
+    "$rounds" "$gestures" "$games" "$save_kills" "$recovery_kills" "$spoils" "$inputs" "$found"
 }
 
 time_is_over() { ((SECONDS >= deadline)); }
@@ -69,6 +70,12 @@ kill_recovery() {
   recovery_kills=$((recovery_kills + 2 * kills_a_round))
 }
 
+spoil_old_databases() {
+  look spoils DTB_SEED="$seed" DTB_SPOILS=$spoils_a_round \
+    "$build/asan/dtb_database_tests" '--gtest_filter=OldDatabaseTest.SpoiledFiles' || return 0
+  spoils=$((spoils + spoils_a_round))
+}
+
 # An input that shows a fault is kept, and the next rounds begin with what this one learnt.
 fuzz() {
   local program=$1 name=${1##*/fuzz_} output made input=
@@ -93,7 +100,7 @@ until time_is_over; do
   seed=$((RANDOM << 15 | RANDOM))
   rounds=$((rounds + 1))
   echo "Round $rounds, seed $seed"
-  for step in play_monkey play_random_games kill_saves kill_recovery; do
+  for step in play_monkey play_random_games kill_saves kill_recovery spoil_old_databases; do
     time_is_over || "$step"
   done
   for fuzzer in "$build"/fuzz/fuzz_*; do

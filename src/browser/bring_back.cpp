@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "browser/copies.h"
+#include "browser/old_database.h"
 #include "browser/saved_games.h"
 #include "game/text_cell.h"
 #include "platform/database.h"
@@ -138,8 +139,11 @@ const std::string& SelectedName(const CopiesState& state) {
 bool PutInPlace(CopiesDesk& desk, const std::string& name, std::string& done) {
   Platform& platform = desk.platform;
   if (platform.copies.Examine() != DatabaseHealth::Sound) {
-    const std::string aside = platform.copies.Renew(name, DamagedName(platform.clock.Now()));
-    if (!aside.empty()) done = "\n\nThe damaged file is kept beside it as \"" + aside + "\".";
+    const Aside asideFor = AsideFor(platform);
+    const std::string aside = platform.copies.Renew(name, asideFor.name);
+    if (!aside.empty()) {
+      done = "\n\nThe " + asideFor.what + " file is kept beside it as \"" + aside + "\".";
+    }
     return true;
   }
   try {

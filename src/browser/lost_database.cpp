@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "browser/copies.h"
+#include "browser/old_database.h"
 #include "browser/saved_games.h"
 
 namespace dtb {
@@ -38,9 +39,13 @@ bool IsLost(const ProgramError& failure) {
 
 bool OfferAnotherDatabase(Platform& platform, const std::string& complaint,
                           const std::string& title) {
+  std::string words = complaint;
+  const OldOffer offer = OfferTakingOver(platform, words, title);
+  if (offer == OldOffer::TakenOver || offer == OldOffer::Left) return offer == OldOffer::TakenOver;
+  const Aside asideFor = AsideFor(platform);
   std::string passedOver;
   const auto copy = NewestWholeCopy(platform.copies, passedOver);
-  Choice choice{.text = complaint, .title = title};
+  Choice choice{.text = words, .title = title};
   if (copy) {
     choice.text += "\n\nThe newest whole copy is " + copy->words + "." + passedOver;
     choice.answers.emplace_back("Bring back this copy");
@@ -60,13 +65,14 @@ bool OfferAnotherDatabase(Platform& platform, const std::string& complaint,
                           BoxIcon::Information, title);
       return true;
     }
-    const std::string aside = platform.copies.Renew(
-        empty ? std::nullopt : std::optional(copy->name), DamagedName(platform.clock.Now()));
+    const std::string aside =
+        platform.copies.Renew(empty ? std::nullopt : std::optional(copy->name), asideFor.name);
     const std::string done =
         empty ? "An empty database is in place." : "In place is " + copy->words + ".";
     platform.boxes.Show(
-        done +
-            (aside.empty() ? "" : "\n\nThe damaged file is kept beside it as \"" + aside + "\"."),
+        done + (aside.empty()
+                    ? ""
+                    : "\n\nThe " + asideFor.what + " file is kept beside it as \"" + aside + "\"."),
         BoxIcon::Information, title);
     return true;
   } catch (const ProgramError& failure) {

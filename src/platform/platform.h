@@ -200,6 +200,7 @@ class Clock {
 class Archives;
 class Database;
 class DatabaseCopies;
+class OldDatabase;
 class Workbooks;
 
 struct Platform {
@@ -211,6 +212,7 @@ struct Platform {
   Pages& pages;
   Database& database;
   DatabaseCopies& copies;
+  OldDatabase& old;
   Workbooks& workbooks;
   SpreadsheetProgram& spreadsheets;
   Clipboard& clipboard;

@@ -8,6 +8,7 @@
 #include "platform/archive.h"
 #include "platform/database.h"
 #include "platform/database_copies.h"
+#include "platform/old_database.h"
 #include "platform/platform.h"
 #include "platform/workbook.h"
 
@@ -25,6 +26,7 @@ struct QuietDesktop : MessageBoxes,
                       Sounds,
                       Database,
                       DatabaseCopies,
+                      OldDatabase,
                       Workbooks,
                       Archives,
                       RandomGenerator {
@@ -95,6 +97,9 @@ struct QuietDesktop : MessageBoxes,
                     const std::string& /*asideName*/) override {
     return {};
   }
+  bool StandsInPlace() override { return false; }
+  OldContents Contents() override { return {}; }
+  std::string TakeOver(const std::string& /*asideName*/) override { return {}; }
   std::unique_ptr<Archive> OpenArchive(const std::filesystem::path& zipOrFolder) override {
     throw ProgramError(error_number::kFileNotFound, zipOrFolder.string() + " does not exist.");
   }
@@ -103,12 +108,14 @@ struct QuietDesktop : MessageBoxes,
   }
 };
 
-// All ports of a desktop, apart from those that are often real ones. No copies: the desktop's own.
+// All ports of a desktop, apart from those that are often real ones. No copies, no old database:
+// the desktop's own.
 inline Platform PlatformOf(QuietDesktop& desk, Database& database, Workbooks& workbooks,
                            const std::filesystem::path& programFolder = {},
-                           DatabaseCopies* copies = nullptr) {
+                           DatabaseCopies* copies = nullptr, OldDatabase* old = nullptr) {
   if (copies == nullptr) copies = &desk;
-  return {desk,      desk, desk, desk, desk, desk, database, *copies,
+  if (old == nullptr) old = &desk;
+  return {desk,      desk, desk, desk, desk, desk, database, *copies,      *old,
           workbooks, desk, desk, desk, desk, desk, desk,     programFolder};
 }
 

@@ -7,6 +7,7 @@
 
 #include "replay/gesture_forms.h"
 #include "replay/gestures.h"
+#include "replay/import_command.h"
 #include "seasons/teams_command.h"
 
 namespace dtb::replay {
@@ -45,6 +46,10 @@ Teams
   teams makes team files of a season's archive, a zip or a folder, into FOLDER: of the line-up used
   most, or with --game that of one game. --batting and --pitching write the figures counted as tables;
   --replace writes over team files that differ.
+
+Old databases
+  import makes a new database NEW.mdb of an old one of the Jet format, with all its games, and compares
+  counts and sums of both. OLD.mdb stays as it is.
 )";
 
 constexpr std::array kFlags{"help", "version", "gestures", "check",      "show",
@@ -108,8 +113,8 @@ CommandLine CommandLineOf(const QStringList& arguments) {
 }
 
 QString HelpText() {
-  return QString("Usage: %1 [OPTION]... SCRIPT|FOLDER...\n       %1 %2\n\n%3")
-      .arg(kName, seasons::kTeamsUsage, kHelp);
+  return QString("Usage: %1 [OPTION]... SCRIPT|FOLDER...\n       %1 %2\n       %1 %3\n\n%4")
+      .arg(kName, seasons::kTeamsUsage, kImportUsage, kHelp);
 }
 
 QString GesturesText() {

@@ -9,6 +9,7 @@
 #include "replay/command_line.h"
 #include "replay/game_state.h"
 #include "replay/gestures.h"
+#include "replay/import_command.h"
 #include "replay/player.h"
 #include "replay/program_files.h"
 #include "replay/script_check.h"
@@ -188,6 +189,10 @@ int Main(int argc, char** argv) {
   if (arguments.value(0) == "teams" && arguments.value(1) != "--help" &&
       arguments.value(1) != "-h") {
     return MakeTeams({argv + 2, argv + argc});
+  }
+  if (arguments.value(0) == "import" && arguments.value(1) != "--help" &&
+      arguments.value(1) != "-h") {
+    return RunImport({argv + 2, argv + argc});
   }
   CommandLine line;
   try {

@@ -13,6 +13,7 @@
 #include "aids/charts.h"
 #include "aids/quick_boxes.h"
 #include "aids/recovery.h"
+#include "browser/old_database.h"
 #include "game/start_up.h"
 #include "platform/qt/qt_text.h"
 #include "shell/log_file.h"
@@ -74,6 +75,7 @@ Desk::Desk(const Setup& setup)
     : settings_(setup.settingsFile),
       database_(setup.programFolder / kDatabaseFile),
       copies_(setup.programFolder / kDatabaseFile),
+      old_(setup.programFolder / kDatabaseFile),
       platform_{boxes_,
                 setup.dialogs != nullptr ? *setup.dialogs : ownDialogs_,
                 pictures_,
@@ -82,6 +84,7 @@ Desk::Desk(const Setup& setup)
                 setup.pages != nullptr ? *setup.pages : ownPages_,
                 database_,
                 copies_,
+                old_,
                 workbooks_,
                 setup.spreadsheets != nullptr ? *setup.spreadsheets : ownSpreadsheets_,
                 clipboard_,
@@ -138,6 +141,7 @@ void Desk::Open() {
                              FromQt(settings_.damagedFile()) + "\", and the settings start afresh.",
                          BoxIcon::Warning, "Settings");
   }
+  OfferTakingOverAtStart(platform_);
   if (!recovery_) return;
   OfferRecovery(board_, aids_, *recovery_);
   if (recovery_->takenByAnother()) {

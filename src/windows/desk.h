@@ -20,6 +20,7 @@
 #include "platform/zip/zip_archives.h"
 #include "windows/board/form1.h"
 #include "windows/boxes/window_boxes.h"
+#include "windows/browser/busy_old_database.h"
 
 namespace dtb {
 
@@ -66,6 +67,7 @@ class Desk {
   QtSettingsStore settings_;
   SqliteDatabase database_;
   SqliteCopies copies_;
+  BusyOldDatabase old_;
   XlsxWorkbooks workbooks_;
   QtSpreadsheetProgram ownSpreadsheets_;
   QtClipboard clipboard_;

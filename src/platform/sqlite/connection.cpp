@@ -10,6 +10,7 @@
 
 #include "platform/database.h"
 #include "platform/paths.h"
+#include "platform/sqlite/jet_head.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "platform/text.h"
 #include "sheet/text_order.h"
@@ -98,6 +99,9 @@ constexpr std::array<Complaint, 9> kComplaints{{
 
 [[noreturn]] void Throw(int code, const std::string& message, const std::filesystem::path& file) {
   constexpr int kPrimaryCode = 0xFF;
+  if ((code & kPrimaryCode) == SQLITE_NOTADB && IsOfJetFormat(file)) {
+    OutOfReach(error_number::kInvalidFileFormat, file, "is an old one of the Jet format.");
+  }
   for (const Complaint& complaint : kComplaints) {
     if ((code & kPrimaryCode) == complaint.code) {
       OutOfReach(complaint.number, file, complaint.text);

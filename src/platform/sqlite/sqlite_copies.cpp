@@ -309,22 +309,34 @@ void SqliteCopies::BringBack(const std::string& name) {
 
 std::string SqliteCopies::Renew(const std::optional<std::string>& copy,
                                 const std::string& asideName) {
-  const fs::path place = Target(file_);
-  Beside beside(place);
-  Told(file_, [&] {
-    SQLite::Database made = beside.Open();
-    if (!copy)
-      return static_cast<void>(made.exec(std::string("BEGIN; ") + sqlite::kSchema + " COMMIT;"));
-    SQLite::Database source = OpenSound(PathOfCopy(*copy), longestWait_);
-    BackUp(source, made);
-    HoldStill(source);
-    HoldStill(made);
-    if (!SameContents(source, made)) throw SQLite::Exception("not the same", SQLITE_IOERR);
+  return PutNewDatabase(file_, asideName, [&](SQLite::Database& made) {
+    if (copy) {
+      SQLite::Database source = OpenSound(PathOfCopy(*copy), longestWait_);
+      BackUp(source, made);
+      HoldStill(source);
+      HoldStill(made);
+      if (!SameContents(source, made)) throw SQLite::Exception("not the same", SQLITE_IOERR);
+    } else {
+      made.exec(std::string("BEGIN; ") + sqlite::kSchema + " COMMIT;");
+    }
+    RequireLost();
   });
-  if (Examine() == DatabaseHealth::Sound) {
-    throw ProgramError(error_number::kPermissionDenied,
-                       sqlite::Named(file_) + " is there again, and sound.");
-  }
+}
+
+void SqliteCopies::RequireLost() {
+  if (Examine() != DatabaseHealth::Sound) return;
+  throw ProgramError(error_number::kPermissionDenied,
+                     sqlite::Named(file_) + " is there again, and sound.");
+}
+
+std::string PutNewDatabase(const fs::path& file, const std::string& asideName,
+                           const std::function<void(SQLite::Database&)>& fill) {
+  const fs::path place = Target(file);
+  Beside beside(place);
+  Told(file, [&] {
+    SQLite::Database made = beside.Open();
+    fill(made);
+  });
   const bool stood = fs::exists(fs::symlink_status(place));
   const fs::path aside = FreePath(place.parent_path(), asideName);
   SetAside(place, aside);

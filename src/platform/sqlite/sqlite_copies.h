@@ -3,11 +3,23 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 
 #include "platform/database_copies.h"
 #include "platform/sqlite/sqlite_database.h"
 
+namespace SQLite {
+class Database;
+}
+
 namespace dtb {
+
+// Makes a new database, which `fill` fills, and puts it in the place of `file`, whole or not at
+// all; a symbolic link stays, and what it points at is replaced. A file that stands there goes on
+// beside it as `asideName`, or with a number behind it where the name is taken. Returns its name;
+// "" where there was none. Throws ProgramError.
+std::string PutNewDatabase(const std::filesystem::path& file, const std::string& asideName,
+                           const std::function<void(SQLite::Database&)>& fill);
 
 class SqliteCopies : public DatabaseCopies {
  public:
@@ -31,6 +43,7 @@ class SqliteCopies : public DatabaseCopies {
  private:
   [[nodiscard]] std::filesystem::path PathOfCopy(const std::string& name) const;
   void MakeFolder() const;
+  void RequireLost();
   void RemoveUnfinished() const;
 
   std::filesystem::path file_;

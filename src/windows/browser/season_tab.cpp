@@ -8,6 +8,7 @@
 
 #include "browser/grid_format.h"
 #include "browser/queries.h"
+#include "browser/saved_games.h"
 #include "browser/season_words.h"
 #include "game/text_cell.h"
 #include "sheet/text_order.h"
@@ -217,6 +218,7 @@ QWidget* SeasonTab::BuildGames() {
   connect(search_, &QLineEdit::textChanged, this, &SeasonTab::ListNames);
   left->addWidget(search_);
   names_ = MakeGrid("grd_Names", QStringLiteral("Teams and men of the season"), namesGrid_);
+  noName_ = new NoMatch(names_);
   connect(names_, &StatGridView::cellClicked, this,
           [this](int row, int /*column*/) { ChooseListed(row); });
   left->addWidget(names_, 1);
@@ -340,8 +342,10 @@ void SeasonTab::ShowScores() {
   for (int runs = 0; runs <= kMostRunsOfTeam && scores.games > 0; ++runs) {
     const int times = scores.ofTeam.at(static_cast<std::size_t>(runs));
     const QString label = ToQt(RunsLabel(runs, kMostRunsOfTeam));
-    bars.push_back({label, double(times), QString::number(times),
-                    QStringLiteral("%1 runs: %2 times").arg(label).arg(times)});
+    bars.push_back(
+        {label, double(times), QString::number(times),
+         QStringLiteral("%1 %2: %3")
+             .arg(label, QLatin1String(runs == 1 ? "run" : "runs"), ToQt(Counted(times, "time")))});
   }
   runs_->SetBars(std::move(bars));
   bars.clear();
@@ -349,16 +353,16 @@ void SeasonTab::ShowScores() {
     const double mean = month.runs / month.games;
     const QString figure = ToQt(RoundedQuotient(month.runs, month.games, 2));
     bars.push_back({ToQt(month.month), mean, figure,
-                    QStringLiteral("%1: %2 runs a game in %3 games")
-                        .arg(ToQt(month.month), figure)
-                        .arg(month.games)});
+                    QStringLiteral("%1: %2 runs a game in %3")
+                        .arg(ToQt(month.month), figure, ToQt(Counted(month.games, "game")))});
   }
   runsByMonth_->SetBars(std::move(bars));
 }
 
 void SeasonTab::ListNames() {
   if (!now_.season) return;
-  const LikePattern wanted("%" + EscapedForLike(FromQt(search_->text())) + "%", U'\\');
+  const LikePattern wanted("%" + EscapedForLike(FromQt(search_->text())) + "%", U'\\',
+                           LikePattern::Accents::AreFound);
   std::vector<std::vector<std::string>> rows{{"Name", "Team"}};
   now_.listed.clear();
   const auto& teams = now_.season->teams;
@@ -374,6 +378,7 @@ void SeasonTab::ListNames() {
     rows.push_back({entry.name, teams[entry.team].name});
   }
   namesGrid_.Take(GridOf(rows));
+  noName_->AfterSearch(search_->text(), [this] { search_->clear(); });
 }
 
 void SeasonTab::ChooseMan(int man, SeasonRole role) {

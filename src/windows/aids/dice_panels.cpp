@@ -43,7 +43,7 @@ void RunWhile(QTimer& timer, const char* name, int interval, QWidget* panel, Fie
 QPushButton* AddRoll(const char* name, const QString& word, QWidget* panel) {
   auto* roll = new QPushButton(QStringLiteral("ROLL"), panel);
   Name(roll, name, word);
-  roll->setToolTip(QStringLiteral("Rolls these dice; the key X does so too"));
+  roll->setToolTip(QStringLiteral("Rolls these dice (X)"));
   return roll;
 }
 

@@ -10,6 +10,7 @@
 #include "platform/qt/qt_pictures.h"
 #include "seasons/season_desk.h"
 #include "windows/board/edit_actions.h"
+#include "windows/board/next_step.h"
 #include "windows/board/outcome_panel.h"
 #include "windows/board/park_view.h"
 #include "windows/board/play_keys.h"
@@ -46,8 +47,8 @@ class Form1 : public QMainWindow {
   void ViewCharts(int chart);
   void ShowStats();
   void ShowLog();
-  // The size and place at start: the launch shrink, or what the screen has room for; centred, with
-  // a quarter of the free height above.
+  // The size and place at start: those in which the person left the window, else the launch shrink,
+  // or what the screen has room for; centred, with a quarter of the free height above.
   void PlaceAtLaunch();
   void SizeMenu();
   // The scene follows the size of the park.
@@ -59,6 +60,7 @@ class Form1 : public QMainWindow {
   QtPictures& pictures_;
   Scene scene_;
   ParkView* park_ = nullptr;
+  NextStep* next_ = nullptr;
   SidePanel* visitors_ = nullptr;
   SidePanel* home_ = nullptr;
   Scoreboard* scoreboard_ = nullptr;

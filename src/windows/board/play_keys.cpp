@@ -5,7 +5,6 @@
 #include <QVBoxLayout>
 #include <array>
 
-#include "game/outcomes.h"
 #include "game/runners.h"
 #include "teams/batting_order.h"
 #include "windows/boxes/message_box.h"
@@ -32,7 +31,7 @@ constexpr std::array kOtherKeys{
     OtherKey{"N", "The man who is due comes to bat"},
     OtherKey{"Up, Down", "Choose a row of the side at bat"},
     OtherKey{"X", "Roll the dice"},
-    OtherKey{"V", "View the charts, where you left them"},
+    OtherKey{"V", "View the charts; of a new batter, from the first"},
     OtherKey{"Alt + 1 to 9", "View that chart"},
     OtherKey{"Ctrl + F12", "Show or hide the numbered dice"},
     OtherKey{"Enter", "Press, or enter a new entry"},
@@ -153,7 +152,7 @@ bool PlayKeys::PressOutcome(int key) {
   const auto* found = std::ranges::find(kOutcomes, key, &OutcomeEntry::key);
   if (found == kOutcomes.end()) return false;
   ShowPlate(false);
-  RecordOutcome(board_, found->outcome);
+  emit outcomeWanted(found->outcome);
   return true;
 }
 

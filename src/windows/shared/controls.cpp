@@ -92,7 +92,8 @@ void ClickLabel::paintEvent(QPaintEvent* /*event*/) {
   const bool bordered = isDown() || pressed_;
   DrawPlate(painter, rect(), fill, bordered ? kCream : Qt::transparent, bordered ? 3 : 0);
   if (hasFocus()) DrawFocus(painter, rect());
-  const int margin = qMin(6, width() / 12);
+  // Captions that fit are set as large as those beside them, where a pixel or two are missing.
+  const int margin = textFits_ ? qMin(3, width() / 12) : qMin(6, width() / 12);
   QRect inside = rect().adjusted(margin, 0, -margin, 0);
   painter.setPen(text);
   if (this->text().isEmpty()) return DrawHint(painter, inside);

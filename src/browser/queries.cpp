@@ -71,7 +71,9 @@ constexpr const char* kPairings =
     "SELECT Matchup, SUM(Tally) AS Games FROM Matchups GROUP BY Matchup"
     " ORDER BY Matchup COLLATE NAMES, Matchup";
 
-enum class Match { Start, Part };
+// Where the text of the box stands in the column: at its start, anywhere, or at the start of a word
+// of it, so that a surname finds its man.
+enum class Match { Start, Part, Word };
 
 struct QueryTexts {
   const char* select;
@@ -107,18 +109,18 @@ constexpr std::array<QueryButton, kQueries> kButtons{{
 // In the order of the buttons.
 constexpr std::array<QueryTexts, kQueries> kTexts{{
     {kPitchingRows, "Team", Match::Start, kOldestFirst, kStoredPitchingLayout},
-    {kPitchingRows, "Pitcher", Match::Start, kNewestFirst, kPitchingRowsLayout},
+    {kPitchingRows, "Pitcher", Match::Word, kNewestFirst, kPitchingRowsLayout},
     {kBattingRows, "Team", Match::Start, kOldestFirst, kBattingRowsLayout},
     {kLineScores, nullptr, {}, kGamesNewestFirst, kAllLineScoresLayout},
-    {kBattingRows, "Batter", Match::Start, kNewestFirst, kBattingRowsLayout},
+    {kBattingRows, "Batter", Match::Word, kNewestFirst, kBattingRowsLayout},
     {kBattingTotals, nullptr, {}, kByTeamAndBatter, kBattingTotalsLayout},
-    {kBattingTotals, "Batter", Match::Start, kByTeamAndBatter, kBattingTotalsLayout},
+    {kBattingTotals, "Batter", Match::Word, kByTeamAndBatter, kBattingTotalsLayout},
     {kBattingTotals, "Team", Match::Start, kByTeamAndBatter, kBattingTotalsLayout},
     {kBattingRows, "GameID", Match::Part, kAsStored, kBattingRowsLayout},
     {kPitchingRows, "GameID", Match::Part, kAsStored, kPitchingRowsLayout},
     {kLineScores, "GameID", Match::Part, kAsStored, kLineScoreLayout},
     {kPitchingTotals, "Team", Match::Start, kByTeamAndPitcher, kPitchingTotalsLayout},
-    {kPitchingTotals, "Pitcher", Match::Start, kByTeamAndPitcher, kPitchingTotalsLayout},
+    {kPitchingTotals, "Pitcher", Match::Word, kByTeamAndPitcher, kPitchingTotalsLayout},
     {kPitchingTotals, nullptr, {}, kByTeamAndPitcher, kPitchingTotalsLayout},
     {kStandings, nullptr, {}, "", kSumsLayout},
     {kPairings, nullptr, {}, "", kSumsLayout},
@@ -128,8 +130,13 @@ Statement StatementOf(const QueryTexts& texts, const std::string& box, std::stop
   if (texts.searched == nullptr) {
     return {std::string(texts.select) + texts.tail, {}, std::move(stop)};
   }
-  return {std::string(texts.select) + " WHERE " + texts.searched + " LIKE ?1" + texts.tail,
-          {(texts.match == Match::Part ? "%" : "") + box + "%"},
+  const std::string column = texts.searched;
+  std::string found = "finds(?1, " + column + ")";
+  // A blank before the name makes its first word one like the others.
+  if (texts.match == Match::Word) found = "finds(?1, ' ' || " + column + ")";
+  const char* before = texts.match == Match::Part ? "%" : texts.match == Match::Word ? "% " : "";
+  return {std::string(texts.select) + " WHERE " + found + texts.tail,
+          {before + box + "%"},
           std::move(stop)};
 }
 

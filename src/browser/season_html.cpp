@@ -1,6 +1,7 @@
 #include "browser/season_html.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "browser/season_standings.h"
 #include "browser/season_words.h"
@@ -34,13 +35,21 @@ std::string Class(const LineLook& look) {
   return "class=\"line c" + std::to_string(look.colour) + " d" + std::to_string(look.dash) + "\"";
 }
 
-// The drawing's own units.
-constexpr double kWide = 900;
-constexpr double kHigh = 420;
-constexpr double kLeft = 44;
-constexpr double kRight = 890;
+// A drawing's own units.
+struct Sheet {
+  const char* name;  // of the style
+  double wide;
+  double high;          // more where that many names do not fit
+  double names;         // the room at the right
+  std::size_t letters;  // of a name
+  int marks;            // at the left, at most
+};
+constexpr Sheet kWideSheet{"wide", 900, 420, 180, 24, 9};
+constexpr Sheet kNarrowSheet{"narrow", 340, 320, 104, 13, 6};
+constexpr double kLeft = 32;
 constexpr double kTop = 10;
-constexpr double kBottom = 390;
+constexpr double kFoot = 30;
+constexpr double kNameHeight = 15;
 
 std::string Units(double value) { return FixedDecimals(value, 1); }
 
@@ -52,6 +61,141 @@ std::string LineAcross(double x1, double y1, double x2, double y2) {
 std::string TextAt(double x, double y, const char* anchor, const std::string& text) {
   return "<text x=\"" + Units(x) + "\" y=\"" + Units(y) + "\" text-anchor=\"" + anchor + "\">" +
          PageText(text) + "</text>";
+}
+
+// The first letters of a name that is too long.
+std::string Shortened(std::string_view name, std::size_t letters) {
+  std::string kept;
+  std::string_view rest = name;
+  for (std::size_t i = 0; i < letters && !rest.empty(); ++i) {
+    const std::size_t bytes = FirstCharacter(rest).bytes;
+    kept.append(rest.substr(0, bytes));
+    rest.remove_prefix(bytes);
+  }
+  if (rest.empty()) return kept;
+  while (kept.ends_with(' ')) kept.pop_back();
+  return kept + "\u2026";
+}
+
+// Where names stand beside the ends of their lines, none over another.
+std::vector<double> Spread(const std::vector<double>& wanted, double lowest) {
+  std::vector<std::size_t> order(wanted.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::ranges::stable_sort(order, {}, [&](std::size_t i) { return wanted[i]; });
+  std::vector<double> places = wanted;
+  double next = kTop;
+  for (const std::size_t i : order) {
+    places[i] = std::max(places[i], next);
+    next = places[i] + kNameHeight;
+  }
+  double last = lowest;
+  for (std::size_t i = order.size(); i-- > 0;) {
+    double& place = places[order[i]];
+    place = std::min(place, last);
+    last = place - kNameHeight;
+  }
+  return places;
+}
+
+class Drawing {
+ public:
+  Drawing(const SeasonFigures& season, const Sheet& sheet)
+      : season_(season), sheet_(sheet), standings_(Standings(season)) {
+    for (const Standing& standing : standings_) {
+      courses_.push_back(CourseOf(season, standing.team));
+      for (const CoursePoint& point : courses_.back()) {
+        lowest_ = std::min(lowest_, point.above);
+        highest_ = std::max(highest_, point.above);
+      }
+    }
+    const double names = double(standings_.size()) * kNameHeight;
+    high_ = std::max(sheet.high, kTop + names + kFoot);
+  }
+
+  [[nodiscard]] std::string Text() const {
+    return std::string("<svg class=\"").append(sheet_.name) + "\" viewBox=\"0 0 " +
+           DecimalText(sheet_.wide) + " " + DecimalText(high_) +
+           "\" role=\"img\" aria-label=\"Games above .500\">\n" + Axes() + Lines() + Names() +
+           "\n</svg>\n";
+  }
+
+ private:
+  [[nodiscard]] double right() const { return sheet_.wide - sheet_.names; }
+  [[nodiscard]] double bottom() const { return high_ - kFoot; }
+  [[nodiscard]] double Across(int game) const {
+    const double games = std::max<double>(1, static_cast<double>(season_.games.size()));
+    return kLeft + (right() - kLeft) * game / games;
+  }
+  [[nodiscard]] double Up(double above) const {
+    return bottom() - (bottom() - kTop) * (above - lowest_) / std::max(1, highest_ - lowest_);
+  }
+  [[nodiscard]] const std::string& NameOf(std::size_t place) const {
+    return season_.teams[standings_[place].team].name;
+  }
+
+  [[nodiscard]] std::string Axes() const {
+    std::string axes;
+    for (const double mark : AxisMarks(lowest_, highest_, sheet_.marks, 1)) {
+      axes += LineAcross(kLeft, Up(mark), right(), Up(mark)) +
+              TextAt(kLeft - 6, Up(mark) + 4, "end", DecimalText(mark));
+    }
+    double free = 0;
+    constexpr double kMonthRoom = 80;
+    for (const MonthMark& mark : MonthMarks(season_)) {
+      const double x = Across(mark.game);
+      axes += LineAcross(x, kTop, x, bottom());
+      if (x < free || x + kMonthRoom > sheet_.wide) continue;
+      axes += TextAt(x, bottom() + 20, "start", mark.month);
+      free = x + kMonthRoom;
+    }
+    return axes;
+  }
+
+  [[nodiscard]] std::string Lines() const {
+    std::string lines;
+    for (std::size_t place = courses_.size(); place-- > 0;) {
+      lines += "\n<polyline " + Class(LineLookOf(static_cast<int>(place))) + " points=\"";
+      for (const CoursePoint& point : LineOf(courses_[place])) {
+        lines += Units(Across(point.game)) + "," + Units(Up(point.above)) + " ";
+      }
+      lines += "\"><title>" + PageText(NameOf(place)) + "</title></polyline>";
+    }
+    return lines;
+  }
+
+  // Each beside the end of its line, to which a short one leads.
+  [[nodiscard]] std::string Names() const {
+    std::vector<double> ends;
+    for (const auto& course : courses_)
+      ends.push_back(Up(course.empty() ? 0 : course.back().above));
+    const std::vector<double> places = Spread(ends, bottom());
+    std::string names;
+    for (std::size_t place = 0; place < courses_.size(); ++place) {
+      constexpr double kLead = 12;
+      const double from = courses_[place].empty() ? right() : Across(courses_[place].back().game);
+      names += "\n<polyline " + Class(LineLookOf(static_cast<int>(place))) + " points=\"" +
+               Units(from) + "," + Units(ends[place]) + " " + Units(right() + 2) + "," +
+               Units(ends[place]) + " " + Units(right() + kLead) + "," + Units(places[place]) +
+               "\"/>" +
+               TextAt(right() + kLead + 4, places[place] + 4, "start",
+                      Shortened(NameOf(place), sheet_.letters));
+    }
+    return names;
+  }
+
+  const SeasonFigures& season_;
+  const Sheet& sheet_;
+  std::vector<Standing> standings_;
+  std::vector<std::vector<CoursePoint>> courses_;
+  int lowest_ = 0;
+  int highest_ = 0;
+  double high_ = 0;
+};
+
+// "leaders-2", the name of a place of its page.
+std::string PartName(std::size_t number, std::string_view title) {
+  const std::string name = PageFileName(title, number);
+  return name.substr(0, name.size() - std::string_view(".html").size());
 }
 
 }  // namespace
@@ -100,14 +244,45 @@ std::string WholePage(std::string_view title, std::string_view root, std::string
       "</body>\n</html>\n");
 }
 
-std::string PageTable(const std::vector<std::vector<std::string>>& rows) {
-  std::string table = "<div class=\"scroll\"><table>\n<thead>";
+std::string PageTable(const std::vector<std::vector<std::string>>& rows, LastRow last) {
+  std::string table = "<div class=\"scroll\" tabindex=\"0\"><table>\n<thead>";
   for (std::size_t row = 0; row < rows.size(); ++row) {
+    const bool sum = last == LastRow::Sum && row > 0 && row + 1 == rows.size();
     std::string cells;
-    for (const std::string& cell : rows[row]) cells += Tag(row == 0 ? "th" : "td", cell);
-    table += Tag("tr", cells) + (row == 0 ? "</thead>\n<tbody>\n" : "\n");
+    for (const std::string& cell : rows[row]) cells += Tag(row == 0 || sum ? "th" : "td", cell);
+    if (sum) table += "</tbody>\n<tfoot>";
+    table += Tag("tr", cells) + (row == 0 ? "</thead>\n<tbody>\n" : sum ? "</tfoot>" : "\n");
+    if (sum) return table + "</table></div>\n";
   }
   return table + "</tbody></table></div>\n";
+}
+
+std::vector<int> PlacesOf(const std::vector<std::string>& values) {
+  std::vector<int> places;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const bool same = i > 0 && values[i] == values[i - 1];
+    places.push_back(same ? places.back() : static_cast<int>(i) + 1);
+  }
+  return places;
+}
+
+std::string Placed(int place, const std::string& name) {
+  return "<span class=\"placed\"><span class=\"place\">" + std::to_string(place) +
+         "</span><span>" + name + "</span></span>";
+}
+
+std::string PartHeading(std::size_t number, std::string_view title) {
+  return "<h2 id=\"" + PartName(number, title) + "\">" + PageText(title) + "</h2>\n";
+}
+
+std::string PageContents(const std::vector<std::string>& titles) {
+  if (titles.size() < 2) return {};
+  std::string contents = "<nav class=\"contents\" aria-label=\"Contents\">";
+  for (std::size_t part = 0; part < titles.size(); ++part) {
+    contents +=
+        "<a href=\"#" + PartName(part + 1, titles[part]) + "\">" + PageText(titles[part]) + "</a> ";
+  }
+  return contents + "</nav>\n";
 }
 
 std::string LineSample(int place) {
@@ -116,47 +291,7 @@ std::string LineSample(int place) {
 }
 
 std::string StandingsDrawing(const SeasonFigures& season) {
-  const std::vector<Standing> standings = Standings(season);
-  std::vector<std::vector<CoursePoint>> courses;
-  int lowest = 0;
-  int highest = 0;
-  for (const Standing& standing : standings) {
-    courses.push_back(CourseOf(season, standing.team));
-    for (const CoursePoint& point : courses.back()) {
-      lowest = std::min(lowest, point.above);
-      highest = std::max(highest, point.above);
-    }
-  }
-  const double games = std::max<double>(1, static_cast<double>(season.games.size()));
-  const auto across = [&](int game) { return kLeft + (kRight - kLeft) * game / games; };
-  const auto up = [&](double above) {
-    return kBottom - (kBottom - kTop) * (above - lowest) / std::max(1, highest - lowest);
-  };
-  std::string drawing = "<svg viewBox=\"0 0 " + DecimalText(kWide) + " " + DecimalText(kHigh) +
-                        "\" role=\"img\" aria-label=\"Games above .500\">\n";
-  constexpr int kMostMarks = 9;
-  for (const double mark : AxisMarks(lowest, highest, kMostMarks, 1)) {
-    drawing += LineAcross(kLeft, up(mark), kRight, up(mark)) +
-               TextAt(kLeft - 6, up(mark) + 4, "end", DecimalText(mark));
-  }
-  double free = 0;
-  constexpr double kMonthRoom = 80;
-  for (const MonthMark& mark : MonthMarks(season)) {
-    const double x = across(mark.game);
-    drawing += LineAcross(x, kTop, x, kBottom);
-    if (x < free || x + kMonthRoom > kWide) continue;
-    drawing += TextAt(x, kBottom + 20, "start", mark.month);
-    free = x + kMonthRoom;
-  }
-  for (std::size_t place = courses.size(); place-- > 0;) {
-    drawing += "\n<polyline " + Class(LineLookOf(static_cast<int>(place))) + " points=\"";
-    for (const CoursePoint& point : LineOf(courses[place])) {
-      drawing += Units(across(point.game)) + "," + Units(up(point.above)) + " ";
-    }
-    drawing +=
-        "\"><title>" + PageText(season.teams[standings[place].team].name) + "</title></polyline>";
-  }
-  return drawing + "\n</svg>\n";
+  return Drawing(season, kWideSheet).Text() + Drawing(season, kNarrowSheet).Text();
 }
 
 const char* PageStyle() {
@@ -173,15 +308,34 @@ body { max-width: 70em; margin: 0 auto; padding: 1em; color: var(--ink); backgro
 h1, h2, h3 { line-height: 1.2; }
 a { color: var(--link); }
 a:focus-visible { outline: 2px solid currentColor; outline-offset: 2px; }
-.scroll { overflow-x: auto; margin: 0.6em 0 1.2em; }
+:root { --shade: rgba(60, 50, 20, 0.45); }
+@media (prefers-color-scheme: dark) { :root { --shade: rgba(0, 0, 0, 0.8); } }
+nav a { display: inline-block; padding: 0.3em 0; margin-right: 1.2em; }
+.contents { margin: 0 0 1em; padding: 0.2em 0; border-bottom: 1px solid var(--edge); }
+.scroll { overflow-x: auto; margin: 0.6em 0 1.2em; width: fit-content; max-width: 100%;
+  background: linear-gradient(to left, var(--ground) 40%, transparent) right / 3em 100% no-repeat local,
+    linear-gradient(to left, var(--shade), transparent) right / 1em 100% no-repeat scroll; }
+.scroll:focus-visible { outline: 2px solid currentColor; }
 .boards { display: grid; grid-template-columns: repeat(auto-fill, minmax(17em, 1fr)); gap: 0 1.5em; }
 .boards section { min-width: 0; }
-table { border-collapse: collapse; min-width: 60%; overflow-wrap: normal; }
-th, td { padding: 0.25em 0.6em; border: 1px solid var(--edge); text-align: right; }
-th:first-child, td:first-child { text-align: left; min-width: 8em; max-width: 22em; overflow-wrap: anywhere; }
-thead th { color: var(--headink); background: var(--head); }
+table { border-collapse: separate; border-spacing: 0; border: solid var(--edge); border-width: 1px 0 0 1px; overflow-wrap: normal; }
+th, td { padding: 0.25em 0.6em; border: solid var(--edge); border-width: 0 1px 1px 0; text-align: right; }
+th:first-child, td:first-child { position: sticky; left: 0; background: var(--ground);
+  text-align: left; min-width: 8em; max-width: 22em; overflow-wrap: anywhere; }
+thead th { color: var(--headink); background: transparent; }
+thead tr { background: var(--head); }
+thead th:first-child { background: var(--head); }
+tfoot th { border-top: 2px solid var(--edge); }
+.placed { display: flex; gap: 0.5em; align-items: baseline; }
+.place { min-width: 1.2em; text-align: right; }
+.boards table { width: 100%; }
+.boards .scroll { width: auto; }
+.boards th:nth-child(2), .boards td:nth-child(2) { text-align: left; }
 svg { display: block; width: 100%; height: auto; }
 svg.sample { display: inline-block; width: 1.8em; vertical-align: middle; margin-right: 0.5em; }
+svg.narrow { display: none; }
+@media (max-width: 46em) { svg.wide { display: none; } svg.narrow { display: block; } }
+@media (max-width: 30em) { th:first-child, td:first-child { min-width: 6em; max-width: 9em; } th, td { padding: 0.25em 0.4em; } }
 svg text { fill: var(--ink); font-size: 13px; }
 .grid { stroke: var(--edge); stroke-width: 1; }
 .line { fill: none; stroke-width: 1.6; }

@@ -161,7 +161,8 @@ class PageWriter {
   }
 
   [[nodiscard]] std::string FirstPage() const {
-    std::string page = Paragraph(ScoresText(CountScores(season_))) + Heading("h2", "Standings") +
+    std::string page = PageContents({"Standings", "Leaders", "Games"}) +
+                       Paragraph(ScoresText(CountScores(season_))) + PartHeading(1, "Standings") +
                        StandingsDrawing(season_);
     if (season_.mixedGames > 0) {
       page += Paragraph(
@@ -171,11 +172,17 @@ class PageWriter {
     }
     Cells standings = StandingsTable(season_);
     const std::vector<Standing> order = Standings(season_);
-    for (std::size_t place = 0; place < order.size(); ++place) {
-      standings[place + 1].front() =
-          LineSample(static_cast<int>(place)) + TeamLink(order[place].team, "");
+    std::vector<std::string> records;
+    for (const Standing& standing : order) {
+      const SeasonTeam& team = season_.teams[standing.team];
+      records.push_back(RecordText(team.wins, team.losses, team.ties()));
     }
-    page += PageTable(standings) + Heading("h2", "Leaders") +
+    const std::vector<int> places = PlacesOf(records);
+    for (std::size_t place = 0; place < order.size(); ++place) {
+      standings[place + 1].front() = Placed(
+          places[place], LineSample(static_cast<int>(place)) + TeamLink(order[place].team, ""));
+    }
+    page += PageTable(standings) + PartHeading(2, "Leaders") +
             Paragraph(
                 "For both averages: 3.1 plate appearances, that is at-bats and walks, or 1 "
                 "inning, for each game of the man's team. Innings are counted in thirds.") +
@@ -183,7 +190,7 @@ class PageWriter {
     for (const SeasonLead lead : kSeasonLeads) {
       page += "<section>" + Heading("h3", LeadTitle(lead)) + LeaderTable(lead) + "</section>\n";
     }
-    page += "</div>\n" + Heading("h2", "Games") + "<ul>\n";
+    page += "</div>\n" + PartHeading(3, "Games") + "<ul>\n";
     for (std::size_t month = 0; month < months_.size(); ++month) {
       page += "<li>" + PageLink(MonthFile(month), months_[month].month) + "</li>\n";
     }
@@ -193,9 +200,14 @@ class PageWriter {
   [[nodiscard]] std::string LeaderTable(SeasonLead lead) const {
     Cells table{{"Name", "Team", ""}};
     const LeaderList list = Leaders(season_, lead, true);
-    for (const SeasonLeader& leader : list.first) {
-      table.push_back(
-          {ManLink(leader.man, ""), TeamLink(season_.men[leader.man].team, ""), leader.text});
+    const std::vector<SeasonLeader>& leaders = list.first;
+    std::vector<std::string> values;
+    for (const SeasonLeader& leader : leaders) values.push_back(leader.text);
+    const std::vector<int> places = PlacesOf(values);
+    for (std::size_t i = 0; i < leaders.size(); ++i) {
+      const SeasonLeader& leader = leaders[i];
+      table.push_back({Placed(places[i], ManLink(leader.man, "")),
+                       TeamLink(season_.men[leader.man].team, ""), leader.text});
     }
     if (list.alsoLast > 0) table.push_back({PageText(MoreText(list)), "", ""});
     return PageTable(table);
@@ -219,9 +231,11 @@ class PageWriter {
 
   [[nodiscard]] std::string TeamPage(int place) const {
     const SeasonTeam& team = season_.teams[place];
-    std::string page = Paragraph(RecordText(team.wins, team.losses, team.ties()) + ", " +
+    std::string page = PageContents({"Batting", "Pitching", "Games"}) +
+                       Paragraph(RecordText(team.wins, team.losses, team.ties()) + ", " +
                                  AboveText(team.above()) + ".");
     for (const SeasonRole role : kSeasonRoles) {
+      SeasonLine total{};
       Cells table{{"Name"}};
       Append(table.front(), LineHeaders(role));
       for (int man = 0; man < Size(season_.men); ++man) {
@@ -229,8 +243,14 @@ class PageWriter {
         if (season_.men[man].team != place || outings.empty()) continue;
         table.push_back({ManLink(man)});
         Append(table.back(), LineTexts(outings.back().total, role));
+        total += outings.back().total;
       }
-      page += Heading("h2", NameOf(role)) + PageTable(table);
+      // A team plays no more games than it has played, however many men played in each.
+      total[batting_line::kGames] = double(team.games.size());
+      table.push_back({"Team"});
+      Append(table.back(), LineTexts(total, role));
+      page += PartHeading(role == SeasonRole::Batting ? 1 : 2, NameOf(role)) +
+              PageTable(table, LastRow::Sum);
     }
     Cells table{{"Day", "Opponent", "", "Score", "Record"}};
     const std::vector<CoursePoint> course = CourseOf(season_, place);
@@ -250,7 +270,7 @@ class PageWriter {
                        RunsText(sides.at(own)) + "-" + RunsText(sides.at(1 - own)),
                        RecordText(wins, losses, ties)});
     }
-    return page + Heading("h2", "Games") + PageTable(table);
+    return page + PartHeading(3, "Games") + PageTable(table);
   }
 
   [[nodiscard]] const std::vector<SeasonOuting>& OutingsOf(int man, SeasonRole role) const {
@@ -260,6 +280,12 @@ class PageWriter {
   [[nodiscard]] std::string ManPage(int place) const {
     const SeasonMan& man = season_.men[place];
     std::string page = "<p>" + TeamLink(man.team) + "</p>\n";
+    std::vector<std::string> parts;
+    for (const SeasonRole role : kSeasonRoles) {
+      if (!OutingsOf(place, role).empty()) parts.emplace_back(NameOf(role));
+    }
+    page += PageContents(parts);
+    std::size_t part = 0;
     for (const SeasonRole role : kSeasonRoles) {
       const auto& outings = OutingsOf(place, role);
       if (outings.empty()) continue;
@@ -271,9 +297,10 @@ class PageWriter {
         Append(games.back(), Counters(LineTexts(outing.line, role), role));
         games.back().push_back(RateText(outing.total, role));
       }
-      page += Heading("h2", NameOf(role)) +
-              PageTable(MonthTable(season_, {man.team, man.name, false, role}, outings)) +
-              PageTable(games);
+      page +=
+          PartHeading(++part, NameOf(role)) +
+          PageTable(MonthTable(season_, {man.team, man.name, false, role}, outings), LastRow::Sum) +
+          PageTable(games);
     }
     return page;
   }
@@ -287,18 +314,24 @@ class PageWriter {
 
   [[nodiscard]] std::string GamePage(int place) const {
     const SeasonGame& game = season_.games[place];
-    std::string page = Paragraph(DayAndTimeText(game.time)) + LineScore(game);
+    std::vector<std::string> names;
+    for (const SeasonSide& side : game.sides) names.push_back(season_.teams[side.team].name);
+    std::string page = PageContents(names) + Paragraph(DayAndTimeText(game.time)) + LineScore(game);
     for (std::size_t side = 0; side < game.sides.size(); ++side) {
-      page += Heading("h2", season_.teams[game.sides.at(side).team].name);
+      page += PartHeading(side + 1, names[side]);
       for (const SeasonRole role : kSeasonRoles) {
+        SeasonLine total{};
         Cells table{{NameOf(role)}};
         Append(table.front(), Counters(LineHeaders(role), role));
         for (const BookEntry& entry :
              book_.games[place].at(side).at(static_cast<std::size_t>(role))) {
           table.push_back({ManLink(entry.man)});
           Append(table.back(), Counters(LineTexts(entry.line, role), role));
+          total += entry.line;
         }
-        page += PageTable(table);
+        table.push_back({"Team"});
+        Append(table.back(), Counters(LineTexts(total, role), role));
+        page += PageTable(table, LastRow::Sum);
       }
     }
     return page;

@@ -10,6 +10,9 @@ namespace dtb {
 // One letter for one: "ß" stays, and no letter loses its accent.
 [[nodiscard]] char32_t FoldedLetter(char32_t letter);
 
+// The letter without its accents, "n" for "ñ"; any other character itself.
+[[nodiscard]] char32_t PlainLetter(char32_t letter);
+
 // The order of names in lists: signs, digits, then Latin, Greek and Cyrillic letters, without
 // regard to case or accents. Negative, 0 or positive, as the first UTF-8 text stands before, beside
 // or behind the second. Bytes that are no UTF-8 stand together, behind all letters.

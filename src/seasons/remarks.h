@@ -13,8 +13,9 @@ enum class NameForm { FirstLast, LastFirst };
 
 // How lines of a team file are made.
 struct LineForm {
-  std::string batters = "{pos} {bats} {avg} {hr} HR {power} {speed}";
-  std::string pitchers = "P {throws} {ip} IP {h} H {bb} BB {k} K {era} ERA {role}";
+  // What the dice game reads comes first, since a narrow list may cut the end.
+  std::string batters = "{pos} {bats} {avg} {power} {speed} {hr} HR";
+  std::string pitchers = "P {throws} {era} ERA {role} {ip} IP {h} H {bb} BB {k} K";
   NameForm names = NameForm::FirstLast;
   friend bool operator==(const LineForm&, const LineForm&) = default;
 };

@@ -34,7 +34,8 @@ char32_t Folded(char32_t letter) {
 
 }  // namespace
 
-LikePattern::LikePattern(std::string_view pattern, char32_t escape) {
+LikePattern::LikePattern(std::string_view pattern, char32_t escape, Accents accents)
+    : findsAccents_(accents == Accents::AreFound) {
   while (!pattern.empty()) {
     const char32_t mark = TakeCharacter(pattern);
     if (mark == escape && escape != kNoEscape) {
@@ -45,6 +46,11 @@ LikePattern::LikePattern(std::string_view pattern, char32_t escape) {
       marks_ += mark == U'_' ? kAnyCharacter : Folded(mark);
     }
   }
+}
+
+bool LikePattern::Fits(char32_t mark, char32_t character) const {
+  const char32_t letter = Folded(character);
+  return mark == kAnyCharacter || mark == letter || (findsAccents_ && mark == PlainLetter(letter));
 }
 
 bool LikePattern::Matches(std::string_view text) const {
@@ -61,8 +67,7 @@ bool LikePattern::Matches(std::string_view text) const {
       return mark == marks_.size();
     } else {
       const Utf8Character next = CharacterAt(text);
-      if (mark < marks_.size() &&
-          (marks_[mark] == kAnyCharacter || marks_[mark] == Folded(next.code))) {
+      if (mark < marks_.size() && Fits(marks_[mark], next.code)) {
         ++mark;
         text.remove_prefix(next.bytes);
       } else {

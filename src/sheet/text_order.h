@@ -11,7 +11,10 @@ namespace dtb {
 class LikePattern {
  public:
   static constexpr char32_t kNoEscape = 0;
-  explicit LikePattern(std::string_view pattern, char32_t escape = kNoEscape);
+  // A plain letter of the pattern may also find those with accents.
+  enum class Accents { Count, AreFound };
+  explicit LikePattern(std::string_view pattern, char32_t escape = kNoEscape,
+                       Accents accents = Accents::Count);
 
   // Takes time in proportion to the text times the pattern at worst.
   [[nodiscard]] bool Matches(std::string_view text) const;
@@ -19,7 +22,10 @@ class LikePattern {
  private:
   static constexpr char32_t kAnyText = 0x110000;  // beyond all characters
   static constexpr char32_t kAnyCharacter = 0x110001;
+  [[nodiscard]] bool Fits(char32_t mark, char32_t character) const;
+
   std::u32string marks_;
+  bool findsAccents_;
 };
 
 // A text as part of a pattern that matches this text alone, with the escape "\".

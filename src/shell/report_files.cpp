@@ -47,7 +47,7 @@ void TellWhereItLies(Platform& platform, const std::string& told, const std::fil
   const bool open =
       platform.boxes.Ask({told + "\n\nThe file is \"" + TextOf(file.filename()) +
                               "\" in the folder \"" + folder + "\".\n\nOpen the folder?",
-                          title});
+                          title, true});
   if (open) platform.pages.Open(folder);
 }
 

@@ -107,7 +107,7 @@ Desk::Desk(const Setup& setup)
   ServeLog();
   if (auto* application = dynamic_cast<Application*>(qApp)) {
     application->ReportTo([this](int number, const std::string& description) {
-      if (recovery_) KeepGame();
+      if (recovery_) recovery_->Keep(TableText(board_, aidsState_), false);
       ReportError(boxes_, number, description);
     });
   }

@@ -10,8 +10,15 @@ XHTML = "{http://www.w3.org/1999/xhtml}"
 PLAIN = "</title>\ufffd \"Bad\" & 'O'Neill' \u00f1\u6771 \ufffd\ufffd"
 
 
+def words(element):
+    """Its text, without the place of an entry among others."""
+    if element.get("class") == "place":
+        return ""
+    return (element.text or "") + "".join(words(part) + (part.tail or "") for part in element)
+
+
 def texts(row):
-    cells = ["".join(cell.itertext()) for cell in row]
+    cells = [words(cell).strip() for cell in row]
     return [cell.replace(PLAIN, "hard") for cell in cells]
 
 
@@ -23,7 +30,9 @@ def main(folder):
             root = html5lib.HTMLParser(strict=True).parse(stream, transport_encoding="utf-8")
         for element in root.iter():
             link = element.get("href") or element.get("src")
-            if link:
+            if link and link.startswith("#"):
+                assert sum(other.get("id") == link[1:] for other in root.iter()) == 1, (page, link)
+            elif link:
                 target = (page.parent / urllib.parse.unquote(link)).resolve()
                 assert target.is_file() and folder in target.parents, (page, link)
                 linked.add(target)

@@ -1,6 +1,8 @@
 #include <QAction>
 #include <QHeaderView>
+#include <QInputMethodEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QTabBar>
 
 #include "windows/browser_form_test.h"
@@ -64,6 +66,60 @@ class BrowserWindowTest : public BrowserFormTest {
     }
   }
 };
+
+TEST_F(BrowserWindowTest, SurnamesAndAccentsAreFoundAndAnEmptySearchShowsTheWayBack) {
+  BrowserFormTest::MakeDatabase(std::string(kSeason) + R"(
+    INSERT INTO Batting (Batter, AB, Team, GameID) VALUES
+      ('Ana Quiñonero', 4, 'Ants', '041219600101'), ('Quincy Abel', 3, 'Bees', '041219600101');
+    INSERT INTO Pitching (Pitcher, IP, Team, GameID) VALUES ('Ló Acevedo', 1, 'Ants', '041219600101');)");
+  struct Search {
+    int tab;
+    const char* box;
+    const char* button;
+    const char* grid;
+    const char* text;
+    QStringList found;
+  };
+  const std::vector<Search> searches{
+      {1, "Text1", "Command5", "MSHFlexGrid2", "quinon", {"Ana Quiñonero"}},
+      {1, "Text1", "Command5", "MSHFlexGrid2", "quiñ", {"Ana Quiñonero"}},
+      {1, "Text1", "Command5", "MSHFlexGrid2", "abe", {"Abel", "Quincy Abel"}},
+      {1, "Text1", "Command5", "MSHFlexGrid2", "bel", {}},
+      {1, "Text2", "Command3", "MSHFlexGrid2", "be", {"Bill", "Quincy Abel", "O'Neill"}},
+      {2, "Text3", "Command2", "MSHFlexGrid3", "lo ac", {"Ló Acevedo"}},
+      {2, "Text3", "Command2", "MSHFlexGrid3", "%x", {}},
+      {3, "Text6", "Command7", "MSHFlexGrid4", "QUIN", {"Ana Quiñonero", "Quincy Abel"}},
+      {4, "Text10", "Command13", "MSHFlexGrid5", "aceve", {"Ló Acevedo"}},
+      {4, "Text10", "Command13", "MSHFlexGrid5", "ácé", {}},
+      {0, "Text9", "Command11", "MSHFlexGrid1", "1960013", {}}};
+  Open([&] {
+    for (const Search& search : searches) {
+      GoTo(search.tab);
+      auto* grid = Part<StatGridView>(search.grid);
+      auto* none = grid->findChild<QWidget*>("NoMatch");
+      auto* box = Part<QLineEdit>(search.box);
+      Click(box);
+      box->selectAll();
+      QInputMethodEvent typed;  // has letters that no key of a plain keyboard has
+      typed.setCommitString(QString::fromUtf8(search.text));
+      QCoreApplication::sendEvent(box, &typed);
+      Press(&form(), Qt::Key_Return);
+      QStringList found;
+      for (int row = 1; row <= grid->model()->rowCount(); ++row) {
+        found.append(Cell(search.grid, row, 1));
+      }
+      EXPECT_EQ(found.join('|'), search.found.join('|')) << search.text;
+      EXPECT_EQ(none->isVisible(), search.found.isEmpty()) << search.text;
+      if (!none->isVisible()) continue;
+      EXPECT_TRUE(none->accessibleName().contains(QString::fromUtf8(search.text)));
+      Click(none->findChild<QWidget*>("cmd_ShowAll"));
+      EXPECT_GT(grid->model()->rowCount(), 2) << search.text;
+      EXPECT_FALSE(none->isVisible()) << search.text;
+      EXPECT_EQ(box->text(), "") << search.text;
+    }
+    CloseForm();
+  });
+}
 
 TEST_F(BrowserWindowTest, MissingDatabaseIsToldOnceAndTheFormIsUsable) {
   const auto messages = AnswerBoxes({Qt::Key_Escape, Qt::Key_Return});

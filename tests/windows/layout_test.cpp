@@ -3,8 +3,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QScrollBar>
 
 #include "teams/game_pieces.h"
+#include "windows/shared/look.h"
 #include "windows/window_test.h"
 
 namespace dtb {
@@ -57,6 +59,132 @@ TEST_F(LayoutTest, NothingIsCutOffOrOutsideItsPanel) {
         EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry())) << FromQt(what);
       }
     }
+  }
+}
+
+// Whole rows at every place of the bar, at every size; what is left below the twelfth is no row.
+TEST_F(LayoutTest, LineUpsShowWholeRows) {
+  QByteArray lines;
+  for (int i = 1; i <= 25; ++i)
+    lines += "Player " + QByteArray::number(i) + "=CF L .301 speed AA\n";
+  const QString file = folder_.filePath(QStringLiteral("Long.txt"));
+  WriteFile(file, lines);
+  OpenTeam(board(), Side::Visitors, FromQt(file));
+  auto* list = Find<QListView>("List1");
+  for (const QSize& screen : kScreens) {
+    form1().resize(screen.height() * 1679 / 1000, screen.height());
+    QCoreApplication::processEvents();
+    QScrollBar* bar = list->verticalScrollBar();
+    for (int place = bar->minimum(); place <= bar->maximum(); ++place) {
+      bar->setValue(place);
+      const int room = list->viewport()->height();
+      const auto shown = [&](int row) { return list->visualRect(list->model()->index(row, 0)); };
+      EXPECT_EQ(shown(place).width(), list->viewport()->width()) << screen.width();
+      EXPECT_EQ(shown(place).top(), 0) << place << " of " << screen.width();
+      EXPECT_EQ(shown(place + 11).bottom() + 1, room) << place << " of " << screen.width();
+    }
+    bar->setValue(0);
+    list->clearSelection();
+    const int below = list->viewport()->geometry().bottom() + 2;
+    Click(list, {}, Qt::LeftButton, {list->width() / 2, below});
+    EXPECT_EQ(board().state.List1.selected(), -1) << screen.width();
+  }
+}
+
+// A line shows where a dragged row goes in: above the row under the pointer, below it with Shift.
+TEST_F(LayoutTest, ADraggedRowShowsWhereItGoesIn) {
+  StartGame();
+  board().state.Check1.Set(true);
+  auto* list = Find<QListView>("List1");
+  QWindow* window = form1().windowHandle();
+  const auto rowOf = [list](int row) { return list->visualRect(list->model()->index(row, 0)); };
+  const auto on = [&](int row) { return list->viewport()->mapTo(&form1(), rowOf(row).center()); };
+  const auto lineAt = [list](int y) {
+    const QColor seen =
+        list->viewport()->grab().toImage().pixelColor(list->viewport()->width() / 2, y);
+    return seen == look::kAccent;
+  };
+  QTest::mousePress(window, Qt::LeftButton, {}, on(1));
+  QTest::mouseMove(window, on(3));
+  QTest::mouseMove(window, on(5));
+  EXPECT_TRUE(lineAt(rowOf(5).top()));
+  EXPECT_FALSE(lineAt(rowOf(5).bottom() + 1));
+  QTest::mouseRelease(window, Qt::LeftButton, {}, on(5));
+  EXPECT_FALSE(lineAt(rowOf(5).top()));
+  EXPECT_EQ(board().state.List1.entries()[4], "Ants 2");
+}
+
+// Until the first pitch the board says what comes next, and an outcome that is refused flashes it.
+TEST_F(LayoutTest, TheNextStepIsTold) {
+  const auto* next = form1().findChild<NextStep*>();
+  ASSERT_NE(next, nullptr);
+  const auto load = [this](Side side, const char* name) {
+    const QString file = folder_.filePath(QLatin1String(name) + QStringLiteral(".txt"));
+    WriteFile(file, "One\nTwo\nThree\n");
+    OpenTeam(board(), side, FromQt(file));
+  };
+  const auto pitches = [this](Side side) {
+    SideOf(board(), side).list.Select(2);
+    ChangePitcher(board(), side);
+  };
+  const std::vector<std::pair<Step, std::function<void()>>> steps{
+      {Step::LoadVisitors, [&] { load(Side::Visitors, "V"); }},
+      {Step::LoadHome, [&] { load(Side::Home, "H"); }},
+      {Step::VisitorsPitcher, [&] { pitches(Side::Visitors); }},
+      {Step::HomePitcher, [&] { pitches(Side::Home); }},
+      {Step::AtBat, [&] { PutAtBat(board(), Side::Visitors); }},
+      {Step::FirstBatter, [&] { board().state.List1.Select(0); }}};
+  for (const auto& [step, take] : steps) {
+    EXPECT_TRUE(next->Is(step)) << static_cast<int>(step);
+    EXPECT_FALSE(next->Flashes(step)) << static_cast<int>(step);
+    const auto closed = step < Step::VisitorsPitcher ? nullptr : AnswerBoxes({Qt::Key_Escape});
+    Press(&form1(), Qt::Key_K);
+    EXPECT_TRUE(next->Flashes(step)) << static_cast<int>(step);
+    take();
+  }
+  EXPECT_TRUE(next->Is(Step::None));
+  EXPECT_EQ(board().state.tb_OUT.value(), "0");
+}
+
+// Whatever can be pressed or filled in tells what it does.
+TEST_F(LayoutTest, EveryControlHasATip) {
+  StartGame();
+  ShowAll();
+  for (const auto* widget : form1().findChildren<QWidget*>()) {
+    const bool control = qobject_cast<const QAbstractButton*>(widget) != nullptr ||
+                         qobject_cast<const QLineEdit*>(widget) != nullptr;
+    const QString name = widget->objectName();
+    if (!control || widget->window() != &form1() || !widget->isVisible()) continue;
+    if (name.startsWith(QStringLiteral("qt_")) || name.startsWith(QStringLiteral("pb_Player"))) {
+      continue;  // a free piece has nobody to tell of
+    }
+    EXPECT_FALSE(widget->toolTip().isEmpty()) << FromQt(name);
+  }
+}
+
+// The board stands where it was left, unless nobody could reach it there.
+TEST_F(LayoutTest, TheBoardStandsWhereItWasLeft) {
+  const auto begun = [this](const char* place) {
+    desk_.reset();
+    if (place != nullptr) {
+      WriteFile(folder_.filePath(QStringLiteral("settings.ini")),
+                QByteArray("[windows]\nForm1=") + place + "\n");
+    }
+    desk_ = std::make_unique<Desk>(setup_);
+    desk_->Open();
+    return form1().geometry();
+  };
+  const QRect usual = form1().geometry();
+  const QRect left(5, 30, usual.width() - 40, qRound((usual.width() - 40) * 0.6));
+  form1().setGeometry(left);
+  QCoreApplication::processEvents();
+  const QRect held = form1().geometry();
+  const auto asked = AnswerBoxes({Qt::Key_Y});
+  form1().close();
+  EXPECT_EQ(begun(nullptr), held);
+  for (const char* wrong :
+       {"90000 90000 900 600 0", "0 0 3 3 0", "5 30 nine 600 0", "-5000 0 900 600 0", ""}) {
+    EXPECT_EQ(begun(wrong), usual) << wrong;
   }
 }
 

@@ -43,6 +43,38 @@ TEST(LookTest, MarksAreSquareAndEmptyUntilChosen) {
   }
 }
 
+TEST(LookTest, TextsAreReadOnTheirGrounds) {
+  using namespace look;
+  EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 0.01);
+  EXPECT_NEAR(Contrast(QColor(128, 128, 128), Qt::white), 3.95, 0.01);
+  EXPECT_GE(Contrast(kPlateGrey, Qt::white), kLeastContrast);
+  EXPECT_GE(Contrast(kDisabled, kSlate), kLeastContrast);
+  for (const QColor& dim : {kCream, kCreamDim, kAccent}) {
+    EXPECT_GE(Contrast(dim, kSlateRaised), kLeastContrast) << dim.name().toStdString();
+  }
+  for (int share = 0; share <= 255; ++share) {
+    for (const QColor& ground :
+         {QColor(share, share, share),
+          QColor(38 + share * 217 / 255, 60 + share * 140 / 255, 50 + share * 10 / 255)}) {
+      EXPECT_GE(Contrast(InkOn(ground), ground), kLeastContrast) << ground.name().toStdString();
+    }
+  }
+}
+
+// A text whose width lies between two pixels is whole where it fits, and cut nowhere else.
+TEST(LookTest, WhatFitsIsNotCut) {
+  for (const int pixels : {9, 10, 12, 13, 17}) {
+    const QFontMetrics metrics(look::Font(pixels, true));
+    for (const QString& name : {QStringLiteral("Emeric Lowndale"), QStringLiteral("Al Wo"),
+                                QStringLiteral("Thad Ockenfels-Roe")}) {
+      const int width = look::TextWidth(metrics, name);
+      EXPECT_EQ(look::ElidedText(metrics, name, width), name) << pixels;
+      EXPECT_EQ(metrics.elidedText(name, Qt::ElideRight, width), name) << pixels;
+      EXPECT_NE(look::ElidedText(metrics, name, width - 1), name) << pixels;
+    }
+  }
+}
+
 TEST(LookTest, PicturesAreDecodedForTheirPlace) {
   const QString park = QStringLiteral(DTB_PROGRAM_FOLDER "/Ballparks/DEFAULT1679X974.jpg");
   EXPECT_EQ(DecodedFor(park, {1679, 974}).size(), QSize(1679, 974));

@@ -132,9 +132,24 @@ TEST_F(PaceTest, ChartsTurnRollAndTakeTheResult) {
                {Qt::Key_G, ""}});
   Press(&form1(), Qt::Key_V);
   EXPECT_EQ(board().state.tb_OUT.value() + Batter(), "1Ants 2");
+  for (const char* title : {"Chart 1", "Chart 5"}) {
+    WhileWaiting([title] {
+      auto* viewer = QApplication::activeModalWidget();
+      EXPECT_EQ(viewer->windowTitle(), title) << "first a new batter, then where it stood";
+      QTest::keyClick(viewer->windowHandle(), Qt::Key_5);
+      QTest::keyClick(viewer->windowHandle(), Qt::Key_Escape);
+    });
+    Press(&form1(), Qt::Key_V);
+  }
   WhileWaiting([this] {
     auto* viewer = QApplication::activeModalWidget();
-    EXPECT_EQ(viewer->windowTitle(), "Chart 5") << "it remembers where it stood";
+    QStringList told;
+    for (const auto* label : viewer->findChild<QWidget*>("Situation")->findChildren<QLabel*>()) {
+      told.append(label->text());
+    }
+    EXPECT_EQ(told.join("|"),
+              "Top of the 1st, 1 out|Ants|0|Bees|0|AT BAT|Ants 2|PITCHES|Bees 10|ON THE PIECES|"
+              "1  Ants 2");
     QTest::keyClick(viewer->windowHandle(), Qt::Key_2, Qt::ControlModifier);
   });
   Press(&form1(), Qt::Key_V);

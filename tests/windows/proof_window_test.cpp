@@ -1,5 +1,9 @@
 // The plate of the proof on the sheet, and its list.
 #include "windows/sheet/form2.h"
+
+#include <QScrollArea>
+#include <QScrollBar>
+
 #include "windows/window_test.h"
 
 namespace dtb {
@@ -21,6 +25,9 @@ TEST_F(ProofWindowTest, PlateAndListFollowTheSheet) {
     EXPECT_FALSE(list->isVisible());
     Press(sheet, Qt::Key_P, Qt::ControlModifier);
     ASSERT_TRUE(list->isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(list->findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0);
+    EXPECT_LT(list->height(), sheet->height() / 3) << "as large as its lines";
     ASSERT_NE(part("Finding3"), nullptr);
     EXPECT_EQ(part("Finding4"), nullptr);
     EXPECT_EQ(part("PutRight3"), nullptr) << "only the person knows the number";

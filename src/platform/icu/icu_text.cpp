@@ -1,4 +1,5 @@
 #include <unicode/coll.h>
+#include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
@@ -84,6 +85,15 @@ std::string Decoded(std::string_view bytes, const char* encoding) {
 
 char32_t FoldedLetter(char32_t letter) {
   return static_cast<char32_t>(u_foldCase(static_cast<UChar32>(letter), U_FOLD_CASE_DEFAULT));
+}
+
+char32_t PlainLetter(char32_t letter) {
+  UErrorCode status = U_ZERO_ERROR;
+  const icu::Normalizer2* decomposing = icu::Normalizer2::getNFDInstance(status);
+  icu::UnicodeString parts;
+  const bool found = U_SUCCESS(status) != 0 &&
+                     decomposing->getDecomposition(static_cast<UChar32>(letter), parts) != 0;
+  return found ? static_cast<char32_t>(parts.char32At(0)) : letter;
 }
 
 int CompareNames(std::string_view first, std::string_view second) {

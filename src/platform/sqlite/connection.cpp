@@ -25,13 +25,15 @@ std::string_view TextOfValue(sqlite3_value* value) {
   return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
-LikePattern MakePattern(int arguments, sqlite3_value** values) {
+LikePattern MakePattern(int arguments, sqlite3_value** values, LikePattern::Accents accents) {
   const std::string_view escape = arguments == 3 ? TextOfValue(values[2]) : std::string_view();
   return LikePattern(TextOfValue(values[0]),
-                     escape.empty() ? LikePattern::kNoEscape : char32_t(escape.front()));
+                     escape.empty() ? LikePattern::kNoEscape : char32_t(escape.front()), accents);
 }
 
-// "text LIKE pattern" is the call like(pattern, text). The pattern is read once for a statement.
+// "text LIKE pattern" is the call like(pattern, text), and finds(pattern, text) looks through
+// accents. The pattern is read once for a statement.
+template <LikePattern::Accents accents>
 void Like(sqlite3_context* context, int arguments, sqlite3_value** values) {
   for (int i = 0; i < arguments; ++i) {
     if (sqlite3_value_type(values[i]) == SQLITE_NULL) return;
@@ -40,7 +42,7 @@ void Like(sqlite3_context* context, int arguments, sqlite3_value** values) {
   auto* pattern = static_cast<LikePattern*>(sqlite3_get_auxdata(context, 0));
   if (pattern != nullptr) return sqlite3_result_int(context, pattern->Matches(text) ? 1 : 0);
   try {
-    auto made = std::make_unique<LikePattern>(MakePattern(arguments, values));
+    auto made = std::make_unique<LikePattern>(MakePattern(arguments, values, accents));
     sqlite3_result_int(context, made->Matches(text) ? 1 : 0);
     sqlite3_set_auxdata(context, 0, made.release(),
                         [](void* old) { delete static_cast<LikePattern*>(old); });
@@ -134,8 +136,9 @@ SQLite::Database Open(const std::filesystem::path& file, std::chrono::millisecon
     SQLite::Database database(TextOf(file), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
                               static_cast<int>(longestWait.count()));
     for (const int arguments : {2, 3}) {
-      database.createFunction("like", arguments, true, nullptr, Like);
+      database.createFunction("like", arguments, true, nullptr, Like<LikePattern::Accents::Count>);
     }
+    database.createFunction("finds", 2, true, nullptr, Like<LikePattern::Accents::AreFound>);
     database.check(sqlite3_create_collation(database.getHandle(), "NAMES", SQLITE_UTF8, nullptr,
                                             InOrderOfNames));
     // Also the folder's entry of the journal goes to the disk, so that what is committed stays so.

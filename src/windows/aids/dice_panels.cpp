@@ -49,7 +49,7 @@ QString WithValue(const char* word, const std::string& number) {
 QPushButton* AddRoll(const char* name, const QString& word, QWidget* panel) {
   auto* roll = new QPushButton(QStringLiteral("ROLL"), panel);
   Name(roll, name, word);
-  roll->setToolTip(QStringLiteral("Rolls these dice; the key X does so too"));
+  roll->setToolTip(QStringLiteral("Rolls these dice (X)"));
   return roll;
 }
 

@@ -16,6 +16,7 @@
 #include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_text.h"
 #include "windows/aids/dice_panels.h"
+#include "windows/aids/situation.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
 #include "windows/shared/outcome_table.h"
@@ -27,7 +28,7 @@ using namespace look;
 
 // The viewer is lower than the board by 500 units of 1/15 pixel.
 constexpr int kLower = 33;
-constexpr double kSideWidth = 232;  // layout units, as all sizes here
+constexpr double kSideWidth = 264;  // layout units, as all sizes here
 constexpr double kStripHeight = 36;
 constexpr double kDieSize = 88;
 constexpr double kSmallDieSize = 46;
@@ -40,20 +41,21 @@ const ClickLabel::Shades kShown{kAccent, kAccent, kInk};
 
 }  // namespace
 
-std::optional<Form3::Choice> Form3::Run(Aids& aids, int chart, QWidget* board) {
-  Form3 viewer(aids, board);
-  viewer.resize(board->width(), std::max(1, board->height() - kLower));
-  viewer.move(board->pos());
+std::optional<Form3::Choice> Form3::Run(Board& board, Aids& aids, int chart, QWidget* window) {
+  Form3 viewer(board, aids, window);
+  viewer.resize(window->width(), std::max(1, window->height() - kLower));
+  viewer.move(window->pos());
   viewer.ShowChart(chart);
   viewer.exec();
   return viewer.chosen_;
 }
 
-Form3::Form3(Aids& aids, QWidget* board)
-    : QDialog(board),
+Form3::Form3(Board& board, Aids& aids, QWidget* window)
+    : QDialog(window),
+      board_(board),
       aids_(aids),
-      scale_(std::max(
-          0.5, std::min(board->width() / kSceneWidth, (board->height() - kLower) / kSceneHeight))) {
+      scale_(std::max(0.5, std::min(window->width() / kSceneWidth,
+                                    (window->height() - kLower) / kSceneHeight))) {
   setObjectName(QStringLiteral("Form3"));
   setFont(Font(kBody * scale_));
   auto* column = new QVBoxLayout(this);
@@ -119,6 +121,7 @@ QWidget* Form3::BuildSide() {
   roll->setFixedHeight(Units(44));
   connect(roll, &QPushButton::clicked, this, [this] { RollDice(aids_); });
   column->addWidget(roll);
+  column->addWidget(MakeSituation(board_, scale_, side));
   column->addStretch(1);
   column->addWidget(BuildOutcomes(side));
   auto* keys = MakeCaption(
@@ -251,8 +254,7 @@ void Form3::keyPressEvent(QKeyEvent* event) {
   }
   const OutcomeEntry* found = OutcomeOfKey(key);
   const bool meant = modifiers == (digit ? Qt::ControlModifier : Qt::NoModifier);
-  if (found != nullptr && meant && !event->isAutoRepeat())
-    return Choose({found->outcome, key});
+  if (found != nullptr && meant && !event->isAutoRepeat()) return Choose({found->outcome, key});
   QDialog::keyPressEvent(event);
 }
 

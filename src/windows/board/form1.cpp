@@ -13,7 +13,6 @@
 #include "aids/recovery.h"
 #include "browser/copies.h"
 #include "game/constant_update.h"
-#include "game/outcomes.h"
 #include "game/start_up.h"
 #include "platform/qt/qt_text.h"
 #include "shell/version.h"
@@ -29,6 +28,7 @@
 #include "windows/browser/form4.h"
 #include "windows/seasons/season_form.h"
 #include "windows/shared/bind.h"
+#include "windows/shared/kept_place.h"
 #include "windows/shared/look.h"
 
 namespace dtb {
@@ -152,11 +152,12 @@ void Form1::BuildScene() {
   connect(park_, &ParkView::unreadable, this, [this](const QString& file) {
     board_.platform.boxes.Show(FromQt(WhyNoPicture(file)), BoxIcon::Warning, "BALLPARKS");
   });
-  visitors_ = new SidePanel(board_, Side::Visitors, pictures_, scene_, park_);
+  next_ = new NextStep(board_, park_);
+  visitors_ = new SidePanel(board_, Side::Visitors, *next_, pictures_, scene_, park_);
   scoreboard_ = new Scoreboard(board_, aids_, pictures_, scene_, park_);
   connect(scoreboard_, &Scoreboard::chartWanted, this, [this](int chart) { ViewCharts(chart); });
-  home_ = new SidePanel(board_, Side::Home, pictures_, scene_, park_);
-  auto* outcomes = new OutcomePanel(board_, scene_, park_);
+  home_ = new SidePanel(board_, Side::Home, *next_, pictures_, scene_, park_);
+  auto* outcomes = new OutcomePanel(board_, *next_, scene_, park_);
   connect(outcomes, &OutcomePanel::statsWanted, this, [this] { ShowStats(); });
   BuildPieces();
   new OptionsPanel(board_, aids_, scene_, park_);
@@ -172,8 +173,12 @@ void Form1::BuildScene() {
     button->setFocusPolicy(Qt::TabFocus);
   }
   connect(scoreboard_, &Scoreboard::keysWanted, this, [this] { keys_->ShowPlate(true); });
+  connect(keys_, &PlayKeys::outcomeWanted, next_, &NextStep::Record);
   connect(keys_, &PlayKeys::chartWanted, this, &Form1::ViewCharts);
   connect(keys_, &PlayKeys::chartsWanted, this, [this] { ViewCharts(aids_.state.lastChart); });
+  // A new batter's roll begins at the first chart.
+  FollowAll(
+      park_, [this] { aids_.state.lastChart = 0; }, board_.state.lbl_Selected);
   connect(keys_, &PlayKeys::diceWanted, this, [this] { RollDice(aids_); });
   connect(keys_, &PlayKeys::listWanted, this, [this](int key) {
     const Side side = SideAtBat(board_.state).value_or(Side::Visitors);
@@ -196,10 +201,10 @@ void Form1::ScrollListsUp() {
 }
 
 void Form1::ViewCharts(int chart) {
-  const auto choice = Form3::Run(aids_, chart, this);
+  const auto choice = Form3::Run(board_, aids_, chart, this);
   if (!choice) return;
   const BoxKey closesBoxes(choice->key);
-  RecordOutcome(board_, choice->outcome);
+  next_->Record(choice->outcome);
 }
 
 void Form1::ShowStats() {
@@ -214,6 +219,7 @@ void Form1::ShowLog() {
 }
 
 void Form1::PlaceAtLaunch() {
+  if (TakeUpPlace(*this, board_.platform.settings)) return;
   FitAtLaunch(this, scene_.resizer(), menuBar()->sizeHint().height());
   const QRect free = screen()->availableGeometry();
   const QSize room = free.size() - size();
@@ -252,6 +258,7 @@ void Form1::keyPressEvent(QKeyEvent* event) {
 
 void Form1::closeEvent(QCloseEvent* event) {
   if (ConfirmExit(board_)) {
+    KeepPlace(*this, board_.platform.settings);
     event->accept();
   } else {
     event->ignore();

@@ -11,6 +11,7 @@
 #include "seasons/season_desk.h"
 #include "windows/board/edit_actions.h"
 #include "windows/board/focus_keys.h"
+#include "windows/board/next_step.h"
 #include "windows/board/outcome_panel.h"
 #include "windows/board/park_view.h"
 #include "windows/board/play_keys.h"
@@ -51,8 +52,8 @@ class Form1 : public QMainWindow {
   void ViewCharts(int chart);
   void ShowStats();
   void ShowLog();
-  // The size and place at start: the launch shrink, or what the screen has room for; centred, with
-  // a quarter of the free height above.
+  // The size and place at start: those in which the person left the window, else the launch shrink,
+  // or what the screen has room for; centred, with a quarter of the free height above.
   void PlaceAtLaunch();
   void SizeMenu();
   // The scene follows the size of the park.
@@ -64,6 +65,7 @@ class Form1 : public QMainWindow {
   QtPictures& pictures_;
   Scene scene_;
   ParkView* park_ = nullptr;
+  NextStep* next_ = nullptr;
   SidePanel* visitors_ = nullptr;
   SidePanel* home_ = nullptr;
   Scoreboard* scoreboard_ = nullptr;

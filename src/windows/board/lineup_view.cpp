@@ -11,30 +11,34 @@
 #include "windows/boxes/closing_press.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
+#include "windows/shared/tips.h"
 
 namespace dtb {
 namespace {
 
 using namespace look;
 
-// No screen shows more of a line; the box of the right click shows all of it.
-constexpr std::size_t kShownBytes = 600;
-
 constexpr int kRing = 3;  // pixels around the rows; of the keyboard focus
-
-QString ShownEntry(const std::string& entry) {
-  return ToQt(std::string_view(entry).substr(0, kShownBytes));
-}
 
 // What else the model tells of a row.
 constexpr int kBatterRole = Qt::UserRole;    // he bats now
 constexpr int kNoteRole = Qt::UserRole + 1;  // a word about him
+constexpr int kNextRole = Qt::UserRole + 2;  // the word is the next step; 2 while it flashes
 constexpr QColor kDimInk{64, 70, 66};        // what is no name
 constexpr int kGap = 10;                     // pixels between a name and what is remarked of him
 constexpr int kSlack = 2;                    // pixels by which a text may be wider than its letters
 constexpr double kSmallestRemark = kSmall / kLarge;  // of the type of the names
+constexpr double kLeastForNames = 0.48;              // of a row with a remark
+
+const QString kDue = QStringLiteral("due");
 
 constexpr int kRows = 12;  // fill the list without a scroll bar
+
+// The chip with which a row ends.
+int ChipWidth(const QFont& names, const QString& note) {
+  const QFontMetrics metrics(Font(names.pixelSize() * 0.72));
+  return metrics.horizontalAdvance(note) + metrics.height() + 6;
+}
 
 // Draws place in the order, entry, and the line under the ninth man.
 class EntryDelegate : public QStyledItemDelegate {
@@ -55,14 +59,25 @@ class EntryDelegate : public QStyledItemDelegate {
     const int gutter = option.fontMetrics.horizontalAdvance(QStringLiteral("00")) + 4;
     painter->setFont(Font(option.font.pixelSize() * 0.72));
     painter->setPen(batter || selected ? kInk : kDimInk);
-    if (inOrder) {
-      painter->drawText(QRect(row.left(), row.top(), gutter, row.height()), Qt::AlignCenter,
-                        QString::number(index.row() + 1));
+    const bool due = note == kDue;
+    const QRect numberPlace(row.left(), row.top(), gutter, row.height());
+    if (inOrder && !due) {
+      painter->drawText(numberPlace, Qt::AlignCenter, QString::number(index.row() + 1));
     }
-    const int noteWidth = note.isEmpty() ? 0 : DrawNote(*painter, row, note);
+    // Who is due is told in the place of his number, so that his figures are seen.
+    if (due) {
+      painter->setFont(Font(option.font.pixelSize() * 0.64));
+      DrawChip(*painter, numberPlace.adjusted(0, 0, -1, 0), note, 0);
+      painter->setFont(Font(option.font.pixelSize() * 0.72));
+    }
+    const int noteWidth = note.isEmpty() || due ? 0 : ChipWidth(option.font, note);
+    if (noteWidth > 0) {
+      const QRect end(row.right() - noteWidth + 3, row.top(), noteWidth - 6, row.height());
+      DrawChip(*painter, end, note, index.data(kNextRole).toInt());
+    }
     painter->setFont(option.font);
     const QRect place = row.adjusted(gutter + 2, 0, -4, 0);
-    DrawEntry(*painter, place.adjusted(0, 0, -noteWidth, 0), place.width(), index,
+    DrawEntry(*painter, place, place.width() - noteWidth, index,
               batter || selected ? kInk : kDimInk);
     if (index.row() == kStarters - 1) {
       painter->setPen(QPen(kEdgeBright, 1));
@@ -71,42 +86,39 @@ class EntryDelegate : public QStyledItemDelegate {
     painter->restore();
   }
 
-  // The name, and in a column of its own what stands behind "=". A remark too long for the column
-  // begins further left, as far as the name leaves room.
-  // `room` is what a row without a chip has.
-  static void DrawEntry(QPainter& painter, const QRect& place, int room, const QModelIndex& index,
+  // The name, and in a column of its own what stands behind "=". `free` is what a chip leaves.
+  static void DrawEntry(QPainter& painter, const QRect& place, int free, const QModelIndex& index,
                         const QColor& remarkInk) {
     const QFontMetrics metrics = painter.fontMetrics();
     const auto* model = static_cast<const LineupModel*>(index.model());
-    const LineupModel::Entry entry = model->EntryAt(index.row());
+    const LineUpEntry entry = model->EntryAt(index.row());
+    const LineupModel::Remarks shown = model->RemarksIn(painter.font(), place.width());
+    const int room = free - shown.left - kSlack;
+    const bool remark = !entry.remark.isEmpty() && room > 0;
+    const auto draw = [&](const QString& text, int left, int width) {
+      painter.drawText(QRect(place.left() + left, place.top(), width, place.height()),
+                       Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                       ElidedText(painter.fontMetrics(), text, width));
+    };
     painter.setPen(kInk);
-    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     metrics.elidedText(entry.name, Qt::ElideRight, place.width()));
-    if (entry.remark.isEmpty()) return;
-    const int nameEnd = metrics.horizontalAdvance(entry.name) + kGap;
-    if (nameEnd >= place.width()) return;
-    const LineupModel::Remarks shown = model->RemarksIn(painter.font(), room);
+    const int nameRoom = remark ? shown.left - kGap : free;
+    const bool whole = TextWidth(metrics, entry.name) <= nameRoom;
+    draw(whole ? entry.name : model->ShortNameAt(index.row()), 0, nameRoom);
+    if (!remark) return;
     painter.setFont(shown.font);
-    const QFontMetrics remarks = painter.fontMetrics();
-    const int width =
-        std::min(remarks.horizontalAdvance(entry.remark) + kSlack, place.width() - nameEnd);
-    const int left = std::min(std::max(nameEnd, shown.left), place.width() - width);
     painter.setPen(remarkInk);
-    painter.drawText(QRect(place.left() + left, place.top(), width, place.height()),
-                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     remarks.elidedText(entry.remark, Qt::ElideRight, width));
+    draw(entry.remark, shown.left, room);
   }
 
-  // A chip at the right end of the row, in the present small type. Returns its width with its gap.
-  static int DrawNote(QPainter& painter, const QRect& row, const QString& note) {
-    const QFontMetrics metrics(painter.font());
-    const int width = metrics.horizontalAdvance(note) + metrics.height();
-    const int height = metrics.height() + 2;
-    const QRect chip(row.right() - width - 3, row.center().y() - height / 2, width, height);
-    DrawPlate(painter, chip, kSlate, Qt::transparent, 0, height / 2.0);
-    painter.setPen(kCream);
+  // A chip as wide as its place, in the present small type; `next` as kNextRole has it.
+  static void DrawChip(QPainter& painter, const QRect& place, const QString& note, int next) {
+    const int height = std::min(place.height(), painter.fontMetrics().height() + 2);
+    const QRect chip(place.left(), place.center().y() - height / 2, place.width(), height);
+    const bool bright = next == 1;
+    DrawPlate(painter, chip, bright ? kAccent : kSlate, bright ? kInk : Qt::transparent,
+              bright ? 1 : 0, height / 2.0);
+    painter.setPen(bright ? kInk : kCream);
     painter.drawText(chip, Qt::AlignCenter, note);
-    return width + 6;
   }
 
   // As wide as the list, however long the entry.
@@ -124,8 +136,12 @@ MouseButton ButtonOf(Qt::MouseButton button) {
 
 }  // namespace
 
-LineupModel::LineupModel(Board& board, Side side, QObject* parent)
-    : QAbstractListModel(parent), board_(board), side_(side), list_(SideOf(board, side).list) {}
+LineupModel::LineupModel(Board& board, Side side, const NextStep& next, QObject* parent)
+    : QAbstractListModel(parent),
+      board_(board),
+      side_(side),
+      list_(SideOf(board, side).list),
+      next_(next) {}
 
 int LineupModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : shownRows_;
@@ -145,51 +161,65 @@ QVariant LineupModel::data(const QModelIndex& index, int role) const {
       return index.row() == RowOfBatter(board_, side_);
     case kNoteRole:
       return NoteOf(index.row());
+    case kNextRole:
+      if (!IsNext(index.row())) return 0;
+      return next_.Flashes(Step::FirstBatter) ? 2 : 1;
     default:
       return {};
   }
 }
 
-LineupModel::Entry LineupModel::EntryAt(int row) const {
-  const QString entry = ShownEntry(list_.entries()[static_cast<std::size_t>(row)]);
-  const auto mark = entry.indexOf(QLatin1Char('='));
-  if (mark < 0) return {entry, {}};
-  return {entry.left(mark), entry.mid(mark + 1)};
+LineUpEntry LineupModel::EntryAt(int row) const {
+  return PartsOf(list_.entries()[static_cast<std::size_t>(row)]);
 }
 
-// One size for the remarks of the whole list: the largest in which those of the batting order fit
-// behind their names. The bench and the pitchers may have much longer ones.
+// A short name that two players have would tell them apart less than a cut one.
+QString LineupModel::ShortNameAt(int row) const {
+  const QString name = EntryAt(row).name;
+  const QString shortened = ShortName(name);
+  for (int other = 0; other < shownRows_; ++other) {
+    if (other != row && ShortName(EntryAt(other).name) == shortened) return name;
+  }
+  return shortened;
+}
+
+// One column and one size for the remarks of the whole list: the largest in which those of the
+// batting order are whole. Where the names leave them no room, the longest names are shortened. The
+// bench and the pitchers may have much longer remarks.
 LineupModel::Remarks LineupModel::RemarksIn(const QFont& font, int room) const {
   if (measuredRoom_ == room && measured_ == font) return remarks_;
   measured_ = font;
   measuredRoom_ = room;
   const QFontMetrics names(font);
-  remarks_ = {font, 0};
   int longest = 0;
-  QList<QPair<int, QString>> inOrder;  // end of the name, and remark
+  QStringList inOrder;
   for (int row = 0; row < shownRows_; ++row) {
-    const Entry entry = EntryAt(row);
+    const LineUpEntry entry = EntryAt(row);
     if (entry.remark.isEmpty()) continue;
-    const int nameEnd = names.horizontalAdvance(entry.name) + kGap;
-    longest = std::max(longest, nameEnd);
-    if (row < kStarters) inOrder.append({nameEnd, entry.remark});
+    longest = std::max(longest, TextWidth(names, entry.name) + kGap);
+    if (row < kStarters) inOrder.append(entry.remark);
   }
-  remarks_.left = longest;
+  remarks_ = {font, longest};
+  const int least = std::min(longest, static_cast<int>(room * kLeastForNames));
   for (const double share : kFittingSizes) {
     if (share < kSmallestRemark) break;
     remarks_.font.setPixelSize(FittingSize(font.pixelSize(), share));
     const QFontMetrics metrics(remarks_.font);
-    if (std::ranges::all_of(inOrder, [&](const auto& entry) {
-          return entry.first + metrics.horizontalAdvance(entry.second) + kSlack <= room;
-        })) {
-      break;
-    }
+    int widest = 0;
+    for (const QString& remark : inOrder) widest = std::max(widest, TextWidth(metrics, remark));
+    remarks_.left = std::clamp(room - kSlack - widest, least, longest);
+    if (room - kSlack - widest >= least) break;
   }
   return remarks_;
 }
 
+bool LineupModel::IsNext(int row) const {
+  return next_.Is(Step::FirstBatter) && row == RowOfManDue(board_, side_);
+}
+
 QString LineupModel::NoteOf(int row) const {
-  if (row == RowOfManDue(board_, side_)) return QStringLiteral("due");
+  if (IsNext(row)) return QStringLiteral("Click the first batter");
+  if (row == RowOfManDue(board_, side_)) return kDue;
   if (row < kStarters && !IsOnSheet(board_, side_, row)) return QStringLiteral("not on the sheet");
   return {};
 }
@@ -210,8 +240,12 @@ void LineupModel::Refresh() {
   }
 }
 
-LineupView::LineupView(Board& board, Side side, QWidget* parent)
-    : QListView(parent), board_(board), side_(side), model_(new LineupModel(board, side, this)) {
+LineupView::LineupView(Board& board, Side side, NextStep& next, QWidget* parent)
+    : QListView(parent),
+      board_(board),
+      side_(side),
+      next_(next),
+      model_(new LineupModel(board, side, next, this)) {
   setModel(model_);
   setItemDelegate(new EntryDelegate(this));
   setEditTriggers(NoEditTriggers);
@@ -220,7 +254,7 @@ LineupView::LineupView(Board& board, Side side, QWidget* parent)
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollMode(ScrollPerItem);
   setFrameShape(NoFrame);
-  setViewportMargins(kRing, kRing, kRing, kRing);
+  FitRows();
   setMouseTracking(true);
   setContextMenuPolicy(Qt::PreventContextMenu);
   TakeClosingPress(viewport());
@@ -243,10 +277,13 @@ LineupView::LineupView(Board& board, Side side, QWidget* parent)
       if (self) self->viewport()->update();
     });
   }
+  connect(&next, &NextStep::changed, viewport(), qOverload<>(&QWidget::update));
   ShowState();
 }
 
 void LineupView::ShowState() {
+  next_.Refresh();
+  emit shown();
   const LineupList& list = SideOf(board_, side_).list;
   model_->Refresh();
   const QModelIndex selected = model_->index(list.selected());
@@ -277,22 +314,32 @@ void LineupView::mousePressEvent(QMouseEvent* event) {
   if (!left || !row) return;
   SelectRow(board_, side_, *row);
   BeginDrag(board_, side_);
+  SetDropsBehind(event->modifiers() == Qt::ShiftModifier);
+}
+
+bool LineupView::Drags() const {
+  return pressed_ == Qt::LeftButton && SideOf(board_, side_).edit.value();
+}
+
+void LineupView::SetDropsBehind(bool behind) {
+  dropsBehind_ = behind;
+  if (Drags()) viewport()->update();
 }
 
 void LineupView::mouseMoveEvent(QMouseEvent* event) {
   const LineupList& list = SideOf(board_, side_).list;
   const auto row = RowAt(event->pos());
   if (!row || !list.HasRow(*row)) return;
-  setToolTip(QStringLiteral("<qt><p style=\"white-space:pre-wrap\">%1</p></qt>")
-                 .arg(ShownEntry(list.entries()[static_cast<std::size_t>(*row)]).toHtmlEscaped()));
-  const bool dragging = pressed_ == Qt::LeftButton && event->buttons().testFlag(Qt::LeftButton) &&
-                        SideOf(board_, side_).edit.value();
+  setToolTip(TipOfLines({ShownEntry(list.entries()[static_cast<std::size_t>(*row)])}));
+  SetDropsBehind(event->modifiers() == Qt::ShiftModifier);
+  const bool dragging = Drags() && event->buttons().testFlag(Qt::LeftButton);
   if (dragging && *row != list.selected()) SelectRow(board_, side_, *row);
 }
 
 void LineupView::mouseReleaseEvent(QMouseEvent* event) {
   if (pressed_ == Qt::NoButton || event->button() != pressed_) return;
   pressed_ = Qt::NoButton;
+  viewport()->update();
   EndDrag(board_, side_, ButtonOf(event->button()), event->modifiers() == Qt::ShiftModifier,
           RowAt(event->pos()));
 }
@@ -301,7 +348,13 @@ void LineupView::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) ReplaceEntry(board_, side_);
 }
 
+void LineupView::keyReleaseEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Shift) SetDropsBehind(false);
+  QListView::keyReleaseEvent(event);
+}
+
 void LineupView::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Shift) SetDropsBehind(true);
   const LineupList& list = SideOf(board_, side_).list;
   constexpr int page = kRows - 1;
   const auto select = [this](int row) { SelectRow(board_, side_, row); };
@@ -339,18 +392,62 @@ void LineupView::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+// Twelve whole rows are the viewport; what is left below them is too little for a name and no row.
+void LineupView::FitRows() {
+  const int rest = std::max(0, height() - 2 * kRing) % kRows;
+  setViewportMargins(kRing, kRing, kRing, kRing + rest);
+}
+
+// Qt would let the rows keep their old size for a tenth of a second, cut as they are.
+void LineupView::resizeEvent(QResizeEvent* event) {
+  QListView::resizeEvent(event);
+  if (event->size() != event->oldSize()) doItemsLayout();
+}
+
 void LineupView::paintEvent(QPaintEvent* event) {
   QListView::paintEvent(event);
   QPainter painter(viewport());
-  // Whole rows only: what is left below the twelfth is too little for a name.
-  QRect rest = viewport()->rect();
-  rest.setTop(rest.height() - rest.height() % kRows);
-  painter.fillRect(rest, palette().color(QPalette::Base));
+  if (model_->rowCount() == 0) DrawHint(painter);
+  if (Drags()) DrawInsertionLine(painter);
 }
 
-// The ring of the focus stands around the rows, for one who plays by keys: after a click on a row
-// it would mark a side for the rest of the inning.
+void LineupView::DrawInsertionLine(QPainter& painter) const {
+  const int from = board_.state.DragSourceIndex;
+  const int target = SideOf(board_, side_).list.selected();
+  const QRect row = visualRect(model_->index(target));
+  if (from == target || !row.isValid()) return;
+  constexpr int kLine = 4;  // pixels
+  const int middle = dropsBehind_ ? row.bottom() + 1 : row.top();
+  const int top = std::clamp(middle - kLine / 2, 0, viewport()->height() - kLine);
+  painter.fillRect(QRect(row.left(), top, row.width(), kLine), kInk);
+  painter.fillRect(QRect(row.left(), top + 1, row.width(), kLine - 2), kAccent);
+}
+
+void LineupView::DrawHint(QPainter& painter) const {
+  const Step load = side_ == Side::Visitors ? Step::LoadVisitors : Step::LoadHome;
+  painter.setFont(font());
+  const QString words = side_ == Side::Visitors ? QStringLiteral("Load the visiting team")
+                                                : QStringLiteral("Load the home team");
+  const QFontMetrics metrics = painter.fontMetrics();
+  QRect plate(0, 0, TextWidth(metrics, words) + 2 * metrics.height(), metrics.height() * 2);
+  plate.moveCenter(viewport()->rect().center());
+  const bool bright = next_.Is(load) && !next_.Flashes(load);
+  if (bright || next_.Flashes(load)) {
+    DrawPlate(painter, plate, bright ? kAccent : kSlate, kInk, 1);
+  }
+  painter.setPen(next_.Flashes(load) ? kCream : kInk);
+  painter.drawText(plate, Qt::AlignCenter, words);
+}
+
+// The ground goes on around the rows, so that the list is as high as its bar. The ring of the focus
+// stands around the rows, for one who plays by keys: after a click on a row it would mark a side
+// for the rest of the inning.
 bool LineupView::event(QEvent* event) {
+  if (event->type() == QEvent::Resize) FitRows();
+  if (event->type() == QEvent::Paint) {
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().color(QPalette::Base));
+  }
   const bool done = QListView::event(event);
   if (event->type() == QEvent::FocusIn) {
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();

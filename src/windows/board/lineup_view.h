@@ -8,27 +8,25 @@
 #include "game/board.h"
 #include "teams/batting_order.h"
 #include "teams/lineup_edit.h"
+#include "windows/board/next_step.h"
+#include "windows/shared/line_up_entry.h"
 
 namespace dtb {
 
 class LineupModel : public QAbstractListModel {
   Q_OBJECT
  public:
-  LineupModel(Board& board, Side side, QObject* parent);
+  LineupModel(Board& board, Side side, const NextStep& next, QObject* parent);
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
 
   // The list changed in any way.
   void Refresh();
 
-  // An entry as it is shown: the name, and what stands behind the first "=".
-  struct Entry {
-    QString name;
-    QString remark;
-  };
-  [[nodiscard]] Entry EntryAt(int row) const;
+  [[nodiscard]] LineUpEntry EntryAt(int row) const;
+  [[nodiscard]] QString ShortNameAt(int row) const;
   // How the remarks are shown behind names of this font, in rows of so many pixels: their type, and
-  // where their column begins, behind the longest name.
+  // where their column begins.
   struct Remarks {
     QFont font;
     int left = 0;
@@ -38,10 +36,13 @@ class LineupModel : public QAbstractListModel {
  private:
   // What stands at the right of a row: who is due, and who has no line on the sheet.
   [[nodiscard]] QString NoteOf(int row) const;
+  // The row of the first batter, as long as he is the next step.
+  [[nodiscard]] bool IsNext(int row) const;
 
   Board& board_;
   Side side_;
   LineupList& list_;
+  const NextStep& next_;
   int shownRows_ = 0;
   mutable Remarks remarks_;  // for the font and the room below
   mutable QFont measured_;
@@ -49,13 +50,17 @@ class LineupModel : public QAbstractListModel {
 };
 
 // Turns the gestures of mouse and keyboard into operations on the side's line-up. The row under the
-// pointer is read in full in the tool-tip; a right click shows it in a box.
+// pointer is read in full in the tool-tip; a right click shows it in a box. While a row is dragged
+// a line shows where it goes in. An empty list says what to do.
 class LineupView : public QListView {
   Q_OBJECT
  public:
-  LineupView(Board& board, Side side, QWidget* parent);
+  LineupView(Board& board, Side side, NextStep& next, QWidget* parent);
 
   void ScrollUpOneLine();
+
+ signals:
+  void shown();  // the line-up, after a change
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
@@ -63,18 +68,27 @@ class LineupView : public QListView {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   bool event(QEvent* event) override;
 
  private:
   void ShowState();
+  void FitRows();
+  [[nodiscard]] bool Drags() const;
+  void SetDropsBehind(bool behind);
+  void DrawInsertionLine(QPainter& painter) const;
+  void DrawHint(QPainter& painter) const;
   [[nodiscard]] std::optional<int> RowAt(const QPoint& place) const;
 
   Board& board_;
   Side side_;
+  NextStep& next_;
   LineupModel* model_;
   bool usesKeys_ = false;                   // the focus came by a key, or moved by one
   Qt::MouseButton pressed_ = Qt::NoButton;  // whose release means something here
+  bool dropsBehind_ = false;                // Shift is held during a drag
 };
 
 }  // namespace dtb

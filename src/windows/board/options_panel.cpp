@@ -70,6 +70,7 @@ OptionsPanel::OptionsPanel(Board& board, Aids& aids, Scene& scene, QWidget* pare
   scene.Put(MakeCaption(QStringLiteral("OPTIONS"), this), {16, 8, 200, 24}, kBody, true);
   auto* close = new ClickLabel(QStringLiteral("X"), {kSlateRaised, kSlateHover, kCream}, this);
   Name(close, "Label9", QStringLiteral("Close the options"));
+  close->setToolTip(QStringLiteral("Closes the options"));
   scene.Put(close, {372, 8, 24, 24}, kBody, true);
   connect(close, &QAbstractButton::clicked, this, [this] { ToggleOptions(board_); });
   BuildChecks();
@@ -125,7 +126,7 @@ void OptionsPanel::BuildChecks() {
   auto* parks = add("cb_RandParks", "RANDOM BALLPARKS", 3, aids_.state.cb_RandParks, kRightColumn);
   tracker->setToolTip(QStringLiteral("A small diamond on which you note who stands where"));
   crowd->setToolTip(QStringLiteral("The crowd murmurs until you turn it off"));
-  parks->setToolTip(QStringLiteral("Each new game has another ballpark of the folder"));
+  parks->setToolTip(QStringLiteral("BALLPARKS then draws one of the pictures of the same folder"));
   BindVisible(parks, aids_.state.cb_RandParks_visible);
 }
 
@@ -164,6 +165,7 @@ void OptionsPanel::BuildPhotoPath() {
 
   auto* path = new ClickLabel({}, {kSlateRaised, kSlateHover, kCream}, this);
   Name(path, "lbl_PhotoPath", QStringLiteral("Folder of the player photos"));
+  path->setToolTip(QStringLiteral("The folder of the player photos; Ctrl + click to change it"));
   scene_.Put(path, {16, 210, 380, 32}, kBody);
   auto* edit = new NameEdit(board_.platform, PhotoFolder(board_.state), path);
   Name(edit, "Text1", QStringLiteral("New folder of the player photos"));

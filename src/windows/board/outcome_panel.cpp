@@ -4,12 +4,12 @@
 #include <array>
 #include <utility>
 
-#include "game/outcomes.h"
 #include "game/runners.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
 #include "windows/shared/outcome_table.h"
 #include "windows/shared/text_visit.h"
+#include "windows/shared/tips.h"
 
 namespace dtb {
 namespace {
@@ -35,37 +35,39 @@ constexpr Place kStats = Cell(3, 220);
 
 }  // namespace
 
-OutcomePanel::OutcomePanel(Board& board, Scene& scene, QWidget* parent)
+OutcomePanel::OutcomePanel(Board& board, NextStep& next, Scene& scene, QWidget* parent)
     : DraggablePanel(scene, parent), board_(board) {
   Name(this, "pb_Res", QStringLiteral("Outcomes"));
   setToolTip(QStringLiteral("CTRL + Left Click to drag controls"));
   scene.Put(this, kPanel);
   const auto add = [&](const char* name, const char* caption, const QString& tip,
-                       const ClickLabel::Shades& shades, const Place& place) {
+                       const QString& key, const ClickLabel::Shades& shades, const Place& place) {
     auto* button = new ClickLabel(QLatin1String(caption), shades, this);
     Name(button, name, QLatin1String(caption) + QStringLiteral(", ") + tip);
-    button->setToolTip(tip);
+    button->setToolTip(key.isEmpty() ? tip : TipWithKey(tip, key));
     scene.Put(button, place, kLarge, true);
     return button;
   };
   for (std::size_t i = 0; i < kOutcomes.size(); ++i) {
     const OutcomeEntry& entry = kOutcomes[i];
-    auto* button = add(entry.name, entry.caption, QLatin1String(entry.tip), ShadesOf(entry.family),
-                       kPlaces[i]);
+    auto* button = add(entry.name, entry.caption, QLatin1String(entry.tip),
+                       QLatin1String(entry.shown), ShadesOf(entry.family), kPlaces[i]);
     button->installEventFilter(this);
-    connect(button, &QAbstractButton::clicked, this, [this, button, outcome = entry.outcome] {
-      if (IsSecondHalf(button)) return;
-      // A run is a figure of the cell, so it leaves the person there.
-      if (outcome != Outcome::RunBattedIn) EndTextVisit(this);
-      const std::size_t before = board_.log.text().size();
-      RecordOutcome(board_, outcome);
-      recorded_ = board_.log.text().size() > before;
-    });
+    connect(button, &QAbstractButton::clicked, this,
+            [this, button, &next, outcome = entry.outcome] {
+              if (IsSecondHalf(button)) return;
+              // A run is a figure of the cell, so it leaves the person there.
+              if (outcome != Outcome::RunBattedIn) EndTextVisit(this);
+              const std::size_t before = board_.log.text().size();
+              next.Record(outcome);
+              recorded_ = board_.log.text().size() > before;
+            });
   }
-  auto* stolenBase = add("lbl_SB", "SB", QStringLiteral("Stolen base"),
-                         ShadesOf(OutcomeFamily::Plain), kStolenBase);
+  auto* stolenBase =
+      add("lbl_SB", "SB", QStringLiteral("Stolen base"),
+          QStringLiteral("S, then the piece, 1 to 4"), ShadesOf(OutcomeFamily::Plain), kStolenBase);
   connect(stolenBase, &QAbstractButton::clicked, this, [&board] { ExplainStolenBase(board); });
-  auto* stats = add("lbl_STATS", "STATS", QStringLiteral("Opens the statistics sheet"),
+  auto* stats = add("lbl_STATS", "STATS", QStringLiteral("Opens the statistics sheet"), {},
                     {kButtonGrey, Qt::white, kInk}, kStats);
   connect(stats, &QAbstractButton::clicked, this, &OutcomePanel::statsWanted);
   Follow<bool>(this, board.state.chk_Ctrls, [this](bool hidden) { setVisible(!hidden); });

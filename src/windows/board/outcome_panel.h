@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "game/board.h"
+#include "windows/board/next_step.h"
 #include "windows/shared/draggable.h"
 
 namespace dtb {
@@ -12,7 +13,7 @@ namespace dtb {
 class OutcomePanel : public DraggablePanel {
   Q_OBJECT
  public:
-  OutcomePanel(Board& board, Scene& scene, QWidget* parent);
+  OutcomePanel(Board& board, NextStep& next, Scene& scene, QWidget* parent);
 
  signals:
   // A click on "STATS".

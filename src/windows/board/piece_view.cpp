@@ -10,6 +10,7 @@
 #include "windows/boxes/closing_press.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
+#include "windows/shared/tips.h"
 
 namespace dtb {
 namespace {
@@ -18,7 +19,6 @@ using namespace look;
 
 constexpr double kShadowMargin = 10;
 constexpr double kPlateHeight = 24;
-constexpr double kPlateTop = 105;  // from the top of the box, at any size that holds it there
 constexpr double kKeyStep = 12;
 constexpr int kDragDistance = 4;  // pixels
 constexpr int kLeastSeen = 16;    // pixels of a piece by which it can be caught
@@ -104,10 +104,11 @@ void PieceView::Arrange() {
                           width + 2 * kShadowMargin, height + 2 * kShadowMargin});
   const double ring = hasFocus() ? 3 : 0;  // room for the ring of the keyboard focus
   scene_.MoveTo(photo_, {ring, ring, width - 2 * ring, height - 2 * ring});
-  const double plateTop = std::max(0.0, std::min(kPlateTop, height - kPlateHeight));
-  scene_.MoveTo(plate_, {0, plateTop, width, std::min(kPlateHeight, height)});
+  // Both names stand at the foot of the box.
   const double nameHeight = std::min(kPlateHeight, height);
-  scene_.MoveTo(photoName_, {0, height - nameHeight, width, nameHeight});
+  for (QWidget* name : {plate_, photoName_}) {
+    scene_.MoveTo(name, {0, height - nameHeight, width, nameHeight});
+  }
   ShowPlate();
   Stack();
 }
@@ -142,7 +143,7 @@ void PieceView::ShowPlate() {
   photoName_->setVisible(taken && name.isEmpty() && !tag.isEmpty());
   photoName_->SetName({}, tag);
   shadow_->setVisible(taken);
-  setToolTip(taken ? WholeTextTip(tag) : QString());
+  setToolTip(taken ? TipOfLines({tag}) : QString());
   setAccessibleName(taken ? QStringLiteral("Game piece %1: %2").arg(piece_ + 1).arg(tag)
                           : QStringLiteral("Game piece %1, free").arg(piece_ + 1));
   update();
@@ -178,7 +179,7 @@ void PieceView::DrawInitials(QPainter& painter) {
     initials += QString::fromUcs4(&letter, 1);
   }
   painter.setFont(Font(width() * 0.42, true));
-  painter.setPen(QColor(140, 140, 140));
+  painter.setPen(QColor(184, 184, 184));
   painter.drawText(QRect(0, 0, width(), plate_->y()), Qt::AlignCenter, initials);
 }
 

@@ -5,7 +5,6 @@
 #include <QVBoxLayout>
 #include <array>
 
-#include "game/outcomes.h"
 #include "game/runners.h"
 #include "platform/qt/qt_keyboard.h"
 #include "teams/batting_order.h"
@@ -33,7 +32,7 @@ constexpr std::array kOtherKeys{
     OtherKey{"N", "The man who is due comes to bat"},
     OtherKey{"Up, Down", "Choose a row of the side at bat"},
     OtherKey{"X", "Roll the dice"},
-    OtherKey{"V", "View the charts, where you left them"},
+    OtherKey{"V", "View the charts; of a new batter, from the first"},
     OtherKey{"Alt + 1 to 9", "View that chart"},
     OtherKey{"Ctrl + F12", "Show or hide the numbered dice"},
     OtherKey{"Enter", "Press, or enter a new entry"},
@@ -157,7 +156,7 @@ bool PlayKeys::PressOutcome(int key) {
   const OutcomeEntry* found = OutcomeOfKey(key);
   if (found == nullptr) return false;
   ShowPlate(false);
-  RecordOutcome(board_, found->outcome);
+  emit outcomeWanted(found->outcome);
   return true;
 }
 

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QSet>
 
+#include "game/outcome.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/scene.h"
 
@@ -38,10 +39,11 @@ class PlayKeys : public QObject {
   }
 
  signals:
-  void chartsWanted();          // at the chart where they stood last
+  void chartsWanted();          // at the chart where they stood last; of a new batter, the first
   void chartWanted(int chart);  // 0 to 8
   void diceWanted();            // rolled
-  void listWanted(int key);     // an arrow: the line-up of the side at bat takes it
+  void outcomeWanted(Outcome outcome);
+  void listWanted(int key);  // an arrow: the line-up of the side at bat takes it
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -18,6 +18,7 @@
 #include "windows/shared/look.h"
 #include "windows/shared/name_edit.h"
 #include "windows/shared/text_visit.h"
+#include "windows/shared/tips.h"
 
 namespace dtb {
 namespace {
@@ -79,7 +80,19 @@ QString CellTip(Side side, int cell) {
   if (cell == 19) {
     return side == Side::Visitors ? QStringLiteral("top of 20") : QStringLiteral("botom of 20");
   }
-  return {};
+  switch (cell) {
+    case kTotalRuns:
+      return QStringLiteral("Runs; UPDATE adds up the innings");
+    case kTotalHits:
+      return QStringLiteral("Hits");
+    case kTotalErrors:
+      return QStringLiteral("Errors");
+    default:
+      return TipWithKey(QStringLiteral("%1 of inning %2; a double click marks it as finished")
+                            .arg(QLatin1String(side == Side::Visitors ? "Top" : "Bottom"))
+                            .arg(cell + 1),
+                        QStringLiteral("Ctrl + Enter"));
+  }
 }
 
 bool IsDigit(const QString& typed) {
@@ -159,8 +172,9 @@ void Scoreboard::BuildTeams(QWidget* frame, QtPictures& pictures) {
     if (visitors != nullptr) team->SetTextFits(visitors);
     visitors = team;
     BindGameText(team, fields.team, board_, "team name");
+    team->setToolTip(QStringLiteral("The team's name on the board"));
     connect(team, &QLineEdit::textChanged, team, [team](const QString& text) {
-      team->setToolTip(WholeTextTip(text.left(200)));
+      team->setToolTip(TipOfLines({text.left(200)}));
       if (!team->hasFocus()) team->setCursorPosition(0);
     });
   }
@@ -173,7 +187,7 @@ void Scoreboard::AddScoreCell(QWidget* frame, Side side, int cell, const Place& 
        QLatin1String(NamesOf(side).word) + QLatin1Char(' ') + CellWord(cell));
   field->setObjectName(QStringLiteral("%1[%2]").arg(QLatin1String(NamesOf(side).row)).arg(cell));
   field->setToolTip(CellTip(side, cell));
-  scene_.Put(field, place, cell >= kTotalRuns ? kHuge : kLarge, cell >= kTotalRuns);
+  scene_.Put(field, place, kHuge, cell >= kTotalRuns);
   BindGameText(field, score.text, board_, "line score");
   Follow<Colour>(field, score.colour,
                  [field](const Colour& colour) { field->SetGround(Shade(colour), kInk); });
@@ -229,7 +243,7 @@ void Scoreboard::AddDigit(QWidget* frame, int digit, const Place& place) {
   auto* label = new ClickLabel(caption, {Qt::transparent, kSlateHover, kCream}, frame);
   label->setObjectName(QStringLiteral("lbl_") + caption);
   label->setAccessibleName(QStringLiteral("Score pad ") + caption);
-  label->setCursor(Qt::PointingHandCursor);
+  label->setToolTip(QStringLiteral("Types this digit into the cell that you chose last"));
   scene_.Put(label, place, kBody, true);
   connect(label, &QAbstractButton::clicked, this, [this, digit] {
     EndTextVisit(this);
@@ -268,6 +282,7 @@ void Scoreboard::BuildOuts() {
              kBody, true);
   auto* outs = new FigureField(frame);
   Name(outs, "tb_OUT", QStringLiteral("Outs of the half-inning"));
+  outs->setToolTip(QStringLiteral("Outs of this half-inning"));
   outs->SetGround(kOutsRed, Qt::white);
   scene_.Put(outs, {0, 28, 84, 48}, kHuge, true);
   BindGameText(outs, board_.state.tb_OUT, board_, "OUTS");
@@ -295,6 +310,7 @@ void Scoreboard::BuildOuts() {
 void Scoreboard::BuildCommands() {
   auto* update = new QPushButton(QStringLiteral("UPDATE"), this);
   Name(update, "Command5", QStringLiteral("UPDATE totals"));
+  update->setToolTip(QStringLiteral("Adds up the innings of both teams"));
   scene_.Put(update, {878, 12, 109, 36}, kBody);
   connect(update, &QPushButton::clicked, this, [this] {
     const Gesture gesture(board_, "UPDATE");
@@ -316,7 +332,6 @@ void Scoreboard::BuildCharts() {
   const auto addLabel = [this](const char* name, const QString& caption, const Place& place) {
     auto* label = new ClickLabel(caption, {kButtonGrey, Qt::white, kInk}, this);
     Name(label, name, caption);
-    label->setCursor(Qt::PointingHandCursor);
     label->SetRestsAfterRelease();
     scene_.Put(label, place, kBody, true);
     return label;
@@ -333,6 +348,9 @@ void Scoreboard::BuildCharts() {
           const QString caption = ToQt(ChartCaption(aids_.state, chart));
           const QString plain = QStringLiteral("Chart ") + number;
           label->setAccessibleName(caption == plain ? plain : plain + QLatin1Char(' ') + caption);
+          label->setToolTip(
+              TipOfLines({TipWithKey(caption, QStringLiteral("Alt + ") + number),
+                          QStringLiteral("Ctrl + click gives the button another name")}));
         });
     auto* edit = new NameEdit(aids_.platform, ChartName(aids_.state, chart), label);
     Name(edit, qPrintable(QStringLiteral("tb_chrt") + number),
@@ -347,7 +365,7 @@ void Scoreboard::BuildCharts() {
   help->setToolTip(QStringLiteral("Opens the help page"));
   auto* keys = addLabel("lbl_keys", QStringLiteral("?"), {958, 144, 29, 32});
   keys->setAccessibleName(QStringLiteral("Keys"));
-  keys->setToolTip(QStringLiteral("Shows all keys; the key ? does so too"));
+  keys->setToolTip(QStringLiteral("Shows all keys (?)"));
   connect(keys, &QAbstractButton::clicked, this, &Scoreboard::keysWanted);
   connect(help, &QAbstractButton::clicked, this, [this] { OpenHelp(aids_); });
 }

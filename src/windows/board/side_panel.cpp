@@ -14,6 +14,7 @@
 #include "windows/shared/bind.h"
 #include "windows/shared/game_text.h"
 #include "windows/shared/look.h"
+#include "windows/shared/tips.h"
 
 namespace dtb {
 namespace {
@@ -64,21 +65,50 @@ class AtBatOption : public QRadioButton {
     ground_ = ground;
     update();
   }
+  // Words at its right end, dim or bright.
+  void SetHint(const QString& hint, ClickLabel::HintLight light) {
+    hint_ = hint;
+    light_ = light;
+    update();
+  }
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
-    DrawPlate(painter, rect(), ground_, kAccent, hasFocus() ? 2 : 0);
+    const bool flash = !hint_.isEmpty() && light_ == ClickLabel::HintLight::Flash;
+    DrawPlate(painter, rect(), flash ? kAccent : ground_, kAccent, hasFocus() ? 2 : 0);
     QStyleOptionButton option;
     initStyleOption(&option);
     option.state.setFlag(QStyle::State_HasFocus, false);
     option.rect.adjust(fontMetrics().height() / 3, 0, 0, 0);
     style()->drawControl(QStyle::CE_RadioButton, &option, &painter, this);
+    if (!hint_.isEmpty()) DrawHint(painter);
   }
 
  private:
+  void DrawHint(QPainter& painter) const {
+    painter.setFont(Font(font().pixelSize() * kSmall / kBody));
+    const QFontMetrics metrics = painter.fontMetrics();
+    const int width = TextWidth(metrics, hint_) + metrics.height();
+    const int height = metrics.height() + 4;
+    const QRect chip(this->width() - width - 4, (this->height() - height) / 2, width, height);
+    if (light_ == ClickLabel::HintLight::Bright) {
+      DrawPlate(painter, chip, kAccent, kInk, 1, height / 2.0);
+    }
+    painter.setPen(kInk);
+    painter.drawText(chip, Qt::AlignCenter, hint_);
+  }
+
+  QString hint_;
+  ClickLabel::HintLight light_ = ClickLabel::HintLight::Dim;
   QColor ground_;
 };
+
+// How the words of a step are shown just now.
+ClickLabel::HintLight LightOf(const NextStep& next, Step step) {
+  if (next.Flashes(step)) return ClickLabel::HintLight::Flash;
+  return next.Is(step) ? ClickLabel::HintLight::Bright : ClickLabel::HintLight::Dim;
+}
 
 QString ForTeam(const char* what, Side side) {
   return QStringLiteral("%1, %2").arg(QLatin1String(what), QLatin1String(NamesOf(side).team));
@@ -86,8 +116,9 @@ QString ForTeam(const char* what, Side side) {
 
 }  // namespace
 
-SidePanel::SidePanel(Board& board, Side side, QtPictures& pictures, Scene& scene, QWidget* parent)
-    : Panel(parent), board_(board), side_(side), scene_(scene) {
+SidePanel::SidePanel(Board& board, Side side, NextStep& next, QtPictures& pictures, Scene& scene,
+                     QWidget* parent)
+    : Panel(parent), board_(board), side_(side), next_(next), scene_(scene) {
   Name(this, NamesOf(side).panel);
   Place place = kVisitorsPlace;
   if (side == Side::Home) place.left = kSceneWidth - place.left - place.width;
@@ -95,7 +126,9 @@ SidePanel::SidePanel(Board& board, Side side, QtPictures& pictures, Scene& scene
   BuildLoadButton();
   BuildList();
   BuildButtons();
+  BuildAtBat();
   BuildPitcher(pictures);
+  BuildPitcherPlate();
   FollowAll(
       this, [this] { SetLit(SideOf(board_, side_).atBat.value()); }, board.state.Option5,
       board.state.Option6);
@@ -110,12 +143,13 @@ void SidePanel::BuildLoadButton() {
   const Names& names = NamesOf(side_);
   auto* load = new QPushButton(QLatin1String(names.loadCaption), this);
   Name(load, names.load, QLatin1String(names.loadCaption));
+  load->setToolTip(QStringLiteral("Chooses the file of a team and loads it"));
   PutMirrored(load, {12, 12, 296, 36}, kLarge);
   connect(load, &QPushButton::clicked, this, [this] { LoadTeam(board_, side_); });
 }
 
 void SidePanel::BuildList() {
-  list_ = new LineupView(board_, side_, this);
+  list_ = new LineupView(board_, side_, next_, this);
   Name(list_, NamesOf(side_).list, ForTeam("Line-up", side_));
   PutMirrored(list_, {12, 56, 296, 288}, kLarge);
 }
@@ -123,24 +157,40 @@ void SidePanel::BuildList() {
 void SidePanel::BuildButtons() {
   const Names& names = NamesOf(side_);
   SideFields fields = SideOf(board_, side_);
-  const auto addButton = [&](const char* name, const char* caption, double left, auto operation) {
+  const auto addButton = [&](const char* name, const char* caption, const char* tip, double left,
+                             auto operation) {
     auto* button = new QPushButton(QLatin1String(caption), this);
     Name(button, name, ForTeam(caption, side_));
+    button->setToolTip(QLatin1String(tip));
     PutMirrored(button, {left, 350, 92, 32}, kBody);
     connect(button, &QPushButton::clicked, this, [this, operation] { operation(board_, side_); });
   };
-  addButton(names.up, "UP", 12, MoveEntryUp);
-  addButton(names.down, "DN", 112, MoveEntryDown);
+  addButton(names.up, "UP", "Moves the selected row up by one", 12, MoveEntryUp);
+  addButton(names.down, "DN", "Moves the selected row down by one", 112, MoveEntryDown);
 
   auto* edit = new QCheckBox(QStringLiteral("EDIT"), this);
   Name(edit, names.edit, ForTeam("EDIT", side_));
+  edit->setToolTip(
+      QStringLiteral("While it is on, rows are dragged and replaced, and none names a batter"));
   PutMirrored(edit, {220, 350, 88, 32}, kBody);
   BindCheck(edit, fields.edit);
 
+  auto* newEntry = new QLineEdit(this);
+  Name(newEntry, names.newEntry, ForTeam("New entry for the selected row", side_));
+  newEntry->setToolTip(TipWithKey(QStringLiteral("A double click on a row puts this text there"),
+                                  QStringLiteral("Enter on the row")));
+  newEntry->setPlaceholderText(QStringLiteral("New entry; then double-click its row"));
+  PutMirrored(newEntry, {96, 418, 212, 26}, kBody);
+  BindGameText(newEntry, fields.newEntry, board_, "new entry");
+  BindVisible(newEntry, fields.edit);
+}
+
+void SidePanel::BuildAtBat() {
   auto* atBat = new AtBatOption(this);
   TakeClosingPress(atBat);
-  Name(atBat, names.atBat, ForTeam("AT BAT", side_));
-  PutMirrored(atBat, {96, 388, 212, 30}, kBody, true);
+  Name(atBat, NamesOf(side_).atBat, ForTeam("AT BAT", side_));
+  atBat->setToolTip(QStringLiteral("This side bats, the other is in the field"));
+  PutMirrored(atBat, {96, 388, 212, 28}, kBody, true);
   FollowAll(
       atBat,
       [this, atBat] {
@@ -154,13 +204,15 @@ void SidePanel::BuildButtons() {
     if (on) PutAtBat(board_, side_);
     atBat->setChecked(SideOf(board_, side_).atBat.value());
   });
-
-  auto* newEntry = new QLineEdit(this);
-  Name(newEntry, names.newEntry, ForTeam("New entry for the selected row", side_));
-  newEntry->setPlaceholderText(QStringLiteral("New entry; then double-click its row"));
-  PutMirrored(newEntry, {96, 422, 212, 28}, kBody);
-  BindGameText(newEntry, fields.newEntry, board_, "new entry");
-  BindVisible(newEntry, fields.edit);
+  // The visitors bat first.
+  if (side_ == Side::Home) return;
+  const auto showHint = [this, atBat] {
+    const bool open = !SideAtBat(board_.state).has_value();
+    atBat->SetHint(open ? QStringLiteral("Turn on AT BAT") : QString(),
+                   LightOf(next_, Step::AtBat));
+  };
+  FollowAll(atBat, showHint, board_.state.Option5, board_.state.Option6);
+  connect(&next_, &NextStep::changed, atBat, showHint);
 }
 
 // In the field: the man to whom the pitcher pitches.
@@ -187,22 +239,39 @@ void SidePanel::BuildPitcher(QtPictures& pictures) {
 
   auto* title = new NameLabel(
       this, (side_ == Side::Visitors ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignBottom);
-  PutMirrored(title, {96, 450, 212, 18}, kBody);
+  PutMirrored(title, {96, 444, 212, 16}, kBody);
   title->setObjectName(QLatin1String(names.photo) + QStringLiteral("_title"));
   FollowAll(
       title, [this, title] { ShowDuel(title); }, board_.state.Option5, board_.state.Option6,
       board_.state.lbl_Selected, board_.state.BatterOf, board_.state.VisDue, board_.state.HomeDue);
+}
 
+// His name, and under it what the line-up remarks of him.
+void SidePanel::BuildPitcherPlate() {
+  const Names& names = NamesOf(side_);
+  SideFields fields = SideOf(board_, side_);
   auto* pitcher = new ClickLabel({}, {kSlateRaised, kSlateHover, kCream}, this);
-  Name(pitcher, names.pitcher, QLatin1String(names.pitcherTip));
-  pitcher->setToolTip(QLatin1String(names.pitcherTip));
-  pitcher->SetHint(QStringLiteral("Select a row, double-click here"));
-  PutMirrored(pitcher, {96, 468, 212, 32}, kLarge, true);
-  Follow<std::string>(pitcher, fields.pitcher,
-                      [pitcher, tip = QLatin1String(names.pitcherTip)](const std::string& name) {
-                        pitcher->setText(ToQt(name));
-                        pitcher->setAccessibleName(tip + QLatin1Char(' ') + ToQt(name));
-                      });
+  Name(pitcher, names.pitcher);
+  pitcher->SetHint(QStringLiteral("Who pitches? Select him,\nthen double-click here"));
+  PutMirrored(pitcher, {96, 460, 212, 40}, kLarge, true);
+  const auto show = [this, pitcher, tip = QLatin1String(names.pitcherTip)] {
+    const SideFields shown = SideOf(board_, side_);
+    const QString name = ToQt(shown.pitcher.value());
+    const QString remark = RemarkOf(shown.list, shown.pitcher.value());
+    pitcher->setText(name);
+    pitcher->SetFoot(remark);
+    pitcher->setAccessibleName(tip + QLatin1Char(' ') + name);
+    pitcher->setToolTip(
+        name.isEmpty()
+            ? QString(tip)
+            : TipOfLines({tip + QStringLiteral(": ") + name, remark,
+                          QStringLiteral("Select another row and double-click here to change")}));
+    const Step step = side_ == Side::Visitors ? Step::VisitorsPitcher : Step::HomePitcher;
+    pitcher->SetHintLight(LightOf(next_, step));
+  };
+  FollowAll(pitcher, show, fields.pitcher);
+  connect(&next_, &NextStep::changed, pitcher, show);
+  connect(list_, &LineupView::shown, pitcher, show);
   connect(pitcher, &ClickLabel::doubleClicked, this, [this] { ChangePitcher(board_, side_); });
 }
 

@@ -87,7 +87,6 @@ QWidget* AboutBox::BuildLink() {
   auto* link =
       new ClickLabel(QLatin1String(kProjectPage), {kSlateRaised, kSlateHover, kAccent}, this);
   Name(link, "Label1", QStringLiteral("Open the project's page"));
-  link->setCursor(Qt::PointingHandCursor);
   link->setFont(Font(kBody * scale_, true));
   link->setToolTip(QStringLiteral("Opens the project's page in your browser"));
   link->setFixedSize(Units(kTextWidth), Units(32));

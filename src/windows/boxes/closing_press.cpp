@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QTimer>
+#include <algorithm>
 
 #include "windows/boxes/message_box.h"
 
@@ -88,6 +89,13 @@ class ClosingPress : public QObject {
 }  // namespace
 
 void TakeClosingPress(QWidget* control) { control->setProperty(kTakesPress, true); }
+
+bool TakesClosingPresses(const QWidget& window) {
+  const auto controls = window.findChildren<const QWidget*>();
+  return std::ranges::any_of(controls, [](const QWidget* control) {
+    return control->property(kTakesPress).toBool() && control->isVisible();
+  });
+}
 
 void FollowClosingPress(const QPoint& place, Qt::MouseButton button) {
   new ClosingPress(place, button == Qt::LeftButton ? TakerAt(place) : nullptr);

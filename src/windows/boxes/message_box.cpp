@@ -152,6 +152,15 @@ QString Shortened(const QString& message) {
                                            : message.left(kLongestMessage) + QChar(0x2026);
 }
 
+// A click elsewhere closes the box, and over the board may do more.
+QString ClosingHint(const QWidget* window) {
+  QString hint = QStringLiteral("Enter, Space, Esc or a click anywhere closes this");
+  if (window != nullptr && TakesClosingPresses(*window)) {
+    hint += QStringLiteral("\nA click on a row, a piece or AT BAT counts as well");
+  }
+  return hint;
+}
+
 // What is told when a confirmation of the game cannot be closed as it should.
 QString ClosingError(int number, const std::string& description) {
   return QStringLiteral(
@@ -286,13 +295,14 @@ void MessageBox::Build(double scale) {
   }
   column->addLayout(row);
   if (!content_.question) {
-    auto* hint = new QLabel(QStringLiteral("Enter, Space, Esc or a click anywhere closes this"));
+    auto* hint = new QLabel(ClosingHint(window_));
     hint->setObjectName(QStringLiteral("ClosingHint"));
     hint->setFont(Font(kSmall * scale));
     QPalette dim = hint->palette();
     dim.setColor(QPalette::WindowText, QColor(208, 208, 208));
     hint->setPalette(dim);
     hint->setAlignment(Qt::AlignHCenter);
+    hint->setWordWrap(true);
     hint->setContentsMargins(0, units(4), units(12), 0);
     column->addWidget(hint);
   }

@@ -36,8 +36,10 @@ void WindowBoxes::Show(const std::string& message, BoxIcon icon, const std::stri
 }
 
 bool WindowBoxes::Ask(const Question& question) {
-  return Run({ToQt(question.text), TitleOr(question.title), BoxIcon::Exclamation,
-              BoxAlignment::Left, true, question.yesIsUsual});
+  // Where Yes is usual nothing is at stake.
+  const BoxIcon icon = question.yesIsUsual ? BoxIcon::Information : BoxIcon::Exclamation;
+  return Run({ToQt(question.text), TitleOr(question.title), icon, BoxAlignment::Left, true,
+              question.yesIsUsual});
 }
 
 std::size_t WindowBoxes::Choose(const Choice& choice) {

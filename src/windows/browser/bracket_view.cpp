@@ -5,6 +5,7 @@
 #include "browser/bracket.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
+#include "windows/shared/tips.h"
 
 namespace dtb {
 namespace {
@@ -55,7 +56,7 @@ void BracketView::AddSlot(const std::string& key, Field<std::string>& text) {
     slot->setText(shown);
     slot->setShortcut({});  // an "&" in a name is no shortcut
     slot->setToolTip(shown.isEmpty() ? place + QStringLiteral(": puts the team's name here")
-                                     : WholeTextTip(shown));
+                                     : TipOfLines({shown}));
     slot->setAccessibleName(place + QStringLiteral(": ") +
                             (shown.isEmpty() ? QStringLiteral("empty") : shown));
   });

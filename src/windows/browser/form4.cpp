@@ -22,6 +22,7 @@
 #include "windows/shared/look.h"
 #include "windows/shared/scene.h"
 #include "windows/shared/text_visit.h"
+#include "windows/shared/tips.h"
 
 namespace dtb {
 namespace {
@@ -43,7 +44,7 @@ constexpr QColor kDeleteRed{255, 128, 128};
 constexpr QColor kResetBlue{192, 192, 255};
 constexpr QColor kLightStrip{224, 224, 224};
 
-constexpr const char* kPlayerHint = "Name begins with";
+constexpr const char* kPlayerHint = "Name or surname";
 constexpr const char* kTeamHint = "Team begins with";
 constexpr const char* kGameHint = "GameID contains";
 constexpr const char* kSearchTip =
@@ -248,12 +249,23 @@ void Form4::AddSearches(QHBoxLayout* strip, const std::vector<Search>& searches)
                   box != nullptr ? kSearchTip : "Shows the line scores of all saved games");
     if (box != nullptr)
       connect(box, &QLineEdit::returnPressed, button, [button] { button->click(); });
-    connect(button, &QPushButton::clicked, this, [this, which = search.query] {
-      WithTab([this, which] { RunQuery(browser_, which); });
-    });
+    connect(button, &QPushButton::clicked, this,
+            [this, which = search.query] { RunSearch(which); });
     strip->addSpacing(16);
   }
   strip->addStretch();
+}
+
+// The search, and where it finds nothing the way back to all rows.
+void Form4::RunSearch(Query which) {
+  WithTab([this, which] { RunQuery(browser_, which); });
+  const QueryButton& query = ButtonOf(which);
+  const auto plate = noMatch_.find(&(state_.*query.grid));
+  if (query.box == nullptr || plate == noMatch_.end()) return;
+  plate->second->AfterSearch(ToQt((state_.*query.box).value()), [this, which, &query] {
+    (state_.*query.box).Set("");
+    RunSearch(which == Query::Command11 ? Query::Command4 : which);
+  });
 }
 
 StatGridView* Form4::AddGrid(const char* name, const char* accessibleName, GridField grid,
@@ -268,6 +280,7 @@ StatGridView* Form4::AddGrid(const char* name, const char* accessibleName, GridF
   policy.setRetainSizeWhenHidden(true);
   view->setSizePolicy(policy);
   grids_.push_back({view, typeSize});
+  noMatch_[&shown] = new NoMatch(view);
   return view;
 }
 
@@ -281,6 +294,7 @@ void Form4::BuildLineScores() {
                 "Deletes the game whose line is chosen, and it alone, after a question (Delete)");
   StatGridView* grid = AddGrid("MSHFlexGrid1", "Line scores", &BrowserState::MSHFlexGrid1, kSmall);
   grid->StretchAllColumns();
+  grid->MarkTogether(line_score_column::kGameID);
   page->addWidget(grid);
   BindVisible(grid, state_.MSHFlexGrid1.visible);
   grid->horizontalHeader()->setToolTip(QStringLiteral("Click a GameID to see its box score"));
@@ -410,7 +424,7 @@ void Form4::BuildWinLoss() {
     const QString shown = ToQt(name);
     selected->setText(shown.left(400));
     selected->setToolTip(shown.isEmpty() ? QStringLiteral("The team or matchup you clicked")
-                                         : WholeTextTip(shown));
+                                         : TipOfLines({shown}));
     selected->setAccessibleName(QStringLiteral("Selected: ") + shown);
   });
   QPushButton* one = AddButton(strip, "Command36", "DELETE Matchup or Win/Loss",

@@ -8,12 +8,14 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <map>
 #include <vector>
 
 #include "browser/opening.h"
 #include "shell/control_resizer.h"
 #include "windows/boxes/busy.h"
 #include "windows/browser/bracket_view.h"
+#include "windows/browser/no_match.h"
 #include "windows/browser/season_tab.h"
 #include "windows/shared/stat_grid_view.h"
 
@@ -75,6 +77,7 @@ class Form4 : public QDialog {
   void WithTab(const std::function<void()>& operation);
   void WithAll(const std::function<void()>& operation);
 
+  void RunSearch(Query which);
   void BringBack();
   void SendTablesToExcel();
   void SendGridsToExcel();
@@ -101,6 +104,7 @@ class Form4 : public QDialog {
   SeasonTab* season_ = nullptr;
   std::vector<Typed> typed_;  // all others have the form's own type
   std::vector<SizedGrid> grids_;
+  std::map<const BrowserGrid*, NoMatch*> noMatch_;
   std::optional<std::filesystem::path> workbook_;  // in which the person wants to go on
 };
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "browser/saved_games.h"
 #include "browser/season_words.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
@@ -46,7 +47,7 @@ void SeasonGamesChart::SetOutings(std::shared_ptr<const SeasonFigures> season,
   if (!outings_.empty()) {
     words = ToQt((pitching ? "Earned run average " : "Average ") +
                  RateText(outings_.back().total, subject_.role) + " in " +
-                 std::to_string(outings_.size()) + " games.");
+                 Counted(static_cast<int>(outings_.size()), "game") + ".");
   }
   SetWords(words);
 }

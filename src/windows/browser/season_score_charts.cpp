@@ -138,11 +138,12 @@ void SeasonFinals::Draw(QPainter& painter) {
     const QRectF square = SquareOf(mark).adjusted(0.5, 0.5, -0.5, -0.5);
     const int times = TimesOf(mark);
     const double share = times == 0 ? 0 : 0.25 + 0.75 * std::sqrt(double(times) / most);
-    painter.fillRect(square, Between(QColor(38, 60, 50), kAccent, share));
+    const QColor ground = Between(QColor(38, 60, 50), kAccent, share);
+    painter.fillRect(square, ground);
     if (times == 0) continue;
     const QString figure = QString::number(times);
     if (painter.fontMetrics().horizontalAdvance(figure) > square.width()) continue;
-    painter.setPen(share > 0.45 ? kInk : kCream);
+    painter.setPen(InkOn(ground));
     painter.drawText(square, Qt::AlignCenter, figure);
   }
   painter.setPen(kCreamDim);

@@ -8,6 +8,7 @@
 
 #include "browser/grid_format.h"
 #include "browser/queries.h"
+#include "browser/saved_games.h"
 #include "browser/season_words.h"
 #include "game/text_cell.h"
 #include "sheet/text_order.h"
@@ -16,6 +17,7 @@
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"
 #include "windows/shared/text_visit.h"
+#include "windows/shared/tips.h"
 
 namespace dtb {
 namespace {
@@ -217,6 +219,7 @@ QWidget* SeasonTab::BuildGames() {
   connect(search_, &QLineEdit::textChanged, this, &SeasonTab::ListNames);
   left->addWidget(search_);
   names_ = MakeGrid("grd_Names", QStringLiteral("Teams and men of the season"), namesGrid_);
+  noName_ = new NoMatch(names_);
   connect(names_, &StatGridView::cellClicked, this,
           [this](int row, int /*column*/) { ChooseListed(row); });
   left->addWidget(names_, 1);
@@ -334,14 +337,16 @@ void SeasonTab::ShowLeaders() {
 void SeasonTab::ShowScores() {
   const SeasonScores scores = CountScores(*now_.season);
   sums_->setText(ToQt(ScoresText(scores)));
-  sums_->setToolTip(WholeTextTip(sums_->text()));
+  sums_->setToolTip(TipOfLines({sums_->text()}));
   finals_->SetScores(scores);
   std::vector<SeasonBars::Bar> bars;
   for (int runs = 0; runs <= kMostRunsOfTeam && scores.games > 0; ++runs) {
     const int times = scores.ofTeam.at(static_cast<std::size_t>(runs));
     const QString label = ToQt(RunsLabel(runs, kMostRunsOfTeam));
-    bars.push_back({label, double(times), QString::number(times),
-                    QStringLiteral("%1 runs: %2 times").arg(label).arg(times)});
+    bars.push_back(
+        {label, double(times), QString::number(times),
+         QStringLiteral("%1 %2: %3")
+             .arg(label, QLatin1String(runs == 1 ? "run" : "runs"), ToQt(Counted(times, "time")))});
   }
   runs_->SetBars(std::move(bars));
   bars.clear();
@@ -349,16 +354,16 @@ void SeasonTab::ShowScores() {
     const double mean = month.runs / month.games;
     const QString figure = ToQt(RoundedQuotient(month.runs, month.games, 2));
     bars.push_back({ToQt(month.month), mean, figure,
-                    QStringLiteral("%1: %2 runs a game in %3 games")
-                        .arg(ToQt(month.month), figure)
-                        .arg(month.games)});
+                    QStringLiteral("%1: %2 runs a game in %3")
+                        .arg(ToQt(month.month), figure, ToQt(Counted(month.games, "game")))});
   }
   runsByMonth_->SetBars(std::move(bars));
 }
 
 void SeasonTab::ListNames() {
   if (!now_.season) return;
-  const LikePattern wanted("%" + EscapedForLike(FromQt(search_->text())) + "%", U'\\');
+  const LikePattern wanted("%" + EscapedForLike(FromQt(search_->text())) + "%", U'\\',
+                           LikePattern::Accents::AreFound);
   std::vector<std::vector<std::string>> rows{{"Name", "Team"}};
   now_.listed.clear();
   const auto& teams = now_.season->teams;
@@ -374,6 +379,7 @@ void SeasonTab::ListNames() {
     rows.push_back({entry.name, teams[entry.team].name});
   }
   namesGrid_.Take(GridOf(rows));
+  noName_->AfterSearch(search_->text(), [this] { search_->clear(); });
 }
 
 void SeasonTab::ChooseMan(int man, SeasonRole role) {
@@ -417,7 +423,7 @@ void SeasonTab::Choose(const std::optional<SeasonSubject>& subject) {
   }
   who_->setText(who);
   who_->setAccessibleName(QStringLiteral("Chosen: ") + who);
-  who_->setToolTip(WholeTextTip(who));
+  who_->setToolTip(TipOfLines({who}));
   ReadChosen();
 }
 

@@ -11,6 +11,7 @@
 #include <thread>
 
 #include "browser/browser.h"
+#include "windows/browser/no_match.h"
 #include "windows/browser/season_course_chart.h"
 #include "windows/browser/season_games_chart.h"
 #include "windows/browser/season_leader_board.h"
@@ -100,6 +101,7 @@ class SeasonTab : public QWidget {
   QLabel* rule_ = nullptr;
   QLineEdit* search_ = nullptr;
   StatGridView* names_ = nullptr;
+  NoMatch* noName_ = nullptr;
   QLabel* who_ = nullptr;
   QPushButton* batting_ = nullptr;
   QPushButton* pitching_ = nullptr;

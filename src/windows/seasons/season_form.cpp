@@ -11,6 +11,7 @@
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"
 #include "windows/shared/scene.h"
+#include "windows/shared/tips.h"
 
 namespace dtb {
 namespace {
@@ -79,7 +80,7 @@ QLabel* SeasonForm::AddText(QBoxLayout* place, const char* name, Field<std::stri
   label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   Follow<std::string>(label, text, [label](const std::string& shown) {
     label->setText(ToQt(shown));
-    label->setToolTip(WholeTextTip(ToQt(shown)));
+    label->setToolTip(TipOfLines({ToQt(shown)}));
     label->setAccessibleName(ToQt(shown));
   });
   place->addWidget(label, 1);

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QStyleOption>
+#include <algorithm>
 #include <cstdlib>
 #include <vector>
 
@@ -50,6 +51,36 @@ void ClickLabel::SetHint(const QString& hint) {
   update();
 }
 
+void ClickLabel::SetHintLight(HintLight light) {
+  hintLight_ = light;
+  update();
+}
+
+void ClickLabel::SetFoot(const QString& foot) {
+  foot_ = foot;
+  update();
+}
+
+// A label whose text fits has its hint as its caption for as long as it has none.
+void ClickLabel::DrawHint(QPainter& painter, const QRect& inside) const {
+  if (textFits_) {
+    painter.setFont(FittingFont(font(), hint_, inside.width()));
+    painter.drawText(inside, Qt::AlignCenter,
+                     ElidedText(painter.fontMetrics(), hint_, inside.width()));
+    return;
+  }
+  QColor ink = painter.pen().color();
+  if (hintLight_ == HintLight::Dim) ink = kCreamDim;
+  if (hintLight_ == HintLight::Bright) ink = kAccent;
+  if (hintLight_ == HintLight::Flash) {
+    DrawPlate(painter, rect(), kAccent, kInk, 1);
+    ink = kInk;
+  }
+  painter.setFont(Font(font().pixelSize() * kSmall / kLarge));
+  painter.setPen(ink);
+  painter.drawText(inside, Qt::AlignCenter | Qt::TextWordWrap, hint_);
+}
+
 void ClickLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   QColor fill = lit_ && isEnabled() ? shades_.hover : shades_.rest;
@@ -61,19 +92,28 @@ void ClickLabel::paintEvent(QPaintEvent* /*event*/) {
   const bool bordered = isDown() || pressed_;
   DrawPlate(painter, rect(), fill, bordered ? kCream : Qt::transparent, bordered ? 3 : 0);
   if (hasFocus()) DrawFocus(painter, rect());
-  const QString caption = this->text();
-  const bool hint = caption.isEmpty();
-  const int margin = qMin(6, width() / 12);
-  const QRect inside = rect().adjusted(margin, 0, -margin, 0);
-  const QString& shown = hint ? hint_ : caption;
-  if (hint) {
-    painter.setFont(Font(font().pixelSize() * (textFits_ ? 1 : 0.72)));
-    text.setAlphaF(0.75F);
-  }
-  if (textFits_) painter.setFont(FittingFont(painter.font(), shown, inside.width()));
+  // Captions that fit are set as large as those beside them, where a pixel or two are missing.
+  const int margin = textFits_ ? qMin(3, width() / 12) : qMin(6, width() / 12);
+  QRect inside = rect().adjusted(margin, 0, -margin, 0);
   painter.setPen(text);
-  painter.drawText(inside, Qt::AlignCenter,
-                   painter.fontMetrics().elidedText(shown, Qt::ElideRight, inside.width()));
+  if (this->text().isEmpty()) return DrawHint(painter, inside);
+  const auto line = [&](const QString& words) {
+    painter.drawText(inside, Qt::AlignCenter,
+                     ElidedText(painter.fontMetrics(), words, inside.width()));
+  };
+  if (!foot_.isEmpty()) {
+    // Both lines together stand in the middle.
+    const QFont small = Font(font().pixelSize() * kSmall / kLarge);
+    const int foot = QFontMetrics(small).height();
+    const int top = std::max(0, height() - foot - painter.fontMetrics().height()) / 2;
+    painter.setFont(small);
+    inside = QRect(inside.left(), height() - top - foot, inside.width(), foot);
+    line(foot_);
+    painter.setFont(font());
+    inside = QRect(inside.left(), top, inside.width(), height() - 2 * top - foot);
+  }
+  if (textFits_) painter.setFont(FittingFont(font(), this->text(), inside.width()));
+  line(this->text());
 }
 
 void ClickLabel::keyPressEvent(QKeyEvent* event) {
@@ -193,7 +233,6 @@ PictureButton::PictureButton(QWidget* parent)
   box_->setAttribute(Qt::WA_TransparentForMouseEvents);
   setFocusPolicy(Qt::TabFocus);
   setAttribute(Qt::WA_Hover);
-  setCursor(Qt::PointingHandCursor);
 }
 
 void PictureButton::paintEvent(QPaintEvent* /*event*/) {
@@ -248,7 +287,7 @@ bool FigureField::Fits(const QFont& font) const {
   const QMargins margins = textMargins();
   constexpr int kCaret = 6;  // what the toolkit keeps free beside the text
   const int room = width() - margins.left() - margins.right() - kCaret;
-  return QFontMetrics(font).horizontalAdvance(text()) <= room;
+  return TextWidth(QFontMetrics(font), text()) <= room;
 }
 
 void FigureField::FitText() {
@@ -377,10 +416,9 @@ void NameLabel::SetName(const QString& lead, const QString& name) {
 void NameLabel::FitName() {
   constexpr int kRim = 4;
   const QFontMetrics metrics = fontMetrics();
-  const int room = std::max(0, width() - kRim - metrics.horizontalAdvance(lead_));
-  const bool fits = metrics.horizontalAdvance(name_) <= room;
-  const QString shown = fits ? name_ : ToQt(LastNameOf(FromQt(name_)));
-  setText(lead_ + metrics.elidedText(shown, Qt::ElideRight, room));
+  const int room = std::max(0, width() - kRim - TextWidth(metrics, lead_));
+  const bool fits = TextWidth(metrics, name_) <= room;
+  setText(lead_ + ElidedText(metrics, fits ? name_ : ToQt(LastNameOf(FromQt(name_))), room));
 }
 
 void NameLabel::resizeEvent(QResizeEvent* event) {
@@ -398,12 +436,6 @@ QLabel* MakeCaption(const QString& text, QWidget* parent, Qt::Alignment alignmen
   label->setAlignment(alignment);
   label->setTextFormat(Qt::PlainText);
   return label;
-}
-
-QString WholeTextTip(const QString& text) {
-  constexpr qsizetype kLongest = 2000;
-  if (text.isEmpty()) return {};
-  return QStringLiteral("<qt>%1</qt>").arg(text.left(kLongest).toHtmlEscaped());
 }
 
 }  // namespace dtb

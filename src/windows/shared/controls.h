@@ -42,6 +42,12 @@ class ClickLabel : public QAbstractButton {
   void SetShades(const Shades& shades);
   // The hint is shown, dimly, while the caption is "".
   void SetHint(const QString& hint);
+  // How the hint is shown: dim, bright, as that of the next step, or for a moment the other way
+  // round.
+  enum class HintLight { Dim, Bright, Flash };
+  void SetHintLight(HintLight light);
+  // A second line under the caption, in small type.
+  void SetFoot(const QString& foot);
   // A caption too long for the label is set in a smaller type of the look that fits, down to the
   // smallest before it is cut.
   void SetTextFits() { textFits_ = true; }
@@ -60,8 +66,12 @@ class ClickLabel : public QAbstractButton {
   bool event(QEvent* event) override;
 
  private:
+  void DrawHint(QPainter& painter, const QRect& inside) const;
+
   Shades shades_;
   QString hint_;
+  HintLight hintLight_ = HintLight::Dim;
+  QString foot_;
   bool textFits_ = false;
   bool lit_ = false;      // the pointer moved over it
   bool pressed_ = false;  // with any button of the mouse
@@ -180,9 +190,5 @@ class NameLabel : public QLabel {
 // A caption on slate.
 QLabel* MakeCaption(const QString& text, QWidget* parent,
                     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
-
-// A tool-tip with the whole of a text that may be cut short on the screen, as it is: no mark in it
-// means anything.
-[[nodiscard]] QString WholeTextTip(const QString& text);
 
 }  // namespace dtb

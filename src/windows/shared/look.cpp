@@ -1,6 +1,8 @@
 #include "windows/shared/look.h"
 
+#include <QtMath>
 #include <algorithm>
+#include <cmath>
 
 namespace dtb::look {
 
@@ -11,6 +13,34 @@ QFont Font(double pixels, bool bold) {
   font.setPixelSize(std::max(7, qRound(pixels)));
   font.setBold(bold);
   return font;
+}
+
+int TextWidth(const QFontMetrics& metrics, const QString& text) {
+  return qCeil(QFontMetricsF(metrics).horizontalAdvance(text));
+}
+
+QString ElidedText(const QFontMetrics& metrics, const QString& text, int room) {
+  return TextWidth(metrics, text) <= room ? text : metrics.elidedText(text, Qt::ElideRight, room);
+}
+
+double Contrast(const QColor& first, const QColor& second) {
+  const auto light = [](const QColor& colour) {
+    const auto part = [](double share) {
+      return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) +
+           0.0722 * part(colour.blueF()) + 0.05;
+  };
+  const auto [darker, lighter] = std::minmax({light(first), light(second)});
+  return lighter / darker;
+}
+
+QColor InkOn(const QColor& ground) {
+  const auto better = [&ground](const QColor& a, const QColor& b) {
+    return Contrast(a, ground) >= Contrast(b, ground) ? a : b;
+  };
+  const QColor ink = better(kInk, kCream);
+  return Contrast(ink, ground) >= kLeastContrast ? ink : better(Qt::black, Qt::white);
 }
 
 QPalette Palette() {
@@ -51,7 +81,7 @@ QFont FittingFont(QFont font, const QString& text, int room) {
   const int full = font.pixelSize();
   for (const double share : kFittingSizes) {
     font.setPixelSize(FittingSize(full, share));
-    if (QFontMetrics(font).horizontalAdvance(text) <= room) break;
+    if (TextWidth(QFontMetrics(font), text) <= room) break;
   }
   return font;
 }

@@ -3,6 +3,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QFontMetrics>
 #include <QPainter>
 #include <QPalette>
 #include <QRectF>
@@ -27,8 +28,9 @@ inline constexpr QColor kMarkGreen{16, 122, 68};  // on light grounds: what goes
 inline constexpr QColor kAccent{255, 200, 60};    // scoreboard yellow: focus, current batter
 
 // Colours that the system fixes.
-inline constexpr QColor kBoxGrey{64, 64, 64};        // message box, game piece, base tracker
-inline constexpr QColor kPlateGrey{128, 128, 128};   // name plate, visitors' title on the sheet
+inline constexpr QColor kBoxGrey{64, 64, 64};  // message box, game piece, base tracker
+inline constexpr QColor kPlateGrey{112, 112,
+                                   112};  // name plate, visitors' title; white is read on it
 inline constexpr QColor kButtonGrey{224, 224, 224};  // face of a label that is clicked
 inline constexpr QColor kOutsRed{255, 0, 0};
 
@@ -44,12 +46,23 @@ inline constexpr std::array kFittingSizes{1.0, kBody / kLarge, kSmall / kLarge, 
 
 inline constexpr double kCorner = 6;
 
+inline constexpr double kLeastContrast = 4.5;  // of a text and its ground
+
 [[nodiscard]] QFont Font(double pixels, bool bold = false);
 // The font, or the next smaller one of the look in which the text has room; the smallest where it
 // never has.
 [[nodiscard]] QFont FittingFont(QFont font, const QString& text, int room);
 // The pixels of a font of that size when it is made smaller by one of the shares above.
 [[nodiscard]] int FittingSize(int fullSize, double share);
+// The whole pixels that a text takes, and the text as far as it has room. A text whose width lies
+// between two pixels counts as the larger, so that what fits is never cut.
+[[nodiscard]] int TextWidth(const QFontMetrics& metrics, const QString& text);
+[[nodiscard]] QString ElidedText(const QFontMetrics& metrics, const QString& text, int room);
+// How well two colours are told apart, from 1 to 21; a text needs 4.5.
+[[nodiscard]] double Contrast(const QColor& first, const QColor& second);
+// The ink that is read best on a ground: the dark or the light one of the look, and where neither
+// is read well enough, black or white.
+[[nodiscard]] QColor InkOn(const QColor& ground);
 [[nodiscard]] QPalette Palette();
 // Menus are slate where fields are light.
 [[nodiscard]] QPalette MenuPalette();

@@ -35,7 +35,6 @@ void NameEdit::AddFolderButton() {
   folder_ = new QPushButton(QStringLiteral("Choose..."), this);
   Name(folder_, "cmd_Folder", ToQt(fields_.folderTitle));
   folder_->setToolTip(QStringLiteral("Opens the dialog for folders"));
-  folder_->setCursor(Qt::ArrowCursor);
   connect(folder_, &QPushButton::clicked, this, [this] { ChooseFolder(platform_, fields_); });
 }
 

@@ -1,8 +1,10 @@
 #include "windows/shared/slate_style.h"
 
+#include <QAbstractButton>
 #include <QLineEdit>
 #include <QPainter>
 #include <QStyleOption>
+#include <QTabBar>
 #include <algorithm>
 #include <cmath>
 
@@ -196,6 +198,15 @@ void DrawMarkedChoice(QPainter& painter, const SlateStyle& style, const QStyleOp
 }  // namespace
 
 SlateStyle::SlateStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+void SlateStyle::polish(QWidget* widget) {
+  QProxyStyle::polish(widget);
+  const bool isPressed = qobject_cast<QAbstractButton*>(widget) != nullptr ||
+                         qobject_cast<QTabBar*>(widget) != nullptr;
+  if (isPressed && !widget->testAttribute(Qt::WA_SetCursor)) {
+    widget->setCursor(Qt::PointingHandCursor);
+  }
+}
 
 void SlateStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const {

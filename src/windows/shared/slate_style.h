@@ -12,6 +12,10 @@ class SlateStyle : public QProxyStyle {
  public:
   SlateStyle();
 
+  // The hand of the pointer stands over whatever a press of the mouse sets off, buttons, marks,
+  // labels and tabs, and nowhere else; what can be dragged has the open hand.
+  void polish(QWidget* widget) override;
+  using QProxyStyle::polish;
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

@@ -116,6 +116,9 @@ StatGridView::StatGridView(StatGrid& grid, QWidget* parent)
     ArrangeSoon();
     if (twin_) twin_->ArrangeSoon();
   });
+  // The frame around a game is larger than its cell.
+  connect(selectionModel(), &QItemSelectionModel::currentChanged, viewport(),
+          qOverload<>(&QWidget::update));
   connect(this, &QTableView::clicked, this,
           [this](const QModelIndex& cell) { emit cellClicked(cell.row() + 1, cell.column()); });
   connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
@@ -258,6 +261,26 @@ void StatGridView::ArrangeRows() {
   if (horizontalHeader()->height() == header) return;
   horizontalHeader()->setFixedHeight(header);
   updateGeometries();
+}
+
+void StatGridView::paintEvent(QPaintEvent* event) {
+  QTableView::paintEvent(event);
+  if (together_ >= 0 && currentIndex().isValid()) FrameTogether();
+}
+
+void StatGridView::FrameTogether() {
+  const auto text = [this](int row) { return grid_.Text(row, together_); };
+  int first = currentRow();
+  int last = first;
+  if (text(first).empty()) return;
+  while (first > 1 && text(first - 1) == text(first)) --first;
+  while (last + 1 < grid_.rows() && text(last + 1) == text(last)) ++last;
+  const int top = rowViewportPosition(first - 1);
+  const int bottom = rowViewportPosition(last - 1) + rowHeight(last - 1);
+  const int width = std::min(viewport()->width(), horizontalHeader()->length());
+  QPainter painter(viewport());
+  look::DrawPlate(painter, QRectF(0, top, width, bottom - top), Qt::transparent, look::kMarkGreen,
+                  3, 2);
 }
 
 void StatGridView::SetCurrentCell(int row, int column) {

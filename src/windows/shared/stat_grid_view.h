@@ -63,6 +63,10 @@ class StatGridView : public QTableView {
   // An arrow in the header shows on which column the rows are sorted, until they are replaced.
   void ShowSorted(int column, Qt::SortOrder order);
 
+  // Rows that follow each other and have the same text in this column are framed together when one
+  // of them is chosen.
+  void MarkTogether(int column) { together_ = column; }
+
   // The looks of a query's result: header cells are centred, column 0 is hidden.
   void ShowAsResult();
 
@@ -83,6 +87,7 @@ class StatGridView : public QTableView {
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
@@ -95,6 +100,7 @@ class StatGridView : public QTableView {
   [[nodiscard]] std::vector<int> OwnWidths() const;
   [[nodiscard]] std::vector<int> StretchedNow() const;
   void ArrangeRows();
+  void FrameTogether();
 
   StatGrid& grid_;
   StatGridModel* model_;
@@ -105,6 +111,7 @@ class StatGridView : public QTableView {
   bool wholeRows_ = false;
   int rowHeight_ = 0;  // pixels, before rows are made whole
   int fitted_ = -1;    // none
+  int together_ = -1;  // none
   QPointer<StatGridView> twin_;
   double pixelsPerTwip_ = 1.0 / 15;
 };

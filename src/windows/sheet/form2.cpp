@@ -30,8 +30,9 @@ constexpr double kWidth = 1520;
 constexpr double kHeight = 832;
 constexpr double kTableWidth = 744;
 constexpr Place kBoxScorePlace{220, 12, 1080, 84};
-constexpr double kTwip = 1.0 / 15;             // pixels on the reference screen
-constexpr double kBoxScoreTwip = 1.6 * kTwip;  // figures of the line score are larger
+constexpr Place kProofPlace{260, 108, 1000, 640};  // at most
+constexpr double kTwip = 1.0 / 15;                 // pixels on the reference screen
+constexpr double kBoxScoreTwip = 1.6 * kTwip;      // figures of the line score are larger
 
 }  // namespace
 
@@ -64,7 +65,7 @@ void Form2::BuildProof() {
   proofPlate_ = new ProofPlate(this);
   scene_.Put(proofPlate_, {1308, 12, 108, 84}, kBody);
   proofList_ = new ProofList(this);
-  scene_.Put(proofList_, {260, 108, 1000, 480});
+  scene_.Put(proofList_, kProofPlace);
   auto* key = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_P), this);
   connect(key, &QShortcut::activated, this, &Form2::OpenProofList);
   connect(proofPlate_, &QAbstractButton::clicked, this, &Form2::OpenProofList);
@@ -92,6 +93,12 @@ void Form2::ShowProof() {
   proofPlate_->Show(board_, findings);
   if (!proofList_->isVisible()) return;
   proofList_->Show(findings, kBody * scene_.resizer().fontScale());
+  // As high as its lines.
+  Place place = kProofPlace;
+  const double scale = scene_.resizer().scaleY();
+  const int width = qRound(place.width * scene_.resizer().scaleX());
+  place.height = std::min(place.height, (proofList_->WholeHeight(width) + 1) / scale);
+  scene_.MoveTo(proofList_, place);
 }
 
 void Form2::OpenProofList() {
@@ -287,6 +294,7 @@ void Form2::resizeEvent(QResizeEvent* event) {
     table->SetScale(kBody * scale, kTwip * scene_.resizer().scaleX());
   }
   boxScore_->SetScale(kLarge * scale, kBoxScoreTwip * scene_.resizer().scaleX());
+  if (proofList_->isVisible()) ShowProof();
   HoldRatio(this, scene_.resizer(), 0);
 }
 

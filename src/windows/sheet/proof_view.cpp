@@ -25,7 +25,6 @@ class FindingLine : public QAbstractButton {
     setText(words);
     setAccessibleName(words);
     setAttribute(Qt::WA_Hover);
-    setCursor(Qt::PointingHandCursor);
     QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
@@ -68,7 +67,6 @@ ProofPlate::ProofPlate(QWidget* parent) : QAbstractButton(parent) {
   Name(this, "ProofPlate");
   setFocusPolicy(Qt::TabFocus);
   setAttribute(Qt::WA_Hover);
-  setCursor(Qt::PointingHandCursor);
 }
 
 void ProofPlate::Show(Board& board, const std::vector<Finding>& findings) {
@@ -121,25 +119,42 @@ void ProofList::Show(const std::vector<Finding>& findings, double type) {
   }
   const int gap = qRound(type);
   column_->setContentsMargins(gap, gap, gap, gap);
-  auto* title = MakeCaption(ToQt(ProofSummary(findings)), this);
-  title->setFont(Font(type * kLarge / kBody, true));
-  column_->addWidget(title);
+  title_ = MakeCaption(ToQt(ProofSummary(findings)), this);
+  title_->setFont(Font(type * kLarge / kBody, true));
+  column_->addWidget(title_);
   auto* scroll = new QScrollArea;
   scroll->setWidgetResizable(true);
   scroll->setFrameShape(QFrame::NoFrame);
   scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  auto* page = new QWidget;
-  auto* lines = new QVBoxLayout(page);
+  page_ = new QWidget;
+  auto* lines = new QVBoxLayout(page_);
   lines->setContentsMargins(0, 0, 0, 0);
   std::vector<Finding> mendable;
   for (const Finding& finding : findings) {
     AddLine(finding, type, lines);
     if (finding.canBePutRight) mendable.push_back(finding);
   }
+  if (findings.empty()) {
+    auto* agrees =
+        MakeCaption(QStringLiteral("The figures of the box score agree with each other."), page_);
+    agrees->setFont(Font(type));
+    lines->addWidget(agrees);
+  }
   lines->addStretch();
-  scroll->setWidget(page);
+  scroll->setMinimumHeight(1);  // else Qt would keep room for a bar
+  scroll->setWidget(page_);
   column_->addWidget(scroll, 1);
   AddButtons(mendable, type);
+}
+
+int ProofList::WholeHeight(int width) const {
+  const QMargins margins = column_->contentsMargins();
+  const int inside = width - margins.left() - margins.right();
+  const QLayout& lines = *page_->layout();
+  const int linesHeight =
+      lines.hasHeightForWidth() ? lines.heightForWidth(inside) : lines.sizeHint().height();
+  return margins.top() + title_->sizeHint().height() + linesHeight + buttons_->sizeHint().height() +
+         2 * column_->spacing() + margins.bottom();
 }
 
 void ProofList::AddLine(const Finding& finding, double type, QVBoxLayout* lines) {
@@ -162,8 +177,8 @@ void ProofList::AddLine(const Finding& finding, double type, QVBoxLayout* lines)
 }
 
 void ProofList::AddButtons(const std::vector<Finding>& mendable, double type) {
-  auto* buttons = new QWidget;
-  auto* row = new QHBoxLayout(buttons);
+  buttons_ = new QWidget;
+  auto* row = new QHBoxLayout(buttons_);
   row->setContentsMargins(0, 0, 0, 0);
   row->addStretch();
   if (!mendable.empty()) {
@@ -174,7 +189,7 @@ void ProofList::AddButtons(const std::vector<Finding>& mendable, double type) {
   QPushButton* close = MakeButton(QStringLiteral("Close"), "CloseProof", type);
   connect(close, &QPushButton::clicked, this, &ProofList::closed);
   row->addWidget(close);
-  column_->addWidget(buttons);
+  column_->addWidget(buttons_);
 }
 
 void ProofList::keyPressEvent(QKeyEvent* event) {

@@ -32,6 +32,8 @@ class ProofList : public Panel {
   explicit ProofList(QWidget* parent);
   // Type in pixels.
   void Show(const std::vector<Finding>& findings, double type);
+  // The height at which no line has to be scrolled, in this width.
+  [[nodiscard]] int WholeHeight(int width) const;
 
  signals:
   void cellWanted(const Finding& finding);
@@ -46,6 +48,9 @@ class ProofList : public Panel {
   void AddButtons(const std::vector<Finding>& mendable, double type);
 
   QVBoxLayout* column_;
+  QLabel* title_ = nullptr;
+  QWidget* page_ = nullptr;  // the lines
+  QWidget* buttons_ = nullptr;
 };
 
 }  // namespace dtb

@@ -1,0 +1,64 @@
+#include "windows/board/next_step.h"
+
+#include <QPointer>
+#include <QTimer>
+
+#include "game/history.h"
+#include "game/outcomes.h"
+#include "teams/batting_order.h"
+
+namespace dtb {
+
+Step NextStepOf(Board& board) {
+  const BoardState& state = board.state;
+  if (state.List1.empty()) return Step::LoadVisitors;
+  if (state.List2.empty()) return Step::LoadHome;
+  if (state.lbl_VisPitcher.value().empty()) return Step::VisitorsPitcher;
+  if (state.lbl_HomePitcher.value().empty()) return Step::HomePitcher;
+  const auto side = SideAtBat(state);
+  if (!side) return Step::AtBat;
+  const bool played = HalfInProgress(state) > 0 || state.tb_OUT.number() > 0;
+  return played || RowOfBatter(board, *side) ? Step::None : Step::FirstBatter;
+}
+
+NextStep::NextStep(Board& board, QObject* parent)
+    : QObject(parent), board_(board), step_(NextStepOf(board)) {
+  const auto refresh = [self = QPointer(this)] {
+    if (self) self->Refresh();
+  };
+  BoardState& state = board.state;
+  for (auto* name : {&state.lbl_VisPitcher, &state.lbl_HomePitcher, &state.lbl_Selected}) {
+    name->Observe(refresh);
+  }
+  state.BatterOf.Observe(refresh);
+  for (auto* atBat : {&state.Option5, &state.Option6}) atBat->Observe(refresh);
+  for (auto* due : {&state.VisDue, &state.HomeDue}) due->Observe(refresh);
+  for (auto* outs : {&state.tb_OUT, &state.tb_OutsCount}) outs->Observe(refresh);
+  if (board.history != nullptr) board.history->Observe(refresh);
+}
+
+void NextStep::Refresh() {
+  const Step step = NextStepOf(board_);
+  if (step == step_) return;
+  step_ = step;
+  flashes_ = false;
+  emit changed();
+}
+
+void NextStep::Record(Outcome outcome) {
+  const Step missing = step_;
+  RecordOutcome(board_, outcome);
+  if (missing != Step::None && Is(missing)) Flash();
+}
+
+void NextStep::Flash() {
+  constexpr int kFlash = 700;  // milliseconds
+  flashes_ = true;
+  emit changed();
+  QTimer::singleShot(kFlash, this, [this] {
+    flashes_ = false;
+    emit changed();
+  });
+}
+
+}  // namespace dtb

@@ -88,29 +88,27 @@ Desk::Desk(const Setup& setup)
                 setup.sounds != nullptr ? *setup.sounds : ownSounds_,
                 randoms_,
                 archives_,
-                setup.programFolder} {
+                setup.programFolder},
+      store_(settings_.FileBeside("DTB_v102.game")),
+      keepsGame_(setup.recovery) {
+  board_.newGames = &newGames_;
   StartUp(board_);
   SetUpBallparks(aids_);
   ReadChartNames(aids_);
   ReadQuickBoxes(aids_);
-  if (setup.recovery) {
-    recovery_ = std::make_unique<QtRecoveryStore>(settings_.FileBeside("DTB_v102.game"));
-    history_.Observe([this] { KeepGame(); });
-  }
+  if (keepsGame_) history_.Observe([this] { KeepGame(); });
   form1_ = std::make_unique<Form1>(board_, aids_, pictures_);
   boxes_.SetMainWindow(form1_.get());
   new BoardType(form1_.get());
   ServeLog();
   if (auto* application = dynamic_cast<Application*>(qApp)) {
     application->ReportTo([this](int number, const std::string& description) {
-      if (recovery_) KeepGame();
+      if (keepsGame_) KeepGame();
       ReportError(boxes_, number, description);
     });
   }
   boxes_.SetQuick(aidsState_.cb_QuickBoxes);
-  if (recovery_ && recovery_->mine()) {
-    form1_->AddTakeUp([this] { TakeUpSetAside(board_, aids_, *recovery_); });
-  }
+  form1_->AddTakeUp([this] { TakeUpSetAside(board_, aids_, store_); });
 }
 
 void Desk::ServeLog() {
@@ -124,7 +122,7 @@ void Desk::ServeLog() {
 
 Desk::~Desk() {
   if (auto* application = dynamic_cast<Application*>(qApp)) application->ReportTo({});
-  if (recovery_) recovery_->Discard();
+  if (keepsGame_) store_.Discard();
 }
 
 void Desk::Open() {
@@ -137,9 +135,9 @@ void Desk::Open() {
                              FromQt(settings_.damagedFile()) + "\", and the settings start afresh.",
                          BoxIcon::Warning, "Settings");
   }
-  if (!recovery_) return;
-  OfferRecovery(board_, aids_, *recovery_);
-  if (recovery_->takenByAnother()) {
+  if (!keepsGame_) return;
+  OfferRecovery(board_, aids_, store_);
+  if (store_.takenByAnother()) {
     platform_.boxes.Show(
         "Another board is open already, and its game is kept in case the program ends. The game on "
         "this board is not kept; it can be saved to the database all the same.",
@@ -148,8 +146,10 @@ void Desk::Open() {
 }
 
 void Desk::KeepGame() {
-  recovery_->Keep(TableText(board_, aidsState_), history_.merged());
-  if (recovery_->works() || keepingFailed_) return;
+  // Of an empty board nothing is to be taken up.
+  if (!history_.CanUndo() && IsFresh(board_)) return store_.Discard();
+  store_.Keep(TableText(board_, aidsState_), history_.merged());
+  if (store_.works() || keepingFailed_) return;
   keepingFailed_ = true;
   // Not before the gesture has ended.
   QTimer::singleShot(0, form1_.get(), [this] {

@@ -83,13 +83,28 @@ void QtRecoveryStore::Write(const std::string& bytes) {
   if (!kept) works_ = false;
 }
 
+QString QtRecoveryStore::FreeName(const QString& title) const {
+  const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+  const QString end = title.isEmpty() ? title : QLatin1Char(' ') + title;
+  QString name = file_ + QLatin1Char('.') + stamp + end;
+  for (int number = 2; QFileInfo::exists(name); ++number) {
+    name = file_ + QStringLiteral(".%1-%2").arg(stamp).arg(number) + end;
+  }
+  return name;
+}
+
+std::string QtRecoveryStore::PutAside(const std::string& bytes, const std::string& title) {
+  const QString name = FreeName(ToQt(title));
+  QSaveFile file(name);
+  const auto size = static_cast<qint64>(bytes.size());
+  const bool kept =
+      file.open(QIODevice::WriteOnly) && file.write(bytes.data(), size) == size && file.commit();
+  return kept ? FromQt(name) : std::string();
+}
+
 std::string QtRecoveryStore::SetAside() {
   writer_.waitForDone();
-  const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
-  QString aside = file_ + QLatin1Char('.') + stamp;
-  for (int number = 2; QFileInfo::exists(aside); ++number) {
-    aside = file_ + QStringLiteral(".%1-%2").arg(stamp).arg(number);
-  }
+  const QString aside = FreeName({});
   // Where it cannot be moved, nothing can be written over it either.
   return FromQt(QFile::rename(file_, aside) ? aside : file_);
 }

@@ -34,6 +34,7 @@ class QtRecoveryStore : public RecoveryStore {
   std::optional<std::string> Load() override;
   void Keep(std::string bytes, bool gestureGoesOn) override;
   std::string SetAside() override;
+  std::string PutAside(const std::string& bytes, const std::string& title) override;
   std::filesystem::path File() override { return PathOf(FromQt(file_)); }
 
   // Returns when what was given last is safe.
@@ -44,6 +45,8 @@ class QtRecoveryStore : public RecoveryStore {
 
  private:
   void RemoveHalfWritten() const;
+  // A file beside the game's whose name is free; it ends with the title.
+  [[nodiscard]] QString FreeName(const QString& title) const;
   void Write(const std::string& bytes);
   // Writes these bytes, and then whatever waits by then.
   void WriteAll(std::string bytes);

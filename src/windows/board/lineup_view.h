@@ -8,6 +8,7 @@
 #include "game/board.h"
 #include "teams/batting_order.h"
 #include "teams/lineup_edit.h"
+#include "windows/board/runner_drag.h"
 
 namespace dtb {
 
@@ -49,7 +50,8 @@ class LineupModel : public QAbstractListModel {
 };
 
 // Turns the gestures of mouse and keyboard into operations on the side's line-up. The row under the
-// pointer is read in full in the tool-tip; a right click shows it in a box.
+// pointer is read in full in the tool-tip; a right click shows it in a box, or the menu of a player
+// of the bench who can come in. Let go on a game piece, his row does the same.
 class LineupView : public QListView {
   Q_OBJECT
  public:
@@ -69,10 +71,13 @@ class LineupView : public QListView {
  private:
   void ShowState();
   [[nodiscard]] std::optional<int> RowAt(const QPoint& place) const;
+  // The right button or the menu key at a row: its menu where it has one, else its whole entry.
+  void LookAt(std::optional<int> row, const QPoint& place);
 
   Board& board_;
   Side side_;
   LineupModel* model_;
+  RunnerDrag runner_;
   bool usesKeys_ = false;                   // the focus came by a key, or moved by one
   Qt::MouseButton pressed_ = Qt::NoButton;  // whose release means something here
 };

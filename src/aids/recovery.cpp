@@ -11,6 +11,7 @@
 #include "game/memento.h"
 #include "platform/paths.h"
 #include "platform/whole_file.h"
+#include "shell/report_files.h"
 #include "teams/batting_order.h"
 
 namespace dtb {
@@ -100,11 +101,17 @@ KeptTable ReadTable(std::string_view bytes, const Board& board, const Aids& aids
 void TakeUp(const KeptTable& kept, Board& board, Aids& aids) {
   Restore(board, kept.game);
   aids.state = kept.aids;
+  board.savedTold.clear();
   if (board.history != nullptr) board.history->Clear();
   if (aids.state.cb_Crowd.value()) CrowdClicked(aids);
   Random_Ballparks(aids);
   // Without a park to draw from, the button would do nothing.
   if (!aids.state.parkChoice || aids.state.ParkNames.empty()) aids.state.cb_RandParks.Set(false);
+}
+
+std::string AsideTitle(const Board& board) {
+  const BoardState& state = board.state;
+  return SafeNamePart(state.tb_VisTeam.value() + " at " + state.tb_HomeTeam.value());
 }
 
 void OfferRecovery(Board& board, Aids& aids, RecoveryStore& store) {
@@ -148,15 +155,11 @@ void TakeUpSetAside(Board& board, Aids& aids, RecoveryStore& store) {
                               "in the same way. Put the other one on the board?"})) {
         return;
       }
-      store.Keep(TableText(board, aids.state), false);
-      if (!store.Safe()) {
-        boxes.Show(
-            "The game on the board cannot be set aside; the disk may be full. It stays on the "
-            "board.",
-            BoxIcon::Warning);
+      if (store.PutAside(TableText(board, aids.state), AsideTitle(board)).empty()) {
+        boxes.Show("The game on the board cannot be set aside; the disk may be full. It stays.",
+                   BoxIcon::Warning);
         return;
       }
-      store.SetAside();
     }
     TakeUp(kept, board, aids);
   } catch (const DamagedText&) {

@@ -12,14 +12,17 @@
 namespace dtb {
 
 class History;
+struct NewGames;
 
 struct Board {
   BoardState& state;
   StatSheet& sheet;
   EventLog& log;
   Platform& platform;
-  History* history = nullptr;  // none: no gesture can be taken back
-  std::string counting = {};   // what the gesture in progress counts: "Tony Kubek 1B"
+  History* history = nullptr;    // none: no gesture can be taken back
+  std::string counting = {};     // what the gesture in progress counts: "Tony Kubek 1B"
+  NewGames* newGames = nullptr;  // none: one run is one game
+  std::string savedTold = {};    // GameID of the saved game that an outcome has told about
 };
 
 enum class Side { Visitors, Home };
@@ -37,6 +40,7 @@ struct SideFields {
   Field<bool>& edit;                  // the check box "EDIT"
   Field<std::string>& newEntry;       // text field for a new row
   Field<std::string>& team;           // team name on the board
+  LineupList& loaded;                 // the list as it was loaded
   Field<std::string>& pitcher;        // current pitcher
   Field<std::string>& pitcherTag;     // pitcher until the last change
   PitchedOuts& outs;                  // what its pitchers have pitched, out by out

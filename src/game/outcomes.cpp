@@ -4,6 +4,7 @@
 #include "game/gate.h"
 #include "game/history.h"
 #include "game/hits.h"
+#include "game/new_game.h"
 #include "game/outs.h"
 #include "game/runs.h"
 #include "shell/program_error.h"
@@ -57,6 +58,7 @@ void Record(Board& board, Outcome outcome) {
 }  // namespace
 
 void RecordOutcome(Board& board, Outcome outcome) {
+  if (RefusesAfterSave(board)) return;
   Trapped(board.platform.boxes, [&] {
     const std::string code(OutcomeCode(outcome));
     const std::string& batter = board.state.lbl_Selected.value();

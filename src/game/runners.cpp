@@ -5,6 +5,7 @@
 #include "game/batter_guard.h"
 #include "game/gate.h"
 #include "game/history.h"
+#include "game/new_game.h"
 #include "game/played_mark.h"
 
 namespace dtb {
@@ -21,7 +22,7 @@ void ClickPiece(Board& board, int piece) {
 void RecordStolenBase(Board& board, int piece) {
   BoardState& state = board.state;
   const std::string& tag = state.pieces.at(static_cast<std::size_t>(piece)).tag.value();
-  if (tag.empty()) return;
+  if (tag.empty() || RefusesAfterSave(board)) return;
   const Gesture gesture(board, "SB, " + tag);
   if (!BatterIsSure(board, false)) return;
   board.counting = tag + " SB";

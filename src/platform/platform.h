@@ -20,12 +20,14 @@ struct Question {
   bool yesIsUsual = false;  // Enter is a Yes, as long as the person chooses no other button
 };
 
-// A question about a list, with answers of its own.
+// A question with answers of its own, about a list or about what comes next.
 struct Choice {
   std::string text;
   std::string title = {};
   std::vector<std::string> lines = {};
-  std::vector<std::string> answers = {};  // Enter is the first, closing the box the last
+  std::vector<std::string> answers = {};  // closing the box is the last
+  std::size_t usual = 0;                  // the place of the answer that Enter gives
+  BoxIcon icon = BoxIcon::Exclamation;
 };
 
 // Message boxes. All of them block: the call returns when the person has closed the box; timers go
@@ -38,6 +40,8 @@ class MessageBoxes {
   // The same, which confirms a click. Where the person has chosen quick boxes it holds nothing back
   // and is a notice, with `counted` behind the message: who and what ("Tony Kubek 1B").
   virtual void Confirm(const std::string& message, const std::string& counted) = 0;
+  // A notice at the foot of the board, which holds nothing back and goes by itself.
+  virtual void Notify(const std::string& message) = 0;
   // A standard box with one OK button. An empty title stands for the program's own.
   virtual void Show(const std::string& message, BoxIcon icon, const std::string& title = {}) = 0;
   // A question with Yes and No. True for Yes; closing the box in any other way is a No.
@@ -175,6 +179,11 @@ class RecoveryStore {
   [[nodiscard]] virtual std::filesystem::path File() = 0;
   // Moves what is kept aside and returns the name of the file that has it now.
   virtual std::string SetAside() = 0;
+  // Puts these bytes aside, in a file of their own whose name ends with the title, and returns its
+  // name; "" where it cannot be written. What is kept stays. Also works where another program keeps
+  // the game in progress.
+  [[nodiscard]] virtual std::string PutAside(const std::string& bytes,
+                                             const std::string& title) = 0;
 };
 
 struct LocalTime {

@@ -35,6 +35,7 @@ struct QuietDesktop : MessageBoxes,
 
   void ShowRecorded(const std::string& /*message*/, BoxAlignment /*alignment*/) override {}
   void Confirm(const std::string& /*message*/, const std::string& /*counted*/) override {}
+  void Notify(const std::string& /*message*/) override {}
   void Show(const std::string& /*message*/, BoxIcon /*icon*/,
             const std::string& /*title*/) override {}
   bool Ask(const Question& /*question*/) override { return true; }

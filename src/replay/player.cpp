@@ -111,6 +111,7 @@ void Player::Refuse(const QString& reason) {
 }
 
 void Player::MakeGesture() {
+  if (HalfInProgress(board_.state) == 0) half_ = 0;  // of a new game
   if (HalfInProgress(board_.state) > half_) {
     half_ = HalfInProgress(board_.state);
     KeepPicture(QString("half-%1").arg(half_, 2, 10, QChar('0')));
@@ -175,7 +176,7 @@ bool Player::Answer(MessageBox& box) {
 // Without an answer of its own a question is answered by Yes, a choice by what Enter would take.
 QString Player::AnswerTo(const MessageBox& box) {
   const QStringList known = box.answers().isEmpty() ? QStringList{"Yes", "No"} : box.answers();
-  if (answers_.isEmpty()) return known.first();
+  if (answers_.isEmpty()) return known.at(box.usualAnswer());
   const QString wanted = answers_.takeFirst();
   for (const QString& answer : known) {
     if (answer.compare(wanted, Qt::CaseInsensitive) == 0) return answer;
@@ -190,10 +191,19 @@ QStringList Player::GesturesOf(const QString& line) const {
   if (verb == "SB") return GesturesOfSteal(FromQt(Rest(line, 1)));
   if (line == "UNDO *") return QStringList(static_cast<qsizetype>(board_.history->steps()), "UNDO");
   if (line == "REDO *") return QStringList(static_cast<qsizetype>(states_.size()) - 1, "REDO");
-  if (!QStringList{"LOAD", "PITCHER", "ATBAT", "BATTER", "SWAP"}.contains(verb)) return {line};
+  if (verb == "NEWGAME") return {"MENU Edit", "MENU New game"};
+  if (!QStringList{"LOAD", "PITCHER", "ATBAT", "BATTER", "RUNNER", "SWAP"}.contains(verb)) {
+    return {line};
+  }
   const Side side = Word(line, 1) == "home" ? Side::Home : Side::Visitors;
   const Names& names = NamesOf(side);
   if (verb == "SWAP") return GesturesOfSwap(side, Rest(line, 2));
+  if (verb == "RUNNER") {
+    const QStringList men = Rest(line, 2).split(" | ");
+    const QString piece = PieceOf(FromQt(men[1].trimmed()));
+    const QString row = RowOf(SideOf(table_.desk.board(), side).list, men[0].trimmed());
+    return {"DRAGONTO " + names.list + ' ' + row + ' ' + piece};
+  }
   if (verb == "ATBAT") return {"CLICK " + names.atBat};
   if (verb == "LOAD") return {"CHOOSE " + Rest(line, 2), "CLICK " + names.load};
   const QString row = RowOf(SideOf(table_.desk.board(), side).list, Rest(line, 2));
@@ -220,12 +230,17 @@ QStringList Player::GesturesOfSwap(Side side, const QString& players) const {
 }
 
 QStringList Player::GesturesOfSteal(const std::string& name) const {
+  const QString box = PieceOf(name);
+  if (options_.keys) return {"OUTCOME S", "OUTCOME " + box.right(1)};
+  const QSize size = FindControl(box)->size();
+  return {QString("CTRLCLICK %1@%2,%3").arg(box).arg(size.width() / 2).arg(size.height() / 4)};
+}
+
+QString Player::PieceOf(const std::string& name) const {
   for (int piece = 0; piece < kPieces; ++piece) {
-    if (board_.state.pieces.at(piece).tag.value() != name) continue;
-    if (options_.keys) return {"OUTCOME S", QString("OUTCOME %1").arg(piece + 1)};
-    const QString box = QString("pb_Player%1").arg(piece + 1);
-    const QSize size = FindControl(box)->size();
-    return {QString("CTRLCLICK %1@%2,%3").arg(box).arg(size.width() / 2).arg(size.height() / 4)};
+    if (board_.state.pieces.at(piece).tag.value() == name) {
+      return QString("pb_Player%1").arg(piece + 1);
+    }
   }
   throw Refused("no game piece bears " + ToQt(name));
 }
@@ -316,6 +331,18 @@ bool Player::UseKeys(const QString& verb, const QString& gesture) {
   return true;
 }
 
+QString Player::FileToChoose(const QString& name) const {
+  const QDir folder = QFileInfo(script_).dir();
+  const QString beside = folder.absoluteFilePath(name);
+  if (QFile::exists(beside)) return beside;
+  // What the program is to write has no place among the scripts. Names that it made itself, of
+  // games set aside, bear the time.
+  if (!name.contains('*')) return table_.folder.filePath(name);
+  const QStringList found = QDir(table_.folder.path()).entryList({name}, QDir::Files, QDir::Name);
+  if (found.isEmpty()) throw Refused("the table's folder has no file " + name);
+  return table_.folder.filePath(found.last());
+}
+
 // What the boxes and dialogs of the next gesture are told. False: the gesture is another.
 bool Player::NoteAnswer(const QString& verb, const QString& gesture) {
   if (verb == "PROOF") {
@@ -323,11 +350,7 @@ bool Player::NoteAnswer(const QString& verb, const QString& gesture) {
   } else if (verb == "ANSWER") {
     answers_ += Rest(gesture, 1);
   } else if (verb == "CHOOSE") {
-    const QDir folder = QFileInfo(script_).dir();
-    const QString beside = folder.absoluteFilePath(Rest(gesture, 1));
-    // What the program is to write has no place among the scripts.
-    const QString file = QFile::exists(beside) ? beside : table_.folder.filePath(Rest(gesture, 1));
-    table_.dialogs.answers += PathOfFile(file);
+    table_.dialogs.answers += PathOfFile(FileToChoose(Rest(gesture, 1)));
   } else if (verb == "CANCEL") {
     table_.dialogs.answers += std::nullopt;
   } else {
@@ -346,6 +369,8 @@ void Player::Perform(const QString& gesture) {
     Drag(TargetAt(Word(gesture, 1)), TargetInPark(Word(gesture, 2)));
   } else if (verb == "CLOSE" && front) {
     front->windowHandle()->close();
+  } else if (verb == "DRAGONTO") {
+    Drag(TargetAtRow(Word(gesture, 1), Number(gesture, 2)), TargetAt(Word(gesture, 3)));
   } else if (verb == "MAXIMISE" && front) {
     front->showMaximized();
   } else if (verb == "TICK") {
@@ -367,6 +392,8 @@ void Player::NoteStates() {
     constexpr qsizetype kUndoAndRedo = 2;
     if (next_ > scriptLines_ + kUndoAndRedo) return;
     const bool goes = next_ > scriptLines_;
+    // A new game, from which no step leads back.
+    if (!goes && board_.history->steps() == 0 && !board_.history->CanRedo()) states_.clear();
     std::string& state = states_[board_.history->steps()];
     if (goes && state != GameText(board_)) {
       return Refuse(QString("the game after %1 steps is another").arg(board_.history->steps()));

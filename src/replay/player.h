@@ -47,12 +47,16 @@ class Player : public Driver {
   [[nodiscard]] QStringList GesturesOf(const QString& line) const;
   [[nodiscard]] QStringList GesturesOfSwap(Side side, const QString& players) const;
   [[nodiscard]] QStringList GesturesOfSteal(const std::string& name) const;
+  // The control of the game piece that bears the name.
+  [[nodiscard]] QString PieceOf(const std::string& name) const;
   // The gesture that frees a piece for the next batter; "" where one is free.
   [[nodiscard]] QString Tidying();
   [[nodiscard]] bool StealsLater(const std::string& name) const;
   [[nodiscard]] bool NextLineIsFor(const MessageBox& box) const;
   void Perform(const QString& gesture);
   bool UseKeys(const QString& verb, const QString& gesture);
+  // Beside the script, else in the table's folder; with "*" the last one there of that pattern.
+  [[nodiscard]] QString FileToChoose(const QString& name) const;
   bool NoteAnswer(const QString& verb, const QString& gesture);
   void Tick(int periods);
   bool UseMouse(QString verb, const QString& gesture);

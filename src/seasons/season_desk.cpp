@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "game/history.h"
+#include "game/new_game.h"
 #include "platform/archive.h"
 #include "platform/paths.h"
 #include "seasons/season_files.h"
@@ -57,25 +58,6 @@ bool PutFile(SeasonDesk& desk, const std::filesystem::path& file, const std::str
   }
   WriteTeamFile(file, bytes);
   return true;
-}
-
-bool HasCounts(const StatGrid& grid) {
-  for (int row = 1; row < grid.rows(); ++row) {
-    for (int column = stat_column::kStrikeouts; column <= stat_column::kEarnedRuns; ++column) {
-      if (column != stat_column::kPitcher && !grid.Text(row, column).empty()) return true;
-    }
-  }
-  return false;
-}
-
-// Names alone change when a team is loaded; the counts of a game on the board stay.
-bool BoardIsFree(SeasonDesk& desk) {
-  const StatSheet& sheet = desk.board.sheet;
-  if (!HasCounts(sheet.grd_VisStats) && !HasCounts(sheet.grd_HomeStats)) return true;
-  return PlatformOf(desk).boxes.Ask(
-      {"There is a game on the board, and its counts stay when other teams are loaded. For a fresh "
-       "game, restart the program. Load all the same?",
-       kSeasonTitle});
 }
 
 // Runs an operation and tells its errors; false after one.
@@ -201,9 +183,12 @@ void WriteTeamFiles(SeasonDesk& desk) {
 void LoadTeamAs(SeasonDesk& desk, Side side) {
   Works(desk, [&] {
     const std::optional<TeamText>& team = desk.state.files[0].team;
-    if (!team || !BoardIsFree(desk)) return false;
+    if (!team) return false;
+    const LoadInto place = WhereToLoad(desk.board, "New game with this team");
+    if (place == LoadInto::Nowhere) return false;
     const std::filesystem::path file = TeamsFolder(desk) / PathOf(FileNameOf(*team));
     if (!PutFile(desk, file, BytesOf(*team))) return false;
+    if (place == LoadInto::NewGame && !NewGame(desk.board)) return false;
     ReplaceTeam(desk.board, side, file);
     desk.state.lbl_Done.Set(BoardName(team->name) + " is on the board as " +
                             (side == Side::Visitors ? "visitors." : "home team."));
@@ -215,7 +200,8 @@ bool LoadGame(SeasonDesk& desk) {
   if (!desk.kept.season || !desk.kept.game) return false;
   const Game& game = desk.kept.season->games[*desk.kept.game];
   return Works(desk, [&] {
-    if (!BoardIsFree(desk)) return false;
+    const LoadInto place = WhereToLoad(desk.board, "New game with these teams");
+    if (place == LoadInto::Nowhere) return false;
     const std::filesystem::path folder = TeamsFolder(desk) / PathOf(SafeNamePart(game.id));
     std::array<std::filesystem::path, 2> paths;
     for (std::size_t side = 0; side < 2; ++side) {
@@ -223,6 +209,7 @@ bool LoadGame(SeasonDesk& desk) {
       paths.at(side) = folder / PathOf(FileNameOf(team));
       if (!PutFile(desk, paths.at(side), BytesOf(team))) return false;
     }
+    if (place == LoadInto::NewGame && !NewGame(desk.board)) return false;
     const Gesture gesture(desk.board, "LOAD " + game.id);
     ReplaceTeam(desk.board, Side::Visitors, paths[0]);
     ReplaceTeam(desk.board, Side::Home, paths[1]);

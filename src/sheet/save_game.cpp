@@ -4,6 +4,7 @@
 #include <array>
 #include <memory>
 #include <new>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,6 +15,7 @@
 #include "game/history.h"
 #include "game/innings.h"
 #include "game/memento.h"
+#include "game/new_game.h"
 #include "platform/database.h"
 #include "sheet/cell_edit.h"
 #include "sheet/number_cells.h"
@@ -215,7 +217,8 @@ void TellFailure(GameSave& save, const GameMemento& before, const std::string& w
       BoxIcon::Critical);
 }
 
-void Record(GameSave& save, const GameMemento& before) {
+// False: nothing is stored, which was told.
+bool Record(GameSave& save, const GameMemento& before) {
   try {
     RecordBattingData(save);
     RecordPitchingData(save);
@@ -224,18 +227,22 @@ void Record(GameSave& save, const GameMemento& before) {
     RecordMatchup(save);
     save.rows->Commit();
   } catch (const ProgramError& failure) {
-    if (!IsLost(failure)) return TellFailure(save, before, failure.what());
+    if (!IsLost(failure)) {
+      TellFailure(save, before, failure.what());
+      return false;
+    }
     PutBack(save, before);
     OfferAnotherDatabase(save.board.platform, NotSaved(failure) + " You can save it again then.",
                          {});
-    return;
+    return false;
   } catch (const std::bad_alloc&) {
-    return TellFailure(save, before, "The computer is out of memory.");
+    TellFailure(save, before, "The computer is out of memory.");
+    return false;
   }
   // What is in the database cannot be taken back on the board.
   if (save.board.history != nullptr) save.board.history->Clear();
   save.rows.reset();
-  save.board.platform.boxes.Show("Data successfully recorded" + save.noCopy, BoxIcon::Information);
+  return true;
 }
 
 // What does not agree is shown before it is stored. False: back to the sheet.
@@ -303,10 +310,10 @@ std::unique_ptr<DatabaseSave> BeginSave(Platform& platform, bool lostBefore = fa
   }
 }
 
-}  // namespace
-
-void SaveGame(Board& board) {
+// What is told once the game is stored; nothing where it is not.
+std::optional<std::string> Save(Board& board) {
   const Gesture gesture(board, "SAVE TO DB");
+  std::optional<std::string> told;
   Trapped(board.platform.boxes, [&] {
     StatSheet& sheet = board.sheet;
     MessageBoxes& boxes = board.platform.boxes;
@@ -326,8 +333,15 @@ void SaveGame(Board& board) {
     sheet.Command2_enabled.Set(false);
     for (const Side side : kOrderOfTeams) EnterLastPitcher(board, side);
     for (const Side side : kOrderOfPlayers) CalcPitcherIPFinal(board, side);
-    Record(save, before);
+    if (Record(save, before)) told = "Data successfully recorded" + save.noCopy;
   });
+  return told;
+}
+
+}  // namespace
+
+void SaveGame(Board& board) {
+  if (const auto told = Save(board)) OfferNewGame(board, *told);
 }
 
 }  // namespace dtb

@@ -6,6 +6,7 @@
 #include "shell/program_error.h"
 #include "teams/game_pieces.h"
 #include "teams/player_name.h"
+#include "teams/sheet_line.h"
 
 namespace dtb {
 namespace {
@@ -57,6 +58,7 @@ void SelectBatter(Board& board, Side side) {
     fields.rememberedRow.Set(DecimalText(fields.list.selected()));
     fields.due.Set(fields.list.selected());
     PlaceBatterPhoto(board, board.state.lbl_Selected.value());
+    GiveSheetLine(board, side, board.state.lbl_Selected.value());
   });
 }
 

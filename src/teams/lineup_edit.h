@@ -10,8 +10,8 @@ namespace dtb {
 enum class MouseButton { Left, Right, Other };
 
 // Runs whenever a row of the side's list was selected, by a click or by the system: names the
-// batter and gives him a game piece. Only outside edit mode, only on the side at bat, and only for
-// the first nine rows.
+// batter and gives him a game piece, and a line on the sheet if he has none. Only outside edit
+// mode, only on the side at bat, and only for the first nine rows.
 void SelectBatter(Board& board, Side side);
 
 // The man of this row has a line in the side's table, so that what he does is counted.

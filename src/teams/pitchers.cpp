@@ -6,6 +6,7 @@
 #include "teams/batting_order.h"
 #include "teams/game_pieces.h"
 #include "teams/player_name.h"
+#include "teams/sheet_line.h"
 
 namespace dtb {
 namespace {
@@ -36,6 +37,7 @@ void ChangePitcher(Board& board, Side side) {
     fields.pitcherTag.Set(fields.pitcher.value());
     fields.pitcher.Set(PlayerNameOf(fields.list.SelectedEntry()));
     GiveRow(fields.grid, fields.pitcher.value());
+    GiveSheetLine(board, side, fields.pitcher.value());
     TakeBackReportedInnings(board);
     CalcPitcherIP(board);
     // Only the highlight goes back: naming a pitcher brings nobody to bat.

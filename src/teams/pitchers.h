@@ -6,9 +6,9 @@
 namespace dtb {
 
 // Double click on the side's pitcher label: the player of the selected row becomes its pitcher. He
-// gets a row of the pitcher block unless he has one; the innings of the side in the field are
-// settled; the list goes back to the batting order. Without a selection nothing happens. When all
-// 49 rows are taken he pitches without a row.
+// gets a row of the pitcher block unless he has one, and one of the batters' too; the innings of
+// the side in the field are settled; the list goes back to the batting order. Without a selection
+// nothing happens. When all 49 rows are taken he pitches without a row.
 void ChangePitcher(Board& board, Side side);
 
 // Writes a pitcher's name into a free row. Innings that were waiting there are nobody's, and go.

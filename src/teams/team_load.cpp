@@ -2,6 +2,7 @@
 
 #include "aids/logos.h"
 #include "game/history.h"
+#include "game/new_game.h"
 #include "platform/paths.h"
 #include "shell/program_error.h"
 #include "shell/utf8.h"
@@ -53,14 +54,14 @@ void FillTable(const SideFields& fields) {
 void EmptySide(Board& board, Side side) {
   const SideFields fields = SideOf(board, side);
   fields.list.Clear();
+  fields.loaded.Clear();
   fields.logo.Set({});
 }
 
-void FillSide(Board& board, Side side, const std::filesystem::path& file) {
+// The lines are in the list; `name` is the team's. A name of nothing is refused at the end.
+void FillSide(Board& board, Side side, const std::string& name) {
   const SideFields fields = SideOf(board, side);
-  ReadTeamFile(file, [&](std::string line) { fields.list.Append(std::move(line)); });
-  fields.team.Set(TextOf(file.filename()));
-  fields.team.Set(WithoutExtension(fields.team.value()));
+  fields.team.Set(name);
   FillTable(fields);
   if (fields.team.value().empty()) {
     throw ProgramError(error_number::kInvalidCall,
@@ -71,20 +72,28 @@ void FillSide(Board& board, Side side, const std::filesystem::path& file) {
   board.sheet.grd_BoxScore.SetText(fields.boxScoreRow, 0, fields.sheetTeam.value());
   for (int row = 1; row <= kStarters; ++row) fields.grid.SetText(row, stat_column::kPlayed, "1");
   LoadLogo(board, side);
+  fields.loaded = fields.list;
+}
+
+void FillFromFile(Board& board, Side side, const std::filesystem::path& file) {
+  const SideFields fields = SideOf(board, side);
+  ReadTeamFile(file, [&](std::string line) { fields.list.Append(std::move(line)); });
+  fields.team.Set(TextOf(file.filename()));
+  FillSide(board, side, WithoutExtension(fields.team.value()));
 }
 
 }  // namespace
 
 void LoadTeam(Board& board, Side side) {
-  Gesture gesture(board, side == Side::Visitors ? "LOAD Visitor team" : "LOAD Home team");
-  EmptySide(board, side);
   const auto file = board.platform.dialogs.OpenFile(
       {side == Side::Visitors ? "LOAD Visitor team" : "LOAD Home team",
        board.platform.programFolder / "Teams",
        "Team files (*.txt;*.csv*)|*.txt;*.csv*|Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*"});
   if (!file) return;
-  gesture.SetName("LOAD " + TextOf(file->filename()));
-  OpenTeam(board, side, *file);
+  const LoadInto place = WhereToLoad(board, "New game with this team");
+  if (place == LoadInto::Nowhere) return;
+  if (place == LoadInto::NewGame && !NewGame(board)) return;
+  ReplaceTeam(board, side, *file);
 }
 
 void ReplaceTeam(Board& board, Side side, const std::filesystem::path& file) {
@@ -93,9 +102,21 @@ void ReplaceTeam(Board& board, Side side, const std::filesystem::path& file) {
   OpenTeam(board, side, file);
 }
 
+void ReplaceTeams(Board& board, const std::array<TeamLines, 2>& teams, const std::string& step) {
+  const Gesture gesture(board, step);
+  Trapped(board.platform.boxes, [&] {
+    for (const Side side : {Side::Visitors, Side::Home}) EmptySide(board, side);
+    for (const Side side : {Side::Visitors, Side::Home}) {
+      const TeamLines& team = teams.at(side == Side::Visitors ? 0 : 1);
+      for (const std::string& line : team.lines) SideOf(board, side).list.Append(line);
+      FillSide(board, side, team.name);
+    }
+  });
+}
+
 void OpenTeam(Board& board, Side side, const std::filesystem::path& file) {
   const Gesture gesture(board, "LOAD " + TextOf(file.filename()));
-  Trapped(board.platform.boxes, [&] { FillSide(board, side, file); });
+  Trapped(board.platform.boxes, [&] { FillFromFile(board, side, file); });
   // The batter stays where the same team was loaded again.
   if (const auto batter = RowOfBatter(board, side)) SideOf(board, side).list.Highlight(*batter);
 }

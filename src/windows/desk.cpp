@@ -92,29 +92,27 @@ Desk::Desk(const Setup& setup)
                 setup.sounds != nullptr ? *setup.sounds : ownSounds_,
                 randoms_,
                 archives_,
-                setup.programFolder} {
+                setup.programFolder},
+      store_(settings_.FileBeside("DTB_v102.game")),
+      keepsGame_(setup.recovery) {
+  board_.newGames = &newGames_;
   StartUp(board_);
   SetUpBallparks(aids_);
   ReadChartNames(aids_);
   ReadQuickBoxes(aids_);
-  if (setup.recovery) {
-    recovery_ = std::make_unique<QtRecoveryStore>(settings_.FileBeside("DTB_v102.game"));
-  }
   form1_ = std::make_unique<Form1>(board_, aids_, pictures_);
-  if (recovery_) ServeRecovery();
+  if (keepsGame_) ServeRecovery();
   boxes_.SetMainWindow(form1_.get());
   new BoardType(form1_.get());
   ServeLog();
   if (auto* application = dynamic_cast<Application*>(qApp)) {
     application->ReportTo([this](int number, const std::string& description) {
-      if (recovery_) recovery_->Keep(TableText(board_, aidsState_), false);
+      if (keepsGame_) KeepGame();
       ReportError(boxes_, number, description);
     });
   }
   boxes_.SetQuick(aidsState_.cb_QuickBoxes);
-  if (recovery_ && recovery_->mine()) {
-    form1_->AddTakeUp([this] { TakeUpSetAside(board_, aids_, *recovery_); });
-  }
+  form1_->AddTakeUp([this] { TakeUpSetAside(board_, aids_, store_); });
 }
 
 void Desk::ServeLog() {
@@ -128,7 +126,7 @@ void Desk::ServeLog() {
 
 Desk::~Desk() {
   if (auto* application = dynamic_cast<Application*>(qApp)) application->ReportTo({});
-  if (recovery_) recovery_->Discard();
+  if (keepsGame_) store_.Discard();
 }
 
 void Desk::Open() {
@@ -142,9 +140,9 @@ void Desk::Open() {
                          BoxIcon::Warning, "Settings");
   }
   OfferTakingOverAtStart(platform_);
-  if (!recovery_) return;
-  OfferRecovery(board_, aids_, *recovery_);
-  if (recovery_->takenByAnother()) {
+  if (!keepsGame_) return;
+  OfferRecovery(board_, aids_, store_);
+  if (store_.takenByAnother()) {
     platform_.boxes.Show(
         "Another board is open already, and its game is kept in case the program ends. The game on "
         "this board is not kept; it can be saved to the database all the same.",
@@ -152,10 +150,16 @@ void Desk::Open() {
   }
 }
 
+void Desk::KeepGame() {
+  // Of an empty board nothing is to be taken up.
+  if (!history_.CanUndo() && IsFresh(board_)) return store_.Discard();
+  store_.Keep(TableText(board_, aidsState_), history_.merged());
+}
+
 void Desk::ServeRecovery() {
   // After all windows, which may add to what a step changes.
-  history_.Observe([this] { recovery_->Keep(TableText(board_, aidsState_), history_.merged()); });
-  recovery_->OnFailure([this](const std::string& why) {
+  history_.Observe([this] { KeepGame(); });
+  store_.OnFailure([this](const std::string& why) {
     QMetaObject::invokeMethod(
         form1_.get(), [this, why] { TellNotKept(why); }, Qt::QueuedConnection);
   });

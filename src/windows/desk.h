@@ -8,6 +8,7 @@
 #include "aids/aids_state.h"
 #include "aids/random_generator.h"
 #include "game/history.h"
+#include "game/new_game.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/qt/qt_keyboard.h"
 #include "platform/qt/qt_pictures.h"
@@ -52,10 +53,11 @@ class Desk {
   [[nodiscard]] Board& board() { return board_; }
   [[nodiscard]] AidsState& aids() { return aidsState_; }
   // None where nothing is kept.
-  [[nodiscard]] QtRecoveryStore* recovery() { return recovery_.get(); }
+  [[nodiscard]] QtRecoveryStore* recovery() { return keepsGame_ ? &store_ : nullptr; }
   [[nodiscard]] Form1& form1() { return *form1_; }
 
  private:
+  void KeepGame();
   void ServeRecovery();
   void TellNotKept(const std::string& why);
   void ServeLog();
@@ -84,7 +86,9 @@ class Desk {
   Board board_{state_, sheet_, log_, platform_, &history_};
   AidsState aidsState_;
   Aids aids_{aidsState_, platform_};
-  std::unique_ptr<QtRecoveryStore> recovery_;  // none: nothing is kept
+  QtRecoveryStore store_;
+  bool keepsGame_;  // else it has games that are set aside alone
+  NewGames newGames_{aidsState_, store_};
   std::unique_ptr<Form1> form1_;
 };
 

@@ -147,6 +147,9 @@ struct FakeStore : RecoveryStore {
     kept.reset();
     return "aside";
   }
+  std::string PutAside(const std::string& /*bytes*/, const std::string& /*title*/) override {
+    return "aside";
+  }
   std::filesystem::path File() override { return "DTB_v102.game"; }
   std::optional<std::string> kept;
 };

@@ -109,7 +109,8 @@ TEST(Sheet, CellsAreEditedAsTyped) {
   ClearCell(game.board, Side::Visitors, 2, stat_column::kBatter);
   game.Play("1B 1B");
   EXPECT_EQ(game.Look("counters"),
-            "A 1B=3, A AB=1,  IP=the long text,  IP=a longer text, l H=1, 1:0");
+            "A 1B=3, A AB=1, B 1B=1, B AB=1,  IP=the long text,  IP=a longer text, l H=2, 2:0")
+      << "a batter whose name was taken off gets a row again";
 }
 
 }  // namespace dtb

@@ -26,9 +26,9 @@ The home team's men count in their own table, against the visitors' pitcher.
 atbat:h bat:h0 HR => L H=1, L HR=1, a HR=1, a AB=1, 0:1 / a=x_____HR; / HIT recorded. / 0 0 H b
   / A:A a:a b:b :
 
-A batter without a row: a hit is only logged, an out counts, the line-up stays.
-rewrite:vZ bat:v0 1B => 0:0 / Z_____1B; / - / 0 0 V Z / A:A Z:Z : :
-rewrite:vZ bat:v0 LO => 0:0 / Z_____LO; / OUT recorded. / 1 0 V Z / A:A Z: : :
+A batter who was typed into the order gets a row.
+rewrite:vZ bat:v0 1B => Z 1B=1, Z AB=1, l H=1, 1:0 / Z_____1B; / HIT recorded. / 0 0 V B / A:A Z:Z B:B :
+rewrite:vZ bat:v0 LO => Z AB=1, 0:0 / Z_____LO; / OUT recorded. / 1 0 V B / A:A B:B : :
 
 The order goes on from the batter, wherever the highlight is.
 bat:v8 BB => I BB=1, l BB=1, 0:0 / I=x_____BB; / Stat Recorded. / 0 0 V A / A:A I:I A:A :

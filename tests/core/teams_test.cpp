@@ -65,7 +65,7 @@ TEST(TeamFiles, LoadAsFarAsTheyAreGood) {
   EXPECT_EQ(Visitors(game), "10 P10=x>P10 12 9 Bats|Bats 0") << "what stands below them stays";
   game.fake.chosen.reset();
   LoadTeam(game.board, Side::Visitors);
-  EXPECT_EQ(Visitors(game), "0 > 12 9 Bats|Bats 0") << "cancelled";
+  EXPECT_EQ(Visitors(game), "10 P10=x>P10 12 9 Bats|Bats 0") << "cancelled";
 }
 
 TEST(LineUps, AreEdited) {

@@ -20,6 +20,10 @@ struct Desktop final : QuietDesktop {
     told = question.text;
     return answer;
   }
+  std::size_t Choose(const Choice& choice) override {
+    told = choice.text;
+    return answer ? 0 : choice.answers.size() - 1;
+  }
   std::string Read(const std::string&, const std::string& key,
                    const std::string& missing) override {
     return settings.contains(key) ? settings[key] : missing;
@@ -140,7 +144,7 @@ TEST_F(SeasonWindow, ASeasonIsGoneThroughGameByGame) {
   desktop.answer = false;
   sheet.grd_VisStats.SetText(1, stat_column::kAtBats, "1");
   EXPECT_FALSE(LoadGame(desk));
-  EXPECT_NE(desktop.told.find("a game on the board"), std::string::npos) << desktop.told;
+  EXPECT_NE(desktop.told.find("A game is on the board"), std::string::npos) << desktop.told;
   desktop.answer = true;
   EXPECT_TRUE(LoadGame(desk));
   EXPECT_EQ(boardState.tb_VisTeam.value(), "Houston 2020");

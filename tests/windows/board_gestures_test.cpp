@@ -43,6 +43,34 @@ TEST_F(BoardGesturesTest, RowsAreDraggedOnlyInEditMode) {
   EXPECT_EQ(board().state.lbl_Selected.value(), "Ants 5");
 }
 
+TEST_F(BoardGesturesTest, ARowOnItsWayToAPieceTellsWhatComesOfIt) {
+  StartGame();
+  auto* list = Find<LineupView>("List1");
+  QWidget* port = list->viewport();
+  QWindow* window = form1().windowHandle();
+  const std::vector<std::string> order = board().state.List1.entries();
+  const auto moveTo = [&](QWidget* control) {
+    const QPoint place = control->mapToGlobal(control->rect().center());
+    QMouseEvent move(QEvent::MouseMove, port->mapFromGlobal(place), place, Qt::NoButton,
+                     Qt::LeftButton, {});
+    QCoreApplication::sendEvent(port, &move);
+    const auto* tag = form1().findChild<QLabel*>("RunnerTag");
+    return tag == nullptr || !tag->isVisible() ? QString() : tag->text();
+  };
+  for (const auto& [row, words] : {std::pair{10, "Ants 11 bats for Ants 1"},
+                                   {4, "Ants 5 stands in the batting order already."}}) {
+    QTest::mousePress(window, Qt::LeftButton, {}, port->mapTo(&form1(), RowPlace(list, row)));
+    board().state.lbl_Selected.Set("Ants 1");
+    board().state.VisDue.Set(0);
+    EXPECT_EQ(moveTo(Find("Picture1")), "");
+    EXPECT_EQ(moveTo(Find("pb_Player1")), words);
+    EXPECT_EQ(moveTo(Find("Picture1")), "") << "away from the piece it is gone";
+    QWidget* park = Find("Picture1");
+    QTest::mouseRelease(window, Qt::LeftButton, {}, park->mapTo(&form1(), park->rect().center()));
+    EXPECT_EQ(board().state.List1.entries(), order);
+  }
+}
+
 TEST_F(BoardGesturesTest, RightClickShowsTheWholeEntryAndNamesNobody) {
   StartGame();
   auto* list = Find<LineupView>("List1");

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <utility>
 
+#include "platform/paths.h"
 #include "platform/qt/qt_text.h"
 #include "platform/whole_file.h"
 #include "shell/program_error.h"
@@ -97,13 +98,29 @@ bool QtRecoveryStore::Safe() {
   return mine() && !failed_;
 }
 
+QString QtRecoveryStore::FreeName(const QString& title) const {
+  const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+  const QString end = title.isEmpty() ? title : QLatin1Char(' ') + title;
+  QString name = file_ + QLatin1Char('.') + stamp + end;
+  for (int number = 2; QFileInfo::exists(name); ++number) {
+    name = file_ + QStringLiteral(".%1-%2").arg(stamp).arg(number) + end;
+  }
+  return name;
+}
+
+std::string QtRecoveryStore::PutAside(const std::string& bytes, const std::string& title) {
+  const std::string name = FromQt(FreeName(ToQt(title)));
+  try {
+    WriteWholeFile(PathOf(name), bytes, "game set aside");
+    return name;
+  } catch (const ProgramError&) {
+    return {};
+  }
+}
+
 std::string QtRecoveryStore::SetAside() {
   writer_.waitForDone();
-  const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
-  QString aside = file_ + QLatin1Char('.') + stamp;
-  for (int number = 2; QFileInfo::exists(aside); ++number) {
-    aside = file_ + QStringLiteral(".%1-%2").arg(stamp).arg(number);
-  }
+  const QString aside = FreeName({});
   // Where it cannot be moved, nothing can be written over it either.
   return FromQt(QFile::rename(file_, aside) ? aside : file_);
 }

@@ -36,6 +36,7 @@ class QtRecoveryStore : public RecoveryStore {
   void Keep(std::string bytes, bool gestureGoesOn) override;
   bool Safe() override;
   std::string SetAside() override;
+  std::string PutAside(const std::string& bytes, const std::string& title) override;
   std::filesystem::path File() override { return PathOf(FromQt(file_)); }
 
   // Returns when what was given last is safe.
@@ -47,6 +48,8 @@ class QtRecoveryStore : public RecoveryStore {
  private:
   void Lock();
   void RemoveHalfWritten() const;
+  // A file beside the game's whose name is free; it ends with the title.
+  [[nodiscard]] QString FreeName(const QString& title) const;
   void Write(const std::string& bytes);
   void Fail(const std::string& why);
   // Writes these bytes, and then whatever waits by then.

@@ -13,8 +13,10 @@
 #include "aids/recovery.h"
 #include "browser/copies.h"
 #include "game/constant_update.h"
+#include "game/new_game.h"
 #include "game/start_up.h"
 #include "platform/qt/qt_text.h"
+#include "seasons/next_game.h"
 #include "shell/version.h"
 #include "teams/pitchers.h"
 #include "windows/aids/dice_panels.h"
@@ -59,6 +61,16 @@ Form1::Form1(Board& board, Aids& aids, QtPictures& pictures)
   });
   PlaceAtLaunch();
   StartTimers();
+  if (board.newGames != nullptr) ServeNewGames(*board.newGames);
+}
+
+void Form1::ServeNewGames(NewGames& newGames) {
+  newGames.nextOffer = [this] { return seasons::NextGameOffer(board_, season_); };
+  newGames.loadNext = [this] { seasons::LoadNextGame(board_, season_); };
+  newGames.begun = [this] {
+    if (form2_->isVisible()) form2_->reject();
+    park_->setFocus(Qt::OtherFocusReason);
+  };
 }
 
 Form1::~Form1() {
@@ -98,6 +110,11 @@ void Form1::BuildMenu() {
   editMenu_ = menuBar()->addMenu(QStringLiteral("Edit"));
   editMenu_->setObjectName(QStringLiteral("mnuEdit"));
   editMenu_->addActions({edit_->undo(), edit_->redo()});
+  editMenu_->addSeparator();
+  QAction* newGame = editMenu_->addAction(QStringLiteral("New game"));
+  newGame->setObjectName(QStringLiteral("mnuNewGame"));
+  newGame->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_N));
+  connect(newGame, &QAction::triggered, this, [this] { NewGame(board_); });
   editMenu_->addSeparator();
   QAction* copies = editMenu_->addAction(QLatin1String(kBringBack));
   copies->setObjectName(QStringLiteral("mnuBringBack"));

@@ -48,6 +48,7 @@ class Form1 : public QMainWindow {
   void BuildScene();
   void BuildPieces();
   void StartTimers();
+  void ServeNewGames(NewGames& newGames);
   void ScrollListsUp();
   void ViewCharts(int chart);
   void ShowStats();

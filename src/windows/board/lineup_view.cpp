@@ -245,7 +245,8 @@ LineupView::LineupView(Board& board, Side side, NextStep& next, QWidget* parent)
       board_(board),
       side_(side),
       next_(next),
-      model_(new LineupModel(board, side, next, this)) {
+      model_(new LineupModel(board, side, next, this)),
+      runner_(board, side, this) {
   setModel(model_);
   setItemDelegate(new EntryDelegate(this));
   setEditTriggers(NoEditTriggers);
@@ -312,6 +313,7 @@ void LineupView::mousePressEvent(QMouseEvent* event) {
   const bool left = event->button() == Qt::LeftButton;
   pressed_ = event->button() == Qt::RightButton || (left && row) ? event->button() : Qt::NoButton;
   if (!left || !row) return;
+  runner_.Begin(*row);
   SelectRow(board_, side_, *row);
   BeginDrag(board_, side_);
   SetDropsBehind(event->modifiers() == Qt::ShiftModifier);
@@ -329,6 +331,8 @@ void LineupView::SetDropsBehind(bool behind) {
 void LineupView::mouseMoveEvent(QMouseEvent* event) {
   const LineupList& list = SideOf(board_, side_).list;
   const auto row = RowAt(event->pos());
+  const bool pressed = pressed_ == Qt::LeftButton && event->buttons().testFlag(Qt::LeftButton);
+  if (pressed && runner_.Move(event->globalPosition().toPoint())) return;
   if (!row || !list.HasRow(*row)) return;
   setToolTip(TipOfLines({ShownEntry(list.entries()[static_cast<std::size_t>(*row)])}));
   SetDropsBehind(event->modifiers() == Qt::ShiftModifier);
@@ -340,8 +344,16 @@ void LineupView::mouseReleaseEvent(QMouseEvent* event) {
   if (pressed_ == Qt::NoButton || event->button() != pressed_) return;
   pressed_ = Qt::NoButton;
   viewport()->update();
+  const QPoint place = event->globalPosition().toPoint();
+  if (event->button() == Qt::LeftButton && runner_.End(place)) return;
+  if (event->button() == Qt::RightButton) return LookAt(RowAt(event->pos()), place);
   EndDrag(board_, side_, ButtonOf(event->button()), event->modifiers() == Qt::ShiftModifier,
           RowAt(event->pos()));
+}
+
+void LineupView::LookAt(std::optional<int> row, const QPoint& place) {
+  const bool reads = row ? runner_.ShowMenu(*row, place).value_or(true) : true;
+  if (reads) EndDrag(board_, side_, MouseButton::Right, false, row);
 }
 
 void LineupView::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -385,7 +397,7 @@ void LineupView::keyPressEvent(QKeyEvent* event) {
       if (!event->isAutoRepeat()) ReplaceEntry(board_, side_);
       break;
     case Qt::Key_Menu:
-      EndDrag(board_, side_, MouseButton::Right, false, list.selected());
+      LookAt(list.selected(), mapToGlobal(visualRect(currentIndex()).center()));
       break;
     default:
       event->ignore();

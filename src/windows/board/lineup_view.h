@@ -9,6 +9,7 @@
 #include "teams/batting_order.h"
 #include "teams/lineup_edit.h"
 #include "windows/board/next_step.h"
+#include "windows/board/runner_drag.h"
 #include "windows/shared/line_up_entry.h"
 
 namespace dtb {
@@ -50,8 +51,9 @@ class LineupModel : public QAbstractListModel {
 };
 
 // Turns the gestures of mouse and keyboard into operations on the side's line-up. The row under the
-// pointer is read in full in the tool-tip; a right click shows it in a box. While a row is dragged
-// a line shows where it goes in. An empty list says what to do.
+// pointer is read in full in the tool-tip; a right click shows it in a box, or the menu of a player
+// of the bench who can come in. Let go on a game piece, his row does the same. While a row is
+// dragged a line shows where it goes in. An empty list says what to do.
 class LineupView : public QListView {
   Q_OBJECT
  public:
@@ -81,11 +83,14 @@ class LineupView : public QListView {
   void DrawInsertionLine(QPainter& painter) const;
   void DrawHint(QPainter& painter) const;
   [[nodiscard]] std::optional<int> RowAt(const QPoint& place) const;
+  // The right button or the menu key at a row: its menu where it has one, else its whole entry.
+  void LookAt(std::optional<int> row, const QPoint& place);
 
   Board& board_;
   Side side_;
   NextStep& next_;
   LineupModel* model_;
+  RunnerDrag runner_;
   bool usesKeys_ = false;                   // the focus came by a key, or moved by one
   Qt::MouseButton pressed_ = Qt::NoButton;  // whose release means something here
   bool dropsBehind_ = false;                // Shift is held during a drag

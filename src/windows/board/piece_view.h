@@ -24,6 +24,7 @@ class PieceView : public QAbstractButton {
   Q_OBJECT
  public:
   PieceView(Board& board, int piece, QtPictures& pictures, Scene& scene, QWidget* parent);
+  [[nodiscard]] int piece() const { return piece_; }  // 0 to 3
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -335,7 +335,7 @@ void MessageBox::BuildButtons(double scale, QWidget* below) {
       const QString shown = metrics.elidedText(button->text(), Qt::ElideMiddle, most);
       button->setText(shown);
       button->setFixedWidth(metrics.horizontalAdvance(shown) + qRound(40 * scale));
-      if (i == 0) setFocusProxy(button);
+      if (i == content_.usual) setFocusProxy(button);
     }
   } else if (content_.question) {
     auto* yes = add(QStringLiteral("Yes"), true);

@@ -24,6 +24,7 @@ class MessageBox : public QWidget {
     bool question = false;
     bool yesIsUsual = false;   // the button Yes has the focus at first
     QStringList answers = {};  // of a question that is no Yes or No; the last one closes the box
+    int usual = 0;             // the place of the one that has the focus at first
   };
 
   // Shows the box over the window and waits. True for Yes, and for every way to close a box that
@@ -44,6 +45,8 @@ class MessageBox : public QWidget {
   [[nodiscard]] const QStringList& answers() const { return content_.answers; }
   // The button with this caption; none where the box has no such answer.
   [[nodiscard]] QPushButton* ButtonOf(const QString& answer) const;
+  // The place of the one that Enter gives.
+  [[nodiscard]] int usualAnswer() const { return content_.usual; }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

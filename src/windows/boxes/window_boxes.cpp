@@ -27,6 +27,14 @@ void WindowBoxes::Confirm(const std::string& message, const std::string& counted
     ShowRecorded(message, BoxAlignment::Centred);
     return;
   }
+  ShowNotice(message, counted);
+}
+
+void WindowBoxes::Notify(const std::string& message) {
+  if (!mainWindow_.isNull()) ShowNotice(message, {});
+}
+
+void WindowBoxes::ShowNotice(const std::string& message, const std::string& counted) {
   if (!notices_) notices_ = new Notices(mainWindow_->centralWidget());
   notices_->Show(ToQt(message), ToQt(counted), Scale());
 }
@@ -50,10 +58,11 @@ std::size_t WindowBoxes::Choose(const Choice& choice) {
   }
   QStringList answers;
   for (const std::string& answer : choice.answers) answers += ToQt(answer);
-  return static_cast<std::size_t>(MessageBox::RunChoice(
-      Front(),
-      {text, TitleOr(choice.title), BoxIcon::Exclamation, BoxAlignment::Left, true, false, answers},
-      Scale()));
+  return static_cast<std::size_t>(
+      MessageBox::RunChoice(Front(),
+                            {text, TitleOr(choice.title), choice.icon, BoxAlignment::Left, true,
+                             false, answers, static_cast<int>(choice.usual)},
+                            Scale()));
 }
 
 bool WindowBoxes::Run(const MessageBox::Content& content) const {

@@ -16,6 +16,7 @@ class WindowBoxes : public MessageBoxes {
  public:
   void ShowRecorded(const std::string& message, BoxAlignment alignment) override;
   void Confirm(const std::string& message, const std::string& counted) override;
+  void Notify(const std::string& message) override;
   void Show(const std::string& message, BoxIcon icon, const std::string& title) override;
   bool Ask(const Question& question) override;
   std::size_t Choose(const Choice& choice) override;
@@ -28,6 +29,7 @@ class WindowBoxes : public MessageBoxes {
 
  private:
   bool Run(const MessageBox::Content& content) const;
+  void ShowNotice(const std::string& message, const std::string& counted);
   [[nodiscard]] QWidget* Front() const;
   [[nodiscard]] double Scale() const;
   QPointer<QMainWindow> mainWindow_;

@@ -1,0 +1,101 @@
+#include "windows/board/runner_drag.h"
+
+#include <QMenu>
+
+#include "platform/qt/qt_text.h"
+#include "teams/pinch_runner.h"
+#include "windows/board/piece_view.h"
+#include "windows/shared/look.h"
+
+namespace dtb {
+namespace {
+
+constexpr QPoint kBesidePointer{14, 18};
+constexpr int kTagMargin = 6;
+constexpr qsizetype kLongestWords = 120;
+
+}  // namespace
+
+RunnerDrag::RunnerDrag(Board& board, Side side, QWidget* list)
+    : board_(board), side_(side), list_(list) {}
+
+void RunnerDrag::Begin(int row) { row_ = row; }
+
+bool RunnerDrag::Move(const QPoint& place) {
+  const auto piece = row_ ? PieceUnder(place) : std::nullopt;
+  if (!piece) {
+    if (tag_) tag_->hide();
+    return false;
+  }
+  ShowTag(ToQt(ReplacementOn(board_, side_, *row_, *piece).words), place);
+  return true;
+}
+
+bool RunnerDrag::End(const QPoint& place) {
+  if (tag_) tag_->hide();
+  const auto piece = row_ ? PieceUnder(place) : std::nullopt;
+  const std::optional<int> row = row_;
+  row_.reset();
+  if (!piece) return false;
+  ComeIn(board_, side_, *row, *piece);
+  return true;
+}
+
+std::optional<bool> RunnerDrag::ShowMenu(int row, const QPoint& place) {
+  const std::vector<int> pieces = PiecesToComeInOn(board_, side_, row);
+  if (pieces.empty()) return std::nullopt;
+  QMenu menu(list_);
+  menu.setObjectName(QStringLiteral("mnuRow"));
+  const auto add = [&menu](QString caption) {
+    return menu.addAction(
+        caption.left(kLongestWords).replace(QLatin1Char('&'), QStringLiteral("&&")));
+  };
+  const QAction* read = add(QStringLiteral("Read the whole line"));
+  menu.addSeparator();
+  std::vector<const QAction*> actions;
+  for (const int piece : pieces) {
+    actions.push_back(add(ToQt(ReplacementOn(board_, side_, row, piece).words)));
+  }
+  const QAction* chosen = menu.exec(place);
+  for (std::size_t i = 0; i < actions.size(); ++i) {
+    if (chosen == actions[i]) ComeIn(board_, side_, row, pieces[i]);
+  }
+  return chosen == read;
+}
+
+// What lies over a piece takes the place of it.
+std::optional<int> RunnerDrag::PieceUnder(const QPoint& place) const {
+  const QWidget* window = list_->window();
+  for (const QWidget* hit = window->childAt(window->mapFromGlobal(place)); hit != nullptr;
+       hit = hit->parentWidget()) {
+    if (const auto* piece = qobject_cast<const PieceView*>(hit)) return piece->piece();
+  }
+  return std::nullopt;
+}
+
+void RunnerDrag::ShowTag(const QString& words, const QPoint& place) {
+  QWidget* window = list_->window();
+  if (!tag_) {
+    tag_ = new QLabel(window);
+    tag_->setObjectName(QStringLiteral("RunnerTag"));
+    tag_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    tag_->setTextFormat(Qt::PlainText);
+    tag_->setAutoFillBackground(true);
+    tag_->setMargin(kTagMargin);
+    QPalette palette = look::Palette();
+    palette.setColor(QPalette::Window, look::kSlate);
+    palette.setColor(QPalette::WindowText, look::kCream);
+    tag_->setPalette(palette);
+  }
+  tag_->setFont(list_->font());
+  tag_->setText(words.left(kLongestWords));
+  tag_->adjustSize();
+  QPoint corner = window->mapFromGlobal(place) + kBesidePointer;
+  corner.setX(std::min(corner.x(), window->width() - tag_->width()));
+  corner.setY(std::min(corner.y(), window->height() - tag_->height()));
+  tag_->move(corner);
+  tag_->show();
+  tag_->raise();
+}
+
+}  // namespace dtb

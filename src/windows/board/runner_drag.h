@@ -1,0 +1,41 @@
+// A row of a line-up on its way to a game piece, and the menu that does the same.
+#pragma once
+
+#include <QLabel>
+#include <QPointer>
+#include <QWidget>
+#include <optional>
+
+#include "game/board.h"
+
+namespace dtb {
+
+// A player of the bench is let go on the piece of the man for whom he comes in. Beside the pointer
+// stands what would come of it.
+class RunnerDrag {
+ public:
+  RunnerDrag(Board& board, Side side, QWidget* list);
+
+  // The left button went down on a row.
+  void Begin(int row);
+  // The pointer is at a place of the screen. True: over a game piece.
+  bool Move(const QPoint& place);
+  // The button goes up there. True: on a game piece, and the gesture is made.
+  bool End(const QPoint& place);
+
+  // The menu of a row, at a place of the screen: the whole entry, and for whom the player can come
+  // in. Nothing: there is nobody, and no menu is shown. True: the whole entry is wanted.
+  [[nodiscard]] std::optional<bool> ShowMenu(int row, const QPoint& place);
+
+ private:
+  [[nodiscard]] std::optional<int> PieceUnder(const QPoint& place) const;
+  void ShowTag(const QString& words, const QPoint& place);
+
+  Board& board_;
+  Side side_;
+  QWidget* list_;
+  std::optional<int> row_;
+  QPointer<QLabel> tag_;  // none before the first drag
+};
+
+}  // namespace dtb

@@ -64,10 +64,11 @@ struct BoardState {
   // Sides and current batter.
   Field<std::string> tb_VisTeam{"VIS"};
   Field<std::string> tb_HomeTeam{"HOME"};
-  Field<bool> Option5;  // the visitors are at bat
-  Field<bool> Option6;  // the home team is at bat; never on together with Option5
-  LineupList List1;     // visitors: batting order in the first nine rows, then the reserves
-  LineupList List2;     // home team
+  std::string SeasonGame;  // the game of an archive that was loaded last (PlayedMark); "": none
+  Field<bool> Option5;     // the visitors are at bat
+  Field<bool> Option6;     // the home team is at bat; never on together with Option5
+  LineupList List1;        // visitors: batting order in the first nine rows, then the reserves
+  LineupList List2;        // home team
   Field<std::string> lbl_Selected;        // name of the current batter, of either side
   Field<std::string> lbl_L1current{"0"};  // row that last became the batter in List1
   Field<std::string> lbl_L2current{"0"};  // the same for List2

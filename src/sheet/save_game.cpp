@@ -14,6 +14,7 @@
 #include "game/innings.h"
 #include "game/memento.h"
 #include "platform/database.h"
+#include "seasons/schedule.h"
 #include "sheet/cell_edit.h"
 #include "sheet/number_cells.h"
 #include "sheet/proof.h"
@@ -196,6 +197,16 @@ void TellFailure(GameSave& save, const GameMemento& before, const std::string& w
       BoxIcon::Critical);
 }
 
+// "" if the season has its mark, or needs none; else why not.
+std::string MarkInSeason(Board& board) {
+  try {
+    seasons::NoteSaved(board);
+    return {};
+  } catch (const ProgramError& failure) {
+    return "\nThe season's list does not mark it as played. " + std::string(failure.what());
+  }
+}
+
 void Record(GameSave& save, const GameMemento& before) {
   try {
     RecordBattingData(save);
@@ -213,10 +224,12 @@ void Record(GameSave& save, const GameMemento& before) {
   } catch (const std::bad_alloc&) {
     return TellFailure(save, before, "The computer is out of memory.");
   }
+  const std::string noMark = MarkInSeason(save.board);
   // What is in the database cannot be taken back on the board.
   if (save.board.history != nullptr) save.board.history->Clear();
   save.rows.reset();
-  save.board.platform.boxes.Show("Data successfully recorded" + save.noCopy, BoxIcon::Information);
+  save.board.platform.boxes.Show("Data successfully recorded" + save.noCopy + noMark,
+                                 BoxIcon::Information);
 }
 
 // What does not agree is shown before it is stored. False: back to the sheet.

@@ -1,5 +1,9 @@
 #include "teams/team_load.h"
 
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
 #include "aids/logos.h"
 #include "game/history.h"
 #include "platform/paths.h"
@@ -55,11 +59,10 @@ void EmptySide(Board& board, Side side) {
   fields.logo.Set({});
 }
 
-void FillSide(Board& board, Side side, const std::filesystem::path& file) {
+// The lines are in the list; `name` is the team's. A name of nothing is refused at the end.
+void FillSide(Board& board, Side side, const std::string& name) {
   const SideFields fields = SideOf(board, side);
-  ReadTeamFile(file, [&](std::string line) { fields.list.Append(std::move(line)); });
-  fields.team.Set(TextOf(file.filename()));
-  fields.team.Set(WithoutExtension(fields.team.value()));
+  fields.team.Set(name);
   FillTable(fields);
   if (fields.team.value().empty()) {
     throw ProgramError(error_number::kInvalidCall,
@@ -70,6 +73,45 @@ void FillSide(Board& board, Side side, const std::filesystem::path& file) {
   board.sheet.grd_BoxScore.SetText(fields.boxScoreRow, 0, fields.sheetTeam.value());
   for (int row = 1; row <= kStarters; ++row) fields.grid.SetText(row, stat_column::kPlayed, "1");
   LoadLogo(board, side);
+}
+
+void FillFromFile(Board& board, Side side, const std::filesystem::path& file) {
+  const SideFields fields = SideOf(board, side);
+  ReadTeamFile(file, [&](std::string line) { fields.list.Append(std::move(line)); });
+  fields.team.Set(TextOf(file.filename()));
+  FillSide(board, side, WithoutExtension(fields.team.value()));
+}
+
+// Names that both lists have, in the visitors' order.
+std::vector<std::string> CommonNames(Board& board) {
+  std::unordered_set<std::string> home;
+  for (const std::string& entry : SideOf(board, Side::Home).list.entries()) {
+    home.insert(PlayerNameOf(entry));
+  }
+  std::vector<std::string> common;
+  for (const std::string& entry : SideOf(board, Side::Visitors).list.entries()) {
+    std::string name = PlayerNameOf(entry);
+    if (!name.empty() && home.erase(name) > 0) common.push_back(std::move(name));
+  }
+  return common;
+}
+
+void TellCommonNames(Board& board) {
+  constexpr std::size_t kMostNames = 6;
+  const std::vector<std::string> names = CommonNames(board);
+  if (names.empty()) return;
+  std::string told;
+  for (std::size_t i = 0; i < std::min(names.size(), kMostNames); ++i) {
+    told += (i == 0 ? "\"" : ", \"") + names[i] + '"';
+  }
+  if (names.size() > kMostNames) {
+    told += " and " + std::to_string(names.size() - kMostNames) + " more";
+  }
+  board.platform.boxes.Show(
+      "Both teams have " + told +
+          ".\n\nThe board knows a player by his name alone, so the figures of two of one name can "
+          "mix. Give each a name of his own in the team file and load it again.",
+      BoxIcon::Exclamation);
 }
 
 }  // namespace
@@ -92,9 +134,25 @@ void ReplaceTeam(Board& board, Side side, const std::filesystem::path& file) {
   OpenTeam(board, side, file);
 }
 
+void ReplaceTeams(Board& board, const std::array<TeamLines, 2>& teams, const std::string& step) {
+  const Gesture gesture(board, step);
+  Trapped(board.platform.boxes, [&] {
+    for (const Side side : {Side::Visitors, Side::Home}) EmptySide(board, side);
+    for (const Side side : {Side::Visitors, Side::Home}) {
+      const TeamLines& team = teams.at(side == Side::Visitors ? 0 : 1);
+      for (const std::string& line : team.lines) SideOf(board, side).list.Append(line);
+      FillSide(board, side, team.name);
+    }
+    TellCommonNames(board);
+  });
+}
+
 void OpenTeam(Board& board, Side side, const std::filesystem::path& file) {
   const Gesture gesture(board, "LOAD " + TextOf(file.filename()));
-  Trapped(board.platform.boxes, [&] { FillSide(board, side, file); });
+  Trapped(board.platform.boxes, [&] {
+    FillFromFile(board, side, file);
+    TellCommonNames(board);
+  });
 }
 
 }  // namespace dtb

@@ -1,7 +1,10 @@
 // Loading a team for one side.
 #pragma once
 
+#include <array>
 #include <filesystem>
+#include <string>
+#include <vector>
 
 #include "game/board.h"
 
@@ -12,8 +15,17 @@ namespace dtb {
 void LoadTeam(Board& board, Side side);
 
 // Fills list, table, names, `Played` marks and logo from a team file. An error is told and ends it
-// at the failing step; what was done before stays.
+// at the failing step; what was done before stays. Players of one name in both teams are told.
 void OpenTeam(Board& board, Side side, const std::filesystem::path& file);
+
+// A team that is no file.
+struct TeamLines {
+  std::string name;
+  std::vector<std::string> lines;  // as a team file has them
+};
+
+// Empties both sides' lists and logos and fills them, visitors first, as one step of that name.
+void ReplaceTeams(Board& board, const std::array<TeamLines, 2>& teams, const std::string& step);
 
 // Empties the side's list and logo, and opens a team file.
 void ReplaceTeam(Board& board, Side side, const std::filesystem::path& file);

@@ -83,7 +83,9 @@ void TellFaults(const Season& season, std::string& errors) {
     errors += fault.file + ':' + std::to_string(fault.line) + ": " + fault.what + '\n';
   }
   if (season.faultCount > 0) {
-    errors += std::to_string(season.faultCount) + " lines make no sense; the rest counts.\n";
+    errors += std::to_string(season.faultCount) +
+              (season.faultCount == 1 ? " line makes" : " lines make") +
+              " no sense; the rest counts.\n";
   }
 }
 
@@ -138,7 +140,8 @@ CommandResult RunTeams(Archives& archives, const std::vector<std::string>& argum
     if (!understood->pitching.empty()) {
       WriteWhole(PathOf(understood->pitching), PitchingTable(season));
     }
-    result.output = std::to_string(season.games.size()) + " games read.\n";
+    result.output = std::to_string(season.games.size()) +
+                    (season.games.size() == 1 ? " game read.\n" : " games read.\n");
     WriteTeams(teams, *understood, result);
     result.output += std::string(kOwnersNotice) + '\n';
   } catch (const ProgramError& error) {

@@ -101,7 +101,8 @@ struct QuietDesktop : MessageBoxes,
   bool StandsInPlace() override { return false; }
   OldContents Contents() override { return {}; }
   std::string TakeOver(const std::string& /*asideName*/) override { return {}; }
-  std::unique_ptr<Archive> OpenArchive(const std::filesystem::path& zipOrFolder) override {
+  std::unique_ptr<Archive> OpenArchive(const std::filesystem::path& zipOrFolder,
+                                        const GoOn& /*goOn*/) override {
     throw ProgramError(error_number::kFileNotFound, zipOrFolder.string() + " does not exist.");
   }
   std::unique_ptr<WorkbookWriter> Begin(const std::filesystem::path& /*file*/) override {

@@ -7,6 +7,8 @@
 namespace dtb::seasons {
 namespace {
 
+constexpr int kNotTold = -1;
+
 std::string Cell(const std::string& text) {
   if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
   std::string quoted = "\"";
@@ -33,7 +35,9 @@ std::string Table(const Season& season, std::string text, Figures figures) {
     const std::vector<int> numbers = figures(*row.man);
     if (numbers.empty()) continue;
     text += Cell(row.man->id) + ',' + Cell(row.club->id) + ',' + Cell(FullName(*row.man));
-    for (const int number : numbers) text += ',' + std::to_string(number);
+    for (const int number : numbers) {
+      text += number == kNotTold ? std::string(",") : ',' + std::to_string(number);
+    }
     text += '\n';
   }
   return text;
@@ -54,8 +58,9 @@ std::string PitchingTable(const Season& season) {
   return Table(season, "player,team,name,G,GS,outs,H,HR,BB,K,ER\n", [](const Man& man) {
     const Pitching& p = man.pitching;
     if (p.games == 0) return std::vector<int>{};
+    const bool told = p.outsUncharged == 0 || p.outs > p.outsUncharged;
     return std::vector<int>{p.games,    p.starts, p.outs,       p.hits,
-                            p.homeRuns, p.walks,  p.strikeouts, p.earnedRuns};
+                            p.homeRuns, p.walks,  p.strikeouts, told ? p.earnedRuns : kNotTold};
   });
 }
 

@@ -11,7 +11,8 @@ namespace dtb::seasons {
 // club and man, with the archive's own ids. Lines end at LF; the text is UTF-8.
 [[nodiscard]] std::string BattingTable(const Season& season);
 
-// "player,team,name,G,GS,outs,H,HR,BB,K,ER": the same for those who pitched.
+// "player,team,name,G,GS,outs,H,HR,BB,K,ER": the same for those who pitched. ER is empty
+// for who pitched only where the archive does not tell it.
 [[nodiscard]] std::string PitchingTable(const Season& season);
 
 }  // namespace dtb::seasons

@@ -17,10 +17,15 @@ std::string Average(std::int64_t part, std::int64_t whole) {
   return thousandths < 1000 ? std::string(text.data() + 1) : std::string(text.data());
 }
 
-// Runs in nine innings with two places; who got nobody out has the worst that the charts know.
+bool RunsAreTold(const Pitching& pitching) {
+  return pitching.outsUncharged == 0 || pitching.outs > pitching.outsUncharged;
+}
+
+// Runs in nine innings with two places, over the games of which they are told; who got nobody out
+// has the worst that the charts know.
 std::string EarnedRunAverage(const Pitching& pitching) {
-  if (pitching.outs == 0) return pitching.earnedRuns == 0 ? "-.--" : "99.99";
-  const std::int64_t outs = pitching.outs;
+  const std::int64_t outs = pitching.outs - pitching.outsUncharged;
+  if (outs <= 0) return pitching.earnedRuns == 0 ? "-.--" : "99.99";
   const auto hundredths =
       static_cast<int>((pitching.earnedRuns * std::int64_t{5400} + outs) / (outs * 2));
   std::array<char, 32> text{};
@@ -101,7 +106,11 @@ constexpr std::array kPitchers{
     Word{"bb", [](const Context& c) { return Of(c.man.pitching.walks); }},
     Word{"k", [](const Context& c) { return Of(c.man.pitching.strikeouts); }},
     Word{"hr", [](const Context& c) { return Of(c.man.pitching.homeRuns); }},
-    Word{"er", [](const Context& c) { return Of(c.man.pitching.earnedRuns); }},
+    Word{"er",
+         [](const Context& c) {
+           const Pitching& p = c.man.pitching;
+           return RunsAreTold(p) ? Of(p.earnedRuns) : std::string("-");
+         }},
     Word{"era", [](const Context& c) { return EarnedRunAverage(c.man.pitching); }},
     Word{"role",
          [](const Context& c) {
@@ -186,13 +195,19 @@ std::string KnownWords(bool asPitcher) {
   return words;
 }
 
-std::string NameInFile(const Man& man, NameForm form) {
+std::string PlainName(const Man& man, NameForm form) {
   std::string name = FullName(man);
   if (form == NameForm::LastFirst && !man.first.empty() && !man.last.empty()) {
     name = man.last + ", " + man.first;
   }
-  std::erase_if(name, [](char c) { return c == '=' || IsControl(c); });
+  std::erase(name, '=');
+  name = WithSingleBlanks(name);
   return name.empty() ? man.id : name;
+}
+
+std::string NameInFile(const Man& man, NameForm form) {
+  const std::string name = PlainName(man, form);
+  return man.number == 1 ? name : name + " (" + std::to_string(man.number) + ")";
 }
 
 }  // namespace dtb::seasons

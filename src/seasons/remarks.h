@@ -33,6 +33,9 @@ struct LineForm {
 [[nodiscard]] std::string KnownWords(bool asPitcher);
 
 // His name in the form, without what a team file cannot hold. "Ken Griffey Jr." keeps his suffix.
+[[nodiscard]] std::string PlainName(const Man& man, NameForm form);
+
+// The same with his number among the year's players of that name: "Luis Garcia (2)".
 [[nodiscard]] std::string NameInFile(const Man& man, NameForm form);
 
 // "68.1": whole innings and outs.

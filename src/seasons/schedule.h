@@ -2,23 +2,24 @@
 #pragma once
 
 #include <optional>
-#include <string>
-#include <utility>
 #include <vector>
 
-#include "platform/database.h"
+#include "game/board.h"
 #include "seasons/season.h"
 
 namespace dtb::seasons {
 
-// Visitors and home team of every saved game, by the names that they bear in the database. Throws
-// ProgramError where the database cannot be read.
-[[nodiscard]] std::vector<std::pair<std::string, std::string>> SavedGames(Database& database);
+// The board plays a game of an archive from now on, between the teams that it bears; loading
+// another team ends that.
+void NoteLoaded(Board& board, const Game& game);
 
-// For each game of the season whether the database has it. Dates are not told there, so of games of
-// the same two teams on the same ground the earliest count as played, as many as are saved.
-[[nodiscard]] std::vector<bool> PlayedGames(
-    const Season& season, const std::vector<std::pair<std::string, std::string>>& saved);
+// The game on the board was saved: if it is one of an archive, the settings keep which, beside the
+// GameID under which the database has it. Throws ProgramError if they cannot.
+void NoteSaved(Board& board);
+
+// For each game of the season whether the database has it, played from this archive or from another
+// one that names it alike. Throws ProgramError where the database cannot be read.
+[[nodiscard]] std::vector<bool> PlayedGames(const Season& season, const Platform& platform);
 
 inline constexpr int kAllClubs = -1;
 

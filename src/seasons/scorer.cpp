@@ -5,6 +5,8 @@
 namespace dtb::seasons {
 namespace {
 
+constexpr const char* kTooManyMen = "too many men come into one game";
+
 // The counts of the rule on relief pitchers: a walk then belongs to the one who left.
 bool FavoursBatter(int balls, int strikes) { return balls == 3 || (balls == 2 && strikes < 2); }
 
@@ -33,18 +35,35 @@ void Scorer::Begin(Game game) {
     fresh.pitcher = kNobody;
     fresh.due = 1;
     fresh.entrants.clear();
+    fresh.charged = false;
   }
   waiting_.clear();
   inning_ = 0;
   open_ = false;
 }
 
-Scorer::Entrant& Scorer::EntrantOf(int side, int man) {
+Scorer::Entrant* Scorer::EntrantOf(int side, int man) {
+  constexpr std::size_t kMostMen = 100;
   std::vector<Entrant>& entrants = sides_.at(side).entrants;
-  for (Entrant& one : entrants) {
-    if (one.man == man) return one;
-  }
-  return entrants.emplace_back(Entrant{man});
+  const auto found = std::ranges::find(entrants, man, &Entrant::man);
+  if (found != entrants.end()) return &*found;
+  if (entrants.size() >= kMostMen) return nullptr;
+  return &entrants.emplace_back(Entrant{.man = man, .outsBefore = ManOf(side, man).pitching.outs});
+}
+
+// False: the game has too many men.
+bool Scorer::NotePart(int side, int man, int position, bool starts) {
+  const std::size_t before = sides_.at(side).entrants.size();
+  Entrant* entrant = EntrantOf(side, man);
+  if (entrant == nullptr) return false;
+  GameSide& told = game_.sides.at(side);
+  const bool isNew = sides_.at(side).entrants.size() > before;
+  if (isNew && !starts) told.came.push_back(man);
+  const unsigned bit = position > 0 ? 1U << static_cast<unsigned>(position) : 0;
+  const bool pitches = position == kPitcher && (entrant->positions & bit) == 0;
+  if (pitches && !starts) told.pitched.push_back(man);
+  entrant->positions |= bit;
+  return true;
 }
 
 int Scorer::Find(int side, std::string_view id) {
@@ -76,21 +95,17 @@ const char* Scorer::Enter(int side, int man, int order, int position, bool start
     return "there is no such place in the order or on the field";
   }
   Side& team = sides_.at(side);
-  constexpr std::size_t kMostMen = 100;
-  if (team.entrants.size() > kMostMen) return "too many men come into one game";
+  if (!NotePart(side, man, position, starts)) return kTooManyMen;
   if (open_) NoteChange(side, man, order, position);
   const int leaves = team.order.at(order);
   team.order.at(order) = man;
   if (position == kPitcher) team.pitcher = man;
-  const bool isNew = std::ranges::find(team.entrants, man, &Entrant::man) == team.entrants.end();
-  EntrantOf(side, man).positions |= 1U << static_cast<unsigned>(position);
   GameSide& told = game_.sides.at(side);
   if (starts) {
     if (order > 0) told.order.at(order - 1) = {man, position};
     if (position == kPitcher) told.pitcher = man;
     return nullptr;
   }
-  if (isNew) told.came.push_back(man);
   if (leaves == kNobody || leaves == man) return nullptr;
   if (side == atBat_) std::ranges::replace(bases_, leaves, man);
   const Man& old = ManOf(side, leaves);
@@ -101,6 +116,7 @@ const char* Scorer::Enter(int side, int man, int order, int position, bool start
 }
 
 void Scorer::PutOnBase(std::string_view id, int base) {
+  std::erase_if(waiting_, [base](const Waiting& one) { return one.base == base; });
   waiting_.push_back({std::string(id), base});
 }
 
@@ -128,7 +144,9 @@ bool Scorer::InOrder(Side& side, int man) {
 
 const char* Scorer::Score(int inning, int side, int batter, std::string_view count,
                           const Play& play) {
+  if (game_.account == Account::BoxScore) return "a play of a game whose figures were told before";
   const char* fault = nullptr;
+  game_.account = Account::Plays;
   if (inning != inning_ || side != atBat_) fault = BeginHalf(inning, side);
   for (const Waiting& one : waiting_) {
     const int man = Find(side, one.id);
@@ -209,6 +227,43 @@ const char* Scorer::CreditAtBat(int side, int batter, const Play& play) {
 
 void Scorer::ChargeEarnedRuns(int side, int man, int runs) {
   ManOf(side, man).pitching.earnedRuns += runs;
+  sides_.at(side).charged = true;
+}
+
+const char* Scorer::AddBatting(int side, int man, const Batting& figures) {
+  if (!NotePart(side, man, 0, false)) return kTooManyMen;
+  game_.account = Account::BoxScore;
+  Batting& sum = ManOf(side, man).batting;
+  for (const auto figure :
+       {&Batting::atBats, &Batting::hits, &Batting::doubles, &Batting::triples, &Batting::homeRuns,
+        &Batting::walks, &Batting::strikeouts, &Batting::hitByPitch, &Batting::stolenBases,
+        &Batting::sacrificeHits, &Batting::sacrificeFlies}) {
+    sum.*figure += figures.*figure;
+  }
+  return nullptr;
+}
+
+const char* Scorer::AddPitching(int side, int man, const Pitching& figures, bool started) {
+  if (started && game_.sides.at(side).pitcher == kNobody) game_.sides.at(side).pitcher = man;
+  if (!NotePart(side, man, kPitcher, game_.sides.at(side).pitcher == man)) return kTooManyMen;
+  game_.account = Account::BoxScore;
+  Pitching& sum = ManOf(side, man).pitching;
+  for (const auto figure :
+       {&Pitching::outs, &Pitching::hits, &Pitching::homeRuns, &Pitching::walks,
+        &Pitching::strikeouts, &Pitching::earnedRuns, &Pitching::outsUncharged}) {
+    sum.*figure += figures.*figure;
+  }
+  sides_.at(side).charged = true;  // each line tells for itself
+  return nullptr;
+}
+
+const char* Scorer::NotePosition(int side, int man, int position) {
+  return NotePart(side, man, position, false) ? nullptr : kTooManyMen;
+}
+
+void Scorer::SetRuns(int side, int runs) {
+  game_.account = Account::BoxScore;
+  game_.sides.at(side).runs = runs;
 }
 
 void Scorer::End() {
@@ -216,6 +271,7 @@ void Scorer::End() {
     for (const Entrant& one : sides_.at(side).entrants) {
       Man& man = ManOf(side, one.man);
       ++man.batting.games;
+      man.days.push_back(game_.day);
       for (int position = 1; position < kPositions; ++position) {
         if ((one.positions >> static_cast<unsigned>(position)) & 1U) {
           ++man.batting.gamesAt.at(position);
@@ -223,6 +279,9 @@ void Scorer::End() {
       }
       if ((one.positions >> kPitcher) & 1U) ++man.pitching.games;
       if (game_.sides.at(side).pitcher == one.man) ++man.pitching.starts;
+      if (!sides_.at(side).charged) {
+        man.pitching.outsUncharged += man.pitching.outs - one.outsBefore;
+      }
     }
   }
   season_.games.push_back(std::move(game_));

@@ -29,7 +29,18 @@ class Scorer {
   // One play, also one that ends no time at bat. `count` is balls and strikes, as "12".
   const char* Score(int inning, int side, int batter, std::string_view count, const Play& play);
 
+  // Without any charge to a side, the earned runs of its pitchers in the game are not known.
   void ChargeEarnedRuns(int side, int man, int runs);
+
+  // A game without plays: the figures of a man in it, the position that he played, 0 for none that
+  // is told, and the runs of a side.
+  const char* AddBatting(int side, int man, const Batting& figures);
+  const char* AddPitching(int side, int man, const Pitching& figures, bool started);
+  const char* NotePosition(int side, int man, int position);
+  void SetRuns(int side, int runs);
+
+  void NoteForfeit(Forfeit forfeit) { game_.forfeit = forfeit; }
+  [[nodiscard]] bool HasPlays() const { return game_.account == Account::Plays; }
 
   // The man with this id whom the side has in the game, or had; kNobody if there is none.
   [[nodiscard]] int Find(int side, std::string_view id);
@@ -41,6 +52,7 @@ class Scorer {
   struct Entrant {
     int man = kNobody;
     unsigned positions = 0;  // one bit each
+    int outsBefore = 0;      // as a pitcher, before this game
   };
   struct Side {
     Club* club = nullptr;
@@ -48,6 +60,7 @@ class Scorer {
     int pitcher = kNobody;
     int due = 1;  // place in the order that is probably next
     std::vector<Entrant> entrants;
+    bool charged = false;  // earned runs are told
   };
   struct Waiting {
     std::string id;
@@ -55,7 +68,9 @@ class Scorer {
   };
 
   [[nodiscard]] Man& ManOf(int side, int man) { return sides_.at(side).club->men[man]; }
-  Entrant& EntrantOf(int side, int man);
+  // Nothing if the game has too many men.
+  Entrant* EntrantOf(int side, int man);
+  bool NotePart(int side, int man, int position, bool starts);
   void NoteChange(int side, int man, int order, int position);
   const char* BeginHalf(int inning, int side);
   const char* MoveMen(int side, int batter, const Play& play);

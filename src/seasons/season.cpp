@@ -1,6 +1,8 @@
 #include "seasons/season.h"
 
 #include <algorithm>
+#include <chrono>
+#include <numeric>
 
 namespace dtb::seasons {
 namespace {
@@ -8,12 +10,8 @@ namespace {
 constexpr std::array<const char*, kPositions> kNames{"",   "P",  "C",  "1B", "2B", "3B", "SS",
                                                      "LF", "CF", "RF", "DH", "PH", "PR"};
 
-// The last names of a city's clubs tell them apart; elsewhere the city is enough.
-bool SharesCity(const Season& season, const Club& club) {
-  return std::ranges::count_if(season.clubs, [&](const Club& other) {
-           return other.year == club.year && other.city == club.city;
-         }) > 1;
-}
+constexpr int kCatcher = 2;
+constexpr int kRightField = 9;
 
 // The place from `first` to `last` with most games; 0 where there is none.
 int MostPlayed(const Batting& batting, int first, int last) {
@@ -24,7 +22,26 @@ int MostPlayed(const Batting& batting, int first, int last) {
   return most;
 }
 
+// Digits of a text as a number between two limits.
+unsigned Limited(std::string_view digits, unsigned least, unsigned most) {
+  unsigned number = 0;
+  for (const char c : digits) {
+    if (c >= '0' && c <= '9') number = number * 10 + static_cast<unsigned>(c - '0');
+  }
+  return std::clamp(number, least, most);
+}
+
 }  // namespace
+
+int DayOf(std::string_view date) {
+  constexpr std::size_t kLength = 10;
+  if (date.size() != kLength) return 0;
+  const std::chrono::year_month_day day{
+      std::chrono::year(static_cast<int>(Limited(date.substr(0, 4), 0, 9999))),
+      std::chrono::month(Limited(date.substr(5, 2), 1, 12)),
+      std::chrono::day(Limited(date.substr(8, 2), 1, 31))};
+  return static_cast<int>(std::chrono::sys_days(day).time_since_epoch().count());
+}
 
 const char* PositionName(int position) {
   return position >= 0 && position < kPositions ? kNames.at(position) : "";
@@ -36,24 +53,27 @@ std::string FullName(const Man& man) {
 }
 
 bool IsPitcher(const Man& man) {
-  if (man.batting.games == 0) return man.position == "P";
-  return man.pitching.games * 2 > man.batting.games;
+  const bool called = man.position == kNames[kPitcher];
+  const Batting& batting = man.batting;
+  if (batting.games == 0) return called;
+  if (man.pitching.games * 2 > batting.games) return true;
+  const auto others = batting.gamesAt.begin() + kCatcher;
+  const int elsewhere = std::accumulate(others, batting.gamesAt.begin() + kDesignatedHitter + 1, 0);
+  return called && man.pitching.games >= elsewhere;
 }
 
 std::string UsualPosition(const Man& man) {
-  if (const int field = MostPlayed(man.batting, kPitcher, 9); field != 0) {
+  if (IsPitcher(man)) return PositionName(kPitcher);
+  if (const int field = MostPlayed(man.batting, kCatcher, kRightField); field != 0) {
     return PositionName(field);
   }
-  const bool known = std::ranges::find(kNames, man.position) != kNames.end() ||
-                     man.position == "OF" || man.position == "IF";
-  if (known && !man.position.empty()) return man.position;
+  const std::string& told = man.position;
+  const bool known =
+      std::ranges::find(kNames, told) != kNames.end() || told == "OF" || told == "IF";
+  if (known && !told.empty() && told != kNames[kPitcher]) return told;
   return PositionName(MostPlayed(man.batting, kDesignatedHitter, kPinchRunner));
 }
 
-std::string TeamName(const Season& season, const Club& club) {
-  std::string name = club.city.empty() ? club.id : club.city;
-  if (!club.nickname.empty() && SharesCity(season, club)) name += ' ' + club.nickname;
-  return name + ' ' + std::to_string(club.year);
-}
+const std::string& TeamName(const Season& season, int club) { return season.clubs[club].name; }
 
 }  // namespace dtb::seasons

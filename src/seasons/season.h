@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace dtb::seasons {
@@ -41,6 +42,7 @@ struct Pitching {
   int walks = 0;
   int strikeouts = 0;
   int earnedRuns = 0;
+  int outsUncharged = 0;  // in games of which the archive does not tell the earned runs
 };
 
 // One man of one club.
@@ -48,19 +50,24 @@ struct Man {
   std::string id;
   std::string first;
   std::string last;
-  std::string bats;      // "L", "R", "B"; "": not told
-  std::string throws;    // "L", "R"
-  std::string position;  // of the roster: "P", "SS", "OF"
+  std::string bats;       // "L", "R", "B"; "": not told
+  std::string throws;     // "L", "R"
+  std::string position;   // of the roster: "P", "SS", "OF"
+  int number = 1;         // among the year's players of his name
+  std::vector<int> days;  // on which he was in a game, in order; as DayOf counts
   Batting batting;
   Pitching pitching;
 };
 
 struct Club {
   int year = 0;
-  std::string id;        // "NYA"
-  std::string city;      // "New York"
-  std::string nickname;  // "Yankees"
-  std::vector<Man> men;  // in the order of roster and first appearance
+  std::string id;          // "NYA"
+  std::string city;        // "New York"
+  std::string nickname;    // "Yankees"
+  bool listed = false;     // among the archive's clubs
+  std::string name;        // TeamName
+  std::vector<Man> men;    // in the order of roster and first appearance
+  std::vector<int> games;  // of Season::games, by date
 };
 
 // A man and where he plays: indices of Club::men, kNobody for a gap in the archive.
@@ -75,15 +82,25 @@ struct GameSide {
   int club = 0;  // index of Season::clubs
   int runs = 0;
   std::array<Placed, kOrder> order;
-  int pitcher = kNobody;  // who started
-  std::vector<int> came;  // into the game later, in that order
+  int pitcher = kNobody;     // who started
+  std::vector<int> came;     // into the game later, in that order
+  std::vector<int> pitched;  // of these, who pitched
 };
+
+// What an archive tells of a game.
+enum class Account : std::uint8_t { LineUps, BoxScore, Plays };
+
+// To whom a game was given that was not played to its end.
+enum class Forfeit : std::uint8_t { No, ToVisitors, ToHome, ToNobody };
 
 struct Game {
   std::string id;                 // "OAK202008070"
   std::string date;               // "2020-08-07"
+  int day = 0;                    // as DayOf counts
   int number = 0;                 // of the day: 0 for the only game, else 1 or 2
   std::array<GameSide, 2> sides;  // visitors, home
+  Account account = Account::LineUps;
+  Forfeit forfeit = Forfeit::No;
 };
 
 struct LineFault {
@@ -102,22 +119,39 @@ struct Season {
 
 inline constexpr std::size_t kFaultsKept = 500;
 
+// What an archive may hold at most, so that one made to do harm fills neither memory nor time. All
+// seasons ever played fit.
+namespace season_limit {
+inline constexpr std::size_t kGames = 300'000;
+inline constexpr std::size_t kClubs = 6'000;
+inline constexpr std::size_t kMen = 300'000;  // of all clubs
+inline constexpr std::size_t kMenOfClub = 300;
+inline constexpr std::size_t kNameBytes = 64;  // a longer name is cut
+inline constexpr std::size_t kIdBytes = 32;
+}  // namespace season_limit
+
 // The owners of the public archives ask that this is shown with what is made of them.
 inline constexpr const char* kOwnersNotice =
     "The information used here was obtained free of charge from and is copyrighted by Retrosheet. "
     "Interested parties may contact Retrosheet at 20 Sunset Rd., Newark, DE 19711.";
 
+// Days from a fixed one on, for "2020-08-07"; months and days that no calendar has stand for the
+// nearest that it has.
+[[nodiscard]] int DayOf(std::string_view date);
+
 // "Marcus Semien"; the id of a man without any name.
 [[nodiscard]] std::string FullName(const Man& man);
 
-// Sum of all his outs and figures says whether he is a pitcher by trade.
+// He is a pitcher by trade: he pitched in most of his games, or the roster calls him one and he
+// played no other part more often.
 [[nodiscard]] bool IsPitcher(const Man& man);
 
 // What the club is called on the board: "Oakland 2020", or "New York Yankees 2020" where two clubs
 // of a year share a city.
-[[nodiscard]] std::string TeamName(const Season& season, const Club& club);
+[[nodiscard]] const std::string& TeamName(const Season& season, int club);
 
-// The position he played most in the field, else the roster's, else what he did at bat: "SS".
+// The position he played most, a pitcher by trade "P"; without any in the field the roster's, else
+// what he did at bat: "SS".
 [[nodiscard]] std::string UsualPosition(const Man& man);
 
 // "P", "C", "1B", ... "DH", "PH", "PR"; "" for anything else.

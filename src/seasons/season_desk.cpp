@@ -3,12 +3,9 @@
 #include <algorithm>
 #include <system_error>
 
-#include "game/history.h"
 #include "game/new_game.h"
-#include "platform/archive.h"
 #include "platform/paths.h"
 #include "seasons/season_files.h"
-#include "seasons/season_reader.h"
 #include "seasons/season_views.h"
 #include "shell/program_error.h"
 #include "shell/report_files.h"
@@ -17,9 +14,6 @@
 
 namespace dtb::seasons {
 namespace {
-
-constexpr const char* kLastFirst = "Last, First";
-constexpr const char* kFirstLast = "First Last";
 
 Platform& PlatformOf(SeasonDesk& desk) { return desk.board.platform; }
 
@@ -31,7 +25,7 @@ std::filesystem::path TeamsFolder(SeasonDesk& desk) {
 void FindPlayedGames(SeasonDesk& desk) {
   const Season& season = *desk.kept.season;
   try {
-    desk.state.played = PlayedGames(season, SavedGames(PlatformOf(desk).database));
+    desk.state.played = PlayedGames(season, PlatformOf(desk));
   } catch (const ProgramError& error) {
     desk.state.played.assign(season.games.size(), false);
     desk.state.lbl_Done.Set(std::string("No game is marked as played. ") + error.what());
@@ -70,15 +64,17 @@ bool Works(SeasonDesk& desk, Operation operation) {
 
 }  // namespace
 
+LineForm ShownForm(const SeasonState& state) {
+  return {state.tb_Batters.value(), state.tb_Pitchers.value(),
+          state.opt_LastFirst.value() ? NameForm::LastFirst : NameForm::FirstLast};
+}
+
 void OpenSeasonDesk(SeasonDesk& desk) {
-  const LineForm usual;
-  SettingsStore& settings = PlatformOf(desk).settings;
+  const LineForm form = KeptForm(PlatformOf(desk));
   SeasonState& state = desk.state;
-  state.tb_Batters.Set(settings.Read(settings::kLabels, settings::kSeasonBatters, usual.batters));
-  state.tb_Pitchers.Set(
-      settings.Read(settings::kLabels, settings::kSeasonPitchers, usual.pitchers));
-  state.opt_LastFirst.Set(settings.Read(settings::kLabels, settings::kSeasonNames, kFirstLast) ==
-                          kLastFirst);
+  state.tb_Batters.Set(form.batters);
+  state.tb_Pitchers.Set(form.pitchers);
+  state.opt_LastFirst.Set(form.names == NameForm::LastFirst);
   ShowForms(desk);
   ShowSeason(desk);
 }
@@ -105,13 +101,9 @@ std::optional<std::filesystem::path> ChooseFolder(SeasonDesk& desk) {
   return PlatformOf(desk).dialogs.OpenFolder("The folder of a season", last.parent_path());
 }
 
-void ReadArchive(SeasonDesk& desk, const std::filesystem::path& archive,
-                 const std::function<bool(double)>& goOn) {
+void ReadArchive(SeasonDesk& desk, const std::filesystem::path& archive, const GoOn& goOn) {
   Works(desk, [&] {
-    const std::unique_ptr<Archive> opened = PlatformOf(desk).archives.OpenArchive(archive);
-    std::optional<Season> season = ReadSeason(*opened, goOn);
-    if (!season) return false;
-    desk.kept = {std::move(season), TextOf(archive.filename()), kAllClubs, std::nullopt};
+    if (!KeepSeason(desk.kept, archive, PlatformOf(desk), goOn)) return false;
     desk.state.lbl_Done.Set("");
     ShowSeason(desk);
     PlatformOf(desk).settings.Write(settings::kLabels, settings::kSeasonArchive,
@@ -150,18 +142,10 @@ void ChangeForms(SeasonDesk& desk) {
   ShowFiles(desk);
 }
 
-void KeepForms(SeasonDesk& desk) {
-  const SeasonState& state = desk.state;
+void KeepChoices(SeasonDesk& desk) {
   Works(desk, [&] {
-    SettingsStore& settings = PlatformOf(desk).settings;
-    const auto keep = [&](const char* key, const std::string& value, const std::string& usual) {
-      if (settings.Read(settings::kLabels, key, usual) == value) return;
-      settings.Write(settings::kLabels, key, value);
-    };
-    const LineForm usual;
-    keep(settings::kSeasonBatters, state.tb_Batters.value(), usual.batters);
-    keep(settings::kSeasonPitchers, state.tb_Pitchers.value(), usual.pitchers);
-    keep(settings::kSeasonNames, state.opt_LastFirst.value() ? kLastFirst : kFirstLast, kFirstLast);
+    KeepForm(ShownForm(desk.state), PlatformOf(desk));
+    KeepClub(desk.kept, PlatformOf(desk));
     return true;
   });
 }
@@ -198,21 +182,12 @@ void LoadTeamAs(SeasonDesk& desk, Side side) {
 
 bool LoadGame(SeasonDesk& desk) {
   if (!desk.kept.season || !desk.kept.game) return false;
-  const Game& game = desk.kept.season->games[*desk.kept.game];
   return Works(desk, [&] {
     const LoadInto place = WhereToLoad(desk.board, "New game with these teams");
     if (place == LoadInto::Nowhere) return false;
-    const std::filesystem::path folder = TeamsFolder(desk) / PathOf(SafeNamePart(game.id));
-    std::array<std::filesystem::path, 2> paths;
-    for (std::size_t side = 0; side < 2; ++side) {
-      const TeamText& team = *desk.state.files.at(side).team;
-      paths.at(side) = folder / PathOf(FileNameOf(team));
-      if (!PutFile(desk, paths.at(side), BytesOf(team))) return false;
-    }
     if (place == LoadInto::NewGame && !NewGame(desk.board)) return false;
-    const Gesture gesture(desk.board, "LOAD " + game.id);
-    ReplaceTeam(desk.board, Side::Visitors, paths[0]);
-    ReplaceTeam(desk.board, Side::Home, paths[1]);
+    LoadGameTeams(*desk.kept.season, desk.kept.season->games[*desk.kept.game],
+                  ShownForm(desk.state), desk.board);
     return true;
   });
 }

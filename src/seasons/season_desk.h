@@ -2,28 +2,17 @@
 #pragma once
 
 #include <filesystem>
-#include <functional>
 #include <optional>
 
 #include "game/board.h"
-#include "seasons/remarks.h"
-#include "seasons/schedule.h"
-#include "seasons/season.h"
+#include "platform/archive.h"
+#include "seasons/kept_season.h"
 #include "seasons/team_text.h"
 #include "sheet/stat_grid.h"
 
 namespace dtb::seasons {
 
 inline constexpr const char* kSeasonTitle = "Teams from a season";
-
-// The season that was read last, and what was chosen in it; lasts from one opening of the window to
-// the next.
-struct KeptSeason {
-  std::optional<Season> season;
-  std::string archive;      // the name of its file or folder
-  int club = kAllClubs;     // whose games are listed
-  std::optional<int> game;  // of Season::games; none: the line-up used most
-};
 
 // What the window shows; made anew for each opening.
 struct SeasonState {
@@ -58,6 +47,9 @@ struct SeasonDesk {
   Board& board;
 };
 
+// The forms that the window shows.
+[[nodiscard]] LineForm ShownForm(const SeasonState& state);
+
 // The window opens: forms come from the settings, and a season that is kept is shown.
 void OpenSeasonDesk(SeasonDesk& desk);
 
@@ -68,10 +60,9 @@ void OpenSeasonDesk(SeasonDesk& desk);
 [[nodiscard]] std::optional<std::filesystem::path> ChooseZip(SeasonDesk& desk);
 [[nodiscard]] std::optional<std::filesystem::path> ChooseFolder(SeasonDesk& desk);
 
-// Reads an archive in the place of what is kept; after a fault, and when `goOn` says false, what is
-// kept stays.
-void ReadArchive(SeasonDesk& desk, const std::filesystem::path& archive,
-                 const std::function<bool(double share)>& goOn);
+// Reads an archive in the place of what is kept, with the club that was chosen last if it has that;
+// after a fault, and when `goOn` says false, what is kept stays.
+void ReadArchive(SeasonDesk& desk, const std::filesystem::path& archive, const GoOn& goOn);
 
 // Shows the lines of the archive that made no sense, and what was left out.
 void ShowFaults(SeasonDesk& desk);
@@ -84,8 +75,8 @@ void SelectUsedMost(SeasonDesk& desk);
 
 // A form changed: the files are made anew.
 void ChangeForms(SeasonDesk& desk);
-// Keeps the forms for the next runs.
-void KeepForms(SeasonDesk& desk);
+// Keeps the forms and the club for the next runs.
+void KeepChoices(SeasonDesk& desk);
 
 // Writes the files shown into the folder "Teams", and asks before it replaces one.
 void WriteTeamFiles(SeasonDesk& desk);
@@ -93,8 +84,8 @@ void WriteTeamFiles(SeasonDesk& desk);
 // Writes the one file shown, as above, and loads it for a side.
 void LoadTeamAs(SeasonDesk& desk, Side side);
 
-// Loads both teams of the game shown, or of the next one that is not played. Their files go to a
-// folder of that game in the folder "Teams", so that they replace no other line-up. True: loaded.
+// Loads both teams of the game shown, or of the next one that is not played, without any file, so
+// that the season's files stay as they are. True: loaded.
 bool LoadGame(SeasonDesk& desk);
 bool LoadNextGame(SeasonDesk& desk);
 

@@ -1,52 +1,14 @@
 #include "seasons/season_lines.h"
 
 #include <algorithm>
-#include <charconv>
 #include <utility>
 
-#include "teams/team_file.h"
+#include "seasons/season_fields.h"
+#include "seasons/season_finish.h"
+#include "shell/utf8.h"
 
 namespace dtb::seasons {
 namespace {
-
-// The next field of a line, without the quotation marks around it.
-std::string_view NextField(std::string_view& line) {
-  std::string_view field;
-  if (!line.empty() && line.front() == '"') {
-    const std::size_t end = std::min(line.find('"', 1), line.size());
-    field = line.substr(1, end - 1);
-    line.remove_prefix(std::min(end + 1, line.size()));
-    line.remove_prefix(std::min(line.find(','), line.size()));
-  } else {
-    field = line.substr(0, line.find(','));
-    line.remove_prefix(field.size());
-  }
-  if (!line.empty()) line.remove_prefix(1);
-  return field;
-}
-
-std::optional<int> Number(std::string_view text) {
-  int number = 0;
-  const auto [end, fault] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (fault != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return number;
-}
-
-std::optional<int> SideNumber(std::string_view text) {
-  if (text == "0") return 0;
-  if (text == "1") return 1;
-  return std::nullopt;
-}
-
-// Text that the person will read: one line of UTF-8.
-std::string Readable(std::string_view bytes) {
-  std::string text = DecodedText(std::string(bytes));
-  std::erase_if(text, [](unsigned char c) { return c < 0x20 || c == 0x7F; });
-  const std::size_t start = std::min(text.find_first_not_of(' '), text.size());
-  text.erase(0, start);
-  text.erase(text.find_last_not_of(' ') + 1);
-  return text;
-}
 
 // "L", "R" or "B"; archives have other signs for what nobody knows.
 std::string Hand(std::string_view text) {
@@ -56,10 +18,16 @@ std::string Hand(std::string_view text) {
 }  // namespace
 
 template <class TakeLines>
-void SeasonLines::EachLine(const std::string& file, std::string_view bytes, TakeLines take) {
+bool SeasonLines::EachLine(const std::string& file, std::string_view bytes, const GoOn& goOn,
+                           TakeLines take) {
+  constexpr int kLinesBetween = 256;
+  const auto all = static_cast<double>(bytes.size()) + 1;
   file_ = &file;
   line_ = notedLine_ = 0;
   while (!bytes.empty()) {
+    if (line_ % kLinesBetween == 0 && !goOn(1 - static_cast<double>(bytes.size()) / all)) {
+      return false;
+    }
     const std::size_t end = std::min(bytes.find('\n'), bytes.size());
     std::string_view line = bytes.substr(0, end);
     bytes.remove_prefix(std::min(end + 1, bytes.size()));
@@ -67,6 +35,7 @@ void SeasonLines::EachLine(const std::string& file, std::string_view bytes, Take
     if (line.ends_with('\r')) line.remove_suffix(1);
     if (!line.empty() && line != "\x1A") take(line);
   }
+  return true;
 }
 
 // A line counts once, whatever is wrong with it.
@@ -76,12 +45,33 @@ void SeasonLines::Note(const char* what) {
   if (season_.faults.size() < kFaultsKept) season_.faults.push_back({*file_, line_, what});
 }
 
+// A name that no person has is cut.
+std::string SeasonLines::Name(std::string_view bytes) {
+  constexpr std::size_t kLongestRead = 4 * season_limit::kNameBytes;
+  std::string name = Readable(bytes.substr(0, kLongestRead));
+  if (name.size() <= season_limit::kNameBytes) return name;
+  Note("a name that is far too long");
+  std::size_t most = season_limit::kNameBytes;
+  while (most > 0 && ContinuesCharacter(name[most])) --most;
+  name.resize(most);
+  return name;
+}
+
 int SeasonLines::ClubOf(int year, std::string_view id) {
   const auto key = std::pair(year, std::string(id));
   const auto found = clubs_.find(key);
   if (found != clubs_.end()) return found->second;
+  const char* fault = !IsId(id)                                      ? "no name of a club"
+                      : season_.clubs.size() >= season_limit::kClubs ? "far too many clubs"
+                                                                     : nullptr;
+  if (fault != nullptr) {
+    Note(fault);
+    return kNobody;
+  }
   const int club = static_cast<int>(season_.clubs.size());
-  season_.clubs.push_back({year, key.second, Readable(id), {}, {}});
+  Club& fresh = season_.clubs.emplace_back();
+  fresh.year = year;
+  fresh.id = key.second;
   men_.emplace_back();
   clubs_.emplace(key, club);
   return club;
@@ -92,10 +82,16 @@ int SeasonLines::ManOf(int club, std::string_view id, std::string_view name) {
   Places& places = men_[club];
   if (const auto found = places.find(id); found != places.end()) return found->second;
   std::vector<Man>& men = season_.clubs[club].men;
+  const bool full = men.size() >= season_limit::kMenOfClub || allMen_ >= season_limit::kMen;
+  if (full || !IsId(id)) {
+    Note(full ? "far too many men for a club" : "no name of a man");
+    return kNobody;
+  }
+  ++allMen_;
   const int man = static_cast<int>(men.size());
   Man& fresh = men.emplace_back();
   fresh.id = std::string(id);
-  const std::string whole = Readable(name);
+  const std::string whole = Name(name);
   const std::size_t blank = whole.find(' ');
   if (blank != std::string::npos) fresh.first = whole.substr(0, blank);
   fresh.last = blank == std::string::npos ? whole : whole.substr(blank + 1);
@@ -103,42 +99,50 @@ int SeasonLines::ManOf(int club, std::string_view id, std::string_view name) {
   return man;
 }
 
-void SeasonLines::TakeClubs(const std::string& file, int year, std::string_view bytes) {
-  EachLine(file, bytes, [&](std::string_view line) {
-    const std::string_view id = NextField(line);
-    NextField(line);  // the league
-    const std::string city = Readable(NextField(line));
-    const std::string nickname = Readable(NextField(line));
+bool SeasonLines::TakeClubs(const std::string& file, int year, std::string_view bytes,
+                            const GoOn& goOn) {
+  return EachLine(file, bytes, goOn, [&](std::string_view line) {
+    const std::string_view id = TakeField(line);
+    TakeField(line);  // the league
+    const std::string city = Name(TakeField(line));
+    const std::string nickname = Name(TakeField(line));
     if (id.empty() || city.empty()) return Note("no club");
-    Club& club = season_.clubs[ClubOf(year, id)];
+    const int place = ClubOf(year, id);
+    if (place == kNobody) return;
+    Club& club = season_.clubs[place];
+    club.listed = true;
     club.city = city;
     club.nickname = nickname;
   });
 }
 
-void SeasonLines::TakeRoster(const std::string& file, int year, std::string_view bytes) {
-  EachLine(file, bytes, [&](std::string_view line) {
-    const std::string_view id = NextField(line);
-    const std::string last = Readable(NextField(line));
-    const std::string first = Readable(NextField(line));
-    const std::string_view bats = NextField(line);
-    const std::string_view throws = NextField(line);
-    const std::string_view club = NextField(line);
-    if (id.empty() || last.empty() || club.empty()) return Note("no man of a roster");
+bool SeasonLines::TakeRoster(const std::string& file, int year, std::string_view club,
+                             std::string_view bytes, const GoOn& goOn) {
+  return EachLine(file, bytes, goOn, [&](std::string_view line) {
+    const std::string_view id = TakeField(line);
+    const std::string last = Name(TakeField(line));
+    const std::string first = Name(TakeField(line));
+    const std::string_view bats = TakeField(line);
+    const std::string_view throws = TakeField(line);
+    TakeField(line);  // his own club, on the roster of a game of several clubs
+    if (id.empty() || last.empty()) return Note("no man of a roster");
     const int place = ClubOf(year, club);
-    Man& man = season_.clubs[place].men[ManOf(place, id, {})];
+    const int known = place == kNobody ? kNobody : ManOf(place, id, {});
+    if (known == kNobody) return;
+    Man& man = season_.clubs[place].men[known];
     man.last = last;
     man.first = first;
     man.bats = Hand(bats);
     man.throws = Hand(throws);
-    man.position = Readable(NextField(line));
+    man.position = Name(TakeField(line));
   });
 }
 
-void SeasonLines::TakeGames(const std::string& file, std::string_view bytes) {
+bool SeasonLines::TakeGames(const std::string& file, std::string_view bytes, const GoOn& goOn) {
   state_ = State::None;
-  EachLine(file, bytes, [&](std::string_view line) { TakeLine(line); });
+  const bool whole = EachLine(file, bytes, goOn, [&](std::string_view line) { TakeLine(line); });
   CloseGame();
+  return whole;
 }
 
 void SeasonLines::TakeLine(std::string_view line) {
@@ -149,36 +153,52 @@ void SeasonLines::TakeLine(std::string_view line) {
   if (line.starts_with("data,")) return TakeEarnedRuns(line.substr(5));
   if (line.starts_with("id,")) return TakeId(line.substr(3));
   if (line.starts_with("radj,")) return TakeRunner(line.substr(5));
+  if (line.starts_with("stat,")) return TakeFigures(line.substr(5));
+  if (line.starts_with("line,")) return TakeLineScore(line.substr(5));
   // Remarks, hands and the order out of turn change no figure: each play names its batter.
-  constexpr std::array<std::string_view, 8> kOthers{"com,",     "badj,",    "padj,", "ladj,",
-                                                    "presadj,", "version,", "line,", "stat,"};
+  constexpr std::array<std::string_view, 7> kOthers{"com,",     "badj,",    "padj,", "ladj,",
+                                                    "presadj,", "version,", "event,"};
   const auto starts = [&](std::string_view word) { return line.starts_with(word); };
   if (std::ranges::none_of(kOthers, starts)) Note("a kind of line that is not known");
 }
 
 void SeasonLines::TakeId(std::string_view id) {
   CloseGame();
-  id = NextField(id);
+  id = TakeField(id);
   state_ = State::Skipped;
   constexpr std::size_t kIdLength = 12;  // three letters, year, month, day, number
   const bool named = id.size() == kIdLength &&
                      id.substr(3).find_first_not_of("0123456789") == std::string_view::npos;
   if (!named) return Note("no game's name");
+  if (season_.games.size() >= season_limit::kGames) return Note("far too many games");
   if (!seen_.emplace(id).second) return Note("a game that was read before");
   state_ = State::Heading;
   game_ = Game{};
   game_.id = std::string(id);
   game_.number = id.back() - '0';
   game_.date = game_.id.substr(3, 4) + '-' + game_.id.substr(7, 2) + '-' + game_.id.substr(9, 2);
+  game_.day = DayOf(game_.date);
   home_ = game_.id.substr(0, 3);
   visitors_.clear();
 }
 
 void SeasonLines::TakeInfo(std::string_view line) {
   if (state_ == State::None) Note("a line before the first game");
+  const std::string_view what = TakeField(line);
+  const std::string_view value = TakeField(line);
+  if (what == "forfeit") return TakeForfeit(value);
   if (state_ != State::Heading) return;
-  if (line.starts_with("visteam,")) visitors_ = std::string(line.substr(8));
-  if (line.starts_with("hometeam,")) home_ = std::string(line.substr(9));
+  if (what == "visteam") visitors_ = std::string(value);
+  if (what == "hometeam") home_ = std::string(value);
+}
+
+void SeasonLines::TakeForfeit(std::string_view to) {
+  const Forfeit forfeit = to == "V"   ? Forfeit::ToVisitors
+                          : to == "H" ? Forfeit::ToHome
+                          : to == "T" ? Forfeit::ToNobody
+                                      : Forfeit::No;
+  if (state_ == State::Heading) game_.forfeit = forfeit;
+  if (state_ == State::Open) scorer_.NoteForfeit(forfeit);
 }
 
 // True once the game can be counted.
@@ -192,8 +212,12 @@ bool SeasonLines::OpenGame() {
     return false;
   }
   const int year = Number(std::string_view(game_.date).substr(0, 4)).value_or(0);
-  game_.sides[0].club = ClubOf(year, visitors_);
-  game_.sides[1].club = ClubOf(year, home_);
+  const std::array<int, 2> clubs{ClubOf(year, visitors_), ClubOf(year, home_)};
+  if (std::ranges::find(clubs, kNobody) != clubs.end()) {
+    state_ = State::Skipped;
+    return false;
+  }
+  for (std::size_t side = 0; side < 2; ++side) game_.sides.at(side).club = clubs.at(side);
   scorer_.Begin(game_);
   state_ = State::Open;
   return true;
@@ -206,28 +230,30 @@ void SeasonLines::CloseGame() {
 
 void SeasonLines::TakeEntry(std::string_view line, bool starts) {
   if (!OpenGame()) return;
-  const std::string_view id = NextField(line);
-  const std::string_view name = NextField(line);
-  const auto side = SideNumber(NextField(line));
-  const auto order = Number(NextField(line));
-  const auto position = Number(NextField(line));
+  const std::string_view id = TakeField(line);
+  const std::string_view name = TakeField(line);
+  const auto side = SideNumber(TakeField(line));
+  const auto order = Number(TakeField(line));
+  const auto position = Number(TakeField(line));
   if (id.empty() || !side || !order || !position) return Note("no man who comes into a game");
   const int man = ManOf(game_.sides.at(*side).club, id, name);
+  if (man == kNobody) return;
   if (const char* fault = scorer_.Enter(*side, man, *order, *position, starts)) Note(fault);
 }
 
 void SeasonLines::TakePlay(std::string_view line) {
   if (!OpenGame()) return;
-  const auto inning = Number(NextField(line));
-  const auto side = SideNumber(NextField(line));
-  const std::string_view id = NextField(line);
-  const std::string_view count = NextField(line);
-  NextField(line);  // the pitches
+  const auto inning = Number(TakeField(line));
+  const auto side = SideNumber(TakeField(line));
+  const std::string_view id = TakeField(line);
+  const std::string_view count = TakeField(line);
+  TakeField(line);  // the pitches
   if (!inning || *inning < 1 || !side || id.empty() || line.empty()) return Note("no play");
   int batter = scorer_.Find(*side, id);
   if (batter == kNobody) {
     batter = ManOf(game_.sides.at(*side).club, id, {});
     Note("a batter who is not in the game");
+    if (batter == kNobody) return;
   }
   Play play;
   if (!ReadPlay(line, play)) Note("a play that makes no sense, or only in part");
@@ -235,9 +261,9 @@ void SeasonLines::TakePlay(std::string_view line) {
 }
 
 void SeasonLines::TakeEarnedRuns(std::string_view line) {
-  if (NextField(line) != "er" || !OpenGame()) return;
-  const std::string_view id = NextField(line);
-  const auto runs = Number(NextField(line));
+  if (TakeField(line) != "er" || !OpenGame()) return;
+  const std::string_view id = TakeField(line);
+  const auto runs = Number(TakeField(line));
   constexpr int kMostRuns = 99;
   if (!runs || *runs < 0 || *runs > kMostRuns) return Note("no number of earned runs");
   for (int side = 0; side < 2; ++side) {
@@ -249,16 +275,14 @@ void SeasonLines::TakeEarnedRuns(std::string_view line) {
 
 void SeasonLines::TakeRunner(std::string_view line) {
   if (!OpenGame()) return;
-  const std::string_view id = NextField(line);
-  const auto base = Number(NextField(line));
+  const std::string_view id = TakeField(line);
+  const auto base = Number(TakeField(line));
   if (!base || *base < 1 || *base >= kHome) return Note("no base for a runner");
   scorer_.PutOnBase(id, *base);
 }
 
 Season SeasonLines::Take() {
-  std::ranges::sort(season_.games, [](const Game& a, const Game& b) {
-    return std::tie(a.date, a.number, a.id) < std::tie(b.date, b.number, b.id);
-  });
+  FinishSeason(season_);
   return std::move(season_);
 }
 

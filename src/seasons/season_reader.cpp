@@ -14,6 +14,7 @@ enum class Kind { Clubs, Roster, Events, Other };
 struct Wanted {
   Kind kind = Kind::Other;
   std::string name;  // without folders
+  std::string club;  // of a roster
   int year = 0;
   std::size_t file = 0;
   std::uint64_t bytes = 0;
@@ -26,6 +27,20 @@ int YearAt(std::string_view text) {
     year = year * 10 + (c - '0');
   }
   return text.size() < 4 ? 0 : year;
+}
+
+// Plays, plays that were worked out from accounts of the day, and box scores; a letter for the
+// league follows.
+bool IsEnding(std::string_view ending) {
+  return ending == ".EV" || ending == ".ED" || ending == ".EB";
+}
+
+bool IsZip(std::string_view name) {
+  constexpr std::string_view kEnding = ".zip";
+  if (name.size() < kEnding.size()) return false;
+  name.remove_prefix(name.size() - kEnding.size());
+  return std::ranges::equal(name, kEnding,
+                            [](char a, char b) { return (a | 0x20) == b || a == b; });
 }
 
 // What the file is by its name alone: "TEAM2020", "NYA2020.ROS", "2020NYA.EVA".
@@ -42,8 +57,8 @@ Wanted Recognised(std::string_view path) {
   } else if (text.ends_with(".ROS") && text.size() > 8) {
     file.kind = Kind::Roster;
     file.year = YearAt(text.substr(text.size() - 8));
-  } else if (text.size() > 8 && (text.substr(text.size() - 4, 3) == ".EV" ||
-                                 text.substr(text.size() - 4, 3) == ".ED")) {
+    file.club = text.substr(0, text.size() - 8);
+  } else if (text.size() > 8 && IsEnding(text.substr(text.size() - 4, 3))) {
     file.kind = Kind::Events;
     file.year = YearAt(text);
   }
@@ -66,6 +81,12 @@ std::vector<Wanted> WantedFiles(const Archive& archive, SeasonLines& lines) {
   for (std::size_t i = 0; i < archive.files().size(); ++i) {
     const ArchivedFile& file = archive.files()[i];
     Wanted one = Recognised(file.name);
+    if (IsZip(file.name)) {
+      lines.NoteSkipped(
+          "\"" + file.name +
+          "\" is a zip inside the archive and was left out. Unpack it and choose it by "
+          "itself.");
+    }
     if (one.kind == Kind::Other) continue;
     if (LeavesArchive(file.name)) {
       lines.NoteSkipped("\"" + file.name + "\" would lie outside the archive and was left out.");
@@ -83,7 +104,24 @@ std::vector<Wanted> WantedFiles(const Archive& archive, SeasonLines& lines) {
 
 }  // namespace
 
-std::optional<Season> ReadSeason(Archive& archive, const std::function<bool(double)>& goOn) {
+namespace {
+
+bool TakeFile(SeasonLines& lines, const Wanted& file, std::string_view bytes, const GoOn& goOn) {
+  constexpr std::string_view kZipMark = "PK\x03\x04";
+  if (bytes.starts_with(kZipMark)) {
+    lines.NoteSkipped("\"" + file.name + "\" is a zip under another name and was left out.");
+    return true;
+  }
+  if (file.kind == Kind::Clubs) return lines.TakeClubs(file.name, file.year, bytes, goOn);
+  if (file.kind == Kind::Roster) {
+    return lines.TakeRoster(file.name, file.year, file.club, bytes, goOn);
+  }
+  return lines.TakeGames(file.name, bytes, goOn);
+}
+
+}  // namespace
+
+std::optional<Season> ReadSeason(Archive& archive, const GoOn& goOn) {
   SeasonLines lines;
   const std::vector<Wanted> wanted = WantedFiles(archive, lines);
   double all = 1;
@@ -91,14 +129,19 @@ std::optional<Season> ReadSeason(Archive& archive, const std::function<bool(doub
   double done = 0;
   std::string bytes;
   for (const Wanted& file : wanted) {
-    if (!goOn(std::min(done / all, 1.0))) return std::nullopt;
-    archive.Read(file.file, bytes);
-    if (file.kind == Kind::Clubs) lines.TakeClubs(file.name, file.year, bytes);
-    if (file.kind == Kind::Roster) lines.TakeRoster(file.name, file.year, bytes);
-    if (file.kind == Kind::Events) lines.TakeGames(file.name, bytes);
-    done += static_cast<double>(file.bytes);
+    const auto own = static_cast<double>(file.bytes);
+    // Unpacking a file and taking its lines are half of its work each.
+    const auto half = [&](double before) {
+      return [&, before](double share) {
+        return goOn(std::min((done + own * (before + share / 2)) / all, 1.0));
+      };
+    };
+    if (!archive.Read(file.file, bytes, half(0))) return std::nullopt;
+    if (!TakeFile(lines, file, bytes, half(0.5))) return std::nullopt;
+    done += own;
   }
   Season season = lines.Take();
+  if (!goOn(1)) return std::nullopt;
   if (season.games.empty()) {
     const std::string why = season.skipped.empty() ? "" : season.skipped.front() + ' ';
     throw ProgramError(error_number::kFileNotFound,

@@ -1,7 +1,6 @@
 // Reads the archive of a season.
 #pragma once
 
-#include <functional>
 #include <optional>
 
 #include "platform/archive.h"
@@ -10,11 +9,9 @@
 namespace dtb::seasons {
 
 // Reads clubs ("TEAM2020"), rosters ("NYA2020.ROS") and games ("2020NYA.EVA") of an archive, one
-// file at a time; all other files are left alone. `goOn` hears the share that is done, from 0 to 1,
-// and stops the reading by false: then there is no season. Lines that make no sense are counted and
-// noted, the rest counts. Throws ProgramError, in plain words, for an archive without any game and
-// for what Archive::Read refuses.
-[[nodiscard]] std::optional<Season> ReadSeason(Archive& archive,
-                                               const std::function<bool(double share)>& goOn);
+// file at a time; all other files are left alone. Once `goOn` says false there is no season. Lines
+// that make no sense are counted and noted, the rest counts. Throws ProgramError, in plain words,
+// for an archive without any game and for what Archive::Read refuses.
+[[nodiscard]] std::optional<Season> ReadSeason(Archive& archive, const GoOn& goOn);
 
 }  // namespace dtb::seasons

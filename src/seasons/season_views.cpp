@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <numeric>
 
 namespace dtb::seasons {
 namespace {
@@ -35,48 +36,84 @@ std::string Years(const Season& season) {
   return first == last ? first : first + " to " + last;
 }
 
-int GamesOf(const Season& season, int club) {
-  return static_cast<int>(
-      std::ranges::count_if(season.games, [club](const Game& game) { return Plays(game, club); }));
-}
-
 // Where a club is listed on its own, the other one is enough: "at Houston 2020".
 std::string Opponents(const Season& season, const Game& game, int club) {
-  const auto name = [&](int side) {
-    return TeamName(season, season.clubs[game.sides.at(side).club]);
-  };
+  const auto name = [&](int side) { return TeamName(season, game.sides.at(side).club); };
   if (club == kAllClubs) return name(0) + " at " + name(1);
   return game.sides[0].club == club ? "at " + name(1) : name(0);
 }
 
-// "W 3-2" of a club on its own, else visitors first.
+// Above 0: the visitors won.
+int Balance(const Game& game) {
+  switch (game.forfeit) {
+    case Forfeit::ToVisitors:
+      return 1;
+    case Forfeit::ToHome:
+      return -1;
+    case Forfeit::ToNobody:
+      return 0;
+    case Forfeit::No:
+      break;
+  }
+  return game.sides[0].runs - game.sides[1].runs;
+}
+
+// "W 3-2" of a club on its own, else visitors first; what is no game played to its end and told
+// play by play says so. Nothing where only the line-ups are told.
 std::string Result(const Game& game, int club) {
-  int ours = game.sides[0].runs;
-  int theirs = game.sides[1].runs;
-  if (club == game.sides[1].club) std::swap(ours, theirs);
-  std::string score = std::to_string(ours) + '-' + std::to_string(theirs);
-  if (club == kAllClubs) return score;
-  return (ours > theirs ? "W " : ours < theirs ? "L " : "T ") + score;
+  std::string result;
+  const bool told = game.account != Account::LineUps;
+  const bool isHome = club == game.sides[1].club;
+  if (told) {
+    result = std::to_string(game.sides[isHome ? 1 : 0].runs) + '-' +
+             std::to_string(game.sides[isHome ? 0 : 1].runs);
+  }
+  if (club != kAllClubs && (told || game.forfeit != Forfeit::No)) {
+    const int balance = isHome ? -Balance(game) : Balance(game);
+    const char* sign = balance > 0 ? "W" : balance < 0 ? "L" : "T";
+    result = result.empty() ? sign : std::string(sign) + ' ' + result;
+  }
+  const auto add = [&result](const char* what) {
+    result += result.empty() ? what : std::string(", ") + what;
+  };
+  if (game.forfeit != Forfeit::No) add("forfeit");
+  if (game.account == Account::BoxScore) add("box score");
+  if (!told) add("line-ups");
+  return result;
+}
+
+std::string Joined(const std::vector<std::string>& texts) {
+  std::string joined;
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    if (i > 0) joined += i + 1 < texts.size() ? ", " : " and ";
+    joined += texts[i];
+  }
+  return joined;
 }
 
 void ShowFile(SeasonState::File& file, const std::string& what) {
   GridContents contents = Headed({"", "", "Player and remark"});
+  int order = 0;
   if (!file.team) {
     file.title.Set("");
   } else {
     const TeamText& team = *file.team;
     std::string title = FileNameOf(team) + what;
+    if (!team.gaps.empty()) title += ", not told: " + Joined(team.gaps);
     if (!team.leftOut.empty()) {
-      title += ", no room for " + Counted(team.leftOut.size(), "man", "men");
+      title += ", no room for " + Counted(team.leftOut.size(), "man", "men") + ": " +
+               Joined(team.leftOut);
     }
     file.title.Set(title);
     for (std::size_t i = 0; i < team.lines.size(); ++i) {
       AddRow(contents, {"", std::to_string(i + 1), team.lines[i]});
     }
+    order = team.inOrder;
   }
   Fill(file.grid, std::move(contents), {0, 500, 4000});
   file.grid.SetColumnAlignment(1, CellAlignment::Right);
-  file.grid.SetRowBands(kWhite, Colour{228, 234, 226}, kOrder);
+  // One band, of the batting order alone.
+  file.grid.SetFirstBand(Colour{228, 234, 226}, order);
 }
 
 }  // namespace
@@ -92,14 +129,14 @@ void ShowTeams(SeasonDesk& desk) {
   } else {
     const Season& season = *desk.kept.season;
     for (int club = 0; club < static_cast<int>(season.clubs.size()); ++club) {
-      if (GamesOf(season, club) > 0) state.clubs.push_back(club);
+      if (!season.clubs[club].games.empty()) state.clubs.push_back(club);
     }
     std::ranges::sort(state.clubs, {},
-                      [&](int club) { return TeamName(season, season.clubs[club]); });
+                      [&](int club) -> const std::string& { return TeamName(season, club); });
     AddRow(contents, {"", "All teams", std::to_string(season.games.size())});
     for (const int club : state.clubs) {
       AddRow(contents,
-             {"", TeamName(season, season.clubs[club]), std::to_string(GamesOf(season, club))});
+             {"", TeamName(season, club), std::to_string(season.clubs[club].games.size())});
     }
     std::string told = desk.kept.archive + ": " + Counted(state.clubs.size(), "team", "teams") +
                        " and " + Counted(season.games.size(), "game", "games") + " of " +
@@ -123,9 +160,11 @@ void ShowGames(SeasonDesk& desk) {
   state.games.clear();
   if (desk.kept.season) {
     const Season& season = *desk.kept.season;
-    for (int i = 0; i < static_cast<int>(season.games.size()); ++i) {
+    std::vector<int> listed(season.games.size());
+    std::iota(listed.begin(), listed.end(), 0);
+    if (club != kAllClubs) listed = season.clubs[club].games;
+    for (const int i : listed) {
       const Game& game = season.games[i];
-      if (!Plays(game, club)) continue;
       state.games.push_back(i);
       const std::string date =
           game.number == 0 ? game.date : game.date + " (" + std::to_string(game.number) + ")";
@@ -134,24 +173,28 @@ void ShowGames(SeasonDesk& desk) {
     }
     state.hasNext.Set(NextGameOf(season, state.played, club).has_value());
   }
-  Fill(state.grd_Games, std::move(contents), {0, 1400, 2200, 850, 800});
+  // The same for all clubs, whichever has such games.
+  const bool longResults =
+      desk.kept.season && std::ranges::any_of(desk.kept.season->games, [](const Game& game) {
+        return game.account != Account::Plays || game.forfeit != Forfeit::No;
+      });
+  Fill(state.grd_Games, std::move(contents), {0, 1400, 2200, longResults ? 1700 : 850, 800});
   state.grd_Games.SetColumnAlignment(3, CellAlignment::Centred);
   state.grd_Games.SetColumnAlignment(4, CellAlignment::Centred);
 }
 
 void ShowFiles(SeasonDesk& desk) {
   SeasonState& state = desk.state;
-  const LineForm form{state.tb_Batters.value(), state.tb_Pitchers.value(),
-                      state.opt_LastFirst.value() ? NameForm::LastFirst : NameForm::FirstLast};
+  const LineForm form = ShownForm(state);
   for (SeasonState::File& file : state.files) file.team.reset();
   int shown = 0;
   std::string what;
   if (desk.kept.season && desk.kept.game) {
     const Season& season = *desk.kept.season;
     const Game& game = season.games[*desk.kept.game];
-    for (int side = 0; side < 2; ++side) {
-      state.files.at(side).team =
-          MakeTeamText(season, game.sides.at(side).club, LineUpOfGame(season, game, side), form);
+    GameTeams made = MakeGameTeams(season, game, form);
+    for (std::size_t side = 0; side < 2; ++side) {
+      state.files.at(side).team = std::move(made.teams.at(side));
     }
     what = " on " + game.date;
     shown = 2;
@@ -182,7 +225,10 @@ void ShowForms(SeasonDesk& desk) {
 std::string FaultsText(const Season& season) {
   constexpr std::size_t kMostLines = 12;
   std::string text;
-  for (const std::string& skipped : season.skipped) text += skipped + '\n';
+  for (std::size_t i = 0; i < std::min(season.skipped.size(), kMostLines); ++i) {
+    text += season.skipped[i] + '\n';
+  }
+  if (season.skipped.size() > kMostLines) text += "...\n";
   if (season.faultCount > 0) {
     text += Counted(static_cast<std::size_t>(season.faultCount), "line makes", "lines make") +
             " no sense; the rest counts.\n";

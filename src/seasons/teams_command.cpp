@@ -52,7 +52,7 @@ std::optional<Arguments> Understood(const std::vector<std::string>& given) {
   return arguments;
 }
 
-std::vector<TeamText> TeamsOfGame(const Season& season, const std::string& id) {
+std::vector<TeamText> TeamsOfGame(const Season& season, const std::string& id, std::string& told) {
   const auto game = std::ranges::find(season.games, id, &Game::id);
   if (game == season.games.end()) {
     throw ProgramError(error_number::kInvalidCall,
@@ -61,20 +61,17 @@ std::vector<TeamText> TeamsOfGame(const Season& season, const std::string& id) {
                            "team, the date and a number, such as " +
                            season.games.front().id + ".");
   }
-  std::vector<TeamText> teams;
-  teams.reserve(2);
-  for (int side = 0; side < 2; ++side) {
-    teams.push_back(MakeTeamText(season, game->sides.at(side).club,
-                                 LineUpOfGame(season, *game, side), LineForm{}));
-  }
-  return teams;
+  GameTeams made = MakeGameTeams(season, *game, LineForm{});
+  for (const std::string& alike : made.alike) told += alike + '\n';
+  return {std::move(made.teams[0]), std::move(made.teams[1])};
 }
 
 std::vector<TeamText> AllTeams(const Season& season) {
   std::vector<TeamText> teams;
   for (int club = 0; club < static_cast<int>(season.clubs.size()); ++club) {
     const Club& told = season.clubs[club];
-    if (told.men.empty()) continue;
+    // A roster of a club that is none, as that of an All-Star game, makes no team.
+    if (told.men.empty() || (told.games.empty() && !told.listed)) continue;
     teams.push_back(MakeTeamText(season, club, LineUpUsedMost(season, club), LineForm{}));
   }
   return teams;
@@ -86,7 +83,9 @@ void TellFaults(const Season& season, std::string& errors) {
     errors += fault.file + ':' + std::to_string(fault.line) + ": " + fault.what + '\n';
   }
   if (season.faultCount > 0) {
-    errors += std::to_string(season.faultCount) + " lines make no sense; the rest counts.\n";
+    errors += std::to_string(season.faultCount) +
+              (season.faultCount == 1 ? " line makes" : " lines make") +
+              " no sense; the rest counts.\n";
   }
 }
 
@@ -106,6 +105,9 @@ void WriteTeams(const std::vector<TeamText>& teams, const Arguments& arguments,
     }
     if (standing != Standing::TheSame) WriteTeamFile(file, bytes);
     ++written;
+    for (const std::string& gap : team.gaps) {
+      result.errors += team.name + ": the archive does not tell " + gap + ".\n";
+    }
     for (const std::string& name : team.leftOut) {
       result.errors += team.name + ": no room for " + name + ".\n";
     }
@@ -125,18 +127,21 @@ CommandResult RunTeams(Archives& archives, const std::vector<std::string>& argum
     return result;
   }
   try {
-    const std::unique_ptr<Archive> archive = archives.OpenArchive(PathOf(understood->archive));
-    const Season season = *ReadSeason(*archive, [](double) { return true; });
+    const std::unique_ptr<Archive> archive =
+        archives.OpenArchive(PathOf(understood->archive), Always);
+    const Season season = *ReadSeason(*archive, Always);
     TellFaults(season, result.errors);
-    const std::vector<TeamText> teams =
-        understood->game.empty() ? AllTeams(season) : TeamsOfGame(season, understood->game);
+    const std::vector<TeamText> teams = understood->game.empty()
+                                            ? AllTeams(season)
+                                            : TeamsOfGame(season, understood->game, result.errors);
     if (!understood->batting.empty()) {
       WriteTeamFile(PathOf(understood->batting), BattingTable(season));
     }
     if (!understood->pitching.empty()) {
       WriteTeamFile(PathOf(understood->pitching), PitchingTable(season));
     }
-    result.output = std::to_string(season.games.size()) + " games read.\n";
+    result.output = std::to_string(season.games.size()) +
+                    (season.games.size() == 1 ? " game read.\n" : " games read.\n");
     WriteTeams(teams, *understood, result);
     result.output += std::string(kOwnersNotice) + '\n';
   } catch (const ProgramError& error) {

@@ -17,6 +17,7 @@
 #include "game/memento.h"
 #include "game/new_game.h"
 #include "platform/database.h"
+#include "seasons/schedule.h"
 #include "sheet/cell_edit.h"
 #include "sheet/number_cells.h"
 #include "sheet/proof.h"
@@ -217,6 +218,16 @@ void TellFailure(GameSave& save, const GameMemento& before, const std::string& w
       BoxIcon::Critical);
 }
 
+// "" if the season has its mark, or needs none; else why not.
+std::string MarkInSeason(Board& board) {
+  try {
+    seasons::NoteSaved(board);
+    return {};
+  } catch (const ProgramError& failure) {
+    return "\nThe season's list does not mark it as played. " + std::string(failure.what());
+  }
+}
+
 // False: nothing is stored, which was told.
 bool Record(GameSave& save, const GameMemento& before) {
   try {
@@ -239,9 +250,11 @@ bool Record(GameSave& save, const GameMemento& before) {
     TellFailure(save, before, "The computer is out of memory.");
     return false;
   }
+  const std::string noMark = MarkInSeason(save.board);
   // What is in the database cannot be taken back on the board.
   if (save.board.history != nullptr) save.board.history->Clear();
   save.rows.reset();
+  save.noCopy += noMark;
   return true;
 }
 

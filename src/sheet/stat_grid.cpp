@@ -25,7 +25,8 @@ StatGrid::StatGrid(const StatGrid& other)
       cells_(other.cells_),
       firstBand_(other.firstBand_),
       secondBand_(other.secondBand_),
-      rowsPerBand_(other.rowsPerBand_) {}
+      rowsPerBand_(other.rowsPerBand_),
+      oneBand_(other.oneBand_) {}
 
 // Cells are written one by one, so that the observer hears of those that change.
 // cppcheck-suppress operatorEqVarError
@@ -35,6 +36,7 @@ StatGrid& StatGrid::operator=(const StatGrid& other) {
     throw ProgramError(error_number::kInternal, "Tables of different size");
   }
   SetRowBands(other.firstBand_, other.secondBand_, other.rowsPerBand_);
+  oneBand_ = other.oneBand_;
   for (int column = 0; column < columns(); ++column) {
     SetColumnWidth(column, other.ColumnAt(column).width);
     SetColumnAlignment(column, other.ColumnAt(column).alignment);
@@ -100,6 +102,12 @@ void StatGrid::SetRowBands(Colour first, Colour second, int rowsPerBand) {
   firstBand_ = first;
   secondBand_ = second;
   rowsPerBand_ = std::max(rowsPerBand, 1);
+  oneBand_ = false;
+}
+
+void StatGrid::SetFirstBand(Colour first, int rows) {
+  SetRowBands(rows > 0 ? first : kWhite, kWhite, rows);
+  oneBand_ = true;
 }
 
 void StatGrid::Replace(GridContents contents) {
@@ -117,6 +125,7 @@ void StatGrid::Take(StatGrid&& other) {
   headers_ = std::move(other.headers_);
   cells_ = std::move(other.cells_);
   SetRowBands(other.firstBand_, other.secondBand_, other.rowsPerBand_);
+  oneBand_ = other.oneBand_;
   if (observer_.replaced) observer_.replaced();
 }
 

@@ -71,8 +71,11 @@ class StatGrid {
   void SetRowColours(Colour evenRows, Colour oddRows) { SetRowBands(oddRows, evenRows, 1); }
   // From row 1 on, bands of so many rows alternate between two colours.
   void SetRowBands(Colour first, Colour second, int rowsPerBand);
+  // The first rows have a colour, the others are white.
+  void SetFirstBand(Colour first, int rows);
   [[nodiscard]] Colour RowColour(int row) const {
-    return row > 0 && (row - 1) / rowsPerBand_ % 2 == 0 ? firstBand_ : secondBand_;
+    const int band = (row - 1) / rowsPerBand_;
+    return row > 0 && (oneBand_ ? band == 0 : band % 2 == 0) ? firstBand_ : secondBand_;
   }
 
   // Takes all contents anew, with the columns in their first look (shown, left-aligned, usual ink)
@@ -106,6 +109,7 @@ class StatGrid {
   Colour firstBand_ = kWhite;
   Colour secondBand_ = kWhite;
   int rowsPerBand_ = 1;
+  bool oneBand_ = false;  // the second goes on to the end
   Observer observer_;
 };
 

@@ -11,5 +11,7 @@ inline constexpr const char* kSeasonArchive = "season_archive";
 inline constexpr const char* kSeasonBatters = "season_batters";
 inline constexpr const char* kSeasonPitchers = "season_pitchers";
 inline constexpr const char* kSeasonNames = "season_names";
+inline constexpr const char* kSeasonClub = "season_club";      // "OAK 2020=Oakland 2020"
+inline constexpr const char* kSeasonPlayed = "season_played";  // games of archives, with GameIDs
 
 }  // namespace dtb::settings

@@ -1,5 +1,9 @@
 #include "teams/team_load.h"
 
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
 #include "aids/logos.h"
 #include "game/history.h"
 #include "game/new_game.h"
@@ -82,6 +86,38 @@ void FillFromFile(Board& board, Side side, const std::filesystem::path& file) {
   FillSide(board, side, WithoutExtension(fields.team.value()));
 }
 
+// Names that both lists have, in the visitors' order.
+std::vector<std::string> CommonNames(Board& board) {
+  std::unordered_set<std::string> home;
+  for (const std::string& entry : SideOf(board, Side::Home).list.entries()) {
+    home.insert(PlayerNameOf(entry));
+  }
+  std::vector<std::string> common;
+  for (const std::string& entry : SideOf(board, Side::Visitors).list.entries()) {
+    std::string name = PlayerNameOf(entry);
+    if (!name.empty() && home.erase(name) > 0) common.push_back(std::move(name));
+  }
+  return common;
+}
+
+void TellCommonNames(Board& board) {
+  constexpr std::size_t kMostNames = 6;
+  const std::vector<std::string> names = CommonNames(board);
+  if (names.empty()) return;
+  std::string told;
+  for (std::size_t i = 0; i < std::min(names.size(), kMostNames); ++i) {
+    told += (i == 0 ? "\"" : ", \"") + names[i] + '"';
+  }
+  if (names.size() > kMostNames) {
+    told += " and " + std::to_string(names.size() - kMostNames) + " more";
+  }
+  board.platform.boxes.Show(
+      "Both teams have " + told +
+          ".\n\nThe board knows a player by his name alone, so the figures of two of one name can "
+          "mix. Give each a name of his own in the team file and load it again.",
+      BoxIcon::Exclamation);
+}
+
 }  // namespace
 
 void LoadTeam(Board& board, Side side) {
@@ -111,12 +147,16 @@ void ReplaceTeams(Board& board, const std::array<TeamLines, 2>& teams, const std
       for (const std::string& line : team.lines) SideOf(board, side).list.Append(line);
       FillSide(board, side, team.name);
     }
+    TellCommonNames(board);
   });
 }
 
 void OpenTeam(Board& board, Side side, const std::filesystem::path& file) {
   const Gesture gesture(board, "LOAD " + TextOf(file.filename()));
-  Trapped(board.platform.boxes, [&] { FillFromFile(board, side, file); });
+  Trapped(board.platform.boxes, [&] {
+    FillFromFile(board, side, file);
+    TellCommonNames(board);
+  });
   // The batter stays where the same team was loaded again.
   if (const auto batter = RowOfBatter(board, side)) SideOf(board, side).list.Highlight(*batter);
 }

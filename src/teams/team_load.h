@@ -15,7 +15,7 @@ namespace dtb {
 void LoadTeam(Board& board, Side side);
 
 // Fills list, table, names, `Played` marks and logo from a team file. An error is told and ends it
-// at the failing step; what was done before stays.
+// at the failing step; what was done before stays. Players of one name in both teams are told.
 void OpenTeam(Board& board, Side side, const std::filesystem::path& file);
 
 // A team that is no file.

@@ -27,12 +27,16 @@ void MakeTeams(const Season& season) {
     std::set<std::string> names;
     for (const std::string& line : team.lines) {
       Require(line.find_first_of("\r\n") == std::string::npos);
-      Require(names.insert(PlayerNameOf(line)).second);
+      Require(!PlayerNameOf(line).empty() && names.insert(PlayerNameOf(line)).second);
     }
   }
   for (const Game& game : season.games) {
-    for (int side = 0; side < 2; ++side) {
-      (void)MakeTeamText(season, game.sides.at(side).club, LineUpOfGame(season, game, side), {});
+    std::set<std::string> names;  // of both teams; places that nobody has bear none
+    for (const TeamText& team : MakeGameTeams(season, game, {}).teams) {
+      for (const std::string& line : team.lines) {
+        const std::string name = PlayerNameOf(line);
+        Require(name.empty() || names.insert(name).second);
+      }
     }
   }
 }
@@ -47,11 +51,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(play.outs() <= 4 && play.runs() <= 4);
   SeasonLines lines;
   if (const std::size_t end = bytes.find('\0'); end != std::string::npos) {
-    lines.TakeClubs("TEAM2020", 2020, bytes.substr(0, end));
-    lines.TakeRoster("AAA2020.ROS", 2020, bytes.substr(0, end));
+    (void)lines.TakeClubs("TEAM2020", 2020, bytes.substr(0, end), Always);
+    (void)lines.TakeRoster("AAA2020.ROS", 2020, "AAA", bytes.substr(0, end), Always);
     bytes.erase(0, end + 1);
   }
-  lines.TakeGames("2020AAA.EVA", bytes);
+  (void)lines.TakeGames("2020AAA.EVA", bytes, Always);
   const Season season = lines.Take();
   for (const Club& club : season.clubs) {
     for (const Man& man : club.men) {

@@ -3,6 +3,7 @@
 #include <zip.h>
 
 #include <filesystem>
+#include <set>
 
 #include "seasons/season_test.h"
 #include "seasons/teams_command.h"
@@ -37,7 +38,7 @@ class Archives : public testing::Test {
   // What the person is told.
   static std::string Fault(const std::string& path) {
     try {
-      const std::unique_ptr<Archive> archive = ZipArchives().OpenArchive(path);
+      const std::unique_ptr<Archive> archive = ZipArchives().OpenArchive(path, Always);
       const Season season = ReadAll(*archive);
       return std::to_string(season.games.size()) + " games";
     } catch (const ProgramError& error) {
@@ -48,6 +49,11 @@ class Archives : public testing::Test {
   std::filesystem::path folder_ =
       std::filesystem::path(testing::TempDir()) / ("archives" + std::to_string(::getpid()));
 };
+
+std::string Bytes(const std::filesystem::path& from) {
+  std::ifstream file(from, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
 
 void Put(const std::filesystem::path& file, const std::string& bytes) {
   std::ofstream(file, std::ios::binary) << bytes;
@@ -66,14 +72,35 @@ TEST_F(Archives, BadOnesAreRefusedInPlainWords) {
   has(Fault(Zip({{"../2020OAK.EVA", "x"}})), "outside the archive and was left out");
   has(Fault(Zip({{"2020AAA.EVA", kGame}}, "secret")), "is encrypted");
 
-  std::ifstream part(DTB_SEASON_FILES "2020-part.zip", std::ios::binary);
-  const std::string good{std::istreambuf_iterator<char>(part), {}};
+  const std::string good = Bytes(DTB_SEASON_FILES "2020-part.zip");
   Put(folder_ / "half.zip", good.substr(0, good.size() / 2));
   has(Fault(folder_ / "half.zip"), "is not a zip file");
   std::string flipped = good;
   for (std::size_t i = 2000; i < 2010; ++i) flipped[i] = static_cast<char>(~flipped[i]);
   Put(folder_ / "flipped.zip", flipped);
   has(Fault(folder_ / "flipped.zip"), "is damaged inside the archive");
+
+  // Another club's letter flipped in the checksum, the sizes, and the count of the directory.
+  const std::string one = Bytes(Zip({{"2020AAA.EVA", kGame}, {"notes.txt", "x"}}));
+  const std::size_t record = one.find("PK\x01\x02");
+  const std::size_t end = one.find("PK\x05\x06");
+  const auto with = [&](std::size_t place, const std::string& bytes) {
+    std::string changed = one;
+    changed.replace(place, bytes.size(), bytes);
+    Put(folder_ / "changed.zip", changed);
+    return Fault(folder_ / "changed.zip");
+  };
+  has(with(end, one.substr(end, 1)), "1 games");
+  has(with(record + 16, "abcd"), "\"2020AAA.EVA\" is damaged inside the archive");
+  has(with(record + 24, std::string("\x7F\0\0", 3)), "\"2020AAA.EVA\" is damaged");
+  has(with(end + 8, std::string("\1\0\1\0", 4)), "does not have the files that it counts");
+  // In both places where a file's method stands.
+  std::string squeezed = one;
+  squeezed[8] = squeezed[record + 10] = 12;
+  Put(folder_ / "changed.zip", squeezed);
+  has(Fault(folder_ / "changed.zip"), "\"2020AAA.EVA\" is packed by bzip2, which is not read here");
+  has(Fault(Zip({{"2020eve.ZIP", one}})), "\"2020eve.ZIP\" is a zip inside the archive");
+  has(Fault(Zip({{"2020AAA.EVA", one}})), "\"2020AAA.EVA\" is a zip under another name");
 
   // 40 MB of blanks in 40 KB, whatever the archive says of its size.
   has(Fault(Zip({{"2020AAA.EVA", std::string(40U << 20U, ' ')}})), "far larger than any file");
@@ -84,7 +111,7 @@ TEST_F(Archives, PathsThatLeaveTheArchiveAreLeftOut) {
                                 {"a/../../2020BAD.EVA", kGame},
                                 {"/2020BAD.EVA", kGame},
                                 {"sub\\folder/2020aaa.eva", kGame}});
-  const std::unique_ptr<Archive> archive = ZipArchives().OpenArchive(path);
+  const std::unique_ptr<Archive> archive = ZipArchives().OpenArchive(path, Always);
   const Season season = ReadAll(*archive);
   EXPECT_EQ(season.games.size(), 1U);
   EXPECT_EQ(season.skipped.size(), 3U);
@@ -95,7 +122,7 @@ TEST_F(Archives, AFolderReadsAsTheZipDoes) {
   const std::unique_ptr<Archive> part = PartArchive();
   std::string bytes;
   for (std::size_t i = 0; i < part->files().size(); ++i) {
-    part->Read(i, bytes);
+    part->Read(i, bytes, Always);
     Put(folder_ / part->files()[i].name, bytes);
   }
   ZipArchives archives;
@@ -128,6 +155,31 @@ TEST_F(Archives, AFolderReadsAsTheZipDoes) {
   EXPECT_EQ(RunTeams(archives, {"--games", "x", folder_, made}).exitCode, 2);
 }
 
+TEST_F(Archives, NamesAreThoseOfMenAndClubsWhateverStandsInTheLines) {
+  std::string many;
+  for (int i = 0; i < 20'000; ++i) many += "m" + std::to_string(i) + ",Same,Sam,R,R,AAA,P\n";
+  TextArchive archive(
+      {{"TEAM2020", "AAA,A,Some City,Clubs\n=,A,No,Club\n"},
+       {"AAA2020.ROS", "=,Equal,Ed,R,R,AAA,C\n\x01,Odd,Ed,R,R,AAA,C\n" + std::string("long1,") +
+                           std::string(5000, 'x') + ",Ed,R,R,ZZZ,C\n" + many},
+       {"ALS2020.ROS", "s1,Star,Stan,R,R,BBB,C\ns2,Star,Sid,R,R,CCC,C\n"},
+       {"2020AAA.EVA", kGame}});
+  const Season season = ReadAll(archive);
+  std::string clubs;
+  for (const Club& club : season.clubs) clubs += club.id + (club.listed ? "* " : " ");
+  EXPECT_EQ(clubs, "AAA* ALS BBB ") << "a roster is that of its file's club";
+  EXPECT_EQ(ClubNamed(season, "AAA").men.size(), season_limit::kMenOfClub);
+  EXPECT_EQ(ManNamed(season, "AAA", "long1").last.size(), season_limit::kNameBytes);
+  std::set<std::string> names;
+  const TeamText team = MakeTeamText(season, 0, LineUpUsedMost(season, 0), {});
+  for (const std::string& name : NamesOf(team)) EXPECT_TRUE(names.insert(name).second) << name;
+  // The All-Star roster makes no team.
+  ZipArchives archives;
+  const std::string zip = Zip({{"ALS2020.ROS", archive.texts[2]}, {"2020AAA.EVA", kGame}});
+  EXPECT_NE(RunTeams(archives, {zip, folder_ / "made"}).output.find("1 team file in"),
+            std::string::npos);
+}
+
 TEST_F(Archives, LinesThatMakeNoSenseAreCountedAndTheRestIsUsed) {
   TextArchive archive({{"AAA2020.ROS", "h1,,\nh1,One,Hal,X,R,AAA,C\nnonsense\n"},
                        {"TEAM2020", "AAA\n"},
@@ -149,17 +201,6 @@ TEST_F(Archives, LinesThatMakeNoSenseAreCountedAndTheRestIsUsed) {
   EXPECT_EQ(ManNamed(season, "AAA", "h1").batting.atBats, 1);
   EXPECT_EQ(FullName(ManNamed(season, "AAA", "h1")), "Hal One");
   EXPECT_EQ(ManNamed(season, "AAA", "h1").bats, "");
-}
-
-TEST_F(Archives, ReadingStopsWhenThePersonCancels) {
-  const std::unique_ptr<Archive> part = PartArchive();
-  int heard = 0;
-  EXPECT_FALSE(ReadSeason(*part, [&](double share) {
-    EXPECT_GE(share, 0);
-    EXPECT_LE(share, 1);
-    return ++heard < 10;
-  }));
-  EXPECT_EQ(heard, 10);
 }
 
 }  // namespace

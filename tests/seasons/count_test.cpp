@@ -3,6 +3,7 @@
 #include <map>
 #include <regex>
 
+#include "seasons/remarks.h"
 #include "seasons/season_test.h"
 
 namespace dtb::seasons {
@@ -46,7 +47,7 @@ TEST(Counts, EveryGameOfThePartArchiveByTwoRoads) {
   int games = 0;
   for (std::size_t i = 0; i < part->files().size(); ++i) {
     if (part->files()[i].name.find(".EV") == std::string::npos) continue;
-    part->Read(i, bytes);
+    part->Read(i, bytes, Always);
     for (std::size_t start = 0; start < bytes.size();) {
       const std::size_t end = std::min(bytes.find("\nid,", start), bytes.size() - 1) + 1;
       const std::string text = bytes.substr(start, end - start);
@@ -208,6 +209,63 @@ TEST(Counts, RunnersAreFollowedThroughSubstitutesAndInnings) {
   EXPECT_EQ(ManNamed(season, "AAA", "p2").batting.stolenBases, 1);
   ASSERT_EQ(season.faultCount, 1);
   EXPECT_EQ(season.faults[0].what, "earned runs of a pitcher who is not in the game");
+}
+
+TEST(Counts, AGameWithoutPlaysHasTheFiguresOfItsBoxScore) {
+  // Then a game with plays of which no earned runs are told, and one that was given away.
+  TextArchive archive(
+      {{"2020AAA.EBA",
+        std::string(kHead) +
+            "stat,bline,v1,0,1,1,4,1,3,1,0,1,2,0,1,1,2,-1,1,2,0,0,0\r\n"
+            "stat,bline,v2,0,2,1,2,0,5,0,0,0,0,0,0,0,0,0,0,0,0,0,0\r\n"
+            "stat,bline,late,0,2,2,-1,0,1,0,0,0,0,0,0,0,0,0,0,0,0,0,0\r\n"
+            "stat,phline,late,7,0,1,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0\r\n"
+            "stat,dline,v2,0,1,6,27,1,2,0,0,0,0\r\nstat,dline,v2,0,2,4,3,1,2,0,0,0,0\r\n"
+            "stat,pline,hp,1,1,20,0,30,7,1,0,1,4,3,2,0,6,0,0,0,0,0\r\n"
+            "stat,pline,rel,1,2,7,0,8,1,0,0,0,1,-1,0,0,2,0,0,0,0,0\r\n"
+            "line,0,0,2,(10),x,1\r\nline,1,0,0,0\r\nplay,1,0,v1,,,HR\r\n"
+            "id,AAA202004020\r\ninfo,visteam,BBB\r\ninfo,hometeam,AAA\r\ninfo,forfeit,V\r\n"
+            "start,hp,\"H Pitch\",1,0,1\r\nplay,1,0,v1,,,K\r\n"}});
+  const Season season = ReadAll(archive);
+  const Game& game = season.games[0];
+  EXPECT_EQ(game.account, Account::BoxScore);
+  EXPECT_EQ(game.sides[0].runs, 3);
+  const auto told = [&](const char* club, const char* id) {
+    const Man& man = ManNamed(season, club, id);
+    const Batting& b = man.batting;
+    const Pitching& p = man.pitching;
+    return Told({{"AB", b.atBats},
+                 {"H", b.hits},
+                 {"2B", b.doubles},
+                 {"HR", b.homeRuns},
+                 {"SF", b.sacrificeFlies},
+                 {"HP", b.hitByPitch},
+                 {"BB", b.walks},
+                 {"K", b.strikeouts},
+                 {"SB", b.stolenBases},
+                 {"SS", b.gamesAt[6]},
+                 {"PH", b.gamesAt[kPinchHitter]},
+                 {"G", p.games},
+                 {"GS", p.starts},
+                 {"outs", p.outs},
+                 {"h", p.hits},
+                 {"hr", p.homeRuns},
+                 {"bb", p.walks},
+                 {"k", p.strikeouts},
+                 {"er", p.earnedRuns}});
+  };
+  EXPECT_EQ(told("BBB", "v1"), " AB=5 H=3 2B=1 HR=1 SF=1 HP=1 BB=2 K=2 SB=2");
+  EXPECT_EQ(told("BBB", "v2"), " SS=1") << "five hits in two at-bats are no figures";
+  EXPECT_EQ(told("BBB", "late"), " PH=1");
+  EXPECT_EQ(told("AAA", "hp"), " G=2 GS=2 outs=21 h=7 hr=1 bb=2 k=7 er=3");
+  EXPECT_EQ(told("AAA", "rel"), " G=1 outs=7 h=1 k=2");
+  EXPECT_EQ(season.games[1].forfeit, Forfeit::ToVisitors);
+  // Runs over the outs of the games that tell them; "-.--" where none does.
+  const auto era = [&](const char* id) {
+    return Remark("{era} {er}", ManNamed(season, "AAA", id), "P", true);
+  };
+  EXPECT_EQ(era("hp"), "4.05 3");
+  EXPECT_EQ(era("rel"), "-.-- -");
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "seasons/season_desk.h"
 #include "seasons/season_files.h"
 #include "seasons/season_test.h"
+#include "teams/team_load.h"
 
 namespace dtb::seasons {
 namespace {
@@ -31,15 +32,15 @@ struct Desktop final : QuietDesktop {
   void Write(const std::string&, const std::string& key, const std::string& value) override {
     settings[key] = value;
   }
-  std::unique_ptr<Archive> OpenArchive(const std::filesystem::path& from) override {
-    return ZipArchives().OpenArchive(from);
+  std::unique_ptr<Archive> OpenArchive(const std::filesystem::path& from,
+                                       const GoOn& goOn) override {
+    return ZipArchives().OpenArchive(from, goOn);
   }
   void Run(const Statement&, StatGrid& result) override {
-    GridContents games{{"", "Team", "Team"}, std::vector<CellColumn>(3)};
-    for (const auto& [visitors, home] : saved) {
+    GridContents games{{"", "GameID"}, std::vector<CellColumn>(2)};
+    for (const std::string& id : saved) {
       games.columns[0].Append("");
-      games.columns[1].Append(visitors);
-      games.columns[2].Append(home);
+      games.columns[1].Append(id);
     }
     result.Replace(std::move(games));
   }
@@ -47,7 +48,7 @@ struct Desktop final : QuietDesktop {
   std::string told;
   bool answer = true;
   std::map<std::string, std::string> settings;
-  std::vector<std::pair<std::string, std::string>> saved;
+  std::vector<std::string> saved;  // GameIDs
 };
 
 class SeasonWindow : public testing::Test {
@@ -56,7 +57,7 @@ class SeasonWindow : public testing::Test {
   ~SeasonWindow() override { std::filesystem::remove_all(folder); }
 
   void Read(const std::string& archive = DTB_SEASON_FILES "2020-part.zip") {
-    ReadArchive(desk, archive, [](double) { return true; });
+    ReadArchive(desk, archive, Always);
   }
   void SelectTeamNamed(const std::string& name) {
     SelectTeam(desk, state.grd_Teams.FindRow(1, name).value());
@@ -114,7 +115,7 @@ TEST_F(SeasonWindow, ATeamIsWrittenLoadedAndNeverPutOverAnotherFileUnasked) {
   ChangeForms(desk);
   EXPECT_EQ(state.files[0].grid.Text(1, 2).substr(0, 16), "Semien, Marcus=R");
   EXPECT_EQ(state.lbl_Forms.value(), "Not known for batters: {wrong}");
-  KeepForms(desk);
+  KeepChoices(desk);
   SeasonState later;
   SeasonDesk again{later, kept, board};
   OpenSeasonDesk(again);
@@ -122,33 +123,67 @@ TEST_F(SeasonWindow, ATeamIsWrittenLoadedAndNeverPutOverAnotherFileUnasked) {
 }
 
 TEST_F(SeasonWindow, ASeasonIsGoneThroughGameByGame) {
+  const auto save = [this](const std::string& id) {
+    sheet.tb_TimeStamp2.Set(id);
+    NoteSaved(board);
+    desktop.saved.push_back(id);
+  };
+  const auto marks = [this] {
+    SelectTeamNamed("Oakland 2020");
+    std::string text;
+    for (int row = 1; row <= 5; ++row) text += state.grd_Games.Text(row, 4) == "yes" ? 'x' : '.';
+    return text;
+  };
   OpenSeasonDesk(desk);
-  // Two games of Anaheim in Oakland are in the database: the first two there.
-  desktop.saved = {{"Anaheim 2020", "Oakland 2020"},
-                   {"Anaheim 2020", "Oakland 2020"},
-                   {"Oakland 2020", "Anaheim 2020"}};
   Read();
-  SelectTeamNamed("Oakland 2020");
-  std::string marks;
-  for (int row = 1; row <= 5; ++row) marks += state.grd_Games.Text(row, 4) == "yes" ? 'x' : '.';
-  EXPECT_EQ(marks, "xx...");
-  EXPECT_TRUE(LoadNextGame(desk));
-  EXPECT_EQ(kept.season->games[*kept.game].id, "OAK202007260");
+  EXPECT_EQ(NextGameOffer(kept, board), std::nullopt) << "no game of an archive";
+  EXPECT_EQ(marks(), ".....");
+  SelectGame(desk, 2);
+  EXPECT_TRUE(LoadGame(desk));
   EXPECT_EQ(boardState.tb_VisTeam.value(), "Anaheim 2020");
   EXPECT_EQ(boardState.tb_HomeTeam.value(), "Oakland 2020");
   EXPECT_EQ(history.steps(), 1U);  // one step takes both teams back
-  EXPECT_TRUE(std::filesystem::exists(folder / "Teams" / "OAK202007260" / "Oakland 2020.txt"));
-
-  SelectGameOn("2020-08-07");
-  EXPECT_EQ(state.shownFiles.value(), 2);
+  EXPECT_TRUE(std::filesystem::is_empty(folder / "Teams"));
+  save("a");
+  // The game that was loaded counts, not the first of the two teams; and no team loaded since.
+  Read();
+  EXPECT_EQ(marks(), ".x...");
+  EXPECT_EQ(NextGameOffer(kept, board), "Next game of Oakland 2020");
+  KeepChoices(desk);
+  KeptSeason later;  // of another run
+  EXPECT_EQ(NextGameOffer(later, board), "Next game of Oakland 2020");
+  EXPECT_TRUE(LoadNextGame(later, board, Always));
+  EXPECT_EQ(later.season->games[*later.game].id, kept.season->games[state.games[0]].id);
+  save("b");
+  SelectTeamNamed("Houston 2020");
+  LoadTeamAs(desk, Side::Visitors);
+  save("c");
+  Read();
+  EXPECT_EQ(marks(), "xx...");
+  EXPECT_TRUE(LoadNextGame(desk));
+  EXPECT_EQ(kept.season->games[*kept.game].id, "OAK202007260");
+  // Taken out of the database, a game is to be played again.
+  desktop.saved = {"a"};
+  Read();
+  EXPECT_EQ(marks(), ".x...");
   desktop.answer = false;
   sheet.grd_VisStats.SetText(1, stat_column::kAtBats, "1");
+  SelectGameOn("2020-08-07");
   EXPECT_FALSE(LoadGame(desk));
   EXPECT_NE(desktop.told.find("A game is on the board"), std::string::npos) << desktop.told;
   desktop.answer = true;
   EXPECT_TRUE(LoadGame(desk));
   EXPECT_EQ(boardState.tb_VisTeam.value(), "Houston 2020");
   EXPECT_EQ(Entry(Side::Visitors, 0).substr(0, 12), "Kyle Tucker=");
+}
+
+TEST_F(SeasonWindow, APlayerOfBothTeamsIsTold) {
+  WriteWhole(folder / "Teams" / "A.txt", "Hal One\nPell Two=P\n");
+  WriteWhole(folder / "Teams" / "B.txt", "Pell Two\nVarrow\n");
+  ReplaceTeam(board, Side::Visitors, folder / "Teams" / "A.txt");
+  EXPECT_EQ(desktop.told, "");
+  ReplaceTeam(board, Side::Home, folder / "Teams" / "B.txt");
+  EXPECT_NE(desktop.told.find("Both teams have \"Pell Two\"."), std::string::npos) << desktop.told;
 }
 
 TEST_F(SeasonWindow, WhatCannotBeReadLeavesTheSeasonThatIsKept) {
@@ -158,6 +193,21 @@ TEST_F(SeasonWindow, WhatCannotBeReadLeavesTheSeasonThatIsKept) {
   Read("no such file");
   EXPECT_NE(desktop.told.find("does not exist"), std::string::npos) << desktop.told;
   ReadArchive(desk, DTB_SEASON_FILES, [](double) { return false; });
+  // Cancel works at every moment: while a file is unpacked, and while its lines are taken.
+  bool stopped = true;
+  int moment = 0;
+  for (; stopped; moment += 5) {
+    int heard = 0;
+    ReadArchive(desk, DTB_SEASON_FILES "2020-part.zip", [&](double share) {
+      EXPECT_TRUE(share >= 0 && share <= 1) << share;
+      stopped = heard++ >= moment;
+      return !stopped;
+    });
+    if (stopped) {
+      ASSERT_EQ(heard, moment + 1) << "it went on";
+    }
+  }
+  EXPECT_GT(moment, 100);
   EXPECT_EQ(kept.season->games.size(), 120U);
   SelectTeam(desk, 99);
   SelectGame(desk, 0);

@@ -18,15 +18,9 @@ std::vector<std::string> NamesIn(const std::filesystem::path& file) {
   return names;
 }
 
-std::vector<std::string> NamesOf(const TeamText& team) {
-  std::vector<std::string> names;
-  for (const std::string& line : team.lines) names.push_back(PlayerNameOf(line));
-  return names;
-}
-
 TeamText TeamOfGame(const Season& season, std::size_t game, int side) {
   const Game& told = season.games.at(game);
-  return MakeTeamText(season, told.sides.at(side).club, LineUpOfGame(season, told, side), {});
+  return MakeGameTeams(season, told, {}).teams.at(static_cast<std::size_t>(side));
 }
 
 // A club's start lines, as the files beside the sample games name the men.
@@ -146,10 +140,109 @@ TEST(LineUps, MenOfOneNameAreToldApartAndWhoPlayedLeastStaysOut) {
   EXPECT_EQ(std::set(names.begin(), names.end()).size(), names.size());
   EXPECT_EQ(std::ranges::count(names, "X69 Man"), 1);  // he alone has played
   EXPECT_EQ(team.leftOut.size() + names.size(), season.clubs[0].men.size());
-  const LineUp whole = LineUpOfGame(season, season.games[0], 1);
   for (const char* name : {"Luis Garcia", "Luis Garcia (2)", "Luis Garcia (3)"}) {
     EXPECT_EQ(std::ranges::count(names, name) + std::ranges::count(team.leftOut, name), 1) << name;
   }
+}
+
+std::string Line(const char* kind, const std::string& man, int side, int place, int position) {
+  return std::string(kind) + ',' + man + ",\"\"," + std::to_string(side) + ',' +
+         std::to_string(place) + ',' + std::to_string(position) + '\n';
+}
+
+// A game of the month's day at AAA or BBB against CCC, in which these play for the home team.
+std::string Day(const std::string& home, int day, const std::string& starts) {
+  const std::string number = (day < 10 ? "0" : "") + std::to_string(day);
+  return "id," + home + "197504" + number + "0\ninfo,visteam,CCC\ninfo,hometeam," + home + '\n' +
+         starts;
+}
+
+TEST(LineUps, WhoBelongedToTheOtherClubThatDayStaysOut) {
+  // Moved played for AAA until the 10th and for BBB from the 20th on. Late came on the 29th. Both
+  // clubs have a Hal One; Twice is in both rosters and was in no game.
+  std::string games;
+  for (int day = 1; day <= 29; ++day) {
+    games += Day("AAA", day, Line("start", day <= 10 ? "moved" : "a1", 1, 1, 6));
+    games += Day("BBB", day,
+                 Line("start", day >= 20 ? "moved" : "b1", 1, 1, 6) +
+                     (day == 29 ? Line("sub", "late", 1, 1, 11) : ""));
+  }
+  const auto against = [&](int day) {
+    return "id,AAA197504" + std::to_string(day) + "1\ninfo,visteam,BBB\ninfo,hometeam,AAA\n" +
+           Line("start", "b1", 0, 2, 4) + Line("start", "a1", 1, 2, 4);
+  };
+  TextArchive archive(
+      {{"TEAM1975", "AAA,A,Aston,As\nBBB,A,Bexley,Bs\n"},
+       {"AAA1975.ROS",
+        "a1,One,Hal,R,R,AAA,SS\nmoved,Moved,Max,R,R,AAA,SS\n"
+        "twice,Twice,Ty,R,R,AAA,C\n"},
+       {"BBB1975.ROS",
+        "b1,One,Hal,R,R,BBB,SS\nmoved,Moved,Max,R,R,BBB,SS\n"
+        "twice,Twice,Ty,R,R,BBB,C\nlate,Late,Lou,R,R,BBB,OF\n"},
+       {"1975AAA.EVA", games + against(11) + against(14) + against(16) + against(28)}});
+  const Season season = ReadAll(archive);
+  const auto told = [&](const std::string& id) {
+    const auto game = std::ranges::find(season.games, id, &Game::id);
+    const GameTeams made = MakeGameTeams(season, *game, {});
+    std::string text;
+    for (const TeamText& team : made.teams) {
+      for (const std::string& name : NamesOf(team)) text += name.empty() ? "" : name + ", ";
+      text += "| ";
+    }
+    return text + std::to_string(made.alike.size());
+  };
+  const std::string with = "Hal One (2), ";
+  EXPECT_EQ(told("AAA197504111"), with + "Ty Twice, | Hal One, Max Moved, Ty Twice (2), | 2");
+  EXPECT_EQ(told("AAA197504141"), with + "Ty Twice, | Hal One, Max Moved, Ty Twice (2), | 2");
+  EXPECT_EQ(told("AAA197504161"), with + "Max Moved, Ty Twice, | Hal One, Ty Twice (2), | 2");
+  EXPECT_EQ(told("AAA197504281"),
+            with + "Max Moved, Lou Late, Ty Twice, | Hal One, Ty Twice (2), | 2");
+}
+
+TEST(LineUps, NoTwoTeamsOfAGameShareAName) {
+  const std::unique_ptr<Archive> part = PartArchive();
+  const Season season = ReadAll(*part);
+  int alike = 0;
+  for (const Game& game : season.games) {
+    const GameTeams made = MakeGameTeams(season, game, {});
+    const std::vector<std::string> visitors = NamesOf(made.teams[0]);
+    for (const std::string& name : NamesOf(made.teams[1])) {
+      EXPECT_EQ(std::ranges::count(visitors, name), 0) << game.id << ' ' << name;
+    }
+    alike += static_cast<int>(made.alike.size());
+  }
+  EXPECT_EQ(alike, 0) << "no namesakes met, and nobody of both clubs is in both files";
+}
+
+TEST(LineUps, PIsForPitchersAndAnOpenPlaceStaysOpen) {
+  // Two days of a club: "two" starts as pitcher and bats as DH; "bat" pitches an inning once;
+  // "run", a pitcher, only runs; "dh" is a pitcher in the roster alone; nobody is told who batted
+  // third.
+  const std::string day = Line("start", "two", 1, 1, 10) + Line("start", "two", 1, 0, 1) +
+                          Line("start", "bat", 1, 2, 6) + Line("start", "m4", 1, 4, 3) +
+                          Line("start", "m5", 1, 5, 4) + Line("start", "m6", 1, 6, 5) +
+                          Line("start", "m7", 1, 7, 7) + Line("start", "m8", 1, 8, 8) +
+                          Line("start", "m9", 1, 9, 9);
+  TextArchive archive(
+      {{"AAA1975.ROS",
+        "two,Two,T,L,R,AAA,P\nbat,Bat,B,R,R,AAA,SS\nrun,Run,R,R,R,AAA,P\n"
+        "dh,Dh,D,R,R,AAA,P\nrel,Rel,R,R,R,AAA,P\n"},
+       {"1975AAA.EVA", Day("AAA", 1,
+                           day + Line("sub", "rel", 1, 0, 1) + Line("sub", "run", 1, 4, 12) +
+                               Line("sub", "dh", 1, 1, 10) + Line("sub", "bat", 1, 2, 1)) +
+                           Day("AAA", 2, day)}});
+  const Season season = ReadAll(archive);
+  LineForm form;
+  form.batters = "{pos}";
+  form.pitchers = "{pos} {ip}";
+  const TeamText team = MakeGameTeams(season, season.games[0], form).teams[1];
+  std::string all;
+  for (const std::string& line : team.lines) all += line + "; ";
+  EXPECT_EQ(all,
+            "T Two=P/DH / P 0.0; B Bat=SS; =nobody is told who batted 3rd; m4=1B; m5=2B; m6=3B; "
+            "m7=LF; m8=CF; m9=RF; D Dh=DH; R Rel=P 0.0; R Run=P 0.0; ");
+  EXPECT_EQ(team.gaps, std::vector<std::string>{"who bats 3rd"});
+  EXPECT_EQ(team.inOrder, 9);
 }
 
 TEST(Remarks, FollowTheForm) {

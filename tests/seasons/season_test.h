@@ -9,6 +9,8 @@
 
 #include "platform/zip/zip_archives.h"
 #include "seasons/season_reader.h"
+#include "seasons/team_text.h"
+#include "teams/player_name.h"
 
 namespace dtb::seasons {
 
@@ -22,18 +24,19 @@ struct TextArchive : Archive {
     texts.push_back(text);
   }
   const std::vector<ArchivedFile>& files() const override { return names; }
-  void Read(std::size_t file, std::string& bytes) override { bytes = texts.at(file); }
+  bool Read(std::size_t file, std::string& bytes, const GoOn& /*goOn*/) override {
+    bytes = texts.at(file);
+    return true;
+  }
 
   std::vector<ArchivedFile> names;
   std::vector<std::string> texts;
 };
 
-inline Season ReadAll(Archive& archive) {
-  return *ReadSeason(archive, [](double) { return true; });
-}
+inline Season ReadAll(Archive& archive) { return *ReadSeason(archive, Always); }
 
 inline std::unique_ptr<Archive> PartArchive() {
-  return ZipArchives().OpenArchive(DTB_SEASON_FILES "2020-part.zip");
+  return ZipArchives().OpenArchive(DTB_SEASON_FILES "2020-part.zip", Always);
 }
 
 // The part archive with one game alone.
@@ -42,7 +45,7 @@ inline TextArchive OneGame(const std::string& id) {
   const std::unique_ptr<Archive> part = PartArchive();
   std::string bytes;
   for (std::size_t i = 0; i < part->files().size(); ++i) {
-    part->Read(i, bytes);
+    part->Read(i, bytes, Always);
     const std::string& name = part->files()[i].name;
     if (name.find(".EV") == std::string::npos) {
       alone.Add(name, bytes);
@@ -51,6 +54,13 @@ inline TextArchive OneGame(const std::string& id) {
     }
   }
   return alone;
+}
+
+// The texts, less the names behind "=".
+inline std::vector<std::string> NamesOf(const TeamText& team) {
+  std::vector<std::string> names;
+  for (const std::string& line : team.lines) names.push_back(PlayerNameOf(line));
+  return names;
 }
 
 inline const Club& ClubNamed(const Season& season, const std::string& id) {

@@ -142,7 +142,7 @@ TEST_F(SeasonWindowTest, ASavedGameIsMarkedAndTheNextOneFollows) {
   EXPECT_FALSE(board().sheet.Command2_enabled.value());
   next();
   EXPECT_EQ(played_, "yes|");
-  EXPECT_TRUE(QDir(folder_.filePath(QStringLiteral("Teams/OAK202007250"))).exists());
+  EXPECT_EQ(board().state.SeasonGame.substr(0, 12), "OAK202007250");
 }
 
 }  // namespace

@@ -7,7 +7,8 @@ namespace dtb {
 
 class ZipArchives : public Archives {
  public:
-  std::unique_ptr<Archive> OpenArchive(const std::filesystem::path& zipOrFolder) override;
+  std::unique_ptr<Archive> OpenArchive(const std::filesystem::path& zipOrFolder,
+                                       const GoOn& goOn) override;
 };
 
 }  // namespace dtb

@@ -16,7 +16,7 @@
 #include "game/new_game.h"
 #include "game/start_up.h"
 #include "platform/qt/qt_text.h"
-#include "seasons/next_game.h"
+#include "seasons/kept_season.h"
 #include "shell/version.h"
 #include "teams/pitchers.h"
 #include "windows/aids/dice_panels.h"
@@ -25,6 +25,7 @@
 #include "windows/board/options_panel.h"
 #include "windows/board/piece_view.h"
 #include "windows/boxes/about_box.h"
+#include "windows/boxes/busy.h"
 #include "windows/boxes/message_box.h"
 #include "windows/browser/copies_form.h"
 #include "windows/browser/form4.h"
@@ -65,8 +66,16 @@ Form1::Form1(Board& board, Aids& aids, QtPictures& pictures)
 }
 
 void Form1::ServeNewGames(NewGames& newGames) {
-  newGames.nextOffer = [this] { return seasons::NextGameOffer(board_, season_); };
-  newGames.loadNext = [this] { seasons::LoadNextGame(board_, season_); };
+  newGames.nextOffer = [this] { return seasons::NextGameOffer(season_, board_).value_or(""); };
+  newGames.loadNext = [this] {
+    {
+      ProgressPanel panel(QStringLiteral("Reading the season"), ProgressPanel::Work::Cancellable,
+                          park_);
+      const auto goOn = [&panel](double share) { return panel.Hear(share); };
+      if (!seasons::ReadLastSeason(season_, board_.platform, goOn)) return;
+    }
+    seasons::LoadNextGame(season_, board_, [](double /*share*/) { return true; });
+  };
   newGames.begun = [this] {
     if (form2_->isVisible()) form2_->reject();
     park_->setFocus(Qt::OtherFocusReason);

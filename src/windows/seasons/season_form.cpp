@@ -35,7 +35,7 @@ void SeasonForm::Run(Board& board, seasons::KeptSeason& kept, QWidget* over) {
         &form, [&form, last] { form.Read(last); }, Qt::QueuedConnection);
   }
   form.exec();
-  seasons::KeepForms(form.desk_);
+  seasons::KeepChoices(form.desk_);
 }
 
 SeasonForm::SeasonForm(Board& board, seasons::KeptSeason& kept, QWidget* parent)
@@ -153,10 +153,14 @@ void SeasonForm::BuildTables(QVBoxLayout* whole) {
   addTitle(games, "Games");
   games_ = AddGrid(games, "grd_Games", "Games", state_.grd_Games);
   OnRow(games_, seasons::SelectGame);
+  // One file takes the room of both, so that the lists stay where they are.
+  auto* both = new QHBoxLayout;
+  both->setSpacing(12);
+  tables->addLayout(both, 60);
   for (int side = 0; side < 2; ++side) {
     seasons::SeasonState::File& file = state_.files.at(side);
     auto* place = new QWidget;
-    tables->addWidget(place, 30);
+    both->addWidget(place, 1);
     auto* column = new QVBoxLayout(place);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(4);
@@ -206,7 +210,7 @@ void SeasonForm::BuildButtons(QVBoxLayout* whole) {
   QPushButton* home = AddButton(strip, "cmd_LoadHome", "Load as home",
                                 "Writes the line-up and loads it as the home team");
   QPushButton* both = AddButton(strip, "cmd_LoadGame", "Load both teams",
-                                "Writes both line-ups of the game and loads them onto the board");
+                                "Loads both line-ups of the game onto the board");
   QPushButton* used = AddButton(strip, "cmd_UsedMost", "Line-up used most",
                                 "Shows the line-up that the team used most in the season");
   QPushButton* next = AddButton(strip, "cmd_NextGame", "Next game",
@@ -272,6 +276,7 @@ void SeasonForm::MarkChoice() {
   const auto mark = [](StatGridView* view, int row) {
     const QSignalBlocker quiet(view->selectionModel());
     view->SetCurrentCell(row, 1);
+    view->scrollTo(view->currentIndex(), QAbstractItemView::PositionAtCenter);
     view->viewport()->update();
   };
   if (!desk_.kept.season) return;
@@ -280,6 +285,12 @@ void SeasonForm::MarkChoice() {
   if (!desk_.kept.game) return;
   const auto game = std::find(state_.games.begin(), state_.games.end(), *desk_.kept.game);
   if (game != state_.games.end()) mark(games_, static_cast<int>(game - state_.games.begin()) + 1);
+}
+
+// Only now have the lists their height, so that the choice comes into sight.
+void SeasonForm::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  QMetaObject::invokeMethod(this, &SeasonForm::MarkChoice, Qt::QueuedConnection);
 }
 
 void SeasonForm::resizeEvent(QResizeEvent* event) {

@@ -26,6 +26,7 @@ class SeasonForm : public QDialog {
   ~SeasonForm() override;
 
  protected:
+  void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:

@@ -150,12 +150,14 @@ void Desk::Open() {
 
 void Desk::ServeRecovery() {
   // After all windows, which may add to what a step changes.
-  history_.Observe([this] { recovery_->Keep(TableText(board_, aidsState_), history_.merged()); });
+  history_.Observe([this] { KeepGame(); });
   recovery_->OnFailure([this](const std::string& why) {
     QMetaObject::invokeMethod(
         form1_.get(), [this, why] { TellNotKept(why); }, Qt::QueuedConnection);
   });
 }
+
+void Desk::KeepGame() { recovery_->Keep(TableText(board_, aidsState_), history_.merged()); }
 
 void Desk::TellNotKept(const std::string& why) {
   constexpr int kLookAgain = 50;        // milliseconds

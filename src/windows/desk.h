@@ -56,6 +56,7 @@ class Desk {
 
  private:
   void ServeRecovery();
+  void KeepGame();
   void TellNotKept(const std::string& why);
   void ServeLog();
 

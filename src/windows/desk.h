@@ -57,8 +57,8 @@ class Desk {
   [[nodiscard]] Form1& form1() { return *form1_; }
 
  private:
-  void KeepGame();
   void ServeRecovery();
+  void KeepGame();
   void TellNotKept(const std::string& why);
   void ServeLog();
 

@@ -7,6 +7,7 @@
 #include "game/start_up.h"
 #include "platform/paths.h"
 #include "platform/quiet_desktop.h"
+#include "platform/whole_file.h"
 #include "seasons/season_desk.h"
 #include "seasons/season_files.h"
 #include "seasons/season_test.h"
@@ -178,8 +179,8 @@ TEST_F(SeasonWindow, ASeasonIsGoneThroughGameByGame) {
 }
 
 TEST_F(SeasonWindow, APlayerOfBothTeamsIsTold) {
-  WriteWhole(folder / "Teams" / "A.txt", "Hal One\nPell Two=P\n");
-  WriteWhole(folder / "Teams" / "B.txt", "Pell Two\nVarrow\n");
+  WriteWholeFile(folder / "Teams" / "A.txt", "Hal One\nPell Two=P\n");
+  WriteWholeFile(folder / "Teams" / "B.txt", "Pell Two\nVarrow\n");
   ReplaceTeam(board, Side::Visitors, folder / "Teams" / "A.txt");
   EXPECT_EQ(desktop.told, "");
   ReplaceTeam(board, Side::Home, folder / "Teams" / "B.txt");

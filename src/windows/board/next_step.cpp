@@ -55,7 +55,8 @@ void NextStep::Flash() {
   constexpr int kFlash = 700;  // milliseconds
   flashes_ = true;
   emit changed();
-  QTimer::singleShot(kFlash, this, [this] {
+  QTimer::singleShot(kFlash, this, [this, number = ++flash_] {
+    if (number != flash_) return;  // a later one lasts
     flashes_ = false;
     emit changed();
   });

@@ -45,6 +45,7 @@ class NextStep : public QObject {
   Board& board_;
   Step step_;
   bool flashes_ = false;
+  int flash_ = 0;  // the last one's number
 };
 
 }  // namespace dtb

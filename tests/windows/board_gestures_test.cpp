@@ -271,6 +271,7 @@ TEST_F(EscapeTest, LeavesEveryTextFieldAsItWas) {
   Click(Find("lbl_STATS"));
   // A run recorded from within the visit is no part of it.
   board().state.cb_Xinnings.Set(false);
+  board().state.Check1.Set(false);
   auto* cell = Find<QLineEdit>("tb_BoxScore[3]");
   Click(cell);
   Type(&form1(), "3");

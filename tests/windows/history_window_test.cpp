@@ -195,8 +195,8 @@ TEST_F(HistoryWindowTest, ADiskThatTakesNothingIsToldOnce) {
   StartGame();
   desk_->recovery()->Wait();
   Answer(Qt::Key_Return);
-  board().state.List1.Select(0);
   PutAtBat(board(), Side::Home);
+  board().state.List2.Select(0);
   while (told_.isEmpty()) QCoreApplication::processEvents();
   EXPECT_TRUE(told_.contains("cannot be kept beside the settings")) << FromQt(told_);
   PressAndClose(Qt::Key_E);

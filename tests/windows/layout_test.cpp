@@ -121,7 +121,7 @@ TEST_F(LayoutTest, TheNextStepIsTold) {
   ASSERT_NE(next, nullptr);
   const auto load = [this](Side side, const char* name) {
     const QString file = folder_.filePath(QLatin1String(name) + QStringLiteral(".txt"));
-    WriteFile(file, "One\nTwo\nThree\n");
+    WriteFile(file, QByteArray("One of NAME\nTwo of NAME\nThree of NAME\n").replace("NAME", name));
     OpenTeam(board(), side, FromQt(file));
   };
   const auto pitches = [this](Side side) {

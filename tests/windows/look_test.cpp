@@ -110,6 +110,7 @@ TEST_F(LogWindowTest, OpensAtItsEndAndIsCopiedAndSaved) {
     Press(window, Qt::Key_Escape);
   });
   form1().findChild<QAction*>(QStringLiteral("mnuEventLog"))->trigger();
+  QCoreApplication::processEvents();  // the menu has its answer first
   EXPECT_EQ(FromQt(QGuiApplication::clipboard()->text()), board().log.text());
   QFile saved(folder_.filePath(QStringLiteral("log.txt")));
   ASSERT_TRUE(saved.open(QIODevice::ReadOnly));

@@ -25,6 +25,7 @@ class SeasonWindowTest : public BrowserFormTest {
       if (Form() != nullptr && Form()->isVisible()) Press(Form(), Qt::Key_Escape);
     });
     Find<QAction>("mnuSeason")->trigger();
+    QCoreApplication::processEvents();  // the menu has its answer first
   }
   SeasonForm* Form() { return form1().findChild<SeasonForm*>(); }
   template <class T = QWidget>

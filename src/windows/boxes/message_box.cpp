@@ -325,16 +325,22 @@ void MessageBox::BuildButtons(double scale, QWidget* below) {
     return button;
   };
   if (!content_.answers.isEmpty()) {
+    const QFontMetrics captions(Font(kBody * scale));
+    const int beside = qRound(64 * scale);  // of a caption
+    int whole = 0;
+    for (const QString& answer : content_.answers) {
+      whole += captions.horizontalAdvance(answer) + beside;
+    }
     for (int i = 0; i < content_.answers.size(); ++i) {
       auto* button = add(content_.answers[i], i == 0);
       button->disconnect(this);
       connect(button, &QPushButton::clicked, this, [this, i] { Choose(i); });
       // A name may be of any length.
-      const int most = width() / static_cast<int>(content_.answers.size()) - qRound(64 * scale);
-      const QFontMetrics metrics = button->fontMetrics();
-      const QString shown = metrics.elidedText(button->text(), Qt::ElideMiddle, most);
-      button->setText(shown);
-      button->setFixedWidth(metrics.horizontalAdvance(shown) + qRound(40 * scale));
+      const int share = width() / static_cast<int>(content_.answers.size()) - beside;
+      if (whole > width()) {
+        button->setText(captions.elidedText(button->text(), Qt::ElideMiddle, share));
+      }
+      button->setFixedWidth(captions.horizontalAdvance(button->text()) + qRound(40 * scale));
       if (i == content_.usual) setFocusProxy(button);
     }
   } else if (content_.question) {

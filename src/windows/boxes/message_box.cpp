@@ -34,6 +34,7 @@ constexpr double kStandardWidth = 520;
 constexpr double kChoiceWidth = 760;
 constexpr double kMessageType = kLarge;  // 14 points on the reference screen
 constexpr double kCloseSize = 28;
+constexpr double kBesideCaption = 64;  // room of an answer besides its caption
 constexpr double kLeastTextHeight = 40;
 constexpr double kTallText = 240;
 constexpr double kMostTextHeight = 700;  // a longer text scrolls
@@ -251,12 +252,13 @@ void MessageBox::Build(double scale) {
   setFont(Font(kMessageType * scale));
   auto* text = new MessageText(Shortened(content_.message), content_.alignment, font());
   const double beside = content_.icon == BoxIcon::None ? 44 : 100;  // margins and badge
-  // A long text gets a wide box.
+  // A long text gets a wide box, and so do long answers.
   for (const double width : {kConfirmationWidth, kStandardWidth, kChoiceWidth}) {
     const bool usual = width >= (Confirmation() ? kConfirmationWidth : kStandardWidth);
     setFixedWidth(units(width));
     const bool list = content_.message.contains(QLatin1Char('\n'));
     if (!usual || (list && !content_.answers.isEmpty())) continue;
+    if (WidthOfAnswers(scale) > units(width)) continue;
     if (text->heightForWidth(units(width) - units(beside)) <= units(kTallText)) break;
   }
   auto* column = new QVBoxLayout(this);
@@ -310,6 +312,16 @@ void MessageBox::Build(double scale) {
   adjustSize();
 }
 
+// All captions uncut, with what stands around them.
+int MessageBox::WidthOfAnswers(double scale) const {
+  const QFontMetrics captions(Font(kBody * scale));
+  int width = 0;
+  for (const QString& answer : content_.answers) {
+    width += captions.horizontalAdvance(answer) + qRound(kBesideCaption * scale);
+  }
+  return width;
+}
+
 void MessageBox::BuildButtons(double scale, QWidget* below) {
   auto* row = new QHBoxLayout;
   row->setContentsMargins(0, qRound(8 * scale), qRound(12 * scale), 0);
@@ -325,16 +337,17 @@ void MessageBox::BuildButtons(double scale, QWidget* below) {
     return button;
   };
   if (!content_.answers.isEmpty()) {
+    const QFontMetrics captions(Font(kBody * scale));
+    const bool fits = WidthOfAnswers(scale) <= width();
     for (int i = 0; i < content_.answers.size(); ++i) {
       auto* button = add(content_.answers[i], i == 0);
       button->disconnect(this);
       connect(button, &QPushButton::clicked, this, [this, i] { Choose(i); });
       // A name may be of any length.
-      const int most = width() / static_cast<int>(content_.answers.size()) - qRound(64 * scale);
-      const QFontMetrics metrics = button->fontMetrics();
-      const QString shown = metrics.elidedText(button->text(), Qt::ElideMiddle, most);
-      button->setText(shown);
-      button->setFixedWidth(metrics.horizontalAdvance(shown) + qRound(40 * scale));
+      const int share =
+          width() / static_cast<int>(content_.answers.size()) - qRound(kBesideCaption * scale);
+      if (!fits) button->setText(captions.elidedText(button->text(), Qt::ElideMiddle, share));
+      button->setFixedWidth(captions.horizontalAdvance(button->text()) + qRound(40 * scale));
       if (i == content_.usual) setFocusProxy(button);
     }
   } else if (content_.question) {

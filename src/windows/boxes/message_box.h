@@ -58,6 +58,7 @@ class MessageBox : public QWidget {
 
   void Build(double scale);
   void BuildButtons(double scale, QWidget* below);
+  [[nodiscard]] int WidthOfAnswers(double scale) const;
   struct Answer {
     bool yes = false;
     int chosen = 0;

@@ -160,8 +160,10 @@ void TakeUpSetAside(Board& board, Aids& aids, RecoveryStore& store) {
         return;
       }
       if (store.PutAside(TableText(board, aids.state), AsideTitle(board)).empty()) {
-        boxes.Show("The game on the board cannot be set aside; the disk may be full. It stays on the board.",
-                   BoxIcon::Warning);
+        boxes.Show(
+            "The game on the board cannot be set aside; the disk may be full. It stays on the "
+            "board.",
+            BoxIcon::Warning);
         return;
       }
     }

@@ -267,8 +267,8 @@ std::vector<int> PlacesOf(const std::vector<std::string>& values) {
 }
 
 std::string Placed(int place, const std::string& name) {
-  return "<span class=\"placed\"><span class=\"place\">" + std::to_string(place) +
-         "</span><span>" + name + "</span></span>";
+  return "<span class=\"placed\"><span class=\"place\">" + std::to_string(place) + "</span><span>" +
+         name + "</span></span>";
 }
 
 std::string PartHeading(std::size_t number, std::string_view title) {

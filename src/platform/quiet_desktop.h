@@ -102,7 +102,7 @@ struct QuietDesktop : MessageBoxes,
   OldContents Contents() override { return {}; }
   std::string TakeOver(const std::string& /*asideName*/) override { return {}; }
   std::unique_ptr<Archive> OpenArchive(const std::filesystem::path& zipOrFolder,
-                                        const GoOn& /*goOn*/) override {
+                                       const GoOn& /*goOn*/) override {
     throw ProgramError(error_number::kFileNotFound, zipOrFolder.string() + " does not exist.");
   }
   std::unique_ptr<WorkbookWriter> Begin(const std::filesystem::path& /*file*/) override {

@@ -1,9 +1,8 @@
 // The plate of the proof on the sheet, and its list.
-#include "windows/sheet/form2.h"
-
 #include <QScrollArea>
 #include <QScrollBar>
 
+#include "windows/sheet/form2.h"
 #include "windows/window_test.h"
 
 namespace dtb {

@@ -1,5 +1,6 @@
 // Where the focus is after a window, a box or a field: where Space and Enter change nothing.
 #include <QCheckBox>
+#include <QListView>
 
 #include "game/history.h"
 #include "platform/qt/qt_keyboard.h"
@@ -87,7 +88,7 @@ TEST_F(FocusTest, NumberRowCountsByItsPlaceAndBIsAWalk) {
   EXPECT_EQ(board().sheet.grd_VisStats.Text(1, stat_column::kWalks), "1");
 }
 
-// A screen reader toggles where a person would click.
+// A screen reader toggles, and selects, where a person would click.
 TEST_F(FocusTest, TogglesDoWhatClicksDo) {
   StartGame();
   Find<QCheckBox>("cb_BaseTracker")->toggle();
@@ -95,6 +96,11 @@ TEST_F(FocusTest, TogglesDoWhatClicksDo) {
   Find<QAbstractButton>("Option6")->toggle();
   EXPECT_TRUE(board().state.Option6.value());
   EXPECT_FALSE(board().state.Option5.value());
+  auto* list = Find<QListView>("List2");
+  list->setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(board().state.BatterOf.value(), "V") << "the focus names nobody";
+  list->selectionModel()->select(list->model()->index(3, 0), QItemSelectionModel::ClearAndSelect);
+  EXPECT_EQ(board().state.lbl_Selected.value(), "Bees 4");
 }
 
 }  // namespace

@@ -8,8 +8,10 @@
 #include <QPushButton>
 #include <QWheelEvent>
 #include <QWindow>
+#include <array>
 #include <random>
 
+#include "game/history.h"
 #include "replay/driver.h"
 #include "replay/gestures.h"
 #include "replay/play_table.h"
@@ -47,6 +49,15 @@ class Monkey : public Driver {
     for (const char* photo : {"Ann.jpg", "Cyd.jpg", "Name.jpg"}) {
       QFile::copy(table.folder.filePath("Logos/VisLogo.jpg"), table.folder.filePath(photo));
     }
+    // A line-up is emptied by LOAD, by a step, and by a new game.
+    for (const char* load : {"Command6", "Command7"}) {
+      QObject::connect(form1_.findChild<QAbstractButton*>(load), &QAbstractButton::clicked,
+                       [this] { mayEmpty_ = made_; });
+    }
+    History& history = *table.desk.board().history;
+    history.Observe([this, &history] {
+      if (history.stepped() || !history.CanUndo()) mayEmpty_ = made_;
+    });
     table.dialogs.report = PathOfFile(table.folder.filePath("Report.html"));
     state_.lbl_PhotoPath.Set(FromQt(table.folder.path()));
     form1_.constantTimer().stop();
@@ -81,6 +92,8 @@ class Monkey : public Driver {
   QList<std::optional<std::filesystem::path>> files_;
   std::mt19937 random_{kSeed};
   int made_ = 0;
+  std::array<bool, 2> full_{};  // a side has a line-up
+  int mayEmpty_ = 0;            // the last gesture that may empty one
   QList<std::pair<const char*, const char*>> keys_ = NewGame();  // to be pressed now
 };
 
@@ -175,6 +188,10 @@ void Monkey::CheckFields() {
     const auto* view = form1_.findChild<QListView*>(side == Side::Visitors ? "List1" : "List2");
     const QModelIndexList lit = view->selectionModel()->selectedRows();
     EXPECT_EQ(view->model()->rowCount(), list.size());
+    constexpr int kWhileItsBoxesWait = 20;  // gestures
+    bool& full = full_.at(side == Side::Visitors ? 0 : 1);
+    EXPECT_FALSE(full && list.empty() && made_ - mayEmpty_ > kWhileItsBoxesWait) << "emptied";
+    full = !list.empty();
     EXPECT_EQ(lit.isEmpty() ? LineupList::kNoRow : lit.first().row(), list.selected());
   }
   for (const GamePiece& piece : state_.pieces) {

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
@@ -279,10 +280,19 @@ LineupView::LineupView(Board& board, Side side, NextStep& next, QWidget* parent)
     });
   }
   connect(&next, &NextStep::changed, viewport(), qOverload<>(&QWidget::update));
+  // A screen reader selects a row where a person would click it.
+  connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    if (showing_ || rows.isEmpty()) return;
+    if (rows.first().row() != SideOf(board_, side_).list.selected()) {
+      SelectRow(board_, side_, rows.first().row());
+    }
+  });
   ShowState();
 }
 
 void LineupView::ShowState() {
+  const QScopedValueRollback showing(showing_, true);
   next_.Refresh();
   emit shown();
   const LineupList& list = SideOf(board_, side_).list;

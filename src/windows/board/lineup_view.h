@@ -93,6 +93,7 @@ class LineupView : public QListView {
   RunnerDrag runner_;
   bool usesKeys_ = false;                   // the focus came by a key, or moved by one
   Qt::MouseButton pressed_ = Qt::NoButton;  // whose release means something here
+  bool showing_ = false;                    // what changes comes from the game
   bool dropsBehind_ = false;                // Shift is held during a drag
 };
 

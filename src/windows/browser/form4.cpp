@@ -86,11 +86,21 @@ QLabel* MakeBlueLabel(const char* name, const QString& text, Qt::Alignment align
   return label;
 }
 
-// Esc empties the box, and leaves it when it is empty; the browser stays open meanwhile.
+// The table that a search box is for: the one that shows beside it.
+QWidget* TableBeside(const QLineEdit* box) {
+  for (auto* table : box->parentWidget()->findChildren<StatGridView*>()) {
+    if (table->isVisible()) return table;
+  }
+  return nullptr;
+}
+
+// Esc empties the box, and goes to its table when it is empty; the browser stays open meanwhile.
 void LeaveOnSecondEscape(QLineEdit* box, Field<std::string>& text) {
-  LeaveOnEscape(box, [&text] {
+  LeaveOnEscape(box, [box, &text] {
     const bool empty = text.value().empty();
     text.Set("");
+    QWidget* table = empty ? TableBeside(box) : nullptr;
+    if (table != nullptr) table->setFocus(Qt::OtherFocusReason);
     return empty;
   });
 }

@@ -15,15 +15,6 @@ namespace {
   throw ProgramError(error_number::kInvalidFileFormat, "the file is damaged.");
 }
 
-bool IsUtf8(std::string_view text) {
-  while (!text.empty()) {
-    const std::size_t length = Utf8SequenceLength(text);
-    if (length == 0) return false;
-    text.remove_prefix(length);
-  }
-  return true;
-}
-
 // Follows the frames and holds them against what a sound reader says of a file of this size.
 class Hearing {
  public:

@@ -111,6 +111,28 @@ TEST_F(SeasonWindowTest, CancelLeavesTheSeasonTheChoiceAndTheNextRunAsTheyWere) 
   });
 }
 
+TEST_F(SeasonWindowTest, TheChosenGameIsInSightAndTheListsStayWhereTheyAre) {
+  QEventLoop waits;
+  InWindow([this] {
+    Choose(kArchive);
+    ClickRow("grd_Teams", 20);
+    const QRect lists = Part("grd_Games")->geometry();
+    ClickRow("grd_Games", 1);
+    EXPECT_EQ(Part("grd_Games")->geometry(), lists) << "with two files beside it";
+    Press(Form(), Qt::Key_End, Qt::ControlModifier);
+    Click(Part("cmd_LoadGame"));
+  });
+  InWindow([&] {
+    WhenTrue([this] { return Form()->isVisible(); }, [&] { waits.quit(); });
+    waits.exec();  // the window is known before it is there
+    const auto* games = Part<QTableView>("grd_Games");
+    EXPECT_EQ(games->currentIndex().row(), games->model()->rowCount() - 1);
+    const QRect row = games->visualRect(games->currentIndex());
+    EXPECT_TRUE(games->viewport()->rect().contains(row))
+        << row.top() << " to " << row.bottom() << " of " << games->viewport()->height();
+  });
+}
+
 TEST_F(SeasonWindowTest, ASavedGameIsMarkedAndTheNextOneFollows) {
   MakeDatabase("");
   const auto next = [this] {

@@ -7,11 +7,11 @@
 #include <array>
 #include <vector>
 
+#include "archive/lineup_choice.h"
+#include "archive/season_reader.h"
 #include "bench/pairs.h"
 #include "platform/qt/qt_text.h"
 #include "platform/zip/zip_archives.h"
-#include "seasons/lineup_choice.h"
-#include "seasons/season_reader.h"
 
 namespace dtb {
 namespace {
@@ -62,10 +62,10 @@ std::string WholeSeason(const QTemporaryDir& folder) {
 
 void ReadOurs(const std::string& path) {
   const std::unique_ptr<Archive> archive = ZipArchives().OpenArchive(path, Always);
-  const auto season = seasons::ReadSeason(*archive, Always);
+  const auto season = archive::ReadSeason(*archive, Always);
   if (season->games.size() != 900 || season->faultCount != 0) std::abort();
   for (int club = 0; club < static_cast<int>(season->clubs.size()); ++club) {
-    benchmark::DoNotOptimize(seasons::LineUpUsedMost(*season, club));
+    benchmark::DoNotOptimize(archive::LineUpUsedMost(*season, club));
   }
 }
 

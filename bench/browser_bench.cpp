@@ -9,7 +9,7 @@
 #include "bench/quiet_table.h"
 #include "bench/season.h"
 #include "platform/sqlite/sqlite_database.h"
-#include "windows/browser/form4.h"
+#include "windows/browser/browser_window.h"
 
 namespace dtb {
 namespace {
@@ -29,7 +29,7 @@ class Watch : public QObject {
     qApp->installEventFilter(this);
     since_.start();
     turn_ = startTimer(0);
-    Form4::Run(platform, &board);
+    BrowserWindow::Run(platform, &board);
     killTimer(turn_);
   }
 
@@ -47,7 +47,7 @@ class Watch : public QObject {
     if (firstTab > 0) longestPause = std::max(longestPause, now - last_);
     last_ = now;
     if (painted_ && firstTab == 0) firstTab = now;
-    auto* form = qobject_cast<Form4*>(QApplication::activeModalWidget());
+    auto* form = qobject_cast<BrowserWindow*>(QApplication::activeModalWidget());
     if (form == nullptr || !form->Settled() || firstTab == 0) return;
     if (allTabs == 0) allTabs = now;
     form->close();

@@ -13,10 +13,11 @@
 #include "bench/season.h"
 #include "browser/box_score.h"
 #include "browser/opening.h"
+#include "database/save_game.h"
+#include "database/saved_games.h"
+#include "database/saved_tables.h"
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/sqlite_database.h"
-#include "sheet/save_game.h"
-#include "sheet/saved_tables.h"
 
 namespace dtb {
 namespace {
@@ -33,7 +34,7 @@ class NotedSave : public DatabaseSave {
  public:
   NotedSave(std::unique_ptr<DatabaseSave> save, std::vector<Row>& rows)
       : save_(std::move(save)), rows_(rows) {}
-  void Run(const Statement& query, StatGrid& result) override { save_->Run(query, result); }
+  void Run(const Statement& query, RowSink& rows) override { save_->Run(query, rows); }
   void Append(const std::string& table, const std::vector<ColumnText>& row) override {
     rows_.emplace_back(table, row);
     save_->Append(table, row);
@@ -48,9 +49,9 @@ class NotedSave : public DatabaseSave {
 // Tells what the program asks of the database, while told to.
 struct NotedDatabase : SqliteDatabase {
   using SqliteDatabase::SqliteDatabase;
-  void Run(const Statement& query, StatGrid& result) override {
+  void Run(const Statement& query, RowSink& sink) override {
     if (noting) statements.push_back(query);
-    SqliteDatabase::Run(query, result);
+    SqliteDatabase::Run(query, sink);
   }
   std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>& tables) override {
     auto save = SqliteDatabase::BeginSave(tables);
@@ -157,12 +158,12 @@ void QueryOf(benchmark::State& state, const QueryCase& query, int games) {
   OpenedBrowser opened(SeasonOf(games));
   const auto box = QueryButtons()[static_cast<std::size_t>(query.query)].box;
   if (box != nullptr) (opened.state.*box).Set(query.box);
-  MeasureBrowser(state, query.name, games, opened, [&] { LoadQuery(opened.browser, query.query); });
+  MeasureBrowser(state, query.name, games, opened, [&] { RunQuery(opened.browser, query.query); });
 }
 
 void BoxScoreOf(benchmark::State& state, int games) {
   OpenedBrowser opened(SeasonOf(games));
-  LoadQuery(opened.browser, Query::Command4);
+  RunQuery(opened.browser, Query::Command4);
   MeasureBrowser(state, "box score", games, opened, [&opened, games] {
     SelectGameID(opened.browser, games, line_score_column::kGameID);
   });
@@ -172,7 +173,7 @@ void BoxScoreOf(benchmark::State& state, int games) {
 template <class Key, class MakeKey>
 void SortBy(benchmark::State& state, const char* name, int games, int column, MakeKey makeKey) {
   OpenedBrowser opened(SeasonOf(games));
-  LoadQuery(opened.browser, Query::Command5);
+  RunQuery(opened.browser, Query::Command5);
   const StatGrid& grid = opened.state.MSHFlexGrid2.grid;
   std::vector<std::pair<Key, int>> keys;
   for (int row = 1; row < grid.rows(); ++row) {
@@ -267,7 +268,7 @@ void Save(benchmark::State& state, int games) {
 // Beside the bytes of its texts.
 void Memory(benchmark::State& state, const char* name, Query query, int games) {
   OpenedBrowser opened(SeasonOf(games));
-  LoadQuery(opened.browser, query);
+  RunQuery(opened.browser, query);
   const auto button = QueryButtons()[static_cast<std::size_t>(query)];
   const StatGrid& grid = (opened.state.*button.grid).grid;
   std::size_t texts = 0;

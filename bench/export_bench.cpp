@@ -10,16 +10,16 @@
 #include <fstream>
 #include <vector>
 
+#include "base/paths.h"
 #include "bench/pairs.h"
 #include "bench/season.h"
 #include "browser/exports.h"
 #include "browser/opening.h"
-#include "platform/paths.h"
+#include "database/saved_tables.h"
 #include "platform/qt/qt_text.h"
 #include "platform/quiet_desktop.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "platform/xlsx/xlsx_workbooks.h"
-#include "sheet/saved_tables.h"
 
 namespace dtb {
 namespace {

@@ -2,9 +2,9 @@
 // that the way back takes. Goals: 1.1 times the click without it, and 16 MiB for 500 steps.
 #include "bench/pairs.h"
 #include "bench/played_desk.h"
+#include "game/game_pieces.h"
 #include "game/history.h"
 #include "game/outcomes.h"
-#include "teams/game_pieces.h"
 
 namespace dtb {
 namespace {

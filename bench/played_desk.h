@@ -5,8 +5,8 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include "base/paths.h"
 #include "bench/quiet_table.h"
-#include "platform/paths.h"
 #include "windows/desk.h"
 
 namespace dtb {

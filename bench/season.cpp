@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/paths.h"
+#include "base/paths.h"
 #include "platform/qt/qt_text.h"
 
 namespace dtb {

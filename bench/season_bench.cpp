@@ -5,18 +5,18 @@
 #include <QTemporaryDir>
 #include <memory>
 
+#include "base/paths.h"
 #include "bench/pairs.h"
 #include "bench/season.h"
-#include "browser/season_pages.h"
-#include "platform/paths.h"
 #include "platform/qt/qt_text.h"
 #include "platform/quiet_desktop.h"
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/sqlite_database.h"
+#include "season/season_pages.h"
 #include "sqlite3.h"
-#include "windows/browser/season_course_chart.h"
-#include "windows/browser/season_games_chart.h"
-#include "windows/browser/season_score_charts.h"
+#include "windows/season/season_course_chart.h"
+#include "windows/season/season_games_chart.h"
+#include "windows/season/season_score_charts.h"
 
 namespace dtb {
 namespace {
@@ -27,9 +27,9 @@ constexpr double kPagesGoal = 20000;
 
 struct NotedDatabase : SqliteDatabase {
   using SqliteDatabase::SqliteDatabase;
-  void Run(const Statement& query, StatGrid& result) override {
+  void Run(const Statement& query, RowSink& rows) override {
     statements.push_back(query.text);
-    SqliteDatabase::Run(query, result);
+    SqliteDatabase::Run(query, rows);
   }
   std::vector<std::string> statements;
 };
@@ -54,7 +54,8 @@ void FiguresOfFew(benchmark::State& state, int games) {
   SqliteDatabase database(SeasonOf(games));
   std::vector<double> turns;
   for (auto _ : state) {
-    turns.push_back(1000 * SecondsOf([&] { benchmark::DoNotOptimize(ReadSeason(database)); }));
+    turns.push_back(1000 *
+                    SecondsOf([&] { benchmark::DoNotOptimize(ReadSeasonFigures(database)); }));
   }
   NoteTime("season: figures", games, kPictureGoal, turns);
 }
@@ -62,11 +63,12 @@ void FiguresOfFew(benchmark::State& state, int games) {
 void Figures(benchmark::State& state, int games) {
   const auto& file = SeasonOf(games);
   NotedDatabase noted(file);
-  benchmark::DoNotOptimize(ReadSeason(noted));
+  benchmark::DoNotOptimize(ReadSeasonFigures(noted));
   SqliteDatabase database(file);
-  MeasurePair(state, "season: figures", games, kFiguresGoal,
-              {[&] { return SecondsOf([&] { benchmark::DoNotOptimize(ReadSeason(database)); }); },
-               [&] { return SecondsOf([&] { RunBare(file, noted.statements); }); }});
+  MeasurePair(
+      state, "season: figures", games, kFiguresGoal,
+      {[&] { return SecondsOf([&] { benchmark::DoNotOptimize(ReadSeasonFigures(database)); }); },
+       [&] { return SecondsOf([&] { RunBare(file, noted.statements); }); }});
 }
 
 void Picture(benchmark::State& state, const char* name, int games, SeasonChart& chart) {
@@ -82,7 +84,7 @@ void Picture(benchmark::State& state, const char* name, int games, SeasonChart& 
 
 void Pictures(benchmark::State& state, int games, int which) {
   SqliteDatabase database(SeasonOf(games));
-  const auto season = std::make_shared<const SeasonFigures>(ReadSeason(database));
+  const auto season = std::make_shared<const SeasonFigures>(ReadSeasonFigures(database));
   if (which == 0) {
     SeasonCourseChart chart;
     chart.SetSeason(season, -1);
@@ -104,11 +106,9 @@ void Pages(benchmark::State& state, int games) {
   SqliteDatabase database(SeasonOf(games));
   QuietDesktop quiet;
   Platform platform = PlatformOf(quiet, database, quiet, PathOf(FromQt(folder.path())));
-  BrowserState form;
-  Browser browser{form, platform};
   std::vector<double> turns;
   for (auto _ : state) {
-    turns.push_back(1000 * SecondsOf([&] { WriteSeasonPages(browser); }));
+    turns.push_back(1000 * SecondsOf([&] { WriteSeasonPages(platform, {}); }));
   }
   NoteTime("season: pages", games, games == 10000 ? kPagesGoal : 0, turns);
 }

@@ -5,11 +5,11 @@
 #include <QTemporaryDir>
 #include <fstream>
 
-#include "aids/recovery.h"
+#include "base/paths.h"
 #include "bench/first_paint.h"
 #include "bench/quiet_table.h"
 #include "game/outcomes.h"
-#include "platform/paths.h"
+#include "game/recovery.h"
 #include "windows/desk.h"
 
 namespace {

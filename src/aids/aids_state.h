@@ -8,13 +8,15 @@
 #include <string>
 #include <vector>
 
-#include "game/board_state.h"
+#include "base/field.h"
+#include "base/text_cell.h"
 #include "platform/platform.h"
 
 namespace dtb {
 
 inline constexpr int kFaceDice = 3;
 inline constexpr int kNumberDice = 8;
+inline constexpr int kChartButtons = 9;
 
 enum class DiceKind { Faces, Numbers };
 

@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
-#include "platform/paths.h"
-#include "shell/program_error.h"
-#include "shell/utf8.h"
+#include "base/paths.h"
+#include "base/program_error.h"
+#include "base/utf8.h"
+#include "platform/trapped.h"
 
 namespace dtb {
 namespace {

@@ -2,11 +2,12 @@
 
 #include <sstream>
 
-#include "platform/paths.h"
-#include "platform/whole_file.h"
-#include "shell/program_error.h"
-#include "shell/settings_keys.h"
-#include "teams/team_file.h"
+#include "base/decoded_text.h"
+#include "base/paths.h"
+#include "base/program_error.h"
+#include "base/settings_keys.h"
+#include "base/whole_file.h"
+#include "platform/trapped.h"
 
 namespace dtb {
 namespace {

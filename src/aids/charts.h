@@ -2,7 +2,7 @@
 #pragma once
 
 #include "aids/aids_state.h"
-#include "shell/edited_label.h"
+#include "aids/edited_label.h"
 
 namespace dtb {
 

@@ -1,6 +1,7 @@
 #include "aids/crowd.h"
 
-#include "shell/program_error.h"
+#include "base/program_error.h"
+#include "platform/trapped.h"
 
 namespace dtb {
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "aids/aids_state.h"
+#include "base/colour.h"
 
 namespace dtb {
 

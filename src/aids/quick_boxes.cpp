@@ -1,7 +1,8 @@
 #include "aids/quick_boxes.h"
 
-#include "shell/program_error.h"
-#include "shell/settings_keys.h"
+#include "base/program_error.h"
+#include "base/settings_keys.h"
+#include "platform/trapped.h"
 
 namespace dtb {
 

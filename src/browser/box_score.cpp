@@ -6,7 +6,7 @@
 
 #include "browser/grid_format.h"
 #include "browser/queries.h"
-#include "browser/saved_games.h"
+#include "database/saved_games.h"
 
 namespace dtb {
 namespace {

@@ -1,4 +1,4 @@
-// What the database browser, Form4, holds while it is open.
+// What the database browser, BrowserWindow, holds while it is open.
 #pragma once
 
 #include <array>
@@ -7,8 +7,8 @@
 #include <optional>
 #include <string>
 
-#include "game/field.h"
-#include "sheet/stat_grid.h"
+#include "base/field.h"
+#include "base/stat_grid.h"
 
 namespace dtb {
 
@@ -105,13 +105,5 @@ struct BrowserState {
 // Tints of the games in MSHFlexGrid1, and the ink of what can be clicked there.
 inline constexpr Colour kGameTint{204, 250, 255};
 inline constexpr Colour kClickableBlue{0, 0, 255};
-
-// Columns of MSHFlexGrid1 and MSHFlexGrid12.
-namespace line_score_column {
-inline constexpr int kTeam = 1;
-inline constexpr int kRuns = 22;
-inline constexpr int kHost = 25;  // hidden
-inline constexpr int kGameID = 26;
-}  // namespace line_score_column
 
 }  // namespace dtb

@@ -6,13 +6,13 @@
 #include <string>
 #include <string_view>
 
-#include "game/text_cell.h"
+#include "base/program_error.h"
+#include "base/time_stamp.h"
+#include "database/rows.h"
+#include "database/saved_tables.h"
 #include "platform/database.h"
-#include "sheet/saved_tables.h"
+#include "sheet/report_files.h"
 #include "sheet/workbook_export.h"
-#include "shell/program_error.h"
-#include "shell/report_files.h"
-#include "shell/time_stamp.h"
 
 namespace dtb {
 namespace {
@@ -105,12 +105,10 @@ std::vector<double> CountRows(Database& database) {
     query += (query.back() == ' ' ? "" : ", ");
     query += "(SELECT count(*) FROM " + columns.table + ")";
   }
-  StatGrid counts(1, 1);
-  database.Run({query}, counts);
   std::vector<double> rows;
-  for (int column = 1; column < counts.columns(); ++column) {
-    rows.push_back(NumberOf(counts.Text(1, column)));
-  }
+  ForEachRow(database, {query}, [&rows](std::span<const DatabaseValue> counts) {
+    for (const DatabaseValue& count : counts) rows.push_back(NumberIn(count));
+  });
   return rows;
 }
 
@@ -119,10 +117,9 @@ bool AddTable(WorkbookExport& workbook, Database& database, const std::string& t
   constexpr int kRowsBelowHeader = kMostSheetRows - 1;
   int first = 0;
   for (int sheet = 1;; ++sheet, first += kRowsBelowHeader) {
-    StatGrid rows(1, 1);
-    database.Run({"SELECT * FROM " + table + " ORDER BY rowid LIMIT " +
-                  std::to_string(kRowsBelowHeader) + " OFFSET " + std::to_string(first)},
-                 rows);
+    const StatGrid rows =
+        TextsOf(database, {"SELECT * FROM " + table + " ORDER BY rowid LIMIT " +
+                           std::to_string(kRowsBelowHeader) + " OFFSET " + std::to_string(first)});
     if (sheet > 1 && rows.rows() == 1) return true;
     std::vector<int> columns = AllColumns(rows);
     columns.erase(columns.begin());

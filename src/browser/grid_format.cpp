@@ -4,7 +4,8 @@
 #include <array>
 #include <utility>
 
-#include "game/text_cell.h"
+#include "base/text_cell.h"
+#include "database/rows.h"
 
 namespace dtb {
 namespace {
@@ -51,8 +52,7 @@ void LayOut(StatGrid& cells, std::span<const int> leftAligned) {
 
 StatGrid ReadGrid(Database& database, const Statement& statement,
                   std::span<const int> leftAligned) {
-  StatGrid cells(1, 1);
-  database.Run(statement, cells);
+  StatGrid cells = TextsOf(database, statement);
   LayOut(cells, leftAligned);
   return cells;
 }

@@ -7,7 +7,8 @@
 
 #include "browser/bracket.h"
 #include "browser/grid_format.h"
-#include "browser/lost_database.h"
+#include "database/lost_database.h"
+#include "database/saved_games.h"
 
 namespace dtb {
 namespace {
@@ -97,7 +98,7 @@ void Opening::Read(Table& table) {
     if (table.query) {
       contents = ReadQuery(database, *table.query, {}, stop_.get_token());
     } else {
-      season = std::make_shared<SeasonFigures>(ReadSeason(database, stop_.get_token()));
+      season = std::make_shared<SeasonFigures>(ReadSeasonFigures(database, stop_.get_token()));
     }
   } catch (const DatabaseOutOfReach& failure) {
     fault = failure.what();
@@ -222,7 +223,7 @@ void ReadAgain(Browser& browser) {
       const auto [shown, box] = grid.shown.value_or(BrowserGrid::Shown{*query, {}});
       ShowTable(browser, shown, box, ReadQuery(database, shown, box));
     }
-    state.season.Set(std::make_shared<SeasonFigures>(ReadSeason(database, {})));
+    state.season.Set(std::make_shared<SeasonFigures>(ReadSeasonFigures(database, {})));
   } catch (const ProgramError& failure) {
     TellQueryFailure(browser, failure.what());
   }

@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "browser/queries.h"
-#include "browser/season_figures.h"
+#include "season/season_figures.h"
 
 namespace dtb {
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "browser/grid_format.h"
+#include "database/saved_games.h"
 
 namespace dtb {
 namespace {
@@ -174,12 +175,6 @@ StatGrid ReadQuery(Database& database, Query query, const std::string& box, std:
   return grid;
 }
 
-void LoadQuery(Browser& browser, Query query) {
-  const QueryButton& button = kButtons.at(static_cast<std::size_t>(query));
-  const std::string box = button.box == nullptr ? "" : (browser.state.*button.box).value();
-  ShowQuery(browser, query, box, ReadQuery(browser.platform.database, query, box));
-}
-
 void ShowQuery(Browser& browser, Query query, const std::string& box, StatGrid&& contents) {
   BrowserGrid& grid = browser.state.*kButtons.at(static_cast<std::size_t>(query)).grid;
   ShowGrid(grid, std::move(contents));
@@ -187,8 +182,10 @@ void ShowQuery(Browser& browser, Query query, const std::string& box, StatGrid&&
 }
 
 void RunQuery(Browser& browser, Query query) {
+  const QueryButton& button = kButtons.at(static_cast<std::size_t>(query));
+  const std::string box = button.box == nullptr ? "" : (browser.state.*button.box).value();
   try {
-    LoadQuery(browser, query);
+    ShowQuery(browser, query, box, ReadQuery(browser.platform.database, query, box));
   } catch (const ProgramError& failure) {
     TellQueryFailure(browser, failure.what());
   }

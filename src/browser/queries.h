@@ -46,9 +46,6 @@ struct QueryButton {
 // plain message, and the grid keeps its contents.
 void RunQuery(Browser& browser, Query query);
 
-// The same without the message: throws ProgramError.
-void LoadQuery(Browser& browser, Query query);
-
 // What the grid of a query shall hold for this text in its box, laid out. Throws ProgramError. Any
 // thread may call it; once a stop is asked for, it fails soon.
 [[nodiscard]] StatGrid ReadQuery(Database& database, Query query, const std::string& box,

@@ -2,10 +2,10 @@
 
 #include <string>
 
+#include "game/batting_order.h"
+#include "game/game_pieces.h"
 #include "game/gate.h"
-#include "teams/batting_order.h"
-#include "teams/game_pieces.h"
-#include "teams/player_name.h"
+#include "game/player_name.h"
 
 namespace dtb {
 namespace {

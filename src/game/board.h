@@ -4,10 +4,11 @@
 #include <optional>
 #include <string>
 
+#include "base/side.h"
 #include "game/board_state.h"
+#include "game/event_log.h"
+#include "game/stat_sheet.h"
 #include "platform/platform.h"
-#include "sheet/stat_sheet.h"
-#include "shell/event_log.h"
 
 namespace dtb {
 
@@ -24,12 +25,6 @@ struct Board {
   NewGames* newGames = nullptr;  // none: one run is one game
   std::string savedTold = {};    // GameID of the saved game that an outcome has told about
 };
-
-enum class Side { Visitors, Home };
-
-[[nodiscard]] constexpr Side Other(Side side) {
-  return side == Side::Visitors ? Side::Home : Side::Visitors;
-}
 
 // The twin fields of one side, by their role.
 struct SideFields {

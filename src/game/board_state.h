@@ -5,11 +5,11 @@
 #include <map>
 #include <string>
 
-#include "game/colour.h"
-#include "game/field.h"
-#include "game/text_cell.h"
+#include "base/colour.h"
+#include "base/field.h"
+#include "base/text_cell.h"
+#include "game/lineup_list.h"
 #include "platform/picture.h"
-#include "teams/lineup_list.h"
 
 namespace dtb {
 
@@ -57,8 +57,6 @@ inline constexpr int kPieces = 4;
 // Pieces are 1350 by 2025 twips at start, 15 twips to the pixel of the reference screen.
 inline constexpr double kPieceWidth = 90;
 inline constexpr double kPieceHeight = 135;
-
-inline constexpr int kChartButtons = 9;
 
 struct BoardState {
   // Sides and current batter.

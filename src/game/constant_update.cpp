@@ -1,7 +1,8 @@
 #include "game/constant_update.h"
 
+#include "base/program_error.h"
 #include "game/innings.h"
-#include "shell/program_error.h"
+#include "platform/trapped.h"
 
 namespace dtb {
 namespace {

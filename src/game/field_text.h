@@ -7,9 +7,9 @@
 #include <string>
 #include <string_view>
 
+#include "base/program_error.h"
 #include "game/board_state.h"
-#include "sheet/stat_sheet.h"
-#include "shell/program_error.h"
+#include "game/stat_sheet.h"
 
 namespace dtb {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "game/board_state.h"
-#include "sheet/stat_sheet.h"
+#include "game/stat_sheet.h"
 
 namespace dtb {
 

@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "game/batting_order.h"
+#include "game/game_pieces.h"
 #include "game/played_mark.h"
-#include "teams/batting_order.h"
-#include "teams/game_pieces.h"
 
 namespace dtb {
 namespace {

@@ -4,8 +4,9 @@
 #include <cmath>
 #include <utility>
 
+#include "base/program_error.h"
 #include "game/played_mark.h"
-#include "shell/program_error.h"
+#include "platform/trapped.h"
 
 namespace dtb {
 namespace {

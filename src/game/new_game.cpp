@@ -5,13 +5,14 @@
 #include <utility>
 #include <vector>
 
-#include "aids/logos.h"
-#include "aids/recovery.h"
+#include "base/paths.h"
+#include "base/program_error.h"
+#include "game/game_pieces.h"
 #include "game/history.h"
 #include "game/memento.h"
-#include "platform/paths.h"
-#include "shell/program_error.h"
-#include "teams/game_pieces.h"
+#include "game/recovery.h"
+#include "platform/trapped.h"
+#include "teams/logos.h"
 #include "teams/team_load.h"
 
 namespace dtb {

@@ -1,5 +1,6 @@
 #include "game/outcomes.h"
 
+#include "base/program_error.h"
 #include "game/batter_guard.h"
 #include "game/gate.h"
 #include "game/history.h"
@@ -7,7 +8,7 @@
 #include "game/new_game.h"
 #include "game/outs.h"
 #include "game/runs.h"
-#include "shell/program_error.h"
+#include "platform/trapped.h"
 
 namespace dtb {
 namespace {

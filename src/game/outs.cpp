@@ -1,9 +1,10 @@
 #include "game/outs.h"
 
+#include "base/program_error.h"
+#include "game/batting_order.h"
 #include "game/gate.h"
 #include "game/history.h"
-#include "shell/program_error.h"
-#include "teams/batting_order.h"
+#include "platform/trapped.h"
 
 namespace dtb {
 namespace {

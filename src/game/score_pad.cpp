@@ -1,9 +1,10 @@
 #include "game/score_pad.h"
 
+#include "base/program_error.h"
 #include "game/constant_update.h"
 #include "game/history.h"
 #include "game/innings.h"
-#include "shell/program_error.h"
+#include "platform/trapped.h"
 
 namespace dtb {
 namespace {

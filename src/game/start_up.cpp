@@ -1,11 +1,12 @@
 #include "game/start_up.h"
 
-#include "aids/logos.h"
+#include "base/program_error.h"
+#include "base/settings_keys.h"
+#include "game/game_pieces.h"
 #include "game/innings.h"
-#include "shell/program_error.h"
-#include "shell/settings_keys.h"
-#include "teams/game_pieces.h"
+#include "platform/trapped.h"
 #include "teams/lineup_edit.h"
+#include "teams/logos.h"
 
 namespace dtb {
 namespace {

@@ -1,16 +1,18 @@
 // The statistics database as the logic knows it.
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <span>
 #include <stop_token>
 #include <string>
+#include <string_view>
+#include <variant>
 #include <vector>
 
-#include "shell/program_error.h"
+#include "base/program_error.h"
 
 namespace dtb {
-
-class StatGrid;
 
 // The file cannot be used at all: missing, empty, of a foreign format, damaged, locked, read-only.
 class DatabaseOutOfReach : public ProgramError {
@@ -42,16 +44,28 @@ struct TableColumns {
   std::vector<std::string> columns;
 };
 
+// A value as the database has it: Null, a whole number, another number or a text, which is good
+// until whoever gave it goes on.
+using DatabaseValue = std::variant<std::monostate, std::int64_t, double, std::string_view>;
+
+// Takes the result of a query.
+class RowSink {
+ public:
+  virtual ~RowSink() = default;
+  // The names or aliases of the fields: once, before the first row.
+  virtual void TakeFields(std::vector<std::string> names) = 0;
+  // One record, with as many values as there are fields.
+  virtual void TakeRow(std::span<const DatabaseValue> row) = 0;
+};
+
 // Whoever answers queries.
 class DatabaseReader {
  public:
   virtual ~DatabaseReader() = default;
 
-  // Replaces the contents of the grid with the result: row 0 has the names or aliases of the fields
-  // from column 1 on, each record is a row from row 1 on, column 0 is empty. Null reads "", a
-  // number is plain decimal text of at most 15 digits: 1 and 6.33, never 1.0. On an error the grid
-  // stays as it was.
-  virtual void Run(const Statement& query, StatGrid& result) = 0;
+  // Gives the result of a query, row by row, on the calling thread. Throws ProgramError, perhaps
+  // after some rows.
+  virtual void Run(const Statement& query, RowSink& rows) = 0;
 };
 
 // One save in progress. Until Commit nothing of it can be read by anyone else: a crash, or the end
@@ -80,7 +94,7 @@ class DatabaseChange : public DatabaseReader {
 // A file of five tables. No connection to it stays open between two calls, apart from a save or
 // change in progress. Nothing here creates the file or replaces it. All errors are ProgramErrors
 // that say in plain words what is wrong, with the file's path: DatabaseOutOfReach where no other
-// statement would fare better. Several threads may run queries at a time, each into a grid of its
+// statement would fare better. Several threads may run queries at a time, each into a sink of its
 // own.
 //
 // A table that lacks a column, or the whole of it, reads as if it stood there without values, and

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "base/time_stamp.h"
 #include "platform/picture.h"
 
 namespace dtb {
@@ -184,17 +185,6 @@ class RecoveryStore {
   // the game in progress.
   [[nodiscard]] virtual std::string PutAside(const std::string& bytes,
                                              const std::string& title) = 0;
-};
-
-struct LocalTime {
-  int year = 0;
-  int month = 1;  // 1 to 12
-  int day = 1;
-  int hour = 0;  // 0 to 23
-  int minute = 0;
-  int second = 0;
-
-  [[nodiscard]] int secondsSinceMidnight() const { return (hour * 60 + minute) * 60 + second; }
 };
 
 class Clock {

@@ -4,12 +4,12 @@
 
 #include <memory>
 
-#include "aids/random_generator.h"
 #include "platform/archive.h"
 #include "platform/database.h"
 #include "platform/database_copies.h"
 #include "platform/old_database.h"
 #include "platform/platform.h"
+#include "platform/random_generator.h"
 #include "platform/workbook.h"
 
 namespace dtb {
@@ -77,7 +77,7 @@ struct QuietDesktop : MessageBoxes,
   void Silence() override {}
   LocalTime Now() override { return {}; }
   std::string NowText() override { return {}; }
-  void Run(const Statement& /*query*/, StatGrid& /*result*/) override {}
+  void Run(const Statement& /*query*/, RowSink& /*rows*/) override {}
   std::vector<std::string> WhatItLacks() override { return {}; }
   std::unique_ptr<DatabaseChange> BeginChange() override { return nullptr; }
   std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>& /*tables*/) override {

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "game/colour.h"
+#include "base/colour.h"
 
 namespace dtb {
 

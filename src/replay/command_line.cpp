@@ -8,7 +8,7 @@
 #include "replay/gesture_forms.h"
 #include "replay/gestures.h"
 #include "replay/import_command.h"
-#include "seasons/teams_command.h"
+#include "replay/teams_command.h"
 
 namespace dtb::replay {
 namespace {
@@ -114,7 +114,7 @@ CommandLine CommandLineOf(const QStringList& arguments) {
 
 QString HelpText() {
   return QString("Usage: %1 [OPTION]... SCRIPT|FOLDER...\n       %1 %2\n       %1 %3\n\n%4")
-      .arg(kName, seasons::kTeamsUsage, kImportUsage, kHelp);
+      .arg(kName, kTeamsUsage, kImportUsage, kHelp);
 }
 
 QString GesturesText() {

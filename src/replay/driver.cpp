@@ -6,14 +6,14 @@
 #include <QTimer>
 
 #include "replay/gestures.h"
-#include "windows/browser/form4.h"
+#include "windows/browser/browser_window.h"
 
 namespace dtb::replay {
 namespace {
 
 // The browser's tables are still on their way to a person who waits for them.
 bool ReadsTables() {
-  const auto* browser = qobject_cast<Form4*>(QApplication::activeModalWidget());
+  const auto* browser = qobject_cast<BrowserWindow*>(QApplication::activeModalWidget());
   return browser != nullptr && !browser->Settled() && MessageBox::Open() == nullptr;
 }
 

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "game/text_cell.h"
-#include "platform/paths.h"
+#include "base/paths.h"
+#include "base/text_cell.h"
 #include "platform/qt/qt_text.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "replay/game_state.h"

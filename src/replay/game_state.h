@@ -7,7 +7,7 @@
 #include <string>
 
 #include "replay/gesture_forms.h"
-#include "windows/board/form1.h"
+#include "windows/board/board_window.h"
 
 namespace dtb::replay {
 
@@ -15,7 +15,8 @@ using StateMap = std::map<std::string, std::string>;
 
 // The whole state: names and values, many of them empty; with that of the browser while it is open.
 // Whether a control is shown is asked of the window itself.
-[[nodiscard]] StateMap StateLines(Board& board, const Form1& form1, const QStringList& messages);
+[[nodiscard]] StateMap StateLines(Board& board, const BoardWindow& form1,
+                                  const QStringList& messages);
 
 struct Comparison {
   QStringList differences;  // one sentence each

@@ -3,10 +3,10 @@
 #include <cstdio>
 #include <new>
 
-#include "browser/old_database.h"
+#include "base/paths.h"
+#include "base/program_error.h"
+#include "database/old_database.h"
 #include "platform/jet/jet_database.h"
-#include "platform/paths.h"
-#include "shell/program_error.h"
 
 namespace dtb::replay {
 

@@ -5,7 +5,7 @@
 #include <QTimer>
 #include <cstdio>
 
-#include "platform/zip/zip_archives.h"
+#include "base/version.h"
 #include "replay/command_line.h"
 #include "replay/game_state.h"
 #include "replay/gestures.h"
@@ -13,8 +13,7 @@
 #include "replay/player.h"
 #include "replay/program_files.h"
 #include "replay/script_check.h"
-#include "seasons/teams_command.h"
-#include "shell/version.h"
+#include "replay/teams_command.h"
 #include "windows/application.h"
 
 namespace dtb::replay {
@@ -169,15 +168,6 @@ int Play(const CommandLine& line, int argc, char** argv) {
   return PlayGame(script, line);
 }
 
-// Needs no window and no toolkit.
-int MakeTeams(const std::vector<std::string>& arguments) {
-  ZipArchives archives;
-  const seasons::CommandResult result = seasons::RunTeams(archives, arguments);
-  std::fputs(result.errors.c_str(), stderr);
-  std::fputs(result.output.c_str(), stdout);
-  return result.exitCode;
-}
-
 int Tell(const QString& text) {
   std::fputs(qUtf8Printable(text), stdout);
   return 0;
@@ -188,7 +178,7 @@ int Main(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) arguments += QString::fromLocal8Bit(argv[i]);
   if (arguments.value(0) == "teams" && arguments.value(1) != "--help" &&
       arguments.value(1) != "-h") {
-    return MakeTeams({argv + 2, argv + argc});
+    return RunTeams(arguments.mid(1));
   }
   if (arguments.value(0) == "import" && arguments.value(1) != "--help" &&
       arguments.value(1) != "-h") {

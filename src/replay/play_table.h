@@ -7,7 +7,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "platform/paths.h"
+#include "base/paths.h"
 #include "platform/qt/qt_text.h"
 #include "platform/quiet_desktop.h"
 #include "replay/gestures.h"

@@ -11,11 +11,11 @@
 #include <utility>
 
 #include "game/history.h"
+#include "game/player_name.h"
 #include "replay/game_state.h"
 #include "replay/gesture_forms.h"
 #include "replay/gestures.h"
 #include "replay/script_check.h"
-#include "teams/player_name.h"
 
 namespace dtb::replay {
 namespace {

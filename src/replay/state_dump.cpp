@@ -1,6 +1,6 @@
 #include "platform/qt/qt_text.h"
 #include "replay/game_state.h"
-#include "windows/browser/form4.h"
+#include "windows/browser/browser_window.h"
 
 namespace dtb::replay {
 namespace {
@@ -114,7 +114,7 @@ void PutPieces(Lines& lines, const BoardState& state) {
   }
 }
 
-void PutVisible(Lines& lines, const Form1& form1) {
+void PutVisible(Lines& lines, const BoardWindow& form1) {
   for (const char* name : {"fra_Options", "pb_BaseTracker", "pb_Res", "Frame1", "Text1",
                            "lbl_PhotoPath", "tb_List1edit", "tb_List2edit", "lbl_Player1",
                            "lbl_Player2", "lbl_Player3", "lbl_Player4"}) {
@@ -162,7 +162,7 @@ void PutSeason(Lines& lines, const SeasonTab& season) {
 
 }  // namespace
 
-StateMap StateLines(Board& board, const Form1& form1, const QStringList& messages) {
+StateMap StateLines(Board& board, const BoardWindow& form1, const QStringList& messages) {
   Lines lines;
   PutFields(lines, board.state, board.sheet);
   PutSide(lines, board, Side::Visitors);
@@ -171,7 +171,7 @@ StateMap StateLines(Board& board, const Form1& form1, const QStringList& message
   PutVisible(lines, form1);
   lines.PutAll("grd_VisStats", board.sheet.grd_VisStats, "grd_HomeStats", board.sheet.grd_HomeStats,
                "grd_BoxScore", board.sheet.grd_BoxScore);
-  if (const auto* browser = form1.findChild<const Form4*>()) {
+  if (const auto* browser = form1.findChild<const BrowserWindow*>()) {
     PutBrowser(lines, browser->state());
     PutSeason(lines, browser->season());
   }

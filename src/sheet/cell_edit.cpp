@@ -2,8 +2,9 @@
 
 #include <string>
 
+#include "base/program_error.h"
 #include "game/history.h"
-#include "shell/program_error.h"
+#include "platform/trapped.h"
 
 namespace dtb {
 namespace {

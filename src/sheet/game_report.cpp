@@ -1,14 +1,16 @@
 #include "sheet/game_report.h"
 
+#include "base/file_names.h"
+#include "base/paths.h"
+#include "base/program_error.h"
+#include "base/time_stamp.h"
+#include "base/utf8.h"
+#include "base/whole_file.h"
 #include "game/history.h"
 #include "game/innings.h"
-#include "platform/paths.h"
-#include "platform/whole_file.h"
+#include "platform/trapped.h"
 #include "sheet/cell_edit.h"
-#include "shell/program_error.h"
-#include "shell/report_files.h"
-#include "shell/time_stamp.h"
-#include "shell/utf8.h"
+#include "sheet/report_files.h"
 
 namespace dtb {
 namespace {

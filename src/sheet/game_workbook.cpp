@@ -1,10 +1,11 @@
 #include "sheet/game_workbook.h"
 
+#include "base/file_names.h"
+#include "base/program_error.h"
+#include "base/time_stamp.h"
+#include "platform/trapped.h"
 #include "sheet/cell_edit.h"
 #include "sheet/workbook_export.h"
-#include "shell/program_error.h"
-#include "shell/report_files.h"
-#include "shell/time_stamp.h"
 
 namespace dtb {
 namespace {

@@ -7,11 +7,11 @@
 
 #include "game/history.h"
 #include "game/innings.h"
+#include "game/player_name.h"
 #include "sheet/number_cells.h"
 #include "sheet/reckoning.h"
 #include "teams/lineup_edit.h"
 #include "teams/pitchers.h"
-#include "teams/player_name.h"
 
 namespace dtb {
 namespace {

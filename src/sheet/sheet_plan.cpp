@@ -5,8 +5,8 @@
 #include <numeric>
 #include <utility>
 
+#include "base/program_error.h"
 #include "platform/workbook.h"
-#include "shell/program_error.h"
 
 namespace dtb {
 namespace {

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/stat_grid.h"
 #include "platform/workbook.h"
-#include "sheet/stat_grid.h"
 
 namespace dtb {
 

@@ -2,8 +2,9 @@
 
 #include <utility>
 
-#include "platform/paths.h"
-#include "shell/report_files.h"
+#include "base/file_names.h"
+#include "base/paths.h"
+#include "sheet/report_files.h"
 
 namespace dtb {
 namespace {

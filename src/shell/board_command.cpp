@@ -2,10 +2,10 @@
 
 #include <sstream>
 
-#include "platform/paths.h"
-#include "platform/whole_file.h"
-#include "shell/version.h"
-#include "teams/team_file.h"
+#include "base/decoded_text.h"
+#include "base/paths.h"
+#include "base/version.h"
+#include "base/whole_file.h"
 
 namespace dtb {
 namespace {

@@ -10,11 +10,11 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "platform/paths.h"
+#include "base/paths.h"
+#include "base/version.h"
 #include "platform/qt/program_folder.h"
 #include "platform/qt/qt_text.h"
 #include "shell/board_command.h"
-#include "shell/version.h"
 #include "teams/team_load.h"
 #include "windows/application.h"
 #include "windows/desk.h"

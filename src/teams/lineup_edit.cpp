@@ -2,10 +2,11 @@
 
 #include <algorithm>
 
+#include "base/program_error.h"
+#include "game/game_pieces.h"
 #include "game/history.h"
-#include "shell/program_error.h"
-#include "teams/game_pieces.h"
-#include "teams/player_name.h"
+#include "game/player_name.h"
+#include "platform/trapped.h"
 #include "teams/sheet_line.h"
 
 namespace dtb {

@@ -1,6 +1,6 @@
 #include "teams/photo_folder.h"
 
-#include "shell/settings_keys.h"
+#include "base/settings_keys.h"
 
 namespace dtb {
 

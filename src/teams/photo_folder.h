@@ -1,8 +1,8 @@
 // The folder of the player photos.
 #pragma once
 
+#include "aids/edited_label.h"
 #include "game/board_state.h"
-#include "shell/edited_label.h"
 
 namespace dtb {
 

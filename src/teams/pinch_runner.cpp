@@ -2,11 +2,12 @@
 
 #include <optional>
 
+#include "base/program_error.h"
+#include "game/batting_order.h"
+#include "game/game_pieces.h"
 #include "game/history.h"
 #include "game/new_game.h"
-#include "shell/program_error.h"
-#include "teams/batting_order.h"
-#include "teams/game_pieces.h"
+#include "platform/trapped.h"
 #include "teams/sheet_line.h"
 
 namespace dtb {

@@ -1,11 +1,12 @@
 #include "teams/pitchers.h"
 
+#include "base/program_error.h"
+#include "game/batting_order.h"
+#include "game/game_pieces.h"
 #include "game/history.h"
 #include "game/innings.h"
-#include "shell/program_error.h"
-#include "teams/batting_order.h"
-#include "teams/game_pieces.h"
-#include "teams/player_name.h"
+#include "game/player_name.h"
+#include "platform/trapped.h"
 #include "teams/sheet_line.h"
 
 namespace dtb {

@@ -4,10 +4,9 @@
 #include <string_view>
 #include <system_error>
 
-#include "platform/paths.h"
-#include "platform/text.h"
-#include "shell/program_error.h"
-#include "shell/utf8.h"
+#include "base/decoded_text.h"
+#include "base/paths.h"
+#include "base/program_error.h"
 
 namespace dtb {
 namespace {
@@ -43,17 +42,6 @@ std::string ReadBytes(const std::filesystem::path& file) {
 }
 
 }  // namespace
-
-std::string DecodedText(std::string bytes) {
-  // One mark at most: what looks like a second one is text.
-  if (bytes.starts_with("\xEF\xBB\xBF")) {
-    bytes.erase(0, 3);
-  } else if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) {
-    const auto order = bytes.front() == '\xFE' ? ByteOrder::BigEndian : ByteOrder::LittleEndian;
-    return FromUtf16(std::string_view(bytes).substr(2), order);
-  }
-  return IsUtf8(bytes) ? std::move(bytes) : FromWindows1252(bytes);
-}
 
 void ReadTeamFile(const std::filesystem::path& file,
                   const std::function<void(std::string line)>& giveLine) {

@@ -10,9 +10,6 @@ namespace dtb {
 // A team file larger than this is refused: 5,000 lines of 1,000 letters fit.
 inline constexpr std::uintmax_t kLargestTeamFile = std::uintmax_t{16} * 1024 * 1024;
 
-// A text of that kind as UTF-8: what is no UTF-8 is Windows-1252, or UTF-16 behind its mark.
-[[nodiscard]] std::string DecodedText(std::string bytes);
-
 // Reads all lines of a team file as UTF-8, less the empty ones, and gives them out in order. A line
 // ends at CR, CR LF or LF. Bytes that are not UTF-8 are read as Windows-1252; a byte order mark is
 // no part of the first line, and UTF-16 with one is understood. Throws ProgramError, in plain

@@ -4,14 +4,15 @@
 #include <unordered_set>
 #include <utility>
 
-#include "aids/logos.h"
+#include "base/paths.h"
+#include "base/program_error.h"
+#include "base/utf8.h"
+#include "game/batting_order.h"
 #include "game/history.h"
 #include "game/new_game.h"
-#include "platform/paths.h"
-#include "shell/program_error.h"
-#include "shell/utf8.h"
-#include "teams/batting_order.h"
-#include "teams/player_name.h"
+#include "game/player_name.h"
+#include "platform/trapped.h"
+#include "teams/logos.h"
 #include "teams/team_file.h"
 
 namespace dtb {

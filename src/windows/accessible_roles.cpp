@@ -4,7 +4,7 @@
 
 #include "windows/aids/dice_panels.h"
 #include "windows/boxes/message_box.h"
-#include "windows/browser/season_chart.h"
+#include "windows/season/season_chart.h"
 #include "windows/shared/controls.h"
 
 namespace dtb {

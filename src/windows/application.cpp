@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <utility>
 
-#include "shell/program_error.h"
+#include "base/program_error.h"
 
 namespace dtb {
 

@@ -12,11 +12,12 @@
 #include "aids/ballparks.h"
 #include "aids/charts.h"
 #include "aids/quick_boxes.h"
-#include "aids/recovery.h"
-#include "browser/old_database.h"
+#include "database/old_database.h"
+#include "game/recovery.h"
 #include "game/start_up.h"
 #include "platform/qt/qt_text.h"
-#include "shell/log_file.h"
+#include "platform/trapped.h"
+#include "sheet/log_file.h"
 #include "windows/accessible_roles.h"
 #include "windows/application.h"
 #include "windows/boxes/log_window.h"
@@ -100,7 +101,7 @@ Desk::Desk(const Setup& setup)
   SetUpBallparks(aids_);
   ReadChartNames(aids_);
   ReadQuickBoxes(aids_);
-  form1_ = std::make_unique<Form1>(board_, aids_, pictures_);
+  form1_ = std::make_unique<BoardWindow>(board_, aids_, pictures_);
   if (keepsGame_) ServeRecovery();
   boxes_.SetMainWindow(form1_.get());
   new BoardType(form1_.get());

@@ -6,7 +6,6 @@
 #include <memory>
 
 #include "aids/aids_state.h"
-#include "aids/random_generator.h"
 #include "game/history.h"
 #include "game/new_game.h"
 #include "platform/qt/qt_desktop.h"
@@ -15,11 +14,12 @@
 #include "platform/qt/qt_recovery_store.h"
 #include "platform/qt/qt_settings_store.h"
 #include "platform/qt/qt_sounds.h"
+#include "platform/random_generator.h"
 #include "platform/sqlite/sqlite_copies.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "platform/xlsx/xlsx_workbooks.h"
 #include "platform/zip/zip_archives.h"
-#include "windows/board/form1.h"
+#include "windows/board/board_window.h"
 #include "windows/boxes/window_boxes.h"
 #include "windows/browser/busy_old_database.h"
 
@@ -54,7 +54,7 @@ class Desk {
   [[nodiscard]] AidsState& aids() { return aidsState_; }
   // None where nothing is kept.
   [[nodiscard]] QtRecoveryStore* recovery() { return keepsGame_ ? &store_ : nullptr; }
-  [[nodiscard]] Form1& form1() { return *form1_; }
+  [[nodiscard]] BoardWindow& form1() { return *form1_; }
 
  private:
   void ServeRecovery();
@@ -89,7 +89,7 @@ class Desk {
   QtRecoveryStore store_;
   bool keepsGame_;  // else it has games that are set aside alone
   NewGames newGames_{aidsState_, store_};
-  std::unique_ptr<Form1> form1_;
+  std::unique_ptr<BoardWindow> form1_;
 };
 
 }  // namespace dtb

@@ -5,9 +5,9 @@
 #include "aids/charts.h"
 #include "aids/crowd.h"
 #include "aids/dice.h"
-#include "aids/logos.h"
-#include "aids/random_generator.h"
 #include "fake_platform.h"
+#include "platform/random_generator.h"
+#include "teams/logos.h"
 
 namespace dtb {
 namespace {

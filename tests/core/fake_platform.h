@@ -9,6 +9,10 @@
 #include <set>
 #include <sstream>
 
+#include "base/paths.h"
+#include "base/program_error.h"
+#include "game/batting_order.h"
+#include "game/game_pieces.h"
 #include "game/history.h"
 #include "game/memento.h"
 #include "game/outcomes.h"
@@ -16,12 +20,8 @@
 #include "game/runners.h"
 #include "game/score_pad.h"
 #include "game/start_up.h"
-#include "platform/paths.h"
 #include "platform/quiet_desktop.h"
 #include "sheet/proof.h"
-#include "shell/program_error.h"
-#include "teams/batting_order.h"
-#include "teams/game_pieces.h"
 #include "teams/lineup_edit.h"
 #include "teams/pitchers.h"
 #include "teams/team_load.h"

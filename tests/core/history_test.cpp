@@ -1,7 +1,7 @@
 // Back through the gestures of a game, and forward again; and the game that outlives its program.
-#include "aids/recovery.h"
 #include "fake_platform.h"
 #include "game/field_text.h"
+#include "game/recovery.h"
 #include "sheet/cell_edit.h"
 // After the test library's own header, which the one above includes.
 #include <rapidcheck/gtest.h>

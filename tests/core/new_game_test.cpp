@@ -1,8 +1,8 @@
 // One game after another, and players who come in.
 #include "game/new_game.h"
 
-#include "aids/recovery.h"
 #include "core/fake_platform.h"
+#include "game/recovery.h"
 #include "teams/pinch_runner.h"
 
 namespace dtb {

@@ -2,14 +2,15 @@
 #include <cmath>
 #include <functional>
 
+#include "base/letters.h"
+#include "base/text_cell.h"
 #include "browser/box_score.h"
 #include "browser/bracket.h"
-#include "browser/deletes.h"
+#include "browser/chosen_game.h"
 #include "browser/grid_format.h"
 #include "browser/queries.h"
+#include "database/deletes.h"
 #include "database_test.h"
-#include "game/text_cell.h"
-#include "platform/text.h"
 
 namespace dtb {
 namespace {
@@ -385,8 +386,8 @@ TEST_F(BrowserTest, Deletes) {
   desk.yes = false;
   select(state.MSHFlexGrid9, "O'Neill's Nine");
   DeleteSelected(browser);
-  PurgeAll(browser);
-  DeleteWinLoss(browser);
+  PurgeAll(browser.platform, kBrowserTitle);
+  DeleteWinLoss(browser.platform, kBrowserTitle);
   EXPECT_EQ(counts(), "72 36 12 12 6 ");
   desk.yes = true;
   DeleteSelected(browser);
@@ -398,16 +399,16 @@ TEST_F(BrowserTest, Deletes) {
   EXPECT_EQ(counts(), "72 36 12 9 6 ") << "the name's own % is none";
   Execute("CREATE TRIGGER kept BEFORE DELETE ON Matchups BEGIN SELECT RAISE(ABORT, 'kept'); END");
   for (const auto operation : {PurgeAll, DeleteWinLoss}) {
-    operation(browser);
+    operation(browser.platform, kBrowserTitle);
     EXPECT_TRUE(desk.told.back().starts_with("Nothing was deleted. ")) << desk.told.back();
     EXPECT_EQ(counts(), "72 36 12 9 6 ") << "all or nothing";
   }
   Execute("DROP TRIGGER kept");
   EXPECT_EQ(state.MSHFlexGrid9.grid.rows(), 7) << "the grids keep their rows";
-  DeleteWinLoss(browser);
+  DeleteWinLoss(browser.platform, kBrowserTitle);
   EXPECT_EQ(desk.told.back(), "Win/Loss Matchup data has been deleted.");
   EXPECT_EQ(counts(), "72 36 12 0 0 ");
-  PurgeAll(browser);
+  PurgeAll(browser.platform, kBrowserTitle);
   EXPECT_EQ(desk.told.back(), "Delete of all statistics is complete.");
   EXPECT_EQ(counts(), "0 0 0 0 0 ");
 }

@@ -1,10 +1,10 @@
 #include "copies_test.h"
 
 #include "browser/box_score.h"
-#include "browser/bring_back.h"
-#include "browser/copies.h"
-#include "browser/deletes.h"
-#include "browser/game_out.h"
+#include "browser/chosen_game.h"
+#include "database/backups.h"
+#include "database/deletes.h"
+#include "database/restore.h"
 
 namespace dtb {
 namespace {
@@ -44,8 +44,8 @@ TEST_F(CopiesTest, ComesBackAfterAPurge) {
   Save(2, "Ants", 1, "Bees", 1);
   EXPECT_EQ(copies.CopyNames().size(), 1U) << "one a day before a save";
   desk.time.day += 1;
-  PurgeAll(browser);
-  PurgeAll(browser);
+  PurgeAll(browser.platform, kBrowserTitle);
+  PurgeAll(browser.platform, kBrowserTitle);
   EXPECT_EQ(desk.told.back(),
             "Delete of all statistics is complete.\n\n\"Bring back a copy...\" on the tab "
             "\"Linescores\" gets it back, from the copy of 2026-11-19 10:02:13 (2).");
@@ -74,7 +74,7 @@ TEST_F(CopiesTest, AskWhereNoCopyCanBeMade) {
   for (const bool goOn : {false, true}) {
     desk.told.clear();
     desk.refused = goOn ? "" : "without a copy?";
-    PurgeAll(browser);
+    PurgeAll(browser.platform, kBrowserTitle);
     ASSERT_EQ(desk.told.size(), goOn ? 3U : 2U);
     EXPECT_NE(desk.told[1].find("for the copies cannot be made"), std::string::npos);
     EXPECT_EQ(Count("Batting"), goOn ? "0" : "2");
@@ -107,7 +107,7 @@ TEST_F(CopiesTest, HalfAndDamagedCopies) {
 // Another database is offered where one is missing or damaged, at the opening and at a save.
 TEST_F(CopiesTest, InThePlaceOfALostDatabase) {
   Save(1, "Ants", 4, "Bees", 2);
-  PurgeAll(browser);
+  PurgeAll(browser.platform, kBrowserTitle);
   const std::string damaged(5000, 'x');
   std::ofstream(file, std::ios::binary) << damaged;
   std::ofstream(file.string() + "-journal") << "of the old file";
@@ -157,7 +157,7 @@ TEST_F(CopiesTest, OneGameOut) {
     OpenBrowser(browser);
     desk.told.clear();
     desk.answer = one.answer;
-    TakeOutGame(browser, ChosenGame(state, 3));  // the second game, behind the newest
+    TakeOutChosen(browser, ChosenGame(state, 3));  // the second game, behind the newest
     EXPECT_EQ(Counts(), one.left) << one.before << one.answer;
     EXPECT_EQ(desk.told.size(), one.boxes) << testing::PrintToString(desk.told);
     EXPECT_NE(desk.told[0].find("Ants 5, Bees 3\nGameID 111826100213"), std::string::npos);
@@ -166,11 +166,11 @@ TEST_F(CopiesTest, OneGameOut) {
   copies.BringBack("start.mdb");
   OpenBrowser(browser);
   state.Text9.Set("100113");
-  TakeOutGame(browser, ChosenGame(state, 0));
+  TakeOutChosen(browser, ChosenGame(state, 0));
   EXPECT_EQ(RowsOf(state.MSHFlexGrid9.grid), (Strings{"Ants|1|", "Bees||1"}));
   EXPECT_EQ(RowsOf(state.MSHFlexGrid10.grid), (Strings{"Ants  vs  Bees|1", "Bees  vs  Ants|1"}));
   state.Text9.Set("1118");  // of both that are left
-  TakeOutGame(browser, ChosenGame(state, 0));
+  TakeOutChosen(browser, ChosenGame(state, 0));
   EXPECT_TRUE(desk.told.back().starts_with("No game is chosen."));
 }
 
@@ -194,11 +194,11 @@ TEST_F(CopiesTest, GamesOfOneGameID) {
   ASSERT_EQ(desk.told.size(), boxes + 1);
   EXPECT_NE(desk.told.back().find("Ants 4, Bees 2\nBees 1, Emus 0"), std::string::npos);
 
-  TakeOutGame(browser, ChosenGame(state, 3));
+  TakeOutChosen(browser, ChosenGame(state, 3));
   EXPECT_EQ(Counts(), "4 4 4 4 2 ");
   EXPECT_EQ(Stored("SELECT DISTINCT Team FROM Batting"), (Strings{"Bees", "Ants", "Emus"}));
   desk.yes = false;
-  TakeOutGame(browser, ChosenGame(state, 1));
+  TakeOutChosen(browser, ChosenGame(state, 1));
   EXPECT_NE(desk.told.back().find("have the same GameID and a team in common"), std::string::npos);
   EXPECT_NE(desk.told.back().find("With it go: 4 lines, 4 batters, 4 pitchers"), std::string::npos);
 }
@@ -213,13 +213,13 @@ TEST_F(CopiesTest, TwoBoardsTakeOutOneGame) {
   BrowserState otherState;
   Browser otherBrowser{otherState, otherPorts};
   OpenBrowser(otherBrowser);
-  desk.whileAsked = [&] { TakeOutGame(otherBrowser, ChosenGame(otherState, 1)); };
-  TakeOutGame(browser, ChosenGame(state, 1));
+  desk.whileAsked = [&] { TakeOutChosen(otherBrowser, ChosenGame(otherState, 1)); };
+  TakeOutChosen(browser, ChosenGame(state, 1));
   EXPECT_EQ(Counts(), "2 2 2 2 1 ") << "one game went, with one win and one loss";
   EXPECT_NE(desk.told.back().find("another program has changed the database"), std::string::npos)
       << desk.told.back();
   EXPECT_EQ(state.MSHFlexGrid1.grid.rows(), 3) << "the list is as it is now";
-  TakeOutGame(otherBrowser, GameChoice{"111826100213"});
+  TakeOutChosen(otherBrowser, GameChoice{"111826100213"});
   EXPECT_NE(other.told.back().find("is not in the database any more"), std::string::npos);
 }
 
@@ -292,7 +292,7 @@ TEST_F(CopiesTest, TheCopyJustMadeStays) {
 // What stands in the place of a damaged file takes no link away and no file that came back.
 TEST_F(CopiesTest, LinksAndFilesThatComeBack) {
   Save(1, "Ants", 4, "Bees", 2);
-  PurgeAll(browser);
+  PurgeAll(browser.platform, kBrowserTitle);
   const auto elsewhere = folder / "elsewhere";
   std::filesystem::create_directory(elsewhere);
   std::filesystem::rename(file, elsewhere / "real.mdb");
@@ -323,7 +323,7 @@ TEST_F(CopiesTest, AGameSavedTwiceIsPointedOut) {
   FindGameSavedTwice(browser);
   EXPECT_EQ(state.lbl_Twice.value(),
             "Saved twice: Ants 4, Bees 2, as 111826100113 and again as 111826100213.");
-  TakeOutGame(browser, GameChoice{state.savedAgain});
+  TakeOutChosen(browser, GameChoice{state.savedAgain});
   EXPECT_EQ(state.lbl_Twice.value(), "");
   // Of three with the same lines the first is another game.
   Save(3, "Ants", 4, "Bees", 2);

@@ -16,15 +16,16 @@
 #include <sstream>
 #include <utility>
 
+#include "base/paths.h"
 #include "browser/opening.h"
+#include "database/save_game.h"
+#include "database/saved_games.h"
+#include "database/saved_tables.h"
 #include "game/constant_update.h"
 #include "game/start_up.h"
-#include "platform/paths.h"
 #include "platform/quiet_desktop.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "platform/xlsx/xlsx_workbooks.h"
-#include "sheet/save_game.h"
-#include "sheet/saved_tables.h"
 
 namespace dtb {
 

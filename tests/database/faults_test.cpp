@@ -1,8 +1,8 @@
 #include "browser/box_score.h"
-#include "browser/deletes.h"
 #include "browser/queries.h"
-#include "browser/season_figures.h"
+#include "database/deletes.h"
 #include "database_test.h"
+#include "season/season_figures.h"
 
 namespace dtb {
 namespace {
@@ -30,7 +30,7 @@ class FaultsTest : public DatabaseTest {
       OpenBrowser(browser);
       EXPECT_EQ(state.MSHFlexGrid2.visible.value(), reads);
       if (!reads) ExpectBoxes({fault, fault});
-      PurgeAll(browser);
+      PurgeAll(browser.platform, kBrowserTitle);
       ExpectBoxes({"DELETE all statistics?", fault});
     }
     Table table(ports, "Ants", "Bees");
@@ -135,7 +135,7 @@ TEST_F(FaultsTest, MissingTablesAndColumns) {
       << desk.told.back();
   EXPECT_TRUE(table.sheet.Command2_enabled.value());
 
-  PurgeAll(browser);
+  PurgeAll(browser.platform, kBrowserTitle);
   EXPECT_TRUE(desk.told.back().starts_with("Delete of all")) << desk.told.back();
   EXPECT_EQ(Count("Batting"), "0");
 }

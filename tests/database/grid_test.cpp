@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <set>
 
-#include "sheet/stat_grid.h"
+#include "base/stat_grid.h"
 
 namespace dtb {
 namespace {

@@ -18,7 +18,7 @@ constexpr char kStored = 'S';
 class TellingSave : public DatabaseSave {
  public:
   TellingSave(std::unique_ptr<DatabaseSave> save, int pipe) : save_(std::move(save)), pipe_(pipe) {}
-  void Run(const Statement& query, StatGrid& result) override { save_->Run(query, result); }
+  void Run(const Statement& query, RowSink& rows) override { save_->Run(query, rows); }
   void Append(const std::string& table, const std::vector<ColumnText>& row) override {
     Tell(kStep);
     save_->Append(table, row);
@@ -40,7 +40,7 @@ class TellingSave : public DatabaseSave {
 
 struct TellingDatabase : Database {
   TellingDatabase(Database& inner, int end) : real(inner), pipe(end) {}
-  void Run(const Statement& query, StatGrid& result) override { real.Run(query, result); }
+  void Run(const Statement& query, RowSink& rows) override { real.Run(query, rows); }
   std::vector<std::string> WhatItLacks() override { return real.WhatItLacks(); }
   std::unique_ptr<DatabaseChange> BeginChange() override { return real.BeginChange(); }
   std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>& tables) override {

@@ -1,5 +1,5 @@
 // Old databases of the Jet format: taken over whole, or told and left.
-#include "browser/old_database.h"
+#include "database/old_database.h"
 
 #include <algorithm>
 #include <random>

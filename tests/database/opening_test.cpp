@@ -12,14 +12,14 @@ namespace {
 // Holds the queries of one table back until it is let go, or until nobody wants them any more.
 struct HeldDatabase : SqliteDatabase {
   using SqliteDatabase::SqliteDatabase;
-  void Run(const Statement& query, StatGrid& result) override {
+  void Run(const Statement& query, RowSink& rows) override {
     {
       std::unique_lock lock(mutex);
       asked.push_back(query.text);
       const bool held = query.text.find("FROM Batting") != std::string::npos;
       if (held) changed.wait(lock, query.stop, [this] { return letGo; });
     }
-    SqliteDatabase::Run(query, result);
+    SqliteDatabase::Run(query, rows);
   }
   void LetGo() {
     const std::scoped_lock lock(mutex);

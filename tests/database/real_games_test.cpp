@@ -4,10 +4,11 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "base/text_cell.h"
 #include "browser/box_score.h"
 #include "browser/queries.h"
 #include "database_test.h"
-#include "game/text_cell.h"
+#include "season/season_figures.h"
 
 namespace dtb {
 namespace {
@@ -147,7 +148,7 @@ std::string StoredPitchingRow(const Man& man) {
   return man.name + Cells(man, {"K", "BB", "H", "HR", "ER", "IP"}) + "|" + man.team + "|";
 }
 
-std::string BattingTotals(const Man& man) {
+std::string BattingSums(const Man& man) {
   const double hits = man["1B"] + man["2B"] + man["3B"] + man["HR"];
   const double bases = hits + man["2B"] + 2 * man["3B"] + 3 * man["HR"];
   std::string row = man.name + "|" + man.team +
@@ -158,7 +159,7 @@ std::string BattingTotals(const Man& man) {
   return row;
 }
 
-std::string PitchingTotals(const Man& man) {
+std::string PitchingSums(const Man& man) {
   std::string row = man.name + "|" + man.team + Cells(man, {"K", "BB", "H", "HR", "ER"}) + "|" +
                     Rounded(man["IP"], 2);
   for (const char* figure : {"K", "BB", "H", "HR"}) {
@@ -204,12 +205,12 @@ TEST_F(RealGamesTest, EveryQueryShowsThem) {
            {Query::Command10, ids[1], Rows("PITCHING", second, PitchingRow)},
            {Query::Command4, "", Rows("LINE", all, LineScore)},
            {Query::Command11, ids[1], Rows("LINE", second, LineScore)},
-           {Query::Command6, "", Rows("BATTING", all, BattingTotals, true)},
-           {Query::Command7, "yogi b", Rows("BATTING", named("Yogi Berra"), BattingTotals, true)},
-           {Query::Command8, "new", Rows("BATTING", yankees, BattingTotals, true)},
-           {Query::Command14, "", Rows("PITCHING", all, PitchingTotals, true)},
-           {Query::Command13, "vern", Rows("PITCHING", named("Vern Law"), PitchingTotals, true)},
-           {Query::Command12, "new", Rows("PITCHING", yankees, PitchingTotals, true)},
+           {Query::Command6, "", Rows("BATTING", all, BattingSums, true)},
+           {Query::Command7, "yogi b", Rows("BATTING", named("Yogi Berra"), BattingSums, true)},
+           {Query::Command8, "new", Rows("BATTING", yankees, BattingSums, true)},
+           {Query::Command14, "", Rows("PITCHING", all, PitchingSums, true)},
+           {Query::Command13, "vern", Rows("PITCHING", named("Vern Law"), PitchingSums, true)},
+           {Query::Command12, "new", Rows("PITCHING", yankees, PitchingSums, true)},
            {Query::Command30,
             "",
             {"HOU 2020||1", "New York 1960||2", "OAK 2020|1|", "Pittsburgh 1960|2|"}},
@@ -233,7 +234,7 @@ TEST_F(RealGamesTest, EveryQueryShowsThem) {
   EXPECT_EQ(Shown(state.MSHFlexGrid11.grid), Rows("PITCHING", oakland, StoredPitchingRow));
   EXPECT_EQ(Shown(state.MSHFlexGrid12.grid), Rows("LINE", second, LineScore));
 
-  const SeasonFigures season = ReadSeason(ports.database);
+  const SeasonFigures season = ReadSeasonFigures(ports.database);
   ASSERT_EQ(season.games.size(), games);
   for (const SeasonMan& shown : season.men) {
     double hits = 0;
@@ -245,10 +246,10 @@ TEST_F(RealGamesTest, EveryQueryShowsThem) {
       earned += man["ER"];
       outs += std::round(3 * man["IP"]);
     }
-    EXPECT_EQ(shown.batting.value_or(SeasonLine{})[batting_line::kHits], hits) << shown.name;
-    const SeasonLine pitching = shown.pitching.value_or(SeasonLine{});
-    EXPECT_EQ(pitching[pitching_line::kEarnedRuns], earned) << shown.name;
-    EXPECT_EQ(pitching[pitching_line::kOuts], outs) << shown.name;
+    EXPECT_EQ(shown.batting.value_or(BattingTotals{}).hits, hits) << shown.name;
+    const PitchingTotals pitching = shown.pitching.value_or(PitchingTotals{});
+    EXPECT_EQ(pitching.earnedRuns, earned) << shown.name;
+    EXPECT_EQ(pitching.outs, outs) << shown.name;
   }
 }
 

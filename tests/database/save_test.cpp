@@ -137,7 +137,7 @@ TEST_F(SaveTest, TextWhereNumbersBelongIsNamedAndNothingIsStored) {
 struct ShortOfMemory : QuietDesktop {
   struct Save : DatabaseSave {
     explicit Save(int& rowsLeft) : left(rowsLeft) {}
-    void Run(const Statement& /*query*/, StatGrid& /*result*/) override {}
+    void Run(const Statement& /*query*/, RowSink& /*rows*/) override {}
     void Append(const std::string& /*table*/, const std::vector<ColumnText>& /*row*/) override {
       if (left-- == 0) throw std::bad_alloc();
     }

@@ -1,4 +1,4 @@
-#include "sheet/text_order.h"
+#include "base/text_order.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/text.h"
+#include "base/letters.h"
 
 namespace dtb {
 namespace {

@@ -1,8 +1,9 @@
+#include "base/file_names.h"
 #include "core/fake_platform.h"
 #include "export_test.h"
 #include "sheet/game_report.h"
 #include "sheet/game_workbook.h"
-#include "shell/report_files.h"
+#include "sheet/report_files.h"
 
 namespace dtb {
 namespace {

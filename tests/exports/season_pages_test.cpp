@@ -1,14 +1,14 @@
-#include "browser/season_pages.h"
+#include "season/season_pages.h"
 
 #include <set>
 
+#include "base/text_cell.h"
 #include "browser/queries.h"
-#include "browser/season_html.h"
-#include "browser/season_leaders.h"
-#include "browser/season_outings.h"
-#include "browser/season_standings.h"
 #include "export_test.h"
-#include "game/text_cell.h"
+#include "season/season_html.h"
+#include "season/season_leaders.h"
+#include "season/season_outings.h"
+#include "season/season_standings.h"
 
 namespace dtb {
 namespace {
@@ -104,7 +104,7 @@ class SeasonTest : public ExportTest {
 TEST_F(SeasonTest, FiguresAreThoseOfTheRows) {
   Play(30);
   Execute("INSERT INTO BoxScores (Team, Runs, Host, GameID) VALUES ('Ants', 1, 'a_VIS', 'lonely')");
-  const SeasonFigures season = ReadSeason(ports.database);
+  const SeasonFigures season = ReadSeasonFigures(ports.database);
   ASSERT_EQ(season.games.size(), games.size());
   EXPECT_EQ(season.lonelyLines, 1);
   std::map<std::string, std::vector<int>> courses;
@@ -132,24 +132,23 @@ TEST_F(SeasonTest, FiguresAreThoseOfTheRows) {
   for (const SeasonMan& man : season.men) {
     const std::string& team = season.teams[man.team].name;
     const Row sum = Sum(man.name, team);
-    EXPECT_EQ((*man.batting)[batting_line::kHits], sum.hits);
-    EXPECT_EQ((*man.pitching)[pitching_line::kOuts], sum.outs) << "thirds do not crumble";
-    EXPECT_EQ((*man.pitching)[pitching_line::kEarnedRuns], sum.earned);
+    EXPECT_EQ(man.batting->hits, sum.hits);
+    EXPECT_EQ(man.pitching->outs, sum.outs) << "thirds do not crumble";
+    EXPECT_EQ(man.pitching->earnedRuns, sum.earned);
     int seen = 0;
     Row total{};
     for (const SeasonOuting& outing :
          ReadOutings(ports.database, season, {man.team, man.name, false, SeasonRole::Batting})) {
       const Row one = Sum(man.name, team, outing.id);
       total.hits += one.hits;
-      EXPECT_EQ(outing.line[batting_line::kHits], one.hits);
-      EXPECT_EQ(outing.total[batting_line::kHits], total.hits);
+      EXPECT_EQ(std::get<BattingTotals>(outing.line).hits, one.hits);
+      EXPECT_EQ(std::get<BattingTotals>(outing.total).hits, total.hits);
       EXPECT_EQ(season.games[outing.game].id, outing.id);
       ++seen;
     }
     EXPECT_EQ(seen, int(courses.at(team).size()));
   }
-  EXPECT_EQ(OutingText({1, 5, 2, 0, 0, 1, 3, 0, 0, 4}, SeasonRole::Batting),
-            "2 for 5, 1 HR, 3 RBI, 4 SB");
+  EXPECT_EQ(OutingText(BattingTotals{1, 5, 2, 0, 0, 1, 3, 0, 0, 4}), "2 for 5, 1 HR, 3 RBI, 4 SB");
   // Fifteen at-bats of one man in one game qualify nobody whose team has played more.
   std::vector<double> averages;
   for (const SeasonMan& man : season.men) {
@@ -161,7 +160,7 @@ TEST_F(SeasonTest, FiguresAreThoseOfTheRows) {
   ASSERT_EQ(leaders.size(), kMostLeaders);
   for (std::size_t i = 0; i < leaders.size(); ++i) EXPECT_EQ(leaders[i].value, averages[i]);
   Execute("DELETE FROM Batting WHERE rowid > 3");
-  const SeasonFigures few = ReadSeason(ports.database);
+  const SeasonFigures few = ReadSeasonFigures(ports.database);
   EXPECT_EQ(Leaders(few, SeasonLead::Average, true).first.size(), 0U);
   EXPECT_EQ(Leaders(few, SeasonLead::Average, false).first.size(), 3U);
 }
@@ -186,7 +185,7 @@ TEST_F(SeasonTest, RatesAndTies) {
     Execute("INSERT INTO Pitching (Pitcher, Team, IP, Runs, GameID) VALUES ('P" +
             std::to_string(man) + "', 'Ants', 40, 21, 'x')");
   }
-  const SeasonFigures season = ReadSeason(ports.database);
+  const SeasonFigures season = ReadSeasonFigures(ports.database);
   const LeaderList list = Leaders(season, SeasonLead::EarnedRunAverage, false);
   EXPECT_EQ(list.first.size(), kMostLeaders);
   EXPECT_EQ(MoreText(list), "and 2 more with 4.73");
@@ -203,8 +202,8 @@ TEST_F(SeasonTest, PagesAreValidAndTheirLinksLead) {
   Play(12);
   std::filesystem::create_directories(
       Report("Season 2020-01-01 (being written)/men"));  // of a program that was killed
-  WriteSeasonPages(browser);
-  WriteSeasonPages(browser);
+  WriteSeasonPages(browser.platform, kBrowserTitle);
+  WriteSeasonPages(browser.platform, kBrowserTitle);
   EXPECT_EQ(Reports(), (Strings{"Season 2026-11-18", "Season 2026-11-18 (2)"}));
   EXPECT_EQ(desk.opened.at(0), Report("Season 2026-11-18/index.html"));
   EXPECT_NE(desk.told.at(0).find(Report("Season 2026-11-18")), std::string::npos);
@@ -212,7 +211,7 @@ TEST_F(SeasonTest, PagesAreValidAndTheirLinksLead) {
   const Strings page = Lines("read_pages.py", Report("Season 2026-11-18"));
   const std::set<std::string> lines(page.begin(), page.end());
   const std::string count =
-      std::to_string(1 + 5 + 15 + 12 + MonthMarks(ReadSeason(ports.database)).size());
+      std::to_string(1 + 5 + 15 + 12 + MonthMarks(ReadSeasonFigures(ports.database)).size());
   EXPECT_TRUE(lines.contains("pages " + count)) << page.front();
   EXPECT_NE(desk.told.at(0).find(count + " pages"), std::string::npos) << desk.told.at(0);
   // Each game's page has both lines of the score and all men.
@@ -232,7 +231,7 @@ TEST_F(SeasonTest, PagesAreValidAndTheirLinksLead) {
           << game.id;
     }
   }
-  const SeasonFigures season = ReadSeason(ports.database);
+  const SeasonFigures season = ReadSeasonFigures(ports.database);
   for (const Standing& standing : Standings(season)) {
     const SeasonTeam& team = season.teams[standing.team];
     EXPECT_TRUE(lines.contains("standing " + (team.name == kHard ? "hard" : team.name) + "|" +
@@ -242,22 +241,24 @@ TEST_F(SeasonTest, PagesAreValidAndTheirLinksLead) {
 }
 
 TEST_F(SeasonTest, WholeOrNotAtAll) {
-  WriteSeasonPages(browser);
+  WriteSeasonPages(browser.platform, kBrowserTitle);
   EXPECT_EQ(Reports(), Strings{});
   ASSERT_EQ(desk.told.size(), 1U);
   EXPECT_NE(desk.told[0].find("No game is saved yet"), std::string::npos) << desk.told[0];
   Play(2);
   int steps = 0;
-  WriteSeasonPages(browser, [&steps](double /*share*/) { return ++steps > 0; });
+  WriteSeasonPages(browser.platform, kBrowserTitle,
+                   [&steps](double /*share*/) { return ++steps > 0; });
   const Strings written = Reports();
   for (int cancelled = 1; cancelled < steps; ++cancelled) {
     int step = 0;
-    WriteSeasonPages(browser, [&](double /*share*/) { return ++step < cancelled; });
+    WriteSeasonPages(browser.platform, kBrowserTitle,
+                     [&](double /*share*/) { return ++step < cancelled; });
     EXPECT_EQ(Reports(), written) << cancelled;
   }
   std::filesystem::remove_all(folder / "Game Rpts");
   std::ofstream(folder / "Game Rpts") << "in the way";
-  WriteSeasonPages(browser);
+  WriteSeasonPages(browser.platform, kBrowserTitle);
   EXPECT_NE(desk.told.back().find("No season pages were written"), std::string::npos);
 }
 

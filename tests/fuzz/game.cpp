@@ -2,9 +2,9 @@
 // again.
 #include <iterator>
 
-#include "aids/recovery.h"
 #include "core/fake_platform.h"
 #include "fuzz.h"
+#include "game/recovery.h"
 #include "sheet/cell_edit.h"
 
 using namespace dtb;

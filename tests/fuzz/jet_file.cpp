@@ -1,9 +1,9 @@
 // An old database of the Jet format with bytes of it changed: each three bytes of place and one of
 // value, and before them the length that is left. It is taken over whole or refused; the reader may
 // die of it, and we never do.
+#include "base/program_error.h"
 #include "fuzz.h"
 #include "platform/jet/jet_database.h"
-#include "shell/program_error.h"
 
 using namespace dtb;
 using namespace dtb::fuzz;

@@ -1,8 +1,8 @@
 // Any bytes as the game in progress: refused, or taken up and played on.
-#include "aids/recovery.h"
 #include "core/fake_platform.h"
 #include "fuzz.h"
 #include "game/field_text.h"
+#include "game/recovery.h"
 
 using namespace dtb;
 

@@ -4,13 +4,13 @@
 #include <set>
 #include <string>
 
-#include "seasons/figures_csv.h"
-#include "seasons/season_lines.h"
-#include "seasons/team_text.h"
-#include "teams/player_name.h"
+#include "archive/figures_csv.h"
+#include "archive/season_lines.h"
+#include "archive/team_text.h"
+#include "game/player_name.h"
 
 using namespace dtb;
-using namespace dtb::seasons;
+using namespace dtb::archive;
 
 namespace {
 

@@ -9,10 +9,10 @@
 #include <utility>
 #include <vector>
 
+#include "archive/season_reader.h"
+#include "base/program_error.h"
 #include "fuzz.h"
 #include "platform/zip/zip_archives.h"
-#include "seasons/season_reader.h"
-#include "shell/program_error.h"
 
 using namespace dtb;
 
@@ -63,7 +63,7 @@ bool ReadAll(const std::filesystem::path& file, std::vector<std::string>& texts)
 void ReadSeasonOf(const std::filesystem::path& file) {
   try {
     const std::unique_ptr<Archive> archive = ZipArchives().OpenArchive(file, Always);
-    static_cast<void>(seasons::ReadSeason(*archive, Always));
+    static_cast<void>(archive::ReadSeason(*archive, Always));
   } catch (const ProgramError&) {
     return;
   }

@@ -1,6 +1,6 @@
 // Any bytes as the settings file: read, or moved aside, and written again.
+#include "base/paths.h"
 #include "fuzz.h"
-#include "platform/paths.h"
 #include "platform/qt/qt_settings_store.h"
 #include "platform/qt/qt_text.h"
 

@@ -80,16 +80,16 @@ ANSWER No
 CLICK lbl_STATS
 CELL grd_VisStats # 9
 DBLCELL grd_HomeStats # 5
-TYPE Form2.Text1 #
-KEY Form2.Text1 Return
+TYPE SheetWindow.Text1 #
+KEY SheetWindow.Text1 Return
 TYPE tb_Comments any
 CLICK Command2
-KEY Form2.Command2 Escape
+KEY SheetWindow.Command2 Escape
 MENU Database
 TAB SSTab1 #
 CELL MSHFlexGrid1 # 26
 TYPE Text9 #
-KEY Form4.SSTab1 Escape
+KEY BrowserWindow.SSTab1 Escape
 MENU Options
 TYPE tb_OutsCount 11#
 MENU EventLog

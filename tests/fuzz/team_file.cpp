@@ -1,9 +1,9 @@
 // Any bytes as a team file: read, and loaded for both sides.
 #include "teams/team_file.h"
 
+#include "base/utf8.h"
 #include "core/fake_platform.h"
 #include "fuzz.h"
-#include "shell/utf8.h"
 
 using namespace dtb;
 

@@ -10,15 +10,15 @@
 #include <fstream>
 #include <functional>
 
-#include "aids/recovery.h"
+#include "archive/season_files.h"
+#include "base/whole_file.h"
 #include "core/fake_platform.h"
+#include "game/recovery.h"
 #include "platform/qt/program_folder.h"
 #include "platform/qt/qt_recovery_store.h"
 #include "platform/qt/qt_settings_store.h"
-#include "platform/whole_file.h"
-#include "seasons/season_files.h"
 #include "sheet/game_report.h"
-#include "shell/log_file.h"
+#include "sheet/log_file.h"
 
 namespace dtb {
 namespace {
@@ -95,7 +95,7 @@ const std::vector<Writer> kWriters{
     {"team",
      [](const fs::path& folder) {
        return Complaint(
-           [&] { seasons::WriteTeamFile(folder / "file", std::string(3 * kPage, 't')); });
+           [&] { archive::WriteTeamFile(folder / "file", std::string(3 * kPage, 't')); });
      }},
     {"log",
      [](const fs::path& folder) {

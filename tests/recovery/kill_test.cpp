@@ -9,8 +9,8 @@
 #include <limits>
 #include <random>
 
-#include "aids/recovery.h"
 #include "core/fake_platform.h"
+#include "game/recovery.h"
 #include "platform/qt/qt_recovery_store.h"
 #include "soak_settings.h"
 

@@ -263,7 +263,7 @@ TEST_F(EscapeTest, LeavesEveryTextFieldAsItWas) {
   EXPECT_FALSE(Find("tb_chrt3")->isVisible() || Find("Text1")->isVisible());
   EXPECT_EQ(desk_->aids().lbl_chrt[2].value() + board().state.lbl_PhotoPath.value(), "");
   WhileWaiting([&] {
-    auto* sheet = Find<Form2>("Form2");
+    auto* sheet = Find<SheetWindow>("Form2");
     leave(sheet, sheet->findChild<QLineEdit*>(QStringLiteral("tb_Comments")));
     EXPECT_TRUE(sheet->isVisible());
     sheet->close();
@@ -306,7 +306,7 @@ TEST_F(BoardGesturesTest, ScorePadWorksOnTheCellThatHadTheFocus) {
 TEST_F(BoardGesturesTest, SheetCellsAreEditedInPlace) {
   StartGame();
   WhileWaiting([&] {
-    auto* sheet = Find<Form2>("Form2");
+    auto* sheet = Find<SheetWindow>("Form2");
     auto* table = Find<StatGridView>("grd_VisStats");
     auto* editor = sheet->findChild<QLineEdit*>(QStringLiteral("Text1"));
     const auto at = [&](int row, int column) { return table->CellRect(row, column).center(); };

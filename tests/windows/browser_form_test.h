@@ -6,7 +6,7 @@
 #include <QAction>
 #include <fstream>
 
-#include "windows/browser/form4.h"
+#include "windows/browser/browser_window.h"
 #include "windows/window_test.h"
 
 namespace dtb {
@@ -25,16 +25,16 @@ class BrowserFormTest : public WindowTest {
   void Open(const std::function<void()>& action) {
     WhenTrue(
         [] {
-          const auto* form = qobject_cast<Form4*>(QApplication::activeModalWidget());
+          const auto* form = qobject_cast<BrowserWindow*>(QApplication::activeModalWidget());
           return form != nullptr && form->Settled();
         },
         action);
     form1().findChild<QAction*>(QStringLiteral("mnuStatistics"))->trigger();
     QCoreApplication::processEvents();  // the menu has its answer first
-    EXPECT_EQ(form1().findChild<Form4*>(), nullptr) << "made anew for each opening";
+    EXPECT_EQ(form1().findChild<BrowserWindow*>(), nullptr) << "made anew for each opening";
   }
 
-  Form4& form() { return *form1().findChild<Form4*>(); }
+  BrowserWindow& form() { return *form1().findChild<BrowserWindow*>(); }
 
   template <class T = QWidget>
   T* Part(const char* name) {

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QTabBar>
 
+#include "database/saved_games.h"
 #include "windows/browser_form_test.h"
 
 namespace dtb {

@@ -4,11 +4,11 @@
 #include <QPushButton>
 #include <limits>
 
-#include "platform/paths.h"
+#include "base/paths.h"
 #include "platform/quiet_desktop.h"
 #include "windows/boxes/busy.h"
 #include "windows/browser_form_test.h"
-#include "windows/sheet/form2.h"
+#include "windows/sheet/sheet_window.h"
 
 namespace dtb {
 namespace {
@@ -62,7 +62,7 @@ TEST_F(ExportWindowTest, SheetGoesIntoAPage) {
   board().sheet.lbl_VisTeam.Set("St. Ants");
   const auto messages = AnswerBoxes({Qt::Key_Y, Qt::Key_N});
   WhileWaiting([&] {
-    auto* sheet = Find<Form2>("Form2");
+    auto* sheet = Find<SheetWindow>("Form2");
     WhenTrue(
         [] { return qobject_cast<QFileDialog*>(QApplication::activeModalWidget()) != nullptr; },
         [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
@@ -83,7 +83,7 @@ TEST_F(ExportWindowTest, SheetGoesIntoAWorkbook) {
   outside_.installed = false;
   const auto messages = AnswerBoxes({Qt::Key_Return, Qt::Key_N, Qt::Key_N});
   WhileWaiting([&] {
-    auto* sheet = Find<Form2>("Form2");
+    auto* sheet = Find<SheetWindow>("Form2");
     Click(Find("cmd_Excel"));
     EXPECT_TRUE(messages->value(0).contains(QStringLiteral("Excel is not installed")));
     EXPECT_TRUE(sheet->isVisible());

@@ -2,8 +2,8 @@
 #include <QAction>
 #include <QLineEdit>
 
+#include "game/game_pieces.h"
 #include "game/history.h"
-#include "teams/game_pieces.h"
 #include "window_test.h"
 
 namespace dtb {

@@ -6,7 +6,7 @@
 #include <QScrollBar>
 #include <set>
 
-#include "teams/game_pieces.h"
+#include "game/game_pieces.h"
 #include "windows/shared/look.h"
 #include "windows/window_test.h"
 

@@ -6,9 +6,9 @@
 #include <QPushButton>
 #include <QScrollArea>
 
+#include "base/program_error.h"
 #include "game/history.h"
 #include "game/outcomes.h"
-#include "shell/program_error.h"
 #include "windows/window_test.h"
 
 namespace dtb {

@@ -88,7 +88,7 @@ class Monkey : public Driver {
 
   PlayTable& table_;
   BoardState& state_ = table_.desk.board().state;
-  Form1& form1_ = table_.desk.form1();
+  BoardWindow& form1_ = table_.desk.form1();
   QList<std::optional<std::filesystem::path>> files_;
   std::mt19937 random_{kSeed};
   int made_ = 0;

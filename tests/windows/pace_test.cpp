@@ -4,7 +4,7 @@
 #include "game/start_up.h"
 #include "teams/lineup_edit.h"
 #include "window_test.h"
-#include "windows/aids/form3.h"
+#include "windows/aids/chart_viewer.h"
 #include "windows/boxes/notices.h"
 
 namespace dtb {
@@ -116,7 +116,7 @@ TEST_F(PaceTest, ChartsTurnRollAndTakeTheResult) {
   desk_->aids().lastChart = 0;
   const auto keyInViewer = [this](const std::vector<std::pair<Qt::Key, QString>>& keys) {
     WhileWaiting([this, keys] {
-      auto* viewer = qobject_cast<Form3*>(QApplication::activeModalWidget());
+      auto* viewer = qobject_cast<ChartViewer*>(QApplication::activeModalWidget());
       ASSERT_NE(viewer, nullptr);
       for (const auto& [key, title] : keys) {
         QTest::keyClick(viewer->windowHandle(), key);

@@ -2,7 +2,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
-#include "windows/sheet/form2.h"
+#include "windows/sheet/sheet_window.h"
 #include "windows/window_test.h"
 
 namespace dtb {
@@ -17,7 +17,7 @@ TEST_F(ProofWindowTest, PlateAndListFollowTheSheet) {
   grid.SetText(2, stat_column::kAtBats, "x");
   const auto* plate = Find<QAbstractButton>("ProofPlate");
   WhileWaiting([&] {
-    auto* sheet = Find<Form2>("Form2");
+    auto* sheet = Find<SheetWindow>("Form2");
     auto* list = Find("ProofList");
     const auto part = [&](const char* name) { return list->findChild<QAbstractButton*>(name); };
     EXPECT_TRUE(plate->text().startsWith("3 figures to look at")) << FromQt(plate->text());

@@ -2,16 +2,16 @@
 #include <QAction>
 #include <QLineEdit>
 
+#include "database/save_game.h"
 #include "replay/play_table.h"
-#include "sheet/save_game.h"
+#include "windows/archive/archive_window.h"
 #include "windows/boxes/busy.h"
 #include "windows/browser_form_test.h"
-#include "windows/seasons/season_form.h"
 
 namespace dtb {
 namespace {
 
-constexpr const char* kArchive = DTB_PROGRAM_FOLDER "/../tests/seasons/2020-part.zip";
+constexpr const char* kArchive = DTB_PROGRAM_FOLDER "/../tests/archive/2020-part.zip";
 
 class SeasonWindowTest : public BrowserFormTest {
  protected:
@@ -27,7 +27,7 @@ class SeasonWindowTest : public BrowserFormTest {
     Find<QAction>("mnuSeason")->trigger();
     QCoreApplication::processEvents();  // the menu has its answer first
   }
-  SeasonForm* Form() { return form1().findChild<SeasonForm*>(); }
+  ArchiveWindow* Form() { return form1().findChild<ArchiveWindow*>(); }
   template <class T = QWidget>
   T* Part(const char* name) {
     return Form()->findChild<T*>(QLatin1String(name));

@@ -4,9 +4,9 @@
 #include <QImage>
 #include <fstream>
 
+#include "base/program_error.h"
+#include "base/time_stamp.h"
 #include "platform/qt/program_folder.h"
-#include "shell/program_error.h"
-#include "shell/time_stamp.h"
 #include "windows/window_test.h"
 
 namespace dtb {

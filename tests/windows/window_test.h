@@ -51,7 +51,7 @@ class WindowTest : public testing::Test {
   }
 
   Board& board() { return desk_->board(); }
-  Form1& form1() { return desk_->form1(); }
+  BoardWindow& form1() { return desk_->form1(); }
 
   template <class T = QWidget>
   T* Find(const char* name) {

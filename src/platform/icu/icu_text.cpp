@@ -11,7 +11,7 @@
 #include <new>
 #include <string>
 
-#include "platform/text.h"
+#include "base/letters.h"
 
 namespace dtb {
 namespace {

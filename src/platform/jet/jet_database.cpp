@@ -9,14 +9,14 @@
 #include <optional>
 #include <system_error>
 
+#include "base/paths.h"
+#include "base/program_error.h"
+#include "database/saved_tables.h"
 #include "platform/jet/jet_rows.h"
-#include "platform/paths.h"
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/jet_head.h"
 #include "platform/sqlite/schema.h"
 #include "platform/sqlite/sqlite_copies.h"
-#include "sheet/saved_tables.h"
-#include "shell/program_error.h"
 
 namespace dtb {
 namespace {

@@ -3,10 +3,10 @@
 #include <charconv>
 #include <system_error>
 
+#include "base/program_error.h"
+#include "base/utf8.h"
+#include "database/saved_tables.h"
 #include "platform/jet/reader_process.h"
-#include "sheet/saved_tables.h"
-#include "shell/program_error.h"
-#include "shell/utf8.h"
 
 namespace dtb::jet {
 namespace {

@@ -11,8 +11,8 @@
 #include <cerrno>
 #include <system_error>
 
-#include "platform/paths.h"
-#include "shell/program_error.h"
+#include "base/paths.h"
+#include "base/program_error.h"
 
 namespace dtb::jet {
 namespace {

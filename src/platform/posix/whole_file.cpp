@@ -1,4 +1,4 @@
-#include "platform/whole_file.h"
+#include "base/whole_file.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -11,8 +11,8 @@
 #include <ctime>
 #include <utility>
 
-#include "platform/paths.h"
-#include "shell/program_error.h"
+#include "base/paths.h"
+#include "base/program_error.h"
 
 namespace dtb {
 namespace {

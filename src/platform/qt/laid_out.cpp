@@ -4,9 +4,9 @@
 #include <QFileInfo>
 #include <QList>
 
-#include "platform/paths.h"
+#include "base/paths.h"
+#include "base/whole_file.h"
 #include "platform/qt/qt_text.h"
-#include "platform/whole_file.h"
 
 namespace dtb {
 namespace {

@@ -7,12 +7,12 @@
 #include <QFileInfo>
 #include <QStringList>
 
-#include "platform/paths.h"
+#include "base/paths.h"
+#include "base/program_error.h"
+#include "base/whole_file.h"
 #include "platform/qt/laid_out.h"
 #include "platform/qt/qt_text.h"
 #include "platform/sqlite/sqlite_database.h"
-#include "platform/whole_file.h"
-#include "shell/program_error.h"
 
 namespace dtb {
 namespace {

@@ -13,7 +13,7 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/paths.h"
+#include "base/paths.h"
 #include "platform/qt/file_dialog.h"
 #include "platform/qt/qt_text.h"
 

@@ -6,7 +6,7 @@
 #include <QImageReader>
 #include <algorithm>
 
-#include "platform/paths.h"
+#include "base/paths.h"
 #include "platform/qt/qt_text.h"
 
 namespace dtb {

@@ -7,7 +7,7 @@
 #include <functional>
 #include <mutex>
 
-#include "platform/paths.h"
+#include "base/paths.h"
 #include "platform/platform.h"
 #include "platform/qt/qt_text.h"
 

@@ -11,10 +11,10 @@
 #include <chrono>
 #include <utility>
 
-#include "platform/paths.h"
+#include "base/paths.h"
+#include "base/program_error.h"
+#include "base/whole_file.h"
 #include "platform/qt/qt_text.h"
-#include "platform/whole_file.h"
-#include "shell/program_error.h"
 
 namespace dtb {
 namespace {

@@ -4,10 +4,10 @@
 #include <QFileInfo>
 #include <QLibrary>
 
-#include "platform/paths.h"
+#include "base/paths.h"
+#include "base/program_error.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/wave_file.h"
-#include "shell/program_error.h"
 
 namespace dtb {
 namespace {

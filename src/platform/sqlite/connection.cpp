@@ -8,12 +8,12 @@
 #include <string_view>
 #include <system_error>
 
+#include "base/letters.h"
+#include "base/paths.h"
+#include "base/text_order.h"
 #include "platform/database.h"
-#include "platform/paths.h"
 #include "platform/sqlite/jet_head.h"
 #include "platform/sqlite/sqlite_database.h"
-#include "platform/text.h"
-#include "sheet/text_order.h"
 
 namespace dtb::sqlite {
 namespace {

@@ -11,8 +11,8 @@
 #include <span>
 #include <system_error>
 
+#include "base/paths.h"
 #include "platform/database.h"
-#include "platform/paths.h"
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/schema.h"
 

@@ -4,7 +4,6 @@
 #include "platform/sqlite/rows.h"
 #include "platform/sqlite/shape.h"
 #include "platform/sqlite/sqlite_save.h"
-#include "sheet/stat_grid.h"
 
 namespace dtb {
 namespace {
@@ -30,8 +29,8 @@ class SqliteChange : public DatabaseChange {
     });
   }
 
-  void Run(const Statement& query, StatGrid& result) override {
-    result.Replace(sqlite::AllRows(database_, query, file_));
+  void Run(const Statement& query, RowSink& rows) override {
+    sqlite::GiveRows(database_, query, file_, rows);
   }
   void Execute(const Statement& statement) override {
     Told(file_, [&] { RunBound(database_, statement); });
@@ -47,10 +46,10 @@ class SqliteChange : public DatabaseChange {
 
 }  // namespace
 
-void SqliteDatabase::Run(const Statement& query, StatGrid& result) {
+void SqliteDatabase::Run(const Statement& query, RowSink& rows) {
   SQLite::Database database = sqlite::Open(file_, longestWait_);
   Told(file_, [&] { sqlite::StandInForLacking(database); });
-  result.Replace(sqlite::AllRows(database, query, file_));
+  sqlite::GiveRows(database, query, file_, rows);
 }
 
 std::vector<std::string> SqliteDatabase::WhatItLacks() {

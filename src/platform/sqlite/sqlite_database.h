@@ -18,7 +18,7 @@ class SqliteDatabase : public Database {
                           std::chrono::milliseconds longestWait = kLongestWait)
       : file_(std::move(file)), longestWait_(longestWait) {}
 
-  void Run(const Statement& query, StatGrid& result) override;
+  void Run(const Statement& query, RowSink& rows) override;
   std::vector<std::string> WhatItLacks() override;
   std::unique_ptr<DatabaseChange> BeginChange() override;
   std::unique_ptr<DatabaseSave> BeginSave(const std::vector<TableColumns>& tables) override;

@@ -7,7 +7,6 @@
 
 #include "platform/sqlite/rows.h"
 #include "platform/sqlite/shape.h"
-#include "sheet/stat_grid.h"
 
 namespace dtb {
 namespace {
@@ -75,8 +74,8 @@ void SqliteSave::RequireAllColumns() {
                      sqlite::Named(file_) + " has no place for all of a game:\n\n" + lacking);
 }
 
-void SqliteSave::Run(const Statement& query, StatGrid& result) {
-  result.Replace(sqlite::AllRows(database_, query, file_));
+void SqliteSave::Run(const Statement& query, RowSink& rows) {
+  sqlite::GiveRows(database_, query, file_, rows);
 }
 
 SqliteSave::Table& SqliteSave::TableOf(const std::string& name) {

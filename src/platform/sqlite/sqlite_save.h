@@ -15,7 +15,7 @@ class SqliteSave : public DatabaseSave {
   SqliteSave(const std::filesystem::path& file, std::chrono::milliseconds longestWait,
              const std::vector<TableColumns>& tables);
 
-  void Run(const Statement& query, StatGrid& result) override;
+  void Run(const Statement& query, RowSink& rows) override;
   void Append(const std::string& table, const std::vector<ColumnText>& row) override;
   void Commit() override;
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
-#include "shell/utf8.h"
+#include "base/utf8.h"
 
 namespace dtb::xlsx {
 namespace {

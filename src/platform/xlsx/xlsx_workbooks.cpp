@@ -8,11 +8,11 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/paths.h"
-#include "platform/whole_file.h"
+#include "base/paths.h"
+#include "base/program_error.h"
+#include "base/whole_file.h"
 #include "platform/xlsx/xlsx_text.h"
 #include "platform/xlsx/zip_check.h"
-#include "shell/program_error.h"
 
 namespace dtb {
 namespace {

@@ -10,9 +10,9 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/paths.h"
+#include "base/paths.h"
+#include "base/program_error.h"
 #include "platform/zip/zip_directory.h"
-#include "shell/program_error.h"
 
 namespace dtb {
 namespace {

@@ -3,9 +3,9 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include "game/batting_order.h"
+#include "game/player_name.h"
 #include "platform/qt/qt_text.h"
-#include "teams/batting_order.h"
-#include "teams/player_name.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/line_up_entry.h"

@@ -5,8 +5,8 @@
 #include <QFont>
 #include <QListView>
 
+#include "game/batting_order.h"
 #include "game/board.h"
-#include "teams/batting_order.h"
 #include "teams/lineup_edit.h"
 #include "windows/board/next_step.h"
 #include "windows/board/runner_drag.h"

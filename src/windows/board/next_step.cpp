@@ -3,9 +3,9 @@
 #include <QPointer>
 #include <QTimer>
 
+#include "game/batting_order.h"
 #include "game/history.h"
 #include "game/outcomes.h"
-#include "teams/batting_order.h"
 
 namespace dtb {
 

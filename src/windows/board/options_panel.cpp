@@ -8,10 +8,10 @@
 
 #include "aids/crowd.h"
 #include "aids/quick_boxes.h"
+#include "base/project_pages.h"
+#include "game/game_pieces.h"
 #include "game/start_up.h"
 #include "platform/qt/qt_text.h"
-#include "shell/project_pages.h"
-#include "teams/game_pieces.h"
 #include "teams/photo_folder.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/game_text.h"

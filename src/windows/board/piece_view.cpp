@@ -3,10 +3,10 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include "game/game_pieces.h"
 #include "game/history.h"
 #include "game/runners.h"
 #include "platform/qt/qt_text.h"
-#include "teams/game_pieces.h"
 #include "windows/boxes/closing_press.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"

@@ -5,9 +5,9 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include "game/batting_order.h"
 #include "game/runners.h"
 #include "platform/qt/qt_keyboard.h"
-#include "teams/batting_order.h"
 #include "windows/boxes/message_box.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"

@@ -5,8 +5,8 @@
 #include <QRadioButton>
 #include <QStyleOption>
 
+#include "game/batting_order.h"
 #include "platform/qt/qt_text.h"
-#include "teams/batting_order.h"
 #include "teams/lineup_edit.h"
 #include "teams/pitchers.h"
 #include "teams/team_load.h"

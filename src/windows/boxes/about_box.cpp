@@ -4,10 +4,10 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "aids/system_info.h"
+#include "base/project_pages.h"
+#include "base/version.h"
 #include "platform/qt/qt_text.h"
-#include "shell/project_pages.h"
-#include "shell/system_info.h"
-#include "shell/version.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"

@@ -6,7 +6,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
-#include "shell/event_log.h"
+#include "game/event_log.h"
 
 namespace dtb {
 

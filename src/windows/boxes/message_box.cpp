@@ -16,10 +16,10 @@
 #include <QtMath>
 #include <utility>
 
+#include "base/program_error.h"
+#include "base/project_pages.h"
 #include "game/board_state.h"
 #include "platform/qt/qt_text.h"
-#include "shell/program_error.h"
-#include "shell/project_pages.h"
 #include "windows/boxes/closing_press.h"
 #include "windows/shared/look.h"
 #include "windows/shared/scene.h"

@@ -4,7 +4,7 @@
 #include <QMainWindow>
 #include <QPointer>
 
-#include "game/field.h"
+#include "base/field.h"
 #include "platform/platform.h"
 #include "windows/boxes/message_box.h"
 #include "windows/boxes/notices.h"

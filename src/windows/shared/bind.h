@@ -8,7 +8,7 @@
 #include <functional>
 #include <string>
 
-#include "game/field.h"
+#include "base/field.h"
 #include "platform/qt/qt_text.h"
 #include "windows/shared/look.h"
 

@@ -8,8 +8,8 @@
 #include <cstdlib>
 #include <vector>
 
+#include "game/player_name.h"
 #include "platform/qt/qt_text.h"
-#include "teams/player_name.h"
 #include "windows/shared/look.h"
 
 namespace dtb {

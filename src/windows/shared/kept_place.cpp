@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <array>
 
+#include "base/program_error.h"
+#include "base/settings_keys.h"
 #include "platform/qt/qt_text.h"
-#include "shell/program_error.h"
-#include "shell/settings_keys.h"
 
 namespace dtb {
 namespace {

@@ -3,8 +3,8 @@
 #include <QList>
 #include <algorithm>
 
+#include "game/player_name.h"
 #include "platform/qt/qt_text.h"
-#include "teams/player_name.h"
 
 namespace dtb {
 

@@ -4,7 +4,7 @@
 #include <QString>
 #include <string>
 
-#include "teams/lineup_list.h"
+#include "game/lineup_list.h"
 
 namespace dtb {
 

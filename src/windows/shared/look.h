@@ -9,7 +9,7 @@
 #include <QRectF>
 #include <array>
 
-#include "game/colour.h"
+#include "base/colour.h"
 
 namespace dtb::look {
 

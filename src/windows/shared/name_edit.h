@@ -4,7 +4,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "shell/edited_label.h"
+#include "aids/edited_label.h"
 #include "windows/shared/controls.h"
 
 namespace dtb {

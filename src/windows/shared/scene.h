@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <vector>
 
-#include "shell/control_resizer.h"
+#include "base/control_resizer.h"
 
 namespace dtb {
 

@@ -6,7 +6,7 @@
 #include <QTableView>
 #include <vector>
 
-#include "sheet/stat_grid.h"
+#include "base/stat_grid.h"
 
 namespace dtb {
 

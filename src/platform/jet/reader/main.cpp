@@ -8,8 +8,8 @@
 #include <filesystem>
 #include <string>
 
+#include "database/saved_tables.h"
 #include "platform/jet/reader/jet_file.h"
-#include "sheet/saved_tables.h"
 
 namespace dtb::jet {
 namespace {

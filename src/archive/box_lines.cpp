@@ -1,0 +1,111 @@
+// Games of which no plays are known: each man's figures, and the runs by innings.
+#include <algorithm>
+#include <array>
+
+#include "archive/season_fields.h"
+#include "archive/season_lines.h"
+
+namespace dtb::archive {
+namespace {
+
+constexpr int kMostCounted = 99;  // of any figure of a man in a game
+
+// The next fields; what is not known, as a rule -1, counts nothing and is negative here.
+template <std::size_t count>
+std::array<int, count> TakeNumbers(std::string_view line) {
+  std::array<int, count> numbers{};
+  for (int& number : numbers) {
+    number = std::min(Number(TakeField(line)).value_or(-1), kMostCounted);
+  }
+  return numbers;
+}
+
+int Known(int number) { return std::max(number, 0); }
+
+}  // namespace
+
+// "bline": who batted; "pline": who pitched; "dline": where a man stood; "phline" and "prline": who
+// came to bat or to run for another.
+void SeasonLines::TakeFigures(std::string_view line) {
+  if (!OpenGame() || scorer_.HasPlays()) return;
+  const std::string_view kind = TakeField(line);
+  const bool batted = kind == "bline";
+  const bool pitched = kind == "pline";
+  const bool stood = kind == "dline";
+  const bool came = kind == "phline" || kind == "prline";
+  if (!batted && !pitched && !stood && !came) return;
+  const std::string_view id = TakeField(line);
+  if (came) TakeField(line);  // the inning
+  const auto side = SideNumber(TakeField(line));
+  if (id.empty() || !side) return Note("no figures of a man");
+  const int man = ManOf(game_.sides.at(*side).club, id, {});
+  if (man == kNobody) return;
+  const char* fault = nullptr;
+  if (batted) fault = TakeBattingLine(*side, man, line);
+  if (pitched) fault = TakePitchingLine(*side, man, line);
+  if (came) fault = scorer_.NotePosition(*side, man, kind[1] == 'h' ? kPinchHitter : kPinchRunner);
+  if (stood) {
+    TakeField(line);  // his how many-th position
+    const int position = Number(TakeField(line)).value_or(0);
+    if (position < 1 || position > kOrder) return Note("no position of a man");
+    fault = scorer_.NotePosition(*side, man, position);
+  }
+  if (fault != nullptr) Note(fault);
+}
+
+// Place in the order and in it, then ab, r, h, 2b, 3b, hr, rbi, sh, sf, hbp, bb, ibb, k, sb.
+const char* SeasonLines::TakeBattingLine(int side, int man, std::string_view line) {
+  const auto all = TakeNumbers<16>(line);
+  const auto& [place, turn, atBats, runs, hits, doubles, triples, homeRuns, battedIn, bunts, flies,
+               hit, walks, intentional, strikeouts, steals] = all;
+  Batting figures;
+  figures.walks = Known(walks);
+  figures.strikeouts = Known(strikeouts);
+  figures.hitByPitch = Known(hit);
+  figures.stolenBases = Known(steals);
+  figures.sacrificeHits = Known(bunts);
+  figures.sacrificeFlies = Known(flies);
+  const int extra = Known(doubles) + Known(triples) + Known(homeRuns);
+  const bool agree = atBats >= hits && Known(hits) >= extra;
+  // An average needs both at-bats and hits.
+  if (agree && atBats >= 0 && hits >= 0) {
+    figures.atBats = atBats;
+    figures.hits = hits;
+    figures.doubles = Known(doubles);
+    figures.triples = Known(triples);
+    figures.homeRuns = Known(homeRuns);
+  }
+  const char* fault = scorer_.AddBatting(side, man, figures);
+  return !agree && atBats >= 0 ? "more hits than a man can have" : fault;
+}
+
+// His turn, then outs, batters that he did not put out, batters faced, h, 2b, 3b, hr, r, er, bb,
+// ibb, k.
+const char* SeasonLines::TakePitchingLine(int side, int man, std::string_view line) {
+  const auto all = TakeNumbers<13>(line);
+  const auto& [turn, outs, batters, faced, hits, doubles, triples, homeRuns, runs, earned, walks,
+               intentional, strikeouts] = all;
+  Pitching figures;
+  figures.outs = Known(outs);
+  figures.hits = Known(hits);
+  figures.homeRuns = Known(homeRuns);
+  figures.walks = Known(walks);
+  figures.strikeouts = Known(strikeouts);
+  figures.earnedRuns = Known(earned);
+  if (earned < 0) figures.outsUncharged = figures.outs;
+  return scorer_.AddPitching(side, man, figures, turn == 1);
+}
+
+void SeasonLines::TakeLineScore(std::string_view line) {
+  if (!OpenGame() || scorer_.HasPlays()) return;
+  const auto side = SideNumber(TakeField(line));
+  if (!side) return Note("no line score");
+  constexpr int kMostInnings = 50;
+  int runs = 0;
+  for (int inning = 0; inning < kMostInnings && !line.empty(); ++inning) {
+    runs += std::clamp(Number(TakeField(line)).value_or(0), 0, kMostCounted);
+  }
+  scorer_.SetRuns(*side, runs);
+}
+
+}  // namespace dtb::archive

@@ -1,0 +1,67 @@
+#include "archive/figures_csv.h"
+
+#include <algorithm>
+#include <tuple>
+#include <vector>
+
+namespace dtb::archive {
+namespace {
+
+constexpr int kNotTold = -1;
+
+std::string Cell(const std::string& text) {
+  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+  std::string quoted = "\"";
+  for (const char c : text) quoted += c == '"' ? "\"\"" : std::string(1, c);
+  return quoted + '"';
+}
+
+// The rows of all men for whom `figures` has any.
+template <class Figures>
+std::string Table(const Season& season, std::string text, Figures figures) {
+  struct Row {
+    const Club* club;
+    const Man* man;
+  };
+  std::vector<Row> rows;
+  for (const Club& club : season.clubs) {
+    for (const Man& man : club.men) rows.push_back({&club, &man});
+  }
+  std::ranges::stable_sort(rows, [](const Row& a, const Row& b) {
+    return std::tie(a.club->year, a.club->id, a.man->id) <
+           std::tie(b.club->year, b.club->id, b.man->id);
+  });
+  for (const Row& row : rows) {
+    const std::vector<int> numbers = figures(*row.man);
+    if (numbers.empty()) continue;
+    text += Cell(row.man->id) + ',' + Cell(row.club->id) + ',' + Cell(FullName(*row.man));
+    for (const int number : numbers) {
+      text += number == kNotTold ? std::string(",") : ',' + std::to_string(number);
+    }
+    text += '\n';
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string BattingTable(const Season& season) {
+  return Table(season, "player,team,name,G,AB,H,2B,3B,HR,BB,K,HBP,SB\n", [](const Man& man) {
+    const Batting& b = man.batting;
+    if (b.games == 0) return std::vector<int>{};
+    return std::vector<int>{b.games,    b.atBats, b.hits,       b.doubles,    b.triples,
+                            b.homeRuns, b.walks,  b.strikeouts, b.hitByPitch, b.stolenBases};
+  });
+}
+
+std::string PitchingTable(const Season& season) {
+  return Table(season, "player,team,name,G,GS,outs,H,HR,BB,K,ER\n", [](const Man& man) {
+    const Pitching& p = man.pitching;
+    if (p.games == 0) return std::vector<int>{};
+    const bool told = p.outsUncharged == 0 || p.outs > p.outsUncharged;
+    return std::vector<int>{p.games,    p.starts, p.outs,       p.hits,
+                            p.homeRuns, p.walks,  p.strikeouts, told ? p.earnedRuns : kNotTold};
+  });
+}
+
+}  // namespace dtb::archive

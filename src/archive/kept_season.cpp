@@ -1,0 +1,153 @@
+#include "archive/kept_season.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include "archive/season_reader.h"
+#include "archive/team_text.h"
+#include "base/paths.h"
+#include "base/program_error.h"
+#include "base/settings_keys.h"
+#include "database/archive_games.h"
+#include "game/history.h"
+#include "platform/trapped.h"
+#include "teams/team_load.h"
+
+namespace dtb::archive {
+namespace {
+
+constexpr const char* kLastFirst = "Last, First";
+constexpr const char* kFirstLast = "First Last";
+
+std::string Setting(const Platform& platform, const char* key, const std::string& missing = "") {
+  return platform.settings.Read(settings::kLabels, key, missing);
+}
+
+void KeepSetting(const Platform& platform, const char* key, const std::string& value,
+                 const std::string& usual) {
+  if (Setting(platform, key, usual) == value) return;
+  platform.settings.Write(settings::kLabels, key, value);
+}
+
+// "OAK 2020=Oakland 2020": how it is found again, and what it is called.
+std::string ClubSetting(const Club& club) {
+  return club.id + ' ' + std::to_string(club.year) + '=' + club.name;
+}
+
+int LastClub(const Season& season, const Platform& platform) {
+  const std::string last = Setting(platform, settings::kSeasonClub);
+  const auto club = std::ranges::find(season.clubs, last, ClubSetting);
+  if (club == season.clubs.end() || club->games.empty()) return kAllClubs;
+  return static_cast<int>(club - season.clubs.begin());
+}
+
+std::string Offer(const std::string& club) {
+  return "Next game of " + (club.empty() ? std::string("the season") : club);
+}
+
+std::optional<int> NextOf(const KeptSeason& kept, const Platform& platform) {
+  return NextGameOf(*kept.season, PlayedGames(*kept.season, platform), kept.club);
+}
+
+}  // namespace
+
+LineForm KeptForm(const Platform& platform) {
+  LineForm form;
+  form.batters = Setting(platform, settings::kSeasonBatters, form.batters);
+  form.pitchers = Setting(platform, settings::kSeasonPitchers, form.pitchers);
+  if (Setting(platform, settings::kSeasonNames) == kLastFirst) form.names = NameForm::LastFirst;
+  return form;
+}
+
+void KeepForm(const LineForm& form, const Platform& platform) {
+  const LineForm usual;
+  KeepSetting(platform, settings::kSeasonBatters, form.batters, usual.batters);
+  KeepSetting(platform, settings::kSeasonPitchers, form.pitchers, usual.pitchers);
+  KeepSetting(platform, settings::kSeasonNames,
+              form.names == NameForm::LastFirst ? kLastFirst : kFirstLast, kFirstLast);
+}
+
+bool KeepSeason(KeptSeason& kept, const std::filesystem::path& archive, const Platform& platform,
+                const GoOn& goOn) {
+  const std::unique_ptr<Archive> opened = platform.archives.OpenArchive(archive, goOn);
+  if (!opened) return false;
+  std::optional<Season> season = ReadSeason(*opened, goOn);
+  if (!season) return false;
+  const int club = LastClub(*season, platform);
+  kept = {std::move(season), TextOf(archive.filename()), club, std::nullopt};
+  return true;
+}
+
+void KeepClub(const KeptSeason& kept, const Platform& platform) {
+  if (!kept.season) return;
+  const bool all = kept.club == kAllClubs;
+  KeepSetting(platform, settings::kSeasonClub,
+              all ? std::string() : ClubSetting(kept.season->clubs[kept.club]), "");
+}
+
+std::optional<std::string> NextGameOffer(const KeptSeason& kept, const Board& board) {
+  const Platform& platform = board.platform;
+  if (board.state.SeasonGame.empty()) return std::nullopt;
+  try {
+    if (kept.season) {
+      if (!NextOf(kept, platform)) return std::nullopt;
+      return Offer(kept.club == kAllClubs ? "" : TeamName(*kept.season, kept.club));
+    }
+  } catch (const ProgramError&) {
+    return std::nullopt;  // whoever asks has just written to the database
+  }
+  const std::string archive = Setting(platform, settings::kSeasonArchive);
+  std::error_code fault;
+  if (archive.empty() || !std::filesystem::exists(PathOf(archive), fault)) return std::nullopt;
+  const std::string club = Setting(platform, settings::kSeasonClub);
+  return Offer(club.substr(std::min(club.find('=') + 1, club.size())));
+}
+
+bool ReadLastSeason(KeptSeason& kept, const Platform& platform, const GoOn& goOn) {
+  if (kept.season) return true;
+  bool read = false;
+  Trapped(platform.boxes, [&] {
+    const std::string archive = Setting(platform, settings::kSeasonArchive);
+    read = KeepSeason(kept, PathOf(archive), platform, goOn);
+  });
+  return read;
+}
+
+bool LoadNextGame(KeptSeason& kept, Board& board, const GoOn& goOn) {
+  if (!ReadLastSeason(kept, board.platform, goOn)) return false;
+  bool loaded = false;
+  Trapped(board.platform.boxes, [&] {
+    const std::optional<int> next = NextOf(kept, board.platform);
+    if (!next) {
+      board.platform.boxes.Show("All games of the list are played.", BoxIcon::Information);
+      return;
+    }
+    kept.game = next;
+    LoadGameTeams(*kept.season, kept.season->games[*next], KeptForm(board.platform), board);
+    loaded = true;
+  });
+  return loaded;
+}
+
+void LoadGameTeams(const Season& season, const Game& game, const LineForm& form, Board& board) {
+  const GameTeams made = MakeGameTeams(season, game, form);
+  std::array<TeamLines, 2> teams;
+  for (std::size_t side = 0; side < 2; ++side) {
+    teams.at(side) = {BoardName(made.teams.at(side).name), made.teams.at(side).lines};
+  }
+  {
+    const Gesture gesture(board, "LOAD " + game.id);
+    ReplaceTeams(board, teams, "LOAD " + game.id);
+    NoteArchiveGame(board, game.id);
+  }
+  std::string told;
+  for (const std::string& alike : made.alike) told += (told.empty() ? "" : "\n") + alike;
+  for (const TeamText& team : made.teams) {
+    for (const std::string& gap : team.gaps) {
+      told += (told.empty() ? "" : "\n") + team.name + ": the archive does not tell " + gap + '.';
+    }
+  }
+  if (!told.empty()) board.platform.boxes.Show(told, BoxIcon::Information);
+}
+
+}  // namespace dtb::archive

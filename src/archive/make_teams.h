@@ -1,0 +1,30 @@
+// The making of team files without a window.
+#pragma once
+
+#include <string>
+
+#include "platform/archive.h"
+
+namespace dtb::archive {
+
+struct TeamsRequest {
+  std::string archive;       // a zip or a folder
+  std::string folder;        // for the team files
+  std::string game = {};     // "": the line-up used most of each team; else both teams of this game
+  std::string batting = {};  // file for the batters' figures; "": none
+  std::string pitching = {};  // the same for the pitchers'
+  bool replace = false;       // team files that are there already and differ
+};
+
+struct CommandResult {
+  int exitCode = 0;  // 0: done; 1: not, or not all of it
+  std::string output;
+  std::string errors;
+};
+
+// Reads an archive and writes the files asked for. Team files that are there already and differ
+// stay unless they are to be replaced; tables of figures are written anew. Never throws
+// ProgramError: what went wrong stands among the errors.
+[[nodiscard]] CommandResult MakeTeams(Archives& archives, const TeamsRequest& request);
+
+}  // namespace dtb::archive

@@ -1,0 +1,52 @@
+// The notation of a play: what the batter did, and where he and the runners went.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+namespace dtb::archive {
+
+// How a time at bat ended, as far as the figures tell it apart.
+enum class AtBat : std::uint8_t {
+  None,  // it goes on: a steal, a wild pitch, a substitution, ...
+  Out,
+  Strikeout,
+  Single,
+  Double,
+  Triple,
+  HomeRun,
+  Walk,
+  HitByPitch,
+  Interference,  // the catcher's
+  Error,
+  FieldersChoice,
+};
+
+// Bases count from 1; the batter stands on 0, and kHome is home.
+inline constexpr int kHome = 4;
+inline constexpr int kStays = -1;
+inline constexpr int kIsOut = -2;
+
+struct Play {
+  AtBat atBat = AtBat::None;
+  bool sacrificeHit = false;
+  bool sacrificeFly = false;
+  // Where the man on each base goes: a base, kHome, kStays or kIsOut. The batter's is kStays for as
+  // long as he bats. Who is not named stays; on a home run that means that he scores.
+  std::array<int, 4> goes{kStays, kStays, kStays, kStays};
+  std::array<bool, 4> steals{};  // the man who stood there
+
+  [[nodiscard]] bool ended() const { return atBat != AtBat::None; }
+  [[nodiscard]] bool hit() const { return atBat >= AtBat::Single && atBat <= AtBat::HomeRun; }
+  [[nodiscard]] bool countsAsAtBat() const;
+  [[nodiscard]] int outs() const;
+  [[nodiscard]] int runs() const;
+};
+
+// Reads the last field of a play. Moves that the text names come before those that the event
+// implies; a man whose out an error undid, "1X2(4E3)", has the base. False where a part of the text
+// makes no sense: then the rest stands in `play`.
+[[nodiscard]] bool ReadPlay(std::string_view text, Play& play);
+
+}  // namespace dtb::archive

@@ -1,0 +1,290 @@
+#include "archive/scorer.h"
+
+#include <algorithm>
+
+namespace dtb::archive {
+namespace {
+
+constexpr const char* kTooManyMen = "too many men come into one game";
+
+// The counts of the rule on relief pitchers: a walk then belongs to the one who left.
+bool FavoursBatter(int balls, int strikes) { return balls == 3 || (balls == 2 && strikes < 2); }
+
+int DigitAt(std::string_view text, std::size_t place) {
+  return text.size() > place && text[place] >= '0' && text[place] <= '9' ? text[place] - '0' : 0;
+}
+
+void CreditHit(Batting& batting, Pitching* pitching, AtBat kind) {
+  ++batting.hits;
+  if (kind == AtBat::Double) ++batting.doubles;
+  if (kind == AtBat::Triple) ++batting.triples;
+  if (kind == AtBat::HomeRun) ++batting.homeRuns;
+  if (pitching == nullptr) return;
+  ++pitching->hits;
+  if (kind == AtBat::HomeRun) ++pitching->homeRuns;
+}
+
+}  // namespace
+
+void Scorer::Begin(Game game) {
+  game_ = std::move(game);
+  for (int side = 0; side < 2; ++side) {
+    Side& fresh = sides_.at(side);
+    fresh.club = &season_.clubs[game_.sides.at(side).club];
+    fresh.order.fill(kNobody);
+    fresh.pitcher = kNobody;
+    fresh.due = 1;
+    fresh.entrants.clear();
+    fresh.charged = false;
+  }
+  waiting_.clear();
+  inning_ = 0;
+  open_ = false;
+}
+
+Scorer::Entrant* Scorer::EntrantOf(int side, int man) {
+  constexpr std::size_t kMostMen = 100;
+  std::vector<Entrant>& entrants = sides_.at(side).entrants;
+  const auto found = std::ranges::find(entrants, man, &Entrant::man);
+  if (found != entrants.end()) return &*found;
+  if (entrants.size() >= kMostMen) return nullptr;
+  return &entrants.emplace_back(Entrant{.man = man, .outsBefore = ManOf(side, man).pitching.outs});
+}
+
+// False: the game has too many men.
+bool Scorer::NotePart(int side, int man, int position, bool starts) {
+  const std::size_t before = sides_.at(side).entrants.size();
+  Entrant* entrant = EntrantOf(side, man);
+  if (entrant == nullptr) return false;
+  GameSide& told = game_.sides.at(side);
+  const bool isNew = sides_.at(side).entrants.size() > before;
+  if (isNew && !starts) told.came.push_back(man);
+  const unsigned bit = position > 0 ? 1U << static_cast<unsigned>(position) : 0;
+  const bool pitches = position == kPitcher && (entrant->positions & bit) == 0;
+  if (pitches && !starts) told.pitched.push_back(man);
+  entrant->positions |= bit;
+  return true;
+}
+
+int Scorer::Find(int side, std::string_view id) {
+  Side& team = sides_.at(side);
+  const int due = team.order.at(team.due);
+  if (due != kNobody && team.club->men[due].id == id) return due;
+  for (const Entrant& one : team.entrants) {
+    if (team.club->men[one.man].id == id) return one.man;
+  }
+  return kNobody;
+}
+
+// What a change in the middle of a time at bat means for whom its end is charged to.
+void Scorer::NoteChange(int side, int man, int order, int position) {
+  Side& team = sides_.at(side);
+  const bool relieves = side != atBat_ && position == kPitcher && man != team.pitcher;
+  if (relieves && FavoursBatter(balls_, strikes_) && owesWalk_ == kNobody) {
+    owesWalk_ = team.pitcher;
+  }
+  const bool batsFor = side == atBat_ && order > 0 && team.order.at(order) == batter_;
+  if (batsFor && man != batter_) {
+    if (strikes_ == 2 && owesStrikeout_ == kNobody) owesStrikeout_ = batter_;
+    batter_ = man;
+  }
+}
+
+const char* Scorer::Enter(int side, int man, int order, int position, bool starts) {
+  if (order < 0 || order > kOrder || position < 1 || position > kPinchRunner) {
+    return "there is no such place in the order or on the field";
+  }
+  Side& team = sides_.at(side);
+  if (!NotePart(side, man, position, starts)) return kTooManyMen;
+  if (open_) NoteChange(side, man, order, position);
+  const int leaves = team.order.at(order);
+  team.order.at(order) = man;
+  if (position == kPitcher) team.pitcher = man;
+  GameSide& told = game_.sides.at(side);
+  if (starts) {
+    if (order > 0) told.order.at(order - 1) = {man, position};
+    if (position == kPitcher) told.pitcher = man;
+    return nullptr;
+  }
+  if (leaves == kNobody || leaves == man) return nullptr;
+  if (side == atBat_) std::ranges::replace(bases_, leaves, man);
+  const Man& old = ManOf(side, leaves);
+  for (Waiting& one : waiting_) {
+    if (one.id == old.id) one.id = ManOf(side, man).id;
+  }
+  return nullptr;
+}
+
+void Scorer::PutOnBase(std::string_view id, int base) {
+  std::erase_if(waiting_, [base](const Waiting& one) { return one.base == base; });
+  waiting_.push_back({std::string(id), base});
+}
+
+const char* Scorer::BeginHalf(int inning, int side) {
+  const bool first = inning_ == 0;
+  const bool whole = first || outs_ == 3;
+  inning_ = inning;
+  atBat_ = side;
+  outs_ = 0;
+  bases_.fill(kNobody);
+  open_ = false;
+  owesWalk_ = owesStrikeout_ = kNobody;
+  return whole ? nullptr : "the half-inning before it did not have three outs";
+}
+
+bool Scorer::InOrder(Side& side, int man) {
+  if (side.order.at(side.due) == man) return true;
+  for (int place = 1; place <= kOrder; ++place) {
+    if (side.order.at(place) != man) continue;
+    side.due = place;
+    return true;
+  }
+  return false;
+}
+
+const char* Scorer::Score(int inning, int side, int batter, std::string_view count,
+                          const Play& play) {
+  if (game_.account == Account::BoxScore) return "a play of a game whose figures were told before";
+  const char* fault = nullptr;
+  game_.account = Account::Plays;
+  if (inning != inning_ || side != atBat_) fault = BeginHalf(inning, side);
+  for (const Waiting& one : waiting_) {
+    const int man = Find(side, one.id);
+    if (man == kNobody) fault = "a man who is not in the game stands on a base";
+    bases_.at(one.base) = man;
+  }
+  waiting_.clear();
+  if (!play.ended()) {
+    open_ = true;
+    batter_ = batter;
+    balls_ = DigitAt(count, 0);
+    strikes_ = DigitAt(count, 1);
+  }
+  if (const char* moved = MoveMen(side, batter, play)) fault = moved;
+  if (play.ended()) {
+    if (const char* odd = CreditAtBat(side, batter, play)) fault = odd;
+    open_ = false;
+    owesWalk_ = owesStrikeout_ = kNobody;
+  }
+  return fault;
+}
+
+const char* Scorer::MoveMen(int side, int batter, const Play& play) {
+  const char* fault = nullptr;
+  std::array<int, kHome> after{kNobody, kNobody, kNobody, kNobody};
+  GameSide& told = game_.sides.at(side);
+  const int outs = play.outs();
+  for (int from = kHome - 1; from >= 0; --from) {
+    const int man = from == 0 ? batter : bases_.at(from);
+    int to = play.goes.at(from);
+    if (to == kStays && play.atBat == AtBat::HomeRun && man != kNobody) to = kHome;
+    if (man == kNobody && to != kStays) fault = "a man moves from a base where nobody stands";
+    if (play.steals.at(from) && man != kNobody) ++ManOf(side, man).batting.stolenBases;
+    if (to == kHome) ++told.runs;
+    if (to == kStays) to = from;
+    if (to < 1 || to >= kHome || man == kNobody) continue;
+    // After the third out nobody is told who went where.
+    if (after.at(to) != kNobody && outs_ + outs < 3) fault = "two men stand on one base";
+    after.at(to) = man;
+  }
+  bases_ = after;
+  if (outs == 0) return fault;
+  outs_ += outs;
+  if (outs_ > 3) fault = "the half-inning has more than three outs";
+  const int pitcher = sides_.at(1 - side).pitcher;
+  if (pitcher != kNobody) ManOf(1 - side, pitcher).pitching.outs += outs;
+  return fault;
+}
+
+const char* Scorer::CreditAtBat(int side, int batter, const Play& play) {
+  Side& team = sides_.at(side);
+  const bool strikeout = play.atBat == AtBat::Strikeout;
+  const bool walk = play.atBat == AtBat::Walk;
+  const int charged = strikeout && owesStrikeout_ != kNobody ? owesStrikeout_ : batter;
+  int pitcher = sides_.at(1 - side).pitcher;
+  if (walk && owesWalk_ != kNobody) pitcher = owesWalk_;
+
+  Batting& batting = ManOf(side, charged).batting;
+  Pitching* pitching = pitcher == kNobody ? nullptr : &ManOf(1 - side, pitcher).pitching;
+  if (play.countsAsAtBat()) ++batting.atBats;
+  if (play.hit()) CreditHit(batting, pitching, play.atBat);
+  if (play.atBat == AtBat::HitByPitch) ++batting.hitByPitch;
+  if (play.sacrificeHit) ++batting.sacrificeHits;
+  if (play.sacrificeFly) ++batting.sacrificeFlies;
+  if (strikeout) {
+    ++batting.strikeouts;
+    if (pitching != nullptr) ++pitching->strikeouts;
+  }
+  if (walk) {
+    ++batting.walks;
+    if (pitching != nullptr) ++pitching->walks;
+  }
+  const bool inOrder = InOrder(team, batter);
+  team.due = team.due % kOrder + 1;
+  if (!inOrder) return "the batter has no place in the order";
+  return pitching == nullptr ? "nobody pitches" : nullptr;
+}
+
+void Scorer::ChargeEarnedRuns(int side, int man, int runs) {
+  ManOf(side, man).pitching.earnedRuns += runs;
+  sides_.at(side).charged = true;
+}
+
+const char* Scorer::AddBatting(int side, int man, const Batting& figures) {
+  if (!NotePart(side, man, 0, false)) return kTooManyMen;
+  game_.account = Account::BoxScore;
+  Batting& sum = ManOf(side, man).batting;
+  for (const auto figure :
+       {&Batting::atBats, &Batting::hits, &Batting::doubles, &Batting::triples, &Batting::homeRuns,
+        &Batting::walks, &Batting::strikeouts, &Batting::hitByPitch, &Batting::stolenBases,
+        &Batting::sacrificeHits, &Batting::sacrificeFlies}) {
+    sum.*figure += figures.*figure;
+  }
+  return nullptr;
+}
+
+const char* Scorer::AddPitching(int side, int man, const Pitching& figures, bool started) {
+  if (started && game_.sides.at(side).pitcher == kNobody) game_.sides.at(side).pitcher = man;
+  if (!NotePart(side, man, kPitcher, game_.sides.at(side).pitcher == man)) return kTooManyMen;
+  game_.account = Account::BoxScore;
+  Pitching& sum = ManOf(side, man).pitching;
+  for (const auto figure :
+       {&Pitching::outs, &Pitching::hits, &Pitching::homeRuns, &Pitching::walks,
+        &Pitching::strikeouts, &Pitching::earnedRuns, &Pitching::outsUncharged}) {
+    sum.*figure += figures.*figure;
+  }
+  sides_.at(side).charged = true;  // each line tells for itself
+  return nullptr;
+}
+
+const char* Scorer::NotePosition(int side, int man, int position) {
+  return NotePart(side, man, position, false) ? nullptr : kTooManyMen;
+}
+
+void Scorer::SetRuns(int side, int runs) {
+  game_.account = Account::BoxScore;
+  game_.sides.at(side).runs = runs;
+}
+
+void Scorer::End() {
+  for (int side = 0; side < 2; ++side) {
+    for (const Entrant& one : sides_.at(side).entrants) {
+      Man& man = ManOf(side, one.man);
+      ++man.batting.games;
+      man.days.push_back(game_.day);
+      for (int position = 1; position < kPositions; ++position) {
+        if ((one.positions >> static_cast<unsigned>(position)) & 1U) {
+          ++man.batting.gamesAt.at(position);
+        }
+      }
+      if ((one.positions >> kPitcher) & 1U) ++man.pitching.games;
+      if (game_.sides.at(side).pitcher == one.man) ++man.pitching.starts;
+      if (!sides_.at(side).charged) {
+        man.pitching.outsUncharged += man.pitching.outs - one.outsBefore;
+      }
+    }
+  }
+  season_.games.push_back(std::move(game_));
+}
+
+}  // namespace dtb::archive

@@ -1,0 +1,34 @@
+#include "database/saved_tables.h"
+
+#include "base/text_cell.h"
+#include "game/board_state.h"
+
+namespace dtb {
+namespace {
+
+TableColumns BoxScores() {
+  TableColumns boxScores{table::kBoxScores, {"Team"}};
+  for (int inning = 1; inning <= kInnings; ++inning) {
+    boxScores.columns.push_back(std::string("I").append(DecimalText(inning)));
+  }
+  for (const char* column : {"Runs", "Hits", "Errors", "Host", "GameID"}) {
+    boxScores.columns.emplace_back(column);
+  }
+  return boxScores;
+}
+
+}  // namespace
+
+const std::vector<TableColumns>& SavedTables() {
+  static const std::vector<TableColumns> tables{
+      {table::kBatting,
+       {"Batter", "k", "BB", "1B", "2B", "3B", "HR", "SB", "RBI", "AB", "Team", "GameID"}},
+      {table::kPitching, {"Pitcher", "k", "BB", "Hits", "HR", "Runs", "IP", "Team", "GameID"}},
+      BoxScores(),
+      {table::kWinLoss, {"Team", "Win", "Loss"}},
+      {table::kMatchups, {"Matchup", "Tally"}},
+  };
+  return tables;
+}
+
+}  // namespace dtb

@@ -1,0 +1,184 @@
+#include "season/season_figures.h"
+
+#include <algorithm>
+#include <map>
+#include <numeric>
+#include <set>
+#include <string_view>
+#include <tuple>
+#include <unordered_map>
+#include <utility>
+
+#include "base/letters.h"
+#include "base/time_stamp.h"
+#include "database/rows.h"
+#include "database/saved_games.h"
+
+namespace dtb {
+namespace {
+
+constexpr const char* kLineScores =
+    "SELECT GameID, Team, Runs, Hits, Errors, Host FROM BoxScores ORDER BY rowid";
+
+// Places of names.
+class Names {
+ public:
+  explicit Names(std::vector<SeasonTeam>& teams) : teams_(teams) {}
+  int PlaceOf(std::string_view name) {
+    const auto [entry, added] =
+        places_.try_emplace(std::string(name), static_cast<int>(teams_.size()));
+    if (added) teams_.push_back({.name = std::string(name)});
+    return entry->second;
+  }
+
+ private:
+  std::vector<SeasonTeam>& teams_;
+  std::unordered_map<std::string, int> places_;
+};
+
+// The line scores, and which of them are games.
+struct Lines {
+  std::vector<LineKey> keys;
+  std::vector<SeasonSide> sides;
+};
+
+Lines ReadLines(Database& database, const std::stop_token& stop, Names& names) {
+  Lines lines;
+  ForEachRow(database, {kLineScores, {}, stop}, [&](std::span<const DatabaseValue> row) {
+    lines.keys.push_back({TextIn(row[0]), SideOfHost(TextIn(row[5]))});
+    const int line = static_cast<int>(lines.keys.size());
+    lines.sides.push_back({names.PlaceOf(TextIn(row[1])), NumberIn(row[2]), NumberIn(row[3]),
+                           NumberIn(row[4]), line});
+  });
+  return lines;
+}
+
+void AddGames(SeasonFigures& season, const Lines& lines) {
+  for (const auto& [visitors, home] : PairLines(lines.keys)) {
+    if (!visitors || !home) {
+      ++season.lonelyLines;
+      continue;
+    }
+    const std::string& id = lines.keys[*visitors].id;
+    season.games.push_back({id, TimeOfStamp(id), {lines.sides[*visitors], lines.sides[*home]}});
+  }
+  std::ranges::stable_sort(season.games, [](const SeasonGame& a, const SeasonGame& b) {
+    return IsEarlier(a.time, b.time);
+  });
+}
+
+std::string KeyOf(std::string_view name, int team) {
+  return std::to_string(team) + ' ' + std::string(name);
+}
+
+void AddMen(SeasonFigures& season, Database& database, SeasonRole role, const std::stop_token& stop,
+            Names& names) {
+  std::unordered_map<std::string, std::size_t> known;
+  for (std::size_t i = 0; i < season.men.size(); ++i) {
+    known.emplace(KeyOf(season.men[i].name, season.men[i].team), i);
+  }
+  const bool bats = role == SeasonRole::Batting;
+  const std::string statement = std::string("SELECT ") + (bats ? "Batter" : "Pitcher") +
+                                ", Team, " + SelectedSums(role) + " FROM " +
+                                (bats ? "Batting" : "Pitching") + " GROUP BY Team, " +
+                                (bats ? "Batter" : "Pitcher");
+  ForEachRow(database, {statement, {}, stop}, [&](std::span<const DatabaseValue> row) {
+    const std::string name = TextIn(row[0]);
+    const int team = names.PlaceOf(TextIn(row[1]));
+    const auto [man, added] = known.try_emplace(KeyOf(name, team), season.men.size());
+    if (added) season.men.push_back({name, team});
+    SeasonMan& entry = season.men[man->second];
+    const SeasonTotals totals = TotalsOf(row.subspan(2), role);
+    if (bats) {
+      if (!entry.batting) entry.batting.emplace();
+      *entry.batting += std::get<BattingTotals>(totals);
+    } else {
+      if (!entry.pitching) entry.pitching.emplace();
+      *entry.pitching += std::get<PitchingTotals>(totals);
+    }
+  });
+}
+
+// Teams and men go to their places in the order of names.
+void PutInOrder(SeasonFigures& season) {
+  const auto before = [](const std::string& a, const std::string& b) {
+    const int order = CompareNames(a, b);
+    return order != 0 ? order < 0 : a < b;
+  };
+  std::vector<int> order(season.teams.size());
+  std::iota(order.begin(), order.end(), 0);
+  std::ranges::sort(
+      order, [&](int a, int b) { return before(season.teams[a].name, season.teams[b].name); });
+  std::vector<SeasonTeam> teams;
+  std::vector<int> placeOf(order.size());
+  for (const int team : order) {
+    placeOf[team] = static_cast<int>(teams.size());
+    teams.push_back(std::move(season.teams[team]));
+  }
+  season.teams = std::move(teams);
+  for (SeasonGame& game : season.games) {
+    for (SeasonSide& side : game.sides) side.team = placeOf[side.team];
+  }
+  for (SeasonMan& man : season.men) man.team = placeOf[man.team];
+  std::ranges::sort(season.men, [&](const SeasonMan& a, const SeasonMan& b) {
+    return a.name != b.name ? before(a.name, b.name) : a.team < b.team;
+  });
+}
+
+void AddRecords(SeasonFigures& season) {
+  for (std::size_t game = 0; game < season.games.size(); ++game) {
+    const auto& sides = season.games[game].sides;
+    for (std::size_t i = 0; i < sides.size(); ++i) {
+      const double own = sides.at(i).runs;
+      const double others = sides.at(1 - i).runs;
+      SeasonTeam& team = season.teams[sides.at(i).team];
+      team.games.push_back(static_cast<int>(game));
+      team.wins += own > others ? 1 : 0;
+      team.losses += own < others ? 1 : 0;
+      team.runs += own;
+      team.runsAllowed += others;
+    }
+  }
+}
+
+// Games of one GameID with a team in common.
+int CountMixed(const SeasonFigures& season) {
+  std::map<std::pair<std::string_view, int>, std::vector<int>> gamesOf;  // of a GameID and a team
+  for (std::size_t game = 0; game < season.games.size(); ++game) {
+    const auto& [visitors, home] = season.games[game].sides;
+    gamesOf[{season.games[game].id, visitors.team}].push_back(static_cast<int>(game));
+    if (home.team != visitors.team) {
+      gamesOf[{season.games[game].id, home.team}].push_back(static_cast<int>(game));
+    }
+  }
+  std::set<int> mixed;
+  for (const auto& [key, games] : gamesOf) {
+    if (games.size() > 1) mixed.insert(games.begin(), games.end());
+  }
+  return static_cast<int>(mixed.size());
+}
+
+}  // namespace
+
+SeasonFigures ReadSeasonFigures(Database& database, const std::stop_token& stop) {
+  SeasonFigures season;
+  Names names(season.teams);
+  AddGames(season, ReadLines(database, stop, names));
+  for (const SeasonRole role : {SeasonRole::Batting, SeasonRole::Pitching}) {
+    AddMen(season, database, role, stop, names);
+  }
+  PutInOrder(season);
+  AddRecords(season);
+  season.mixedGames = CountMixed(season);
+  return season;
+}
+
+bool IsEarlier(const std::optional<LocalTime>& first, const std::optional<LocalTime>& second) {
+  if (!first || !second) return first.has_value() && !second.has_value();
+  const auto key = [](const LocalTime& time) {
+    return std::tuple(time.year, time.month, time.day, time.secondsSinceMidnight());
+  };
+  return key(*first) < key(*second);
+}
+
+}  // namespace dtb

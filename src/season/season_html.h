@@ -1,0 +1,53 @@
+// Pieces of web pages.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "season/season_figures.h"
+
+namespace dtb {
+
+// The text as any page may show it: what is no character of a page stands as U+FFFD, all marks and
+// all that is not plain as entities.
+[[nodiscard]] std::string PageText(std::string_view text);
+
+// "al-adams-12.html": plain small letters and digits of the name, and a number that makes it
+// distinct from all others of its folder, whatever the names are.
+[[nodiscard]] std::string PageFileName(std::string_view name, std::size_t number);
+
+// A link; both texts are plain ones.
+[[nodiscard]] std::string PageLink(std::string_view file, std::string_view text);
+
+// A whole page. `root` leads from its folder to that of the first page: "" or "../". The body is
+// markup, the title plain.
+[[nodiscard]] std::string WholePage(std::string_view title, std::string_view root,
+                                    std::string_view body);
+
+// A table of cells in markup, the header first; the first column is left-aligned and stays where it
+// is when the rest scrolls. The last row may be the sum of all others.
+enum class LastRow { Usual, Sum };
+[[nodiscard]] std::string PageTable(const std::vector<std::vector<std::string>>& rows,
+                                    LastRow last = LastRow::Usual);
+
+// The places of entries that stand in order, "1", "2", "2", "4": equal ones have the same.
+[[nodiscard]] std::vector<int> PlacesOf(const std::vector<std::string>& values);
+// A name, in markup, behind its place.
+[[nodiscard]] std::string Placed(int place, const std::string& name);
+
+// The heading of a part of a page, the first, the second and so on, and the list of all its parts
+// that stands at its top; plain texts.
+[[nodiscard]] std::string PartHeading(std::size_t number, std::string_view title);
+[[nodiscard]] std::string PageContents(const std::vector<std::string>& titles);
+
+// The standings as a picture, one for a wide page and one for a narrow: a line for each team, with
+// its name at the end.
+[[nodiscard]] std::string StandingsDrawing(const SeasonFigures& season);
+// A piece of the line of the team that stands at this place.
+[[nodiscard]] std::string LineSample(int place);
+
+// The one style sheet of all pages.
+[[nodiscard]] const char* PageStyle();
+
+}  // namespace dtb

@@ -1,0 +1,48 @@
+// The best men of a season.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "season/season_figures.h"
+
+namespace dtb {
+
+enum class SeasonLead {
+  Average,
+  HomeRuns,
+  RunsBattedIn,
+  StolenBases,
+  EarnedRunAverage,
+  Strikeouts,  // a pitcher's
+  Innings,
+};
+inline constexpr std::array kSeasonLeads{SeasonLead::Average,          SeasonLead::HomeRuns,
+                                         SeasonLead::RunsBattedIn,     SeasonLead::StolenBases,
+                                         SeasonLead::EarnedRunAverage, SeasonLead::Strikeouts,
+                                         SeasonLead::Innings};
+inline constexpr std::size_t kMostLeaders = 10;
+
+// "Batting average"
+[[nodiscard]] const char* LeadTitle(SeasonLead lead);
+[[nodiscard]] SeasonRole RoleOf(SeasonLead lead);
+
+struct SeasonLeader {
+  int man = 0;       // his place among the men
+  double value = 0;  // innings in outs
+  std::string text;
+};
+
+struct LeaderList {
+  std::vector<SeasonLeader> first;  // the best ten, equal ones in the order of names
+  int alsoLast = 0;                 // so many more have the value of the tenth
+};
+
+// With the qualification, the two averages ask for 3.1 plate appearances, which are at-bats and
+// walks, or 1 inning, for each game of the man's team.
+[[nodiscard]] LeaderList Leaders(const SeasonFigures& season, SeasonLead lead, bool qualified);
+
+// "and 3 more with 12"; "" where all with the value of the tenth are in the list.
+[[nodiscard]] std::string MoreText(const LeaderList& list);
+
+}  // namespace dtb

@@ -1,0 +1,418 @@
+#include "season/season_pages.h"
+
+#include <algorithm>
+#include <numeric>
+#include <system_error>
+
+#include "base/file_names.h"
+#include "base/paths.h"
+#include "base/program_error.h"
+#include "base/whole_file.h"
+#include "base/words.h"
+#include "season/season_book.h"
+#include "season/season_html.h"
+#include "season/season_leaders.h"
+#include "season/season_scores.h"
+#include "season/season_standings.h"
+#include "season/season_words.h"
+#include "sheet/report_files.h"
+
+namespace dtb {
+namespace {
+
+using Cells = std::vector<std::vector<std::string>>;
+
+constexpr const char* kUp = "../";
+constexpr int kInnings = 20;
+constexpr int kUsualInnings = 9;
+
+std::string Heading(const char* tag, std::string_view text) {
+  return std::string("<").append(tag).append(">").append(PageText(text)).append("</").append(tag) +
+         ">\n";
+}
+
+std::string Paragraph(std::string_view text) { return Heading("p", text); }
+
+void Append(std::vector<std::string>& row, std::vector<std::string> more) {
+  row.insert(row.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+}
+
+// Counters alone, without the games and the rates.
+std::vector<std::string> Counters(std::vector<std::string> texts, SeasonRole role) {
+  texts.erase(texts.begin());
+  texts.resize(texts.size() - (role == SeasonRole::Batting ? 2 : 1));
+  return texts;
+}
+
+constexpr const char* kSeasonFolder = "Season ";  // and the day
+
+const char* NameOf(SeasonRole role) { return role == SeasonRole::Batting ? "Batting" : "Pitching"; }
+
+constexpr const char* kBeingWritten = " (being written)";
+
+// Programs that died while they wrote pages leave these.
+void RemoveDrafts(const std::filesystem::path& folder) {
+  std::error_code fault;
+  std::vector<std::filesystem::path> drafts;
+  for (std::filesystem::directory_iterator entry(folder, fault), end; !fault && entry != end;
+       entry.increment(fault)) {
+    const std::string name = TextOf(entry->path().filename());
+    if (name.starts_with(kSeasonFolder) && name.ends_with(kBeingWritten)) {
+      drafts.push_back(entry->path());
+    }
+  }
+  for (const auto& draft : drafts) std::filesystem::remove_all(draft, fault);
+}
+
+// Pages on their way into a folder that is put in place when all of them stand.
+class PageFolder {
+ public:
+  explicit PageFolder(std::filesystem::path place)
+      : place_(std::move(place)), draft_(PathOf(TextOf(place_) + kBeingWritten)) {
+    RemoveDrafts(place_.parent_path());
+    std::error_code fault;
+    for (const char* folder : {"teams", "men", "games"}) {
+      std::filesystem::create_directories(draft_ / folder, fault);
+      if (fault) ThrowWriteFault("folder", place_, fault.value());
+    }
+  }
+  ~PageFolder() { Discard(); }
+  PageFolder(const PageFolder&) = delete;
+  PageFolder& operator=(const PageFolder&) = delete;
+
+  void Write(const std::string& name, std::string_view text) const {
+    WriteDraft(draft_ / name, text, "page");
+  }
+  void PutInPlace() { MoveFolderIntoPlace(draft_, place_, "folder"); }
+
+ private:
+  void Discard() const {
+    std::error_code fault;
+    std::filesystem::remove_all(draft_, fault);
+  }
+
+  std::filesystem::path place_;
+  std::filesystem::path draft_;
+};
+
+class PageWriter {
+ public:
+  explicit PageWriter(const SeasonBook& book)
+      : book_(book), season_(book.season), months_(MonthMarks(season_)) {}
+
+  // Writes a page after the other. False: the person has enough of it.
+  bool WriteAll(const PageFolder& folder, const ExportProgress& progress) {
+    const std::size_t all = pages();
+    std::size_t written = 0;
+    const auto write = [&](const std::string& name, const std::string& page) {
+      folder.Write(name, page);
+      constexpr double kReadShare = 0.05;
+      ++written;
+      return progress(kReadShare + (1 - kReadShare) * double(written) / double(all));
+    };
+    folder.Write("style.css", PageStyle());
+    if (!write("index.html", WholePage("Season", "", FirstPage()))) return false;
+    for (std::size_t i = 0; i < months_.size(); ++i) {
+      if (!write(MonthFile(i), WholePage("Games of " + months_[i].month, "", MonthPage(i)))) {
+        return false;
+      }
+    }
+    for (int i = 0; i < Size(season_.teams); ++i) {
+      if (!write(TeamFile(i), WholePage(season_.teams[i].name, kUp, TeamPage(i)))) return false;
+    }
+    for (int i = 0; i < Size(season_.men); ++i) {
+      if (!write(ManFile(i), WholePage(season_.men[i].name, kUp, ManPage(i)))) return false;
+    }
+    for (int i = 0; i < Size(season_.games); ++i) {
+      const std::string title = ScoreText(season_, season_.games[i]);
+      if (!write(GameFile(i), WholePage(title, kUp, GamePage(i)))) return false;
+    }
+    return true;
+  }
+
+  [[nodiscard]] std::size_t pages() const {
+    return 1 + months_.size() + season_.teams.size() + season_.men.size() + season_.games.size();
+  }
+
+ private:
+  template <class Entries>
+  static int Size(const Entries& entries) {
+    return static_cast<int>(entries.size());
+  }
+
+  [[nodiscard]] std::string MonthFile(std::size_t month) const {
+    return PageFileName("games " + months_[month].month, month + 1);
+  }
+  [[nodiscard]] std::string TeamFile(int team) const {
+    return "teams/" + PageFileName(season_.teams[team].name, static_cast<std::size_t>(team) + 1);
+  }
+  [[nodiscard]] std::string ManFile(int man) const {
+    return "men/" + PageFileName(season_.men[man].name, static_cast<std::size_t>(man) + 1);
+  }
+  [[nodiscard]] std::string GameFile(int game) const {
+    return "games/" + PageFileName(season_.games[game].id, static_cast<std::size_t>(game) + 1);
+  }
+  [[nodiscard]] std::string TeamLink(int team, const char* root = kUp) const {
+    return PageLink(root + TeamFile(team), season_.teams[team].name);
+  }
+  [[nodiscard]] std::string ManLink(int man, const char* root = kUp) const {
+    return PageLink(root + ManFile(man), season_.men[man].name);
+  }
+  [[nodiscard]] std::string DayLink(int game, const char* root = kUp) const {
+    return PageLink(root + GameFile(game), DayText(season_.games[game].time));
+  }
+
+  [[nodiscard]] std::string FirstPage() const {
+    std::string page = PageContents({"Standings", "Leaders", "Games"}) +
+                       Paragraph(ScoresText(CountScores(season_))) + PartHeading(1, "Standings") +
+                       StandingsDrawing(season_);
+    if (season_.mixedGames > 0) {
+      page += Paragraph(
+          "With one GameID and a team in common, so that their players are not told "
+          "apart: " +
+          std::to_string(season_.mixedGames) + " games.");
+    }
+    Cells standings = StandingsTable(season_);
+    const std::vector<Standing> order = Standings(season_);
+    std::vector<std::string> records;
+    for (const Standing& standing : order) {
+      const SeasonTeam& team = season_.teams[standing.team];
+      records.push_back(RecordText(team.wins, team.losses, team.ties()));
+    }
+    const std::vector<int> places = PlacesOf(records);
+    for (std::size_t place = 0; place < order.size(); ++place) {
+      standings[place + 1].front() = Placed(
+          places[place], LineSample(static_cast<int>(place)) + TeamLink(order[place].team, ""));
+    }
+    page += PageTable(standings) + PartHeading(2, "Leaders") +
+            Paragraph(
+                "For both averages: 3.1 plate appearances, that is at-bats and walks, or 1 "
+                "inning, for each game of the man's team. Innings are counted in thirds.") +
+            "<div class=\"boards\">\n";
+    for (const SeasonLead lead : kSeasonLeads) {
+      page += "<section>" + Heading("h3", LeadTitle(lead)) + LeaderTable(lead) + "</section>\n";
+    }
+    page += "</div>\n" + PartHeading(3, "Games") + "<ul>\n";
+    for (std::size_t month = 0; month < months_.size(); ++month) {
+      page += "<li>" + PageLink(MonthFile(month), months_[month].month) + "</li>\n";
+    }
+    return page + "</ul>\n";
+  }
+
+  [[nodiscard]] std::string LeaderTable(SeasonLead lead) const {
+    Cells table{{"Name", "Team", ""}};
+    const LeaderList list = Leaders(season_, lead, true);
+    const std::vector<SeasonLeader>& leaders = list.first;
+    std::vector<std::string> values;
+    for (const SeasonLeader& leader : leaders) values.push_back(leader.text);
+    const std::vector<int> places = PlacesOf(values);
+    for (std::size_t i = 0; i < leaders.size(); ++i) {
+      const SeasonLeader& leader = leaders[i];
+      table.push_back({Placed(places[i], ManLink(leader.man, "")),
+                       TeamLink(season_.men[leader.man].team, ""), leader.text});
+    }
+    if (list.alsoLast > 0) table.push_back({PageText(MoreText(list)), "", ""});
+    return PageTable(table);
+  }
+
+  [[nodiscard]] std::string MonthPage(std::size_t month) const {
+    const int end = month + 1 < months_.size() ? months_[month + 1].game : Size(season_.games);
+    Cells table{{"Day", "Visitors", "", "Home team", ""}};
+    for (int game = months_[month].game; game < end; ++game) {
+      const auto& [visitors, home] = season_.games[game].sides;
+      table.push_back({DayLink(game, ""), TeamLink(visitors.team, ""), RunsText(visitors),
+                       TeamLink(home.team, ""), RunsText(home)});
+    }
+    return "<nav><a href=\"index.html\">The season</a></nav>\n" + PageTable(table);
+  }
+
+  [[nodiscard]] std::string RunsText(const SeasonSide& side) const {
+    constexpr int kRunsColumn = 22;
+    return PageText(book_.lineScores.Text(side.line, kRunsColumn));
+  }
+
+  [[nodiscard]] std::string TeamPage(int place) const {
+    const SeasonTeam& team = season_.teams[place];
+    std::string page = PageContents({"Batting", "Pitching", "Games"}) +
+                       Paragraph(RecordText(team.wins, team.losses, team.ties()) + ", " +
+                                 AboveText(team.above()) + ".");
+    for (const SeasonRole role : kSeasonRoles) {
+      SeasonTotals total = NoTotals(role);
+      Cells table{{"Name"}};
+      Append(table.front(), LineHeaders(role));
+      for (int man = 0; man < Size(season_.men); ++man) {
+        const auto& outings = OutingsOf(man, role);
+        if (season_.men[man].team != place || outings.empty()) continue;
+        table.push_back({ManLink(man)});
+        Append(table.back(), LineTexts(outings.back().total));
+        total += outings.back().total;
+      }
+      // A team plays no more games than it has played, however many men played in each.
+      SetGames(total, double(team.games.size()));
+      table.push_back({"Team"});
+      Append(table.back(), LineTexts(total));
+      page += PartHeading(role == SeasonRole::Batting ? 1 : 2, NameOf(role)) +
+              PageTable(table, LastRow::Sum);
+    }
+    Cells table{{"Day", "Opponent", "", "Score", "Record"}};
+    const std::vector<CoursePoint> course = CourseOf(season_, place);
+    int wins = 0;
+    int losses = 0;
+    int ties = 0;
+    for (std::size_t point = 1; point < course.size(); ++point) {
+      const int game = course[point].game - 1;
+      const auto& sides = season_.games[game].sides;
+      const std::size_t own = sides[0].team == place ? 0 : 1;
+      const int change = course[point].above - course[point - 1].above;
+      ++(change > 0 ? wins : change < 0 ? losses : ties);
+      table.push_back({DayLink(game), (own == 0 ? "at " : "") + TeamLink(sides.at(1 - own).team),
+                       change > 0   ? "won"
+                       : change < 0 ? "lost"
+                                    : "tie",
+                       RunsText(sides.at(own)) + "-" + RunsText(sides.at(1 - own)),
+                       RecordText(wins, losses, ties)});
+    }
+    return page + PartHeading(3, "Games") + PageTable(table);
+  }
+
+  [[nodiscard]] const std::vector<SeasonOuting>& OutingsOf(int man, SeasonRole role) const {
+    return book_.outings[man].at(static_cast<std::size_t>(role));
+  }
+
+  [[nodiscard]] std::string ManPage(int place) const {
+    const SeasonMan& man = season_.men[place];
+    std::string page = "<p>" + TeamLink(man.team) + "</p>\n";
+    std::vector<std::string> parts;
+    for (const SeasonRole role : kSeasonRoles) {
+      if (!OutingsOf(place, role).empty()) parts.emplace_back(NameOf(role));
+    }
+    page += PageContents(parts);
+    std::size_t part = 0;
+    for (const SeasonRole role : kSeasonRoles) {
+      const auto& outings = OutingsOf(place, role);
+      if (outings.empty()) continue;
+      Cells games{{"Day", "Opponent"}};
+      Append(games.front(), Counters(LineHeaders(role), role));
+      games.front().emplace_back(role == SeasonRole::Batting ? "AVG so far" : "ERA so far");
+      for (const SeasonOuting& outing : outings) {
+        games.push_back(OutingCells(man.team, outing));
+        Append(games.back(), Counters(LineTexts(outing.line), role));
+        games.back().push_back(RateText(outing.total));
+      }
+      page +=
+          PartHeading(++part, NameOf(role)) +
+          PageTable(MonthTable(season_, {man.team, man.name, false, role}, outings), LastRow::Sum) +
+          PageTable(games);
+    }
+    return page;
+  }
+
+  [[nodiscard]] std::vector<std::string> OutingCells(int team, const SeasonOuting& outing) const {
+    if (outing.game < 0) return {PageText(DayText(outing.time)), "-"};
+    const auto& sides = season_.games[outing.game].sides;
+    const std::size_t own = sides[0].team == team ? 0 : 1;
+    return {DayLink(outing.game), (own == 0 ? "at " : "") + TeamLink(sides.at(1 - own).team)};
+  }
+
+  [[nodiscard]] std::string GamePage(int place) const {
+    const SeasonGame& game = season_.games[place];
+    std::vector<std::string> names;
+    for (const SeasonSide& side : game.sides) names.push_back(season_.teams[side.team].name);
+    std::string page = PageContents(names) + Paragraph(DayAndTimeText(game.time)) + LineScore(game);
+    for (std::size_t side = 0; side < game.sides.size(); ++side) {
+      page += PartHeading(side + 1, names[side]);
+      for (const SeasonRole role : kSeasonRoles) {
+        SeasonTotals total = NoTotals(role);
+        Cells table{{NameOf(role)}};
+        Append(table.front(), Counters(LineHeaders(role), role));
+        for (const BookEntry& entry :
+             book_.games[place].at(side).at(static_cast<std::size_t>(role))) {
+          table.push_back({ManLink(entry.man)});
+          Append(table.back(), Counters(LineTexts(entry.line), role));
+          total += entry.line;
+        }
+        table.push_back({"Team"});
+        Append(table.back(), Counters(LineTexts(total), role));
+        page += PageTable(table, LastRow::Sum);
+      }
+    }
+    return page;
+  }
+
+  [[nodiscard]] std::string LineScore(const SeasonGame& game) const {
+    const StatGrid& lines = book_.lineScores;
+    int innings = kInnings;
+    while (innings > kUsualInnings && lines.Text(game.sides[0].line, innings + 1).empty() &&
+           lines.Text(game.sides[1].line, innings + 1).empty()) {
+      --innings;
+    }
+    std::vector<int> columns(static_cast<std::size_t>(innings));
+    std::iota(columns.begin(), columns.end(), 2);
+    columns.insert(columns.end(), {kInnings + 2, kInnings + 3, kInnings + 4});
+    Cells table{{"Team"}};
+    for (int inning = 1; inning <= innings; ++inning) {
+      table.front().push_back(std::to_string(inning));
+    }
+    Append(table.front(), {"R", "H", "E"});
+    for (const SeasonSide& side : game.sides) {
+      table.push_back({TeamLink(side.team)});
+      for (const int column : columns) {
+        table.back().push_back(PageText(lines.Text(side.line, column)));
+      }
+    }
+    return PageTable(table);
+  }
+
+  const SeasonBook& book_;
+  const SeasonFigures& season_;
+  std::vector<MonthMark> months_;
+};
+
+std::string FolderName(const LocalTime& today) {
+  const auto two = [](int number) { return (number < 10 ? "-0" : "-") + std::to_string(number); };
+  return kSeasonFolder + std::to_string(today.year) + two(today.month) + two(today.day);
+}
+
+// The folder; nothing where the person cancelled or there is no game.
+std::optional<std::filesystem::path> Write(Platform& platform, const ExportProgress& progress,
+                                           std::string& contents, const std::string& title) {
+  if (!progress(0)) return std::nullopt;
+  const SeasonBook book = ReadSeasonBook(platform.database);
+  if (book.season.games.empty()) {
+    platform.boxes.Show(
+        "No game is saved yet, so there is nothing to write. When a game is over, open STATS on "
+        "the board and press SAVE TO DB.",
+        BoxIcon::Information, title);
+    return std::nullopt;
+  }
+  std::filesystem::path place =
+      FreeFile(ReportsFolder(platform), FolderName(platform.clock.Now()), "");
+  PageFolder folder(place);
+  PageWriter writer(book);
+  if (!writer.WriteAll(folder, progress)) return std::nullopt;
+  folder.PutInPlace();
+  contents = Counted(std::ssize(book.season.games), "game") + ", " +
+             Counted(static_cast<long long>(writer.pages()), "page");
+  return place;
+}
+
+}  // namespace
+
+void WriteSeasonPages(Platform& platform, const std::string& title,
+                      const ExportProgress& progress) {
+  try {
+    std::string contents;
+    const auto folder = Write(
+        platform, progress ? progress : [](double /*share*/) { return true; }, contents, title);
+    if (!folder) return;
+    const Question question{"The season pages are written: " + contents + ". They lie in\n" +
+                                TextOf(*folder) + "\n\nDo you want to open them?",
+                            title, true};
+    if (platform.boxes.Ask(question)) platform.pages.Open(TextOf(*folder / "index.html"));
+  } catch (const ProgramError& failure) {
+    platform.boxes.Show("No season pages were written. " + std::string(failure.what()),
+                        BoxIcon::Exclamation, title);
+  }
+}
+
+}  // namespace dtb

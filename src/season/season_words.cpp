@@ -1,0 +1,63 @@
+#include "season/season_words.h"
+
+#include <array>
+
+#include "base/text_cell.h"
+
+namespace dtb {
+namespace {
+
+constexpr const char* kNoDate = "no date";
+constexpr std::array kMonths{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                             "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+
+std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
+
+}  // namespace
+
+std::string MonthText(const std::optional<LocalTime>& time) {
+  if (!time) return kNoDate;
+  return std::string(kMonths.at(time->month - 1)) + " " + std::to_string(time->year);
+}
+
+std::string DayText(const std::optional<LocalTime>& time) {
+  return time ? std::to_string(time->day) + " " + MonthText(time) : kNoDate;
+}
+
+std::string DayAndTimeText(const std::optional<LocalTime>& time) {
+  if (!time) return kNoDate;
+  return DayText(time) + ", " + TwoDigits(time->hour) + ":" + TwoDigits(time->minute);
+}
+
+std::string ScoreText(const SeasonFigures& season, const SeasonGame& game) {
+  std::string text;
+  for (const SeasonSide& side : game.sides) {
+    text +=
+        (text.empty() ? "" : ", ") + season.teams[side.team].name + " " + DecimalText(side.runs);
+  }
+  return text;
+}
+
+std::string RecordText(int wins, int losses, int ties) {
+  return std::to_string(wins) + "-" + std::to_string(losses) +
+         (ties > 0 ? "-" + std::to_string(ties) : "");
+}
+
+std::string AboveText(int above) {
+  if (above == 0) return "at .500";
+  return std::to_string(above > 0 ? above : -above) + (above > 0 ? " above .500" : " below .500");
+}
+
+std::string AverageText(const std::optional<Quotient>& average) {
+  if (!average) return "-";
+  std::string text = RoundedQuotient(average->part, average->whole, 3);
+  return text.starts_with("0.") ? text.substr(1) : text;
+}
+
+std::string EarnedRunText(const std::optional<Quotient>& average) {
+  return average ? RoundedQuotient(average->part, average->whole, 2) : "-";
+}
+
+std::string DecimalInnings(double outs) { return RoundedQuotient(outs, 3, 2); }
+
+}  // namespace dtb

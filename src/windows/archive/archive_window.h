@@ -1,0 +1,61 @@
+// The window in which teams are made of a real season.
+#pragma once
+
+#include <QBoxLayout>
+#include <QButtonGroup>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "archive/archive_desk.h"
+#include "base/control_resizer.h"
+#include "windows/shared/stat_grid_view.h"
+
+namespace dtb {
+
+// Made anew for each opening.
+class ArchiveWindow : public QDialog {
+  Q_OBJECT
+ public:
+  // Opens the window over another, reads the archive of the last run if there is one, and waits
+  // until the person has closed it.
+  static void Run(Board& board, archive::KeptSeason& kept, QWidget* over);
+
+  ArchiveWindow(Board& board, archive::KeptSeason& kept, QWidget* parent);
+  ~ArchiveWindow() override;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void BuildArchive(QVBoxLayout* whole);
+  void BuildTables(QVBoxLayout* whole);
+  void BuildForms(QVBoxLayout* whole);
+  void BuildButtons(QVBoxLayout* whole);
+
+  QPushButton* AddButton(QBoxLayout* strip, const char* name, const char* caption, const char* tip);
+  QLabel* AddText(QBoxLayout* place, const char* name, Field<std::string>& text);
+  StatGridView* AddGrid(QBoxLayout* place, const char* name, const char* accessibleName,
+                        StatGrid& grid);
+  // Calls the function with the grid's row when another one is chosen, by mouse or keys.
+  void OnRow(StatGridView* grid, void (*select)(archive::ArchiveDesk&, int));
+
+  void Read(const std::optional<std::filesystem::path>& archive);
+  void Finish(bool loaded);
+  // Puts the marks of the lists where the choice is.
+  void MarkChoice();
+
+  archive::SeasonState state_;
+  archive::ArchiveDesk desk_;
+  ControlResizer resizer_;
+  QWidget* inside_;
+  StatGridView* teams_ = nullptr;
+  StatGridView* games_ = nullptr;
+  std::vector<StatGridView*> grids_;
+  std::vector<QLabel*> titles_;
+  std::vector<QLabel*> notes_;  // in small type
+};
+
+}  // namespace dtb

@@ -1,0 +1,294 @@
+#include "windows/board/board_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+
+#include "aids/charts.h"
+#include "aids/dice.h"
+#include "archive/kept_season.h"
+#include "base/version.h"
+#include "database/backups.h"
+#include "game/constant_update.h"
+#include "game/new_game.h"
+#include "game/recovery.h"
+#include "game/start_up.h"
+#include "platform/qt/qt_text.h"
+#include "teams/pitchers.h"
+#include "windows/aids/chart_viewer.h"
+#include "windows/aids/dice_panels.h"
+#include "windows/archive/archive_window.h"
+#include "windows/board/base_tracker.h"
+#include "windows/board/options_panel.h"
+#include "windows/board/piece_view.h"
+#include "windows/boxes/about_box.h"
+#include "windows/boxes/busy.h"
+#include "windows/boxes/message_box.h"
+#include "windows/browser/browser_window.h"
+#include "windows/browser/copies_window.h"
+#include "windows/shared/bind.h"
+#include "windows/shared/kept_place.h"
+#include "windows/shared/look.h"
+
+namespace dtb {
+namespace {
+
+constexpr int kConstantInterval = 100;  // milliseconds
+// The smallest board whose letters can still be read, as a share of the scene.
+constexpr double kSmallestScale = 0.42;
+
+}  // namespace
+
+BoardWindow::BoardWindow(Board& board, Aids& aids, QtPictures& pictures)
+    : board_(board), aids_(aids), pictures_(pictures), scene_(kSceneWidth, kSceneHeight) {
+  setObjectName(QStringLiteral("Form1"));
+  setWindowTitle(ToQt(WindowTitle()));
+  BuildMenu();
+  BuildScene();
+  log_ = new LogWindow(board.log, this);
+  form2_ = new SheetWindow(board, pictures, this);
+  form2_->addActions({edit_->undo(), edit_->redo()});
+  // Else the toolkit would give the focus to the first button, and an Enter would press it.
+  park_->setFocus(Qt::OtherFocusReason);
+  setMinimumSize(qRound(kSceneWidth * kSmallestScale), qRound(kSceneHeight * kSmallestScale));
+  // What the focus leaves without a successor, the park takes: nothing is pressed by surprise
+  // there.
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+    if (now == nullptr && focusWidget() == nullptr) park_->setFocus(Qt::OtherFocusReason);
+  });
+  PlaceAtLaunch();
+  StartTimers();
+  if (board.newGames != nullptr) ServeNewGames(*board.newGames);
+}
+
+void BoardWindow::ServeNewGames(NewGames& newGames) {
+  newGames.nextOffer = [this] { return archive::NextGameOffer(season_, board_).value_or(""); };
+  newGames.loadNext = [this] {
+    {
+      ProgressPanel panel(QStringLiteral("Reading the season"), ProgressPanel::Work::Cancellable,
+                          park_);
+      const auto goOn = [&panel](double share) { return panel.Hear(share); };
+      if (!archive::ReadLastSeason(season_, board_.platform, goOn)) return;
+    }
+    archive::LoadNextGame(season_, board_, [](double /*share*/) { return true; });
+  };
+  newGames.begun = [this] {
+    if (form2_->isVisible()) form2_->reject();
+    park_->setFocus(Qt::OtherFocusReason);
+  };
+}
+
+BoardWindow::~BoardWindow() {
+  tmr_Constant_.stop();
+  tmr_F12detect_.stop();
+  delete form2_;
+  delete log_;
+  delete takeCentralWidget();
+}
+
+void BoardWindow::StartTimers() {
+  tmr_Constant_.setParent(this);
+  tmr_Constant_.setObjectName(QStringLiteral("tmr_Constant"));
+  tmr_F12detect_.setParent(this);
+  tmr_F12detect_.setObjectName(QStringLiteral("tmr_F12detect"));
+  connect(&tmr_Constant_, &QTimer::timeout, this, [this] {
+    scoreboard_->AlignExtraInnings();
+    RefreshPitcherPhotos(board_);
+  });
+  tmr_Constant_.start(kConstantInterval);
+  connect(&tmr_F12detect_, &QTimer::timeout, this, [this] { DetectF12(aids_); });
+  tmr_F12detect_.start(kF12Interval);
+}
+
+void BoardWindow::BuildMenu() {
+  const auto add = [this](const char* name, const char* caption, auto operation) {
+    QAction* action = menuBar()->addAction(QLatin1String(caption));
+    action->setObjectName(QLatin1String(name));
+    connect(action, &QAction::triggered, this, operation);
+  };
+  // A window of its own waits for the person; the menu, and a screen reader, has its answer before.
+  const auto later = [this](auto operation) {
+    return [this, operation] { QTimer::singleShot(0, this, operation); };
+  };
+  menuBar()->setNativeMenuBar(false);
+  edit_ = new EditActions(board_, this);
+  editMenu_ = menuBar()->addMenu(QStringLiteral("Edit"));
+  editMenu_->setObjectName(QStringLiteral("mnuEdit"));
+  editMenu_->addActions({edit_->undo(), edit_->redo()});
+  editMenu_->addSeparator();
+  QAction* newGame = editMenu_->addAction(QStringLiteral("New game"));
+  newGame->setObjectName(QStringLiteral("mnuNewGame"));
+  newGame->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_N));
+  connect(newGame, &QAction::triggered, this, [this] { NewGame(board_); });
+  editMenu_->addSeparator();
+  QAction* copies = editMenu_->addAction(QLatin1String(kBringBack));
+  copies->setObjectName(QStringLiteral("mnuBringBack"));
+  connect(copies, &QAction::triggered, this,
+          later([this] { CopiesWindow::Run(board_.platform, this); }));
+  QMenu* teams = menuBar()->addMenu(QStringLiteral("Teams"));
+  teams->setObjectName(QStringLiteral("mnuTeams"));
+  QAction* season = teams->addAction(QStringLiteral("From a season..."));
+  season->setObjectName(QStringLiteral("mnuSeason"));
+  connect(season, &QAction::triggered, this,
+          later([this] { ArchiveWindow::Run(board_, season_, this); }));
+  add("mnuStatistics", "Database", later([this] { BrowserWindow::Run(board_.platform, this); }));
+  add("mnuEventLog", "EventLog", later([this] { ShowLog(); }));
+  add("mnu_Options", "Options", [this] {
+    ToggleOptions(board_);
+    if (menuBar()->hasFocus()) focusKeys_->EnterOptions();
+  });
+  add("About", "About", later([this] { AboutBox::Run(board_.platform, this); }));
+  BuildHelpMenu();
+}
+
+void BoardWindow::BuildHelpMenu() {
+  QMenu* help = menuBar()->addMenu(QStringLiteral("Help"));
+  help->setObjectName(QStringLiteral("mnuHelp"));
+  const auto add = [this, help](const char* name, const char* caption, auto operation) {
+    QAction* action = help->addAction(QLatin1String(caption));
+    action->setObjectName(QLatin1String(name));
+    connect(action, &QAction::triggered, this, operation);
+  };
+  add("mnuHelpPage", "Help page", [this] { OpenHelp(aids_); });
+  add("mnuKeys", "Keys (?)", [this] { keys_->ShowPlate(true); });
+  add("mnuRules", "Rules of the dice game", [this] { OpenRules(aids_); });
+  help->addSeparator();
+  add("mnuAbout", "About", [this] { AboutBox::Run(board_.platform, this); });
+}
+
+void BoardWindow::AddTakeUp(const std::function<void()>& operation) {
+  editMenu_->addSeparator();
+  QAction* takeUp = editMenu_->addAction(QLatin1String(kTakeUpSetAside));
+  takeUp->setObjectName(QStringLiteral("mnuTakeUp"));
+  connect(takeUp, &QAction::triggered, this, operation);
+}
+
+void BoardWindow::BuildScene() {
+  park_ = new ParkView(this);
+  park_->installEventFilter(this);
+  setCentralWidget(park_);
+  Follow<Picture>(park_, aids_.state.Picture1, [this](const Picture& park) {
+    if (!park.empty()) park_->LoadPark(ToQt(park.path));
+  });
+  connect(park_, &ParkView::pointerMoved, this, [this] { ScrollListsUp(); });
+  connect(park_, &ParkView::unreadable, this, [this](const QString& file) {
+    board_.platform.boxes.Show(FromQt(WhyNoPicture(file)), BoxIcon::Warning, "BALLPARKS");
+  });
+  next_ = new NextStep(board_, park_);
+  visitors_ = new SidePanel(board_, Side::Visitors, *next_, pictures_, scene_, park_);
+  scoreboard_ = new Scoreboard(board_, aids_, pictures_, scene_, park_);
+  connect(scoreboard_, &Scoreboard::chartWanted, this, [this](int chart) { ViewCharts(chart); });
+  home_ = new SidePanel(board_, Side::Home, *next_, pictures_, scene_, park_);
+  auto* outcomes = new OutcomePanel(board_, *next_, scene_, park_);
+  connect(outcomes, &OutcomePanel::statsWanted, this, [this] { ShowStats(); });
+  BuildPieces();
+  new OptionsPanel(board_, aids_, scene_, park_);
+  new FaceDicePanel(aids_, scene_, park_);
+  new NumberDicePanel(aids_, scene_, park_);
+  new BaseTracker(board_, scene_, park_);
+  keys_ = new PlayKeys(board_, scene_, park_);
+  focusKeys_ = std::make_unique<FocusKeys>(park_, [this] { ToggleOptions(board_); });
+  for (auto* button : park_->findChildren<QAbstractButton*>()) {
+    // The arrows move a piece over the park.
+    if (qobject_cast<PieceView*>(button) == nullptr) keys_->TakeArrowsFrom(button);
+    // A click leaves the focus where it is, so that a later Enter presses nothing by surprise.
+    button->setFocusPolicy(Qt::TabFocus);
+  }
+  connect(scoreboard_, &Scoreboard::keysWanted, this, [this] { keys_->ShowPlate(true); });
+  connect(keys_, &PlayKeys::outcomeWanted, next_, &NextStep::Record);
+  connect(keys_, &PlayKeys::chartWanted, this, &BoardWindow::ViewCharts);
+  connect(keys_, &PlayKeys::chartsWanted, this, [this] { ViewCharts(aids_.state.lastChart); });
+  // A new batter's roll begins at the first chart.
+  FollowAll(
+      park_, [this] { aids_.state.lastChart = 0; }, board_.state.lbl_Selected);
+  connect(keys_, &PlayKeys::diceWanted, this, [this] { RollDice(aids_); });
+  connect(keys_, &PlayKeys::listWanted, this, [this](int key) {
+    const Side side = SideAtBat(board_.state).value_or(Side::Visitors);
+    LineupView& list = (side == Side::Visitors ? visitors_ : home_)->list();
+    list.setFocus(Qt::OtherFocusReason);
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QCoreApplication::sendEvent(&list, &press);
+  });
+}
+
+void BoardWindow::BuildPieces() {
+  for (int piece = 0; piece < kPieces; ++piece) {
+    new PieceView(board_, piece, pictures_, scene_, park_);
+  }
+}
+
+void BoardWindow::ScrollListsUp() {
+  visitors_->list().ScrollUpOneLine();
+  home_->list().ScrollUpOneLine();
+}
+
+void BoardWindow::ViewCharts(int chart) {
+  const auto choice = ChartViewer::Run(board_, aids_, chart, this);
+  if (!choice) return;
+  const BoxKey closesBoxes(choice->key);
+  next_->Record(choice->outcome);
+}
+
+void BoardWindow::ShowStats() {
+  CenterForm(form2_, this);
+  ConstantUpdate(board_);
+  form2_->exec();
+}
+
+void BoardWindow::ShowLog() {
+  CenterForm(log_, this);
+  log_->exec();
+}
+
+void BoardWindow::PlaceAtLaunch() {
+  if (TakeUpPlace(*this, board_.platform.settings)) return;
+  FitAtLaunch(this, scene_.resizer(), menuBar()->sizeHint().height());
+  const QRect free = screen()->availableGeometry();
+  const QSize room = free.size() - size();
+  move(free.left() + std::max(0, room.width() / 2), free.top() + std::max(0, room.height() / 4));
+}
+
+void BoardWindow::SizeMenu() {
+  // By the window, never by the park: the park's size depends on that of the menu.
+  constexpr double kLeastMenuType = 10;
+  const double scale = std::min(width() / kSceneWidth, height() / kSceneHeight);
+  const QFont font = look::Font(std::max(kLeastMenuType, look::kBody * scale));
+  if (menuBar()->font() == font) return;
+  menuBar()->setFont(font);
+  layout()->activate();
+}
+
+void BoardWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  SizeMenu();
+  HoldRatio(this, scene_.resizer(), menuBar()->height());
+}
+
+bool BoardWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == park_ && event->type() == QEvent::Resize) SupplementalResize();
+  return QMainWindow::eventFilter(watched, event);
+}
+
+void BoardWindow::SupplementalResize() {
+  scene_.Apply(park_->size());
+  board_.state.cb_Xinnings.Set(false);
+}
+
+void BoardWindow::keyPressEvent(QKeyEvent* event) {
+  if (!focusKeys_->Press(*event) && !keys_->Press(*event)) QMainWindow::keyPressEvent(event);
+}
+
+void BoardWindow::closeEvent(QCloseEvent* event) {
+  if (ConfirmExit(board_)) {
+    KeepPlace(*this, board_.platform.settings);
+    event->accept();
+  } else {
+    event->ignore();
+  }
+}
+
+}  // namespace dtb

@@ -1,0 +1,494 @@
+#include "windows/season/season_tab.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <algorithm>
+
+#include "base/text_cell.h"
+#include "base/text_order.h"
+#include "base/words.h"
+#include "browser/grid_format.h"
+#include "browser/queries.h"
+#include "database/saved_games.h"
+#include "season/season_words.h"
+#include "windows/browser/bracket_view.h"
+#include "windows/shared/bind.h"
+#include "windows/shared/controls.h"
+#include "windows/shared/look.h"
+#include "windows/shared/text_visit.h"
+#include "windows/shared/tips.h"
+
+namespace dtb {
+namespace {
+
+using namespace look;
+
+constexpr double kTwip = 1.0 / 15;  // pixels on the reference screen, in body type
+constexpr int kSampleTwips = 620;   // of a line before a team's name
+constexpr const char* kNobody = "Nobody is chosen yet";
+constexpr const char* kChooseSomebody = "Choose a team or a man at the left.";
+
+// The name of a team behind a piece of its line.
+class TeamDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    QStyleOptionViewItem rest = option;
+    const int room = option.fontMetrics.height() * 5 / 2;
+    const bool selected = option.state.testFlag(QStyle::State_Selected);
+    painter->fillRect(option.rect, selected ? option.palette.highlight()
+                                            : index.data(Qt::BackgroundRole).value<QColor>());
+    const QRectF plate =
+        QRectF(option.rect.left() + 3, option.rect.top() + 2, room - 5, option.rect.height() - 4);
+    painter->save();
+    DrawPlate(*painter, plate, kChartGround, Qt::transparent, 0, 2);
+    painter->setPen(LinePen(LineLookOf(index.row()), option.fontMetrics.height() / 12.0));
+    painter->drawLine(QPointF(plate.left() + 2, plate.center().y()),
+                      QPointF(plate.right() - 2, plate.center().y()));
+    painter->restore();
+    rest.rect.setLeft(option.rect.left() + room);
+    QStyledItemDelegate::paint(painter, rest, index);
+  }
+};
+
+QBoxLayout* Column(QWidget* view) {
+  auto* column = new QVBoxLayout(view);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(8);
+  return column;
+}
+
+QBoxLayout* Strip(QBoxLayout* place) {
+  auto* strip = new QHBoxLayout;
+  strip->setSpacing(8);
+  place->addLayout(strip);
+  return strip;
+}
+
+}  // namespace
+
+SeasonTab::SeasonTab(Browser& browser) : browser_(browser), views_(new QStackedWidget) {
+  QBoxLayout* whole = Column(this);
+  BuildStrip(whole);
+  views_->addWidget(BuildStandings());
+  views_->addWidget(BuildLeaders());
+  views_->addWidget(BuildGames());
+  views_->addWidget(BuildScores());
+  whole->addWidget(views_, 1);
+  AddCaption(whole, note_, QStringLiteral("The season appears here once its games are read."));
+  Name(note_, "lbl_SeasonNote", QStringLiteral("The season"));
+  Follow<std::shared_ptr<const SeasonFigures>>(
+      this, browser_.state.season, [this](const std::shared_ptr<const SeasonFigures>& season) {
+        if (season) ShowSeason(season);
+      });
+}
+
+// The views go before the grids that they show.
+SeasonTab::~SeasonTab() {
+  reading_ = {};
+  delete views_;
+}
+
+QPushButton* SeasonTab::AddSwitch(QBoxLayout* place, const char* name, const char* caption) {
+  auto* button = new QPushButton(QLatin1String(caption));
+  Name(button, name, QLatin1String(caption));
+  button->setAutoDefault(false);
+  button->setCheckable(true);
+  place->addWidget(button);
+  return button;
+}
+
+void SeasonTab::AddCaption(QBoxLayout* place, QLabel*& label, const QString& text) {
+  label = MakeCaption(text, nullptr);
+  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  place->addWidget(label);
+}
+
+StatGridView* SeasonTab::MakeGrid(const char* name, const QString& accessibleName, StatGrid& grid) {
+  auto* view = new StatGridView(grid, nullptr);
+  Name(view, name, accessibleName);
+  view->ShowAsResult();
+  view->StretchAllColumns();
+  view->setSelectionBehavior(QTableView::SelectRows);
+  return view;
+}
+
+void SeasonTab::BuildStrip(QBoxLayout* whole) {
+  QBoxLayout* strip = Strip(whole);
+  auto* group = new QButtonGroup(this);
+  for (const auto& [name, caption] :
+       {std::pair{"cmd_Standings", "Standings"}, std::pair{"cmd_Leaders", "Leaders"},
+        std::pair{"cmd_Games", "Team or man"}, std::pair{"cmd_Scores", "Scores"}}) {
+    QPushButton* button = AddSwitch(strip, name, caption);
+    group->addButton(button, static_cast<int>(switches_.size()));
+    switches_.push_back(button);
+  }
+  switches_.front()->setChecked(true);
+  connect(group, &QButtonGroup::idClicked, views_, &QStackedWidget::setCurrentIndex);
+  strip->addStretch();
+  auto* pages = new QPushButton(QStringLiteral("Season pages..."));
+  Name(pages, "cmd_SeasonPages", pages->text());
+  pages->setAutoDefault(false);
+  pages->setToolTip(QStringLiteral("Writes the season as web pages into Game Rpts"));
+  strip->addWidget(pages);
+  connect(pages, &QPushButton::clicked, this, &SeasonTab::pagesWanted);
+}
+
+QWidget* SeasonTab::BuildStandings() {
+  auto* view = new QWidget;
+  auto* sides = new QHBoxLayout(view);
+  sides->setContentsMargins(0, 0, 0, 0);
+  sides->setSpacing(12);
+  courses_ = new SeasonCourseChart;
+  sides->addWidget(courses_, 5);
+  standings_ = MakeGrid("grd_Standings", QStringLiteral("Standings of the season"), standingsGrid_);
+  standings_->setItemDelegateForColumn(1, new TeamDelegate(standings_));
+  sides->addWidget(standings_, 3);
+  connect(courses_, &SeasonCourseChart::gameChosen, this, &SeasonTab::TellGame);
+  // A second click takes the choice back.
+  connect(standings_, &StatGridView::cellClicked, this, [this](int row, int /*column*/) {
+    const auto standings = now_.season ? Standings(*now_.season) : std::vector<Standing>();
+    if (row < 1 || row > static_cast<int>(standings.size())) return;
+    const int team = standings[static_cast<std::size_t>(row) - 1].team;
+    const bool again = now_.course == team;
+    now_.course = again ? -1 : team;
+    courses_->SetChosen(now_.course);
+    if (again) standings_->clearSelection();
+  });
+  return view;
+}
+
+QWidget* SeasonTab::BuildLeaders() {
+  auto* view = new QWidget;
+  auto* places = new QGridLayout(view);
+  places->setContentsMargins(0, 0, 0, 0);
+  places->setSpacing(8);
+  constexpr int kAcross = 4;
+  for (const SeasonLead lead : kSeasonLeads) {
+    auto* board = new SeasonLeaderBoard(lead);
+    const auto place = static_cast<int>(boards_.size());
+    places->addWidget(board, place / kAcross, place % kAcross);
+    connect(board, &SeasonLeaderBoard::manChosen, this, &SeasonTab::ChooseMan);
+    boards_.push_back(board);
+  }
+  auto* corner = new QVBoxLayout;
+  places->addLayout(corner, 1, kAcross - 1);
+  qualified_ = new QCheckBox(QStringLiteral("Qualified men only"));
+  Name(qualified_, "chk_Qualified", qualified_->text());
+  qualified_->setChecked(true);
+  corner->addStretch();
+  corner->addWidget(qualified_);
+  rule_ = MakeCaption(
+      QStringLiteral("For both averages: 3.1 plate appearances, that is at-bats and "
+                     "walks, or 1 inning, for each game of the man's team.\n\n"
+                     "Innings are counted in thirds. \"Aggregate Pitching\" adds them as "
+                     "they are stored, .33 and .67, so its ERA may differ in the last "
+                     "place.\n\n"
+                     "A click on a man shows his season."),
+      nullptr, Qt::AlignLeft | Qt::AlignTop);
+  rule_->setWordWrap(true);
+  corner->addWidget(rule_);
+  corner->addStretch();
+  connect(qualified_, &QCheckBox::clicked, this, &SeasonTab::ShowLeaders);
+  for (int column = 0; column < kAcross; ++column) places->setColumnStretch(column, 1);
+  for (int row = 0; row < 2; ++row) places->setRowStretch(row, 1);
+  return view;
+}
+
+QWidget* SeasonTab::BuildGames() {
+  auto* view = new QWidget;
+  auto* sides = new QHBoxLayout(view);
+  sides->setContentsMargins(0, 0, 0, 0);
+  sides->setSpacing(12);
+  auto* left = new QVBoxLayout;
+  left->setSpacing(8);
+  sides->addLayout(left, 1);
+  search_ = new QLineEdit;
+  Name(search_, "txt_SeasonName", QStringLiteral("Team or man"));
+  search_->setPlaceholderText(QStringLiteral("Part of a name"));
+  search_->setAccessibleDescription(search_->placeholderText());
+  LeaveOnEscape(search_, [this] {
+    const bool empty = search_->text().isEmpty();
+    search_->clear();
+    return empty;
+  });
+  connect(search_, &QLineEdit::textChanged, this, &SeasonTab::ListNames);
+  left->addWidget(search_);
+  names_ = MakeGrid("grd_Names", QStringLiteral("Teams and men of the season"), namesGrid_);
+  noName_ = new NoMatch(names_);
+  connect(names_, &StatGridView::cellClicked, this,
+          [this](int row, int /*column*/) { ChooseListed(row); });
+  left->addWidget(names_, 1);
+  sides->addLayout(BuildChosen(), 3);
+  return view;
+}
+
+QBoxLayout* SeasonTab::BuildChosen() {
+  auto* right = new QVBoxLayout;
+  right->setSpacing(8);
+  QBoxLayout* head = Strip(right);
+  AddCaption(head, who_, QLatin1String(kNobody));
+  Name(who_, "lbl_Chosen", QStringLiteral("Chosen"));
+  head->setStretchFactor(who_, 1);
+  batting_ = AddSwitch(head, "cmd_Batting", "Batting");
+  pitching_ = AddSwitch(head, "cmd_Pitching", "Pitching");
+  auto* roles = new QButtonGroup(this);
+  for (QPushButton* button : {batting_, pitching_}) {
+    roles->addButton(button);
+    connect(button, &QPushButton::clicked, this, [this] {
+      role_ = pitching_->isChecked() ? SeasonRole::Pitching : SeasonRole::Batting;
+      if (now_.chosen) now_.chosen->role = role_;
+      ReadChosen();
+    });
+  }
+  batting_->setChecked(true);
+  games_ = new SeasonGamesChart;
+  right->addWidget(games_, 5);
+  connect(games_, &SeasonGamesChart::gameChosen, this, &SeasonTab::TellGame);
+  months_ = MakeGrid("grd_Months", QStringLiteral("By month"), monthsGrid_);
+  right->addWidget(months_, 3);
+  return right;
+}
+
+QWidget* SeasonTab::BuildScores() {
+  auto* view = new QWidget;
+  QBoxLayout* column = Column(view);
+  AddCaption(column, sums_, {});
+  Name(sums_, "lbl_Scores", QStringLiteral("Scores"));
+  auto* sides = new QHBoxLayout;
+  sides->setSpacing(8);
+  column->addLayout(sides, 1);
+  auto* left = new QVBoxLayout;
+  left->setSpacing(8);
+  sides->addLayout(left, 1);
+  runs_ = new SeasonBars("pic_Runs", QStringLiteral("How often a team scored so many runs"));
+  runsByMonth_ =
+      new SeasonBars("pic_RunsByMonth", QStringLiteral("Runs a game, both teams, by month"));
+  left->addWidget(runs_, 1);
+  left->addWidget(runsByMonth_, 1);
+  finals_ = new SeasonFinals;
+  sides->addWidget(finals_, 1);
+  return view;
+}
+
+void SeasonTab::ShowSeason(std::shared_ptr<const SeasonFigures> season) {
+  const Reading before = std::move(now_);
+  now_ = {std::move(season)};
+  const auto again = [&](const std::optional<SeasonSubject>& subject) {
+    return subject ? FoundAgain(*before.season, *subject, *now_.season) : std::nullopt;
+  };
+  if (before.course >= 0) {
+    if (const auto course = again(SeasonSubject{before.course})) now_.course = course->team;
+  }
+  ShowStandings();
+  ShowLeaders();
+  ListNames();
+  ShowScores();
+  if (before.chosen) {
+    Choose(again(before.chosen));
+    ShowChosenInList();
+  }
+  const std::size_t games = now_.season->games.size();
+  QString note;
+  if (games == 0) {
+    note = QStringLiteral("The season begins with the first game that you save.");
+  } else if (games == 1) {
+    note = QStringLiteral("One game is saved. The lines grow with every game that you save.");
+  } else {
+    note = QStringLiteral(
+               "%1 games. Point at a picture to read it; a click on a game opens its "
+               "box score.")
+               .arg(games);
+  }
+  if (now_.season->lonelyLines > 0) {
+    note += QStringLiteral(" Left out, because the other team's line is missing: %1.")
+                .arg(now_.season->lonelyLines);
+  }
+  if (now_.season->mixedGames > 0) {
+    note += QStringLiteral(
+                " With one GameID and a team in common, so that their players are not told"
+                " apart: %1 games.")
+                .arg(now_.season->mixedGames);
+  }
+  note_->setText(note);
+}
+
+void SeasonTab::ShowStandings() {
+  courses_->SetSeason(now_.season, now_.course);
+  StatGrid standings = GridOf(StandingsTable(*now_.season));
+  standings.SetColumnWidth(1, standings.ColumnAt(1).width + kSampleTwips);
+  standingsGrid_.Take(std::move(standings));
+  const auto order = Standings(*now_.season);
+  const auto place = std::ranges::find(order, now_.course, &Standing::team);
+  if (place != order.end()) {
+    standings_->SetCurrentCell(static_cast<int>(place - order.begin()) + 1, 1);
+  }
+}
+
+void SeasonTab::ShowLeaders() {
+  if (!now_.season) return;
+  for (SeasonLeaderBoard* board : boards_) board->SetSeason(now_.season, qualified_->isChecked());
+}
+
+void SeasonTab::ShowScores() {
+  const SeasonScores scores = CountScores(*now_.season);
+  sums_->setText(ToQt(ScoresText(scores)));
+  sums_->setToolTip(TipOfLines({sums_->text()}));
+  finals_->SetScores(scores);
+  std::vector<SeasonBars::Bar> bars;
+  for (int runs = 0; runs <= kMostRunsOfTeam && scores.games > 0; ++runs) {
+    const int times = scores.ofTeam.at(static_cast<std::size_t>(runs));
+    const QString label = ToQt(RunsLabel(runs, kMostRunsOfTeam));
+    bars.push_back(
+        {label, double(times), QString::number(times),
+         QStringLiteral("%1 %2: %3")
+             .arg(label, QLatin1String(runs == 1 ? "run" : "runs"), ToQt(Counted(times, "time")))});
+  }
+  runs_->SetBars(std::move(bars));
+  bars.clear();
+  for (const RunsOfMonth& month : scores.months) {
+    const double mean = month.runs / month.games;
+    const QString figure = ToQt(RoundedQuotient(month.runs, month.games, 2));
+    bars.push_back({ToQt(month.month), mean, figure,
+                    QStringLiteral("%1: %2 runs a game in %3")
+                        .arg(ToQt(month.month), figure, ToQt(Counted(month.games, "game")))});
+  }
+  runsByMonth_->SetBars(std::move(bars));
+}
+
+void SeasonTab::ListNames() {
+  if (!now_.season) return;
+  const LikePattern wanted("%" + EscapedForLike(FromQt(search_->text())) + "%", U'\\',
+                           LikePattern::Accents::AreFound);
+  std::vector<std::vector<std::string>> rows{{"Name", "Team"}};
+  now_.listed.clear();
+  const auto& teams = now_.season->teams;
+  for (std::size_t team = 0; team < teams.size(); ++team) {
+    if (!wanted.Matches(teams[team].name)) continue;
+    now_.listed.push_back({static_cast<int>(team)});
+    rows.push_back({teams[team].name, "whole team"});
+  }
+  for (std::size_t man = 0; man < now_.season->men.size(); ++man) {
+    const SeasonMan& entry = now_.season->men[man];
+    if (!wanted.Matches(entry.name) && !wanted.Matches(teams[entry.team].name)) continue;
+    now_.listed.push_back({entry.team, static_cast<int>(man)});
+    rows.push_back({entry.name, teams[entry.team].name});
+  }
+  namesGrid_.Take(GridOf(rows));
+  noName_->AfterSearch(search_->text(), [this] { search_->clear(); });
+}
+
+void SeasonTab::ChooseMan(int man, SeasonRole role) {
+  search_->clear();
+  views_->setCurrentIndex(2);
+  switches_.at(2)->setChecked(true);
+  role_ = role;
+  const auto row = std::ranges::find(now_.listed, man, &Listed::man) - now_.listed.begin() + 1;
+  names_->SetCurrentCell(static_cast<int>(row), 1);
+  ChooseListed(static_cast<int>(row));
+}
+
+void SeasonTab::ChooseListed(int row) {
+  if (row < 1 || row > static_cast<int>(now_.listed.size())) return;
+  const Listed& listed = now_.listed[static_cast<std::size_t>(row) - 1];
+  SeasonSubject subject{listed.team, {}, listed.man < 0, role_};
+  if (listed.man >= 0) {
+    const SeasonMan& man = now_.season->men.at(static_cast<std::size_t>(listed.man));
+    subject.man = man.name;
+    if (!man.has(role_)) {
+      subject.role = man.batting ? SeasonRole::Batting : SeasonRole::Pitching;
+    }
+  }
+  Choose(subject);
+}
+
+void SeasonTab::Choose(const std::optional<SeasonSubject>& subject) {
+  now_.chosen = subject;
+  const auto man = std::ranges::find_if(now_.season->men, [&subject](const SeasonMan& one) {
+    return subject && !subject->wholeTeam && one.team == subject->team && one.name == subject->man;
+  });
+  const bool isMan = man != now_.season->men.end();
+  // Where nobody is chosen the role is that of whoever is chosen next.
+  batting_->setEnabled(!isMan || man->batting);
+  pitching_->setEnabled(!isMan || man->pitching);
+  QString who = QLatin1String(kNobody);
+  if (subject) {
+    (subject->role == SeasonRole::Batting ? batting_ : pitching_)->setChecked(true);
+    const std::string& team = now_.season->teams.at(static_cast<std::size_t>(subject->team)).name;
+    who = ToQt(subject->wholeTeam ? team : subject->man + ", " + team);
+  }
+  who_->setText(who);
+  who_->setAccessibleName(QStringLiteral("Chosen: ") + who);
+  who_->setToolTip(TipOfLines({who}));
+  ReadChosen();
+}
+
+void SeasonTab::ShowChosenInList() {
+  for (std::size_t i = 0; i < now_.listed.size() && now_.chosen; ++i) {
+    const auto& [team, man] = now_.listed[i];
+    const bool whole = man < 0;
+    if (team != now_.chosen->team || whole != now_.chosen->wholeTeam) continue;
+    if (!whole && now_.season->men.at(static_cast<std::size_t>(man)).name != now_.chosen->man) {
+      continue;
+    }
+    return names_->SetCurrentCell(static_cast<int>(i) + 1, 1);
+  }
+}
+
+void SeasonTab::ReadChosen() {
+  reading_ = {};  // ends the one before
+  const int number = ++asked_;
+  if (!now_.chosen) {
+    shown_ = number;
+    monthsGrid_.Take(StatGrid(1, 1));
+    return games_->Clear(QLatin1String(kChooseSomebody));
+  }
+  games_->Clear(QStringLiteral("Being read"));
+  reading_ = std::jthread(
+      [this, number, season = now_.season, subject = *now_.chosen](const std::stop_token& stop) {
+        std::vector<SeasonOuting> outings;
+        std::string fault;
+        try {
+          outings = ReadOutings(browser_.platform.database, *season, subject, stop);
+        } catch (const std::exception& failure) {
+          fault = failure.what();
+        }
+        const auto show = [this, number, season, subject, outings = std::move(outings),
+                           fault]() mutable {
+          if (number != asked_) return;
+          shown_ = number;
+          monthsGrid_.Take(GridOf(MonthTable(*season, subject, outings)));
+          games_->SetOutings(season, subject, std::move(outings));
+          if (!fault.empty()) TellQueryFailure(browser_, fault);
+        };
+        QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
+      });
+}
+
+void SeasonTab::TellGame(const SeasonGame& game, const SeasonFigures& season) {
+  const auto nameOf = [&season](const SeasonSide& side) {
+    return ToQt(season.teams.at(static_cast<std::size_t>(side.team)).name);
+  };
+  emit gameWanted(ToQt(game.id), nameOf(game.sides[0]), nameOf(game.sides[1]));
+}
+
+void SeasonTab::SetScale(double scale) {
+  courses_->SetType(kBody * scale);
+  for (SeasonLeaderBoard* board : boards_) board->SetType(kBody * scale);
+  for (SeasonChart* chart :
+       std::initializer_list<SeasonChart*>{games_, runs_, runsByMonth_, finals_}) {
+    chart->SetType(kBody * scale);
+  }
+  for (StatGridView* grid : {standings_, names_, months_})
+    grid->SetScale(kBody * scale, kTwip * scale);
+  for (QLabel* label : {rule_, sums_, note_}) label->setFont(Font(kBody * scale));
+  qualified_->setFont(Font(kBody * scale));
+  who_->setFont(Font(kLarge * scale, true));
+}
+
+}  // namespace dtb

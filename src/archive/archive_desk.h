@@ -1,4 +1,5 @@
-// The window in which teams are made of a season, without its looks.
+// What the window of an archive holds, without its looks: archive_lists.h fills it, and
+// archive_teams.h makes teams of what is chosen.
 #pragma once
 
 #include <filesystem>
@@ -46,47 +47,5 @@ struct ArchiveDesk {
   KeptSeason& kept;
   Board& board;
 };
-
-// The forms that the window shows.
-[[nodiscard]] LineForm ShownForm(const SeasonState& state);
-
-// The window opens: forms come from the settings, and a season that is kept is shown.
-void OpenSeasonDesk(ArchiveDesk& desk);
-
-// The archive of the last run, if it is still there and nothing is kept.
-[[nodiscard]] std::optional<std::filesystem::path> LastArchive(const ArchiveDesk& desk);
-
-// Ask for a zip or a folder; nothing if the person cancels.
-[[nodiscard]] std::optional<std::filesystem::path> ChooseZip(ArchiveDesk& desk);
-[[nodiscard]] std::optional<std::filesystem::path> ChooseFolder(ArchiveDesk& desk);
-
-// Reads an archive in the place of what is kept, with the club that was chosen last if it has that;
-// after a fault, and when `goOn` says false, what is kept stays.
-void ReadArchive(ArchiveDesk& desk, const std::filesystem::path& archive, const GoOn& goOn);
-
-// Shows the lines of the archive that made no sense, and what was left out.
-void ShowFaults(ArchiveDesk& desk);
-
-// A row of the lists is selected; rows that do not exist are nothing.
-void SelectTeam(ArchiveDesk& desk, int row);
-void SelectGame(ArchiveDesk& desk, int row);
-// Back from a game to the line-up used most.
-void SelectUsedMost(ArchiveDesk& desk);
-
-// A form changed: the files are made anew.
-void ChangeForms(ArchiveDesk& desk);
-// Keeps the forms and the club for the next runs.
-void KeepChoices(ArchiveDesk& desk);
-
-// Writes the files shown into the folder "Teams", and asks before it replaces one.
-void WriteTeamFiles(ArchiveDesk& desk);
-
-// Writes the one file shown, as above, and loads it for a side.
-void LoadTeamAs(ArchiveDesk& desk, Side side);
-
-// Loads both teams of the game shown, or of the next one that is not played, without any file, so
-// that the season's files stay as they are. True: loaded.
-bool LoadGame(ArchiveDesk& desk);
-bool LoadNextGame(ArchiveDesk& desk);
 
 }  // namespace dtb::archive

@@ -123,13 +123,13 @@ bool LoadNextGame(KeptSeason& kept, Board& board, const GoOn& goOn) {
       return;
     }
     kept.game = next;
-    LoadGameTeams(*kept.season, kept.season->games[*next], KeptForm(board.platform), board);
-    loaded = true;
+    loaded =
+        LoadGameTeams(*kept.season, kept.season->games[*next], KeptForm(board.platform), board);
   });
   return loaded;
 }
 
-void LoadGameTeams(const Season& season, const Game& game, const LineForm& form, Board& board) {
+bool LoadGameTeams(const Season& season, const Game& game, const LineForm& form, Board& board) {
   const GameTeams made = MakeGameTeams(season, game, form);
   std::array<TeamLines, 2> teams;
   for (std::size_t side = 0; side < 2; ++side) {
@@ -137,7 +137,7 @@ void LoadGameTeams(const Season& season, const Game& game, const LineForm& form,
   }
   {
     const Gesture gesture(board, "LOAD " + game.id);
-    ReplaceTeams(board, teams, "LOAD " + game.id);
+    if (!ReplaceTeams(board, teams, "LOAD " + game.id)) return false;
     NoteArchiveGame(board, game.id);
   }
   std::string told;
@@ -148,6 +148,7 @@ void LoadGameTeams(const Season& season, const Game& game, const LineForm& form,
     }
   }
   if (!told.empty()) board.platform.boxes.Show(told, BoxIcon::Information);
+  return true;
 }
 
 }  // namespace dtb::archive

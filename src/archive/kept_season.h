@@ -49,7 +49,8 @@ bool ReadLastSeason(KeptSeason& kept, const Platform& platform, const GoOn& goOn
 // loaded.
 bool LoadNextGame(KeptSeason& kept, Board& board, const GoOn& goOn);
 
-// Loads both teams of a game as one step, and tells of players of one name.
-void LoadGameTeams(const Season& season, const Game& game, const LineForm& form, Board& board);
+// Loads both teams of a game as one step, and tells of players of one name. False after an error,
+// which was told.
+bool LoadGameTeams(const Season& season, const Game& game, const LineForm& form, Board& board);
 
 }  // namespace dtb::archive

@@ -327,9 +327,9 @@ std::unique_ptr<DatabaseSave> BeginSave(Platform& platform, bool lostBefore = fa
 
 // What is told once the game is stored; nothing where it is not.
 std::optional<std::string> Save(Board& board) {
-  const Gesture gesture(board, "SAVE TO DB");
   std::optional<std::string> told;
   Trapped(board.platform.boxes, [&] {
+    const Gesture gesture(board, "SAVE TO DB");
     StatSheet& sheet = board.sheet;
     MessageBoxes& boxes = board.platform.boxes;
     if (!sheet.Command2_enabled.value() || TellFigureBeingTyped(board)) return;

@@ -33,9 +33,11 @@ void MoveCaret(Board& board, bool toStart) {
 bool CaretAtStart(const BoardState& state) { return state.EnteredCell != FocusedCell(state); }
 
 void ClickDigit(Board& board, const std::string& digit) {
-  const Gesture gesture(board, "score pad, " + digit);
-  board.state.lbl_NumSel.Set(digit);
-  Trapped(board.platform.boxes, [&] { PutValue(board); });
+  Trapped(board.platform.boxes, [&] {
+    const Gesture gesture(board, "score pad, " + digit);
+    board.state.lbl_NumSel.Set(digit);
+    PutValue(board);
+  });
 }
 
 void PutValue(Board& board) {

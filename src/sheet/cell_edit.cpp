@@ -40,8 +40,8 @@ int CommitCellEdit(Board& board) {
   StatSheet& sheet = board.sheet;
   if (!sheet.Text1_visible.value()) return sheet.editedRow;
   StatGrid& grid = EditedGrid(board);
-  const Gesture gesture(board, NameOfCell(grid, sheet.editedRow, sheet.editedColumn));
   Trapped(board.platform.boxes, [&] {
+    const Gesture gesture(board, NameOfCell(grid, sheet.editedRow, sheet.editedColumn));
     grid.SetText(sheet.editedRow, sheet.editedColumn, sheet.Text1.value());
     if (sheet.editedRow < grid.rows() - 1) ++sheet.editedRow;
   });

@@ -95,8 +95,8 @@ std::optional<std::filesystem::path> AskForFile(Board& board) {
 }  // namespace
 
 void WriteGameReport(Board& board) {
-  const Gesture gesture(board, "HTML REPORT");
   Trapped(board.platform.boxes, [&] {
+    const Gesture gesture(board, "HTML REPORT");
     StatSheet& sheet = board.sheet;
     if (sheet.grd_VisStats.rows() < 2 || TellFigureBeingTyped(board)) return;
     TakeBackReportedInnings(board);

@@ -67,8 +67,8 @@ void ComeIn(Board& board, Side side, int row, int piece) {
     board.platform.boxes.Show(replacement.words, BoxIcon::Exclamation);
     return;
   }
-  const Gesture gesture(board, replacement.words);
   Trapped(board.platform.boxes, [&] {
+    const Gesture gesture(board, replacement.words);
     const SideFields fields = SideOf(board, side);
     const std::string name = PlayerAt(fields.list, row);
     const std::string runner = PieceAt(board, piece).tag.value();

@@ -32,8 +32,8 @@ void EnterPitcher(StatGrid& grid, int row, const std::string& name) {
 void ChangePitcher(Board& board, Side side) {
   const SideFields fields = SideOf(board, side);
   if (fields.list.SelectedEntry().empty()) return;
-  const Gesture gesture(board, "pitcher, " + PlayerNameOf(fields.list.SelectedEntry()));
   Trapped(board.platform.boxes, [&] {
+    const Gesture gesture(board, "pitcher, " + PlayerNameOf(fields.list.SelectedEntry()));
     fields.pitcherPhoto.Set({});
     fields.pitcherTag.Set(fields.pitcher.value());
     fields.pitcher.Set(PlayerNameOf(fields.list.SelectedEntry()));

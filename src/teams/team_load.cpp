@@ -68,6 +68,8 @@ void FillSide(Board& board, Side side, const std::string& name) {
   const SideFields fields = SideOf(board, side);
   fields.team.Set(name);
   FillTable(fields);
+  // The batter stays where the same team was loaded again.
+  if (const auto batter = RowOfBatter(board, side)) fields.list.Highlight(*batter);
   if (fields.team.value().empty()) {
     throw ProgramError(error_number::kInvalidCall,
                        "The file name has nothing before its extension, so the team has no name.");
@@ -133,15 +135,15 @@ void LoadTeam(Board& board, Side side) {
   ReplaceTeam(board, side, *file);
 }
 
-void ReplaceTeam(Board& board, Side side, const std::filesystem::path& file) {
+bool ReplaceTeam(Board& board, Side side, const std::filesystem::path& file) {
   const Gesture gesture(board, "LOAD " + TextOf(file.filename()));
   EmptySide(board, side);
-  OpenTeam(board, side, file);
+  return OpenTeam(board, side, file);
 }
 
-void ReplaceTeams(Board& board, const std::array<TeamLines, 2>& teams, const std::string& step) {
-  const Gesture gesture(board, step);
-  Trapped(board.platform.boxes, [&] {
+bool ReplaceTeams(Board& board, const std::array<TeamLines, 2>& teams, const std::string& step) {
+  return Trapped(board.platform.boxes, [&] {
+    const Gesture gesture(board, step);
     for (const Side side : {Side::Visitors, Side::Home}) EmptySide(board, side);
     for (const Side side : {Side::Visitors, Side::Home}) {
       const TeamLines& team = teams.at(side == Side::Visitors ? 0 : 1);
@@ -152,14 +154,12 @@ void ReplaceTeams(Board& board, const std::array<TeamLines, 2>& teams, const std
   });
 }
 
-void OpenTeam(Board& board, Side side, const std::filesystem::path& file) {
-  const Gesture gesture(board, "LOAD " + TextOf(file.filename()));
-  Trapped(board.platform.boxes, [&] {
+bool OpenTeam(Board& board, Side side, const std::filesystem::path& file) {
+  return Trapped(board.platform.boxes, [&] {
+    const Gesture gesture(board, "LOAD " + TextOf(file.filename()));
     FillFromFile(board, side, file);
     TellCommonNames(board);
   });
-  // The batter stays where the same team was loaded again.
-  if (const auto batter = RowOfBatter(board, side)) SideOf(board, side).list.Highlight(*batter);
 }
 
 }  // namespace dtb

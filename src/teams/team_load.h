@@ -16,7 +16,8 @@ void LoadTeam(Board& board, Side side);
 
 // Fills list, table, names, `Played` marks and logo from a team file. An error is told and ends it
 // at the failing step; what was done before stays. Players of one name in both teams are told.
-void OpenTeam(Board& board, Side side, const std::filesystem::path& file);
+// False after an error, here and below.
+bool OpenTeam(Board& board, Side side, const std::filesystem::path& file);
 
 // A team that is no file.
 struct TeamLines {
@@ -25,9 +26,9 @@ struct TeamLines {
 };
 
 // Empties both sides' lists and logos and fills them, visitors first, as one step of that name.
-void ReplaceTeams(Board& board, const std::array<TeamLines, 2>& teams, const std::string& step);
+bool ReplaceTeams(Board& board, const std::array<TeamLines, 2>& teams, const std::string& step);
 
 // Empties the side's list and logo, and opens a team file.
-void ReplaceTeam(Board& board, Side side, const std::filesystem::path& file);
+bool ReplaceTeam(Board& board, Side side, const std::filesystem::path& file);
 
 }  // namespace dtb

@@ -3,7 +3,8 @@
 
 #include <map>
 
-#include "archive/archive_desk.h"
+#include "archive/archive_lists.h"
+#include "archive/archive_teams.h"
 #include "archive/season_files.h"
 #include "archive/season_test.h"
 #include "base/paths.h"
@@ -83,7 +84,7 @@ class SeasonWindow : public testing::Test {
 };
 
 TEST_F(SeasonWindow, ATeamIsWrittenLoadedAndNeverPutOverAnotherFileUnasked) {
-  OpenSeasonDesk(desk);
+  OpenArchiveDesk(desk);
   Read();
   EXPECT_EQ(state.lbl_Archive.value(), "2020-part.zip: 28 teams and 120 games of 2020.");
   SelectTeamNamed("Oakland 2020");
@@ -117,7 +118,7 @@ TEST_F(SeasonWindow, ATeamIsWrittenLoadedAndNeverPutOverAnotherFileUnasked) {
   KeepChoices(desk);
   SeasonState later;
   ArchiveDesk again{later, kept, board};
-  OpenSeasonDesk(again);
+  OpenArchiveDesk(again);
   EXPECT_EQ(later.files[0].grid.Text(1, 2), state.files[0].grid.Text(1, 2));
 }
 
@@ -133,7 +134,7 @@ TEST_F(SeasonWindow, ASeasonIsGoneThroughGameByGame) {
     for (int row = 1; row <= 5; ++row) text += state.grd_Games.Text(row, 4) == "yes" ? 'x' : '.';
     return text;
   };
-  OpenSeasonDesk(desk);
+  OpenArchiveDesk(desk);
   Read();
   EXPECT_EQ(NextGameOffer(kept, board), std::nullopt) << "no game of an archive";
   EXPECT_EQ(marks(), ".....");
@@ -186,7 +187,7 @@ TEST_F(SeasonWindow, APlayerOfBothTeamsIsTold) {
 }
 
 TEST_F(SeasonWindow, WhatCannotBeReadLeavesTheSeasonThatIsKept) {
-  OpenSeasonDesk(desk);
+  OpenArchiveDesk(desk);
   Read();
   EXPECT_EQ(LastArchive(desk), std::nullopt);
   Read("no such file");

@@ -6,6 +6,8 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 
+#include "archive/archive_lists.h"
+#include "archive/archive_teams.h"
 #include "windows/boxes/busy.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
@@ -45,7 +47,7 @@ ArchiveWindow::ArchiveWindow(Board& board, archive::KeptSeason& kept, QWidget* p
       inside_(new QWidget(this)) {
   setObjectName(QStringLiteral("SeasonForm"));
   setWindowTitle(QLatin1String(archive::kSeasonTitle));
-  archive::OpenSeasonDesk(desk_);
+  archive::OpenArchiveDesk(desk_);
   auto* around = new QVBoxLayout(this);
   around->setContentsMargins(0, 0, 0, 0);
   around->addWidget(inside_);

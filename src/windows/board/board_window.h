@@ -6,7 +6,7 @@
 #include <functional>
 
 #include "aids/aids_state.h"
-#include "archive/archive_desk.h"
+#include "archive/kept_season.h"
 #include "game/board.h"
 #include "platform/qt/qt_pictures.h"
 #include "windows/board/edit_actions.h"

@@ -1,34 +1,21 @@
-#include "archive/archive_views.h"
+#include "archive/archive_lists.h"
 
 #include <algorithm>
-#include <initializer_list>
 #include <numeric>
+#include <system_error>
+
+#include "archive/archive_tables.h"
+#include "archive/archive_teams.h"
+#include "base/paths.h"
+#include "base/program_error.h"
+#include "base/settings_keys.h"
+#include "base/words.h"
+#include "platform/trapped.h"
 
 namespace dtb::archive {
 namespace {
 
-std::string Counted(std::size_t number, const char* one, const char* many) {
-  return std::to_string(number) + ' ' + (number == 1 ? one : many);
-}
-
-GridContents Headed(std::initializer_list<const char*> headers) {
-  GridContents contents;
-  for (const char* header : headers) contents.headers.emplace_back(header);
-  contents.columns.resize(contents.headers.size());
-  return contents;
-}
-
-void AddRow(GridContents& contents, const std::vector<std::string>& cells) {
-  for (std::size_t i = 0; i < cells.size(); ++i) contents.columns[i].Append(cells[i]);
-}
-
-void Fill(StatGrid& grid, GridContents contents, const std::vector<int>& widths) {
-  grid.Replace(std::move(contents));
-  grid.SetRowBands(kWhite, Colour{240, 240, 236}, 1);
-  for (int column = 0; column < grid.columns(); ++column) {
-    grid.SetColumnWidth(column, widths.at(column));
-  }
-}
+Platform& PlatformOf(ArchiveDesk& desk) { return desk.board.platform; }
 
 std::string Years(const Season& season) {
   const std::string first = season.games.front().date.substr(0, 4);
@@ -82,42 +69,6 @@ std::string Result(const Game& game, int club) {
   return result;
 }
 
-std::string Joined(const std::vector<std::string>& texts) {
-  std::string joined;
-  for (std::size_t i = 0; i < texts.size(); ++i) {
-    if (i > 0) joined += i + 1 < texts.size() ? ", " : " and ";
-    joined += texts[i];
-  }
-  return joined;
-}
-
-void ShowFile(SeasonState::File& file, const std::string& what) {
-  GridContents contents = Headed({"", "", "Player and remark"});
-  int order = 0;
-  if (!file.team) {
-    file.title.Set("");
-  } else {
-    const TeamText& team = *file.team;
-    std::string title = FileNameOf(team) + what;
-    if (!team.gaps.empty()) title += ", not told: " + Joined(team.gaps);
-    if (!team.leftOut.empty()) {
-      title += ", no room for " + Counted(team.leftOut.size(), "man", "men") + ": " +
-               Joined(team.leftOut);
-    }
-    file.title.Set(title);
-    for (std::size_t i = 0; i < team.lines.size(); ++i) {
-      AddRow(contents, {"", std::to_string(i + 1), team.lines[i]});
-    }
-    order = team.inOrder;
-  }
-  Fill(file.grid, std::move(contents), {0, 500, 4000});
-  file.grid.SetColumnAlignment(1, CellAlignment::Right);
-  // One band, of the batting order alone.
-  file.grid.SetFirstBand(Colour{228, 234, 226}, order);
-}
-
-}  // namespace
-
 void ShowTeams(ArchiveDesk& desk) {
   SeasonState& state = desk.state;
   GridContents contents = Headed({"", "Team", "G"});
@@ -138,12 +89,10 @@ void ShowTeams(ArchiveDesk& desk) {
       AddRow(contents,
              {"", TeamName(season, club), std::to_string(season.clubs[club].games.size())});
     }
-    std::string told = desk.kept.archive + ": " + Counted(state.clubs.size(), "team", "teams") +
-                       " and " + Counted(season.games.size(), "game", "games") + " of " +
-                       Years(season);
+    std::string told = desk.kept.archive + ": " + Counted(std::ssize(state.clubs), "team") +
+                       " and " + Counted(std::ssize(season.games), "game") + " of " + Years(season);
     if (season.faultCount > 0) {
-      told += ", " + Counted(static_cast<std::size_t>(season.faultCount), "line", "lines") +
-              " made no sense";
+      told += ", " + Counted(season.faultCount, "line") + " made no sense";
     }
     state.lbl_Archive.Set(told + ".");
     state.hasFaults.Set(season.faultCount > 0 || !season.skipped.empty());
@@ -183,45 +132,6 @@ void ShowGames(ArchiveDesk& desk) {
   state.grd_Games.SetColumnAlignment(4, CellAlignment::Centred);
 }
 
-void ShowFiles(ArchiveDesk& desk) {
-  SeasonState& state = desk.state;
-  const LineForm form = ShownForm(state);
-  for (SeasonState::File& file : state.files) file.team.reset();
-  int shown = 0;
-  std::string what;
-  if (desk.kept.season && desk.kept.game) {
-    const Season& season = *desk.kept.season;
-    const Game& game = season.games[*desk.kept.game];
-    GameTeams made = MakeGameTeams(season, game, form);
-    for (std::size_t side = 0; side < 2; ++side) {
-      state.files.at(side).team = std::move(made.teams.at(side));
-    }
-    what = " on " + game.date;
-    shown = 2;
-  } else if (desk.kept.season && desk.kept.club != kAllClubs) {
-    const Season& season = *desk.kept.season;
-    const int club = desk.kept.club;
-    state.files[0].team = MakeTeamText(season, club, LineUpUsedMost(season, club), form);
-    what = ", line-up used most";
-    shown = 1;
-  }
-  for (SeasonState::File& file : state.files) ShowFile(file, what);
-  if (desk.kept.season && shown == 0) state.files[0].title.Set("Choose a team or a game");
-  state.shownFiles.Set(shown);
-}
-
-void ShowForms(ArchiveDesk& desk) {
-  std::string wrong;
-  const auto look = [&](const std::string& form, bool asPitcher, const char* where) {
-    for (const std::string& word : UnknownWords(form, asPitcher)) {
-      wrong += (wrong.empty() ? "Not known " : "; ") + std::string(where) + ": " + word;
-    }
-  };
-  look(desk.state.tb_Batters.value(), false, "for batters");
-  look(desk.state.tb_Pitchers.value(), true, "for pitchers");
-  desk.state.lbl_Forms.Set(wrong);
-}
-
 std::string FaultsText(const Season& season) {
   constexpr std::size_t kMostLines = 12;
   std::string text;
@@ -230,7 +140,7 @@ std::string FaultsText(const Season& season) {
   }
   if (season.skipped.size() > kMostLines) text += "...\n";
   if (season.faultCount > 0) {
-    text += Counted(static_cast<std::size_t>(season.faultCount), "line makes", "lines make") +
+    text += Counted(season.faultCount, "line") + (season.faultCount == 1 ? " makes" : " make") +
             " no sense; the rest counts.\n";
   }
   for (std::size_t i = 0; i < std::min(season.faults.size(), kMostLines); ++i) {
@@ -240,6 +150,93 @@ std::string FaultsText(const Season& season) {
   if (static_cast<std::size_t>(season.faultCount) > kMostLines) text += "...\n";
   if (!text.empty()) text.pop_back();
   return text;
+}
+
+// Marks need the database; without it nothing is marked, and that is told once.
+void FindPlayedGames(ArchiveDesk& desk) {
+  const Season& season = *desk.kept.season;
+  try {
+    desk.state.played = PlayedGames(season, PlatformOf(desk));
+  } catch (const ProgramError& error) {
+    desk.state.played.assign(season.games.size(), false);
+    desk.state.lbl_Done.Set(std::string("No game is marked as played. ") + error.what());
+  }
+}
+
+void ShowSeason(ArchiveDesk& desk) {
+  if (desk.kept.season) FindPlayedGames(desk);
+  ShowTeams(desk);
+  ShowGames(desk);
+  ShowFiles(desk);
+}
+
+}  // namespace
+
+void OpenArchiveDesk(ArchiveDesk& desk) {
+  const LineForm form = KeptForm(PlatformOf(desk));
+  SeasonState& state = desk.state;
+  state.tb_Batters.Set(form.batters);
+  state.tb_Pitchers.Set(form.pitchers);
+  state.opt_LastFirst.Set(form.names == NameForm::LastFirst);
+  ChangeForms(desk);
+  ShowSeason(desk);
+}
+
+std::optional<std::filesystem::path> LastArchive(const ArchiveDesk& desk) {
+  if (desk.kept.season) return std::nullopt;
+  const std::filesystem::path last =
+      PathOf(desk.board.platform.settings.Read(settings::kLabels, settings::kSeasonArchive, ""));
+  std::error_code fault;
+  if (last.empty() || !std::filesystem::exists(last, fault)) return std::nullopt;
+  return last;
+}
+
+std::optional<std::filesystem::path> ChooseZip(ArchiveDesk& desk) {
+  const std::filesystem::path last =
+      PathOf(PlatformOf(desk).settings.Read(settings::kLabels, settings::kSeasonArchive, ""));
+  return PlatformOf(desk).dialogs.OpenFile(
+      {"The archive of a season", last.parent_path(), "Zip (*.zip)|*.zip|All files (*)|*"});
+}
+
+std::optional<std::filesystem::path> ChooseFolder(ArchiveDesk& desk) {
+  const std::filesystem::path last =
+      PathOf(PlatformOf(desk).settings.Read(settings::kLabels, settings::kSeasonArchive, ""));
+  return PlatformOf(desk).dialogs.OpenFolder("The folder of a season", last.parent_path());
+}
+
+void ReadArchive(ArchiveDesk& desk, const std::filesystem::path& archive, const GoOn& goOn) {
+  Trapped(PlatformOf(desk).boxes, [&] {
+    if (!KeepSeason(desk.kept, archive, PlatformOf(desk), goOn)) return;
+    desk.state.lbl_Done.Set("");
+    ShowSeason(desk);
+    PlatformOf(desk).settings.Write(settings::kLabels, settings::kSeasonArchive,
+                                    TextOf(std::filesystem::absolute(archive)));
+  });
+}
+
+void ShowFaults(ArchiveDesk& desk) {
+  if (!desk.kept.season) return;
+  PlatformOf(desk).boxes.Show(FaultsText(*desk.kept.season), BoxIcon::Information, kSeasonTitle);
+}
+
+void SelectTeam(ArchiveDesk& desk, int row) {
+  const int place = row - 2;  // row 1 stands for all clubs
+  if (!desk.kept.season || row < 1 || place >= static_cast<int>(desk.state.clubs.size())) return;
+  desk.kept.club = place < 0 ? kAllClubs : desk.state.clubs[place];
+  desk.kept.game.reset();
+  ShowGames(desk);
+  ShowFiles(desk);
+}
+
+void SelectGame(ArchiveDesk& desk, int row) {
+  if (row < 1 || row > static_cast<int>(desk.state.games.size())) return;
+  desk.kept.game = desk.state.games[row - 1];
+  ShowFiles(desk);
+}
+
+void SelectUsedMost(ArchiveDesk& desk) {
+  desk.kept.game.reset();
+  ShowFiles(desk);
 }
 
 }  // namespace dtb::archive

@@ -94,8 +94,8 @@ class Reader {
     }
   }
 
-  void BatterGoes(AtBat atBat, int to) {
-    play_.atBat = atBat;
+  void BatterGoes(PlateAppearance appearance, int to) {
+    play_.appearance = appearance;
     play_.goes[0] = to;
   }
 
@@ -108,35 +108,35 @@ class Reader {
     if (event.empty()) return false;
     switch (event.front()) {
       case 'S':
-        if (!event.starts_with("SB")) return OnBase(AtBat::Single, 1, event.substr(1));
+        if (!event.starts_with("SB")) return OnBase(PlateAppearance::Single, 1, event.substr(1));
         return ReadRunnerEvents(event);
       case 'D':
         if (event.starts_with("DI")) return ReadRunnerEvents(event);
         Take(event, "DGR");
         if (!event.empty() && event.front() == 'D') event.remove_prefix(1);
-        return OnBase(AtBat::Double, 2, event);
+        return OnBase(PlateAppearance::Double, 2, event);
       case 'T':
-        return OnBase(AtBat::Triple, 3, event.substr(1));
+        return OnBase(PlateAppearance::Triple, 3, event.substr(1));
       case 'H':
-        if (Take(event, "HP")) return OnBase(AtBat::HitByPitch, 1, event);
+        if (Take(event, "HP")) return OnBase(PlateAppearance::HitByPitch, 1, event);
         if (!Take(event, "HR")) event.remove_prefix(1);
-        return OnBase(AtBat::HomeRun, kHome, event);
+        return OnBase(PlateAppearance::HomeRun, kHome, event);
       case 'W':
         if (event.starts_with("WP")) return ReadRunnerEvents(event);
-        return OnBase(AtBat::Walk, 1, {}) && ReadJoined(event.substr(1));
+        return OnBase(PlateAppearance::Walk, 1, {}) && ReadJoined(event.substr(1));
       case 'I':
         Take(event, "IW") || Take(event, "I");
-        return OnBase(AtBat::Walk, 1, {}) && ReadJoined(event);
+        return OnBase(PlateAppearance::Walk, 1, {}) && ReadJoined(event);
       case 'K':
         return ReadStrikeout(event.substr(1));
       case 'E':
-        return OnBase(AtBat::Error, 1, event.substr(1));
+        return OnBase(PlateAppearance::Error, 1, event.substr(1));
       case 'F':
-        if (Take(event, "FC")) return OnBase(AtBat::FieldersChoice, 1, event);
+        if (Take(event, "FC")) return OnBase(PlateAppearance::FieldersChoice, 1, event);
         return Take(event, "FLE") && IsFielders(event);
       case 'C':
         if (event.starts_with("CS")) return ReadRunnerEvents(event);
-        return OnBase(AtBat::Interference, 1, event.substr(1));
+        return OnBase(PlateAppearance::Interference, 1, event.substr(1));
       case 'N':
         return event == "NP";
       case 'P':
@@ -148,8 +148,8 @@ class Reader {
     }
   }
 
-  bool OnBase(AtBat atBat, int to, std::string_view fielders) {
-    BatterGoes(atBat, to);
+  bool OnBase(PlateAppearance appearance, int to, std::string_view fielders) {
+    BatterGoes(appearance, to);
     return IsFielders(fielders);
   }
 
@@ -163,7 +163,7 @@ class Reader {
     const std::size_t end = std::min(rest.find('+'), rest.size());
     const std::string_view fielders = rest.substr(0, end);
     const bool erred = FieldersIn(fielders) == Fielders::Error;
-    BatterGoes(AtBat::Strikeout, erred ? 1 : kIsOut);
+    BatterGoes(PlateAppearance::Strikeout, erred ? 1 : kIsOut);
     const bool understood = fielders.empty() || FieldersIn(fielders) != Fielders::None;
     return ReadJoined(rest.substr(end)) && understood;
   }
@@ -200,7 +200,7 @@ class Reader {
   // "63", "64(1)3", "3(B)6(1)", "54(1)", "6E3": whom a bracket names is out, and the batter is
   // where fielders stand behind the last bracket.
   bool ReadFieldedOut(std::string_view fielders) {
-    BatterGoes(AtBat::Out, 1);
+    BatterGoes(PlateAppearance::Out, 1);
     while (!fielders.empty()) {
       const std::size_t end = std::min(fielders.find('('), fielders.size());
       std::string_view who = fielders.substr(0, end);
@@ -211,7 +211,7 @@ class Reader {
       fielders.remove_prefix(end);
       if (fielders.empty()) {
         if (!erred) play_.goes[0] = kIsOut;
-        if (erred) play_.atBat = AtBat::Error;
+        if (erred) play_.appearance = PlateAppearance::Error;
         return true;
       }
       const int base = fielders.size() > 2 && fielders[2] == ')' ? BaseOf(fielders[1]) : -1;
@@ -219,7 +219,7 @@ class Reader {
       if (!erred) play_.goes.at(base) = kIsOut;
       fielders.remove_prefix(3);
     }
-    if (play_.goes[0] != kIsOut) play_.atBat = AtBat::FieldersChoice;
+    if (play_.goes[0] != kIsOut) play_.appearance = PlateAppearance::FieldersChoice;
     return true;
   }
 
@@ -245,11 +245,11 @@ class Reader {
 }  // namespace
 
 bool Play::countsAsAtBat() const {
-  switch (atBat) {
-    case AtBat::None:
-    case AtBat::Walk:
-    case AtBat::HitByPitch:
-    case AtBat::Interference:
+  switch (appearance) {
+    case PlateAppearance::None:
+    case PlateAppearance::Walk:
+    case PlateAppearance::HitByPitch:
+    case PlateAppearance::Interference:
       return false;
     default:
       return !sacrificeHit && !sacrificeFly;

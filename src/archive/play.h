@@ -8,7 +8,7 @@
 namespace dtb::archive {
 
 // How a time at bat ended, as far as the figures tell it apart.
-enum class AtBat : std::uint8_t {
+enum class PlateAppearance : std::uint8_t {
   None,  // it goes on: a steal, a wild pitch, a substitution, ...
   Out,
   Strikeout,
@@ -29,7 +29,7 @@ inline constexpr int kStays = -1;
 inline constexpr int kIsOut = -2;
 
 struct Play {
-  AtBat atBat = AtBat::None;
+  PlateAppearance appearance = PlateAppearance::None;
   bool sacrificeHit = false;
   bool sacrificeFly = false;
   // Where the man on each base goes: a base, kHome, kStays or kIsOut. The batter's is kStays for as
@@ -37,8 +37,10 @@ struct Play {
   std::array<int, 4> goes{kStays, kStays, kStays, kStays};
   std::array<bool, 4> steals{};  // the man who stood there
 
-  [[nodiscard]] bool ended() const { return atBat != AtBat::None; }
-  [[nodiscard]] bool hit() const { return atBat >= AtBat::Single && atBat <= AtBat::HomeRun; }
+  [[nodiscard]] bool ended() const { return appearance != PlateAppearance::None; }
+  [[nodiscard]] bool hit() const {
+    return appearance >= PlateAppearance::Single && appearance <= PlateAppearance::HomeRun;
+  }
   [[nodiscard]] bool countsAsAtBat() const;
   [[nodiscard]] int outs() const;
   [[nodiscard]] int runs() const;

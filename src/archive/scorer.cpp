@@ -14,14 +14,14 @@ int DigitAt(std::string_view text, std::size_t place) {
   return text.size() > place && text[place] >= '0' && text[place] <= '9' ? text[place] - '0' : 0;
 }
 
-void CreditHit(Batting& batting, Pitching* pitching, AtBat kind) {
+void CreditHit(Batting& batting, Pitching* pitching, PlateAppearance kind) {
   ++batting.hits;
-  if (kind == AtBat::Double) ++batting.doubles;
-  if (kind == AtBat::Triple) ++batting.triples;
-  if (kind == AtBat::HomeRun) ++batting.homeRuns;
+  if (kind == PlateAppearance::Double) ++batting.doubles;
+  if (kind == PlateAppearance::Triple) ++batting.triples;
+  if (kind == PlateAppearance::HomeRun) ++batting.homeRuns;
   if (pitching == nullptr) return;
   ++pitching->hits;
-  if (kind == AtBat::HomeRun) ++pitching->homeRuns;
+  if (kind == PlateAppearance::HomeRun) ++pitching->homeRuns;
 }
 
 }  // namespace
@@ -162,7 +162,7 @@ const char* Scorer::Score(int inning, int side, int batter, std::string_view cou
   }
   if (const char* moved = MoveMen(side, batter, play)) fault = moved;
   if (play.ended()) {
-    if (const char* odd = CreditAtBat(side, batter, play)) fault = odd;
+    if (const char* odd = CreditPlateAppearance(side, batter, play)) fault = odd;
     open_ = false;
     owesWalk_ = owesStrikeout_ = kNobody;
   }
@@ -177,7 +177,7 @@ const char* Scorer::MoveMen(int side, int batter, const Play& play) {
   for (int from = kHome - 1; from >= 0; --from) {
     const int man = from == 0 ? batter : bases_.at(from);
     int to = play.goes.at(from);
-    if (to == kStays && play.atBat == AtBat::HomeRun && man != kNobody) to = kHome;
+    if (to == kStays && play.appearance == PlateAppearance::HomeRun && man != kNobody) to = kHome;
     if (man == kNobody && to != kStays) fault = "a man moves from a base where nobody stands";
     if (play.steals.at(from) && man != kNobody) ++ManOf(side, man).batting.stolenBases;
     if (to == kHome) ++told.runs;
@@ -196,10 +196,10 @@ const char* Scorer::MoveMen(int side, int batter, const Play& play) {
   return fault;
 }
 
-const char* Scorer::CreditAtBat(int side, int batter, const Play& play) {
+const char* Scorer::CreditPlateAppearance(int side, int batter, const Play& play) {
   Side& team = sides_.at(side);
-  const bool strikeout = play.atBat == AtBat::Strikeout;
-  const bool walk = play.atBat == AtBat::Walk;
+  const bool strikeout = play.appearance == PlateAppearance::Strikeout;
+  const bool walk = play.appearance == PlateAppearance::Walk;
   const int charged = strikeout && owesStrikeout_ != kNobody ? owesStrikeout_ : batter;
   int pitcher = sides_.at(1 - side).pitcher;
   if (walk && owesWalk_ != kNobody) pitcher = owesWalk_;
@@ -207,8 +207,8 @@ const char* Scorer::CreditAtBat(int side, int batter, const Play& play) {
   Batting& batting = ManOf(side, charged).batting;
   Pitching* pitching = pitcher == kNobody ? nullptr : &ManOf(1 - side, pitcher).pitching;
   if (play.countsAsAtBat()) ++batting.atBats;
-  if (play.hit()) CreditHit(batting, pitching, play.atBat);
-  if (play.atBat == AtBat::HitByPitch) ++batting.hitByPitch;
+  if (play.hit()) CreditHit(batting, pitching, play.appearance);
+  if (play.appearance == PlateAppearance::HitByPitch) ++batting.hitByPitch;
   if (play.sacrificeHit) ++batting.sacrificeHits;
   if (play.sacrificeFly) ++batting.sacrificeFlies;
   if (strikeout) {

@@ -75,7 +75,7 @@ class Scorer {
   const char* BeginHalf(int inning, int side);
   const char* MoveMen(int side, int batter, const Play& play);
   bool InOrder(Side& side, int man);
-  const char* CreditAtBat(int side, int batter, const Play& play);
+  const char* CreditPlateAppearance(int side, int batter, const Play& play);
 
   Season& season_;
   Game game_;
@@ -90,8 +90,8 @@ class Scorer {
   int batter_ = kNobody;
   int balls_ = 0;
   int strikes_ = 0;
-  int owesWalk_ = kNobody;       // the pitcher who left when the count favoured the batter
-  int owesStrikeout_ = kNobody;  // the batter who left with two strikes
+  int owesWalk_ = kNobody;  // the pitcher who left when the count favoured the batter: rule 9.16(h)
+  int owesStrikeout_ = kNobody;  // the batter who left with two strikes: rule 9.15(b)
 };
 
 }  // namespace dtb::archive

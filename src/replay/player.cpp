@@ -1,5 +1,6 @@
 #include "replay/player.h"
 
+#include <QKeySequence>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -16,6 +17,7 @@
 #include "replay/gesture_forms.h"
 #include "replay/gestures.h"
 #include "replay/script_check.h"
+#include "windows/shared/outcome_table.h"
 
 namespace dtb::replay {
 namespace {
@@ -36,21 +38,12 @@ const Names& NamesOf(Side side) {
   return side == Side::Visitors ? visitors : home;
 }
 
-const QHash<QString, QString>& OutcomeKeys() {
-  static const QHash<QString, QString> keys{{"1B", "1"}, {"2B", "2"}, {"3B", "3"}, {"HR", "4"},
-                                            {"BB", "W"}, {"K", "K"},  {"GO", "G"}, {"FO", "F"},
-                                            {"LO", "L"}, {"PO", "P"}, {"DP", "D"}, {"FC", "C"},
-                                            {"TO", "T"}, {"AB", "E"}, {"RBI", "R"}};
-  return keys;
-}
-
-const QHash<QString, QString>& Outcomes() {
-  static const QHash<QString, QString> outcomes{
-      {"1B", "lbl_Single"}, {"2B", "lbl_Double"}, {"3B", "lbl_Triple"}, {"HR", "lbl_Homer"},
-      {"BB", "lbl_BB"},     {"K", "lbl_K"},       {"GO", "lbl_GO"},     {"FO", "lbl_FO"},
-      {"LO", "lbl_LO"},     {"PO", "lbl_PO"},     {"DP", "lbl_DP"},     {"FC", "lbl_FC"},
-      {"TO", "lbl_Pick"},   {"AB", "lbl_AB"},     {"RBI", "lbl_RBI"}};
-  return outcomes;
+// By what stands on the label of the outcome: "1B".
+const OutcomeEntry* OutcomeOf(const QString& caption) {
+  const auto found = std::ranges::find_if(kOutcomes, [&caption](const OutcomeEntry& entry) {
+    return caption == QLatin1String(entry.caption);
+  });
+  return found == kOutcomes.end() ? nullptr : &*found;
 }
 
 QString Word(const QString& line, int n) { return line.section(' ', n, n); }
@@ -79,7 +72,7 @@ void ClickAnswer(const MessageBox& box, const QString& answer) {
 }
 
 bool BringsUpBatter(const QString& verb) {
-  return verb == "BATTER" || (Outcomes().contains(verb) && verb != "RBI" && verb != "TO");
+  return verb == "BATTER" || (OutcomeOf(verb) != nullptr && verb != "RBI" && verb != "TO");
 }
 
 }  // namespace
@@ -186,8 +179,10 @@ QString Player::AnswerTo(const MessageBox& box) {
 
 QStringList Player::GesturesOf(const QString& line) const {
   const QString verb = Word(line, 0);
-  if (options_.keys && OutcomeKeys().contains(verb)) return {"OUTCOME " + OutcomeKeys()[verb]};
-  if (Outcomes().contains(verb)) return {"CLICK " + Outcomes()[verb]};
+  if (const OutcomeEntry* outcome = OutcomeOf(verb)) {
+    if (options_.keys) return {"OUTCOME " + QKeySequence(outcome->key).toString()};
+    return {QString("CLICK ") + outcome->name};
+  }
   if (verb == "SB") return GesturesOfSteal(FromQt(Rest(line, 1)));
   if (line == "UNDO *") return QStringList(static_cast<qsizetype>(board_.history->steps()), "UNDO");
   if (line == "REDO *") return QStringList(static_cast<qsizetype>(states_.size()) - 1, "REDO");

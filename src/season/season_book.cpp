@@ -16,8 +16,8 @@ class Places {
     for (std::size_t i = 0; i < season.teams.size(); ++i) {
       teams_.emplace(season.teams[i].name, static_cast<int>(i));
     }
-    for (std::size_t i = 0; i < season.men.size(); ++i) {
-      men_.emplace(KeyOf(season.men[i].team, season.men[i].name), static_cast<int>(i));
+    for (std::size_t i = 0; i < season.players.size(); ++i) {
+      men_.emplace(KeyOf(season.players[i].team, season.players[i].name), static_cast<int>(i));
     }
     for (std::size_t i = 0; i < season.games.size(); ++i) {
       games_.emplace(season.games[i].id, static_cast<int>(i));
@@ -88,12 +88,12 @@ SeasonBook ReadSeasonBook(Database& database) {
   const SeasonFigures& season = book.season;
   book.lineScores.Take(TextsOf(database, {kLineScores}));
   book.games.resize(season.games.size());
-  book.outings.resize(season.men.size());
+  book.outings.resize(season.players.size());
   const Places places(season);
   for (const SeasonRole role : kSeasonRoles) AddRows(book, places, database, role);
-  for (std::size_t man = 0; man < season.men.size(); ++man) {
+  for (std::size_t man = 0; man < season.players.size(); ++man) {
     for (const SeasonRole role : kSeasonRoles) {
-      SettleOutings(season, {season.men[man].team, season.men[man].name, false, role},
+      SettleOutings(season, {season.players[man].team, season.players[man].name, false, role},
                     book.outings[man].at(static_cast<std::size_t>(role)));
     }
   }

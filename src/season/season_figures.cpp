@@ -74,8 +74,8 @@ std::string KeyOf(std::string_view name, int team) {
 void AddMen(SeasonFigures& season, Database& database, SeasonRole role, const std::stop_token& stop,
             Names& names) {
   std::unordered_map<std::string, std::size_t> known;
-  for (std::size_t i = 0; i < season.men.size(); ++i) {
-    known.emplace(KeyOf(season.men[i].name, season.men[i].team), i);
+  for (std::size_t i = 0; i < season.players.size(); ++i) {
+    known.emplace(KeyOf(season.players[i].name, season.players[i].team), i);
   }
   const bool bats = role == SeasonRole::Batting;
   const std::string statement = std::string("SELECT ") + (bats ? "Batter" : "Pitcher") +
@@ -85,9 +85,9 @@ void AddMen(SeasonFigures& season, Database& database, SeasonRole role, const st
   ForEachRow(database, {statement, {}, stop}, [&](std::span<const DatabaseValue> row) {
     const std::string name = TextIn(row[0]);
     const int team = names.PlaceOf(TextIn(row[1]));
-    const auto [man, added] = known.try_emplace(KeyOf(name, team), season.men.size());
-    if (added) season.men.push_back({name, team});
-    SeasonMan& entry = season.men[man->second];
+    const auto [man, added] = known.try_emplace(KeyOf(name, team), season.players.size());
+    if (added) season.players.push_back({name, team});
+    SeasonPlayer& entry = season.players[man->second];
     const SeasonTotals totals = TotalsOf(row.subspan(2), role);
     if (bats) {
       if (!entry.batting) entry.batting.emplace();
@@ -119,8 +119,8 @@ void PutInOrder(SeasonFigures& season) {
   for (SeasonGame& game : season.games) {
     for (SeasonSide& side : game.sides) side.team = placeOf[side.team];
   }
-  for (SeasonMan& man : season.men) man.team = placeOf[man.team];
-  std::ranges::sort(season.men, [&](const SeasonMan& a, const SeasonMan& b) {
+  for (SeasonPlayer& man : season.players) man.team = placeOf[man.team];
+  std::ranges::sort(season.players, [&](const SeasonPlayer& a, const SeasonPlayer& b) {
     return a.name != b.name ? before(a.name, b.name) : a.team < b.team;
   });
 }

@@ -42,7 +42,7 @@ struct SeasonTeam {
 };
 
 // A player of one team; a name in two teams is two players.
-struct SeasonMan {
+struct SeasonPlayer {
   std::string name;
   int team = 0;
   std::optional<BattingTotals> batting = {};
@@ -56,9 +56,9 @@ struct SeasonMan {
 struct SeasonFigures {
   // In the order in which they were played. Those without a time come last, as they were stored.
   std::vector<SeasonGame> games;
-  std::vector<SeasonTeam> teams;  // in the order of names, those without a game as well
-  std::vector<SeasonMan> men;     // in the order of names, then of teams
-  int lonelyLines = 0;            // line scores whose game lacks the other one: no games
+  std::vector<SeasonTeam> teams;      // in the order of names, those without a game as well
+  std::vector<SeasonPlayer> players;  // in the order of names, then of teams
+  int lonelyLines = 0;                // line scores whose game lacks the other one: no games
   // Games with the GameID and a team of another one: nothing tells their players' rows apart, which
   // count for the first of them.
   int mixedGames = 0;

@@ -33,7 +33,7 @@ bool IsRate(SeasonLead lead) {
   return lead == SeasonLead::Average || lead == SeasonLead::EarnedRunAverage;
 }
 
-bool Qualified(const SeasonMan& man, SeasonRole role, std::size_t games) {
+bool Qualified(const SeasonPlayer& man, SeasonRole role, std::size_t games) {
   constexpr double kPlateAppearances = 3.1;
   constexpr double kOuts = 3;
   if (role == SeasonRole::Pitching) return man.pitching->outs >= kOuts * double(games);
@@ -41,7 +41,7 @@ bool Qualified(const SeasonMan& man, SeasonRole role, std::size_t games) {
 }
 
 // What counts, and how it reads; nothing for a player who has none of it.
-std::optional<SeasonLeader> LeaderOf(int place, const SeasonMan& man, SeasonLead lead) {
+std::optional<SeasonLeader> LeaderOf(int place, const SeasonPlayer& man, SeasonLead lead) {
   if (lead == SeasonLead::Average) {
     const auto rate = BattingAverage(*man.batting);
     if (rate) return SeasonLeader{place, rate->value(), AverageText(rate)};
@@ -75,8 +75,8 @@ LeaderList Leaders(const SeasonFigures& season, SeasonLead lead, bool qualified)
   const SeasonRole role = RoleOf(lead);
   LeaderList list;
   std::vector<SeasonLeader>& leaders = list.first;
-  for (std::size_t i = 0; i < season.men.size(); ++i) {
-    const SeasonMan& man = season.men[i];
+  for (std::size_t i = 0; i < season.players.size(); ++i) {
+    const SeasonPlayer& man = season.players[i];
     if (!man.has(role) ||
         (IsRate(lead) && qualified && !Qualified(man, role, season.teams[man.team].games.size()))) {
       continue;

@@ -46,10 +46,10 @@ std::optional<SeasonSubject> FoundAgain(const SeasonFigures& season, const Seaso
   SeasonSubject found = subject;
   found.team = static_cast<int>(team - in.teams.begin());
   if (subject.wholeTeam) return found;
-  const auto man = std::ranges::find_if(in.men, [&found](const SeasonMan& one) {
+  const auto man = std::ranges::find_if(in.players, [&found](const SeasonPlayer& one) {
     return one.team == found.team && one.name == found.man;
   });
-  if (man == in.men.end()) return std::nullopt;
+  if (man == in.players.end()) return std::nullopt;
   if (!man->has(found.role)) {
     found.role = man->batting ? SeasonRole::Batting : SeasonRole::Pitching;
   }

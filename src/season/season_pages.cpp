@@ -120,8 +120,8 @@ class PageWriter {
     for (int i = 0; i < Size(season_.teams); ++i) {
       if (!write(TeamFile(i), WholePage(season_.teams[i].name, kUp, TeamPage(i)))) return false;
     }
-    for (int i = 0; i < Size(season_.men); ++i) {
-      if (!write(ManFile(i), WholePage(season_.men[i].name, kUp, ManPage(i)))) return false;
+    for (int i = 0; i < Size(season_.players); ++i) {
+      if (!write(ManFile(i), WholePage(season_.players[i].name, kUp, ManPage(i)))) return false;
     }
     for (int i = 0; i < Size(season_.games); ++i) {
       const std::string title = ScoreText(season_, season_.games[i]);
@@ -131,7 +131,8 @@ class PageWriter {
   }
 
   [[nodiscard]] std::size_t pages() const {
-    return 1 + months_.size() + season_.teams.size() + season_.men.size() + season_.games.size();
+    return 1 + months_.size() + season_.teams.size() + season_.players.size() +
+           season_.games.size();
   }
 
  private:
@@ -147,7 +148,7 @@ class PageWriter {
     return "teams/" + PageFileName(season_.teams[team].name, static_cast<std::size_t>(team) + 1);
   }
   [[nodiscard]] std::string ManFile(int man) const {
-    return "men/" + PageFileName(season_.men[man].name, static_cast<std::size_t>(man) + 1);
+    return "men/" + PageFileName(season_.players[man].name, static_cast<std::size_t>(man) + 1);
   }
   [[nodiscard]] std::string GameFile(int game) const {
     return "games/" + PageFileName(season_.games[game].id, static_cast<std::size_t>(game) + 1);
@@ -156,7 +157,7 @@ class PageWriter {
     return PageLink(root + TeamFile(team), season_.teams[team].name);
   }
   [[nodiscard]] std::string ManLink(int man, const char* root = kUp) const {
-    return PageLink(root + ManFile(man), season_.men[man].name);
+    return PageLink(root + ManFile(man), season_.players[man].name);
   }
   [[nodiscard]] std::string DayLink(int game, const char* root = kUp) const {
     return PageLink(root + GameFile(game), DayText(season_.games[game].time));
@@ -209,7 +210,7 @@ class PageWriter {
     for (std::size_t i = 0; i < leaders.size(); ++i) {
       const SeasonLeader& leader = leaders[i];
       table.push_back({Placed(places[i], ManLink(leader.man, "")),
-                       TeamLink(season_.men[leader.man].team, ""), leader.text});
+                       TeamLink(season_.players[leader.man].team, ""), leader.text});
     }
     if (list.alsoLast > 0) table.push_back({PageText(MoreText(list)), "", ""});
     return PageTable(table);
@@ -240,9 +241,9 @@ class PageWriter {
       SeasonTotals total = NoTotals(role);
       Cells table{{"Name"}};
       Append(table.front(), LineHeaders(role));
-      for (int man = 0; man < Size(season_.men); ++man) {
+      for (int man = 0; man < Size(season_.players); ++man) {
         const auto& outings = OutingsOf(man, role);
-        if (season_.men[man].team != place || outings.empty()) continue;
+        if (season_.players[man].team != place || outings.empty()) continue;
         table.push_back({ManLink(man)});
         Append(table.back(), LineTexts(outings.back().total));
         total += outings.back().total;
@@ -280,7 +281,7 @@ class PageWriter {
   }
 
   [[nodiscard]] std::string ManPage(int place) const {
-    const SeasonMan& man = season_.men[place];
+    const SeasonPlayer& man = season_.players[place];
     std::string page = "<p>" + TeamLink(man.team) + "</p>\n";
     std::vector<std::string> parts;
     for (const SeasonRole role : kSeasonRoles) {

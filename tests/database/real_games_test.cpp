@@ -236,7 +236,7 @@ TEST_F(RealGamesTest, EveryQueryShowsThem) {
 
   const SeasonFigures season = ReadSeasonFigures(ports.database);
   ASSERT_EQ(season.games.size(), games);
-  for (const SeasonMan& shown : season.men) {
+  for (const SeasonPlayer& shown : season.players) {
     double hits = 0;
     double earned = 0;
     double outs = 0;

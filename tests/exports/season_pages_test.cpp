@@ -128,8 +128,8 @@ TEST_F(SeasonTest, FiguresAreThoseOfTheRows) {
     above.erase(above.begin());
     EXPECT_EQ(above, courses.at(season.teams[team].name)) << season.teams[team].name;
   }
-  ASSERT_EQ(season.men.size(), 15U);
-  for (const SeasonMan& man : season.men) {
+  ASSERT_EQ(season.players.size(), 15U);
+  for (const SeasonPlayer& man : season.players) {
     const std::string& team = season.teams[man.team].name;
     const Row sum = Sum(man.name, team);
     EXPECT_EQ(man.batting->hits, sum.hits);
@@ -151,7 +151,7 @@ TEST_F(SeasonTest, FiguresAreThoseOfTheRows) {
   EXPECT_EQ(OutingText(BattingTotals{1, 5, 2, 0, 0, 1, 3, 0, 0, 4}), "2 for 5, 1 HR, 3 RBI, 4 SB");
   // Fifteen at-bats of one man in one game qualify nobody whose team has played more.
   std::vector<double> averages;
-  for (const SeasonMan& man : season.men) {
+  for (const SeasonPlayer& man : season.players) {
     const Row sum = Sum(man.name, season.teams[man.team].name);
     averages.push_back(double(sum.hits) / sum.atBats);
   }

@@ -42,17 +42,21 @@ void Copy(const QString& from, const QString& to) {
   WriteWholeFile(PathOf(FromQt(to)), *bytes);
 }
 
-// One start's look at the person's folder.
+// One look at the person's folder.
 class Filling {
  public:
-  Filling(const QDir& shared, const QDir& personal)
+  Filling(const QDir& shared, const QDir& personal, const QString& emptyDatabase)
       : shared_(shared),
         personal_(personal),
+        emptyDatabase_(emptyDatabase),
         recordFile_(personal.filePath(QLatin1String(kRecord))),
         record_(ReadLaidOut(recordFile_)),
         before_(record_) {}
 
   void Fill() {
+    for (const char* folder : {"Teams", "Ballparks", "Logos", "Charts", "Game Rpts"}) {
+      personal_.mkpath(QLatin1String(folder));
+    }
     for (QDirIterator file(shared_.path(), QDir::Files, QDirIterator::Subdirectories);
          file.hasNext();) {
       const QString name = shared_.relativeFilePath(file.next());
@@ -72,6 +76,17 @@ class Filling {
 
   [[nodiscard]] const QStringList& failures() const { return failures_; }
   [[nodiscard]] const QString& why() const { return why_; }
+  [[nodiscard]] QString Complaint() const {
+    constexpr int kMostNamed = 5;
+    QString files = failures_.mid(0, kMostNamed).join(QLatin1Char('\n'));
+    if (const auto more = failures_.size() - kMostNamed; more > 0) {
+      files += QStringLiteral("\nand %1 more").arg(more);
+    }
+    return QStringLiteral(
+               "These files could not be put into your folder; the next start tries "
+               "again:\n%1\n\n%2")
+        .arg(files, why_);
+  }
   // A database is, or was, here.
   [[nodiscard]] bool WasFilled() const {
     return StampOfFile(personal_.filePath(QLatin1String(kDatabaseFile))).size >= 0 ||
@@ -126,14 +141,14 @@ class Filling {
 
   void PutDatabase() {
     const QString name = QLatin1String(kDatabaseFile);
-    const QString source = shared_.filePath(name);
-    if (StampOfFile(source).size < 0) return;
-    if (!WasFilled()) Copy(source, personal_.filePath(name));
+    if (StampOfFile(emptyDatabase_).size < 0) return;
+    if (!WasFilled()) Copy(emptyDatabase_, personal_.filePath(name));
     if (record_[name].sum.isEmpty()) record_[name].sum = kNoSum;
   }
 
   QDir shared_;
   QDir personal_;
+  QString emptyDatabase_;
   QString recordFile_;
   LaidOut record_;
   LaidOut before_;
@@ -148,10 +163,7 @@ ProgramFolder FindProgramFolder(const QString& executableFolder, const QString& 
   const QDir shared(QDir::cleanPath(QDir(executableFolder).filePath(QLatin1String(kShared))));
   const bool besides = QFileInfo::exists(executableFolder + QStringLiteral("/Ballparks"));
   if (besides || !shared.exists()) return {executableFolder, {}};
-  for (const char* folder : {"Teams", "Ballparks", "Logos", "Charts", "Game Rpts"}) {
-    QDir().mkpath(personalFolder + QLatin1Char('/') + QLatin1String(folder));
-  }
-  Filling filling(shared, QDir(personalFolder));
+  Filling filling(shared, QDir(personalFolder), shared.filePath(QLatin1String(kDatabaseFile)));
   filling.Fill();
   if (filling.failures().isEmpty()) return {personalFolder, {}};
   if (!filling.WasFilled()) {
@@ -161,15 +173,14 @@ ProgramFolder FindProgramFolder(const QString& executableFolder, const QString& 
                            "tries again.")
                 .arg(personalFolder, filling.why())};
   }
-  constexpr int kMostNamed = 5;
-  QString files = filling.failures().mid(0, kMostNamed).join(QLatin1Char('\n'));
-  if (const auto more = filling.failures().size() - kMostNamed; more > 0) {
-    files += QStringLiteral("\nand %1 more").arg(more);
-  }
-  return {personalFolder,
-          QStringLiteral("These files could not be put into your folder; the next start tries "
-                         "again:\n%1\n\n%2")
-              .arg(files, filling.why())};
+  return {personalFolder, filling.Complaint()};
+}
+
+QString FillFolder(const QString& shipped, const QString& folder, const QString& emptyDatabase) {
+  QDir().mkpath(folder);
+  Filling filling{QDir(shipped), QDir(folder), emptyDatabase};
+  filling.Fill();
+  return filling.failures().isEmpty() ? QString() : filling.Complaint();
 }
 
 }  // namespace dtb

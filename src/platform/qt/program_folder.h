@@ -19,4 +19,9 @@ struct ProgramFolder {
 [[nodiscard]] ProgramFolder FindProgramFolder(const QString& executableFolder,
                                               const QString& personalFolder);
 
+// Fills a folder from the files that ship, after the same rules, with an empty database of that
+// file. Returns "" or what could not be put there, and why.
+[[nodiscard]] QString FillFolder(const QString& shipped, const QString& folder,
+                                 const QString& emptyDatabase);
+
 }  // namespace dtb

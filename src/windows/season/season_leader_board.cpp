@@ -23,7 +23,7 @@ SeasonLeaderBoard::SeasonLeaderBoard(SeasonLead lead)
     : SeasonChart(ObjectName(lead).c_str(), QString::fromLatin1(LeadTitle(lead))), lead_(lead) {}
 
 QString SeasonLeaderBoard::NameOf(const SeasonLeader& leader) const {
-  const SeasonMan& man = season_->men[leader.man];
+  const SeasonPlayer& man = season_->players[leader.man];
   return ToQt(man.name) + QStringLiteral(", ") + ToQt(season_->teams[man.team].name);
 }
 
@@ -85,7 +85,7 @@ void SeasonLeaderBoard::Draw(QPainter& painter) {
     DrawPlate(painter, bar, QColor(46, 88, 108), Qt::transparent, 0, 2);
     painter.setFont(SmallFont());
     const QRectF text = room.adjusted(type() * 0.4, 0, 0, 0);
-    const SeasonMan& man = season_->men[leader.man];
+    const SeasonPlayer& man = season_->players[leader.man];
     const auto& metrics = painter.fontMetrics();
     const QString name = metrics.elidedText(ToQt(man.name), Qt::ElideRight, qRound(text.width()));
     painter.setPen(kCream);

@@ -373,8 +373,8 @@ void SeasonTab::ListNames() {
     now_.listed.push_back({static_cast<int>(team)});
     rows.push_back({teams[team].name, "whole team"});
   }
-  for (std::size_t man = 0; man < now_.season->men.size(); ++man) {
-    const SeasonMan& entry = now_.season->men[man];
+  for (std::size_t man = 0; man < now_.season->players.size(); ++man) {
+    const SeasonPlayer& entry = now_.season->players[man];
     if (!wanted.Matches(entry.name) && !wanted.Matches(teams[entry.team].name)) continue;
     now_.listed.push_back({entry.team, static_cast<int>(man)});
     rows.push_back({entry.name, teams[entry.team].name});
@@ -398,7 +398,7 @@ void SeasonTab::ChooseListed(int row) {
   const Listed& listed = now_.listed[static_cast<std::size_t>(row) - 1];
   SeasonSubject subject{listed.team, {}, listed.man < 0, role_};
   if (listed.man >= 0) {
-    const SeasonMan& man = now_.season->men.at(static_cast<std::size_t>(listed.man));
+    const SeasonPlayer& man = now_.season->players.at(static_cast<std::size_t>(listed.man));
     subject.man = man.name;
     if (!man.has(role_)) {
       subject.role = man.batting ? SeasonRole::Batting : SeasonRole::Pitching;
@@ -409,10 +409,10 @@ void SeasonTab::ChooseListed(int row) {
 
 void SeasonTab::Choose(const std::optional<SeasonSubject>& subject) {
   now_.chosen = subject;
-  const auto man = std::ranges::find_if(now_.season->men, [&subject](const SeasonMan& one) {
+  const auto man = std::ranges::find_if(now_.season->players, [&subject](const SeasonPlayer& one) {
     return subject && !subject->wholeTeam && one.team == subject->team && one.name == subject->man;
   });
-  const bool isMan = man != now_.season->men.end();
+  const bool isMan = man != now_.season->players.end();
   // Where nobody is chosen the role is that of whoever is chosen next.
   batting_->setEnabled(!isMan || man->batting);
   pitching_->setEnabled(!isMan || man->pitching);
@@ -433,7 +433,7 @@ void SeasonTab::ShowChosenInList() {
     const auto& [team, man] = now_.listed[i];
     const bool whole = man < 0;
     if (team != now_.chosen->team || whole != now_.chosen->wholeTeam) continue;
-    if (!whole && now_.season->men.at(static_cast<std::size_t>(man)).name != now_.chosen->man) {
+    if (!whole && now_.season->players.at(static_cast<std::size_t>(man)).name != now_.chosen->man) {
       continue;
     }
     return names_->SetCurrentCell(static_cast<int>(i) + 1, 1);

@@ -286,6 +286,21 @@ TEST_F(PersonalFolderTest, ALaterStartReadsNoFileAgain) {
   EXPECT_EQ(Read("Charts/Chart01.jpg").size(), std::size_t{kLarge});
 }
 
+TEST_F(PersonalFolderTest, ATableIsLaidOutByTheSameRules) {
+  Write("empty.mdb", "empty");
+  const auto layOut = [this] {
+    return FromQt(FillFolder(QDir::current().relativeFilePath(Path("share/kelvane-diamond-table")),
+                             Path("mine"), Path("empty.mdb")));
+  };
+  EXPECT_EQ(layOut(), "");
+  EXPECT_EQ(Read("Teams/a.txt") + Read("DTB.mdb"), "firstempty");
+  EXPECT_TRUE(QFileInfo(Path("mine/Game Rpts")).isDir());
+  QFile::remove(Path("mine/Teams/a.txt"));
+  Write("mine/DTB.mdb", "a season");
+  EXPECT_EQ(layOut(), "");
+  EXPECT_EQ(Read("Teams/a.txt") + Read("DTB.mdb"), "-a season");
+}
+
 TEST_F(PersonalFolderTest, CopiesOfALostDatabaseGoBeforeAnEmptyOne) {
   Write("mine/Backups/DTB 20261124-200000.mdb", "a season");
   EXPECT_EQ(Start().path, Path("mine"));

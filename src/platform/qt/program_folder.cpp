@@ -178,7 +178,8 @@ ProgramFolder FindProgramFolder(const QString& executableFolder, const QString& 
 
 QString FillFolder(const QString& shipped, const QString& folder, const QString& emptyDatabase) {
   QDir().mkpath(folder);
-  Filling filling{QDir(shipped), QDir(folder), emptyDatabase};
+  Filling filling{QDir(QDir(shipped).absolutePath()), QDir(QDir(folder).absolutePath()),
+                  emptyDatabase};
   filling.Fill();
   return filling.failures().isEmpty() ? QString() : filling.Complaint();
 }

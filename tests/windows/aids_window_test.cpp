@@ -132,6 +132,17 @@ TEST_F(AidsWindowTest, ChartsAreNamedAndOpened) {
   });
   Click(Find("lbl_chrt4"));
   EXPECT_EQ(shown, 2);
+  const auto heard = [&] {
+    std::size_t observers = 0;
+    for (const auto& name : desk_->aids().lbl_chrt) observers += name.observers();
+    return observers;
+  };
+  const std::size_t before = heard();
+  for (int time = 0; time < 3; ++time) {
+    WhileWaiting([this] { Press(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    Click(Find("lbl_chrt4"));
+  }
+  EXPECT_EQ(heard(), before) << "viewers that are closed hear nothing any more";
 }
 
 TEST_F(AidsWindowTest, ParkStaysUntilAnotherPictureIsThere) {

@@ -18,20 +18,9 @@ constexpr int kBarSteps = 1000;
 
 }  // namespace
 
-BusyPointer::BusyPointer() {
-  QApplication::setOverrideCursor(Qt::WaitCursor);
-  qApp->installEventFilter(this);
-}
+BusyPointer::BusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
 
 BusyPointer::~BusyPointer() { QApplication::restoreOverrideCursor(); }
-
-bool BusyPointer::eventFilter(QObject* watched, QEvent* event) {
-  const bool shown = event->type() == QEvent::Show;
-  if ((shown || event->type() == QEvent::Hide) && qobject_cast<MessageBox*>(watched) != nullptr) {
-    QApplication::changeOverrideCursor(shown ? Qt::ArrowCursor : Qt::WaitCursor);
-  }
-  return false;
-}
 
 ProgressPanel::ProgressPanel(const QString& caption, Work work, QWidget* over)
     : Panel(over),

@@ -11,17 +11,13 @@
 
 namespace dtb {
 
-// A busy pointer for as long as it lives, but not over a message box.
-class BusyPointer : public QObject {
-  Q_OBJECT
+// A busy pointer for as long as it lives, but not over a message box (ArrowPointer).
+class BusyPointer {
  public:
   BusyPointer();
-  ~BusyPointer() override;
+  ~BusyPointer();
   BusyPointer(const BusyPointer&) = delete;
   BusyPointer& operator=(const BusyPointer&) = delete;
-
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
 // A slim bar in the middle of a window, for work that lasts longer than a moment. The window takes

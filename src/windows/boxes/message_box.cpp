@@ -14,6 +14,7 @@
 #include <QTextLayout>
 #include <QVBoxLayout>
 #include <QtMath>
+#include <optional>
 #include <utility>
 
 #include "base/program_error.h"
@@ -172,6 +173,25 @@ QString ClosingError(int number, const std::string& description) {
       .arg(ToQt(description), QLatin1String(kSupportAddress));
 }
 
+// The arrow in the place of a busy pointer, while the person is asked.
+class ArrowPointer {
+ public:
+  ArrowPointer() {
+    const QCursor* busy = QApplication::overrideCursor();
+    if (busy == nullptr) return;
+    before_ = *busy;
+    QApplication::changeOverrideCursor(Qt::ArrowCursor);
+  }
+  ~ArrowPointer() {
+    if (before_) QApplication::changeOverrideCursor(*before_);
+  }
+  ArrowPointer(const ArrowPointer&) = delete;
+  ArrowPointer& operator=(const ArrowPointer&) = delete;
+
+ private:
+  std::optional<QCursor> before_;
+};
+
 }  // namespace
 
 MessageBox* MessageBox::Open() { return openBox; }
@@ -191,6 +211,7 @@ MessageBox::Answer MessageBox::Wait(QWidget* window, const Content& content, dou
   // At the start no window is in front yet.
   if (focus == nullptr && window != nullptr) focus = window->focusWidget();
   MessageBox* const outer = openBox;
+  const ArrowPointer arrow;
   auto* box =
       new MessageBox(window != nullptr && window->isVisible() ? window : nullptr, content, scale);
   openBox = box;

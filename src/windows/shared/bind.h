@@ -14,23 +14,22 @@
 
 namespace dtb {
 
+[[nodiscard]] inline std::function<bool()> WhileItLives(QWidget* widget) {
+  return [widget = QPointer<QWidget>(widget)] { return !widget.isNull(); };
+}
+
 // Runs `show` now and on each change of the field, for as long as the widget lives.
 template <class T>
 void Follow(QWidget* widget, Field<T>& field, std::function<void(const T&)> show) {
   show(field.value());
-  field.Observe([widget = QPointer<QWidget>(widget), &field, show = std::move(show)] {
-    if (widget) show(field.value());
-  });
+  field.Observe([&field, show = std::move(show)] { show(field.value()); }, WhileItLives(widget));
 }
 
 // Runs `show` now and on each change of any of the fields.
 template <class... Fields>
 void FollowAll(QWidget* widget, const std::function<void()>& show, Fields&... fields) {
   show();
-  const auto observer = [widget = QPointer<QWidget>(widget), show] {
-    if (widget) show();
-  };
-  (fields.Observe(observer), ...);
+  (fields.Observe(show, WhileItLives(widget)), ...);
 }
 
 // Names a control for scripts and screen readers. Without a name of its own a screen reader reads

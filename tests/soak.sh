@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # soak.sh BUILD MINUTES: looks for faults in rounds until the time is over, each round with a new seed:
-# the monkey, random games, kills, and every fuzzer. BUILD has the builds `asan` and `fuzz`. What was
+# the monkey, random games, kills, hostile databases, full disks, two boards at one table, and every fuzzer. BUILD has the builds `asan` and `fuzz`. What was
 # found is kept in BUILD/soak/faults. `./dtb soak` builds everything first.
 set -euo pipefail
 
@@ -11,16 +11,19 @@ gestures_a_round=2000
 games_a_round=100
 kills_a_round=25
 spoils_a_round=100
+databases_a_round=40
+disks_a_round=20
+turns_a_round=150
 fuzz_seconds=15
 
-rounds=0 gestures=0 games=0 save_kills=0 recovery_kills=0 spoils=0 inputs=0 found=0
+rounds=0 gestures=0 games=0 save_kills=0 recovery_kills=0 spoils=0 databases=0 disks=0 turns=0 inputs=0 found=0
 mkdir -p -- "$faults"
 export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1}
 export ASAN_OPTIONS=${ASAN_OPTIONS:-intercept_tls_get_addr=0}
 
 sums() {
-  printf '%s rounds: %s gestures, %s random games, %s kills of saves, %s kills of recovery, %s spoiled old databases, %s inputs of fuzzers, %s faults\n' \
-    "$rounds" "$gestures" "$games" "$save_kills" "$recovery_kills" "$spoils" "$inputs" "$found"
+  printf '%s rounds: %s gestures, %s random games, %s kills of saves, %s kills of recovery, %s spoiled old databases, %s hostile databases, %s full disks, %s gestures of two boards, %s inputs of fuzzers, %s faults\n' \
+    "$rounds" "$gestures" "$games" "$save_kills" "$recovery_kills" "$spoils" "$databases" "$disks" "$turns" "$inputs" "$found"
 }
 
 time_is_over() { ((SECONDS >= deadline)); }
@@ -76,6 +79,26 @@ spoil_old_databases() {
   spoils=$((spoils + spoils_a_round))
 }
 
+use_hostile_databases() {
+  look hostile DTB_SEED="$seed" DTB_DATABASES=$databases_a_round \
+    "$build/asan/dtb_database_tests" '--gtest_filter=HostileDatabase.*' || return 0
+  databases=$((databases + databases_a_round))
+}
+
+# Each disk is one for every use of the database.
+fill_disks() {
+  look disks DTB_SEED="$seed" DTB_DISKS=$disks_a_round \
+    "$build/asan/dtb_database_tests" '--gtest_filter=FullDiskOfTheDatabase.*' || return 0
+  disks=$((disks + disks_a_round))
+}
+
+# In turns, and at the same time.
+play_two_boards() {
+  look boards DTB_SEED="$seed" DTB_GESTURES=$turns_a_round \
+    "$build/asan/dtb_database_tests" '--gtest_filter=InTurns.*:TwoBoards.*' || return 0
+  turns=$((turns + 2 * turns_a_round))
+}
+
 # An input that shows a fault is kept, and the next rounds begin with what this one learnt.
 fuzz() {
   local program=$1 name=${1##*/fuzz_} output made input=
@@ -100,7 +123,8 @@ until time_is_over; do
   seed=$((RANDOM << 15 | RANDOM))
   rounds=$((rounds + 1))
   echo "Round $rounds, seed $seed"
-  for step in play_monkey play_random_games kill_saves kill_recovery spoil_old_databases; do
+  for step in play_monkey play_random_games kill_saves kill_recovery spoil_old_databases \
+    use_hostile_databases fill_disks play_two_boards; do
     time_is_over || "$step"
   done
   for fuzzer in "$build"/fuzz/fuzz_*; do

@@ -9,7 +9,7 @@
 
 namespace dtb {
 
-// A number from the environment: DTB_SEED, DTB_GESTURES, DTB_KILLS.
+// A number from the environment: DTB_SEED, DTB_GESTURES, DTB_KILLS, DTB_DATABASES, DTB_DISKS.
 inline unsigned FromOutside(const char* name, unsigned usual) {
   const char* given = std::getenv(name);
   return given == nullptr ? usual : static_cast<unsigned>(std::strtoul(given, nullptr, 10));
@@ -18,7 +18,8 @@ inline unsigned FromOutside(const char* name, unsigned usual) {
 // The command that runs the present test once more as it ran now.
 inline std::string Again() {
   std::string command;
-  for (const char* name : {"DTB_SEED", "DTB_GESTURES", "DTB_KILLS", "RC_PARAMS"}) {
+  for (const char* name :
+       {"DTB_SEED", "DTB_GESTURES", "DTB_KILLS", "DTB_DATABASES", "DTB_DISKS", "RC_PARAMS"}) {
     const char* given = std::getenv(name);
     if (given != nullptr) command += std::string(name) + "='" + given + "' ";
   }

@@ -76,6 +76,7 @@ void LeaveOut(const Club& club, LineUp& lineUp, std::size_t fixedBench, std::siz
 struct Claim {
   enum class Kind { NoGame, FewGames, Near, Between, InTheGame } kind = Kind::NoGame;
   int nearness = 0;  // days to his nearest game for the club, less than 0
+  // NOLINTNEXTLINE(modernize-use-nullptr): a slip of the tool at this operator
   friend auto operator<=>(const Claim&, const Claim&) = default;
 };
 

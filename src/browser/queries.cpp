@@ -162,7 +162,7 @@ StatGrid ReadQuery(Database& database, Query query, const std::string& box, std:
   const Layout& layout = texts.layout;
   StatGrid grid = ReadGrid(database, StatementOf(texts, box, stop), layout.leftAligned);
   if (query == Query::Command4 && HasGamesOfOneID(grid)) {
-    grid = ReadGrid(database, {std::string(texts.select) + kPairsNewestFirst, {}, stop},
+    grid = ReadGrid(database, {std::string(texts.select) + kPairsNewestFirst, {}, std::move(stop)},
                     layout.leftAligned);
   }
   for (int column = layout.firstFormatted; column <= layout.lastFormatted; ++column) {

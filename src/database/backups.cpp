@@ -57,6 +57,20 @@ std::string FreeName(const Platform& platform, const std::vector<std::string>& t
   return name;
 }
 
+// Another board may take the name in the same second; then the next one is free.
+std::string MakeCopyUnderFreeName(Platform& platform, std::vector<std::string> taken) {
+  for (;;) {
+    std::string name = FreeName(platform, taken);
+    try {
+      platform.copies.MakeCopy(name);
+      return name;
+    } catch (const ProgramError&) {
+      taken = CopiesNewestFirst(platform.copies);
+      if (std::ranges::find(taken, name) == taken.end()) throw;
+    }
+  }
+}
+
 // The copy just made is not the newest by name where the clock was set back.
 void LetOldCopiesGo(DatabaseCopies& copies, const std::string& made, const std::string& needed) {
   const auto gamesOf = [&copies](const std::string& name) {
@@ -141,8 +155,7 @@ std::optional<int> GamesOfCopy(DatabaseCopies& copies, const std::string& name) 
 std::string CopyAside(Platform& platform, const std::string& needed) {
   const std::vector<std::string> names = CopiesNewestFirst(platform.copies);
   if (!names.empty() && platform.copies.EqualsCopy(names.front())) return names.front();
-  std::string name = FreeName(platform, names);
-  platform.copies.MakeCopy(name);
+  const std::string name = MakeCopyUnderFreeName(platform, names);
   LetOldCopiesGo(platform.copies, name, needed);
   return name;
 }

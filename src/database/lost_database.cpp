@@ -25,7 +25,7 @@ std::optional<ReadableCopy> NewestWholeCopy(DatabaseCopies& copies, std::string&
     if (fault.empty() && games) {
       return ReadableCopy{name, "the copy of " + time + ", with " + Counted(*games, "game")};
     }
-    passedOver += "\n\nPassed over: the copy of " + time + ". " + fault;
+    passedOver.append("\n\nPassed over: the copy of ").append(time).append(". ").append(fault);
   }
   return std::nullopt;
 }

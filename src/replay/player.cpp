@@ -328,7 +328,7 @@ bool Player::UseKeys(const QString& verb, const QString& gesture) {
 
 QString Player::FileToChoose(const QString& name) const {
   const QDir folder = QFileInfo(script_).dir();
-  const QString beside = folder.absoluteFilePath(name);
+  QString beside = folder.absoluteFilePath(name);
   if (QFile::exists(beside)) return beside;
   // What the program is to write has no place among the scripts. Names that it made itself, of
   // games set aside, bear the time.

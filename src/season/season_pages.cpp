@@ -205,6 +205,7 @@ class PageWriter {
     const LeaderList list = Leaders(season_, lead, true);
     const std::vector<SeasonLeader>& leaders = list.first;
     std::vector<std::string> values;
+    values.reserve(leaders.size());
     for (const SeasonLeader& leader : leaders) values.push_back(leader.text);
     const std::vector<int> places = PlacesOf(values);
     for (std::size_t i = 0; i < leaders.size(); ++i) {

@@ -1,11 +1,5 @@
 // All that writes a file, on a disk that is full: what stood there stays, and the person is told.
-#include <sched.h>
-#include <signal.h>
-#include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <fstream>
 #include <functional>
@@ -19,46 +13,14 @@
 #include "platform/qt/qt_settings_store.h"
 #include "sheet/game_report.h"
 #include "sheet/log_file.h"
+#include "small_disk.h"
 
 namespace dtb {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kPage = 4096;
-constexpr int kPages = 64;
 constexpr int kPlenty = 40;  // pages; enough for every file
-
-void WriteText(const char* file, const std::string& text) { std::ofstream(file) << text; }
-
-// From now on the folder is a disk of its own, of 256 KB. False: this system allows none.
-bool MountSmallDisk(const fs::path& folder) {
-  const auto user = geteuid();
-  if (user != 0) {
-    if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return false;
-    WriteText("/proc/self/uid_map", "0 " + std::to_string(user) + " 1");
-  } else if (unshare(CLONE_NEWNS) != 0) {
-    return false;
-  }
-  const std::string size = "size=" + std::to_string(kPages * kPage);
-  return mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
-         mount("small", folder.c_str(), "tmpfs", 0, size.c_str()) == 0;
-}
-
-// Leaves so many pages free; where there is no disk of its own, no file may grow at all.
-void Fill(const fs::path& folder, bool small, int pagesLeft) {
-  if (!small) {
-    signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit{0, 0};
-    setrlimit(RLIMIT_FSIZE, &limit);
-    return;
-  }
-  std::ofstream filler(folder / "filler", std::ios::binary);
-  while (filler.write(std::string(kPage, 'x').data(), kPage).flush()) continue;
-  filler.close();
-  fs::resize_file(folder / "filler", fs::file_size(folder / "filler") / kPage * kPage -
-                                         static_cast<std::uintmax_t>(pagesLeft) * kPage);
-}
 
 std::string BytesOf(const fs::path& file) { return ReadWholeFile(file).value_or("none"); }
 
@@ -136,24 +98,8 @@ class FullDisk : public testing::Test {
  protected:
   ~FullDisk() override { fs::remove_all(folder_); }
 
-  // Runs in a process of its own, on a small disk; what it returns went wrong.
   std::string OnSmallDisk(const std::function<std::string(const fs::path&, bool small)>& body) {
-    int pipe[2];
-    if (::pipe(pipe) != 0) return "no pipe";
-    const pid_t child = fork();
-    if (child == 0) {
-      const bool small = MountSmallDisk(folder_);
-      const std::string wrong = body(folder_, small);
-      if (write(pipe[1], wrong.data(), wrong.size()) < 0) _exit(1);
-      _exit(0);
-    }
-    close(pipe[1]);
-    std::string wrong;
-    for (char letter = 0; read(pipe[0], &letter, 1) == 1;) wrong += letter;
-    close(pipe[0]);
-    int status = 0;
-    waitpid(child, &status, 0);
-    return status == 0 ? wrong : wrong + " (ended with " + std::to_string(status) + ")";
+    return dtb::OnSmallDisk(folder_, body);
   }
 
   std::string name_ = (fs::temp_directory_path() / "fullXXXXXX").string();

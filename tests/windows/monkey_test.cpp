@@ -11,7 +11,10 @@
 #include <array>
 #include <random>
 
+#include "browser/browser_state.h"
+#include "database/backups.h"
 #include "game/history.h"
+#include "platform/sqlite/sqlite_copies.h"
 #include "replay/driver.h"
 #include "replay/gestures.h"
 #include "replay/play_table.h"
@@ -30,6 +33,26 @@ QList<std::pair<const char*, const char*>> NewGame() {
           {"Option5", "Space"},         {"List1", "Home"},     {"lbl_Single", "Return"}};
 }
 
+// A month of games of three teams, for the browser, its season, and a copy of it.
+void SaveSeason(const std::filesystem::path& database) {
+  SQLite::Database(database.string(), SQLite::OPEN_READWRITE)
+      .exec(
+          "CREATE TEMP TABLE Played AS WITH RECURSIVE day(i) AS (SELECT 1 UNION ALL SELECT i + 1 "
+          "FROM day LIMIT 28) SELECT printf('11%02d26201500', i) AS id, i * 5 % 7 AS v, i % 5 AS h,"
+          " iif(i % 3 = 0, 'Bees', 'Ants') AS visitors, iif(i % 3 = 1, 'Bees', 'Cats') AS home "
+          "FROM day;"
+          "INSERT INTO BoxScores (Team, I1, Runs, Hits, Errors, Host, GameID) "
+          "SELECT visitors, v, v, v + 3, 1, 'a_VIS', id FROM Played UNION ALL "
+          "SELECT home, h, h, h + 3, 0, 'b_HOME', id FROM Played;"
+          "INSERT INTO Batting SELECT 'Joe ' || n, n, 1, 1, n > 1, 0, n > 2, 0, n, 4, Team, GameID "
+          "FROM BoxScores, (SELECT 1 AS n UNION SELECT 2 UNION SELECT 3);"
+          "INSERT INTO Pitching SELECT 'Al', 5, 2, 6, 1, 3, 9, Team, GameID FROM BoxScores;"
+          "INSERT INTO WinLoss SELECT visitors, v > h, v < h FROM Played UNION ALL "
+          "SELECT home, h > v, h < v FROM Played;"
+          "INSERT INTO Matchups SELECT visitors || '  vs  ' || home, 1 FROM Played;");
+  SqliteCopies(database).MakeCopy(CopyName({2026, 11, 18}));
+}
+
 class Monkey : public Driver {
  public:
   explicit Monkey(PlayTable& table) : table_(table) {
@@ -45,6 +68,7 @@ class Monkey : public Driver {
     write(".txt", "Nameless\r\n");
     files_ += {files_[0], files_[0], PathOfFile(table.folder.filePath("Missing.txt")),
                PathOfFile(table.folder.path()), std::nullopt};
+    SaveSeason(PathOfFile(table.folder.filePath("DTB.mdb")));
     // Some men have photos.
     for (const char* photo : {"Ann.jpg", "Cyd.jpg", "Name.jpg"}) {
       QFile::copy(table.folder.filePath("Logos/VisLogo.jpg"), table.folder.filePath(photo));
@@ -81,6 +105,7 @@ class Monkey : public Driver {
 
   void MakeAnyGesture(QWidget* front);
   void UseMouse(QWidget* front);
+  void GoToARoom(QWidget* front);
   QPoint AnyPlace(QWidget* window);
   QString AnyText();
   void CheckFields();
@@ -146,6 +171,19 @@ void Monkey::UseMouse(QWidget* front) {
   }
 }
 
+// The rooms that the mouse seldom finds.
+void Monkey::GoToARoom(QWidget* front) {
+  if (front == &form1_) {
+    if (Below(8) == 0) Click(TargetAtMenu("EventLog"));
+    if (Below(4) == 0) Click(TargetAtMenu("Database"));
+    if (Below(8) == 0) PressKey(FindControl("lbl_STATS"), "Return");
+  } else if (Below(2) == 0) {
+    Click(TargetAtTab("SSTab1", browser_tab::kSeason));
+  } else if (Below(3) == 0) {
+    Click(TargetAt("cmd_BringBack"));
+  }
+}
+
 void Monkey::MakeAnyGesture(QWidget* front) {
   static const QStringList keys{"Up",    "Down", "Left",     "Right",  "Home",   "End",
                                 "Tab",   "Menu", "Return",   "Space",  "F12",    "Delete",
@@ -172,8 +210,7 @@ void Monkey::MakeAnyGesture(QWidget* front) {
       QMetaObject::invokeMethod(&form1_.constantTimer(), "timeout");
       break;
     case 7:
-      if (Below(8) == 0) PressKey(FindControl("lbl_STATS"), "Return");
-      if (Below(8) == 0) Click(TargetAtMenu("EventLog"));
+      GoToARoom(front);
       break;
     default:
       UseMouse(front);

@@ -80,10 +80,13 @@ class Filling {
     for (std::size_t i = 0; same && i < columns.columns.size(); ++i) {
       const std::string name = sqlite::Quoted(columns.columns[i]);
       const bool letters = HoldsLetters(columns.table, columns.columns[i]);
-      const std::string sum =
-          letters ? "length(CAST(" + name + " AS BLOB))"
-                  : "CASE typeof(" + name + ") WHEN 'text' THEN 0 ELSE " + name + " END";
-      SQLite::Statement query(made_, "SELECT count(" + name + "), total(" + sum + ")" + from);
+      const auto around = [&name](const char* before, const char* behind) {
+        return std::string(before).append(name).append(behind);
+      };
+      std::string texts = around("SELECT count(", "), total(");
+      texts += letters ? around("length(CAST(", " AS BLOB))")
+                       : around("CASE typeof(", ") WHEN 'text' THEN 0 ELSE ") + name + " END";
+      SQLite::Statement query(made_, texts.append(")").append(from));
       query.executeStep();
       const jet::ColumnTotals& told = old.columns[i];
       same = query.getColumn(0).getInt64() == told.cells &&

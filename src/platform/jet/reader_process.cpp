@@ -2,13 +2,13 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <system_error>
 
 #include "base/paths.h"
@@ -85,7 +85,7 @@ bool ReaderProcess::Hear(std::string& bytes, int longestSilence) {
     throw ProgramError(error_number::kInvalidFileFormat,
                        "the file is damaged: reading it comes to no end.");
   }
-  std::array<char, 1U << 16U> block;
+  std::array<char, 1U << 16U> block{};
   ssize_t size = read(output_, block.data(), block.size());
   while (size < 0 && errno == EINTR) size = read(output_, block.data(), block.size());
   if (size <= 0) return false;

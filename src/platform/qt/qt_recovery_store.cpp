@@ -109,7 +109,7 @@ QString QtRecoveryStore::FreeName(const QString& title) const {
 }
 
 std::string QtRecoveryStore::PutAside(const std::string& bytes, const std::string& title) {
-  const std::string name = FromQt(FreeName(ToQt(title)));
+  std::string name = FromQt(FreeName(ToQt(title)));
   try {
     WriteWholeFile(PathOf(name), bytes, "game set aside");
     return name;

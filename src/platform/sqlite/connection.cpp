@@ -141,6 +141,8 @@ SQLite::Database Open(const std::filesystem::path& file, std::chrono::millisecon
     database.createFunction("finds", 2, true, nullptr, Like<LikePattern::Accents::AreFound>);
     database.check(sqlite3_create_collation(database.getHandle(), "NAMES", SQLITE_UTF8, nullptr,
                                             InOrderOfNames));
+    // Triggers that stand in the file would do what nobody has asked for: take away what is saved.
+    sqlite3_db_config(database.getHandle(), SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     // Also the folder's entry of the journal goes to the disk, so that what is committed stays so.
     database.exec("PRAGMA synchronous = EXTRA");
     return database;

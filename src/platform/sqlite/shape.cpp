@@ -63,6 +63,7 @@ Table TableIn(const SQLite::Database& database, const std::string& name) {
 
 std::vector<Table> TablesIn(const SQLite::Database& database) {
   std::vector<Table> tables;
+  tables.reserve(kTables.size());
   for (const char* name : kTables) tables.push_back(TableIn(database, name));
   return tables;
 }

@@ -3,10 +3,12 @@
 #include <SQLiteCpp/Backup.h>
 #include <fcntl.h>
 #include <sqlite3.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <memory>
 #include <span>
 #include <system_error>
@@ -89,6 +91,24 @@ void SyncFolder(const fs::path& folder) {
   close(descriptor);
 }
 
+// Keeps another board from putting a file into the folder at the same time, as long as this object
+// lives. Where the file system knows no locks, nothing is kept away.
+class FolderHeld {
+ public:
+  explicit FolderHeld(const fs::path& folder)
+      : descriptor_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    while (descriptor_ >= 0 && flock(descriptor_, LOCK_EX) != 0 && errno == EINTR) continue;
+  }
+  ~FolderHeld() {
+    if (descriptor_ >= 0) close(descriptor_);
+  }
+  FolderHeld(const FolderHeld&) = delete;
+  FolderHeld& operator=(const FolderHeld&) = delete;
+
+ private:
+  int descriptor_;
+};
+
 [[noreturn]] void Refuse(const std::string& what, const std::error_code& error) {
   const bool full = error == std::errc::no_space_on_device;
   throw ProgramError(full ? error_number::kDiskFull : error_number::kPathOrFileAccess,
@@ -140,6 +160,10 @@ std::string FaultOf(SQLite::Database& copy) {
     if (!copy.tableExists(table)) return std::string("has no table \"") + table + "\".";
   }
   return {};
+}
+
+fs::path FolderOf(const fs::path& file) {
+  return file.has_parent_path() ? file.parent_path() : fs::path(".");
 }
 
 // What stands at the end of a chain of symbolic links, which stay as they are.
@@ -264,8 +288,9 @@ void SqliteCopies::RemoveUnfinished() const {
 
 void SqliteCopies::MakeCopy(const std::string& name) {
   SQLite::Database source = sqlite::Open(file_, longestWait_);
-  Told(file_, [&] { HoldStill(source); });
   MakeFolder();
+  const FolderHeld held(folder_);
+  Told(file_, [&] { HoldStill(source); });
   RemoveUnfinished();
   const fs::path place = PathOfCopy(name);
   if (fs::exists(place)) {
@@ -332,6 +357,7 @@ void SqliteCopies::RequireLost() {
 std::string PutNewDatabase(const fs::path& file, const std::string& asideName,
                            const std::function<void(SQLite::Database&)>& fill) {
   const fs::path place = Target(file);
+  const FolderHeld held(FolderOf(place));
   Beside beside(place);
   Told(file, [&] {
     SQLite::Database made = beside.Open();

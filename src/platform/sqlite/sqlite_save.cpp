@@ -11,6 +11,7 @@
 namespace dtb {
 namespace {
 
+// A row that the table of a file would pass over, or put in the place of another, is refused.
 std::string InsertInto(const TableColumns& table) {
   std::string names;
   std::string marks;
@@ -18,7 +19,7 @@ std::string InsertInto(const TableColumns& table) {
     names += (names.empty() ? "" : ", ") + sqlite::Quoted(column);
     marks += marks.empty() ? "?" : ", ?";
   }
-  return "INSERT INTO " + sqlite::Quoted(table.table) + " (" + names + ") VALUES (" + marks + ")";
+  return "INSERT OR ABORT INTO " + sqlite::Quoted(table.table) + " (" + names + ") VALUES (" + marks + ")";
 }
 
 // The engine names the check that a row failed, and the checks are named after their columns.

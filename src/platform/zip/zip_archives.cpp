@@ -189,7 +189,7 @@ class ZipArchive : public Archive {
 
 class FolderArchive : public Archive {
  public:
-  explicit FolderArchive(const std::filesystem::path& folder) : folder_(folder) {}
+  explicit FolderArchive(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
   // Notes all files. False: stopped.
   bool List(const GoOn& goOn) {

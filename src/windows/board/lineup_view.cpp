@@ -176,8 +176,8 @@ LineUpEntry LineupModel::EntryAt(int row) const {
 
 // A short name that two players have would tell them apart less than a cut one.
 QString LineupModel::ShortNameAt(int row) const {
-  const QString name = EntryAt(row).name;
-  const QString shortened = ShortName(name);
+  QString name = EntryAt(row).name;
+  QString shortened = ShortName(name);
   for (int other = 0; other < shownRows_; ++other) {
     if (other != row && ShortName(EntryAt(other).name) == shortened) return name;
   }

@@ -46,13 +46,14 @@ std::optional<bool> RunnerDrag::ShowMenu(int row, const QPoint& place) {
   if (pieces.empty()) return std::nullopt;
   QMenu menu(list_);
   menu.setObjectName(QStringLiteral("mnuRow"));
-  const auto add = [&menu](QString caption) {
+  const auto add = [&menu](const QString& caption) {
     return menu.addAction(
         caption.left(kLongestWords).replace(QLatin1Char('&'), QStringLiteral("&&")));
   };
   const QAction* read = add(QStringLiteral("Read the whole line"));
   menu.addSeparator();
   std::vector<const QAction*> actions;
+  actions.reserve(pieces.size());
   for (const int piece : pieces) {
     actions.push_back(add(ToQt(ReplacementOn(board_, side_, row, piece).words)));
   }

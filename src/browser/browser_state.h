@@ -40,6 +40,13 @@ struct BrowserGrid {
     std::string box;
   };
   std::optional<Shown> shown = {};
+
+  // By which column the person sorted it since that query. None: as the query gave it.
+  struct Sorted {
+    int column;
+    SortOrder order;
+  };
+  std::optional<Sorted> sorted = {};
 };
 
 // A new one for each opening of the form: grids hidden, boxes empty.

@@ -118,7 +118,8 @@ bool SortOnDoubleClick(Browser& browser, BrowserGrid& grid, int column) {
   } else {
     state.SortColumn = static_cast<std::uint8_t>(column);
   }
-  grid.grid.SortRows(column, SortedDown(state) ? SortOrder::Descending : SortOrder::Ascending);
+  grid.sorted = {column, SortedDown(state) ? SortOrder::Descending : SortOrder::Ascending};
+  grid.grid.SortRows(column, grid.sorted->order);
   return true;
 }
 

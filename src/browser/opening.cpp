@@ -219,9 +219,12 @@ void ReadAgain(Browser& browser) {
   try {
     for (const auto& [query, tab] : kParts) {
       if (!query) continue;
-      const BrowserGrid& grid = state.*QueryButtons()[static_cast<std::size_t>(*query)].grid;
+      BrowserGrid& grid = state.*QueryButtons()[static_cast<std::size_t>(*query)].grid;
       const auto [shown, box] = grid.shown.value_or(BrowserGrid::Shown{*query, {}});
+      const auto sorted = grid.sorted;
       ShowTable(browser, shown, box, ReadQuery(database, shown, box));
+      grid.sorted = sorted;
+      if (sorted) grid.grid.SortRows(sorted->column, sorted->order);
     }
     state.season.Set(std::make_shared<SeasonFigures>(ReadSeasonFigures(database, {})));
   } catch (const ProgramError& failure) {

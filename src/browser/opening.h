@@ -82,7 +82,8 @@ class Opening {
 void OpenBrowser(Browser& browser);
 
 // Reads and shows all these tables again, as they stand in the database now, each with the search
-// that it shows. Bracket, search texts and the tab in front stay. A failure is told once.
+// that it shows and in the order in which it was sorted. Bracket, search texts and the tab in front
+// stay. A failure is told once.
 void ReadAgain(Browser& browser);
 
 }  // namespace dtb

@@ -179,6 +179,7 @@ void ShowQuery(Browser& browser, Query query, const std::string& box, StatGrid&&
   BrowserGrid& grid = browser.state.*kButtons.at(static_cast<std::size_t>(query)).grid;
   ShowGrid(grid, std::move(contents));
   grid.shown = {query, box};
+  grid.sorted.reset();
 }
 
 void RunQuery(Browser& browser, Query query) {

@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "base/whole_file.h"
 #include "game/history.h"
 #include "game/player_name.h"
 #include "replay/game_state.h"
@@ -405,10 +406,11 @@ void Player::NoteStates() {
 void Player::Kill() {
   if (table_.desk.recovery() == nullptr) throw Refused("KILL needs a table that is kept");
   table_.desk.recovery()->Wait();
-  QFile next(table_.folder.filePath(kNextLine));
-  if (!next.open(QIODevice::WriteOnly)) throw Refused("the next line cannot be noted");
-  next.write(QByteArray::number(next_));
-  next.close();
+  try {
+    WriteWholeFile(PathOfFile(table_.folder.filePath(kNextLine)), std::to_string(next_));
+  } catch (const ProgramError& fault) {
+    throw Refused(QStringLiteral("the next line cannot be noted: ") + ToQt(fault.what()));
+  }
   std::raise(SIGKILL);
 }
 

@@ -448,6 +448,16 @@ TEST_F(BrowserTest, SortsOnDoubleClick) {
     EXPECT_EQ(state.SortColumn, row.column0);
     EXPECT_EQ(state.SortDirection, row.direction);
   }
+  // A game that is taken out changes no order; a query does.
+  RunQuery(browser, Query::Command6);
+  SortOnDoubleClick(browser, state.MSHFlexGrid4, 3);
+  const Strings sorted = RowsOf(state.MSHFlexGrid4.grid);
+  ReadAgain(browser);
+  EXPECT_EQ(RowsOf(state.MSHFlexGrid4.grid), sorted);
+  RunQuery(browser, Query::Command6);
+  EXPECT_NE(RowsOf(state.MSHFlexGrid4.grid), sorted);
+  ReadAgain(browser);
+  EXPECT_NE(RowsOf(state.MSHFlexGrid4.grid), sorted);
 }
 
 TEST(PatternTextTest, Table) {

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include "copies_test.h"
+#include "platform/jet/jet_database.h"
 #include "soak_settings.h"
 
 namespace {
@@ -118,6 +119,29 @@ TEST_F(CopyKills, InTheMiddleOfABringBack) {
       },
       [&] { copies.BringBack(other); },
       [&] { EXPECT_TRUE(IsWhole("three.mdb") || IsWhole("thirty.mdb")); });
+}
+
+// The old file, or the new database with all its rows and the old file beside it.
+TEST_F(CopyKills, InTheMiddleOfATakingOver) {
+  const std::string old = ReadAll(std::filesystem::path(DTB_JET_FILES) / "jet4.mdb");
+  JetDatabase jet(file);
+  std::ofstream(file, std::ios::binary) << old;
+  jet.TakeOver("aside.mdb");
+  const std::string rows = Counts();
+  Kill(
+      [&] {
+        for (const char* name : {kDatabaseFile, "aside.mdb"}) {
+          std::filesystem::remove(folder / name);
+        }
+        std::ofstream(file, std::ios::binary) << old;
+      },
+      [&] { jet.TakeOver("aside.mdb"); },
+      [&] {
+        if (ReadAll(file) == old) return;
+        EXPECT_EQ(Stored("PRAGMA integrity_check"), Strings{"ok"});
+        EXPECT_EQ(Counts(), rows);
+        EXPECT_EQ(ReadAll(folder / "aside.mdb"), old);
+      });
 }
 
 TEST_F(CopyKills, InTheMiddleOfARenewal) {

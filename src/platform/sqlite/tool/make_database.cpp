@@ -10,6 +10,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "base/whole_file.h"
+
 namespace {
 
 void MakeDatabase(const std::filesystem::path& schema, const std::filesystem::path& file) {
@@ -21,11 +23,10 @@ void MakeDatabase(const std::filesystem::path& schema, const std::filesystem::pa
   if (text.empty()) throw std::runtime_error(schema.string() + " cannot be read");
 
   // Made under another name, so that no half database ever bears the right one.
-  const std::filesystem::path unfinished = file.string() + ".new";
-  std::filesystem::remove(unfinished);
-  SQLite::Database(unfinished.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+  dtb::FileBeside beside(file, "database");
+  SQLite::Database(beside.path().string(), SQLite::OPEN_READWRITE)
       .exec("BEGIN; " + text + " COMMIT;");
-  std::filesystem::rename(unfinished, file);
+  beside.MoveIntoPlace();
 }
 
 }  // namespace

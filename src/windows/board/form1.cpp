@@ -238,9 +238,8 @@ void Form1::ViewCharts(int chart) {
 }
 
 void Form1::ShowStats() {
-  CenterForm(form2_, this);
   ConstantUpdate(board_);
-  form2_->exec();
+  RunInPlace(*form2_, board_.platform.settings, [this] { CenterForm(form2_, this); });
 }
 
 void Form1::ShowLog() {

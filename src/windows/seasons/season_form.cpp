@@ -9,6 +9,7 @@
 #include "windows/boxes/busy.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
+#include "windows/shared/kept_place.h"
 #include "windows/shared/look.h"
 #include "windows/shared/scene.h"
 #include "windows/shared/tips.h"
@@ -27,14 +28,13 @@ constexpr double kTwip = 1.0 / 15;  // pixels on the reference screen, in body t
 
 void SeasonForm::Run(Board& board, seasons::KeptSeason& kept, QWidget* over) {
   SeasonForm form(board, kept, over);
-  CenterForm(&form, over);
   // Once the window is there, so that the progress and a complaint stand over it.
   const auto last = seasons::LastArchive(form.desk_);
   if (last) {
     QMetaObject::invokeMethod(
         &form, [&form, last] { form.Read(last); }, Qt::QueuedConnection);
   }
-  form.exec();
+  RunInPlace(form, board.platform.settings, [&] { CenterForm(&form, over); });
   seasons::KeepChoices(form.desk_);
 }
 

@@ -57,8 +57,8 @@ bool HasCounts(const StatGrid& grid) {
 // nothing to set aside. Nothing: it cannot be set aside, and the person wants to keep it.
 std::optional<std::string> SetGameAside(Board& board) {
   if (board.newGames == nullptr || IsSaved(board) || IsFresh(board)) return "";
-  const std::string file =
-      board.newGames->store.PutAside(TableText(board, board.newGames->aids), AsideTitle(board));
+  const std::string file = board.newGames->store.PutAside(TableText(board, board.newGames->aids),
+                                                          AsideTitle(board.state));
   if (!file.empty()) {
     return "The game that was on the board is set aside as \"" + TextOf(PathOf(file).filename()) +
            "\". \"" + kTakeUpSetAside + "\" in the menu \"Edit\" brings it back.";

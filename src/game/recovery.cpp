@@ -1,6 +1,7 @@
 #include "game/recovery.h"
 
 #include <cstdint>
+#include <system_error>
 #include <utility>
 
 #include "aids/ballparks.h"
@@ -58,6 +59,16 @@ void TellWhoseBatter(BoardState& state) {
   state.BatterOf.Set(!bats ? "" : visitors ? "V" : "H");
 }
 
+// Moves a game that is not wanted to a file with the names of its teams; where that cannot be
+// written, to one without them.
+std::string DeclinedAside(const std::string& bytes, const KeptTable& kept, RecoveryStore& store) {
+  const std::string aside = store.PutAside(bytes, AsideTitle(kept.game.state));
+  if (aside.empty()) return store.SetAside();
+  std::error_code stays;  // it is offered again then
+  std::filesystem::remove(store.File(), stays);
+  return aside;
+}
+
 }  // namespace
 
 std::string TableText(const Board& board, const AidsState& aids) {
@@ -113,8 +124,7 @@ void TakeUp(const KeptTable& kept, Board& board, Aids& aids) {
   if (!aids.state.parkChoice || aids.state.ParkNames.empty()) aids.state.cb_RandParks.Set(false);
 }
 
-std::string AsideTitle(const Board& board) {
-  const BoardState& state = board.state;
+std::string AsideTitle(const BoardState& state) {
   return SafeNamePart(state.tb_VisTeam.value() + " at " + state.tb_HomeTeam.value());
 }
 
@@ -130,8 +140,8 @@ void OfferRecovery(Board& board, Aids& aids, RecoveryStore& store) {
                 "already. Put it on the board again?"
               : "A game was still in progress when the program ended. Go on with it?";
     if (boxes.Ask({.text = question, .yesIsUsual = true})) return TakeUp(kept, board, aids);
-    boxes.Show("The game is kept as \"" + store.SetAside() + "\". \"" + kTakeUpSetAside +
-                   "\" in the menu \"Edit\" brings it back.",
+    boxes.Show("The game is kept as \"" + DeclinedAside(*bytes, kept, store) + "\". \"" +
+                   kTakeUpSetAside + "\" in the menu \"Edit\" brings it back.",
                BoxIcon::Information);
   } catch (const DamagedText&) {
     boxes.Show(
@@ -159,7 +169,7 @@ void TakeUpSetAside(Board& board, Aids& aids, RecoveryStore& store) {
                               "in the same way. Put the other one on the board?"})) {
         return;
       }
-      if (store.PutAside(TableText(board, aids.state), AsideTitle(board)).empty()) {
+      if (store.PutAside(TableText(board, aids.state), AsideTitle(board.state)).empty()) {
         boxes.Show(
             "The game on the board cannot be set aside; the disk may be full. It stays on the "
             "board.",

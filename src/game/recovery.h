@@ -28,7 +28,7 @@ struct KeptTable {
 void TakeUp(const KeptTable& kept, Board& board, Aids& aids);
 
 // "Boston 1960 at Chicago 1960": how the name of the file ends in which the game is set aside.
-[[nodiscard]] std::string AsideTitle(const Board& board);
+[[nodiscard]] std::string AsideTitle(const BoardState& state);
 
 // At start: where a game was kept, asks whether to go on with it, and tells if it is saved already.
 // A game that is not wanted, and a file that cannot be understood, are moved aside and kept; the

@@ -151,7 +151,8 @@ TEST_F(HistoryWindowTest, AnUnwantedGameAndADamagedOneAreKeptAside) {
   StartAnew();
   EXPECT_TRUE(board().state.List1.empty());
   EXPECT_TRUE(messages->value(1).contains("\"Take up a game set aside...\""));
-  EXPECT_EQ(Beside("DTB_v102.game.2*").size(), 1);
+  EXPECT_EQ(Beside("DTB_v102.game.2*Ants at Bees").size(), 1);
+  EXPECT_FALSE(QFile::exists(Game())) << "it would be offered again";
   desk_.reset();
 
   WriteFile(Game(), "Kelvane Diamond Table, a game in progress, 1\nand nonsense");

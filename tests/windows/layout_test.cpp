@@ -6,9 +6,10 @@
 #include <QScrollBar>
 #include <set>
 
+#include "base/settings_keys.h"
 #include "game/game_pieces.h"
+#include "windows/browser_form_test.h"
 #include "windows/shared/look.h"
-#include "windows/window_test.h"
 
 namespace dtb {
 namespace {
@@ -329,6 +330,51 @@ TEST_F(LayoutTest, EveryControlIsReachedByKeyboard) {
     if (widget->objectName().startsWith(QStringLiteral("qt_"))) continue;
     EXPECT_TRUE(reached.contains(widget)) << FromQt(widget->objectName());
     EXPECT_FALSE(widget->accessibleName().isEmpty()) << FromQt(widget->objectName());
+  }
+}
+
+using PlacesTest = BrowserFormTest;
+
+TEST_F(PlacesTest, WindowsStandWhereTheyWereLeft) {
+  MakeDatabase("");
+  QRect left;
+  const auto trigger = [this](const char* action) {
+    return [this, action] {
+      Find<QAction>(action)->trigger();
+      QCoreApplication::processEvents();
+    };
+  };
+  const std::vector<std::pair<const char*, std::function<void()>>> windows{
+      {"Form2", [this] { Click(Find("lbl_STATS")); }},
+      {"Form3", [this] { Press(&form1(), Qt::Key_V); }},
+      {"Form4", trigger("mnuStatistics")},
+      {"SeasonForm", trigger("mnuSeason")}};
+  for (const auto& [name, open] : windows) {
+    SCOPED_TRACE(name);
+    const auto placeOnceOpen = [&](const QRect& moved) {
+      QRect seen;
+      WhileWaiting([&] {
+        QWidget* window = QApplication::activeModalWidget();
+        EXPECT_EQ(window->objectName(), QLatin1String(name));
+        seen = window->geometry();
+        if (moved.isValid()) window->setGeometry(moved);
+        QTimer::singleShot(0, window, [&, window] {
+          if (moved.isValid()) left = window->geometry();
+          window->close();
+        });
+      });
+      open();
+      return seen;
+    };
+    const QRect usual = placeOnceOpen({});
+    EXPECT_EQ(placeOnceOpen({}), usual) << "nobody moved it";
+    placeOnceOpen(
+        {usual.left() / 2, usual.top() + 9, usual.width() * 4 / 5, usual.height() * 4 / 5});
+    EXPECT_NE(left.size(), usual.size());
+    EXPECT_EQ(placeOnceOpen({}), left);
+    board().platform.settings.Write(settings::kWindows, name, "9000 9000 1200 900 0");
+    EXPECT_TRUE(form1().screen()->geometry().contains(placeOnceOpen({})))
+        << "the screen where it stood is gone";
   }
 }
 

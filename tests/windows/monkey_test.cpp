@@ -53,6 +53,10 @@ void SaveSeason(const std::filesystem::path& database) {
   SqliteCopies(database).MakeCopy(CopyName({2026, 11, 18}));
 }
 
+QWidget* FocusOf(QWidget* window) {
+  return window->focusWidget() != nullptr ? window->focusWidget() : window;
+}
+
 class Monkey : public Driver {
  public:
   explicit Monkey(PlayTable& table) : table_(table) {
@@ -107,6 +111,8 @@ class Monkey : public Driver {
   void UseMouse(QWidget* front);
   void GoToARoom(QWidget* front);
   QPoint AnyPlace(QWidget* window);
+  QPoint PlaceOfPiece(QPoint other);
+  void FocusAnywhere();
   QString AnyText();
   void CheckFields();
   void PlayOn();
@@ -136,6 +142,22 @@ QPoint Monkey::AnyPlace(QWidget* window) {
   return shown.topLeft() + QPoint(Below(shown.width()), Below(shown.height()));
 }
 
+// On a game piece, where one shows and the board is in front.
+QPoint Monkey::PlaceOfPiece(QPoint other) {
+  const auto* piece = form1_.findChild<QWidget*>(QStringLiteral("pb_Player%1").arg(1 + Below(4)));
+  if (FrontWindow() != &form1_ || !piece->isVisible()) return other;
+  return piece->mapTo(&form1_, piece->rect().center());
+}
+
+// Leaves the focus on a piece, a cell, a list, a button, as the board may be closed with any.
+void Monkey::FocusAnywhere() {
+  QList<QWidget*> controls;
+  for (QWidget* control : form1_.findChildren<QWidget*>()) {
+    if (control->isVisible() && (control->focusPolicy() & Qt::TabFocus) != 0) controls += control;
+  }
+  OneOf(controls)->setFocus(Qt::TabFocusReason);
+}
+
 QString Monkey::AnyText() {
   static const QList<std::pair<int, int>> alphabets{
       {'0', 10}, {' ', 95}, {0xA0, 96}, {0x300, 80}, {0x5D0, 90}, {0x4E00, 9000}, {0x1F300, 700}};
@@ -163,11 +185,16 @@ void Monkey::UseMouse(QWidget* front) {
                       Qt::NoButton, held, Qt::NoScrollPhase, false);
     QApplication::sendEvent(window, &wheel);
   } else {
-    QTest::mousePress(window, button, held, place);
+    // A drag may leave the window.
+    const auto anywhere = [&] {
+      const QPoint beyond(Below(1200) - 600, Below(1200) - 600);
+      return AnyPlace(front) + (Below(3) == 0 ? beyond : QPoint());
+    };
+    QTest::mousePress(window, button, held, Below(3) == 0 ? PlaceOfPiece(place) : place);
     for (int moves = Below(4); moves >= 0; --moves) {
-      QTest::mouseEvent(QTest::MouseMove, window, Qt::NoButton, held, AnyPlace(front));
+      QTest::mouseEvent(QTest::MouseMove, window, Qt::NoButton, held, anywhere());
     }
-    QTest::mouseRelease(window, button, held, AnyPlace(front));
+    QTest::mouseRelease(window, button, held, anywhere());
   }
 }
 
@@ -198,7 +225,7 @@ void Monkey::MakeAnyGesture(QWidget* front) {
     }
     case 2:
     case 3:
-      PressKey(front->focusWidget() ? front->focusWidget() : front, OneOf(keys));
+      PressKey(FocusOf(front), OneOf(keys));
       break;
     case 4:
       if (Below(8) == 0) form1_.resize(600 + Below(400), 300 + Below(300));
@@ -211,6 +238,9 @@ void Monkey::MakeAnyGesture(QWidget* front) {
       break;
     case 7:
       GoToARoom(front);
+      break;
+    case 8:  // where no one aimed
+      for (const char* key : {"Space", "Return"}) PressKey(FocusOf(FrontWindow()), key);
       break;
     default:
       UseMouse(front);
@@ -251,7 +281,10 @@ void Monkey::MakeGesture() {
     return;
   }
   if (!keys_.isEmpty()) return PlayOn();
-  if (made_ == kGestures) return Finish(0);
+  if (made_ == kGestures) {
+    FocusAnywhere();
+    return Finish(0);
+  }
   if (++made_ == kGestures) keys_ = NewGame();
   if (table_.dialogs.answers.isEmpty()) table_.dialogs.answers += OneOf(files_);
   if (front == QApplication::activePopupWidget()) {

@@ -18,6 +18,7 @@
 #include "windows/aids/dice_panels.h"
 #include "windows/aids/situation.h"
 #include "windows/shared/bind.h"
+#include "windows/shared/kept_place.h"
 #include "windows/shared/look.h"
 #include "windows/shared/outcome_table.h"
 
@@ -44,10 +45,11 @@ const ClickLabel::Shades kShown{kAccent, kAccent, kInk};
 std::optional<ChartViewer::Choice> ChartViewer::Run(Board& board, Aids& aids, int chart,
                                                     QWidget* window) {
   ChartViewer viewer(board, aids, window);
-  viewer.resize(window->width(), std::max(1, window->height() - kLower));
-  viewer.move(window->pos());
   viewer.ShowChart(chart);
-  viewer.exec();
+  RunInPlace(viewer, aids.platform.settings, [&] {
+    viewer.resize(window->width(), std::max(1, window->height() - kLower));
+    viewer.move(window->pos());
+  });
   return viewer.chosen_;
 }
 

@@ -11,6 +11,7 @@
 #include "windows/boxes/busy.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
+#include "windows/shared/kept_place.h"
 #include "windows/shared/look.h"
 #include "windows/shared/scene.h"
 #include "windows/shared/tips.h"
@@ -29,14 +30,13 @@ constexpr double kTwip = 1.0 / 15;  // pixels on the reference screen, in body t
 
 void ArchiveWindow::Run(Board& board, archive::KeptSeason& kept, QWidget* over) {
   ArchiveWindow form(board, kept, over);
-  CenterForm(&form, over);
   // Once the window is there, so that the progress and a complaint stand over it.
   const auto last = archive::LastArchive(form.desk_);
   if (last) {
     QMetaObject::invokeMethod(
         &form, [&form, last] { form.Read(last); }, Qt::QueuedConnection);
   }
-  form.exec();
+  RunInPlace(form, board.platform.settings, [&] { CenterForm(&form, over); });
   archive::KeepChoices(form.desk_);
 }
 

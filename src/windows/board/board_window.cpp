@@ -56,9 +56,12 @@ BoardWindow::BoardWindow(Board& board, Aids& aids, QtPictures& pictures)
   park_->setFocus(Qt::OtherFocusReason);
   setMinimumSize(qRound(kSceneWidth * kSmallestScale), qRound(kSceneHeight * kSmallestScale));
   // What the focus leaves without a successor, the park takes: nothing is pressed by surprise
-  // there.
-  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-    if (now == nullptr && focusWidget() == nullptr) park_->setFocus(Qt::OtherFocusReason);
+  // there. From a control that is hidden, Qt would take it to the next one, a LOAD perhaps.
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
+    const bool left = now == nullptr && focusWidget() == nullptr;
+    const bool hidden = now != nullptr && before != nullptr && park_->isAncestorOf(before) &&
+                        !before->isVisible() && now->window() == this;
+    if (left || hidden) park_->setFocus(Qt::OtherFocusReason);
   });
   PlaceAtLaunch();
   StartTimers();
@@ -143,6 +146,7 @@ void BoardWindow::BuildMenu() {
   });
   add("About", "About", later([this] { AboutBox::Run(board_.platform, this); }));
   BuildHelpMenu();
+  for (auto* menu : menuBar()->findChildren<QMenu*>()) menu->installEventFilter(this);
 }
 
 void BoardWindow::BuildHelpMenu() {
@@ -234,9 +238,8 @@ void BoardWindow::ViewCharts(int chart) {
 }
 
 void BoardWindow::ShowStats() {
-  CenterForm(form2_, this);
   ConstantUpdate(board_);
-  form2_->exec();
+  RunInPlace(*form2_, board_.platform.settings, [this] { CenterForm(form2_, this); });
 }
 
 void BoardWindow::ShowLog() {
@@ -270,7 +273,20 @@ void BoardWindow::resizeEvent(QResizeEvent* event) {
 
 bool BoardWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == park_ && event->type() == QEvent::Resize) SupplementalResize();
+  auto* menu = event->type() == QEvent::KeyPress ? qobject_cast<QMenu*>(watched) : nullptr;
+  if (menu != nullptr && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+    LeaveMenu(menu, *static_cast<QKeyEvent*>(event));
+    return true;
+  }
   return QMainWindow::eventFilter(watched, event);
+}
+
+// Esc leaves the menu bar together with the menu; in Qt the bar would keep the keys, and Space and
+// Enter would be an Undo.
+void BoardWindow::LeaveMenu(QMenu* menu, const QKeyEvent& escape) {
+  menu->close();
+  QKeyEvent again(escape.type(), escape.key(), escape.modifiers());
+  if (menuBar()->hasFocus()) QCoreApplication::sendEvent(menuBar(), &again);
 }
 
 void BoardWindow::SupplementalResize() {

@@ -59,6 +59,7 @@ class BoardWindow : public QMainWindow {
   void SizeMenu();
   // The scene follows the size of the park.
   void SupplementalResize();
+  void LeaveMenu(QMenu* menu, const QKeyEvent& escape);
   bool eventFilter(QObject* watched, QEvent* event) override;
 
   Board& board_;

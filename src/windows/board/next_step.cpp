@@ -47,8 +47,11 @@ void NextStep::Refresh() {
 
 void NextStep::Record(Outcome outcome) {
   const Step missing = step_;
+  if (missing == Step::None) return RecordOutcome(board_, outcome);
+  // An at-bat, for one, is counted without pitchers.
+  const std::string before = GameText(board_);
   RecordOutcome(board_, outcome);
-  if (missing != Step::None && Is(missing)) Flash();
+  if (Is(missing) && GameText(board_) == before) Flash();
 }
 
 void NextStep::Flash() {

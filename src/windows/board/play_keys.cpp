@@ -43,6 +43,7 @@ constexpr std::array kOtherKeys{
     OtherKey{"Esc", "Leave a field; back to the park"},
     OtherKey{"Ctrl + Z", "Undo"},
     OtherKey{"Ctrl + Shift + Z", "Redo"},
+    OtherKey{"Ctrl + N", "New game"},
     OtherKey{"?", "These keys"},
 };
 

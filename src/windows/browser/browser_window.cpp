@@ -21,6 +21,7 @@
 #include "windows/browser/copies_window.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
+#include "windows/shared/kept_place.h"
 #include "windows/shared/look.h"
 #include "windows/shared/scene.h"
 #include "windows/shared/text_visit.h"
@@ -113,13 +114,12 @@ const QueryButton& ButtonOf(Query query) { return QueryButtons()[static_cast<std
 
 void BrowserWindow::Run(Platform& platform, QWidget* over) {
   BrowserWindow form(platform, over);
-  CenterForm(&form, over);
   // A table that comes with the window needs no second painting.
   form.opening_.Await(browser_tab::kLineScores, kLongestWait);
   form.ShowTables();
   {
     const Application::Net net;
-    form.exec();
+    RunInPlace(form, platform.settings, [&] { CenterForm(&form, over); });
   }
   StoreBracket(form.browser_);
   if (form.workbook_ && OpenWorkbook(platform, *form.workbook_, kBrowserTitle)) {

@@ -25,6 +25,13 @@ bool CanBeReached(const QRect& place) {
   });
 }
 
+// More than the frame that a window manager puts around the window.
+bool Moved(const QRect& before, const QRect& now) {
+  constexpr int kFrame = 64;  // pixels
+  return before.size() != now.size() ||
+         (before.topLeft() - now.topLeft()).manhattanLength() > kFrame;
+}
+
 }  // namespace
 
 void KeepPlace(const QWidget& window, SettingsStore& settings) {
@@ -62,6 +69,16 @@ bool TakeUpPlace(QWidget& window, SettingsStore& settings) {
   window.setGeometry(place);
   if (numbers[4] == 1) window.setWindowState(Qt::WindowMaximized);
   return true;
+}
+
+void RunInPlace(QDialog& window, SettingsStore& settings, const std::function<void()>& usual) {
+  if (!TakeUpPlace(window, settings)) usual();
+  const QRect before = window.geometry();
+  const bool maximised = window.isMaximized();
+  window.exec();
+  if (maximised != window.isMaximized() || Moved(before, window.geometry())) {
+    KeepPlace(window, settings);
+  }
 }
 
 }  // namespace dtb

@@ -1,7 +1,8 @@
 // A window stands where the person left it.
 #pragma once
 
-#include <QWidget>
+#include <QDialog>
+#include <functional>
 
 #include "platform/platform.h"
 
@@ -14,5 +15,9 @@ void KeepPlace(const QWidget& window, SettingsStore& settings);
 // Puts a window that is not shown yet where it stood last. False, and nothing is done: nothing was
 // stored, or the screens have changed so that its title bar could not be reached.
 [[nodiscard]] bool TakeUpPlace(QWidget& window, SettingsStore& settings);
+
+// Runs a window that waits, where it was left the last time; else where `usual` puts it. A place
+// that the person did not change is not stored, so the window goes on following the board.
+void RunInPlace(QDialog& window, SettingsStore& settings, const std::function<void()>& usual);
 
 }  // namespace dtb

@@ -155,7 +155,7 @@ std::optional<int> GamesOfCopy(DatabaseCopies& copies, const std::string& name) 
 std::string CopyAside(Platform& platform, const std::string& needed) {
   const std::vector<std::string> names = CopiesNewestFirst(platform.copies);
   if (!names.empty() && platform.copies.EqualsCopy(names.front())) return names.front();
-  const std::string name = MakeCopyUnderFreeName(platform, names);
+  std::string name = MakeCopyUnderFreeName(platform, names);
   LetOldCopiesGo(platform.copies, name, needed);
   return name;
 }

@@ -19,7 +19,8 @@ std::string InsertInto(const TableColumns& table) {
     names += (names.empty() ? "" : ", ") + sqlite::Quoted(column);
     marks += marks.empty() ? "?" : ", ?";
   }
-  return "INSERT OR ABORT INTO " + sqlite::Quoted(table.table) + " (" + names + ") VALUES (" + marks + ")";
+  return "INSERT OR ABORT INTO " + sqlite::Quoted(table.table) + " (" + names + ") VALUES (" +
+         marks + ")";
 }
 
 // The engine names the check that a row failed, and the checks are named after their columns.

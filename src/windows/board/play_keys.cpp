@@ -18,7 +18,7 @@ namespace {
 
 using namespace look;
 
-constexpr Place kPlatePlace{344, 208, 992, 372};
+constexpr Place kPlatePlace{344, 208, 992, 392};
 constexpr int kOutcomeRows = 8;
 constexpr Place kHintPlace{610, 220, 460, 56};
 

@@ -140,8 +140,7 @@ std::string FaultsText(const Season& season) {
   }
   if (season.skipped.size() > kMostLines) text += "...\n";
   if (season.faultCount > 0) {
-    text += Counted(season.faultCount, "line") + (season.faultCount == 1 ? " makes" : " make") +
-            " no sense; the rest counts.\n";
+    text += FaultCountText(season);
   }
   for (std::size_t i = 0; i < std::min(season.faults.size(), kMostLines); ++i) {
     const LineFault& fault = season.faults[i];

@@ -46,9 +46,7 @@ void TellFaults(const Season& season, std::string& errors) {
     errors += fault.file + ':' + std::to_string(fault.line) + ": " + fault.what + '\n';
   }
   if (season.faultCount > 0) {
-    errors += std::to_string(season.faultCount) +
-              (season.faultCount == 1 ? " line makes" : " lines make") +
-              " no sense; the rest counts.\n";
+    errors += FaultCountText(season);
   }
 }
 

@@ -4,6 +4,8 @@
 #include <chrono>
 #include <numeric>
 
+#include "base/words.h"
+
 namespace dtb::archive {
 namespace {
 
@@ -75,5 +77,10 @@ std::string UsualPosition(const Man& man) {
 }
 
 const std::string& TeamName(const Season& season, int club) { return season.clubs[club].name; }
+
+std::string FaultCountText(const Season& season) {
+  return Counted(season.faultCount, "line") + (season.faultCount == 1 ? " makes" : " make") +
+         " no sense; the rest counts.\n";
+}
 
 }  // namespace dtb::archive

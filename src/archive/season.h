@@ -157,4 +157,7 @@ inline constexpr const char* kOwnersNotice =
 // "P", "C", "1B", ... "DH", "PH", "PR"; "" for anything else.
 [[nodiscard]] const char* PositionName(int position);
 
+// "3 lines make no sense; the rest counts.", and a line break.
+[[nodiscard]] std::string FaultCountText(const Season& season);
+
 }  // namespace dtb::archive

@@ -3,15 +3,9 @@
 #include <algorithm>
 #include <array>
 
+#include "base/words.h"
+
 namespace dtb {
-namespace {
-
-// The last two digits.
-std::string TwoDigits(int number) {
-  return {static_cast<char>('0' + number / 10 % 10), static_cast<char>('0' + number % 10)};
-}
-
-}  // namespace
 
 std::string MakeStamp(const LocalTime& time) {
   std::string stamp;

@@ -11,4 +11,9 @@ namespace dtb {
   return std::to_string(count).append(" ").append(what).append(count == 1 ? "" : "s");
 }
 
+// The last two digits of a number that is not negative: "07".
+[[nodiscard]] inline std::string TwoDigits(int number) {
+  return {static_cast<char>('0' + number / 10 % 10), static_cast<char>('0' + number % 10)};
+}
+
 }  // namespace dtb

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <numeric>
 
+#include "base/html_text.h"
 #include "base/text_cell.h"
 #include "base/utf8.h"
 #include "season/season_standings.h"
 #include "season/season_words.h"
-#include "sheet/game_report.h"
 
 namespace dtb {
 namespace {

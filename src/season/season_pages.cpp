@@ -371,8 +371,8 @@ class PageWriter {
 };
 
 std::string FolderName(const LocalTime& today) {
-  const auto two = [](int number) { return (number < 10 ? "-0" : "-") + std::to_string(number); };
-  return kSeasonFolder + std::to_string(today.year) + two(today.month) + two(today.day);
+  return kSeasonFolder + std::to_string(today.year) + "-" + TwoDigits(today.month) + "-" +
+         TwoDigits(today.day);
 }
 
 // The folder; nothing where the person cancelled or there is no game.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text_cell.h"
+#include "base/words.h"
 #include "season/season_words.h"
 
 namespace dtb {
@@ -67,8 +68,7 @@ std::string FinalsText(const SeasonScores& scores) {
   std::string text;
   for (const Final& final : came) {
     text += RunsLabel(final.most, kMostRunsOfScore) + "-" +
-            RunsLabel(final.fewest, kMostRunsOfScore) + ": " + std::to_string(final.times) +
-            (final.times == 1 ? " time\n" : " times\n");
+            RunsLabel(final.fewest, kMostRunsOfScore) + ": " + Counted(final.times, "time") + '\n';
   }
   return text;
 }

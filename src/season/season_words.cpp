@@ -3,6 +3,7 @@
 #include <array>
 
 #include "base/text_cell.h"
+#include "base/words.h"
 
 namespace dtb {
 namespace {
@@ -10,8 +11,6 @@ namespace {
 constexpr const char* kNoDate = "no date";
 constexpr std::array kMonths{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                              "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-
-std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
 
 }  // namespace
 

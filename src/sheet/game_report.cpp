@@ -1,6 +1,7 @@
 #include "sheet/game_report.h"
 
 #include "base/file_names.h"
+#include "base/html_text.h"
 #include "base/paths.h"
 #include "base/program_error.h"
 #include "base/time_stamp.h"
@@ -114,28 +115,6 @@ void WriteGameReport(Board& board) {
     board.platform.pages.Open(TextOf(*file));
     TellWhereItLies(board.platform, "The report is written.", *file, "HTML REPORT");
   });
-}
-
-std::string HtmlText(std::string_view text) {
-  std::string page;
-  while (!text.empty()) {
-    const Utf8Character character = FirstCharacter(text);
-    text.remove_prefix(character.bytes);
-    constexpr std::string_view kMarks = "<>&\"'";
-    constexpr char32_t kLastAscii = 0x7E;
-    constexpr char32_t kFirstBeyondControls = 0xA0;
-    char32_t code = character.code;
-    // Browsers read the numbers 128 to 159 as characters of an old code page.
-    if (code == 0 || (code > kLastAscii && code < kFirstBeyondControls)) {
-      code = kReplacementCharacter;
-    }
-    if (code <= kLastAscii && kMarks.find(static_cast<char>(code)) == std::string_view::npos) {
-      page += static_cast<char>(code);
-    } else {
-      page += "&#" + std::to_string(static_cast<unsigned>(code)) + ';';
-    }
-  }
-  return page;
 }
 
 std::string HtmlLines(std::string_view text) {

@@ -15,10 +15,6 @@ namespace dtb {
 // unchanged.
 void WriteGameReport(Board& board);
 
-// The text as a page shows it: <, >, &, quotes and all characters beyond ASCII as entities, so that
-// it reads the same in every encoding. Bytes that are no UTF-8 stand as U+FFFD.
-[[nodiscard]] std::string HtmlText(std::string_view text);
-
 // The comment as one line of a page: each of its lines with "<br>" behind it.
 [[nodiscard]] std::string HtmlLines(std::string_view text);
 

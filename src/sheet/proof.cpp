@@ -5,6 +5,7 @@
 #include <cmath>
 #include <utility>
 
+#include "base/words.h"
 #include "game/history.h"
 #include "game/innings.h"
 #include "game/player_name.h"
@@ -390,8 +391,7 @@ void PutRight(Board& board, ProofMoment moment, const std::vector<Finding>& find
 
 std::string ProofSummary(const std::vector<Finding>& findings) {
   if (findings.empty()) return "In proof";
-  return std::to_string(findings.size()) +
-         (findings.size() == 1 ? " figure to look at" : " figures to look at");
+  return Counted(std::ssize(findings), "figure") + " to look at";
 }
 
 }  // namespace dtb

@@ -111,21 +111,6 @@ TEST(StatGridTest, TellsItsObserverOnce) {
   EXPECT_FALSE(grid.ColumnAt(0).ink);
 }
 
-TEST(StatGridTest, BandsOfRows) {
-  constexpr Colour kA{1, 0, 0};
-  constexpr Colour kB{2, 0, 0};
-  StatGrid grid(8, 1);
-  const auto bands = [&] {
-    std::string text;
-    for (int row = 1; row < grid.rows(); ++row) text += grid.RowColour(row) == kA ? 'A' : 'B';
-    return text;
-  };
-  grid.SetRowBands(kA, kB, 2);
-  EXPECT_EQ(bands(), "AABBAAB");
-  grid.SetRowColours(kA, kB);  // even rows, odd rows
-  EXPECT_EQ(bands(), "BABABAB");
-}
-
 // A season's batting rows: names, small counts, many empty cells, a GameID for each game.
 TEST(StatGridTest, TakesLittleMoreThanItsText) {
   GridContents contents{std::vector<std::string>(4), std::vector<CellColumn>(4)};

@@ -5,7 +5,6 @@
 #include <cstdlib>
 
 #include "base/text_cell.h"
-#include "browser/box_score.h"
 #include "browser/queries.h"
 #include "database_test.h"
 #include "season/season_figures.h"
@@ -13,13 +12,10 @@
 namespace dtb {
 namespace {
 
-// A line of a file of figures: "BATTING Team | Name | AB=4 HR=1"; that of a line score has the
-// innings in the place of the name.
+// A line of a file of figures: "BATTING Team | Name | AB=4 HR=1".
 struct Man {
   std::string kind, team, name;
   std::map<std::string, double> figures;
-  std::size_t game = 0;
-  bool home = false;
 
   [[nodiscard]] double operator[](const char* figure) const {
     return figures.contains(figure) ? figures.at(figure) : 0;
@@ -75,33 +71,24 @@ class RealGamesTest : public DatabaseTest {
       Man man{line.substr(0, team - 1),
               line.substr(team, name - 3 - team),
               line.substr(name, rest - name),
-              {},
-              games,
-              false};
-      // The visitors' line score stands first.
-      man.home = man.kind == "LINE" && !men.empty() && men.back().kind == "LINE";
+              {}};
+      if (man.kind == "LINE") continue;
       std::istringstream figures(line.substr(rest + 3));
       for (std::string figure; figures >> figure;) {
         const std::size_t sign = figure.find('=');
-        if (man.kind == "LINE") {  // "R 4 H 13"
-          figures >> man.figures[figure];
-        } else {
-          man.figures[figure.substr(0, sign)] = std::stod(figure.substr(sign + 1));
-        }
+        man.figures[figure.substr(0, sign)] = std::stod(figure.substr(sign + 1));
       }
       men.push_back(man);
     }
   }
 
-  // Lines of a kind that pass the test as rows; a man's lines add up where totals are meant.
-  using Text = std::function<std::string(const Man&)>;
-  using Test = std::function<bool(const Man&)>;
-  Strings Rows(const char* kind, const Test& test, const Text& text, bool totals = false) const {
+  // The lines of a kind as rows; those of one player add up.
+  Strings Totals(const char* kind, const std::function<std::string(const Man&)>& text) const {
     std::vector<Man> meant;
     for (const Man& man : men) {
-      if (man.kind != kind || !test(man)) continue;
+      if (man.kind != kind) continue;
       const auto known = std::ranges::find_if(meant, [&](const Man& other) {
-        return totals && other.name == man.name && other.team == man.team;
+        return other.name == man.name && other.team == man.team;
       });
       if (known == meant.end()) {
         meant.push_back(man);
@@ -115,14 +102,10 @@ class RealGamesTest : public DatabaseTest {
     return rows;
   }
 
-  // In the order of their bytes, without a GameID, which nobody knows beforehand.
+  // In the order of their bytes.
   Strings Shown(const StatGrid& grid) {
     EXPECT_EQ(desk.told, Strings{});
     Strings rows = RowsOf(grid);
-    for (std::string& row : rows) {
-      const std::size_t last = row.rfind('|') + 1;
-      if (row.size() - last == 12 && grid.Text(0, grid.columns() - 1) == "GameID") row.resize(last);
-    }
     std::ranges::sort(rows);
     return rows;
   }
@@ -132,21 +115,6 @@ class RealGamesTest : public DatabaseTest {
   BrowserState state;
   Browser browser{state, ports};
 };
-
-std::string BattingRow(const Man& man) {
-  return man.name + Cells(man, {"K", "BB", "1B", "2B", "3B", "HR", "SB", "RBI", "AB"}) + "|" +
-         man.team + "|";
-}
-
-std::string PitchingRow(const Man& man) {
-  return man.name + Cells(man, {"K", "BB", "H", "HR", "ER"}) + "|" + Rounded(man["IP"], 2) + "|" +
-         man.team + "|";
-}
-
-// The list of a team shows innings as they are stored.
-std::string StoredPitchingRow(const Man& man) {
-  return man.name + Cells(man, {"K", "BB", "H", "HR", "ER", "IP"}) + "|" + man.team + "|";
-}
 
 std::string BattingSums(const Man& man) {
   const double hits = man["1B"] + man["2B"] + man["3B"] + man["HR"];
@@ -170,69 +138,17 @@ std::string PitchingSums(const Man& man) {
          Rounded((man["BB"] + man["H"]) / man["IP"], 2);
 }
 
-std::string LineScore(const Man& man) {
-  std::string row = man.team;
-  std::istringstream innings(man.name);
-  for (int inning = 0; inning < 20; ++inning) {
-    std::string runs;
-    innings >> runs;
-    row += "|" + (runs == "-" ? "" : runs);
+TEST_F(RealGamesTest, AddUpInTheBrowserAndInTheSeason) {
+  const std::vector<std::pair<Query, Strings>> sums{
+      {Query::Command6, Totals("BATTING", BattingSums)},
+      {Query::Command14, Totals("PITCHING", PitchingSums)},
+      {Query::Command30, {"HOU 2020||1", "New York 1960||2", "OAK 2020|1|", "Pittsburgh 1960|2|"}}};
+  for (const auto& [query, rows] : sums) {
+    RunQuery(browser, query);
+    EXPECT_FALSE(rows.empty());
+    const QueryButton& button = QueryButtons()[static_cast<std::size_t>(query)];
+    EXPECT_EQ(Shown((state.*button.grid).grid), rows) << button.name;
   }
-  return row + Cells(man, {"R", "H"}) + "|0|" + (man.home ? "b_HOME|" : "a_VIS|");
-}
-
-TEST_F(RealGamesTest, EveryQueryShowsThem) {
-  const Strings ids = Stored("SELECT GameID FROM BoxScores WHERE Host = 'a_VIS' ORDER BY rowid");
-  ASSERT_EQ(ids.size(), games);
-  const Test all = [](const Man&) { return true; };
-  const Test yankees = [](const Man& man) { return man.team == "New York 1960"; };
-  const Test second = [](const Man& man) { return man.game == 1; };
-  const auto named = [](const char* name) {
-    return [name](const Man& man) { return man.name == name; };
-  };
-  struct Row {
-    Query query;
-    std::string box;
-    Strings rows;
-  };
-  for (const Row& row : std::vector<Row>{
-           {Query::Command5, "", Rows("BATTING", all, BattingRow)},
-           {Query::Command5, "yogi b", Rows("BATTING", named("Yogi Berra"), BattingRow)},
-           {Query::Command3, "NEW", Rows("BATTING", yankees, BattingRow)},
-           {Query::Command9, ids[1], Rows("BATTING", second, BattingRow)},
-           {Query::Command2, "", Rows("PITCHING", all, PitchingRow)},
-           {Query::Command1, "new y", Rows("PITCHING", yankees, StoredPitchingRow)},
-           {Query::Command10, ids[1], Rows("PITCHING", second, PitchingRow)},
-           {Query::Command4, "", Rows("LINE", all, LineScore)},
-           {Query::Command11, ids[1], Rows("LINE", second, LineScore)},
-           {Query::Command6, "", Rows("BATTING", all, BattingSums, true)},
-           {Query::Command7, "yogi b", Rows("BATTING", named("Yogi Berra"), BattingSums, true)},
-           {Query::Command8, "new", Rows("BATTING", yankees, BattingSums, true)},
-           {Query::Command14, "", Rows("PITCHING", all, PitchingSums, true)},
-           {Query::Command13, "vern", Rows("PITCHING", named("Vern Law"), PitchingSums, true)},
-           {Query::Command12, "new", Rows("PITCHING", yankees, PitchingSums, true)},
-           {Query::Command30,
-            "",
-            {"HOU 2020||1", "New York 1960||2", "OAK 2020|1|", "Pittsburgh 1960|2|"}},
-           {Query::Command34,
-            "",
-            {"HOU 2020  vs  OAK 2020|1", "New York 1960  vs  Pittsburgh 1960|2"}}}) {
-    const QueryButton& button = QueryButtons()[static_cast<std::size_t>(row.query)];
-    if (button.box != nullptr) (state.*button.box).Set(row.box);
-    RunQuery(browser, row.query);
-    EXPECT_FALSE(row.rows.empty());
-    EXPECT_EQ(Shown((state.*button.grid).grid), row.rows) << button.name << " " << row.box;
-  }
-
-  RunQuery(browser, Query::Command4);
-  SelectGameID(browser, *state.MSHFlexGrid1.grid.FindRow(26, ids[1]), 26);
-  const auto houston = [](const Man& man) { return man.team == "HOU 2020"; };
-  const auto oakland = [](const Man& man) { return man.team == "OAK 2020"; };
-  EXPECT_EQ(Shown(state.MSHFlexGrid6.grid), Rows("BATTING", houston, BattingRow));
-  EXPECT_EQ(Shown(state.MSHFlexGrid7.grid), Rows("PITCHING", houston, StoredPitchingRow));
-  EXPECT_EQ(Shown(state.MSHFlexGrid8.grid), Rows("BATTING", oakland, BattingRow));
-  EXPECT_EQ(Shown(state.MSHFlexGrid11.grid), Rows("PITCHING", oakland, StoredPitchingRow));
-  EXPECT_EQ(Shown(state.MSHFlexGrid12.grid), Rows("LINE", second, LineScore));
 
   const SeasonFigures season = ReadSeasonFigures(ports.database);
   ASSERT_EQ(season.games.size(), games);

@@ -231,18 +231,5 @@ TEST_F(AidsWindowTest, CrowdTellsWhatIsWrongWithItsFile) {
   }
 }
 
-TEST_F(AidsWindowTest, AboutTellsTheVersion) {
-  QString version;
-  WhileWaiting([&] {
-    auto* about = QApplication::activeModalWidget();
-    version = about->windowTitle() + QLatin1Char('/') +
-              about->findChild<QLabel*>(QStringLiteral("lblVersion"))->text();
-    Press(about, Qt::Key_Return);
-  });
-  Find<QAction>("About")->trigger();
-  QCoreApplication::processEvents();  // the menu has its answer first
-  EXPECT_EQ(version, QStringLiteral("About Kelvane Diamond Table/Version 1.0.2   [Build025]"));
-}
-
 }  // namespace
 }  // namespace dtb

@@ -85,18 +85,6 @@ TEST_F(BoardGesturesTest, RightClickShowsTheWholeEntryAndNamesNobody) {
   EXPECT_EQ(board().state.lbl_Selected.value(), "Ants 1");
 }
 
-TEST_F(BoardGesturesTest, RowIsRewrittenByADoubleClick) {
-  StartGame();
-  Click(Find("Check1"));
-  auto* field = Find<QLineEdit>("tb_List1edit");
-  Click(field);
-  Type(&form1(), "Sub=PH");
-  auto* list = Find<LineupView>("List1");
-  DoubleClick(list->viewport(), RowPlace(list, 3));
-  EXPECT_EQ(board().state.List1.entries().at(3), "Sub=PH");
-  EXPECT_EQ(field->text(), QString());
-}
-
 // A double steal is two clicks while Ctrl is held.
 TEST_F(BoardGesturesTest, CtrlClicksRecordStolenBasesAsLongAsItIsHeld) {
   StartGame();

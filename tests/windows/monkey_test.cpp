@@ -302,6 +302,8 @@ bool Monkey::Answer(MessageBox& box) {
   if (box.question()) {
     Click(beside);
     EXPECT_EQ(MessageBox::Open(), &box) << "only its answers close a question";
+    // In the end a game is played on, whatever stood there before.
+    if (made_ == kGestures && !box.answers().isEmpty()) return PressKey(&box, "Return"), true;
     const QString answer = OneOf(box.answers().isEmpty() ? QStringList("No") : box.answers());
     QPushButton* button = box.ButtonOf(answer);
     Click(Below(3) == 0 ? TargetAt("CloseBox") : Target{button, button->rect().center()});

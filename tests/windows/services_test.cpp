@@ -194,13 +194,6 @@ TEST_F(ServicesTest, StampsAreInTheFormOfThePersonsSystem) {
   }
 }
 
-TEST_F(ServicesTest, FiltersBecomeTheToolkits) {
-  EXPECT_EQ(ToolkitFilter("Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*"),
-            QStringLiteral("Text (*.txt);;Csv (*.csv*)"));
-  EXPECT_EQ(ToolkitFilter("All Picture Files|*.bmp;*.jpg"),
-            QStringLiteral("All Picture Files (*.bmp *.jpg)"));
-}
-
 // An installed program in `bin` and `share`, and the folder of a person, `mine`.
 class PersonalFolderTest : public ServicesTest {
  protected:

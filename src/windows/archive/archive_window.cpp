@@ -24,7 +24,6 @@ using namespace look;
 constexpr double kWidth = 1520;  // layout units
 constexpr double kHeight = 832;
 constexpr double kControlHeight = 32;
-constexpr double kTwip = 1.0 / 15;  // pixels on the reference screen, in body type
 
 }  // namespace
 

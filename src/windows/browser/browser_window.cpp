@@ -37,7 +37,6 @@ constexpr double kHeight = 832;
 constexpr double kControlHeight = 32;
 constexpr double kBoxWidth = 168;
 constexpr double kTeamWidth = 264;
-constexpr double kTwip = 1.0 / 15;  // pixels on the reference screen, in body type
 
 // What the first tab may take before the window is shown without its table.
 constexpr std::chrono::milliseconds kLongestWait{80};

@@ -17,7 +17,6 @@ using namespace look;
 constexpr double kWidth = 1120;  // layout units
 constexpr double kHeight = 620;
 constexpr double kControlHeight = 32;
-constexpr double kTwip = 1.0 / 15;  // pixels on the reference screen, in body type
 
 }  // namespace
 

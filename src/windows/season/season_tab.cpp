@@ -25,8 +25,7 @@ namespace {
 
 using namespace look;
 
-constexpr double kTwip = 1.0 / 15;  // pixels on the reference screen, in body type
-constexpr int kSampleTwips = 620;   // of a line before a team's name
+constexpr int kSampleTwips = 620;  // of a line before a team's name
 constexpr const char* kNobody = "Nobody is chosen yet";
 constexpr const char* kChooseSomebody = "Choose a team or a man at the left.";
 

@@ -10,6 +10,10 @@
 
 namespace dtb {
 
+// Columns are as wide as so many twips, twentieths of a point: 15 to the pixel of the reference
+// screen.
+inline constexpr double kTwip = 1.0 / 15;
+
 // The cells of a grid without a copy: row 0 of the grid is the header, row r is row r - 1 here.
 class StatGridModel : public QAbstractTableModel {
   Q_OBJECT
@@ -113,7 +117,7 @@ class StatGridView : public QTableView {
   int fitted_ = -1;    // none
   int together_ = -1;  // none
   QPointer<StatGridView> twin_;
-  double pixelsPerTwip_ = 1.0 / 15;
+  double pixelsPerTwip_ = kTwip;
 };
 
 }  // namespace dtb

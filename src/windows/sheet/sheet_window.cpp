@@ -31,7 +31,6 @@ constexpr double kHeight = 832;
 constexpr double kTableWidth = 744;
 constexpr Place kBoxScorePlace{220, 12, 1080, 84};
 constexpr Place kProofPlace{260, 108, 1000, 640};  // at most
-constexpr double kTwip = 1.0 / 15;                 // pixels on the reference screen
 constexpr double kBoxScoreTwip = 1.6 * kTwip;      // figures of the line score are larger
 
 }  // namespace

@@ -1,0 +1,29 @@
+#include "base/html_text.h"
+
+#include "base/utf8.h"
+
+namespace dtb {
+
+std::string HtmlText(std::string_view text) {
+  std::string page;
+  while (!text.empty()) {
+    const Utf8Character character = FirstCharacter(text);
+    text.remove_prefix(character.bytes);
+    constexpr std::string_view kMarks = "<>&\"'";
+    constexpr char32_t kLastAscii = 0x7E;
+    constexpr char32_t kFirstBeyondControls = 0xA0;
+    char32_t code = character.code;
+    // Browsers read the numbers 128 to 159 as characters of an old code page.
+    if (code == 0 || (code > kLastAscii && code < kFirstBeyondControls)) {
+      code = kReplacementCharacter;
+    }
+    if (code <= kLastAscii && kMarks.find(static_cast<char>(code)) == std::string_view::npos) {
+      page += static_cast<char>(code);
+    } else {
+      page += "&#" + std::to_string(static_cast<unsigned>(code)) + ';';
+    }
+  }
+  return page;
+}
+
+}  // namespace dtb

@@ -4,7 +4,8 @@
 #include <functional>
 #include <memory>
 #include <utility>
-#include <vector>
+
+#include "base/observers.h"
 
 namespace dtb {
 
@@ -44,39 +45,19 @@ class Field {
   // The one rule that runs on every change by Set. It may write this field again.
   void SetChangeOperation(std::function<void()> operation) { MakeHooks().change.swap(operation); }
 
-  // Observers must outlive the field or say when they are dead: one whose `lives` says no is not
-  // told any more, and is taken off when the next one comes.
+  // As Observers::Add tells.
   void Observe(std::function<void()> tell, std::function<bool()> lives = {}) {
-    Hooks& hooks = MakeHooks();
-    if (hooks.telling == 0) std::erase_if(hooks.observers, IsDead);
-    hooks.observers.push_back({std::move(tell), std::move(lives)});
+    MakeHooks().observers.Add(std::move(tell), std::move(lives));
   }
-  // Those that are not taken off yet.
-  [[nodiscard]] std::size_t observers() const { return hooks_ ? hooks_->observers.size() : 0; }
+  [[nodiscard]] std::size_t observers() const { return hooks_ ? hooks_->observers.count() : 0; }
 
   friend bool operator==(const Field& a, const Field& b) { return a.value_ == b.value_; }
 
  private:
-  struct Observer {
-    std::function<void()> tell;
-    std::function<bool()> lives;
-  };
   struct Hooks {
     std::function<void()> change;
-    std::vector<Observer> observers;
-    int telling = 0;
+    Observers observers;
   };
-
-  // Nobody is taken off the list while it is gone through.
-  struct Telling {
-    explicit Telling(int& count) : depth(count) { ++depth; }
-    ~Telling() { --depth; }
-    Telling(const Telling&) = delete;
-    Telling& operator=(const Telling&) = delete;
-    int& depth;
-  };
-
-  static bool IsDead(const Observer& observer) { return observer.lives && !observer.lives(); }
 
   Hooks& MakeHooks() {
     if (!hooks_) hooks_ = std::make_unique<Hooks>();
@@ -84,11 +65,7 @@ class Field {
   }
 
   void TellObservers() {
-    if (!hooks_) return;
-    const Telling telling(hooks_->telling);
-    for (std::size_t i = 0; i < hooks_->observers.size(); ++i) {
-      if (!IsDead(hooks_->observers[i])) hooks_->observers[i].tell();
-    }
+    if (hooks_) hooks_->observers.Tell();
   }
 
   T value_{};

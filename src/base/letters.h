@@ -1,4 +1,5 @@
-// Letters of all scripts: their case, their order, and texts in older encodings.
+// Letters of all scripts: their case, their order, and texts in older encodings. Any thread may
+// call these functions, several at a time.
 #pragma once
 
 #include <string>

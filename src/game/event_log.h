@@ -5,10 +5,12 @@
 #include <string>
 #include <string_view>
 
+#include "base/observers.h"
+
 namespace dtb {
 
 // The text that the window "Event Log" shows. It only grows while the program runs. Copies take
-// the text and leave the observer where it is; assignment puts a remembered text back.
+// the text and leave the observers where they are; assignment puts a remembered text back.
 class EventLog {
  public:
   EventLog() = default;
@@ -19,7 +21,7 @@ class EventLog {
   EventLog& operator=(const EventLog& other) {
     if (this != &other && text_ != other.text_) {
       text_ = other.text_;
-      if (observer_) observer_();
+      observers_.Tell();
     }
     return *this;
   }
@@ -27,19 +29,21 @@ class EventLog {
   // Adds the line and CR LF.
   void Append(std::string_view line) {
     text_.append(line).append("\r\n");
-    if (observer_) observer_();
+    observers_.Tell();
   }
 
   [[nodiscard]] const std::string& text() const { return text_; }
 
-  // The observer reads text(); there is one at most.
-  void Observe(std::function<void()> observer) { observer_ = std::move(observer); }
+  // The observer reads text(); as Observers::Add tells.
+  void Observe(std::function<void()> tell, std::function<bool()> lives = {}) {
+    observers_.Add(std::move(tell), std::move(lives));
+  }
 
   friend bool operator==(const EventLog& a, const EventLog& b) { return a.text_ == b.text_; }
 
  private:
   std::string text_;
-  std::function<void()> observer_;
+  Observers observers_;
 };
 
 }  // namespace dtb

@@ -97,7 +97,7 @@ void History::Go(Board& board, Steps& from, Steps& to, std::string_view mark) {
   merged_ = false;
   Seal();
   stepped_ = true;
-  Tell();
+  observers_.Tell();
   stepped_ = false;
 }
 
@@ -106,7 +106,7 @@ void History::Clear() {
   undone_ = {};
   Seal();
   walled_ = depth_ > 0;
-  Tell();
+  observers_.Tell();
 }
 
 std::size_t History::BytesTaken() const {
@@ -121,7 +121,7 @@ std::size_t History::BytesTaken() const {
 void History::Finish(Board& board, std::string before, std::size_t logBefore, std::string name,
                      std::string mergeKey) {
   merged_ = false;
-  if (std::exchange(walled_, false)) return Tell();
+  if (std::exchange(walled_, false)) return observers_.Tell();
   const bool logged = board.log.text().size() > logBefore;
   if (!logged && GameText(board) == before) return;
   const bool merges = !mergeKey.empty() && mergeKey == mergeKey_ && CanUndo();
@@ -135,7 +135,7 @@ void History::Finish(Board& board, std::string before, std::size_t logBefore, st
   }
   undone_ = {};
   mergeKey_ = std::move(mergeKey);
-  Tell();
+  observers_.Tell();
 }
 
 Gesture::Gesture(Board& board, std::string name, std::string mergeKey)

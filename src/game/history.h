@@ -75,8 +75,10 @@ class History {
   [[nodiscard]] bool stepped() const { return stepped_; }
 
   // Hears of each gesture that changed something, of each step back or forward, and of Clear.
-  // Observers are never taken off.
-  void Observe(std::function<void()> observer) { observers_.push_back(std::move(observer)); }
+  // As Observers::Add tells.
+  void Observe(std::function<void()> tell, std::function<bool()> lives = {}) {
+    observers_.Add(std::move(tell), std::move(lives));
+  }
 
   // Bytes of store that all steps take.
   [[nodiscard]] std::size_t BytesTaken() const;
@@ -96,10 +98,6 @@ class History {
   void Finish(Board& board, std::string before, std::size_t logBefore, std::string name,
               std::string mergeKey);
   void Go(Board& board, Steps& from, Steps& to, std::string_view mark);
-  void Tell() const {
-    for (const auto& observer : observers_) observer();
-  }
-
   Steps done_;
   Steps undone_;
   std::string mergeKey_;  // of the newest step
@@ -107,7 +105,7 @@ class History {
   bool merged_ = false;
   bool stepped_ = false;
   bool walled_ = false;  // the gesture in progress cannot be taken back
-  std::vector<std::function<void()>> observers_;
+  Observers observers_;
 };
 
 // Gestures of one kind that follow do not merge with those before.

@@ -9,7 +9,7 @@ LineupList& LineupList::operator=(const LineupList& other) {
   if (this != &other && !(*this == other)) {
     entries_ = other.entries_;
     selected_ = other.selected_;
-    TellObserver();
+    observers_.Tell();
   }
   return *this;
 }
@@ -22,24 +22,24 @@ const std::string& LineupList::SelectedEntry() const {
 void LineupList::Clear() {
   entries_.clear();
   selected_ = kNoRow;
-  TellObserver();
+  observers_.Tell();
 }
 
 void LineupList::Append(std::string entry) {
   entries_.push_back(std::move(entry));
-  TellObserver();
+  observers_.Tell();
 }
 
 void LineupList::Replace(int row, std::string entry) {
   if (!HasRow(row)) return;
   entries_[static_cast<std::size_t>(row)] = std::move(entry);
-  TellObserver();
+  observers_.Tell();
 }
 
 void LineupList::Swap(int row, int otherRow) {
   if (!HasRow(row) || !HasRow(otherRow) || row == otherRow) return;
   std::swap(entries_[static_cast<std::size_t>(row)], entries_[static_cast<std::size_t>(otherRow)]);
-  TellObserver();
+  observers_.Tell();
 }
 
 void LineupList::Move(int from, int to) {
@@ -62,7 +62,7 @@ void LineupList::Select(int row) {
 void LineupList::Highlight(int row) {
   if (!HasRow(row)) return;
   selected_ = row;
-  TellObserver();
+  observers_.Tell();
 }
 
 }  // namespace dtb

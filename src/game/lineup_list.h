@@ -5,11 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "base/observers.h"
+
 namespace dtb {
 
 // Rows count from 0; a selected row of -1 stands for none. Copies take entries and selection and
 // leave the listeners where they are; assignment puts a remembered line-up back in silence: the
-// observer hears of it, no batter is named.
+// observers hear of it, no batter is named.
 class LineupList {
  public:
   static constexpr int kNoRow = -1;
@@ -41,22 +43,20 @@ class LineupList {
 
   // The event "a row was selected".
   void SetSelectedEvent(std::function<void()> event) { selectedEvent_ = std::move(event); }
-  // Hears of every change of entries or selection; there is one at most.
-  void Observe(std::function<void()> observer) { observer_ = std::move(observer); }
+  // Hears of every change of entries or selection; as Observers::Add tells.
+  void Observe(std::function<void()> tell, std::function<bool()> lives = {}) {
+    observers_.Add(std::move(tell), std::move(lives));
+  }
 
   friend bool operator==(const LineupList& a, const LineupList& b) {
     return a.selected_ == b.selected_ && a.entries_ == b.entries_;
   }
 
  private:
-  void TellObserver() const {
-    if (observer_) observer_();
-  }
-
   std::vector<std::string> entries_;
   int selected_ = kNoRow;
   std::function<void()> selectedEvent_;
-  std::function<void()> observer_;
+  Observers observers_;
 };
 
 }  // namespace dtb

@@ -1,4 +1,5 @@
-// A folder full of files that came as one: packed into a zip, or unpacked.
+// A folder full of files that came as one: packed into a zip, or unpacked. Nothing here is shared
+// between threads; `goOn` is called on the caller's own.
 #pragma once
 
 #include <cstdint>

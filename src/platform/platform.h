@@ -1,5 +1,9 @@
 // The services of the desktop that the logic calls, one small interface each. The program binds
-// them to the toolkit; tests bind them to a scripted stand-in.
+// them to Qt; tests bind them to a scripted stand-in.
+//
+// All of them belong to the thread of the windows, here and in the other headers of ports: it alone
+// calls them, and what they call back runs there before the call returns. What another thread may
+// do is said where it may: queries of Database, and the functions of base/letters.h.
 #pragma once
 
 #include <filesystem>

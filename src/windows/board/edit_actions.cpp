@@ -1,9 +1,9 @@
 #include "windows/board/edit_actions.h"
 
-#include <QPointer>
 
 #include "game/history.h"
 #include "platform/qt/qt_text.h"
+#include "windows/shared/bind.h"
 
 namespace dtb {
 namespace {
@@ -27,9 +27,7 @@ EditActions::EditActions(Board& board, QObject* parent)
       {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
   connect(undo_, &QAction::triggered, this, [this] { board_.history->Undo(board_); });
   connect(redo_, &QAction::triggered, this, [this] { board_.history->Redo(board_); });
-  board.history->Observe([self = QPointer(this)] {
-    if (self) self->Show();
-  });
+  board.history->Observe([this] { Show(); }, WhileItLives(this));
   Show();
 }
 

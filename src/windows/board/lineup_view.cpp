@@ -261,7 +261,7 @@ LineupView::LineupView(Board& board, Side side, NextStep& next, QWidget* parent)
   setContextMenuPolicy(Qt::PreventContextMenu);
   TakeClosingPress(viewport());
   setResizeMode(Adjust);
-  SideOf(board, side).list.Observe([this] { ShowState(); });
+  SideOf(board, side).list.Observe([this] { ShowState(); }, WhileItLives(this));
   FollowAll(
       this,
       [this] {
@@ -275,9 +275,7 @@ LineupView::LineupView(Board& board, Side side, NextStep& next, QWidget* parent)
       board.state.HomeDue, board.state.BatterOf);
   if (board.history != nullptr) {
     // The sheet may have got a line for somebody.
-    board.history->Observe([self = QPointer(this)] {
-      if (self) self->viewport()->update();
-    });
+    board.history->Observe([this] { viewport()->update(); }, WhileItLives(this));
   }
   connect(&next, &NextStep::changed, viewport(), qOverload<>(&QWidget::update));
   // A screen reader selects a row where a person would click it.

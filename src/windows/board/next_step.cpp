@@ -1,11 +1,11 @@
 #include "windows/board/next_step.h"
 
-#include <QPointer>
 #include <QTimer>
 
 #include "game/batting_order.h"
 #include "game/history.h"
 #include "game/outcomes.h"
+#include "windows/shared/bind.h"
 
 namespace dtb {
 
@@ -23,18 +23,14 @@ Step NextStepOf(Board& board) {
 
 NextStep::NextStep(Board& board, QObject* parent)
     : QObject(parent), board_(board), step_(NextStepOf(board)) {
-  const auto refresh = [self = QPointer(this)] {
-    if (self) self->Refresh();
+  const auto follow = [this](auto&... fields) {
+    (fields.Observe([this] { Refresh(); }, WhileItLives(this)), ...);
   };
   BoardState& state = board.state;
-  for (auto* name : {&state.lbl_VisPitcher, &state.lbl_HomePitcher, &state.lbl_Selected}) {
-    name->Observe(refresh);
-  }
-  state.BatterOf.Observe(refresh);
-  for (auto* atBat : {&state.Option5, &state.Option6}) atBat->Observe(refresh);
-  for (auto* due : {&state.VisDue, &state.HomeDue}) due->Observe(refresh);
-  for (auto* outs : {&state.tb_OUT, &state.tb_OutsCount}) outs->Observe(refresh);
-  if (board.history != nullptr) board.history->Observe(refresh);
+  follow(state.lbl_VisPitcher, state.lbl_HomePitcher, state.lbl_Selected, state.BatterOf,
+         state.Option5, state.Option6, state.VisDue, state.HomeDue, state.tb_OUT,
+         state.tb_OutsCount);
+  if (board.history != nullptr) follow(*board.history);
 }
 
 void NextStep::Refresh() {

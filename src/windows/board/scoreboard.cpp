@@ -213,9 +213,11 @@ void Scoreboard::AddScoreCell(QWidget* frame, Side side, int cell, const Place& 
   connect(field, &FigureField::returned, this, [this, field] { SyncCaret(field); });
   TakeFiguresAlone(field, cell);
   if (board_.history != nullptr) {
-    board_.history->Observe([this, field = QPointer(field)] {
-      if (field && field->hasFocus() && board_.history->stepped()) SyncCaret(field);
-    });
+    board_.history->Observe(
+        [this, field] {
+          if (field->hasFocus() && board_.history->stepped()) SyncCaret(field);
+        },
+        WhileItLives(field));
   }
   // What others write into the cell leaves it as it was for the person: still to be replaced, or
   // not.

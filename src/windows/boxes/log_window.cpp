@@ -51,7 +51,7 @@ LogWindow::LogWindow(EventLog& log, QWidget* parent)
   connect(copy_, &QPushButton::clicked, this, &LogWindow::copyWanted);
   connect(save_, &QPushButton::clicked, this, &LogWindow::saveWanted);
   connect(close_, &QPushButton::clicked, this, &QDialog::accept);
-  log.Observe([this] { ShowText(); });
+  log.Observe([this] { ShowText(); }, WhileItLives(this));
   ShowText();
 }
 

@@ -14,8 +14,8 @@
 
 namespace dtb {
 
-[[nodiscard]] inline std::function<bool()> WhileItLives(QWidget* widget) {
-  return [widget = QPointer<QWidget>(widget)] { return !widget.isNull(); };
+[[nodiscard]] inline std::function<bool()> WhileItLives(QObject* observer) {
+  return [observer = QPointer<QObject>(observer)] { return !observer.isNull(); };
 }
 
 // Runs `show` now and on each change of the field, for as long as the widget lives.

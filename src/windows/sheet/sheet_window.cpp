@@ -55,11 +55,13 @@ SheetWindow::~SheetWindow() {
 
 // A step back or forward restores the line score as it stood; its copy here follows.
 void SheetWindow::FollowSteps() {
-  board_.history->Observe([self = QPointer(this)] {
-    if (!self || !self->isVisible()) return;
-    if (self->board_.history->stepped()) ConstantUpdate(self->board_);
-    self->ShowProof();
-  });
+  board_.history->Observe(
+      [this] {
+        if (!isVisible()) return;
+        if (board_.history->stepped()) ConstantUpdate(board_);
+        ShowProof();
+      },
+      WhileItLives(this));
 }
 
 void SheetWindow::BuildProof() {

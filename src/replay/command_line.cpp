@@ -17,39 +17,38 @@ constexpr const char* kName = "kelvane-diamond-table-replay";
 
 constexpr const char* kHelp = R"(Plays table scripts at the board as a person would, click by click.
 
-A script is a text file of gestures, one a line. A folder stands for the game in it: its clicks.txt is
-played, saved, and compared with the figures in its expected.txt. Several scripts are each played in a
-fresh program. The exit status is 0 where all went well, 1 where not, 2 where the command makes no sense.
+A script is a text file of gestures, one a line. Given a folder, its clicks.txt is played, the game saved,
+and its figures compared with expected.txt. Each script is played in a fresh program. The exit status is
+0 on success, 1 on failure, 2 if the command line is invalid.
 
   -h, --help           show this
       --version        show the version
-      --gestures       list the gestures and their forms
-      --check          play nothing; tell of every line that has not its form, and of files not there
+      --gestures       list the gestures and their syntax
+      --check          play nothing; report malformed lines and missing files
 
 Playing
-      --show           play in windows that can be watched
+      --show           play in visible windows
       --keys           record outcomes by their keys instead of the mouse
-      --undo           at the end take all of it back and do it again; each state must come again
-      --kill-every N   end the program as a power cut would after every N lines, and play on
-      --program DIR    the folder of the program's files, if it is not the one that came with this
-      --table DIR      play in a folder that stays, with its database and the game in progress
+      --undo           at the end, undo and redo everything, and check that each state returns
+      --kill-every N   simulate a power cut after every N lines, recover, and play on
+      --program DIR    the folder of the program's files; default: the one installed with this
+      --table DIR      play in this folder and keep it, with its database and the game in progress
 
 What comes out
-      --dump           at the end print the name and value of all that is not empty
-      --shots DIR      draw the windows: keep a picture at each SHOT line, and one for each half-inning
-      --size WxH       the size of the screen, such as 1920x1080; 1366x768 unless told otherwise
-      --database FILE  save the games into this database, which is made where it does not stand;
-                       games of several folders are gathered in it
-      --proof-right    let the proof of each game put right what it can before the save
+      --dump           at the end, print the name and value of everything that is not empty
+      --shots DIR      save a picture at each SHOT line and after each half-inning
+      --size WxH       the size of the screen, such as 1920x1080; default: 1366x768
+      --database FILE  save the games of all folders into this database; it is created if missing
+      --proof-right    before each save, correct what the proof of the game can correct
 
 Teams
-  teams makes team files of a season's archive, a zip or a folder, into FOLDER: of the line-up used
-  most, or with --game that of one game. --batting and --pitching write the figures counted as tables;
-  --replace writes over team files that differ.
+  teams makes team files from a season's archive, a zip or a folder, in FOLDER: with the line-up that
+  each team used most or, with --game, both line-ups of one game. --batting and --pitching write tables
+  of the figures counted; --replace overwrites team files that differ.
 
 Old databases
-  import makes a new database NEW.mdb of an old one of the Jet format, with all its games, and compares
-  counts and sums of both. OLD.mdb stays as it is.
+  import copies all games of an old database of the Jet format into a new one, NEW.mdb, and compares
+  counts and sums of both. OLD.mdb is not changed.
 )";
 
 constexpr std::array kFlags{"help", "version", "gestures", "check",      "show",

@@ -140,11 +140,11 @@ class Drawing {
               TextAt(kLeft - 6, Up(mark) + 4, "end", DecimalText(mark));
     }
     double free = 0;
-    constexpr double kMonthRoom = 80;
+    constexpr double kMonthRoom = 80;  // less than the names have beside the last line
     for (const MonthMark& mark : MonthMarks(season_)) {
       const double x = Across(mark.game);
       axes += LineAcross(x, kTop, x, bottom());
-      if (x < free || x + kMonthRoom > sheet_.wide) continue;
+      if (x < free) continue;
       axes += TextAt(x, bottom() + 20, "start", mark.month);
       free = x + kMonthRoom;
     }

@@ -16,7 +16,10 @@ constexpr const char* kArchive = DTB_PROGRAM_FOLDER "/../tests/archive/2020-part
 class SeasonWindowTest : public BrowserFormTest {
  protected:
   SeasonWindowTest() { setup_.dialogs = &dialogs_; }
-  void TearDown() override { ProgressPanel::moment = usualMoment_; }
+  void TearDown() override {
+    ProgressPanel::moment = usualMoment_;
+    WindowTest::TearDown();
+  }
 
   // Opens the window from the menu, acts in it, and closes it unless that was done.
   void InWindow(const std::function<void()>& action) {

@@ -28,12 +28,15 @@ inline void WriteFile(const QString& path, const QByteArray& bytes) {
 class WindowTest : public testing::Test {
  protected:
   void SetUp() override {
+    waiting_ = std::make_unique<QObject>();
     ASSERT_TRUE(folder_.isValid());
     setup_.programFolder = FromQt(folder_.path());
     setup_.settingsFile = folder_.filePath(QStringLiteral("settings.ini"));
     desk_ = std::make_unique<Desk>(setup_);
     desk_->Open();
   }
+
+  void TearDown() override { waiting_.reset(); }
 
   // Two teams of twelve, both pitchers, the visitors at bat with their first man.
   void StartGame() {
@@ -82,10 +85,12 @@ class WindowTest : public testing::Test {
     for (; *text != '\0'; ++text) QTest::keyClick(window->windowHandle(), *text);
   }
 
-  // Runs as soon as the condition holds.
+  // Runs as soon as the condition holds; what still waits at the end of a test answers no later
+  // one.
   static void WhenTrue(const std::function<bool()>& condition,
                        const std::function<void()>& action) {
-    QTimer::singleShot(0, qApp, [=] { condition() ? action() : WhenTrue(condition, action); });
+    QTimer::singleShot(0, waiting_.get(),
+                       [=] { condition() ? action() : WhenTrue(condition, action); });
   }
 
   // Runs while the next box is open, or the next window that waits.
@@ -105,6 +110,8 @@ class WindowTest : public testing::Test {
   }
 
  private:
+  static inline std::unique_ptr<QObject> waiting_;
+
   static void AnswerNext(const std::vector<Qt::Key>& keys,
                          const std::shared_ptr<QStringList>& messages,
                          const QPointer<MessageBox>& last) {

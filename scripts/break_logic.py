@@ -10,7 +10,7 @@ Usage:  break_logic.py [--count N] [--seed N] [--jobs N] [--skip FILE]... [--at 
                        BUILD-FOLDER
 
 The build folder must belong to this source tree. Break a copy of the tree that nobody works in:
-after an interruption one line of it may still be broken. Write the table to docs/breaks.txt.
+after an interruption one line of it may still be broken.
 """
 import argparse
 import os

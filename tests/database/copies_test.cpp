@@ -143,7 +143,7 @@ TEST_F(CopiesTest, OneGameOut) {
   const Case cases[] = {
       {"", "", "4 4 4 4 2 ", 2},
       {"DELETE FROM WinLoss WHERE rowid = 1", "Leave", "4 4 4 4 2 ", 3},
-      {"DELETE FROM WinLoss WHERE rowid = 1", "Take", "4 4 4 3 2 ", 3},
+      {"DELETE FROM WinLoss WHERE rowid = 1", "Delete", "4 4 4 3 2 ", 3},
       {"DELETE FROM WinLoss WHERE rowid = 1", "Keep", "6 6 6 5 3 ", 2},
       {"DELETE FROM WinLoss; DELETE FROM Matchups", "", "4 4 4 0 0 ", 2},
   };

@@ -379,7 +379,8 @@ void HostileDatabase::UseForReading() {
 
 // A gesture tells that it has done its work, or all rows are as they were.
 void HostileDatabase::Use() {
-  static const char* const kAnswers[] = {"", "Restore", "Make an empty", "Leave", "Take", "Keep"};
+  static const char* const kAnswers[] = {"",     "Restore", "Make an empty", "Leave",
+                                         "Take", "Delete",  "Keep"};
   desk.yes = Below(6) > 0;
   desk.answer = OneOf(kAnswers);
   desk.told.clear();

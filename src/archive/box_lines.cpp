@@ -37,7 +37,7 @@ void SeasonLines::TakeFigures(std::string_view line) {
   const std::string_view id = TakeField(line);
   if (came) TakeField(line);  // the inning
   const auto side = SideNumber(TakeField(line));
-  if (id.empty() || !side) return Note("no figures of a man");
+  if (id.empty() || !side) return Note("no figures of a player");
   const int man = ManOf(game_.sides.at(*side).club, id, {});
   if (man == kNobody) return;
   const char* fault = nullptr;
@@ -47,7 +47,7 @@ void SeasonLines::TakeFigures(std::string_view line) {
   if (stood) {
     TakeField(line);  // his how many-th position
     const int position = Number(TakeField(line)).value_or(0);
-    if (position < 1 || position > kOrder) return Note("no position of a man");
+    if (position < 1 || position > kOrder) return Note("no position of a player");
     fault = scorer_.NotePosition(*side, man, position);
   }
   if (fault != nullptr) Note(fault);
@@ -76,7 +76,7 @@ const char* SeasonLines::TakeBattingLine(int side, int man, std::string_view lin
     figures.homeRuns = Known(homeRuns);
   }
   const char* fault = scorer_.AddBatting(side, man, figures);
-  return !agree && atBats >= 0 ? "more hits than a man can have" : fault;
+  return !agree && atBats >= 0 ? "more hits than a player can have" : fault;
 }
 
 // His turn, then outs, batters that he did not put out, batters faced, h, 2b, 3b, hr, r, er, bb,

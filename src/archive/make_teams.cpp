@@ -20,8 +20,8 @@ std::vector<TeamText> TeamsOfGame(const Season& season, const std::string& id, s
   if (game == season.games.end()) {
     throw ProgramError(error_number::kInvalidCall,
                        "There is no game \"" + id +
-                           "\" in the archive. A game's name is the home "
-                           "team, the date and a number, such as " +
+                           "\" in the archive. "
+                           "A game's name is the home team, the date and a number, such as " +
                            season.games.front().id + ".");
   }
   GameTeams made = MakeGameTeams(season, *game, LineForm{});

@@ -5,7 +5,7 @@
 namespace dtb::archive {
 namespace {
 
-constexpr const char* kTooManyMen = "too many men come into one game";
+constexpr const char* kTooManyMen = "too many players come into one game";
 
 // The counts of the rule on relief pitchers: a walk then belongs to the one who left.
 bool FavoursBatter(int balls, int strikes) { return balls == 3 || (balls == 2 && strikes < 2); }
@@ -150,7 +150,7 @@ const char* Scorer::Score(int inning, int side, int batter, std::string_view cou
   if (inning != inning_ || side != atBat_) fault = BeginHalf(inning, side);
   for (const Waiting& one : waiting_) {
     const int man = Find(side, one.id);
-    if (man == kNobody) fault = "a man who is not in the game stands on a base";
+    if (man == kNobody) fault = "a runner who is not in the game stands on a base";
     bases_.at(one.base) = man;
   }
   waiting_.clear();
@@ -178,13 +178,13 @@ const char* Scorer::MoveMen(int side, int batter, const Play& play) {
     const int man = from == 0 ? batter : bases_.at(from);
     int to = play.goes.at(from);
     if (to == kStays && play.appearance == PlateAppearance::HomeRun && man != kNobody) to = kHome;
-    if (man == kNobody && to != kStays) fault = "a man moves from a base where nobody stands";
+    if (man == kNobody && to != kStays) fault = "a runner moves from an empty base";
     if (play.steals.at(from) && man != kNobody) ++ManOf(side, man).batting.stolenBases;
     if (to == kHome) ++told.runs;
     if (to == kStays) to = from;
     if (to < 1 || to >= kHome || man == kNobody) continue;
     // After the third out nobody is told who went where.
-    if (after.at(to) != kNobody && outs_ + outs < 3) fault = "two men stand on one base";
+    if (after.at(to) != kNobody && outs_ + outs < 3) fault = "two runners stand on one base";
     after.at(to) = man;
   }
   bases_ = after;

@@ -84,7 +84,7 @@ int SeasonLines::ManOf(int club, std::string_view id, std::string_view name) {
   std::vector<Man>& men = season_.clubs[club].men;
   const bool full = men.size() >= season_limit::kMenOfClub || allMen_ >= season_limit::kMen;
   if (full || !IsId(id)) {
-    Note(full ? "far too many men for a club" : "no name of a man");
+    Note(full ? "far too many players for a club" : "no name of a player");
     return kNobody;
   }
   ++allMen_;
@@ -125,7 +125,7 @@ bool SeasonLines::TakeRoster(const std::string& file, int year, std::string_view
     const std::string_view bats = TakeField(line);
     const std::string_view throws = TakeField(line);
     TakeField(line);  // his own club, on the roster of a game of several clubs
-    if (id.empty() || last.empty()) return Note("no man of a roster");
+    if (id.empty() || last.empty()) return Note("no player of a roster");
     const int place = ClubOf(year, club);
     const int known = place == kNobody ? kNobody : ManOf(place, id, {});
     if (known == kNobody) return;
@@ -235,7 +235,7 @@ void SeasonLines::TakeEntry(std::string_view line, bool starts) {
   const auto side = SideNumber(TakeField(line));
   const auto order = Number(TakeField(line));
   const auto position = Number(TakeField(line));
-  if (id.empty() || !side || !order || !position) return Note("no man who comes into a game");
+  if (id.empty() || !side || !order || !position) return Note("no player who comes into a game");
   const int man = ManOf(game_.sides.at(*side).club, id, name);
   if (man == kNobody) return;
   if (const char* fault = scorer_.Enter(*side, man, *order, *position, starts)) Note(fault);
@@ -256,7 +256,7 @@ void SeasonLines::TakePlay(std::string_view line) {
     if (batter == kNobody) return;
   }
   Play play;
-  if (!ReadPlay(line, play)) Note("a play that makes no sense, or only in part");
+  if (!ReadPlay(line, play)) Note("a play that cannot be read, or only in part");
   if (const char* fault = scorer_.Score(*inning, *side, batter, count, play)) Note(fault);
 }
 

@@ -82,10 +82,9 @@ std::vector<Wanted> WantedFiles(const Archive& archive, SeasonLines& lines) {
     const ArchivedFile& file = archive.files()[i];
     Wanted one = Recognised(file.name);
     if (IsZip(file.name)) {
-      lines.NoteSkipped(
-          "\"" + file.name +
-          "\" is a zip inside the archive and was left out. Unpack it and choose it by "
-          "itself.");
+      lines.NoteSkipped("\"" + file.name +
+                        "\" is a zip inside the archive and was left out. "
+                        "Unpack it and choose it by itself.");
     }
     if (one.kind == Kind::Other) continue;
     if (LeavesArchive(file.name)) {

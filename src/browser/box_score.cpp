@@ -53,9 +53,8 @@ void TellWhatIsMixed(Browser& browser, const SavedGame& shown) {
   }
   if (games < 2) return;
   browser.platform.boxes.Show(
-      "These games have the same GameID and a team in common, so that "
-      "nothing tells the rows of their players apart. They are shown "
-      "together:\n" +
+      "These games have the same GameID and a team in common, "
+      "so that nothing tells the rows of their players apart. They are shown together:\n" +
           scores,
       BoxIcon::Information, kBrowserTitle);
 }

@@ -12,7 +12,7 @@ namespace dtb {
 // whose GameID contains the text of Text9. Nothing if that is not one game.
 [[nodiscard]] std::optional<GameChoice> ChosenGame(const BrowserState& state, int row);
 
-// "Take out this game": TakeOutGame in database/remove_game.h. Then the tables are read again, each
+// "Delete this game": TakeOutGame in database/remove_game.h. Then the tables are read again, each
 // with the search that it shows. Where no game is chosen that is told.
 void TakeOutChosen(Browser& browser, const std::optional<GameChoice>& game);
 

@@ -196,8 +196,7 @@ void Opening::TellFaults() {
     const auto lacking = browser_.platform.database.WhatItLacks();
     if (!lacking.empty()) {
       faults.push_back(
-          "The tables of the statistics database are not as this program makes them:"
-          "\n\n" +
+          "The tables of the statistics database are not as this program makes them:\n\n" +
           Joined(lacking, "\n") +
           "\n\nWhat is there is shown. No game can be saved while a column is missing.");
     }

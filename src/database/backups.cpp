@@ -164,11 +164,11 @@ std::optional<std::string> CopyBeforeLoss(Platform& platform, const std::string&
   std::string name;
   const std::string fault = FaultOf(NothingToLose, [&] { name = CopyAside(platform); });
   if (!fault.empty()) {
-    const bool goOn = platform.boxes.Ask(
-        {"No copy of the database could be made, so that what is deleted now cannot be brought "
-         "back.\n\n" +
-             fault + "\n\nDelete it without a copy?",
-         title});
+    const bool goOn =
+        platform.boxes.Ask({"No copy of the database could be made, "
+                            "so that what is deleted now cannot be restored.\n\n" +
+                                fault + "\n\nDelete it without a copy?",
+                            title});
     return goOn ? std::optional(std::string()) : std::nullopt;
   }
   if (name.empty()) return std::string();

@@ -12,7 +12,7 @@
 namespace dtb {
 
 // What brings a copy back, as its button and its menu have it.
-inline constexpr const char* kBringBack = "Bring back a copy...";
+inline constexpr const char* kBringBack = "Restore a copy...";
 
 // "DTB 2026-11-18 10-44-13.mdb"; a second one of the same second has " (2)" behind it.
 [[nodiscard]] std::string CopyName(const LocalTime& time, int number = 1);

@@ -49,7 +49,7 @@ bool OfferAnotherDatabase(Platform& platform, const std::string& complaint,
   Choice choice{.text = words, .title = title};
   if (copy) {
     choice.text += "\n\nThe newest whole copy is " + copy->words + "." + passedOver;
-    choice.answers.emplace_back("Bring back this copy");
+    choice.answers.emplace_back("Restore this copy");
   } else {
     choice.text += passedOver.empty() ? "\n\nThere is no copy of it."
                                       : "\n\nThere is no whole copy of it." + passedOver;

@@ -33,8 +33,8 @@ bool TakeOver(Platform& platform, const OldContents& contents, const std::string
   try {
     const std::string aside = platform.old.TakeOver(kOldName);
     platform.boxes.Show("In place is a new database with " + WordsOf(contents) +
-                            ". Counts and sums are those of the old one, which is kept beside it "
-                            "as \"" +
+                            ". Counts and sums are those of the old one, "
+                            "which is kept beside it as \"" +
                             aside + "\".",
                         BoxIcon::Information, title);
     return true;
@@ -92,8 +92,8 @@ void OfferTakingOverAtStart(Platform& platform) {
   const Reading reading = ReadOld(platform.old);
   if (!reading.fault.empty()) return;
   Offer(platform,
-        "The statistics database \"DTB.mdb\" in the program's folder is an old one of the Jet "
-        "format.",
+        "The statistics database \"DTB.mdb\" in the program's folder "
+        "is an old one of the Jet format.",
         reading.contents, "Database");
 }
 

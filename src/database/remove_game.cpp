@@ -136,10 +136,10 @@ Outgoing FindOutgoing(DatabaseReader& database, const GameChoice& choice) {
 
 std::string QuestionText(const Outgoing& outgoing) {
   std::string text = outgoing.games.size() > 1
-                         ? "Take these games out of the database? They have the same GameID and a "
-                           "team in common, so that nothing tells the rows of their players "
-                           "apart.\n"
-                         : "Take this game out of the database?\n";
+                         ? "Delete these games from the database? "
+                           "They have the same GameID and a team in common, "
+                           "so that nothing tells the rows of their players apart.\n"
+                         : "Delete this game from the database?\n";
   for (const SavedGame& game : outgoing.games) text += "\n" + ScoreText(game);
   text += "\nGameID " + outgoing.id + "\n\nWith it go:";
   for (std::size_t i = 0; i < kTablesWithGameID.size(); ++i) {
@@ -165,7 +165,7 @@ Answer AskAboutDoubtful(MessageBoxes& boxes, const std::vector<Tally>& tally,
           "Some rows of the standings were deleted before, and those that are left bear no "
           "GameID. It cannot be told whether they belong to this game:",
       .title = title,
-      .answers = {"Leave them", "Take one of each out", "Keep the game"}};
+      .answers = {"Leave them", "Delete one of each", "Keep the game"}};
   for (const Tally& one : tally) {
     if (one.Certain() || one.there == 0) continue;
     choice.lines.push_back(std::to_string(one.there) + " " + one.rows.words + ", for " +
@@ -210,10 +210,10 @@ bool TakeOut(Platform& platform, const GameChoice& choice, const std::string& ti
   if (!wayBack) return false;
   if (!Delete(database, choice, outgoing, doubtful)) {
     return tell(
-        "No game was taken out: another program has changed the database since you were asked. "
+        "No game was deleted: another program has changed the database since you were asked. "
         "The tables show it as it is now.");
   }
-  return tell("The game is taken out." + *wayBack);
+  return tell("The game is deleted." + *wayBack);
 }
 
 }  // namespace
@@ -222,8 +222,8 @@ bool TakeOutGame(Platform& platform, const GameChoice& game, const std::string& 
   try {
     return TakeOut(platform, game, title);
   } catch (const ProgramError& failure) {
-    platform.boxes.Show("No game was taken out. " + std::string(failure.what()),
-                        BoxIcon::Exclamation, title);
+    platform.boxes.Show("No game was deleted. " + std::string(failure.what()), BoxIcon::Exclamation,
+                        title);
     return false;
   }
 }

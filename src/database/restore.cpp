@@ -155,7 +155,7 @@ bool PutInPlace(CopiesDesk& desk, const std::string& name, std::string& done) {
     done = "\n\nWhat stood there before is the copy of " + TimeOfCopy(today).value_or(today) + ".";
   } catch (const ProgramError& fault) {
     const bool goOn = platform.boxes.Ask(
-        {"The database of today could not be copied first, so that it cannot be brought back.\n\n" +
+        {"The database of today could not be copied first, so that it cannot be restored.\n\n" +
              std::string(fault.what()) + "\n\nPut the older copy in its place all the same?",
          kCopiesTitle});
     if (!goOn) return false;
@@ -195,8 +195,8 @@ void SelectCopy(CopiesDesk& desk, int row) {
     ShowChanges(state, {}, {});
     state.canBringBack.Set(false);
     return state.lbl_Changes.Set(
-        "There are no copies yet. One is made before the first save of a day and before each "
-        "delete.");
+        "There are no copies yet. "
+        "One is made before the first save of a day and before each delete.");
   }
   const std::string& name = SelectedName(state);
   const auto opened = desk.platform.copies.OpenCopy(name);

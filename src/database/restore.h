@@ -11,7 +11,7 @@
 
 namespace dtb {
 
-inline constexpr const char* kCopiesTitle = "Bring back a copy";
+inline constexpr const char* kCopiesTitle = "Restore a copy";
 
 // What the window of the copies holds while it is open.
 struct CopiesState {

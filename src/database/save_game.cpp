@@ -287,7 +287,7 @@ bool TellMissingHighlight(Board& board) {
   if (lists.empty()) return false;
   board.platform.boxes.Show(
       "The game was not saved. In " + lists +
-          " no man is highlighted. Load the team, click a man and save again.",
+          " no player is highlighted. Load the team, click a player and save again.",
       BoxIcon::Exclamation);
   return true;
 }

@@ -171,8 +171,8 @@ void TakeUpSetAside(Board& board, Aids& aids, RecoveryStore& store) {
       }
       if (store.PutAside(TableText(board, aids.state), AsideTitle(board.state)).empty()) {
         boxes.Show(
-            "The game on the board cannot be set aside; the disk may be full. It stays on the "
-            "board.",
+            "The game on the board cannot be set aside; the disk may be full. "
+            "It stays on the board.",
             BoxIcon::Warning);
         return;
       }

@@ -48,9 +48,8 @@ void StolenBase(Board& board) {
 
 void ExplainStolenBase(Board& board) {
   board.platform.boxes.Show(
-      "To record a stolen base:\n\nHold down CTRL key, then click on the top half of the runner "
-      "who "
-      "stole the base.",
+      "To record a stolen base:\n\n"
+      "Hold down CTRL key, then click on the top half of the runner who stole the base.",
       BoxIcon::Information);
 }
 

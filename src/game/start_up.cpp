@@ -34,9 +34,9 @@ void StartUp(Board& board) {
 
 bool ConfirmExit(Board& board) {
   const bool end =
-      board.platform.boxes.Ask({"Don't forget to go to the Stats Form and save all stats using "
-                                "'SAVE TO DB'.\n\nDo you still "
-                                "want to EXIT?",
+      board.platform.boxes.Ask({"Don't forget to go to the Stats Form and save all stats "
+                                "using 'SAVE TO DB'.\n\n"
+                                "Do you still want to EXIT?",
                                 "EXIT program?"});
   if (end) board.platform.sounds.Silence();
   return end;

@@ -124,10 +124,9 @@ QString GesturesText() {
     text += QString("%1 %2\n").arg(words, -32).arg(form.meaning);
   }
   return text +
-         "\nCLICK, ROW, CELL and TAB may begin with CTRL, SHIFT, RIGHT and DBL, in this order, "
-         "such as\n"
-         "CTRLCLICK or DBLROW; DRAGROW with CTRL and SHIFT. Empty lines and those with # are "
-         "remarks.\n";
+         "\nCLICK, ROW, CELL and TAB may begin with CTRL, SHIFT, RIGHT and DBL, in this order,\n"
+         "such as CTRLCLICK or DBLROW; DRAGROW with CTRL and SHIFT.\n"
+         "Empty lines and lines that begin with # are comments.\n";
 }
 
 }  // namespace dtb::replay

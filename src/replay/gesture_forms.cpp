@@ -89,8 +89,7 @@ QString FaultOfRest(const QString& form, const QString& rest) {
     const QStringList men = rest.section(' ', 1).split(" | ");
     const bool two = men.size() == 2 && !men[0].trimmed().isEmpty() && !men[1].trimmed().isEmpty();
     const QString side = FaultOfWord("SIDE", rest.section(' ', 0, 0));
-    return !side.isEmpty() || two ? side
-                                  : QString("two men are to change places, with \" | \" between");
+    return !side.isEmpty() || two ? side : QString("two players, with \" | \" between");
   }
   QString left = rest;
   for (const QString& kind : form.split(' ', Qt::SkipEmptyParts)) {
@@ -108,9 +107,10 @@ const std::vector<GestureForm>& GestureForms() {
       {"LOAD", "SIDE FILE", "load a team file"},
       {"PITCHER", "SIDE PLAYER", "name the side's pitcher"},
       {"ATBAT", "SIDE", "put the side at bat"},
-      {"BATTER", "SIDE PLAYER", "send a man of the line-up to bat"},
-      {"RUNNER", "SIDE PLAYER | PLAYER", "let the first man come in for the second on his piece"},
-      {"SWAP", "SIDE PLAYER | PLAYER", "let two men of a line-up change places"},
+      {"BATTER", "SIDE PLAYER", "send a player of the line-up to bat"},
+      {"RUNNER", "SIDE PLAYER | PLAYER",
+       "let the first player come in for the second on his piece"},
+      {"SWAP", "SIDE PLAYER | PLAYER", "let two players of a line-up change places"},
       {"1B", "", "record a single"},
       {"2B", "", "record a double"},
       {"3B", "", "record a triple"},
@@ -126,7 +126,7 @@ const std::vector<GestureForm>& GestureForms() {
       {"TO", "", "record an out on the bases"},
       {"AB", "", "record a time at bat that is none of these"},
       {"RBI", "", "record a run, before the hit that drives it in"},
-      {"SB", "PLAYER", "record a steal of the man on a game piece"},
+      {"SB", "PLAYER", "record a steal by the player on a game piece"},
       {"NEWGAME", "", "begin a new game in the same run"},
       {"UNDO", "", "take a step back"},
       {"REDO", "", "do a step again"},

@@ -122,7 +122,7 @@ int PlayGame(const Script& script, const CommandLine& line) {
     differences = comparison.differences;
     report += differences.isEmpty() ? QString(", all figures right")
                                     : QString(", %1 figures wrong").arg(differences.size());
-    report += QString("; %1 men with figures have no row in the database")
+    report += QString("; %1 players with figures have no row in the database")
                   .arg(comparison.withoutRow.size());
     if (!comparison.withoutRow.isEmpty()) report += ": " + comparison.withoutRow.join("; ");
   }

@@ -71,7 +71,7 @@ class PageFolder {
       : place_(std::move(place)), draft_(PathOf(TextOf(place_) + kBeingWritten)) {
     RemoveDrafts(place_.parent_path());
     std::error_code fault;
-    for (const char* folder : {"teams", "men", "games"}) {
+    for (const char* folder : {"teams", "players", "games"}) {
       std::filesystem::create_directories(draft_ / folder, fault);
       if (fault) ThrowWriteFault("folder", place_, fault.value());
     }
@@ -148,7 +148,7 @@ class PageWriter {
     return "teams/" + PageFileName(season_.teams[team].name, static_cast<std::size_t>(team) + 1);
   }
   [[nodiscard]] std::string ManFile(int man) const {
-    return "men/" + PageFileName(season_.players[man].name, static_cast<std::size_t>(man) + 1);
+    return "players/" + PageFileName(season_.players[man].name, static_cast<std::size_t>(man) + 1);
   }
   [[nodiscard]] std::string GameFile(int game) const {
     return "games/" + PageFileName(season_.games[game].id, static_cast<std::size_t>(game) + 1);
@@ -169,8 +169,8 @@ class PageWriter {
                        StandingsDrawing(season_);
     if (season_.mixedGames > 0) {
       page += Paragraph(
-          "With one GameID and a team in common, so that their players are not told "
-          "apart: " +
+          "With one GameID and a team in common, "
+          "so that their players are not told apart: " +
           std::to_string(season_.mixedGames) + " games.");
     }
     Cells standings = StandingsTable(season_);
@@ -188,7 +188,7 @@ class PageWriter {
     page += PageTable(standings) + PartHeading(2, "Leaders") +
             Paragraph(
                 "For both averages: 3.1 plate appearances, that is at-bats and walks, or 1 "
-                "inning, for each game of the man's team. Innings are counted in thirds.") +
+                "inning, for each game of the player's team. Innings are counted in thirds.") +
             "<div class=\"boards\">\n";
     for (const SeasonLead lead : kSeasonLeads) {
       page += "<section>" + Heading("h3", LeadTitle(lead)) + LeaderTable(lead) + "</section>\n";

@@ -47,7 +47,7 @@ TEST_F(CopiesTest, ComesBackAfterAPurge) {
   PurgeAll(browser.platform, kBrowserTitle);
   PurgeAll(browser.platform, kBrowserTitle);
   EXPECT_EQ(desk.told.back(),
-            "Delete of all statistics is complete.\n\n\"Bring back a copy...\" on the tab "
+            "Delete of all statistics is complete.\n\n\"Restore a copy...\" on the tab "
             "\"Linescores\" gets it back, from the copy of 2026-11-19 10:02:13 (2).");
   EXPECT_EQ(Counts(), "0 0 0 0 0 ");
 
@@ -111,7 +111,7 @@ TEST_F(CopiesTest, InThePlaceOfALostDatabase) {
   const std::string damaged(5000, 'x');
   std::ofstream(file, std::ios::binary) << damaged;
   std::ofstream(file.string() + "-journal") << "of the old file";
-  desk.answer = "Bring back";
+  desk.answer = "Restore";
   OpenBrowser(browser);
   EXPECT_EQ(Counts(), "2 2 2 2 1 ");
   EXPECT_EQ(state.MSHFlexGrid1.grid.rows(), 3);
@@ -143,7 +143,7 @@ TEST_F(CopiesTest, OneGameOut) {
   const Case cases[] = {
       {"", "", "4 4 4 4 2 ", 2},
       {"DELETE FROM WinLoss WHERE rowid = 1", "Leave", "4 4 4 4 2 ", 3},
-      {"DELETE FROM WinLoss WHERE rowid = 1", "Take", "4 4 4 3 2 ", 3},
+      {"DELETE FROM WinLoss WHERE rowid = 1", "Delete", "4 4 4 3 2 ", 3},
       {"DELETE FROM WinLoss WHERE rowid = 1", "Keep", "6 6 6 5 3 ", 2},
       {"DELETE FROM WinLoss; DELETE FROM Matchups", "", "4 4 4 0 0 ", 2},
   };
@@ -248,7 +248,7 @@ TEST_F(CopiesTest, CopiesAreLookedThrough) {
   ListCopies(copiesDesk);
   EXPECT_FALSE(shown.canBringBack.value());
   std::filesystem::remove(file);
-  desk.answer = "Bring back";
+  desk.answer = "Restore";
   OpenBrowser(browser);
   const std::string offer = desk.told.at(desk.told.size() - 2);
   EXPECT_NE(offer.find("The newest whole copy is the copy of 2026-11-20 00:00:00, with 1 game.\n\n"
@@ -299,7 +299,7 @@ TEST_F(CopiesTest, LinksAndFilesThatComeBack) {
   std::filesystem::create_symlink("elsewhere/real.mdb", file);
   const std::string sound = ReadAll(file);
   std::ofstream(file, std::ios::binary) << std::string(5000, 'x');
-  desk.answer = "Bring back";
+  desk.answer = "Restore";
   desk.whileAsked = [&] { std::ofstream(file, std::ios::binary) << sound; };
   OpenBrowser(browser);
   EXPECT_NE(desk.told.back().find("there again, and sound"), std::string::npos) << desk.told.back();

@@ -36,7 +36,7 @@ class FullDiskOfTheDatabase : public CopiesTest {
   std::string TakeOut() {
     OpenBrowser(browser);
     TakeOutChosen(browser, ChosenGame(state, 1));
-    return "The game is taken out.";
+    return "The game is deleted.";
   }
   std::string BringBack() {
     CopiesState shown;
@@ -88,7 +88,7 @@ std::string FullDiskOfTheDatabase::Try(Use use, const fs::path& disk, bool small
   const std::string before = Counts();
   Fill(disk, small, pages);
   desk.told.clear();
-  desk.answer = "Bring back";
+  desk.answer = "Restore";
   // Nothing is deleted without its copy.
   desk.refused = "No copy of the database";
   const std::string done = (this->*use)();

@@ -379,8 +379,8 @@ void HostileDatabase::UseForReading() {
 
 // A gesture tells that it has done its work, or all rows are as they were.
 void HostileDatabase::Use() {
-  static const char* const kAnswers[] = {"",      "Bring back", "Make an empty",
-                                         "Leave", "Take",       "Keep"};
+  static const char* const kAnswers[] = {"",     "Restore", "Make an empty", "Leave",
+                                         "Take", "Delete",  "Keep"};
   desk.yes = Below(6) > 0;
   desk.answer = OneOf(kAnswers);
   desk.told.clear();
@@ -396,7 +396,7 @@ void HostileDatabase::Use() {
         break;
       case 1:
         TakeOutChosen(browser, ChosenGame(state, static_cast<int>(1 + Below(6))));
-        done = "The game is taken out.";
+        done = "The game is deleted.";
         break;
       case 2:
         PurgeAll(browser.platform, kBrowserTitle);

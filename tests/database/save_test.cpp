@@ -70,7 +70,7 @@ TEST_F(SaveTest, SavesNothingWithoutAGame) {
   desk.yes = true;
   table.state.List2.Clear();
   SaveGame(table.board);
-  EXPECT_NE(desk.told.back().find("In the home team's list no man is highlighted"),
+  EXPECT_NE(desk.told.back().find("In the home team's list no player is highlighted"),
             std::string::npos);
 
   Table empty(ports, "Team", "Team");

@@ -137,7 +137,7 @@ void InTurns::TakeOut(OneBoard& board) {
   if (list.rows() < 2) return;
   const SavedGame game = GameInRow(list, static_cast<int>(1 + row % (list.rows() - 1)));
   board.TakeOut(row);
-  if (board.Told("The game is taken out.")) {
+  if (board.Told("The game is deleted.")) {
     // The list may be of yesterday: what goes is the game that the question named.
     const auto named = [&](const std::string& one) {
       return one.starts_with(game.id) &&
@@ -176,7 +176,7 @@ void InTurns::Gesture(OneBoard& board, OneBoard* other) {
   // A few gestures a second.
   const int seconds = ++gestures_ / 3;
   board.desk.time = {2026, 11, 18, 10 + seconds / 3600, seconds / 60 % 60, seconds % 60};
-  board.desk.answer = "Bring back";
+  board.desk.answer = "Restore";
   board.desk.whileAsked = {};
   if (other != nullptr) {
     board.desk.whileAsked = [this, other] {
@@ -261,7 +261,7 @@ TEST_F(TwoBoards, AtTheSameTime) {
         line = "-" + GameInRow(list, 1).visitors + "\n";
         TakeOutChosen(board.browser, ChosenGame(board.state, 1));
         if (board.Told("No copy of the database")) line = "?" + board.desk.told.at(1) + "\n";
-        if (!board.Told("The game is taken out.")) continue;
+        if (!board.Told("The game is deleted.")) continue;
       }
       if (write(pipe[1], line.data(), line.size()) < 0) _exit(1);
     }

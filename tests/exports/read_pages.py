@@ -41,7 +41,7 @@ def main(folder):
             widths = [len(row) for row in table.iter(XHTML + "tr")]
             assert len(set(widths)) == 1, (page, widths)
             assert len(widths) > 1 or page.name == "index.html", page
-        if page.parent.name in ("teams", "men"):  # the last table has the games
+        if page.parent.name in ("teams", "players"):  # the last table has the games
             own = texts([next(root.iter(XHTML + ("h1" if page.parent.name == "teams" else "p")))])
             for row in tables[-1].iter(XHTML + "tr"):
                 cells = texts(row)[1:4 if page.parent.name == "teams" else 2]

@@ -201,7 +201,7 @@ TEST_F(SeasonTest, RatesAndTies) {
 TEST_F(SeasonTest, PagesAreValidAndTheirLinksLead) {
   Play(12);
   std::filesystem::create_directories(
-      Report("Season 2020-01-01 (being written)/men"));  // of a program that was killed
+      Report("Season 2020-01-01 (being written)/players"));  // of a program that was killed
   WriteSeasonPages(browser.platform, kBrowserTitle);
   WriteSeasonPages(browser.platform, kBrowserTitle);
   EXPECT_EQ(Reports(), (Strings{"Season 2026-11-18", "Season 2026-11-18 (2)"}));
@@ -225,7 +225,7 @@ TEST_F(SeasonTest, PagesAreValidAndTheirLinksLead) {
       const std::string& other = game.teams.at(1 - side);
       const std::string against =
           team + (side == 0 ? "|at " : "|") + (other == kHard ? "hard" : other);
-      EXPECT_TRUE(lines.contains("men " + against)) << game.id;
+      EXPECT_TRUE(lines.contains("players " + against)) << game.id;
       EXPECT_TRUE(lines.contains("teams " + against + "|" + result + "|" + runs + "-" +
                                  std::to_string(game.runs.at(1 - side))))
           << game.id;

@@ -167,11 +167,10 @@ ProgramFolder FindProgramFolder(const QString& executableFolder, const QString& 
   filling.Fill();
   if (filling.failures().isEmpty()) return {personalFolder, {}};
   if (!filling.WasFilled()) {
-    return {shared.path(),
-            QStringLiteral("Your folder \"%1\" could not be filled.\n%2\n\nThe program runs from "
-                           "its own folder meanwhile, where no game can be saved. The next start "
-                           "tries again.")
-                .arg(personalFolder, filling.why())};
+    return {shared.path(), QStringLiteral("Your folder \"%1\" could not be filled.\n%2\n\n"
+                                          "The program runs from its own folder meanwhile, "
+                                          "where no game can be saved. The next start tries again.")
+                               .arg(personalFolder, filling.why())};
   }
   return {personalFolder, filling.Complaint()};
 }

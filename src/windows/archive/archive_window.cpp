@@ -215,8 +215,8 @@ void ArchiveWindow::BuildButtons(QVBoxLayout* whole) {
   QPushButton* used = AddButton(strip, "cmd_UsedMost", "Line-up used most",
                                 "Shows the line-up that the team used most in the season");
   QPushButton* next = AddButton(strip, "cmd_NextGame", "Next game",
-                                "Loads both teams of the next game in the list that is not played "
-                                "yet");
+                                "Loads both teams of the next game in the list "
+                                "that is not played yet");
   strip->addSpacing(8);
   QLabel* done = AddText(strip, "lbl_Done", state_.lbl_Done);
   QLabel* forms = AddText(strip, "lbl_Forms", state_.lbl_Forms);

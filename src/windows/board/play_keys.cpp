@@ -29,7 +29,7 @@ struct OtherKey {
 
 constexpr std::array kOtherKeys{
     OtherKey{"S, then 1 to 4", "Stolen base by that game piece"},
-    OtherKey{"N", "The man who is due comes to bat"},
+    OtherKey{"N", "The batter who is due comes to bat"},
     OtherKey{"Up, Down", "Choose a row of the side at bat"},
     OtherKey{"X", "Roll the dice"},
     OtherKey{"V", "View the charts; of a new batter, from the first"},

@@ -21,9 +21,9 @@ using namespace look;
 constexpr int kPictureSize = 96;
 constexpr int kTextWidth = 420;
 constexpr const char* kDescription =
-    "A board for everyone who plays baseball with dice, cards and charts. Load two teams, name the "
-    "pitchers, roll, and click what the chart says; the paperwork is done here. Tell us what you "
-    "miss.";
+    "A board for everyone who plays baseball with dice, cards and charts. "
+    "Load two teams, name the pitchers, roll, and click what the chart says; "
+    "the paperwork is done here. Tell us what you miss.";
 constexpr const char* kDisclaimer =
     "This program comes without any warranty. Team names, players and charts that you add are your "
     "own affair; those in the box are invented.";

@@ -166,9 +166,8 @@ QString ClosingHint(const QWidget* window) {
 // What is told when a confirmation of the game cannot be closed as it should.
 QString ClosingError(int number, const std::string& description) {
   return QStringLiteral(
-             "[ErrKLV013F-002] The following error has occurred: %1, %2\n\nPlease send numeric "
-             "error "
-             "codes to %3.")
+             "[ErrKLV013F-002] The following error has occurred: %1, %2\n\n"
+             "Please send numeric error codes to %3.")
       .arg(number)
       .arg(ToQt(description), QLatin1String(kSupportAddress));
 }

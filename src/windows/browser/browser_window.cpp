@@ -301,7 +301,7 @@ void BrowserWindow::BuildLineScores() {
   AddSearches(searches,
               {{Query::Command11, "Text9", kGameHint}, {Query::Command4, nullptr, nullptr}});
   QPushButton* out =
-      AddButton(searches, "cmd_TakeOut", "Take out this game",
+      AddButton(searches, "cmd_TakeOut", "Delete this game",
                 "Deletes the game whose line is chosen, and it alone, after a question (Delete)");
   StatGridView* grid = AddGrid("MSHFlexGrid1", "Line scores", &BrowserState::MSHFlexGrid1, kSmall);
   grid->StretchAllColumns();
@@ -344,7 +344,7 @@ void BrowserWindow::BuildSavedTwice(QVBoxLayout* page) {
   QLabel* twice = MakeCaption({}, nullptr);
   Name(twice, "lbl_Twice");
   strip->addWidget(twice);
-  QPushButton* out = AddButton(strip, "cmd_TakeOutSecond", "Take out the second",
+  QPushButton* out = AddButton(strip, "cmd_TakeOutSecond", "Delete the second",
                                "Deletes the game that was saved again, after a question");
   strip->addStretch();
   connect(out, &QPushButton::clicked, this,

@@ -22,7 +22,7 @@ constexpr int kMostMarks = 5;
 
 SeasonGamesChart::SeasonGamesChart()
     : SeasonChart("pic_Games", QStringLiteral("Game by game")),
-      note_(QStringLiteral("Choose a team or a man at the left.")) {}
+      note_(QStringLiteral("Choose a team or a player on the left.")) {}
 
 void SeasonGamesChart::Clear(const QString& note) {
   outings_.clear();

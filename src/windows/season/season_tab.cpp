@@ -27,7 +27,7 @@ using namespace look;
 
 constexpr int kSampleTwips = 620;  // of a line before a team's name
 constexpr const char* kNobody = "Nobody is chosen yet";
-constexpr const char* kChooseSomebody = "Choose a team or a man at the left.";
+constexpr const char* kChooseSomebody = "Choose a team or a player on the left.";
 
 // The name of a team behind a piece of its line.
 class TeamDelegate : public QStyledItemDelegate {
@@ -122,7 +122,7 @@ void SeasonTab::BuildStrip(QBoxLayout* whole) {
   auto* group = new QButtonGroup(this);
   for (const auto& [name, caption] :
        {std::pair{"cmd_Standings", "Standings"}, std::pair{"cmd_Leaders", "Leaders"},
-        std::pair{"cmd_Games", "Team or man"}, std::pair{"cmd_Scores", "Scores"}}) {
+        std::pair{"cmd_Games", "Team or player"}, std::pair{"cmd_Scores", "Scores"}}) {
     QPushButton* button = AddSwitch(strip, name, caption);
     group->addButton(button, static_cast<int>(switches_.size()));
     switches_.push_back(button);
@@ -177,18 +177,18 @@ QWidget* SeasonTab::BuildLeaders() {
   }
   auto* corner = new QVBoxLayout;
   places->addLayout(corner, 1, kAcross - 1);
-  qualified_ = new QCheckBox(QStringLiteral("Qualified men only"));
+  qualified_ = new QCheckBox(QStringLiteral("Qualified players only"));
   Name(qualified_, "chk_Qualified", qualified_->text());
   qualified_->setChecked(true);
   corner->addStretch();
   corner->addWidget(qualified_);
   rule_ = MakeCaption(
       QStringLiteral("For both averages: 3.1 plate appearances, that is at-bats and "
-                     "walks, or 1 inning, for each game of the man's team.\n\n"
-                     "Innings are counted in thirds. \"Aggregate Pitching\" adds them as "
-                     "they are stored, .33 and .67, so its ERA may differ in the last "
-                     "place.\n\n"
-                     "A click on a man shows his season."),
+                     "walks, or 1 inning, for each game of the player's team.\n\n"
+                     "Innings are counted in thirds. "
+                     "\"Aggregate Pitching\" adds them as they are stored, .33 and .67, "
+                     "so its ERA may differ in the last place.\n\n"
+                     "A click on a player shows his season."),
       nullptr, Qt::AlignLeft | Qt::AlignTop);
   rule_->setWordWrap(true);
   corner->addWidget(rule_);
@@ -208,7 +208,7 @@ QWidget* SeasonTab::BuildGames() {
   left->setSpacing(8);
   sides->addLayout(left, 1);
   search_ = new QLineEdit;
-  Name(search_, "txt_SeasonName", QStringLiteral("Team or man"));
+  Name(search_, "txt_SeasonName", QStringLiteral("Team or player"));
   search_->setPlaceholderText(QStringLiteral("Part of a name"));
   search_->setAccessibleDescription(search_->placeholderText());
   LeaveOnEscape(search_, [this] {
@@ -218,7 +218,7 @@ QWidget* SeasonTab::BuildGames() {
   });
   connect(search_, &QLineEdit::textChanged, this, &SeasonTab::ListNames);
   left->addWidget(search_);
-  names_ = MakeGrid("grd_Names", QStringLiteral("Teams and men of the season"), namesGrid_);
+  names_ = MakeGrid("grd_Names", QStringLiteral("Teams and players of the season"), namesGrid_);
   noName_ = new NoMatch(names_);
   connect(names_, &StatGridView::cellClicked, this,
           [this](int row, int /*column*/) { ChooseListed(row); });
@@ -300,8 +300,8 @@ void SeasonTab::ShowSeason(std::shared_ptr<const SeasonFigures> season) {
     note = QStringLiteral("One game is saved. The lines grow with every game that you save.");
   } else {
     note = QStringLiteral(
-               "%1 games. Point at a picture to read it; a click on a game opens its "
-               "box score.")
+               "%1 games. Point at a picture to read it; "
+               "a click on a game opens its box score.")
                .arg(games);
   }
   if (now_.season->lonelyLines > 0) {

@@ -58,10 +58,9 @@ class Places {
 
 void AddRows(SeasonBook& book, const Places& places, Database& database, SeasonRole role) {
   const auto roleAt = static_cast<std::size_t>(role);
-  const bool bats = role == SeasonRole::Batting;
-  const std::string statement = std::string("SELECT ") + (bats ? "Batter" : "Pitcher") +
-                                ", Team, GameID, " + SelectedFigures(role) + " FROM " +
-                                (bats ? "Batting" : "Pitching") + " ORDER BY rowid";
+  const std::string statement = "SELECT " + NameColumnOf(role) + ", Team, GameID, " +
+                                SelectedFigures(role) + " FROM " + TableOf(role) +
+                                " ORDER BY rowid";
   ForEachRow(database, {statement}, [&](std::span<const DatabaseValue> row) {
     const int team = places.TeamOf(TextIn(row[1]));
     const int man = team < 0 ? -1 : places.ManOf(team, TextIn(row[0]));

@@ -71,25 +71,22 @@ std::string KeyOf(std::string_view name, int team) {
   return std::to_string(team) + ' ' + std::string(name);
 }
 
-void AddMen(SeasonFigures& season, Database& database, SeasonRole role, const std::stop_token& stop,
-            Names& names) {
+void AddPlayers(SeasonFigures& season, Database& database, SeasonRole role,
+                const std::stop_token& stop, Names& names) {
   std::unordered_map<std::string, std::size_t> known;
   for (std::size_t i = 0; i < season.players.size(); ++i) {
     known.emplace(KeyOf(season.players[i].name, season.players[i].team), i);
   }
-  const bool bats = role == SeasonRole::Batting;
-  const std::string statement = std::string("SELECT ") + (bats ? "Batter" : "Pitcher") +
-                                ", Team, " + SelectedSums(role) + " FROM " +
-                                (bats ? "Batting" : "Pitching") + " GROUP BY Team, " +
-                                (bats ? "Batter" : "Pitcher");
+  const std::string statement = "SELECT " + NameColumnOf(role) + ", Team, " + SelectedSums(role) +
+                                " FROM " + TableOf(role) + " GROUP BY Team, " + NameColumnOf(role);
   ForEachRow(database, {statement, {}, stop}, [&](std::span<const DatabaseValue> row) {
     const std::string name = TextIn(row[0]);
     const int team = names.PlaceOf(TextIn(row[1]));
-    const auto [man, added] = known.try_emplace(KeyOf(name, team), season.players.size());
+    const auto [place, added] = known.try_emplace(KeyOf(name, team), season.players.size());
     if (added) season.players.push_back({name, team});
-    SeasonPlayer& entry = season.players[man->second];
+    SeasonPlayer& entry = season.players[place->second];
     const SeasonTotals totals = TotalsOf(row.subspan(2), role);
-    if (bats) {
+    if (role == SeasonRole::Batting) {
       if (!entry.batting) entry.batting.emplace();
       *entry.batting += std::get<BattingTotals>(totals);
     } else {
@@ -99,7 +96,7 @@ void AddMen(SeasonFigures& season, Database& database, SeasonRole role, const st
   });
 }
 
-// Teams and men go to their places in the order of names.
+// Teams and players go to their places in the order of names.
 void PutInOrder(SeasonFigures& season) {
   const auto before = [](const std::string& a, const std::string& b) {
     const int order = CompareNames(a, b);
@@ -165,7 +162,7 @@ SeasonFigures ReadSeasonFigures(Database& database, const std::stop_token& stop)
   Names names(season.teams);
   AddGames(season, ReadLines(database, stop, names));
   for (const SeasonRole role : {SeasonRole::Batting, SeasonRole::Pitching}) {
-    AddMen(season, database, role, stop, names);
+    AddPlayers(season, database, role, stop, names);
   }
   PutInOrder(season);
   AddRecords(season);

@@ -23,13 +23,12 @@ std::unordered_map<std::string_view, int> GamesOf(const SeasonFigures& season, i
 
 Statement StatementOf(const SeasonFigures& season, const SeasonSubject& subject,
                       const std::stop_token& stop) {
-  const bool batting = subject.role == SeasonRole::Batting;
   Statement statement{"SELECT GameID, " + SelectedSums(subject.role) + " FROM " +
-                          (batting ? "Batting" : "Pitching") + " WHERE ifnull(Team, '') = ?1",
+                          TableOf(subject.role) + " WHERE ifnull(Team, '') = ?1",
                       {season.teams[subject.team].name},
                       stop};
   if (!subject.wholeTeam) {
-    statement.text += std::string(" AND ifnull(") + (batting ? "Batter" : "Pitcher") + ", '') = ?2";
+    statement.text += " AND ifnull(" + NameColumnOf(subject.role) + ", '') = ?2";
     statement.bound.push_back(subject.man);
   }
   statement.text += " GROUP BY GameID";

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "database/rows.h"
+#include "database/saved_tables.h"
 
 namespace dtb {
 namespace {
@@ -85,6 +86,14 @@ void SetGames(SeasonTotals& totals, double games) {
   std::visit([games](auto& own) { own.games = games; }, totals);
 }
 
+std::string TableOf(SeasonRole role) {
+  return role == SeasonRole::Batting ? table::kBatting : table::kPitching;
+}
+
+std::string NameColumnOf(SeasonRole role) {
+  return role == SeasonRole::Batting ? "Batter" : "Pitcher";
+}
+
 std::string SelectedSums(SeasonRole role) {
   return WithFigures(role, [](const auto& figures) {
     std::string list = "count(*)";
@@ -99,10 +108,6 @@ std::string SelectedFigures(SeasonRole role) {
     for (const auto& figure : figures) list.append(", ").append(figure.column);
     return list;
   });
-}
-
-std::size_t CountOfFigures(SeasonRole role) {
-  return WithFigures(role, [](const auto& figures) { return figures.size() + 1; });
 }
 
 SeasonTotals TotalsOf(std::span<const DatabaseValue> values, SeasonRole role) {

@@ -47,12 +47,14 @@ PitchingTotals& operator+=(PitchingTotals& sum, const PitchingTotals& totals);
 SeasonTotals& operator+=(SeasonTotals& sum, const SeasonTotals& totals);
 void SetGames(SeasonTotals& totals, double games);
 
+// The table of a role, and its column of names.
+[[nodiscard]] std::string TableOf(SeasonRole role);
+[[nodiscard]] std::string NameColumnOf(SeasonRole role);
+
 // The sums of a role's columns in the rows of one group, as the select list of a statement, and the
 // same of a single row.
 [[nodiscard]] std::string SelectedSums(SeasonRole role);
 [[nodiscard]] std::string SelectedFigures(SeasonRole role);
-// How many values they are.
-[[nodiscard]] std::size_t CountOfFigures(SeasonRole role);
 // The totals of those values.
 [[nodiscard]] SeasonTotals TotalsOf(std::span<const DatabaseValue> values, SeasonRole role);
 

@@ -99,7 +99,7 @@ void AddMen(SeasonFigures& season, Database& database, SeasonRole role, const st
   });
 }
 
-// Teams and men go to their places in the order of names.
+// Teams and players go to their places in the order of names.
 void PutInOrder(SeasonFigures& season) {
   const auto before = [](const std::string& a, const std::string& b) {
     const int order = CompareNames(a, b);

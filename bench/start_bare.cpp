@@ -1,4 +1,4 @@
-// A bare window of the toolkit with the same picture at the same size, to its first paint. The
+// A bare window of Qt with the same picture at the same size, to its first paint. The
 // picture is read whole, as toolkits do; with the word "halved" it is decoded as the board decodes
 // it.
 #include <QMainWindow>

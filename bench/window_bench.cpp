@@ -1,5 +1,5 @@
 // What a click costs through the windows, until everything is painted again and its box is closed.
-// Goal: one frame of the screen, 16 milliseconds. The bare toolkit beside it paints the whole park
+// Goal: one frame of the screen, 16 milliseconds. The bare Qt beside it paints the whole park
 // once: the work of one full frame.
 #include <benchmark/benchmark.h>
 
@@ -55,7 +55,7 @@ void BareFrame(benchmark::State& state) {
 BENCHMARK(BareFrame)->Unit(benchmark::kMillisecond);
 
 // One step of dragging the board's edge: everything goes to its new place, the park is scaled and
-// all is painted. Goal: 60 steps a second. Bare: one smooth scale of the park by the toolkit.
+// all is painted. Goal: 60 steps a second. Bare: one smooth scale of the park by Qt.
 void DragTheEdge(benchmark::State& state) {
   PlayedDesk desk;
   int step = 0;

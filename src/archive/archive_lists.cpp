@@ -76,7 +76,7 @@ void ShowTeams(ArchiveDesk& desk) {
   state.hasFaults.Set(false);
   if (!desk.kept.season) {
     state.lbl_Archive.Set(
-        "Choose the archive of a season: its zip as it was downloaded, or the unpacked folder.");
+        "Choose the archive of a season: the zip as downloaded, or the unpacked folder.");
   } else {
     const Season& season = *desk.kept.season;
     for (int club = 0; club < static_cast<int>(season.clubs.size()); ++club) {

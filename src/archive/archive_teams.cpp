@@ -72,7 +72,7 @@ bool PutFile(ArchiveDesk& desk, const std::filesystem::path& file, const std::st
   if (standing == FileState::Another &&
       !PlatformOf(desk).boxes.Ask({"\"" + TextOf(file.filename()) + "\" in \"" +
                                        TextOf(file.parent_path()) +
-                                       "\" is there already and differs. Replace it?",
+                                       "\" exists already and differs. Replace it?",
                                    kSeasonTitle})) {
     return false;
   }

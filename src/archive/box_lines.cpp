@@ -1,4 +1,4 @@
-// Games of which no plays are known: each man's figures, and the runs by innings.
+// Games of which no plays are known: each player's figures, and the runs by innings.
 #include <algorithm>
 #include <array>
 
@@ -8,7 +8,7 @@
 namespace dtb::archive {
 namespace {
 
-constexpr int kMostCounted = 99;  // of any figure of a man in a game
+constexpr int kMostCounted = 99;  // of any figure of a player in a game
 
 // The next fields; what is not known, as a rule -1, counts nothing and is negative here.
 template <std::size_t count>
@@ -24,8 +24,8 @@ int Known(int number) { return std::max(number, 0); }
 
 }  // namespace
 
-// "bline": who batted; "pline": who pitched; "dline": where a man stood; "phline" and "prline": who
-// came to bat or to run for another.
+// "bline": who batted; "pline": who pitched; "dline": where a player stood; "phline" and "prline":
+// who came to bat or to run for another.
 void SeasonLines::TakeFigures(std::string_view line) {
   if (!OpenGame() || scorer_.HasPlays()) return;
   const std::string_view kind = TakeField(line);
@@ -37,7 +37,7 @@ void SeasonLines::TakeFigures(std::string_view line) {
   const std::string_view id = TakeField(line);
   if (came) TakeField(line);  // the inning
   const auto side = SideNumber(TakeField(line));
-  if (id.empty() || !side) return Note("no figures of a player");
+  if (id.empty() || !side) return Note("a line of figures without a player");
   const int man = ManOf(game_.sides.at(*side).club, id, {});
   if (man == kNobody) return;
   const char* fault = nullptr;
@@ -47,7 +47,7 @@ void SeasonLines::TakeFigures(std::string_view line) {
   if (stood) {
     TakeField(line);  // his how many-th position
     const int position = Number(TakeField(line)).value_or(0);
-    if (position < 1 || position > kOrder) return Note("no position of a player");
+    if (position < 1 || position > kOrder) return Note("a position without a player");
     fault = scorer_.NotePosition(*side, man, position);
   }
   if (fault != nullptr) Note(fault);

@@ -16,7 +16,7 @@ std::string Cell(const std::string& text) {
   return quoted + '"';
 }
 
-// The rows of all men for whom `figures` has any.
+// The rows of all players for whom `figures` has any.
 template <class Figures>
 std::string Table(const Season& season, std::string text, Figures figures) {
   struct Row {

@@ -7,8 +7,8 @@
 
 namespace dtb::archive {
 
-// "player,team,name,G,AB,H,2B,3B,HR,BB,K,HBP,SB": a row for each man and club who was in a game, by
-// club and man, with the archive's own ids. Lines end at LF; the text is UTF-8.
+// "player,team,name,G,AB,H,2B,3B,HR,BB,K,HBP,SB": a row for each player and club who was in a game,
+// by club and player, with the archive's own ids. Lines end at LF; the text is UTF-8.
 [[nodiscard]] std::string BattingTable(const Season& season);
 
 // "player,team,name,G,GS,outs,H,HR,BB,K,ER": the same for those who pitched. ER is empty

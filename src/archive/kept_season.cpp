@@ -119,7 +119,7 @@ bool LoadNextGame(KeptSeason& kept, Board& board, const GoOn& goOn) {
   Trapped(board.platform.boxes, [&] {
     const std::optional<int> next = NextOf(kept, board.platform);
     if (!next) {
-      board.platform.boxes.Show("All games of the list are played.", BoxIcon::Information);
+      board.platform.boxes.Show("All games in the list are played.", BoxIcon::Information);
       return;
     }
     kept.game = next;
@@ -144,7 +144,7 @@ bool LoadGameTeams(const Season& season, const Game& game, const LineForm& form,
   for (const std::string& alike : made.alike) told += (told.empty() ? "" : "\n") + alike;
   for (const TeamText& team : made.teams) {
     for (const std::string& gap : team.gaps) {
-      told += (told.empty() ? "" : "\n") + team.name + ": the archive does not tell " + gap + '.';
+      told += (told.empty() ? "" : "\n") + team.name + ": the archive does not say " + gap + '.';
     }
   }
   if (!told.empty()) board.platform.boxes.Show(told, BoxIcon::Information);

@@ -15,7 +15,7 @@ namespace {
 
 using Order = std::array<Placed, kOrder>;
 
-// How much a man played, to compare: a pitcher by his outs, others by what they did at bat.
+// How much a player played, to compare: a pitcher by his outs, others by what they did at bat.
 int Played(const Man& man) {
   const Batting& batting = man.batting;
   const int atBat = batting.atBats + batting.walks + batting.hitByPitch + batting.sacrificeHits +
@@ -23,7 +23,7 @@ int Played(const Man& man) {
   return man.batting.games * 4 + atBat + man.pitching.outs;
 }
 
-// All men of the club for whom `belongs` and who are not taken, who played most first.
+// All players of the club for whom `belongs` and who are not taken, who played most first.
 template <class Belongs>
 void AddOthers(const Club& club, LineUp& lineUp, Belongs belongs) {
   std::vector<bool> taken(club.men.size());
@@ -72,7 +72,7 @@ void LeaveOut(const Club& club, LineUp& lineUp, std::size_t fixedBench, std::siz
   std::erase(lineUp.pitchers, kNobody);
 }
 
-// How much speaks for it that a man was with a club on a day; more first.
+// How much speaks for it that a player was with a club on a day; more first.
 struct Claim {
   enum class Kind { NoGame, FewGames, Near, Between, InTheGame } kind = Kind::NoGame;
   int nearness = 0;  // days to his nearest game for the club, less than 0
@@ -101,7 +101,7 @@ std::optional<Claim> ClaimOf(const Season& season, const Club& club, const Man& 
   return Claim{Claim::Kind::FewGames, nearness};
 }
 
-using Claims = std::vector<std::optional<Claim>>;  // of a club's men
+using Claims = std::vector<std::optional<Claim>>;  // of a club's players
 
 Claims ClaimsOf(const Season& season, const Game& game, int side) {
   const GameSide& told = game.sides.at(side);
@@ -117,7 +117,7 @@ Claims ClaimsOf(const Season& season, const Game& game, int side) {
   return claims;
 }
 
-// A man of both clubs stays with one, unless both claims are as good.
+// A player of both clubs stays with one, unless both claims are as good.
 void SettleClaims(const Season& season, const Game& game, std::array<Claims, 2>& claims) {
   const Club& visitors = season.clubs[game.sides[0].club];
   const Club& home = season.clubs[game.sides[1].club];
@@ -152,7 +152,7 @@ bool PitcherBats(const Order& order) {
   return std::ranges::find(order, kPitcher, &Placed::position) != order.end();
 }
 
-// Nine places, and no man in two of them.
+// Nine places, and no player in two of them.
 bool Whole(const Order& order) {
   for (auto one = order.begin(); one != order.end(); ++one) {
     if (one->position == 0) return false;
@@ -169,7 +169,7 @@ Order UsualOrder(const std::vector<Order>& used) {
   const auto withPitcher = static_cast<std::size_t>(std::ranges::count_if(used, PitcherBats));
   const bool pitcherBats = withPitcher * 2 > used.size();
   std::map<std::vector<int>, int> times;
-  std::map<std::tuple<int, int, int>, int> stood;  // place, man, position
+  std::map<std::tuple<int, int, int>, int> stood;  // place, player, position
   for (const Order& order : used) {
     if (PitcherBats(order) != pitcherBats) continue;
     ++times[KeyOf(order)];

@@ -60,14 +60,14 @@ void WriteTeams(const std::vector<TeamText>& teams, const TeamsRequest& request,
     const FileState standing = WhatStands(file, bytes);
     if (standing == FileState::Another && !request.replace) {
       result.errors += "\"" + TextOf(file) +
-                       "\" is there already and differs. It stays; --replace would replace it.\n";
+                       "\" exists already and differs. It was kept; --replace replaces it.\n";
       result.exitCode = 1;
       continue;
     }
     if (standing != FileState::TheSame) WriteTeamFile(file, bytes);
     ++written;
     for (const std::string& gap : team.gaps) {
-      result.errors += team.name + ": the archive does not tell " + gap + ".\n";
+      result.errors += team.name + ": the archive does not say " + gap + ".\n";
     }
     for (const std::string& name : team.leftOut) {
       result.errors += team.name + ": no room for " + name + ".\n";

@@ -32,10 +32,10 @@ struct Play {
   PlateAppearance appearance = PlateAppearance::None;
   bool sacrificeHit = false;
   bool sacrificeFly = false;
-  // Where the man on each base goes: a base, kHome, kStays or kIsOut. The batter's is kStays for as
-  // long as he bats. Who is not named stays; on a home run that means that he scores.
+  // Where the player on each base goes: a base, kHome, kStays or kIsOut. The batter's is kStays for
+  // as long as he bats. Who is not named stays; on a home run that means that he scores.
   std::array<int, 4> goes{kStays, kStays, kStays, kStays};
-  std::array<bool, 4> steals{};  // the man who stood there
+  std::array<bool, 4> steals{};  // the player who stood there
 
   [[nodiscard]] bool ended() const { return appearance != PlateAppearance::None; }
   [[nodiscard]] bool hit() const {
@@ -47,8 +47,8 @@ struct Play {
 };
 
 // Reads the last field of a play. Moves that the text names come before those that the event
-// implies; a man whose out an error undid, "1X2(4E3)", has the base. False where a part of the text
-// makes no sense: then the rest stands in `play`.
+// implies; a player whose out an error undid, "1X2(4E3)", has the base. False where a part of the
+// text makes no sense: then the rest stands in `play`.
 [[nodiscard]] bool ReadPlay(std::string_view text, Play& play);
 
 }  // namespace dtb::archive

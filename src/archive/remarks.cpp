@@ -37,7 +37,7 @@ int TimesOnFirst(const Batting& b) {
   return b.hits - b.doubles - b.triples - b.homeRuns + b.walks + b.hitByPitch;
 }
 
-// The words of the dice game. A man who steals often when he stands on first is fast.
+// The words of the dice game. A player who steals often when he stands on first is fast.
 std::string Speed(const Batting& b) {
   const int first = TimesOnFirst(b);
   if (b.stolenBases >= 4 && b.stolenBases * 100 >= first * 18) return "speed AA";

@@ -20,7 +20,7 @@ struct LineForm {
   friend bool operator==(const LineForm&, const LineForm&) = default;
 };
 
-// Fills a form for a man: each "{word}" is replaced by his figure, and blanks that an empty one
+// Fills a form for a player: each "{word}" is replaced by his figure, and blanks that an empty one
 // leaves behind become one. A word that is not known stays as it stands. A pitcher's "{h}", "{bb}",
 // "{k}", "{hr}" and "{g}" are those that he allowed. Line breaks are no part of a remark.
 [[nodiscard]] std::string Remark(const std::string& form, const Man& man, std::string_view position,

@@ -51,7 +51,7 @@ Scorer::Entrant* Scorer::EntrantOf(int side, int man) {
   return &entrants.emplace_back(Entrant{.man = man, .outsBefore = ManOf(side, man).pitching.outs});
 }
 
-// False: the game has too many men.
+// False: the game has too many players.
 bool Scorer::NotePart(int side, int man, int position, bool starts) {
   const std::size_t before = sides_.at(side).entrants.size();
   Entrant* entrant = EntrantOf(side, man);

@@ -1,4 +1,4 @@
-// Follows one game after the other, play by play, and counts the figures of every man in it.
+// Follows one game after the other, play by play, and counts the figures of every player in it.
 #pragma once
 
 #include <string>
@@ -10,8 +10,9 @@
 
 namespace dtb::archive {
 
-// Sides are 0 for the visitors and 1 for the home team; men are indices of their club. Operations
-// that can meet nonsense return what is wrong in a few words, or nullptr; what makes sense counts.
+// Sides are 0 for the visitors and 1 for the home team; players are indices of their club.
+// Operations that can meet nonsense return what is wrong in a few words, or nullptr; what makes
+// sense counts.
 class Scorer {
  public:
   explicit Scorer(Season& season) : season_(season) {}
@@ -19,11 +20,11 @@ class Scorer {
   // A game begins; its clubs are set.
   void Begin(Game game);
 
-  // A man starts or comes into the game; order 0 is the pitcher for whom another bats. He takes the
-  // place on the bases of the man whom he replaces.
+  // A player starts or comes into the game; order 0 is the pitcher for whom another bats. He takes
+  // the place on the bases of the player whom he replaces.
   const char* Enter(int side, int man, int order, int position, bool starts);
 
-  // The next half-inning, or the one in progress, has this man of the side at bat on a base.
+  // The next half-inning, or the one in progress, has this player of the side at bat on a base.
   void PutOnBase(std::string_view id, int base);
 
   // One play, also one that ends no time at bat. `count` is balls and strikes, as "12".
@@ -32,8 +33,8 @@ class Scorer {
   // Without any charge to a side, the earned runs of its pitchers in the game are not known.
   void ChargeEarnedRuns(int side, int man, int runs);
 
-  // A game without plays: the figures of a man in it, the position that he played, 0 for none that
-  // is told, and the runs of a side.
+  // A game without plays: the figures of a player in it, the position that he played, 0 for none
+  // that is told, and the runs of a side.
   const char* AddBatting(int side, int man, const Batting& figures);
   const char* AddPitching(int side, int man, const Pitching& figures, bool started);
   const char* NotePosition(int side, int man, int position);
@@ -42,7 +43,7 @@ class Scorer {
   void NoteForfeit(Forfeit forfeit) { game_.forfeit = forfeit; }
   [[nodiscard]] bool HasPlays() const { return game_.account == Account::Plays; }
 
-  // The man with this id whom the side has in the game, or had; kNobody if there is none.
+  // The player with this id whom the side has in the game, or had; kNobody if there is none.
   [[nodiscard]] int Find(int side, std::string_view id);
 
   // The game is over: it goes to the season.
@@ -68,7 +69,7 @@ class Scorer {
   };
 
   [[nodiscard]] Man& ManOf(int side, int man) { return sides_.at(side).club->men[man]; }
-  // Nothing if the game has too many men.
+  // Nothing if the game has too many players.
   Entrant* EntrantOf(int side, int man);
   bool NotePart(int side, int man, int position, bool starts);
   void NoteChange(int side, int man, int order, int position);

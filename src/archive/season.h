@@ -1,4 +1,4 @@
-// What an archive holds once it is read: clubs, their men with figures, and games.
+// What an archive holds once it is read: clubs, their players with figures, and games.
 #pragma once
 
 #include <array>
@@ -45,7 +45,7 @@ struct Pitching {
   int outsUncharged = 0;  // in games of which the archive does not tell the earned runs
 };
 
-// One man of one club.
+// One player of one club.
 struct Man {
   std::string id;
   std::string first;
@@ -70,7 +70,7 @@ struct Club {
   std::vector<int> games;  // of Season::games, by date
 };
 
-// A man and where he plays: indices of Club::men, kNobody for a gap in the archive.
+// A player and where he plays: indices of Club::men, kNobody for a gap in the archive.
 inline constexpr int kNobody = -1;
 struct Placed {
   int man = kNobody;
@@ -139,7 +139,7 @@ inline constexpr const char* kOwnersNotice =
 // nearest that it has.
 [[nodiscard]] int DayOf(std::string_view date);
 
-// "Marcus Semien"; the id of a man without any name.
+// "Marcus Semien"; the id of a player without any name.
 [[nodiscard]] std::string FullName(const Man& man);
 
 // He is a pitcher by trade: he pitched in most of his games, or the roster calls him one and he

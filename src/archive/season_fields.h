@@ -18,7 +18,7 @@ std::string_view TakeField(std::string_view& line);
 // Text that the person will read: one line of UTF-8, without blanks around it.
 [[nodiscard]] std::string Readable(std::string_view bytes);
 
-// A text that can name a club or a man: of letters and digits, and some signs between them.
+// A text that can name a club or a player: of letters and digits, and some signs between them.
 [[nodiscard]] bool IsId(std::string_view text);
 
 }  // namespace dtb::archive

@@ -61,7 +61,7 @@ int SeasonLines::ClubOf(int year, std::string_view id) {
   const auto key = std::pair(year, std::string(id));
   const auto found = clubs_.find(key);
   if (found != clubs_.end()) return found->second;
-  const char* fault = !IsId(id)                                      ? "no name of a club"
+  const char* fault = !IsId(id)                                      ? "a club without a name"
                       : season_.clubs.size() >= season_limit::kClubs ? "far too many clubs"
                                                                      : nullptr;
   if (fault != nullptr) {
@@ -77,14 +77,14 @@ int SeasonLines::ClubOf(int year, std::string_view id) {
   return club;
 }
 
-// A man whom no roster names has the name that the game gives him.
+// A player whom no roster names has the name that the game gives him.
 int SeasonLines::ManOf(int club, std::string_view id, std::string_view name) {
   Places& places = men_[club];
   if (const auto found = places.find(id); found != places.end()) return found->second;
   std::vector<Man>& men = season_.clubs[club].men;
   const bool full = men.size() >= season_limit::kMenOfClub || allMen_ >= season_limit::kMen;
   if (full || !IsId(id)) {
-    Note(full ? "far too many players for a club" : "no name of a player");
+    Note(full ? "far too many players for a club" : "a player without a name");
     return kNobody;
   }
   ++allMen_;
@@ -125,7 +125,7 @@ bool SeasonLines::TakeRoster(const std::string& file, int year, std::string_view
     const std::string_view bats = TakeField(line);
     const std::string_view throws = TakeField(line);
     TakeField(line);  // his own club, on the roster of a game of several clubs
-    if (id.empty() || last.empty()) return Note("no player of a roster");
+    if (id.empty() || last.empty()) return Note("a roster line without a player");
     const int place = ClubOf(year, club);
     const int known = place == kNobody ? kNobody : ManOf(place, id, {});
     if (known == kNobody) return;
@@ -159,7 +159,7 @@ void SeasonLines::TakeLine(std::string_view line) {
   constexpr std::array<std::string_view, 7> kOthers{"com,",     "badj,",    "padj,", "ladj,",
                                                     "presadj,", "version,", "event,"};
   const auto starts = [&](std::string_view word) { return line.starts_with(word); };
-  if (std::ranges::none_of(kOthers, starts)) Note("a kind of line that is not known");
+  if (std::ranges::none_of(kOthers, starts)) Note("an unknown kind of line");
 }
 
 void SeasonLines::TakeId(std::string_view id) {
@@ -235,7 +235,7 @@ void SeasonLines::TakeEntry(std::string_view line, bool starts) {
   const auto side = SideNumber(TakeField(line));
   const auto order = Number(TakeField(line));
   const auto position = Number(TakeField(line));
-  if (id.empty() || !side || !order || !position) return Note("no player who comes into a game");
+  if (id.empty() || !side || !order || !position) return Note("a lineup line without a player");
   const int man = ManOf(game_.sides.at(*side).club, id, name);
   if (man == kNobody) return;
   if (const char* fault = scorer_.Enter(*side, man, *order, *position, starts)) Note(fault);
@@ -265,7 +265,7 @@ void SeasonLines::TakeEarnedRuns(std::string_view line) {
   const std::string_view id = TakeField(line);
   const auto runs = Number(TakeField(line));
   constexpr int kMostRuns = 99;
-  if (!runs || *runs < 0 || *runs > kMostRuns) return Note("no number of earned runs");
+  if (!runs || *runs < 0 || *runs > kMostRuns) return Note("earned runs without a number");
   for (int side = 0; side < 2; ++side) {
     const int man = scorer_.Find(side, id);
     if (man != kNobody) return scorer_.ChargeEarnedRuns(side, man, *runs);
@@ -277,7 +277,7 @@ void SeasonLines::TakeRunner(std::string_view line) {
   if (!OpenGame()) return;
   const std::string_view id = TakeField(line);
   const auto base = Number(TakeField(line));
-  if (!base || *base < 1 || *base >= kHome) return Note("no base for a runner");
+  if (!base || *base < 1 || *base >= kHome) return Note("a runner without a base");
   scorer_.PutOnBase(id, *base);
 }
 

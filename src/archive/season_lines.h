@@ -23,7 +23,7 @@ class SeasonLines {
   SeasonLines& operator=(const SeasonLines&) = delete;
 
   bool TakeClubs(const std::string& file, int year, std::string_view bytes, const GoOn& goOn);
-  // The men of the roster are the club's, whatever club their lines name.
+  // The players of the roster are the club's, whatever club their lines name.
   bool TakeRoster(const std::string& file, int year, std::string_view club, std::string_view bytes,
                   const GoOn& goOn);
   bool TakeGames(const std::string& file, std::string_view bytes, const GoOn& goOn);

@@ -40,7 +40,7 @@ std::vector<int> MenOf(const LineUp& lineUp) {
 }
 
 // A line that stands for the place and is nobody's: its name is empty.
-std::string OpenPlace(std::size_t place) { return "=nobody is told who batted " + Ordinal(place); }
+std::string OpenPlace(std::size_t place) { return "=not known who batted " + Ordinal(place); }
 
 }  // namespace
 

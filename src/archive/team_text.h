@@ -22,10 +22,10 @@ struct TeamText {
 // The names that a file has taken already.
 using TakenNames = std::unordered_set<std::string>;
 
-// No two lines have the same name, and none has one of `taken`: of men of one name, all but the
+// No two lines have the same name, and none has one of `taken`: of players of one name, all but the
 // first of the year's rosters get a number, "Luis Garcia (2)", which they keep whatever the
 // line-up. A place of the order that the archive leaves open has a line without a name, so that the
-// men after it bat where they did. Who starts as pitcher and bats for another has both remarks.
+// players after it bat where they did. Who starts as pitcher and bats for another has both remarks.
 [[nodiscard]] TeamText MakeTeamText(const Season& season, int club, const LineUp& lineUp,
                                     const LineForm& form, const TakenNames& taken = {});
 

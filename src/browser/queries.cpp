@@ -73,7 +73,7 @@ constexpr const char* kPairings =
     " ORDER BY Matchup COLLATE NAMES, Matchup";
 
 // Where the text of the box stands in the column: at its start, anywhere, or at the start of a word
-// of it, so that a surname finds its man.
+// of it, so that a surname finds its player.
 enum class Match { Start, Part, Word };
 
 struct QueryTexts {

@@ -166,14 +166,14 @@ std::optional<std::string> CopyBeforeLoss(Platform& platform, const std::string&
   if (!fault.empty()) {
     const bool goOn =
         platform.boxes.Ask({"No copy of the database could be made, "
-                            "so that what is deleted now cannot be restored.\n\n" +
+                            "so what you delete now cannot be restored.\n\n" +
                                 fault + "\n\nDelete it without a copy?",
                             title});
     return goOn ? std::optional(std::string()) : std::nullopt;
   }
   if (name.empty()) return std::string();
   return std::string("\n\n\"").append(kBringBack) +
-         "\" on the tab \"Linescores\" gets it back, from the copy of " +
+         "\" on the tab \"Linescores\" brings it back from the copy of " +
          TimeOfCopy(name).value_or(name) + ".";
 }
 
@@ -187,7 +187,7 @@ std::string CopyBeforeFirstSave(Platform& platform) {
     if (!copied) CopyAside(platform);
   });
   return fault.empty() ? ""
-                       : "\n\nBefore this save no copy of the database could be made. " + fault;
+                       : "\n\nBefore this save, no copy of the database could be made. " + fault;
 }
 
 }  // namespace dtb

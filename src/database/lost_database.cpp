@@ -25,7 +25,7 @@ std::optional<ReadableCopy> NewestWholeCopy(DatabaseCopies& copies, std::string&
     if (fault.empty() && games) {
       return ReadableCopy{name, "the copy of " + time + ", with " + Counted(*games, "game")};
     }
-    passedOver.append("\n\nPassed over: the copy of ").append(time).append(". ").append(fault);
+    passedOver.append("\n\nSkipped: the copy of ").append(time).append(". ").append(fault);
   }
   return std::nullopt;
 }
@@ -48,11 +48,11 @@ bool OfferAnotherDatabase(Platform& platform, const std::string& complaint,
   const auto copy = NewestWholeCopy(platform.copies, passedOver);
   Choice choice{.text = words, .title = title};
   if (copy) {
-    choice.text += "\n\nThe newest whole copy is " + copy->words + "." + passedOver;
+    choice.text += "\n\nThe newest undamaged copy is " + copy->words + "." + passedOver;
     choice.answers.emplace_back("Restore this copy");
   } else {
     choice.text += passedOver.empty() ? "\n\nThere is no copy of it."
-                                      : "\n\nThere is no whole copy of it." + passedOver;
+                                      : "\n\nThere is no undamaged copy of it." + passedOver;
     choice.answers.emplace_back("Make an empty one");
   }
   choice.answers.emplace_back("Leave it");
@@ -62,14 +62,14 @@ bool OfferAnotherDatabase(Platform& platform, const std::string& complaint,
   try {
     // It may have come back while the box waited.
     if (platform.copies.Examine() == DatabaseHealth::Sound) {
-      platform.boxes.Show("The database is there again, and sound. Nothing was put in its place.",
+      platform.boxes.Show("The database is back and undamaged. Nothing was replaced.",
                           BoxIcon::Information, title);
       return true;
     }
     const std::string aside =
         platform.copies.Renew(empty ? std::nullopt : std::optional(copy->name), asideFor.name);
     const std::string done =
-        empty ? "An empty database is in place." : "In place is " + copy->words + ".";
+        empty ? "An empty database is in place." : "The database is now " + copy->words + ".";
     platform.boxes.Show(
         done + (aside.empty()
                     ? ""
@@ -77,7 +77,7 @@ bool OfferAnotherDatabase(Platform& platform, const std::string& complaint,
         BoxIcon::Information, title);
     return true;
   } catch (const ProgramError& failure) {
-    platform.boxes.Show("Nothing was put in place. " + std::string(failure.what()),
+    platform.boxes.Show("Nothing was replaced. " + std::string(failure.what()),
                         BoxIcon::Critical, title);
     return false;
   }

@@ -32,14 +32,14 @@ Reading ReadOld(OldDatabase& old) {
 bool TakeOver(Platform& platform, const OldContents& contents, const std::string& title) {
   try {
     const std::string aside = platform.old.TakeOver(kOldName);
-    platform.boxes.Show("In place is a new database with " + WordsOf(contents) +
+    platform.boxes.Show("The new database has " + WordsOf(contents) +
                             ". Counts and sums are those of the old one, "
                             "which is kept beside it as \"" +
                             aside + "\".",
                         BoxIcon::Information, title);
     return true;
   } catch (const ProgramError& failure) {
-    platform.boxes.Show("Nothing was changed. The old database cannot be taken over: " +
+    platform.boxes.Show("Nothing was changed. The old database cannot be imported: " +
                             std::string(failure.what()),
                         BoxIcon::Critical, title);
   } catch (const std::bad_alloc&) {
@@ -54,11 +54,10 @@ OldOffer Offer(Platform& platform, const std::string& complaint, const OldConten
   const Choice choice{
       .text =
           complaint + "\n\nIt holds " + WordsOf(contents) +
-          ".\n\nTaken over, all of it goes into a new database in its place. The old file stays "
-          "beside it as \"" +
+          ".\n\nImport it, and all of it goes into a new database in its place. The old file stays beside it as \"" +
           kOldName + "\".",
       .title = title,
-      .answers = {"Take it over", "Leave it"}};
+      .answers = {"Import it", "Leave it"}};
   if (platform.boxes.Choose(choice) != 0) return OldOffer::Left;
   return TakeOver(platform, contents, title) ? OldOffer::TakenOver : OldOffer::Left;
 }
@@ -83,7 +82,7 @@ OldOffer OfferTakingOver(Platform& platform, std::string& complaint, const std::
   if (!platform.old.StandsInPlace()) return OldOffer::None;
   const Reading reading = ReadOld(platform.old);
   if (reading.fault.empty()) return Offer(platform, complaint, reading.contents, title);
-  complaint += "\n\nIt cannot be taken over: " + reading.fault;
+  complaint += "\n\nIt cannot be imported: " + reading.fault;
   return OldOffer::Unreadable;
 }
 
@@ -93,7 +92,7 @@ void OfferTakingOverAtStart(Platform& platform) {
   if (!reading.fault.empty()) return;
   Offer(platform,
         "The statistics database \"DTB.mdb\" in the program's folder "
-        "is an old one of the Jet format.",
+        "is an old one, in the Jet format.",
         reading.contents, "Database");
 }
 

@@ -201,7 +201,7 @@ bool TakeOut(Platform& platform, const GameChoice& choice, const std::string& ti
     return true;
   };
   if (outgoing.games.empty()) {
-    return tell("The game " + choice.id + " is not in the database any more.");
+    return tell("The game " + choice.id + " is no longer in the database.");
   }
   if (!boxes.Ask({QuestionText(outgoing), title})) return false;
   const Answer doubtful = AskAboutDoubtful(boxes, outgoing.tally, title);

@@ -116,8 +116,8 @@ std::string ChangesText(const Holding& copy, const Holding& today, int back, int
   }
   const std::string tables = TablesText(copy, today);
   if (text.empty()) {
-    text = tables.empty() ? "All is the same as in the database"
-                          : "The line scores are of the same games as in the database";
+    text = tables.empty() ? "Identical to the database"
+                          : "The same games as in the database";
   }
   return text + "." + tables;
 }
@@ -152,11 +152,11 @@ bool PutInPlace(CopiesDesk& desk, const std::string& name, std::string& done) {
   }
   try {
     const std::string today = CopyAside(platform, name);
-    done = "\n\nWhat stood there before is the copy of " + TimeOfCopy(today).value_or(today) + ".";
+    done = "\n\nThe previous database is kept as the copy of " + TimeOfCopy(today).value_or(today) + ".";
   } catch (const ProgramError& fault) {
     const bool goOn = platform.boxes.Ask(
-        {"The database of today could not be copied first, so that it cannot be restored.\n\n" +
-             std::string(fault.what()) + "\n\nPut the older copy in its place all the same?",
+        {"The current database could not be copied first, so it could not be restored later.\n\n" +
+             std::string(fault.what()) + "\n\nRestore the older copy anyway?",
          kCopiesTitle});
     if (!goOn) return false;
   }
@@ -195,8 +195,7 @@ void SelectCopy(CopiesDesk& desk, int row) {
     ShowChanges(state, {}, {});
     state.canBringBack.Set(false);
     return state.lbl_Changes.Set(
-        "There are no copies yet. "
-        "One is made before the first save of a day and before each delete.");
+        "There are no copies yet. The program makes one before the first save of a day and before each delete.");
   }
   const std::string& name = SelectedName(state);
   const auto opened = desk.platform.copies.OpenCopy(name);
@@ -222,8 +221,8 @@ void BringBackSelected(CopiesDesk& desk) {
   // The list is made anew while today's copy is added, so the name is kept.
   const std::string name = SelectedName(state);
   const std::string words = "the copy of " + TimeOfCopy(name).value_or(name);
-  if (!boxes.Ask({"Put " + words + " in the database's place?\n\n" + state.lbl_Changes.value() +
-                      "\n\nThe database as it is now is kept, too.",
+  if (!boxes.Ask({"Put " + words + " as the database?\n\n" + state.lbl_Changes.value() +
+                      "\n\nThe current database is kept, too.",
                   kCopiesTitle})) {
     return;
   }
@@ -232,9 +231,9 @@ void BringBackSelected(CopiesDesk& desk) {
       std::string done;
       if (!PutInPlace(desk, name, done)) return;
       state.broughtBack = true;
-      boxes.Show("In place is " + words + "." + done, BoxIcon::Information, kCopiesTitle);
+      boxes.Show("The database is now " + words + "." + done, BoxIcon::Information, kCopiesTitle);
     } catch (const ProgramError& failure) {
-      boxes.Show("The database was left as it is. " + std::string(failure.what()),
+      boxes.Show("The database was not changed. " + std::string(failure.what()),
                  BoxIcon::Critical, kCopiesTitle);
     }
   });

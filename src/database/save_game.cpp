@@ -276,7 +276,7 @@ bool AgreedWithProof(Board& board) {
   return answer != "Back to the sheet";
 }
 
-// The team whose list has no highlighted man, where one is needed on both sides.
+// The team whose list has no highlighted player, where one is needed on both sides.
 bool TellMissingHighlight(Board& board) {
   std::string lists;
   for (const Side side : kOrderOfTeams) {

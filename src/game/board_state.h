@@ -39,7 +39,7 @@ struct ScoreRow : std::array<ScoreCell, kScoreCells> {
 // Outs that each pitcher of a side made while he pitched, by his name. None of them is below zero.
 using PitchedOuts = std::map<std::string, int>;
 
-// A man on the field for the side at bat: a photo, or a name plate where there is none.
+// A player on the field for the side at bat: a photo, or a name plate where there is none.
 struct GamePiece {
   Field<Picture> picture;    // the photo box
   Field<std::string> tag;    // the player's name; may outlive the photo

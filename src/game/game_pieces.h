@@ -1,4 +1,4 @@
-// The four game pieces: the men of the side at bat who are on the field.
+// The four game pieces: the players of the side at bat who are on the field.
 #pragma once
 
 #include <filesystem>

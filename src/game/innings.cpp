@@ -57,7 +57,7 @@ void CountPitchedOuts(Board& board) {
     for (const auto& [name, count] : fields.outs) more -= count;
     if (more > 0 && !pitcher.empty()) fields.outs[pitcher] += more;
     if (more >= 0) continue;
-    // What is taken away is the present man's as far as he has it, then his predecessor's.
+    // What is taken away is the present player's as far as he has it, then his predecessor's.
     int left = TakeAway(fields.outs, pitcher, -more);
     left = TakeAway(fields.outs, fields.pitcherTag.value(), left);
     for (const auto& [name, count] : PitchedOuts(fields.outs)) {

@@ -65,7 +65,7 @@ std::optional<std::string> SetGameAside(Board& board) {
   }
   if (board.platform.boxes.Ask(
           {"The game on the board is not saved, and it cannot be set aside; the disk may be full. "
-           "Begin a new game all the same? This one is lost then.",
+           "Begin a new game anyway? This one will be lost.",
            "New game"})) {
     return "";
   }

@@ -5,8 +5,8 @@
 
 namespace dtb {
 
-// Marks the man on game piece 1 as `Played` (column 18 of his row). The visitors' table is searched
-// first, whichever side is at bat; a nameless row is found but never marked.
+// Marks the player on game piece 1 as `Played` (column 18 of his row). The visitors' table is
+// searched first, whichever side is at bat; a nameless row is found but never marked.
 void ChangeOfState(Board& board);
 
 }  // namespace dtb

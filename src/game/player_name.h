@@ -11,8 +11,8 @@ namespace dtb {
   return std::string(text.substr(0, text.find('=')));
 }
 
-// What a man is called where the whole name has no room: "Kubek" of "Tony Kubek", "Griffey Jr." of
-// "Ken Griffey Jr.", "Maris" of "Maris, Roger". A name of one word stays.
+// What a player is called where the whole name has no room: "Kubek" of "Tony Kubek", "Griffey Jr."
+// of "Ken Griffey Jr.", "Maris" of "Maris, Roger". A name of one word stays.
 [[nodiscard]] std::string LastNameOf(std::string_view name);
 
 }  // namespace dtb

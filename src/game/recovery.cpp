@@ -156,7 +156,7 @@ void TakeUpSetAside(Board& board, Aids& aids, RecoveryStore& store) {
   MessageBoxes& boxes = board.platform.boxes;
   const std::filesystem::path own = store.File();
   const auto file =
-      board.platform.dialogs.OpenFile({"Take up a game set aside", own.parent_path(),
+      board.platform.dialogs.OpenFile({"Resume a game set aside", own.parent_path(),
                                        "Games set aside|" + TextOf(own.filename()) + ".2*"});
   if (!file) return;
   try {

@@ -10,7 +10,7 @@
 namespace dtb {
 
 // The caption of the menu entry that the operation below belongs to.
-inline constexpr const char* kTakeUpSetAside = "Take up a game set aside...";
+inline constexpr const char* kTakeUpSetAside = "Resume a game set aside...";
 
 // All that stands on the board, the sheet and in the log, with a checksum, as bytes for a file.
 [[nodiscard]] std::string TableText(const Board& board, const AidsState& aids);
@@ -35,7 +35,7 @@ void TakeUp(const KeptTable& kept, Board& board, Aids& aids);
 // person learns where, and how the game comes back.
 void OfferRecovery(Board& board, Aids& aids, RecoveryStore& store);
 
-// "Take up a game set aside...": lets the person choose one of these games and puts it on the
+// "Resume a game set aside...": lets the person choose one of these games and puts it on the
 // board. A game that is on the board by then is set aside itself, if the person agrees. A file that
 // cannot be understood is told and changes nothing.
 void TakeUpSetAside(Board& board, Aids& aids, RecoveryStore& store);

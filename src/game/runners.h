@@ -9,10 +9,11 @@ namespace dtb {
 // recorded. A piece that bears no name does nothing.
 void ClickPiece(Board& board, int piece);
 
-// The same without a click: the stolen base of the man on a piece, 0 to 3.
+// The same without a click: the stolen base of the player on a piece, 0 to 3.
 void RecordStolenBase(Board& board, int piece);
 
-// Records a stolen base for the man on the piece StolenBasePiece, in the table of the side at bat.
+// Records a stolen base for the player on the piece StolenBasePiece, in the table of the side at
+// bat.
 void StolenBase(Board& board);
 
 // Tells how a stolen base is recorded.

@@ -20,7 +20,7 @@ class DatabaseOutOfReach : public ProgramError {
   using ProgramError::ProgramError;
 };
 
-// The engine takes no such row, because a text is no number where the column holds numbers.
+// SQLite takes no such row, because a text is no number where the column holds numbers.
 class RowRefused : public ProgramError {
  public:
   using ProgramError::ProgramError;

@@ -14,7 +14,7 @@ struct OldContents {
   std::vector<std::int64_t> rows;
 };
 
-// All errors are ProgramErrors whose words complete "It cannot be taken over: ", and then nothing
+// All errors are ProgramErrors whose words complete "It cannot be imported: ", and then nothing
 // has changed.
 class OldDatabase {
  public:

@@ -132,7 +132,8 @@ void AddFile(Figures& figures, const std::string& file, const SavedGame& game) {
   });
 }
 
-// A reserve who never stood on the first piece has no row. The men whose figures go are returned.
+// A reserve who never stood on the first piece has no row. The players whose figures go are
+// returned.
 QStringList RemoveUnplayed(Figures& figures, const SideFields& side) {
   QStringList men;
   for (int row = 1; row < side.grid.rows(); ++row) {
@@ -171,7 +172,7 @@ std::optional<LineFault> FaultOfFigures(const QString& line) {
   const auto form =
       std::ranges::find(Forms(), kind, [](const Form& one) { return QString(one.kind); });
   if (form == Forms().end()) {
-    return LineFault{'"' + kind + "\" is no kind of figures", "LINE, BATTING or PITCHING"};
+    return LineFault{'"' + kind + "\" is not a kind of figures", "LINE, BATTING or PITCHING"};
   }
   if (form->pattern.match(line).hasMatch()) return std::nullopt;
   return LineFault{"the figures cannot be read", form->form};

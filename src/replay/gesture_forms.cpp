@@ -62,13 +62,13 @@ QString FaultOfWord(const QString& kind, const QString& word) {
   if (kind == "TEXT") return {};
   if (word.isEmpty()) return kind + " is missing";
   if (kind == "SIDE" && word != "visitors" && word != "home") {
-    return quoted + " is no side, which is visitors or home";
+    return quoted + " is not a side (visitors or home)";
   }
   const bool numbered = QStringList{"ROW", "TO-ROW", "COLUMN", "TAB", "TICKS"}.contains(kind);
-  if (numbered && !IsNumber(word)) return quoted + " is no number";
-  if (kind == "X,Y" && !IsPlace(word)) return quoted + " is no place, such as 840,460";
+  if (numbered && !IsNumber(word)) return quoted + " is not a number";
+  if (kind == "X,Y" && !IsPlace(word)) return quoted + " is not a place such as 840,460";
   if (kind == "CONTROL[@X,Y]" && word.contains('@') && !IsPlace(word.section('@', 1))) {
-    return '"' + word.section('@', 1) + "\" is no place in a control, such as 20,10";
+    return '"' + word.section('@', 1) + "\" is not a place in a control such as 20,10";
   }
   if (kind == "KEY" && !IsKey(word)) return "there is no key " + word;
   if (kind == "YES|NO" && word.toUpper() != "YES" && word.toUpper() != "NO") {
@@ -77,7 +77,7 @@ QString FaultOfWord(const QString& kind, const QString& word) {
   if (kind == "RIGHT|BACK" && word != "RIGHT" && word != "BACK") {
     return quoted + " is neither RIGHT nor BACK";
   }
-  if (kind == "NAME" && word.contains('/')) return quoted + " is no name of a picture";
+  if (kind == "NAME" && word.contains('/')) return quoted + " is not a name for a picture";
   return {};
 }
 
@@ -180,7 +180,7 @@ std::optional<LineFault> FaultOfLine(const QString& line, const ScriptFolders* f
   const GestureForm* form = FormOf(verb);
   if (form == nullptr) {
     const QString what =
-        verb.isEmpty() ? "the line begins with a space" : '"' + verb + "\" is no gesture";
+        verb.isEmpty() ? "the line begins with a space" : '"' + verb + "\" is not a gesture";
     return LineFault{what, "a gesture such as GO or BATTER home NAME; --gestures lists them all"};
   }
   QString what = FaultOfRest(form->form, rest);

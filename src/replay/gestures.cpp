@@ -116,7 +116,7 @@ Target TargetAt(const QString& nameAndPlace) {
     bool isX = false;
     bool isY = false;
     place = {given.section(',', 0, 0).toInt(&isX), given.section(',', 1).toInt(&isY)};
-    if (!isX || !isY) throw Refused("\"" + given + "\" is no place");
+    if (!isX || !isY) throw Refused("\"" + given + "\" is not a place");
   }
   return {control, place};
 }
@@ -191,7 +191,7 @@ void DragRow(const QString& list, int from, int to, Qt::KeyboardModifiers modifi
 }
 
 void TypeText(QWidget* field, const QString& text) {
-  if (!qobject_cast<QLineEdit*>(field)) throw Refused(NameOf(field) + " is no text field");
+  if (!qobject_cast<QLineEdit*>(field)) throw Refused(NameOf(field) + " is not a text field");
   if (!field->hasFocus()) Click({field, field->rect().center()});
   if (!field->hasFocus()) throw Refused(NameOf(field) + " does not take the focus");
   QWindow* window = field->window()->windowHandle();

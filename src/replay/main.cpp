@@ -56,7 +56,7 @@ void MakeScreen(QTemporaryFile& config, const QSize& size) {
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + config.fileName().toUtf8());
 }
 
-// The toolkit would end the program without a word of what to do.
+// Qt would end the program without a word of what to do.
 void RequireScreen() {
   if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return;
   const bool wayland = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
@@ -99,7 +99,7 @@ int Check(const CommandLine& line) {
     if (!HasItsForm(script, program)) {
       failed = 1;
     } else {
-      std::printf("%s: every line has its form\n", qUtf8Printable(script.file));
+      std::printf("%s: no syntax errors\n", qUtf8Printable(script.file));
     }
   }
   return failed;
@@ -188,7 +188,7 @@ int Main(int argc, char** argv) {
   try {
     line = CommandLineOf(arguments);
   } catch (const Refused& refused) {
-    std::fprintf(stderr, "%s\n--help shows what can be asked for.\n", refused.what());
+    std::fprintf(stderr, "%s\n--help lists the options.\n", refused.what());
     return 2;
   }
   if (line.help) return Tell(HelpText());

@@ -24,7 +24,7 @@ struct SeasonBook {
   StatGrid lineScores{1, 1};  // Team, I1 to I20, Runs, Hits, Errors, from column 1 on
   // By game, side and role, as they were stored.
   std::vector<std::array<std::array<std::vector<BookEntry>, 2>, 2>> games;
-  // By man and role, settled.
+  // By player and role, settled.
   std::vector<std::array<std::vector<SeasonOuting>, 2>> outings;
 };
 

@@ -1,4 +1,4 @@
-// The best men of a season.
+// The best players of a season.
 #pragma once
 
 #include <string>
@@ -28,7 +28,7 @@ inline constexpr std::size_t kMostLeaders = 10;
 [[nodiscard]] SeasonRole RoleOf(SeasonLead lead);
 
 struct SeasonLeader {
-  int man = 0;       // his place among the men
+  int man = 0;       // his place among the players
   double value = 0;  // innings in outs
   std::string text;
 };
@@ -39,7 +39,7 @@ struct LeaderList {
 };
 
 // With the qualification, the two averages ask for 3.1 plate appearances, which are at-bats and
-// walks, or 1 inning, for each game of the man's team.
+// walks, or 1 inning, for each game of the player's team.
 [[nodiscard]] LeaderList Leaders(const SeasonFigures& season, SeasonLead lead, bool qualified);
 
 // "and 3 more with 12"; "" where all with the value of the tenth are in the list.

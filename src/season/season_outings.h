@@ -1,4 +1,4 @@
-// One team or one man, game by game.
+// One team or one player, game by game.
 #pragma once
 
 #include <string>
@@ -31,7 +31,7 @@ struct SeasonOuting {
   SeasonTotals total = {};  // up to this game
 };
 
-// The outings in the order in which they were played: of a team all its games, of a man those in
+// The outings in the order in which they were played: of a team all its games, of a player those in
 // which he has a row. Throws ProgramError. Any thread may call it; once a stop is asked for, it
 // fails soon.
 [[nodiscard]] std::vector<SeasonOuting> ReadOutings(Database& database, const SeasonFigures& season,

@@ -249,7 +249,7 @@ class PageWriter {
         Append(table.back(), LineTexts(outings.back().total));
         total += outings.back().total;
       }
-      // A team plays no more games than it has played, however many men played in each.
+      // A team plays no more games than it has played, however many players played in each.
       SetGames(total, double(team.games.size()));
       table.push_back({"Team"});
       Append(table.back(), LineTexts(total));
@@ -407,7 +407,7 @@ void WriteSeasonPages(Platform& platform, const std::string& title,
     const auto folder = Write(
         platform, progress ? progress : [](double /*share*/) { return true; }, contents, title);
     if (!folder) return;
-    const Question question{"The season pages are written: " + contents + ". They lie in\n" +
+    const Question question{"The season pages are written: " + contents + ". They are in\n" +
                                 TextOf(*folder) + "\n\nDo you want to open them?",
                             title, true};
     if (platform.boxes.Ask(question)) platform.pages.Open(TextOf(*folder / "index.html"));

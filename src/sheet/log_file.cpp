@@ -15,7 +15,7 @@ void SaveLog(Platform& platform, const EventLog& log) {
                                                  "Text (*.txt)|*.txt", "txt"});
     if (!file) return;
     WriteWholeFile(*file, log.text(), "log");
-    TellWhereItLies(platform, "The log is written.", *file, "Event Log");
+    TellWhereItLies(platform, "The log was saved.", *file, "Event Log");
   });
 }
 

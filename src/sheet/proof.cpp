@@ -27,7 +27,7 @@ std::string Name(const StatGrid& grid, int row, int column) {
   return name.empty() ? "A row without a name" : name;
 }
 
-// "1 HR, 2 RBI" of a batter; "" for a man without figures.
+// "1 HR, 2 RBI" of a batter; "" for a player without figures.
 std::string FiguresOf(const StatGrid& grid, int row) {
   std::string figures;
   for (int column = kStrikeouts; column <= kAtBats; ++column) {
@@ -92,7 +92,7 @@ class Proof {
   }
 
   // What a save would store for a pitcher: his cell less what a report wrote there for the time
-  // being, and for the present man without innings the rest of his team's.
+  // being, and for the present player without innings the rest of his team's.
   [[nodiscard]] std::vector<std::string> InningsToBeSaved(Side side) {
     const SideFields fields = SideOf(board_, side);
     std::vector<std::string> innings;
@@ -277,7 +277,7 @@ class Proof {
       if (figures > 0) continue;
       Add({FindingKind::IdlePitcher, side, row, kPitcher,
            name + " is among the pitchers of " + TeamOf(side) +
-               ", but has no out, no batter and no run.",
+               ", but has no outs, batters or runs.",
            name, "", !present});
     }
   }
@@ -310,7 +310,7 @@ class Proof {
                        "visitors' player.");
         } else if (grid.FindRow(kBatter, name) != row) {
           TellName(side, row,
-                   name + " stands twice in " + TeamOf(side) +
+                   name + " appears twice in " + TeamOf(side) +
                        "'s table, so all figures go to the first of them.");
         }
       }
@@ -326,7 +326,7 @@ class Proof {
            text.side,
            text.lineScore ? 0 : text.row,
            text.lineScore ? 0 : text.column,
-           PlaceOf(board_, text) + ": \"" + text.text + "\" stands where a number belongs.",
+           PlaceOf(board_, text) + ": \"" + text.text + "\" is not a number.",
            text.text,
            {},
            false});
@@ -353,7 +353,7 @@ void PutRightOne(Board& board, const Finding& finding) {
       break;
     case FindingKind::IdlePitcher:
       EnterPitcher(grid, finding.row, "");
-      board.log.Append("[proof] " + finding.now + " is no pitcher of this game");
+      board.log.Append("[proof] " + finding.now + " is not a pitcher in this game");
       break;
     case FindingKind::TotalOfRuns:
       ScoreUpdate(board);

@@ -11,7 +11,7 @@ namespace dtb {
 
 // What a finding is about, in the order in which they are told.
 enum class FindingKind {
-  BatterNotSaved,    // figures of a man who is not marked as having played
+  BatterNotSaved,    // figures of a player who is not marked as having played
   InningsPitched,    // other than the outs that were made while he pitched
   NamelessInnings,   // innings in a row without a name
   Disagreement,      // batters, line score and pitchers count the same thing differently
@@ -21,7 +21,7 @@ enum class FindingKind {
   HitsBeyondAtBats,  // more hits and strikeouts than at-bats
   HomeRunsAlone,     // more home runs than runs batted in
   IdlePitcher,       // no out, no batter and no run
-  NotOnSheet,        // a man of the batting order who has no line
+  NotOnSheet,        // a player of the batting order who has no line
   SameName,          // a name that stands twice, or in both teams
   TextForNumber,
 };

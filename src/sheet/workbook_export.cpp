@@ -50,7 +50,7 @@ bool WorkbookExport::Finish() {
 
 bool WantsWorkbookAllTheSame(Platform& platform, const std::string& title) {
   return platform.boxes.Ask(
-      {"The workbook can be written all the same, into the folder \"Game Rpts\". Write it?",
+      {"The workbook can still be written, into the folder \"Game Rpts\". Write it?",
        title});
 }
 

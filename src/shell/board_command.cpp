@@ -44,7 +44,7 @@ BoardCommand UnderstandBoardCommand(const std::vector<std::string>& arguments) {
     const bool folder = std::filesystem::is_directory(file, fault);
     const bool game = folder && std::filesystem::is_regular_file(file / kClicks, fault);
     if (!game && !std::filesystem::is_regular_file(file, fault)) {
-      return Refused("\"" + argument + "\" is no file");
+      return Refused("\"" + argument + "\" is not a file");
     }
     if (game || LoadsATeam(file)) {
       command.script = file;

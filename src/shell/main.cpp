@@ -88,7 +88,7 @@ int Main(int argc, char** argv) {
   }
   const BoardCommand command = UnderstandBoardCommand(arguments);
   if (!command.refusal.empty()) {
-    return Refuse(kMisused, command.refusal + "; --help shows what can be asked for");
+    return Refuse(kMisused, command.refusal + "; --help lists the options");
   }
   if (command.script) return PlayScript(*command.script);
 

@@ -14,7 +14,7 @@ enum class MouseButton { Left, Right, Other };
 // mode, only on the side at bat, and only for the first nine rows.
 void SelectBatter(Board& board, Side side);
 
-// The man of this row has a line in the side's table, so that what he does is counted.
+// The player of this row has a line in the side's table, so that what he does is counted.
 [[nodiscard]] bool IsOnSheet(Board& board, Side side, int row);
 
 // A click on a row, or the arrow keys: it becomes the selected one. Rows gone through one after the

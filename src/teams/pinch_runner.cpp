@@ -44,10 +44,10 @@ Replacement ReplacementOn(Board& board, Side side, int row, int piece) {
   const std::string& runner = target.tag.value();
   if (name.empty()) return {false, "There is no player in this row."};
   if (!fields.atBat.value()) return {false, name + " plays for the team in the field."};
-  if (row < kStarters) return {false, name + " stands in the batting order already."};
-  if (target.free() || runner.empty()) return {false, "Nobody stands on this game piece."};
+  if (row < kStarters) return {false, name + " is in the batting order already."};
+  if (target.free() || runner.empty()) return {false, "There is nobody on this game piece."};
   const auto place = RowInOrder(fields.list, runner);
-  if (!place) return {false, runner + " does not stand in the batting order any more."};
+  if (!place) return {false, runner + " is no longer in the batting order."};
   const bool bats = RowOfBatter(board, side) == place;
   return {true, name + (bats ? " bats for " : " runs for ") + runner};
 }

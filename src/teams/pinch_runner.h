@@ -1,4 +1,5 @@
-// A player who comes in for a man on the field: he runs for a runner, or bats for the batter.
+// A substitute who comes in for a player on the field: he runs for a runner, or bats for the
+// batter.
 #pragma once
 
 #include <string>
@@ -9,8 +10,8 @@
 namespace dtb {
 
 // What came of it, or why it cannot be: "Ott runs for Lowndes", "Ott bats for Lowndes". It can be
-// where the side is at bat, the player of the row waits behind the ninth, and the man on the piece
-// stands in the order.
+// where the side is at bat, the player of the row waits behind the ninth, and the player on the
+// piece stands in the order.
 struct Replacement {
   bool possible = false;
   std::string words;
@@ -20,9 +21,9 @@ struct Replacement {
 // The pieces, 0 to 3, on which the player of a row can come in.
 [[nodiscard]] std::vector<int> PiecesToComeInOn(Board& board, Side side, int row);
 
-// The player of the row comes in for the man on a piece: they change places in the line-up, the
+// The player of the row comes in for the player on a piece: they change places in the line-up, the
 // piece is his, and he counts as having played, on a new line of the sheet if he has none. Who bats
-// and who is due stays; only where the man was the batter, the other bats for him. Tells why it
+// and who is due stays; only where the player was the batter, the other bats for him. Tells why it
 // cannot be, and then nothing changes.
 void ComeIn(Board& board, Side side, int row, int piece);
 

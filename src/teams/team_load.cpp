@@ -116,8 +116,7 @@ void TellCommonNames(Board& board) {
   }
   board.platform.boxes.Show(
       "Both teams have " + told +
-          ".\n\nThe board knows a player by his name alone, so the figures of two of one name can "
-          "mix. Give each a name of his own in the team file and load it again.",
+          ".\n\nThe board knows a player by his name alone, so the figures of two players with the same name can mix. Give each his own name in the team file and load it again.",
       BoxIcon::Exclamation);
 }
 

@@ -121,7 +121,7 @@ void Desk::ServeLog() {
   QObject::connect(window, &LogWindow::saveWanted, window, [this] { SaveLog(platform_, log_); });
   QObject::connect(window, &LogWindow::copyWanted, window, [this, window] {
     platform_.clipboard.SetText(log_.text());
-    window->Tell(QStringLiteral("The log is on the clipboard."));
+    window->Tell(QStringLiteral("The log was copied to the clipboard."));
   });
 }
 
@@ -136,7 +136,7 @@ void Desk::Open() {
   constexpr int kAfterFirstPaint = 100;  // milliseconds
   QTimer::singleShot(kAfterFirstPaint, qApp, [] { QApplication::setWindowIcon(ProgramIcon()); });
   if (!settings_.damagedFile().isEmpty()) {
-    platform_.boxes.Show("The settings file could not be understood. It is kept as \"" +
+    platform_.boxes.Show("The settings file could not be read. It is kept as \"" +
                              FromQt(settings_.damagedFile()) + "\", and the settings start afresh.",
                          BoxIcon::Warning, "Settings");
   }
@@ -146,7 +146,7 @@ void Desk::Open() {
   if (store_.takenByAnother()) {
     platform_.boxes.Show(
         "Another board is open already, and its game is kept in case the program ends. The game on "
-        "this board is not kept; it can be saved to the database all the same.",
+        "this board is not kept, but it can be saved to the database.",
         BoxIcon::Information);
   }
 }

@@ -23,7 +23,7 @@ TeamText TeamOfGame(const Season& season, std::size_t game, int side) {
   return MakeGameTeams(season, told, {}).teams.at(static_cast<std::size_t>(side));
 }
 
-// A club's start lines, as the files beside the sample games name the men.
+// A club's start lines, as the files beside the sample games name the players.
 std::string Starters(int side, const std::vector<std::string>& names,
                      const std::vector<int>& positions) {
   std::string text;
@@ -239,7 +239,7 @@ TEST(LineUps, PIsForPitchersAndAnOpenPlaceStaysOpen) {
   std::string all;
   for (const std::string& line : team.lines) all += line + "; ";
   EXPECT_EQ(all,
-            "T Two=P/DH / P 0.0; B Bat=SS; =nobody is told who batted 3rd; m4=1B; m5=2B; m6=3B; "
+            "T Two=P/DH / P 0.0; B Bat=SS; =not known who batted 3rd; m4=1B; m5=2B; m6=3B; "
             "m7=LF; m8=CF; m9=RF; D Dh=DH; R Rel=P 0.0; R Run=P 0.0; ");
   EXPECT_EQ(team.gaps, std::vector<std::string>{"who bats 3rd"});
   EXPECT_EQ(team.inOrder, 9);

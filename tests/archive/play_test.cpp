@@ -6,7 +6,8 @@
 namespace dtb::archive {
 namespace {
 
-// "B1 1- 2X 3H": where each man goes; a man who is not named stays, "s" behind a base is a steal.
+// "B1 1- 2X 3H": where each player goes; a player who is not named stays, "s" behind a base is a
+// steal.
 std::string Moves(const Play& play) {
   std::string text;
   for (int base = 0; base < kHome; ++base) {

@@ -34,8 +34,8 @@ TEST(BoardCommandTest, OpensTeamsAndScriptsAndRefusesTheRest) {
                          {{"--halp"}, "there is no option --halp", 0, ""},
                          {{"-x", ants}, "there is no option -x", 0, ""},
                          {{"--", "-x"}, "there is no file \"-x\"", 0, ""},
-                         {{folder}, "\"" + folder + "\" is no file", 0, ""},
-                         {{"/dev/null"}, "\"/dev/null\" is no file", 0, ""},
+                         {{folder}, "\"" + folder + "\" is not a file", 0, ""},
+                         {{"/dev/null"}, "\"/dev/null\" is not a file", 0, ""},
                          {{ants, bees, ants}, "only two teams can play", 0, ""},
                          {{script, ants}, "a table script is opened alone", 0, ""}}) {
     const BoardCommand command = UnderstandBoardCommand(one.arguments);

@@ -113,7 +113,7 @@ struct FakePlatform final : QuietDesktop {
 inline const std::vector<std::string> kLabels{"1B", "2B", "3B", "HR", "BB", "K",  "GO", "FO",
                                               "LO", "PO", "DP", "FC", "TO", "AB", "RBI"};
 
-// A table ready for the first pitch: the visitors' first man bats, the last man of each list
+// A table ready for the first pitch: the visitors' first player bats, the last player of each list
 // pitches. With `loaded` false it is as it stands after start-up.
 struct Game {
   explicit Game(bool loaded = true) {
@@ -213,14 +213,13 @@ struct Game {
       text << state.tb_OUT.value() << " " << state.tb_OutsCount.value() << " "
            << (state.Option5.value() ? "V " : "") << (state.Option6.value() ? "H " : "")
            << state.lbl_Selected.value();
-    } else if (facet == "due") {  // row of the batter, or of the man who is due: "v1" or "due h0"
+    } else if (facet == "due") {  // row of the batter, or of the one who is due: "v1" or "due h0"
       for (const Side side : {Side::Visitors, Side::Home}) {
         const char* letter = side == Side::Visitors ? "v" : "h";
         if (const auto row = RowOfBatter(board, side)) text << letter << *row;
         if (const auto row = RowOfManDue(board, side)) text << "due " << letter << *row;
       }
-    } else if (facet ==
-               "proof") {  // what does not agree, at a save, with the cell that it leads to
+    } else if (facet == "proof") {  // what does not agree at a save, and the cell it leads to
       for (const Finding& finding : Prove(board, ProofMoment::Save)) {
         text << (text.str().empty() ? "" : " ") << finding.words
              << (finding.canBePutRight ? " -> " + finding.ought : "");

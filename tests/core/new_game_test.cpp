@@ -43,7 +43,7 @@ TEST_F(NewGameTest, OptionsStayAndAllElseIsAsAfterAStart) {
   EXPECT_TRUE(IsFresh(game.board));
   EXPECT_EQ(game.Look("told"),
             "i: New game: The game that was on the board is set aside as \"game.2 "
-            "Owls at Elks\". \"Take up a game set aside...\" in the menu \"Edit\" brings it back.");
+            "Owls at Elks\". \"Resume a game set aside...\" in the menu \"Edit\" brings it back.");
   EXPECT_EQ(game.history.steps(), 0U);
   EXPECT_TRUE(state.chk_Ctrls.value());
   EXPECT_EQ(state.lbl_PhotoPath.value(), "photos");
@@ -64,7 +64,7 @@ TEST_F(NewGameTest, AGameThatCannotBeSetAsideIsNotLost) {
   EXPECT_EQ(Remember(game.board), before);
 }
 
-// Rows and pieces count from 0; piece 1 has the batter, piece 0 the man on base.
+// Rows and pieces count from 0; piece 1 has the batter, piece 0 the player on base.
 TEST_F(NewGameTest, WhoComesInForWhom) {
   game.Play("1B");
   struct Case {
@@ -76,8 +76,8 @@ TEST_F(NewGameTest, WhoComesInForWhom) {
   for (const Case& one :
        std::initializer_list<Case>{{Side::Visitors, 9, 0, "J runs for A"},
                                    {Side::Visitors, 9, 1, "J bats for B"},
-                                   {Side::Visitors, 4, 0, "E stands in the batting order already."},
-                                   {Side::Visitors, 9, 3, "Nobody stands on this game piece."},
+                                   {Side::Visitors, 4, 0, "E is in the batting order already."},
+                                   {Side::Visitors, 9, 3, "There is nobody on this game piece."},
                                    {Side::Visitors, 40, 0, "There is no player in this row."},
                                    {Side::Home, 9, 0, "j plays for the team in the field."}}) {
     EXPECT_EQ(ReplacementOn(game.board, one.side, one.row, one.piece).words, one.words);

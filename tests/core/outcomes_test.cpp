@@ -84,7 +84,7 @@ TEST(Outcomes, CountAtBatsForTheVisitorsFirst) {
   game.Play("atbat:h bat:h0 AB AB");
   EXPECT_EQ(game.Look("counters"), "A AB=1, C AB=1, 0:0");
   EXPECT_EQ(game.sheet.grd_VisStats.Text(1, stat_column::kAtBats), "1") << "of the same name";
-  EXPECT_EQ(game.Look("clock"), "0 0 H A") << "after the last man of a short list";
+  EXPECT_EQ(game.Look("clock"), "0 0 H A") << "after the last player of a short list";
 }
 
 }  // namespace dtb

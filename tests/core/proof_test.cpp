@@ -33,7 +33,7 @@ RBI HR GO GO GO cell:h1,16=5 => The pitchers of Elks have 5 earned runs, but Owl
 GO GO GO cell:h1,17=6.1 => l made 3 outs, 1.00 innings, but would be saved with 6.1. -> 1.00 @1,17;
 GO GO GO cell:h7,17=1.00 cell:h1,17=1.00 =>
   A row of Elks without a pitcher has 1.00 innings. ->  @7,17;
-GO GO GO cell:h1,12=x => Elks, row 1 (l), column K: "x" stands where a number belongs. @1,12;
+GO GO GO cell:h1,12=x => Elks, row 1 (l), column K: "x" is not a number. @1,12;
 1B GO GO GO cell:v1,10= => A has 1 hit and 0 strikeouts in 0 at-bats. @1,10;
 HR RBI GO GO GO => A has 1 home run but 0 RBI. A home run drives in the batter himself. @1,9;
 GO GO GO type:v0=2 => The innings of Owls add up to 2 runs, but the R cell says 0. -> 2;
@@ -47,7 +47,7 @@ MASTER:6 => The batters of Owls have 0 at-bats and walks, but Owls has 3 outs an
   but Elks has 3 outs and 0 runs. A batter hit by a pitch or a sacrifice may explain it.;
 
 Pitchers named by mistake, before the first pitch and in mid-inning.
-GO pitch:h9 pitch:h8 GO GO => j is among the pitchers of Elks, but has no out, no batter and no run.
+GO pitch:h9 pitch:h8 GO GO => j is among the pitchers of Elks, but has no outs, batters or runs.
   ->  @2,11;
 GO pitch:h9 pitch:h8 GO GO right: => -
 rewrite:vZ => Z bats for Owls but is not on the sheet, so nothing is counted for him.;
@@ -77,7 +77,7 @@ TEST(Proof, CountsThoseLeftOnBase) {
   EXPECT_EQ(LeftOnBase(game.board, Side::Home), 0);
 }
 
-// Outcomes and changes of pitcher in the field alone, each new man once; -1 for a change.
+// Outcomes and changes of pitcher in the field alone, each new player once; -1 for a change.
 RC_GTEST_PROP(Proof, FindsNothingThatIsNotSo, ()) {
   const auto choices = *rc::gen::scale(2.0, rc::gen::container<std::vector<int>>(rc::gen::inRange(
                                                 -1, static_cast<int>(kLabels.size()))));
@@ -86,7 +86,7 @@ RC_GTEST_PROP(Proof, FindsNothingThatIsNotSo, ()) {
   std::array<std::string, 2> pitchers{"L", "l"};
   std::array<int, 2> nextPitcher{10, 10}, nextBatter{0, 0};
   int outs = 0, half = 0, onBase = 0;
-  // Baseball: with a man on base alone somebody is thrown out or comes home.
+  // Baseball: with a player on base alone somebody is thrown out or comes home.
   const auto possible = [&](const std::string& label) {
     const bool needsRunner = label == "DP" || label == "FC" || label == "TO" || label == "RBI";
     if (needsRunner && onBase == 0) return false;

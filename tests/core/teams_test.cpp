@@ -197,7 +197,7 @@ TEST(Photos, ComeFromTheFolderOfThePlayer) {
   EXPECT_EQ(game.Look("told"),
             "x: Program Error: The following error has occurred: 75, no settings");
   game.Do("pitch:h3");
-  EXPECT_TRUE(game.state.img_HomePitch.value().empty()) << "never the photo of another man";
+  EXPECT_TRUE(game.state.img_HomePitch.value().empty()) << "never the photo of another player";
 }
 
 TEST(Program, GoesOnUnchangedAfterANo) {

@@ -77,7 +77,7 @@ class BrowserTest : public DatabaseTest {
       for (int row = 1; row <= 6; ++row) {
         table.Put(side, row, {{kBatter, names[Draw(3) + row - 1]}, {kPlayed, "1"}});
         for (int column = kStrikeouts; column <= kAtBats; ++column) {
-          // The third man never bats.
+          // The third player never bats.
           table.Put(side, row, {{column, row == 3 ? "" : Counter(4)}});
         }
       }

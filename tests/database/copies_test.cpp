@@ -47,8 +47,7 @@ TEST_F(CopiesTest, ComesBackAfterAPurge) {
   PurgeAll(browser.platform, kBrowserTitle);
   PurgeAll(browser.platform, kBrowserTitle);
   EXPECT_EQ(desk.told.back(),
-            "Delete of all statistics is complete.\n\n\"Restore a copy...\" on the tab "
-            "\"Linescores\" gets it back, from the copy of 2026-11-19 10:02:13 (2).");
+            "Delete of all statistics is complete.\n\n\"Restore a copy...\" on the tab \"Linescores\" brings it back from the copy of 2026-11-19 10:02:13 (2).");
   EXPECT_EQ(Counts(), "0 0 0 0 0 ");
 
   CopiesState shown;
@@ -230,11 +229,11 @@ TEST_F(CopiesTest, CopiesAreLookedThrough) {
   CopiesState shown;
   CopiesDesk copiesDesk{shown, ports};
   ListCopies(copiesDesk);
-  EXPECT_EQ(shown.lbl_Changes.value(), "All is the same as in the database.");
+  EXPECT_EQ(shown.lbl_Changes.value(), "Identical to the database.");
   Execute("DELETE FROM Batting; UPDATE Pitching SET IP = 7");
   SelectCopy(copiesDesk, 1);
   EXPECT_EQ(shown.lbl_Changes.value(),
-            "The line scores are of the same games as in the database. In the tables batting: 2 "
+            "The same games as in the database. In the tables batting: 2 "
             "rows instead of 0; pitching: other figures.");
 
   // Two newer ones: one lacks a table, of the other a page is torn.
@@ -251,8 +250,8 @@ TEST_F(CopiesTest, CopiesAreLookedThrough) {
   desk.answer = "Restore";
   OpenBrowser(browser);
   const std::string offer = desk.told.at(desk.told.size() - 2);
-  EXPECT_NE(offer.find("The newest whole copy is the copy of 2026-11-20 00:00:00, with 1 game.\n\n"
-                       "Passed over: the copy of 2026-11-22 00:00:00. "),
+  EXPECT_NE(offer.find("The newest undamaged copy is the copy of 2026-11-20 00:00:00, with 1 game.\n\n"
+                       "Skipped: the copy of 2026-11-22 00:00:00. "),
             std::string::npos)
       << offer;
   EXPECT_NE(offer.find("has no table \"Matchups\"."), std::string::npos) << offer;
@@ -302,7 +301,7 @@ TEST_F(CopiesTest, LinksAndFilesThatComeBack) {
   desk.answer = "Restore";
   desk.whileAsked = [&] { std::ofstream(file, std::ios::binary) << sound; };
   OpenBrowser(browser);
-  EXPECT_NE(desk.told.back().find("there again, and sound"), std::string::npos) << desk.told.back();
+  EXPECT_NE(desk.told.back().find("is back and undamaged"), std::string::npos) << desk.told.back();
   EXPECT_EQ(ReadAll(file), sound);
 
   std::ofstream(file, std::ios::binary) << std::string(5000, 'x');
@@ -318,7 +317,7 @@ TEST_F(CopiesTest, AGameSavedTwiceIsPointedOut) {
   Execute("UPDATE Batting SET Batter = 'Al' WHERE rowid = 1");
   OpenBrowser(browser);
   FindGameSavedTwice(browser);
-  EXPECT_EQ(state.lbl_Twice.value(), "") << "another man batted";
+  EXPECT_EQ(state.lbl_Twice.value(), "") << "another player batted";
   Execute("UPDATE Batting SET Batter = 'Joe'");
   FindGameSavedTwice(browser);
   EXPECT_EQ(state.lbl_Twice.value(),

@@ -21,7 +21,7 @@ void Step() {
 
 }  // namespace
 
-// The two calls that the engine does not make itself.
+// The two calls that SQLite does not make itself.
 extern "C" int rename(const char* from, const char* to) noexcept {
   Step();
   return renameat(AT_FDCWD, from, AT_FDCWD, to);

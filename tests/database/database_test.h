@@ -130,7 +130,7 @@ inline Strings ColumnOf(const StatGrid& grid, int column) {
   return texts;
 }
 
-// One run of the program: a board with two teams of a man or more, ready to be saved.
+// One run of the program: a board with two teams of a player or more, ready to be saved.
 struct Table {
   Table(Platform& platform, const std::string& visitors, const std::string& home)
       : board{state, sheet, log, platform} {

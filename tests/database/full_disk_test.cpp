@@ -43,12 +43,12 @@ class FullDiskOfTheDatabase : public CopiesTest {
     CopiesDesk copiesDesk{shown, ports};
     ListCopies(copiesDesk);
     BringBackSelected(copiesDesk);
-    return "In place is the copy of ";
+    return "The database is now the copy of ";
   }
   std::string Renew() {
     std::ofstream(file, std::ios::binary) << std::string(5000, 'x');
     OpenBrowser(browser);
-    return "In place is the copy of ";
+    return "The database is now the copy of ";
   }
   std::string MakePages() {
     WriteSeasonPages(browser.platform, kBrowserTitle);

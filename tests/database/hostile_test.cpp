@@ -387,7 +387,7 @@ void HostileDatabase::Use() {
   const auto before = Look();
   const Files copiesBefore = Copies();
   const unsigned use = Below(8);
-  const char* done = "In place is the copy";
+  const char* done = "The database is now the copy";
   try {
     switch (use) {
       case 0:
@@ -420,7 +420,7 @@ void HostileDatabase::Use() {
   }
   const auto after = Look();
   const std::string told = " in " + std::to_string(use) + " " + testing::PrintToString(desk.told);
-  const bool renewed = Told("In place is the copy") || Told("An empty database is in place.");
+  const bool renewed = Told("The database is now the copy") || Told("An empty database is in place.");
   if (before && !Told(done) && !renewed) {
     EXPECT_TRUE(after == before) << "rows are lost or new" << told;
   }

@@ -78,12 +78,12 @@ TEST_F(OldDatabaseTest, AllOfItIsTakenOver) {
                                     std::pair{"jet4-2003.mdb", "DTB (Jet) (3).mdb"}}) {
     const std::string bytes = ReadAll(kJetFiles / name);
     PutOld(bytes);
-    desk.answer = "Take it over";
+    desk.answer = "Import it";
     desk.told.clear();
     OpenBrowser(browser);
     ASSERT_EQ(desk.told.size(), 2U) << testing::PrintToString(desk.told);
     EXPECT_NE(
-        desk.told[0].find("an old one of the Jet format.\n\nIt holds 3 games, in rows: batting "
+        desk.told[0].find("an old one, in the Jet format.\n\nIt holds 3 games, in rows: batting "
                           "42, pitching 20, line scores 6, wins and losses 6, matchups 3."),
         std::string::npos)
         << desk.told[0];
@@ -101,7 +101,7 @@ TEST_F(OldDatabaseTest, ASaveGoesOnBehindIt) {
   EXPECT_TRUE(table.sheet.Command2_enabled.value());
   EXPECT_EQ(ReadAll(file), bytes) << "left";
   EXPECT_EQ(Names(), Strings{"DTB.mdb"});
-  desk.answer = "Take it over";
+  desk.answer = "Import it";
   SaveGame(table.board);
   EXPECT_EQ(desk.told.back(), "Data successfully recorded");
   EXPECT_EQ(Count("Matchups"), "4");
@@ -194,12 +194,12 @@ TEST_F(OldDatabaseTest, ToldAndLeft) {
       {with(Plain({"WinLoss", {"Team", "Win", "Loss"}}, JetColumn::Date, 0)), ""},
       {with(text), "row 1, a number belongs where a text stands"},
       {with(fewer), "has 5 rows, of which 2 can be found"},
-      {with(half), "the column \"Team\" has letters that make no sense."},
+      {with(half), "the column \"Team\" has text that cannot be decoded."},
   };
   for (const auto& [bytes, reason] : cases) {
     PutOld(bytes);
     desk.told.clear();
-    desk.answer = *reason == '\0' ? "Leave it" : "Take it over";
+    desk.answer = *reason == '\0' ? "Leave it" : "Import it";
     OpenBrowser(browser);
     std::string told;
     for (const std::string& box : desk.told) told += box + '\n';

@@ -54,7 +54,8 @@ class RealGamesTest : public DatabaseTest {
       Read(game + "/expected.txt");
       ++games;
     }
-    // Reserves who never stood on the first piece have no row; men who never batted show nothing.
+    // Reserves who never stood on the first piece have no row; players who never batted show
+    // nothing.
     Execute("DELETE FROM Batting WHERE ifnull(AB, BB) IS NULL");
     const Strings stored = Stored("SELECT Batter FROM Batting");
     std::erase_if(men, [&stored](const Man& man) {

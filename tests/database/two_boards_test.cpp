@@ -99,7 +99,7 @@ class InTurns : public TwoBoards {
   void LoseTheFile();
   // A copy came in the place of a database that was lost.
   void HearOfRenewal(const OneBoard& board) {
-    if (board.Told("In place is the copy of ")) model_ = newest_;
+    if (board.Told("The database is now the copy of ")) model_ = newest_;
     if (board.Told("An empty database is in place.")) model_.clear();
   }
 
@@ -157,7 +157,7 @@ void InTurns::BringBack(OneBoard& board) {
   const auto copy = board.copies.OpenCopy(name);
   const Games games = GamesOf(*copy);
   BringBackSelected(copiesDesk);
-  if (board.Told("In place is the copy of ")) model_ = games;
+  if (board.Told("The database is now the copy of ")) model_ = games;
 }
 
 void InTurns::LoseTheFile() {

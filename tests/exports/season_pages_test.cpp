@@ -149,7 +149,7 @@ TEST_F(SeasonTest, FiguresAreThoseOfTheRows) {
     EXPECT_EQ(seen, int(courses.at(team).size()));
   }
   EXPECT_EQ(OutingText(BattingTotals{1, 5, 2, 0, 0, 1, 3, 0, 0, 4}), "2 for 5, 1 HR, 3 RBI, 4 SB");
-  // Fifteen at-bats of one man in one game qualify nobody whose team has played more.
+  // Fifteen at-bats of one player in one game qualify nobody whose team has played more.
   std::vector<double> averages;
   for (const SeasonPlayer& man : season.players) {
     const Row sum = Sum(man.name, season.teams[man.team].name);
@@ -214,7 +214,7 @@ TEST_F(SeasonTest, PagesAreValidAndTheirLinksLead) {
       std::to_string(1 + 5 + 15 + 12 + MonthMarks(ReadSeasonFigures(ports.database)).size());
   EXPECT_TRUE(lines.contains("pages " + count)) << page.front();
   EXPECT_NE(desk.told.at(0).find(count + " pages"), std::string::npos) << desk.told.at(0);
-  // Each game's page has both lines of the score and all men.
+  // Each game's page has both lines of the score and all players.
   for (const Game& game : games) {
     for (std::size_t side = 0; side < 2; ++side) {
       const std::string runs = std::to_string(game.runs.at(side));

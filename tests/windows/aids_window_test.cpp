@@ -76,7 +76,7 @@ TEST_F(AidsWindowTest, NumberDiceComeWithTheirKeysAndFollowTheMouse) {
     const QPoint corner = dragged->mapTo(&form1(), QPoint(3, 3));
     QTest::mousePress(form1().windowHandle(), Qt::LeftButton, keys, corner);
     EXPECT_EQ(dragged->pos(), before) << "a press alone moves nothing";
-    // The toolkit's own helper cannot move with a button held.
+    // Qt's own helper cannot move with a button held.
     QMouseEvent move(QEvent::MouseMove, QPointF(30, 20), dragged->mapToGlobal(QPointF(30, 20)),
                      Qt::NoButton, Qt::LeftButton, keys);
     QApplication::sendEvent(dragged, &move);

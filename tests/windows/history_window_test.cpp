@@ -150,7 +150,7 @@ TEST_F(HistoryWindowTest, AnUnwantedGameAndADamagedOneAreKeptAside) {
   const auto messages = AnswerBoxes({Qt::Key_N, Qt::Key_Return});
   StartAnew();
   EXPECT_TRUE(board().state.List1.empty());
-  EXPECT_TRUE(messages->value(1).contains("\"Take up a game set aside...\""));
+  EXPECT_TRUE(messages->value(1).contains("\"Resume a game set aside...\""));
   EXPECT_EQ(Beside("DTB_v102.game.2*Ants at Bees").size(), 1);
   EXPECT_FALSE(QFile::exists(Game())) << "it would be offered again";
   desk_.reset();

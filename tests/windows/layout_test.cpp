@@ -214,7 +214,7 @@ TEST_F(LayoutTest, PanelsDoNotCoverEachOther) {
   }
 }
 
-// Counts the work that the toolkit does for the windows.
+// Counts the work that Qt does for the windows.
 class WorkCounter : public QObject {
  public:
   WorkCounter() { qApp->installEventFilter(this); }

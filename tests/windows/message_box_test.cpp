@@ -140,7 +140,7 @@ TEST_F(MessageBoxTest, ExitAnsweredNoKeepsTheGame) {
   EXPECT_TRUE(form1().close());
 }
 
-// The screens of the usual sizes and scale factors, in units of the toolkit, less a title bar.
+// The screens of the usual sizes and scale factors, in units of Qt, less a title bar.
 const std::vector<QSize> kBoards{{705, 429},  {853, 440},   {911, 472},  {1280, 680},
                                  {1366, 728}, {1920, 1040}, {2560, 1400}};
 
@@ -205,7 +205,7 @@ TEST_F(MessageBoxTest, EveryMessageShowsItsWholeText) {
 // What happens while a confirmation closes is told in words of its own.
 TEST_F(MessageBoxTest, ErrorWhileAConfirmationClosesIsTold) {
 #ifdef __SANITIZE_ADDRESS__
-  // The toolkit's own code is not made for errors that pass through it, and forgets a few bytes.
+  // Qt's own code is not made for errors that pass through it, and forgets a few bytes.
   const __lsan::ScopedDisabler forgetful;
 #endif
   struct Thrower : QWidget {

@@ -73,7 +73,7 @@ class Monkey : public Driver {
     files_ += {files_[0], files_[0], PathOfFile(table.folder.filePath("Missing.txt")),
                PathOfFile(table.folder.path()), std::nullopt};
     SaveSeason(PathOfFile(table.folder.filePath("DTB.mdb")));
-    // Some men have photos.
+    // Some players have photos.
     for (const char* photo : {"Ann.jpg", "Cyd.jpg", "Name.jpg"}) {
       QFile::copy(table.folder.filePath("Logos/VisLogo.jpg"), table.folder.filePath(photo));
     }

@@ -38,7 +38,7 @@ class WindowTest : public testing::Test {
 
   void TearDown() override { waiting_.reset(); }
 
-  // Two teams of twelve, both pitchers, the visitors at bat with their first man.
+  // Two teams of twelve, both pitchers, the visitors at bat with their first player.
   void StartGame() {
     for (const auto& [side, name] : {std::pair{Side::Visitors, "Ants"}, {Side::Home, "Bees"}}) {
       QByteArray lines;

@@ -22,8 +22,8 @@ icu::StringPiece PieceOf(std::string_view text) {
   return {text.data(), static_cast<std::int32_t>(text.size())};
 }
 
-// The library's order of names, and the places of the plain characters in it: most names differ in
-// one of those, and are compared without the library.
+// ICU's order of names, and the places of the plain characters in it: most names differ in
+// one of those, and are compared without ICU.
 class NameOrder {
  public:
   NameOrder() {
@@ -35,7 +35,7 @@ class NameOrder {
     for (std::size_t i = 0; i < ordered.size(); ++i) ordered[i] = static_cast<char>(i);
     const auto before = [this](char a, char b) { return Slowly({&a, 1}, {&b, 1}) < 0; };
     std::ranges::sort(ordered, before);
-    // What the library looks through, such as control codes, keeps place 0.
+    // What ICU looks through, such as control codes, keeps place 0.
     for (std::size_t i = 1; i < ordered.size(); ++i) {
       const auto index = [](char letter) { return static_cast<unsigned char>(letter); };
       const std::uint8_t last = place_[index(ordered[i - 1])];
@@ -58,7 +58,7 @@ class NameOrder {
   }
 
  private:
-  // 0: the library knows.
+  // 0: ICU knows.
   [[nodiscard]] int PlaceOf(char character) const {
     const auto byte = static_cast<unsigned char>(character);
     return byte < kAsciiCharacters ? place_[byte] : 0;
@@ -75,7 +75,7 @@ class NameOrder {
 
 std::string Decoded(std::string_view bytes, const char* encoding) {
   const icu::UnicodeString text(bytes.data(), static_cast<std::int32_t>(bytes.size()), encoding);
-  // Only for want of memory: the encodings are parts of the library.
+  // Only for want of memory: the encodings are parts of ICU.
   if (text.isBogus() != 0) throw std::bad_alloc();
   std::string decoded;
   return text.toUTF8String(decoded);

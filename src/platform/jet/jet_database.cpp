@@ -178,10 +178,10 @@ OldContents ImportJet(const fs::path& old, const fs::path& made) {
   std::error_code error;
   if (!fs::exists(old, error)) refuse(error_number::kFileNotFound, old, "is missing.");
   if (!IsOfJetFormat(old)) {
-    refuse(error_number::kInvalidFileFormat, old, "is no database of the Jet format.");
+    refuse(error_number::kInvalidFileFormat, old, "is not a database in the Jet format.");
   }
   if (fs::exists(fs::symlink_status(made, error))) {
-    refuse(error_number::kPathOrFileAccess, made, "stands already, and is left as it is.");
+    refuse(error_number::kPathOrFileAccess, made, "exists already and was not changed.");
   }
   OldContents contents;
   try {
@@ -191,7 +191,7 @@ OldContents ImportJet(const fs::path& old, const fs::path& made) {
   } catch (const DatabaseOutOfReach&) {
     throw;  // says itself which file cannot be written
   } catch (const ProgramError& fault) {
-    refuse(fault.number(), old, "cannot be taken over: " + std::string(fault.what()));
+    refuse(fault.number(), old, "cannot be imported: " + std::string(fault.what()));
   }
   return contents;
 }

@@ -30,7 +30,7 @@ struct RowsHeard {
 
 // Reads all tables by a process of its own, which may die or be lost without harm: one that says
 // nothing for so long, or more than the file can hold, is ended. Throws ProgramError, in words that
-// complete "It cannot be taken over: ".
+// complete "It cannot be imported: ".
 inline constexpr int kLongestSilence = 15000;  // milliseconds
 void ReadRows(const std::filesystem::path& file, const RowsHeard& heard,
               int longestSilence = kLongestSilence);

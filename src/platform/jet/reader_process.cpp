@@ -60,7 +60,7 @@ ReaderProcess::ReaderProcess(const fs::path& file) {
   posix_spawn_file_actions_adddup2(&its.actions, ends[1], STDOUT_FILENO);
   posix_spawn_file_actions_addopen(&its.actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
   std::array<char*, 3> arguments{program.data(), name.data(), nullptr};
-  // The library follows variables of the environment, which are none of a game's.
+  // libmdb follows variables of the environment, which are none of a game's.
   std::array<char*, 1> environment{nullptr};
   const int code = posix_spawn(&process_, program.c_str(), &its.actions, nullptr, arguments.data(),
                                environment.data());
@@ -83,7 +83,7 @@ bool ReaderProcess::Hear(std::string& bytes, int longestSilence) {
   while (ready < 0 && errno == EINTR) ready = poll(&its, 1, longestSilence);
   if (ready == 0) {
     throw ProgramError(error_number::kInvalidFileFormat,
-                       "the file is damaged: reading it comes to no end.");
+                       "the file is damaged: reading it does not end.");
   }
   std::array<char, 1U << 16U> block{};
   ssize_t size = read(output_, block.data(), block.size());

@@ -129,12 +129,12 @@ void ThrowWriteFault(const std::string& kind, const fs::path& file, int fault) {
                          named + ": you may not write to its folder.");
     case ENOENT:
     case ENOTDIR:
-      throw ProgramError(error_number::kPathOrFileAccess, named + ": its folder is not there.");
+      throw ProgramError(error_number::kPathOrFileAccess, named + ": its folder does not exist.");
     case EISDIR:
       throw ProgramError(error_number::kPathOrFileAccess, named + ": a folder has its name.");
     case ENODEV:
       throw ProgramError(error_number::kPathOrFileAccess,
-                         named + ": what has its name is no file, but a pipe or a device.");
+                         named + ": a pipe or a device has its name.");
     case ENAMETOOLONG:
       throw ProgramError(error_number::kPathOrFileAccess, named + ": its name is too long.");
     default:

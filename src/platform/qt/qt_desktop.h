@@ -44,7 +44,7 @@ class QtClock : public Clock {
 // "11/24/2026 8:05:31 PM": the short date, with all digits of the year, and the time with seconds.
 [[nodiscard]] QString StandardText(const QDateTime& time, const QLocale& locale);
 
-// "Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*" in the toolkit's form: "Text (*.txt);;Csv (*.csv*)".
+// "Text (*.txt)|*.txt|Csv (*.csv*)|*.csv*" in Qt's form: "Text (*.txt);;Csv (*.csv*)".
 [[nodiscard]] QString ToolkitFilter(const std::string& filter);
 
 }  // namespace dtb

@@ -99,20 +99,20 @@ QImage DecodedWhole(const QString& file) {
 QString WhyNoPicture(const QString& file) {
   const QString named = QLatin1Char('"') + file + QStringLiteral("\" ");
   const QFileInfo info(file);
-  if (!info.exists()) return named + QStringLiteral("is not there.");
-  if (!info.isFile()) return named + QStringLiteral("is no file.");
-  if (!info.isReadable()) return named + QStringLiteral("may not be read.");
+  if (!info.exists()) return named + QStringLiteral("does not exist.");
+  if (!info.isFile()) return named + QStringLiteral("is not a file.");
+  if (!info.isReadable()) return named + QStringLiteral("cannot be read: you lack permission.");
   if (info.size() > kLargestFile) {
-    return named + QStringLiteral("is larger than 512 MiB, the most that a picture may have.");
+    return named + QStringLiteral("is larger than 512 MiB, the limit for a picture.");
   }
   if (!IsPhotoFormat(QImageReader::imageFormat(file))) {
     return named + QStringLiteral(
-                       "is no picture that can be shown: JPEG, PNG, GIF, BMP, WebP and TIFF can.");
+                       "is not a picture in a format that can be shown: JPEG, PNG, GIF, BMP, WebP or TIFF.");
   }
   QImageReader reader;
   static_cast<void>(Begin(reader, FromQt(file)));
   if (const QSize size = reader.size(); HasTooManyPixels(size)) {
-    return named + QStringLiteral("has %1 x %2 pixels; 100 million are the most.")
+    return named + QStringLiteral("has %1 x %2 pixels; the limit is 100 million.")
                        .arg(size.width())
                        .arg(size.height());
   }

@@ -1,4 +1,4 @@
-// Sounds through the toolkit's multimedia library.
+// Sounds through Qt's multimedia library.
 #pragma once
 
 #include <memory>

@@ -1,4 +1,4 @@
-// The logic's UTF-8 text and the toolkit's.
+// The logic's UTF-8 text and Qt's.
 #pragma once
 
 #include <QString>

@@ -71,14 +71,14 @@ void RequireFile(const std::filesystem::path& file) {
   if (!std::filesystem::is_regular_file(status)) {
     OutOfReach(error_number::kPathOrFileAccess, file, "cannot be opened: it is not a file.");
   }
-  // The engine would take an empty file for an empty database.
+  // SQLite would take an empty file for an empty database.
   if (std::filesystem::file_size(file, error) == 0 && !error) {
     OutOfReach(error_number::kInvalidFileFormat, file, "is empty: there is no database in it.");
   }
 }
 
 struct Complaint {
-  int code;  // the engine's
+  int code;  // SQLite's
   int number;
   const char* text;
 };
@@ -86,7 +86,7 @@ struct Complaint {
 constexpr std::array<Complaint, 9> kComplaints{{
     {SQLITE_BUSY, error_number::kPermissionDenied, "is in use by another program."},
     {SQLITE_LOCKED, error_number::kPermissionDenied, "is in use by another program."},
-    {SQLITE_PERM, error_number::kPermissionDenied, "may not be opened by you."},
+    {SQLITE_PERM, error_number::kPermissionDenied, "cannot be opened: you lack permission."},
     {SQLITE_READONLY, error_number::kPathOrFileAccess,
      "can only be read: the file or its folder is write-protected."},
     {SQLITE_CANTOPEN, error_number::kPathOrFileAccess,
@@ -102,7 +102,7 @@ constexpr std::array<Complaint, 9> kComplaints{{
 [[noreturn]] void Throw(int code, const std::string& message, const std::filesystem::path& file) {
   constexpr int kPrimaryCode = 0xFF;
   if ((code & kPrimaryCode) == SQLITE_NOTADB && IsOfJetFormat(file)) {
-    OutOfReach(error_number::kInvalidFileFormat, file, "is an old one of the Jet format.");
+    OutOfReach(error_number::kInvalidFileFormat, file, "is an old one, in the Jet format.");
   }
   for (const Complaint& complaint : kComplaints) {
     if ((code & kPrimaryCode) == complaint.code) {
@@ -132,7 +132,7 @@ std::string Named(const std::filesystem::path& file) {
 SQLite::Database Open(const std::filesystem::path& file, std::chrono::milliseconds longestWait) {
   RequireFile(file);
   try {
-    // One thread uses a connection, so the engine need not lock it for each value that is read.
+    // One thread uses a connection, so SQLite need not lock it for each value that is read.
     SQLite::Database database(TextOf(file), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
                               static_cast<int>(longestWait.count()));
     for (const int arguments : {2, 3}) {

@@ -200,7 +200,7 @@ fs::path FreePath(const fs::path& folder, const std::string& name) {
 }
 
 // Gives a file a second name, so that the first one can be taken over in one step. Where the disk
-// knows no second names, the file gets another one. What the engine was about to take back in the
+// knows no second names, the file gets another one. What SQLite was about to take back in the
 // old file goes with it: in the new one it must not be taken back.
 void SetAside(const fs::path& file, const fs::path& aside) {
   std::error_code error;
@@ -351,7 +351,7 @@ std::string SqliteCopies::Renew(const std::optional<std::string>& copy,
 void SqliteCopies::RequireLost() {
   if (Examine() != DatabaseHealth::Sound) return;
   throw ProgramError(error_number::kPermissionDenied,
-                     sqlite::Named(file_) + " is there again, and sound.");
+                     sqlite::Named(file_) + " is back and undamaged.");
 }
 
 std::string PutNewDatabase(const fs::path& file, const std::string& asideName,

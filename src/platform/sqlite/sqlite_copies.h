@@ -1,4 +1,4 @@
-// Copies of the database's file, made by the engine's own backup.
+// Copies of the database's file, made by SQLite's own backup.
 #pragma once
 
 #include <chrono>

@@ -23,7 +23,7 @@ std::string InsertInto(const TableColumns& table) {
          marks + ")";
 }
 
-// The engine names the check that a row failed, and the checks are named after their columns.
+// SQLite names the check that a row failed, and the checks are named after their columns.
 std::string Refusal(const SQLite::Exception& fault, const std::string& table,
                     const std::vector<ColumnText>& row) {
   const std::string_view message = fault.what();

@@ -36,7 +36,7 @@ class XlsxWriter : public WorkbookWriter {
     std::string folderText = folder.empty() ? "." : folder;
     lxw_workbook_options options{};
     options.constant_memory = LXW_TRUE;
-    options.tmpdir = folderText.data();  // copied by the library
+    options.tmpdir = folderText.data();  // copied by libxlsxwriter
     workbook_ = workbook_new_opt(TextOf(beside_.path()).c_str(), &options);
     if (workbook_ == nullptr) throw std::bad_alloc();
   }
@@ -112,7 +112,7 @@ class XlsxWriter : public WorkbookWriter {
 
   bool Finish(const std::function<bool()>& meanwhile) override {
     FlushSheet();
-    // The library packs in one long call, which would keep the window from being painted.
+    // libxlsxwriter packs in one long call, which would keep the window from being painted.
     auto packing = std::async(std::launch::async, [this] { Pack(); });
     bool wanted = true;
     do {  // once at least, so that no machine is too quick to be told "Cancel"
@@ -132,7 +132,7 @@ class XlsxWriter : public WorkbookWriter {
     }
   }
 
-  // The library does not look whether the rows of a sheet reached the disk.
+  // libxlsxwriter does not look whether the rows of a sheet reached the disk.
   void FlushSheet() {
     if (sheet_ == nullptr) return;
     errno = 0;
@@ -144,8 +144,8 @@ class XlsxWriter : public WorkbookWriter {
     sheet_ = nullptr;
   }
 
-  // The library closes them only when it packs. They have no names, so the disk would hold them for
-  // as long as the program runs.
+  // libxlsxwriter closes them only when it packs. They have no names, so the disk would hold them
+  // for as long as the program runs.
   void CloseRowFiles() {
     lxw_worksheet* sheet = nullptr;
     STAILQ_FOREACH(sheet, workbook_->worksheets, list_pointers) {
@@ -164,12 +164,12 @@ class XlsxWriter : public WorkbookWriter {
   }
 
   std::filesystem::path file_;
-  FileBeside beside_;  // made at once: the library tells of a bad place only at the end
+  FileBeside beside_;  // made at once: libxlsxwriter tells of a bad place only at the end
   lxw_workbook* workbook_ = nullptr;
   lxw_worksheet* sheet_ = nullptr;
   std::vector<lxw_format*> formats_;
   std::vector<std::uint64_t> sheetSizes_;  // bytes of the rows of each finished sheet
-  double typeSize_ = 0;                    // 0: the library's own
+  double typeSize_ = 0;                    // 0: libxlsxwriter's own
   std::size_t shortened_ = 0;
 };
 

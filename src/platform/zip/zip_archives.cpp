@@ -207,7 +207,7 @@ class FolderArchive : public Archive {
     }
     if (fault) {
       Refuse(error_number::kPermissionDenied, TextOf(folder_),
-             " is a folder that may not be read.");
+             " is a folder that cannot be read: you lack permission.");
     }
     std::ranges::sort(files_, {}, &ArchivedFile::name);
     return true;
@@ -218,7 +218,7 @@ class FolderArchive : public Archive {
   bool Read(std::size_t file, std::string& bytes, const GoOn& goOn) override {
     const ArchivedFile& wanted = files_.at(file);
     std::ifstream stream(folder_ / PathOf(wanted.name), std::ios::binary);
-    if (!stream) Refuse(error_number::kPermissionDenied, wanted.name, " may not be read.");
+    if (!stream) Refuse(error_number::kPermissionDenied, wanted.name, " cannot be read: you lack permission.");
     return ReadPieces(bytes, wanted, read_, goOn, [&](char* to, std::size_t most) {
       stream.read(to, static_cast<std::streamsize>(most));
       if (stream.bad()) Refuse(error_number::kDeviceFault, wanted.name, " could not be read.");
@@ -246,7 +246,7 @@ std::unique_ptr<Archive> ZipArchives::OpenArchive(const std::filesystem::path& z
   if (!std::filesystem::exists(status)) {
     const bool denied = fault == std::errc::permission_denied;
     Refuse(denied ? error_number::kPermissionDenied : error_number::kFileNotFound,
-           TextOf(zipOrFolder), denied ? " may not be read." : " does not exist.");
+           TextOf(zipOrFolder), denied ? " cannot be read: you lack permission." : " does not exist.");
   }
   if (!std::filesystem::is_regular_file(status)) {
     Refuse(error_number::kPathOrFileAccess, TextOf(zipOrFolder),

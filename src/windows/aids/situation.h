@@ -7,8 +7,8 @@
 
 namespace dtb {
 
-// Inning, outs and score, the batter and the pitcher with what is remarked of them, and the men on
-// the game pieces, as they are when it is made; for type of this scale.
+// Inning, outs and score, the batter and the pitcher with what is remarked of them, and the players
+// on the game pieces, as they are when it is made; for type of this scale.
 [[nodiscard]] QWidget* MakeSituation(Board& board, double scale, QWidget* parent);
 
 // "Top of the 7th, 1 out"; while nobody is at bat, that.

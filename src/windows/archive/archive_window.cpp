@@ -184,7 +184,7 @@ void ArchiveWindow::BuildForms(QVBoxLayout* whole) {
     strip->addWidget(MakeCaption(QLatin1String(caption), nullptr));
     auto* edit = new QLineEdit;
     Name(edit, name, QLatin1String("Remark of ") + QLatin1String(caption).toString().toLower());
-    edit->setToolTip(ToQt("What stands behind \"=\". Words: " + archive::KnownWords(asPitcher)));
+    edit->setToolTip(ToQt("The remark after \"=\". Words: " + archive::KnownWords(asPitcher)));
     BindText(edit, form);
     connect(edit, &QLineEdit::textEdited, this, [this] { archive::ChangeForms(desk_); });
     strip->addWidget(edit, 1);

@@ -52,7 +52,7 @@ BoardWindow::BoardWindow(Board& board, Aids& aids, QtPictures& pictures)
   log_ = new LogWindow(board.log, this);
   form2_ = new SheetWindow(board, pictures, this);
   form2_->addActions({edit_->undo(), edit_->redo()});
-  // Else the toolkit would give the focus to the first button, and an Enter would press it.
+  // Else Qt would give the focus to the first button, and an Enter would press it.
   park_->setFocus(Qt::OtherFocusReason);
   setMinimumSize(qRound(kSceneWidth * kSmallestScale), qRound(kSceneHeight * kSmallestScale));
   // What the focus leaves without a successor, the park takes: nothing is pressed by surprise

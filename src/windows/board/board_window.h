@@ -32,7 +32,7 @@ class BoardWindow : public QMainWindow {
   BoardWindow(const BoardWindow&) = delete;
   BoardWindow& operator=(const BoardWindow&) = delete;
 
-  // Adds the entry "Take up a game set aside..." to the menu "Edit".
+  // Adds the entry "Resume a game set aside..." to the menu "Edit".
   void AddTakeUp(const std::function<void()>& operation);
 
   [[nodiscard]] QTimer& constantTimer() { return tmr_Constant_; }

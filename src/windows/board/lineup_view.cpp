@@ -41,7 +41,7 @@ int ChipWidth(const QFont& names, const QString& note) {
   return metrics.horizontalAdvance(note) + metrics.height() + 6;
 }
 
-// Draws place in the order, entry, and the line under the ninth man.
+// Draws place in the order, entry, and the line under the ninth player.
 class EntryDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;

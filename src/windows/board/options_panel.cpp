@@ -110,23 +110,22 @@ void OptionsPanel::BuildChecks() {
   auto* tracker = add("cb_BaseTracker", "SHOW BASE TRACKER", 0, board_.state.cb_BaseTracker, 16,
                       [this] { ToggleBaseTracker(board_); });
   add("chk_Ctrls", "HIDE CONTROLS", 1, board_.state.chk_Ctrls)
-      ->setToolTip(QStringLiteral("Hides the labels of the outcomes; their keys go on working"));
+      ->setToolTip(QStringLiteral("Hides the outcome labels; their keys still work"));
   // People know this box by its tool-tip, odd as that is.
   add("Check4", "SHOW DICE ROLLER", 2, aids_.state.Check4)
       ->setToolTip(QStringLiteral("Show extended boxscore"));
   add("cb_MuteDice", "MUTE DICE", 3, aids_.state.cb_MuteDice)
-      ->setToolTip(QStringLiteral("The dice roll without a sound"));
+      ->setToolTip(QStringLiteral("Rolls the dice without a sound"));
   auto* quick = add("cb_QuickBoxes", "QUICK BOXES", 2, aids_.state.cb_QuickBoxes, kRightColumn,
                     [this] { QuickBoxesClicked(aids_); });
   quick->setToolTip(
-      QStringLiteral("What was recorded shows at the foot of the board for a moment, and no box "
-                     "waits to be closed"));
+      QStringLiteral("Shows what was recorded at the foot of the board for a moment, without a box to close"));
   auto* crowd =
       add("cb_Crowd", "CROWD NOISE", 4, aids_.state.cb_Crowd, 16, [this] { CrowdClicked(aids_); });
   auto* parks = add("cb_RandParks", "RANDOM BALLPARKS", 3, aids_.state.cb_RandParks, kRightColumn);
-  tracker->setToolTip(QStringLiteral("A small diamond on which you note who stands where"));
-  crowd->setToolTip(QStringLiteral("The crowd murmurs until you turn it off"));
-  parks->setToolTip(QStringLiteral("BALLPARKS then draws one of the pictures of the same folder"));
+  tracker->setToolTip(QStringLiteral("A small diamond on which you note who is where"));
+  crowd->setToolTip(QStringLiteral("Plays crowd noise until you turn it off"));
+  parks->setToolTip(QStringLiteral("BALLPARKS then picks a random picture from the same folder"));
   BindVisible(parks, aids_.state.cb_RandParks_visible);
 }
 

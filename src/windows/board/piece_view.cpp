@@ -139,7 +139,7 @@ void PieceView::ShowPlate() {
   plate_->SetName({}, name);
   const QString tag = ToQt(Piece().tag.value()).left(400);
   const bool taken = !Piece().free();
-  // A photo has its man's name as well.
+  // A photo has its player's name as well.
   photoName_->setVisible(taken && name.isEmpty() && !tag.isEmpty());
   photoName_->SetName({}, tag);
   shadow_->setVisible(taken);
@@ -167,7 +167,7 @@ void PieceView::paintEvent(QPaintEvent* /*event*/) {
   painter.drawRect(QRectF(rect()).adjusted(1, 1, -1, -1));
 }
 
-// A man without a photo is told from the next by more than his small plate.
+// A player without a photo is told from the next by more than his small plate.
 void PieceView::DrawInitials(QPainter& painter) {
   const QString name = ToQt(Piece().plate.value()).left(400).simplified();
   QString initials;

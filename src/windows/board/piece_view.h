@@ -18,8 +18,8 @@ class PieceShadow : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 };
 
-// One game piece: photo or box with initials, and the man's name; a free one is an outline. It is
-// dragged with the left button, taken off by a double click, and moved by the arrow keys.
+// One game piece: photo or box with initials, and the player's name; a free one is an outline. It
+// is dragged with the left button, taken off by a double click, and moved by the arrow keys.
 class PieceView : public QAbstractButton {
   Q_OBJECT
  public:

@@ -10,8 +10,8 @@
 
 namespace dtb {
 
-// A player of the bench is let go on the piece of the man for whom he comes in. Beside the pointer
-// stands what would come of it.
+// A reserve is let go on the piece of the player for whom he comes in. Beside the
+// pointer stands what would come of it.
 class RunnerDrag {
  public:
   RunnerDrag(Board& board, Side side, QWidget* list);

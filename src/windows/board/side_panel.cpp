@@ -171,7 +171,7 @@ void SidePanel::BuildButtons() {
   auto* edit = new QCheckBox(QStringLiteral("EDIT"), this);
   Name(edit, names.edit, ForTeam("EDIT", side_));
   edit->setToolTip(
-      QStringLiteral("While it is on, rows are dragged and replaced, and none names a batter"));
+      QStringLiteral("While it is on, you can drag and replace rows, and a click names no batter"));
   PutMirrored(edit, {220, 350, 88, 32}, kBody);
   BindCheck(edit, fields.edit);
 
@@ -215,7 +215,7 @@ void SidePanel::BuildAtBat() {
   connect(&next_, &NextStep::changed, atBat, showHint);
 }
 
-// In the field: the man to whom the pitcher pitches.
+// In the field: the player to whom the pitcher pitches.
 void SidePanel::ShowDuel(NameLabel* title) const {
   const QString batter = ToQt(board_.state.lbl_Selected.value());
   const bool pitches = RowOfBatter(board_, Other(side_)).has_value();

@@ -25,7 +25,7 @@ LogWindow::LogWindow(EventLog& log, QWidget* parent)
       text_(new QPlainTextEdit(this)),
       outcome_(MakeCaption({}, this)),
       copy_(AddButton("cmd_Copy", QStringLiteral("Copy"),
-                      QStringLiteral("Puts the whole log on the clipboard"))),
+                      QStringLiteral("Copies the whole log to the clipboard"))),
       save_(AddButton("cmd_Save", QStringLiteral("Save..."),
                       QStringLiteral("Writes the log into a text file of your choice"))),
       close_(AddButton("cmd_Close", QStringLiteral("Close"),

@@ -247,7 +247,7 @@ MessageBox::Answer MessageBox::Wait(QWidget* window, const Content& content, dou
 
 void MessageBox::GiveBack(QWidget* focus) {
   deleteLater();
-  // Before the box hides: the toolkit would give the focus to the next control.
+  // Before the box hides: Qt would give the focus to the next control.
   if (focus != nullptr) focus->setFocus(Qt::OtherFocusReason);
   hide();
   if (isWindow() && window_) window_->activateWindow();

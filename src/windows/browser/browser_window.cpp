@@ -50,7 +50,7 @@ constexpr const char* kPlayerHint = "Name or surname";
 constexpr const char* kTeamHint = "Team begins with";
 constexpr const char* kGameHint = "GameID contains";
 constexpr const char* kSearchTip =
-    "Shows the rows that match the box at its left; an empty box shows all";
+    "Shows the rows that match the box on its left; an empty box shows all";
 constexpr const char* kBoxTip = "Type a text and press Enter; Esc empties the box";
 
 void Tint(QPushButton* button, const QColor& ground, const QColor& ink) {
@@ -302,7 +302,7 @@ void BrowserWindow::BuildLineScores() {
               {{Query::Command11, "Text9", kGameHint}, {Query::Command4, nullptr, nullptr}});
   QPushButton* out =
       AddButton(searches, "cmd_TakeOut", "Delete this game",
-                "Deletes the game whose line is chosen, and it alone, after a question (Delete)");
+                "Deletes only the selected game, after a question (Delete)");
   StatGridView* grid = AddGrid("MSHFlexGrid1", "Line scores", &BrowserState::MSHFlexGrid1, kSmall);
   grid->StretchAllColumns();
   grid->MarkTogether(line_score_column::kGameID);
@@ -327,7 +327,7 @@ void BrowserWindow::BuildLineScores() {
           &QPushButton::clicked, this, [this] { SendGridsToExcel(); });
   strip->addStretch();
   connect(AddButton(strip, "cmd_BringBack", kBringBack,
-                    "Shows the copies of the database and puts one in its place"),
+                    "Shows the copies of the database and restores one"),
           &QPushButton::clicked, this, [this] { BringBack(); });
   strip->addSpacing(16);
   QPushButton* purge =
@@ -345,7 +345,7 @@ void BrowserWindow::BuildSavedTwice(QVBoxLayout* page) {
   Name(twice, "lbl_Twice");
   strip->addWidget(twice);
   QPushButton* out = AddButton(strip, "cmd_TakeOutSecond", "Delete the second",
-                               "Deletes the game that was saved again, after a question");
+                               "Deletes the second copy of a game saved twice, after a question");
   strip->addStretch();
   connect(out, &QPushButton::clicked, this,
           [this] { WithAll([this] { TakeOutChosen(browser_, GameChoice{state_.savedAgain}); }); });

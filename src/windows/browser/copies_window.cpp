@@ -108,7 +108,7 @@ void CopiesWindow::BuildButtons(QVBoxLayout* whole) {
   auto* strip = new QHBoxLayout;
   strip->setSpacing(8);
   whole->addLayout(strip);
-  QPushButton* put = AddButton(strip, "cmd_PutInPlace", "Put this copy in place");
+  QPushButton* put = AddButton(strip, "cmd_PutInPlace", "Restore this copy");
   Follow<bool>(put, state_.canBringBack, [put](bool can) { put->setEnabled(can); });
   connect(put, &QPushButton::clicked, this, [this] {
     BringBackSelected(desk_);

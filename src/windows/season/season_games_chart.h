@@ -1,4 +1,4 @@
-// One team or one man through a season.
+// One team or one player through a season.
 #pragma once
 
 #include <memory>

@@ -1,4 +1,4 @@
-// The ten best men of a season in one figure.
+// The ten best players of a season in one figure.
 #pragma once
 
 #include <memory>
@@ -8,7 +8,7 @@
 
 namespace dtb {
 
-// A bar for each man, with his name, his team and the figure. Its marks are the men.
+// A bar for each player, with his name, his team and the figure. Its marks are the players.
 class SeasonLeaderBoard : public SeasonChart {
   Q_OBJECT
  public:

@@ -1,4 +1,4 @@
-// The season of the saved games: standings, leaders, one team or man, and scores.
+// The season of the saved games: standings, leaders, one team or player, and scores.
 #pragma once
 
 #include <QAbstractButton>
@@ -20,7 +20,7 @@
 
 namespace dtb {
 
-// Shows the browser's season as soon as that is read. A team or a man is read by a thread of its
+// Shows the browser's season as soon as that is read. A team or a player is read by a thread of its
 // own, when he is chosen.
 class SeasonTab : public QWidget {
   Q_OBJECT
@@ -36,7 +36,7 @@ class SeasonTab : public QWidget {
   [[nodiscard]] const StatGrid& names() const { return namesGrid_; }
   [[nodiscard]] const StatGrid& months() const { return monthsGrid_; }
 
-  // A team or a man is chosen and not shown yet.
+  // A team or a player is chosen and not shown yet.
   [[nodiscard]] bool reading() const { return shown_ != asked_; }
 
  signals:
@@ -68,7 +68,7 @@ class SeasonTab : public QWidget {
   void ListNames();
   void ChooseMan(int man, SeasonRole role);
   void ChooseListed(int row);
-  // Chooses a team or a man, or nobody.
+  // Chooses a team or a player, or nobody.
   void Choose(const std::optional<SeasonSubject>& subject);
   void ShowChosenInList();
   // Reads and shows who is chosen, in the role that is chosen.
@@ -89,7 +89,7 @@ class SeasonTab : public QWidget {
   StatGrid standingsGrid_{1, 1};
   StatGrid namesGrid_{1, 1};
   StatGrid monthsGrid_{1, 1};
-  int asked_ = 0;  // readings of a team or a man so far
+  int asked_ = 0;  // readings of a team or a player so far
   int shown_ = 0;  // the last of them that ended
 
   QStackedWidget* views_;

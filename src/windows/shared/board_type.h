@@ -1,4 +1,4 @@
-// The type of what the toolkit shows by itself: menus and tips.
+// The type of what Qt shows by itself: menus and tips.
 #pragma once
 
 #include <QObject>

@@ -285,7 +285,7 @@ void FigureField::SetTextFits(FigureField* partner) {
 
 bool FigureField::Fits(const QFont& font) const {
   const QMargins margins = textMargins();
-  constexpr int kCaret = 6;  // what the toolkit keeps free beside the text
+  constexpr int kCaret = 6;  // what Qt keeps free beside the text
   const int room = width() - margins.left() - margins.right() - kCaret;
   return TextWidth(QFontMetrics(font), text()) <= room;
 }

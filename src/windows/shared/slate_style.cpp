@@ -118,7 +118,7 @@ int RingRoom(const QWidget* widget) {
 // Points up where the column rises from small to large, down where it falls.
 void DrawSortArrow(QPainter& painter, const QStyleOption* option) {
   const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option);
-  // The toolkit's words for it go the other way round.
+  // Qt's words for it go the other way round.
   const bool up = header != nullptr && header->sortIndicator == QStyleOptionHeader::SortDown;
   const QRectF place(option->rect);
   const double half = std::min(place.width(), place.height()) * 0.4;

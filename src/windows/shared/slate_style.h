@@ -1,4 +1,4 @@
-// The toolkit's own controls, drawn in the looks of the board.
+// Qt's own controls, drawn in the looks of the board.
 #pragma once
 
 #include <QProxyStyle>

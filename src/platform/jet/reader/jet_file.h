@@ -15,7 +15,7 @@
 
 namespace dtb::jet {
 
-// Why a file cannot be taken over, in words that complete "It cannot be taken over: ".
+// Why a file cannot be taken over, in words that complete "It cannot be imported: ".
 class Fault : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -29,7 +29,7 @@ struct ColumnTotals {
   double sum = 0;
 };
 
-// One value of the page in the library's buffer. Throws Fault.
+// One value of the page in libmdb's buffer. Throws Fault.
 struct Value {
   std::string text;
   double number = 0;  // 0 for what is none

@@ -18,7 +18,7 @@ using GlibText = std::unique_ptr<char, Freed>;
 // The shortest decimals that give the number again: 0.33, also where four bytes held it.
 template <class Number>
 Value NumberValue(Number number) {
-  if (!std::isfinite(static_cast<double>(number))) throw Fault("is no number.");
+  if (!std::isfinite(static_cast<double>(number))) throw Fault("is not a number.");
   std::array<char, 400> digits{};
   std::to_chars_result end{};
   if constexpr (std::is_integral_v<Number>) {
@@ -78,7 +78,7 @@ std::string Letters(const MdbHandle& mdb, std::string_view bytes) {
   gsize size = 0;
   const GlibText text(g_convert(plain.data(), static_cast<gssize>(plain.size()), "UTF-8",
                                 encoding.c_str(), nullptr, &size, nullptr));
-  if (!text) throw Fault("has letters that make no sense.");
+  if (!text) throw Fault("has text that cannot be decoded.");
   return {text.get(), size};
 }
 
@@ -91,7 +91,7 @@ std::string LongLetters(MdbHandle& mdb, const MdbField& field) {
   return text.get();
 }
 
-// What the library has made a text of.
+// What libmdb has made a text of.
 Value DecimalValue(char* made) {
   const GlibText text(made);
   if (!text) throw Fault("is damaged.");

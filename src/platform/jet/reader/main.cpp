@@ -90,5 +90,5 @@ int main(int argc, char** argv) {
     Tell(Frame::Fault, {std::string(fault.what())});
   }
   std::fflush(stdout);
-  _exit(0);  // what the library has not given back goes with the process
+  _exit(0);  // what libmdb has not given back goes with the process
 }

@@ -16,7 +16,7 @@ namespace {
 
 void MakeDatabase(const std::filesystem::path& schema, const std::filesystem::path& file) {
   if (std::filesystem::exists(std::filesystem::symlink_status(file))) {
-    throw std::runtime_error(file.string() + " stands already, and is left as it is");
+    throw std::runtime_error(file.string() + " exists already and was not changed");
   }
   std::ifstream stream(schema);
   const std::string text{std::istreambuf_iterator<char>(stream), {}};

@@ -77,8 +77,8 @@ bool OfferAnotherDatabase(Platform& platform, const std::string& complaint,
         BoxIcon::Information, title);
     return true;
   } catch (const ProgramError& failure) {
-    platform.boxes.Show("Nothing was replaced. " + std::string(failure.what()),
-                        BoxIcon::Critical, title);
+    platform.boxes.Show("Nothing was replaced. " + std::string(failure.what()), BoxIcon::Critical,
+                        title);
     return false;
   }
 }

@@ -39,9 +39,9 @@ bool TakeOver(Platform& platform, const OldContents& contents, const std::string
                         BoxIcon::Information, title);
     return true;
   } catch (const ProgramError& failure) {
-    platform.boxes.Show("Nothing was changed. The old database cannot be imported: " +
-                            std::string(failure.what()),
-                        BoxIcon::Critical, title);
+    platform.boxes.Show(
+        "Nothing was changed. The old database cannot be imported: " + std::string(failure.what()),
+        BoxIcon::Critical, title);
   } catch (const std::bad_alloc&) {
     platform.boxes.Show("Nothing was changed. The computer is out of memory.", BoxIcon::Critical,
                         title);
@@ -51,13 +51,12 @@ bool TakeOver(Platform& platform, const OldContents& contents, const std::string
 
 OldOffer Offer(Platform& platform, const std::string& complaint, const OldContents& contents,
                const std::string& title) {
-  const Choice choice{
-      .text =
-          complaint + "\n\nIt holds " + WordsOf(contents) +
-          ".\n\nImport it, and all of it goes into a new database in its place. The old file stays beside it as \"" +
-          kOldName + "\".",
-      .title = title,
-      .answers = {"Import it", "Leave it"}};
+  const Choice choice{.text = complaint + "\n\nIt holds " + WordsOf(contents) +
+                              ".\n\nImport it, and all of it goes into a new database in its "
+                              "place. The old file stays beside it as \"" +
+                              kOldName + "\".",
+                      .title = title,
+                      .answers = {"Import it", "Leave it"}};
   if (platform.boxes.Choose(choice) != 0) return OldOffer::Left;
   return TakeOver(platform, contents, title) ? OldOffer::TakenOver : OldOffer::Left;
 }

@@ -116,8 +116,7 @@ std::string ChangesText(const Holding& copy, const Holding& today, int back, int
   }
   const std::string tables = TablesText(copy, today);
   if (text.empty()) {
-    text = tables.empty() ? "Identical to the database"
-                          : "The same games as in the database";
+    text = tables.empty() ? "Identical to the database" : "The same games as in the database";
   }
   return text + "." + tables;
 }
@@ -152,7 +151,8 @@ bool PutInPlace(CopiesDesk& desk, const std::string& name, std::string& done) {
   }
   try {
     const std::string today = CopyAside(platform, name);
-    done = "\n\nThe previous database is kept as the copy of " + TimeOfCopy(today).value_or(today) + ".";
+    done = "\n\nThe previous database is kept as the copy of " + TimeOfCopy(today).value_or(today) +
+           ".";
   } catch (const ProgramError& fault) {
     const bool goOn = platform.boxes.Ask(
         {"The current database could not be copied first, so it could not be restored later.\n\n" +
@@ -195,7 +195,8 @@ void SelectCopy(CopiesDesk& desk, int row) {
     ShowChanges(state, {}, {});
     state.canBringBack.Set(false);
     return state.lbl_Changes.Set(
-        "There are no copies yet. The program makes one before the first save of a day and before each delete.");
+        "There are no copies yet. The program makes one before the first save of a day and before "
+        "each delete.");
   }
   const std::string& name = SelectedName(state);
   const auto opened = desk.platform.copies.OpenCopy(name);
@@ -221,7 +222,7 @@ void BringBackSelected(CopiesDesk& desk) {
   // The list is made anew while today's copy is added, so the name is kept.
   const std::string name = SelectedName(state);
   const std::string words = "the copy of " + TimeOfCopy(name).value_or(name);
-  if (!boxes.Ask({"Put " + words + " as the database?\n\n" + state.lbl_Changes.value() +
+  if (!boxes.Ask({"Replace the database with " + words + "?\n\n" + state.lbl_Changes.value() +
                       "\n\nThe current database is kept, too.",
                   kCopiesTitle})) {
     return;
@@ -233,8 +234,8 @@ void BringBackSelected(CopiesDesk& desk) {
       state.broughtBack = true;
       boxes.Show("The database is now " + words + "." + done, BoxIcon::Information, kCopiesTitle);
     } catch (const ProgramError& failure) {
-      boxes.Show("The database was not changed. " + std::string(failure.what()),
-                 BoxIcon::Critical, kCopiesTitle);
+      boxes.Show("The database was not changed. " + std::string(failure.what()), BoxIcon::Critical,
+                 kCopiesTitle);
     }
   });
   ListCopies(desk);

@@ -50,8 +50,7 @@ bool WorkbookExport::Finish() {
 
 bool WantsWorkbookAllTheSame(Platform& platform, const std::string& title) {
   return platform.boxes.Ask(
-      {"The workbook can still be written, into the folder \"Game Rpts\". Write it?",
-       title});
+      {"The workbook can still be written, into the folder \"Game Rpts\". Write it?", title});
 }
 
 bool OpenWorkbook(Platform& platform, const std::filesystem::path& file, const std::string& title) {

@@ -18,7 +18,8 @@ std::string ReadBytes(const std::filesystem::path& file) {
   if (!std::filesystem::exists(status)) {
     const bool denied = error == std::errc::permission_denied;
     throw ProgramError(denied ? error_number::kPermissionDenied : error_number::kFileNotFound,
-                       "The file " + name + (denied ? " cannot be read: you lack permission." : " does not exist."));
+                       "The file " + name +
+                           (denied ? " cannot be read: you lack permission." : " does not exist."));
   }
   if (!std::filesystem::is_regular_file(status)) {
     throw ProgramError(error_number::kPathOrFileAccess, name + " is not a file.");
@@ -30,7 +31,8 @@ std::string ReadBytes(const std::filesystem::path& file) {
   }
   std::ifstream stream(file, std::ios::binary);
   if (!stream) {
-    throw ProgramError(error_number::kPermissionDenied, "The file " + name + " cannot be read: you lack permission.");
+    throw ProgramError(error_number::kPermissionDenied,
+                       "The file " + name + " cannot be read: you lack permission.");
   }
   std::string bytes(static_cast<std::size_t>(error ? 0 : size), '\0');
   stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));

@@ -116,7 +116,8 @@ void TellCommonNames(Board& board) {
   }
   board.platform.boxes.Show(
       "Both teams have " + told +
-          ".\n\nThe board knows a player by his name alone, so the figures of two players with the same name can mix. Give each his own name in the team file and load it again.",
+          ".\n\nThe board knows a player by his name alone, so the figures of two players with the "
+          "same name can mix. Give each his own name in the team file and load it again.",
       BoxIcon::Exclamation);
 }
 

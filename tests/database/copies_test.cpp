@@ -47,7 +47,8 @@ TEST_F(CopiesTest, ComesBackAfterAPurge) {
   PurgeAll(browser.platform, kBrowserTitle);
   PurgeAll(browser.platform, kBrowserTitle);
   EXPECT_EQ(desk.told.back(),
-            "Delete of all statistics is complete.\n\n\"Restore a copy...\" on the tab \"Linescores\" brings it back from the copy of 2026-11-19 10:02:13 (2).");
+            "Delete of all statistics is complete.\n\n\"Restore a copy...\" on the tab "
+            "\"Linescores\" brings it back from the copy of 2026-11-19 10:02:13 (2).");
   EXPECT_EQ(Counts(), "0 0 0 0 0 ");
 
   CopiesState shown;
@@ -250,9 +251,10 @@ TEST_F(CopiesTest, CopiesAreLookedThrough) {
   desk.answer = "Restore";
   OpenBrowser(browser);
   const std::string offer = desk.told.at(desk.told.size() - 2);
-  EXPECT_NE(offer.find("The newest undamaged copy is the copy of 2026-11-20 00:00:00, with 1 game.\n\n"
-                       "Skipped: the copy of 2026-11-22 00:00:00. "),
-            std::string::npos)
+  EXPECT_NE(
+      offer.find("The newest undamaged copy is the copy of 2026-11-20 00:00:00, with 1 game.\n\n"
+                 "Skipped: the copy of 2026-11-22 00:00:00. "),
+      std::string::npos)
       << offer;
   EXPECT_NE(offer.find("has no table \"Matchups\"."), std::string::npos) << offer;
   EXPECT_EQ(Counts(), "2 2 2 2 1 ");

@@ -420,7 +420,8 @@ void HostileDatabase::Use() {
   }
   const auto after = Look();
   const std::string told = " in " + std::to_string(use) + " " + testing::PrintToString(desk.told);
-  const bool renewed = Told("The database is now the copy") || Told("An empty database is in place.");
+  const bool renewed =
+      Told("The database is now the copy") || Told("An empty database is in place.");
   if (before && !Told(done) && !renewed) {
     EXPECT_TRUE(after == before) << "rows are lost or new" << told;
   }

@@ -57,8 +57,8 @@ TEST_F(BoardGesturesTest, ARowOnItsWayToAPieceTellsWhatComesOfIt) {
     const auto* tag = form1().findChild<QLabel*>("RunnerTag");
     return tag == nullptr || !tag->isVisible() ? QString() : tag->text();
   };
-  for (const auto& [row, words] : {std::pair{10, "Ants 11 bats for Ants 1"},
-                                   {4, "Ants 5 is in the batting order already."}}) {
+  for (const auto& [row, words] :
+       {std::pair{10, "Ants 11 bats for Ants 1"}, {4, "Ants 5 is in the batting order already."}}) {
     QTest::mousePress(window, Qt::LeftButton, {}, port->mapTo(&form1(), RowPlace(list, row)));
     board().state.lbl_Selected.Set("Ants 1");
     board().state.VisDue.Set(0);

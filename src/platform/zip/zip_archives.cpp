@@ -218,7 +218,8 @@ class FolderArchive : public Archive {
   bool Read(std::size_t file, std::string& bytes, const GoOn& goOn) override {
     const ArchivedFile& wanted = files_.at(file);
     std::ifstream stream(folder_ / PathOf(wanted.name), std::ios::binary);
-    if (!stream) Refuse(error_number::kPermissionDenied, wanted.name, " cannot be read: you lack permission.");
+    if (!stream)
+      Refuse(error_number::kPermissionDenied, wanted.name, " cannot be read: you lack permission.");
     return ReadPieces(bytes, wanted, read_, goOn, [&](char* to, std::size_t most) {
       stream.read(to, static_cast<std::streamsize>(most));
       if (stream.bad()) Refuse(error_number::kDeviceFault, wanted.name, " could not be read.");
@@ -246,7 +247,8 @@ std::unique_ptr<Archive> ZipArchives::OpenArchive(const std::filesystem::path& z
   if (!std::filesystem::exists(status)) {
     const bool denied = fault == std::errc::permission_denied;
     Refuse(denied ? error_number::kPermissionDenied : error_number::kFileNotFound,
-           TextOf(zipOrFolder), denied ? " cannot be read: you lack permission." : " does not exist.");
+           TextOf(zipOrFolder),
+           denied ? " cannot be read: you lack permission." : " does not exist.");
   }
   if (!std::filesystem::is_regular_file(status)) {
     Refuse(error_number::kPathOrFileAccess, TextOf(zipOrFolder),

@@ -1,6 +1,5 @@
 #include "windows/board/edit_actions.h"
 
-
 #include "game/history.h"
 #include "platform/qt/qt_text.h"
 #include "windows/shared/bind.h"

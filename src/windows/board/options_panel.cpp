@@ -118,8 +118,8 @@ void OptionsPanel::BuildChecks() {
       ->setToolTip(QStringLiteral("Rolls the dice without a sound"));
   auto* quick = add("cb_QuickBoxes", "QUICK BOXES", 2, aids_.state.cb_QuickBoxes, kRightColumn,
                     [this] { QuickBoxesClicked(aids_); });
-  quick->setToolTip(
-      QStringLiteral("Shows what was recorded at the foot of the board for a moment, without a box to close"));
+  quick->setToolTip(QStringLiteral(
+      "Shows what was recorded at the foot of the board for a moment, without a box to close"));
   auto* crowd =
       add("cb_Crowd", "CROWD NOISE", 4, aids_.state.cb_Crowd, 16, [this] { CrowdClicked(aids_); });
   auto* parks = add("cb_RandParks", "RANDOM BALLPARKS", 3, aids_.state.cb_RandParks, kRightColumn);

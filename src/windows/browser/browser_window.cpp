@@ -300,9 +300,8 @@ void BrowserWindow::BuildLineScores() {
   QHBoxLayout* searches = AddStrip(page);
   AddSearches(searches,
               {{Query::Command11, "Text9", kGameHint}, {Query::Command4, nullptr, nullptr}});
-  QPushButton* out =
-      AddButton(searches, "cmd_TakeOut", "Delete this game",
-                "Deletes only the selected game, after a question (Delete)");
+  QPushButton* out = AddButton(searches, "cmd_TakeOut", "Delete this game",
+                               "Deletes only the selected game, after a question (Delete)");
   StatGridView* grid = AddGrid("MSHFlexGrid1", "Line scores", &BrowserState::MSHFlexGrid1, kSmall);
   grid->StretchAllColumns();
   grid->MarkTogether(line_score_column::kGameID);

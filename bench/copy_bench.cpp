@@ -1,5 +1,5 @@
-// A copy of the statistics database, written beside its place, compared and moved there, beside the
-// engine's bare backup into a new file. Goal: 1.2 times.
+// A copy of the statistics database, written beside its place, compared and moved there, beside
+// SQLite's bare backup into a new file. Goal: 1.2 times.
 #include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/Database.h>
 

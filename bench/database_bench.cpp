@@ -1,4 +1,4 @@
-// The statistics database beside the bare engine, which steps the very statements of the program
+// The statistics database beside bare SQLite, which steps the very statements of the program
 // and reads each value as a text. Goals: 1.2 times for the browser, 1.5 for sorts, saves and
 // memory.
 #include <SQLiteCpp/SQLiteCpp.h>

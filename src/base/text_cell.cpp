@@ -22,7 +22,7 @@ std::size_t ReadNumber(std::string_view text, double& number) {
   const bool plus = !text.empty() && text.front() == '+';
   const std::string_view digits = plus ? text.substr(1) : text;
   const std::size_t first = !plus && !digits.empty() && digits.front() == '-' ? 1 : 0;
-  // The library also reads "inf" and "nan", which are no numbers of a game.
+  // from_chars also reads "inf" and "nan", which are no numbers of a game.
   if (first >= digits.size()) return 0;
   const char start = digits[first];
   if ((start < '0' || start > '9') && start != '.') return 0;

@@ -63,7 +63,7 @@ TEST_F(ServicesTest, OnlyPicturesAreLoaded) {
   }
   for (const auto& [name, why] : {std::pair{"Text.jpg", "JPEG, PNG"},
                                   {"Huge.jpg", "damaged"},
-                                  {"Pipe.jpg", "no file"},
+                                  {"Pipe.jpg", "not a file"},
                                   {"Missing.jpg", "does not exist"}}) {
     EXPECT_NE(pictures.WhyNone(PathIn(name)).find(why), std::string::npos)
         << pictures.WhyNone(PathIn(name));

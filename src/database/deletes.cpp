@@ -59,12 +59,13 @@ void PurgeAll(Platform& platform, const std::string& title) {
   for (const TableColumns& table : SavedTables()) {
     statements.push_back({"DELETE FROM " + table.table});
   }
-  DeleteAfterQuestion(platform,
-                      {title,
-                       "DELETE all statistics?\n\nAll saved games are deleted, with their batting, "
-                       "pitching, standings and matchups.",
-                       "Delete of all statistics is complete."},
-                      statements);
+  DeleteAfterQuestion(
+      platform,
+      {title,
+       "DELETE all statistics?\n\n"
+       "All saved games are deleted, with their batting, pitching, standings and matchups.",
+       "Delete of all statistics is complete."},
+      statements);
 }
 
 }  // namespace dtb

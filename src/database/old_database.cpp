@@ -51,12 +51,13 @@ bool TakeOver(Platform& platform, const OldContents& contents, const std::string
 
 OldOffer Offer(Platform& platform, const std::string& complaint, const OldContents& contents,
                const std::string& title) {
-  const Choice choice{.text = complaint + "\n\nIt holds " + WordsOf(contents) +
-                              ".\n\nImport it, and all of it goes into a new database in its "
-                              "place. The old file stays beside it as \"" +
-                              kOldName + "\".",
-                      .title = title,
-                      .answers = {"Import it", "Leave it"}};
+  const Choice choice{
+      .text = complaint + "\n\nIt holds " + WordsOf(contents) +
+              ".\n\nImport it, and all of it goes into a new database in its place. "
+              "The old file stays beside it as \"" +
+              kOldName + "\".",
+      .title = title,
+      .answers = {"Import it", "Leave it"}};
   if (platform.boxes.Choose(choice) != 0) return OldOffer::Left;
   return TakeOver(platform, contents, title) ? OldOffer::TakenOver : OldOffer::Left;
 }

@@ -160,12 +160,12 @@ enum class Answer { Leave, Take, KeepGame };
 // Where fewer rows are left than were given, nobody knows whose they are.
 Answer AskAboutDoubtful(MessageBoxes& boxes, const std::vector<Tally>& tally,
                         const std::string& title) {
-  Choice choice{
-      .text =
-          "Some rows of the standings were deleted before, and those that are left bear no "
-          "GameID. It cannot be told whether they belong to this game:",
-      .title = title,
-      .answers = {"Leave them", "Delete one of each", "Keep the game"}};
+  Choice choice{.text =
+                    "Some rows of the standings were deleted before, "
+                    "and those that are left bear no GameID. "
+                    "It cannot be told whether they belong to this game:",
+                .title = title,
+                .answers = {"Leave them", "Delete one of each", "Keep the game"}};
   for (const Tally& one : tally) {
     if (one.Certain() || one.there == 0) continue;
     choice.lines.push_back(std::to_string(one.there) + " " + one.rows.words + ", for " +

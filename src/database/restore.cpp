@@ -195,8 +195,8 @@ void SelectCopy(CopiesDesk& desk, int row) {
     ShowChanges(state, {}, {});
     state.canBringBack.Set(false);
     return state.lbl_Changes.Set(
-        "There are no copies yet. The program makes one before the first save of a day and before "
-        "each delete.");
+        "There are no copies yet. "
+        "The program makes one before the first save of a day and before each delete.");
   }
   const std::string& name = SelectedName(state);
   const auto opened = desk.platform.copies.OpenCopy(name);

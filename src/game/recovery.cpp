@@ -145,8 +145,8 @@ void OfferRecovery(Board& board, Aids& aids, RecoveryStore& store) {
                BoxIcon::Information);
   } catch (const DamagedText&) {
     boxes.Show(
-        "A game was still in progress when the program ended, but what is left of it cannot be "
-        "read. It is kept as \"" +
+        "A game was still in progress when the program ended, "
+        "but what is left of it cannot be read. It is kept as \"" +
             store.SetAside() + "\".",
         BoxIcon::Warning);
   }

@@ -187,8 +187,8 @@ class PageWriter {
     }
     page += PageTable(standings) + PartHeading(2, "Leaders") +
             Paragraph(
-                "For both averages: 3.1 plate appearances, that is at-bats and walks, or 1 "
-                "inning, for each game of the player's team. Innings are counted in thirds.") +
+                "For both averages: 3.1 plate appearances, that is at-bats and walks, "
+                "or 1 inning, for each game of the player's team. Innings are counted in thirds.") +
             "<div class=\"boards\">\n";
     for (const SeasonLead lead : kSeasonLeads) {
       page += "<section>" + Heading("h3", LeadTitle(lead)) + LeaderTable(lead) + "</section>\n";
@@ -382,8 +382,8 @@ std::optional<std::filesystem::path> Write(Platform& platform, const ExportProgr
   const SeasonBook book = ReadSeasonBook(platform.database);
   if (book.season.games.empty()) {
     platform.boxes.Show(
-        "No game is saved yet, so there is nothing to write. When a game is over, open STATS on "
-        "the board and press SAVE TO DB.",
+        "No game is saved yet, so there is nothing to write. "
+        "When a game is over, open STATS on the board and press SAVE TO DB.",
         BoxIcon::Information, title);
     return std::nullopt;
   }

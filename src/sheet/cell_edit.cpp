@@ -59,7 +59,8 @@ bool TellFigureBeingTyped(Board& board) {
     return false;
   }
   board.platform.boxes.Show(
-      "A figure is still being typed. Press Enter to enter it, or Esc to leave the cell as it was, "
+      "A figure is still being typed. "
+      "Press Enter to enter it, or Esc to leave the cell as it was, "
       "and then press the button again.",
       BoxIcon::Information);
   return true;

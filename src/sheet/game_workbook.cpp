@@ -24,8 +24,8 @@ void TellRowThatGaveWay(Board& board) {
   const StatGrid& visitors = board.sheet.grd_VisStats;
   if (!HasText(visitors, visitors.rows() - 1)) return;
   board.platform.boxes.Show(
-      "The heading of the home team's table stands in the row of the visitors' last player, who is "
-      "therefore not in the workbook.",
+      "The heading of the home team's table stands in the row of the visitors' last player, "
+      "who is therefore not in the workbook.",
       BoxIcon::Warning);
 }
 

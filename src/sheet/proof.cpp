@@ -306,8 +306,8 @@ class Proof {
         if (both) {
           TellName(side, row,
                    name +
-                       " bats for both teams, so the at-bats of the home player go to the "
-                       "visitors' player.");
+                       " bats for both teams, "
+                       "so the at-bats of the home player go to the visitors' player.");
         } else if (grid.FindRow(kBatter, name) != row) {
           TellName(side, row,
                    name + " appears twice in " + TeamOf(side) +

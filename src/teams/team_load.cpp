@@ -114,11 +114,11 @@ void TellCommonNames(Board& board) {
   if (names.size() > kMostNames) {
     told += " and " + std::to_string(names.size() - kMostNames) + " more";
   }
-  board.platform.boxes.Show(
-      "Both teams have " + told +
-          ".\n\nThe board knows a player by his name alone, so the figures of two players with the "
-          "same name can mix. Give each his own name in the team file and load it again.",
-      BoxIcon::Exclamation);
+  board.platform.boxes.Show("Both teams have " + told +
+                                ".\n\nThe board knows a player by his name alone, "
+                                "so the figures of two players with the same name can mix. "
+                                "Give each his own name in the team file and load it again.",
+                            BoxIcon::Exclamation);
 }
 
 }  // namespace

@@ -145,8 +145,8 @@ void Desk::Open() {
   OfferRecovery(board_, aids_, store_);
   if (store_.takenByAnother()) {
     platform_.boxes.Show(
-        "Another board is open already, and its game is kept in case the program ends. The game on "
-        "this board is not kept, but it can be saved to the database.",
+        "Another board is open already, and its game is kept in case the program ends. "
+        "The game on this board is not kept, but it can be saved to the database.",
         BoxIcon::Information);
   }
 }
@@ -172,11 +172,11 @@ void Desk::TellNotKept(const std::string& why) {
     QTimer::singleShot(kLookAgain, form1_.get(), [this, why] { TellNotKept(why); });
     return;
   }
-  platform_.boxes.Show(
-      "The game in progress cannot be kept beside the settings: " + why +
-          "\n\nYou can go on; each click tries again. But if the program ends unexpectedly before "
-          "one is kept, the clicks from here on are lost.",
-      BoxIcon::Warning);
+  platform_.boxes.Show("The game in progress cannot be kept beside the settings: " + why +
+                           "\n\nYou can go on; each click tries again. "
+                           "But if the program ends unexpectedly before one is kept, "
+                           "the clicks from here on are lost.",
+                       BoxIcon::Warning);
 }
 
 }  // namespace dtb

@@ -83,8 +83,8 @@ class Filling {
       files += QStringLiteral("\nand %1 more").arg(more);
     }
     return QStringLiteral(
-               "These files could not be copied to your folder; the next start will try "
-               "again:\n%1\n\n%2")
+               "These files could not be copied to your folder; "
+               "the next start will try again:\n%1\n\n%2")
         .arg(files, why_);
   }
   // A database is, or was, here.

@@ -107,8 +107,8 @@ QString WhyNoPicture(const QString& file) {
   }
   if (!IsPhotoFormat(QImageReader::imageFormat(file))) {
     return named + QStringLiteral(
-                       "is not a picture in a format that can be shown: JPEG, PNG, GIF, BMP, WebP "
-                       "or TIFF.");
+                       "is not a picture in a format that can be shown: "
+                       "JPEG, PNG, GIF, BMP, WebP or TIFF.");
   }
   QImageReader reader;
   static_cast<void>(Begin(reader, FromQt(file)));

@@ -155,8 +155,8 @@ class ZipArchive : public Archive {
     }
     if (!IsRead(place.method)) {
       RefuseFile(file.name, " is packed by " + MethodName(place.method) +
-                                ", which is not read here. Unpack the archive with another program "
-                                "and choose the folder.");
+                                ", which is not read here. "
+                                "Unpack the archive with another program and choose the folder.");
     }
   }
 

@@ -224,11 +224,12 @@ void ChartViewer::ShowChart(int chart) {
     page_->setCurrentWidget(missing_);
     return setFocus(Qt::OtherFocusReason);
   }
-  missing_->setText(QStringLiteral("There is no chart on this button yet.\n\nPut a picture of your "
-                                   "chart here:\n%1\n\nIts title can stand in line %2 of the file "
-                                   "Titles.txt beside it.")
-                        .arg(QDir::toNativeSeparators(file))
-                        .arg(chart + 1));
+  missing_->setText(
+      QStringLiteral("There is no chart on this button yet.\n\n"
+                     "Put a picture of your chart here:\n%1\n\n"
+                     "Its title can stand in line %2 of the file Titles.txt beside it.")
+          .arg(QDir::toNativeSeparators(file))
+          .arg(chart + 1));
   Name(missing_, "NoChart", QStringLiteral("There is no chart on this button yet"));
   page_->setCurrentWidget(missing_);
   setFocus(Qt::OtherFocusReason);

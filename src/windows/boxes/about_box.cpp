@@ -25,8 +25,9 @@ constexpr const char* kDescription =
     "Load two teams, name the pitchers, roll, and click what the chart says; "
     "the paperwork is done here. Tell us what you miss.";
 constexpr const char* kDisclaimer =
-    "This program comes without any warranty. Team names, players and charts that you add are your "
-    "own responsibility; those included are invented.";
+    "This program comes without any warranty. "
+    "Team names, players and charts that you add are your own responsibility; "
+    "those included are invented.";
 
 QLabel* AddText(const char* name, const QString& text, double size, bool bold, QVBoxLayout* column,
                 double scale, QWidget* parent) {

@@ -183,8 +183,8 @@ QWidget* SeasonTab::BuildLeaders() {
   corner->addStretch();
   corner->addWidget(qualified_);
   rule_ = MakeCaption(
-      QStringLiteral("For both averages: 3.1 plate appearances, that is at-bats and "
-                     "walks, or 1 inning, for each game of the player's team.\n\n"
+      QStringLiteral("For both averages: 3.1 plate appearances, that is at-bats and walks, "
+                     "or 1 inning, for each game of the player's team.\n\n"
                      "Innings are counted in thirds. "
                      "\"Aggregate Pitching\" adds them as they are stored, .33 and .67, "
                      "so its ERA may differ in the last place.\n\n"
@@ -310,8 +310,8 @@ void SeasonTab::ShowSeason(std::shared_ptr<const SeasonFigures> season) {
   }
   if (now_.season->mixedGames > 0) {
     note += QStringLiteral(
-                " With one GameID and a team in common, so that their players are not told"
-                " apart: %1 games.")
+                " With one GameID and a team in common, "
+                "so that their players are not told apart: %1 games.")
                 .arg(now_.season->mixedGames);
   }
   note_->setText(note);

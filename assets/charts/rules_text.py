@@ -62,7 +62,7 @@ SECTIONS = (
     (<a href="#chart9">chart 9</a>). Note what they add to a long drive.</li>
 </ol>
 """),
-    ("men", "Read your men", """\
+    ("players", "Read your players", """\
 <p>The remark behind a player’s name tells the column he reads. In
 <em>Dunstan Varrow=CF L .301 speed AA</em> the .301 is the column <b>.300 +</b> of chart 1, and the
 speed makes him fast.</p>
@@ -103,7 +103,7 @@ white for fielders and runners.</p></div>
 <p>Before you roll for the batter you may say one of these, and roll for it alone:</p>
 <ul>
   <li><b>Steal</b> (<a href="#chart6">chart 6</a>). Safe: hold <kbd>Ctrl</kbd>, click the upper half of his
-    piece, drag it. Out: <b>TO</b>; the same man is at bat. Then roll for the batter.</li>
+    piece, drag it. Out: <b>TO</b>; the same player is at bat. Then roll for the batter.</li>
   <li><b>Bunt</b> or <b>hit and run</b> (<a href="#chart7">chart 7</a>). The roll is the batter’s turn. After
     a sacrifice, GO with runners up, take one AB off on the sheet.</li>
   <li><b>Intentional walk</b>: click <b>BB</b>.</li>
@@ -117,8 +117,8 @@ white for fielders and runners.</p></div>
 next batter’s row.</p>
 """),
     ("end", "Innings and the end", """\
-<p>With the third out the sides change by themselves: click the man who is due. After a <b>TO</b> for the
-third out the man at bat leads off the next time. After nine innings the side with more runs has won; the
+<p>With the third out the sides change by themselves: click the batter who is due. After a <b>TO</b> for the
+third out the batter leads off the next time. After nine innings the side with more runs has won; the
 home side does not bat when it leads after the top of the ninth, and stops as soon as it goes ahead later. A
 tie goes on.</p>
 """),

@@ -97,7 +97,7 @@ TEST_F(SeasonWindow, ATeamIsWrittenLoadedAndNeverPutOverAnotherFileUnasked) {
   WriteTeamFile(file, "my own line-up\n");
   desktop.answer = false;
   LoadTeamAs(desk, Side::Home);
-  EXPECT_NE(desktop.told.find("is there already"), std::string::npos);
+  EXPECT_NE(desktop.told.find("exists already"), std::string::npos);
   EXPECT_EQ(WhatStands(file, "my own line-up\n"), FileState::TheSame);
   EXPECT_TRUE(SideOf(board, Side::Home).list.empty());
   desktop.answer = true;

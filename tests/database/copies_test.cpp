@@ -220,7 +220,7 @@ TEST_F(CopiesTest, TwoBoardsTakeOutOneGame) {
       << desk.told.back();
   EXPECT_EQ(state.MSHFlexGrid1.grid.rows(), 3) << "the list is as it is now";
   TakeOutChosen(otherBrowser, GameChoice{"111826100213"});
-  EXPECT_NE(other.told.back().find("is not in the database any more"), std::string::npos);
+  EXPECT_NE(other.told.back().find("is no longer in the database"), std::string::npos);
 }
 
 // What a copy would change is counted in all tables, and a copy that is not whole is never offered.

@@ -295,7 +295,7 @@ void SqliteCopies::MakeCopy(const std::string& name) {
   const fs::path place = PathOfCopy(name);
   if (fs::exists(place)) {
     throw ProgramError(error_number::kPathOrFileAccess,
-                       "\"" + TextOf(place) + "\" stands already.");
+                       "\"" + TextOf(place) + "\" exists already.");
   }
   Beside beside(place);
   Told(place, [&] {

@@ -147,7 +147,7 @@ TEST_F(Archives, AFolderReadsAsTheZipDoes) {
   const TeamsRequest game{.archive = folder_, .folder = made, .game = "OAK202008070"};
   const CommandResult kept = MakeTeams(archives, game);
   EXPECT_EQ(kept.exitCode, 1);
-  EXPECT_NE(kept.errors.find("It stays"), std::string::npos) << kept.errors;
+  EXPECT_NE(kept.errors.find("It was kept"), std::string::npos) << kept.errors;
   TeamsRequest replace = game;
   replace.replace = true;
   EXPECT_EQ(MakeTeams(archives, replace).exitCode, 0);

@@ -53,11 +53,11 @@ OldOffer Offer(Platform& platform, const std::string& complaint, const OldConten
                const std::string& title) {
   const Choice choice{
       .text = complaint + "\n\nIt holds " + WordsOf(contents) +
-              ".\n\nImport it, and all of it goes into a new database in its place. "
+              ".\n\nTake it over, and all of it goes into a new database in its place. "
               "The old file stays beside it as \"" +
               kOldName + "\".",
       .title = title,
-      .answers = {"Import it", "Leave it"}};
+      .answers = {"Take it over", "Leave it"}};
   if (platform.boxes.Choose(choice) != 0) return OldOffer::Left;
   return TakeOver(platform, contents, title) ? OldOffer::TakenOver : OldOffer::Left;
 }

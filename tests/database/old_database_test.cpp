@@ -78,7 +78,7 @@ TEST_F(OldDatabaseTest, AllOfItIsTakenOver) {
                                     std::pair{"jet4-2003.mdb", "DTB (Jet) (3).mdb"}}) {
     const std::string bytes = ReadAll(kJetFiles / name);
     PutOld(bytes);
-    desk.answer = "Import it";
+    desk.answer = "Take it over";
     desk.told.clear();
     OpenBrowser(browser);
     ASSERT_EQ(desk.told.size(), 2U) << testing::PrintToString(desk.told);
@@ -101,7 +101,7 @@ TEST_F(OldDatabaseTest, ASaveGoesOnBehindIt) {
   EXPECT_TRUE(table.sheet.Command2_enabled.value());
   EXPECT_EQ(ReadAll(file), bytes) << "left";
   EXPECT_EQ(Names(), Strings{"DTB.mdb"});
-  desk.answer = "Import it";
+  desk.answer = "Take it over";
   SaveGame(table.board);
   EXPECT_EQ(desk.told.back(), "Data successfully recorded");
   EXPECT_EQ(Count("Matchups"), "4");
@@ -199,7 +199,7 @@ TEST_F(OldDatabaseTest, ToldAndLeft) {
   for (const auto& [bytes, reason] : cases) {
     PutOld(bytes);
     desk.told.clear();
-    desk.answer = *reason == '\0' ? "Leave it" : "Import it";
+    desk.answer = *reason == '\0' ? "Leave it" : "Take it over";
     OpenBrowser(browser);
     std::string told;
     for (const std::string& box : desk.told) told += box + '\n';

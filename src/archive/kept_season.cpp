@@ -87,7 +87,7 @@ void KeepClub(const KeptSeason& kept, const Platform& platform) {
 
 std::optional<std::string> NextGameOffer(const KeptSeason& kept, const Board& board) {
   const Platform& platform = board.platform;
-  if (board.state.SeasonGame.empty()) return std::nullopt;
+  if (board.state.ArchiveGame.empty()) return std::nullopt;
   try {
     if (kept.season) {
       if (!NextOf(kept, platform)) return std::nullopt;

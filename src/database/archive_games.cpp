@@ -30,12 +30,12 @@ constexpr char kBeforeId = '=';
 
 // The names of the teams stand with it, so that it counts for no others.
 void NoteArchiveGame(Board& board, const std::string& id) {
-  board.state.SeasonGame =
+  board.state.ArchiveGame =
       id + '\n' + board.sheet.lbl_VisTeam.value() + '\n' + board.sheet.lbl_HomeTeam.value();
 }
 
 void NoteSavedArchiveGame(Board& board) {
-  const std::vector<std::string_view> noted = Parts(board.state.SeasonGame, '\n');
+  const std::vector<std::string_view> noted = Parts(board.state.ArchiveGame, '\n');
   constexpr std::size_t kParts = 3;
   if (noted.size() != kParts || noted[1] != board.sheet.grd_BoxScore.Text(1, 0) ||
       noted[2] != board.sheet.grd_BoxScore.Text(2, 0)) {

@@ -62,8 +62,8 @@ struct BoardState {
   // Sides and current batter.
   Field<std::string> tb_VisTeam{"VIS"};
   Field<std::string> tb_HomeTeam{"HOME"};
-  std::string SeasonGame;  // the game of an archive that was loaded last (PlayedMark); "": none
-  LineupList VisLoaded;    // the visitors' list as it was loaded, for the same teams once more
+  std::string ArchiveGame;  // the archive's game that was loaded last (NoteArchiveGame)
+  LineupList VisLoaded;     // the visitors' list as it was loaded, for the same teams once more
   LineupList HomeLoaded;
   Field<bool> Option5;  // the visitors are at bat
   Field<bool> Option6;  // the home team is at bat; never on together with Option5

@@ -16,15 +16,15 @@ namespace dtb {
 // The bindings name every member, so a new one does not compile until it has its place here.
 template <class State, class Sheet, class Game, class Surroundings>
 void VisitFields(State& state, Sheet& sheet, Game&& game, Surroundings&& surroundings) {
-  auto& [tb_VisTeam, tb_HomeTeam, SeasonGame, VisLoaded, HomeLoaded, Option5, Option6, List1, List2,
-         lbl_Selected, BatterOf, lbl_L1current, lbl_L2current, VisDue, HomeDue, tb_ListBoxStatus,
-         Check1, Check2, tb_List1edit, tb_List2edit, DragSourceIndex, lbl_VisPitcher,
-         lbl_HomePitcher, lbl_VisPitcher_tag, lbl_HomePitcher_tag, VisOuts, HomeOuts, img_VisPitch,
-         img_HomePitch, tb_OUT, tb_OutsCount, cb_Xinnings, tb_BoxScore, tb_BoxScoreBottom,
-         lbl_BoxSel, lbl_VisHome, lbl_NumSel, EnteredCell, OtherLineAsked, pieces, pieceWidth,
-         pieceHeight, StolenBasePiece, LastRunnerClicked, pb_BaseTracker_visible, lbl_tracker,
-         img_VisLogo, img_HomeLogo, fra_Options_visible, cb_BaseTracker, chk_Ctrls, lbl_PhotoPath,
-         Text1, Text1_visible] = state;
+  auto& [tb_VisTeam, tb_HomeTeam, ArchiveGame, VisLoaded, HomeLoaded, Option5, Option6, List1,
+         List2, lbl_Selected, BatterOf, lbl_L1current, lbl_L2current, VisDue, HomeDue,
+         tb_ListBoxStatus, Check1, Check2, tb_List1edit, tb_List2edit, DragSourceIndex,
+         lbl_VisPitcher, lbl_HomePitcher, lbl_VisPitcher_tag, lbl_HomePitcher_tag, VisOuts,
+         HomeOuts, img_VisPitch, img_HomePitch, tb_OUT, tb_OutsCount, cb_Xinnings, tb_BoxScore,
+         tb_BoxScoreBottom, lbl_BoxSel, lbl_VisHome, lbl_NumSel, EnteredCell, OtherLineAsked,
+         pieces, pieceWidth, pieceHeight, StolenBasePiece, LastRunnerClicked,
+         pb_BaseTracker_visible, lbl_tracker, img_VisLogo, img_HomeLogo, fra_Options_visible,
+         cb_BaseTracker, chk_Ctrls, lbl_PhotoPath, Text1, Text1_visible] = state;
   auto& [grd_VisStats, grd_HomeStats, grd_BoxScore, lbl_VisTeam, lbl_HomeTeam, Picture3, Picture4,
          tb_Comments, Command2_enabled, tb_TimeStamp2, tb_TimeStamp, tb_VisWin, tb_VisLoss,
          tb_HomeWin, tb_HomeLoss, cellText, cellText_visible, lbl_GridSelected, editedRow,
@@ -43,7 +43,7 @@ void VisitFields(State& state, Sheet& sheet, Game&& game, Surroundings&& surroun
                pb_BaseTracker_visible, fra_Options_visible, cb_BaseTracker, chk_Ctrls,
                Command2_enabled, tb_TimeStamp2, tb_TimeStamp);
   // Fields that games kept by version 1.0.2 do not have; see ReadTable.
-  game(BatterOf, OtherLineAsked, VisLoaded, HomeLoaded, SeasonGame);
+  game(BatterOf, OtherLineAsked, VisLoaded, HomeLoaded, ArchiveGame);
   passes(tb_ListBoxStatus, DragSourceIndex, lbl_PhotoPath, Text1, Text1_visible, tb_VisWin,
          tb_VisLoss, tb_HomeWin, tb_HomeLoss, cellText, cellText_visible, lbl_GridSelected,
          editedRow, editedColumn);

@@ -78,7 +78,7 @@ std::string TableText(const Board& board, const AidsState& aids) {
   writer(board.log.text());
   VisitAids(aids, writer);
   writer(aids.parkChoice ? TextOf(*aids.parkChoice) : std::string());
-  writer(board.state.SeasonGame);
+  writer(board.state.ArchiveGame);
   return std::string(kHead).append(ChecksumText(content)).append(content);
 }
 
@@ -106,8 +106,8 @@ KeptTable ReadTable(std::string_view bytes, const Board& board, const Aids& aids
   reader(parkChoice);
   kept.aids.parkChoice = parkChoice.empty() ? std::nullopt : std::optional(PathOf(parkChoice));
   // Games that were kept before seasons were followed end here.
-  kept.game.state.SeasonGame.clear();
-  if (!reader.AtEnd()) reader(kept.game.state.SeasonGame);
+  kept.game.state.ArchiveGame.clear();
+  if (!reader.AtEnd()) reader(kept.game.state.ArchiveGame);
   if (!reader.AtEnd()) throw DamagedText();
   kept.game.log = EventLog(std::move(log));
   return kept;

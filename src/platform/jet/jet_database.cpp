@@ -11,6 +11,7 @@
 
 #include "base/paths.h"
 #include "base/program_error.h"
+#include "database/saved_games.h"
 #include "database/saved_tables.h"
 #include "platform/jet/jet_rows.h"
 #include "platform/sqlite/connection.h"
@@ -23,15 +24,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Counts the rows of each table, and the games as ReadSavedGames does: of the line scores of one
-// GameID each of the visitors goes with one of the home team.
+// Counts the rows of each table, and the games as PairLines does.
 class Counting {
  public:
   void Row(std::size_t table, const jet::Cells& row) {
     if (SavedTables()[table].table != table::kBoxScores) return;
     Lines& lines = linesOf_[row.back().value_or("")];
     const int before = std::max(lines.visitors, lines.home);
-    ++(row[row.size() - 2] == "a_VIS" ? lines.visitors : lines.home);
+    const Side side = SideOfHost(row[row.size() - 2].value_or(""));
+    ++(side == Side::Visitors ? lines.visitors : lines.home);
     contents_.games += std::max(lines.visitors, lines.home) - before;
   }
   void Totals(const jet::TableTotals& totals) { contents_.rows.push_back(totals.rows); }

@@ -173,7 +173,7 @@ TEST_F(SeasonWindowTest, ASavedGameIsMarkedAndTheNextOneFollows) {
   EXPECT_FALSE(board().sheet.Command2_enabled.value());
   next();
   EXPECT_EQ(played_, "yes|");
-  EXPECT_EQ(board().state.SeasonGame.substr(0, 12), "OAK202007250");
+  EXPECT_EQ(board().state.ArchiveGame.substr(0, 12), "OAK202007250");
 }
 
 }  // namespace

@@ -56,6 +56,12 @@ class EntryDelegate : public QStyledItemDelegate {
     // Bright is the batter and nobody else; where the side's highlight stands is quiet.
     const bool batter = index.data(kBatterRole).toBool();
     if (batter || selected) painter->fillRect(row, batter ? kAccent : QColor(222, 200, 132));
+    // Under the letters, and as thin as the screen draws, so that no foot of one is hidden.
+    if (index.row() == kStarters - 1) {
+      const double thin = 1 / painter->device()->devicePixelRatioF();
+      painter->fillRect(QRectF(row.left(), row.top() + row.height() - thin, row.width(), thin),
+                        kEdgeBright);
+    }
     const bool inOrder = index.row() < kStarters;
     const int gutter = option.fontMetrics.horizontalAdvance(QStringLiteral("00")) + 4;
     painter->setFont(Font(option.font.pixelSize() * 0.72));
@@ -80,10 +86,6 @@ class EntryDelegate : public QStyledItemDelegate {
     const QRect place = row.adjusted(gutter + 2, 0, -4, 0);
     DrawEntry(*painter, place, place.width() - noteWidth, index,
               batter || selected ? kInk : kDimInk);
-    if (index.row() == kStarters - 1) {
-      painter->setPen(QPen(kEdgeBright, 1));
-      painter->drawLine(row.bottomLeft(), row.bottomRight());
-    }
     painter->restore();
   }
 

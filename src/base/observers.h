@@ -20,6 +20,7 @@ class Observers {
 
   void Tell() {
     const Telling telling(telling_);
+    // NOLINTNEXTLINE(modernize-loop-convert): one that is told may bring another one
     for (std::size_t i = 0; i < all_.size(); ++i) {
       if (!IsDead(all_[i])) all_[i].tell();
     }

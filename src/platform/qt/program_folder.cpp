@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
+#include <utility>
 
 #include "base/paths.h"
 #include "base/program_error.h"
@@ -45,10 +46,10 @@ void Copy(const QString& from, const QString& to) {
 // One look at the person's folder.
 class Filling {
  public:
-  Filling(const QDir& shared, const QDir& personal, const QString& emptyDatabase)
+  Filling(const QDir& shared, const QDir& personal, QString emptyDatabase)
       : shared_(shared),
         personal_(personal),
-        emptyDatabase_(emptyDatabase),
+        emptyDatabase_(std::move(emptyDatabase)),
         recordFile_(personal.filePath(QLatin1String(kRecord))),
         record_(ReadLaidOut(recordFile_)),
         before_(record_) {}

@@ -54,6 +54,7 @@ void GiveRows(const SQLite::Database& database, const Statement& query,
 
   const int fields = sqlite3_column_count(made);
   std::vector<std::string> names;
+  names.reserve(static_cast<std::size_t>(fields));
   for (int field = 0; field < fields; ++field) {
     names.emplace_back(sqlite3_column_name(made, field));
   }

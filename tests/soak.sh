@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # soak.sh BUILD MINUTES: looks for faults in rounds until the time is over, each round with a new seed:
-# the monkey, random games, kills, hostile databases, full disks, two boards at one table, and every fuzzer. BUILD has the builds `asan` and `fuzz`. What was
-# found is kept in BUILD/soak/faults. `./dtb soak` builds everything first.
+# the monkey, random games, kills, hostile databases, full disks, two boards at one table, and every
+# fuzzer. BUILD has the builds `asan` and `fuzz`. What was found is kept in BUILD/soak/faults.
+# `./dtb soak` builds everything first.
 set -euo pipefail
 
 build=$1

@@ -1,6 +1,7 @@
 // The context that every operation takes, and the one table of what belongs to a side.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -15,6 +16,12 @@ namespace dtb {
 class History;
 struct NewGames;
 
+// The step and the play by which a runner was put out, where the board chose him. No step: none.
+struct RunnerChoice {
+  std::size_t steps = 0;
+  std::size_t plays = 0;
+};
+
 struct Board {
   BoardState& state;
   StatSheet& sheet;
@@ -24,6 +31,7 @@ struct Board {
   std::string counting = {};     // what the gesture in progress counts: "Tony Kubek 1B"
   NewGames* newGames = nullptr;  // none: one run is one game
   std::string savedTold = {};    // GameID of the saved game that an outcome has told about
+  RunnerChoice choice = {};      // see PutOutInstead
 };
 
 // The twin fields of one side, by their role.

@@ -9,6 +9,7 @@
 #include "base/field.h"
 #include "base/text_cell.h"
 #include "game/lineup_list.h"
+#include "game/plays.h"
 #include "platform/picture.h"
 
 namespace dtb {
@@ -117,6 +118,12 @@ struct BoardState {
   Field<bool> pb_BaseTracker_visible;
   std::array<Field<Colour>, 3> lbl_tracker{Field<Colour>{kWhite}, Field<Colour>{kWhite},
                                            Field<Colour>{kWhite}};  // first, second, third base
+
+  // The bases, while the board keeps them, and the plays of the game.
+  Field<bool> cb_KeepBases;                // "KEEP THE BASES"
+  std::array<Field<Runner>, kBases> base;  // first, second, third
+  int BasesHalf = 0;                       // the half-inning whose runners these are
+  PlayList plays;
 
   // Logos.
   Field<Picture> img_VisLogo;

@@ -10,6 +10,12 @@ namespace {
 constexpr unsigned kGroup = 7;
 constexpr unsigned kMore = 0x80;
 
+// What a play begins with, and what stands where no further play does.
+constexpr char kPlay = '1';
+constexpr char kNoPlay = '0';
+
+constexpr std::uint64_t kMostMoves = 64;  // far beyond what four players can do in a play
+
 }  // namespace
 
 void FieldWriter::PutNumber(std::uint64_t number) {
@@ -54,6 +60,23 @@ void FieldWriter::Put(const StatGrid& grid) {
 void FieldWriter::Put(const PitchedOuts& outs) {
   PutNumber(outs.size());
   for (const auto& [pitcher, count] : outs) (*this)(pitcher, count);
+}
+
+void FieldWriter::Put(const Move& move) {
+  (*this)(move.name, move.from, move.to, move.pitcher, move.battedIn, move.earned);
+}
+
+void FieldWriter::Put(const Play& play) {
+  text_ += kPlay;
+  (*this)(play.half, play.outsBefore, play.outcome, play.batter, play.pitcher, play.basesKept);
+  PutNumber(play.moves.size());
+  for (const Move& move : play.moves) Put(move);
+  Put(play.after);
+}
+
+void FieldWriter::Put(const PlayList& plays) {
+  text_ += plays.bytes();
+  text_ += kNoPlay;
 }
 
 char FieldReader::TakeByte() {
@@ -122,6 +145,38 @@ void FieldReader::Take(LineupList& list) {
   if (selected != LineupList::kNoRow && !taken.HasRow(selected)) throw DamagedText();
   taken.Select(selected);
   list = taken;
+}
+
+void FieldReader::Take(Outcome& outcome) {
+  const std::uint64_t number = TakeNumber();
+  if (number > static_cast<std::uint64_t>(Outcome::PutOnBase)) throw DamagedText();
+  outcome = static_cast<Outcome>(number);
+}
+
+void FieldReader::Take(Move& move) {
+  (*this)(move.name, move.from, move.to, move.pitcher, move.battedIn, move.earned);
+  const auto isPlace = [](int place) { return place >= kAtBatPlace && place <= kFromBench; };
+  if (!isPlace(move.from) || !isPlace(move.to)) throw DamagedText();
+}
+
+void FieldReader::Take(Play& play) {
+  if (TakeByte() != kPlay) throw DamagedText();
+  (*this)(play.half, play.outsBefore, play.outcome, play.batter, play.pitcher, play.basesKept);
+  const std::uint64_t moves = TakeNumber();
+  if (moves > kMostMoves || play.half < 0) throw DamagedText();
+  play.moves.resize(moves);
+  for (Move& move : play.moves) Take(move);
+  Take(play.after);
+}
+
+void FieldReader::Take(PlayList& plays) {
+  plays = {};
+  while (!text_.empty() && text_.front() == kPlay) {
+    Play play;
+    Take(play);
+    plays.Append(play);
+  }
+  if (TakeByte() != kNoPlay) throw DamagedText();
 }
 
 void FieldReader::Take(StatGrid& grid) {

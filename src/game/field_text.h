@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/program_error.h"
 #include "game/board_state.h"
@@ -47,6 +48,13 @@ class FieldWriter {
   }
   // Cells and column widths; the rest of a grid's looks does not change in a game.
   void Put(const StatGrid& grid);
+  void Put(Outcome outcome) { PutNumber(static_cast<std::uint64_t>(outcome)); }
+  void Put(const Runner& runner) { (*this)(runner.name, runner.pitcher, runner.byError); }
+  void Put(const Move& move);
+  void Put(const Play& play);
+  // A mark stands behind the last play, not their number in front: what is the same in two games
+  // stays the same from the start.
+  void Put(const PlayList& plays);
   template <class T>
   void Put(const Field<T>& field) {
     Put(field.value());
@@ -87,6 +95,11 @@ class FieldReader {
   void Take(ReportedInnings& innings) { (*this)(innings.row, innings.written, innings.before); }
   // The grid has its size already.
   void Take(StatGrid& grid);
+  void Take(Outcome& outcome);
+  void Take(Runner& runner) { (*this)(runner.name, runner.pitcher, runner.byError); }
+  void Take(Move& move);
+  void Take(Play& play);
+  void Take(PlayList& plays);
   template <class T>
   void Take(Field<T>& field) {
     T value{};

@@ -9,7 +9,8 @@ namespace dtb {
 // Calls `game` with the fields that a step back restores, in an order in which what seldom changes
 // stands together, and `surroundings` with those that a game is picked up with, but that going back
 // leaves alone: a panel that the person opened since does not close, and a saved game stays saved.
-// Their order is that of the file of a kept game.
+// Their order is that of the file of a kept game, whose older forms lack some of the calls of
+// `game`; see ReadTable.
 // The rest passes: it means something only while a gesture lasts or a text is being edited, or
 // lives in the settings.
 //
@@ -23,8 +24,9 @@ void VisitFields(State& state, Sheet& sheet, Game&& game, Surroundings&& surroun
          HomeOuts, img_VisPitch, img_HomePitch, tb_OUT, tb_OutsCount, cb_Xinnings, tb_BoxScore,
          tb_BoxScoreBottom, lbl_BoxSel, lbl_VisHome, lbl_NumSel, EnteredCell, OtherLineAsked,
          pieces, pieceWidth, pieceHeight, StolenBasePiece, LastRunnerClicked,
-         pb_BaseTracker_visible, lbl_tracker, img_VisLogo, img_HomeLogo, fra_Options_visible,
-         cb_BaseTracker, chk_Ctrls, lbl_PhotoPath, Text1, Text1_visible] = state;
+         pb_BaseTracker_visible, lbl_tracker, cb_KeepBases, base, BasesHalf, plays, img_VisLogo,
+         img_HomeLogo, fra_Options_visible, cb_BaseTracker, chk_Ctrls, lbl_PhotoPath, Text1,
+         Text1_visible] = state;
   auto& [grd_VisStats, grd_HomeStats, grd_BoxScore, lbl_VisTeam, lbl_HomeTeam, Picture3, Picture4,
          tb_Comments, Command2_enabled, tb_TimeStamp2, tb_TimeStamp, tb_VisWin, tb_VisLoss,
          tb_HomeWin, tb_HomeLoss, cellText, cellText_visible, lbl_GridSelected, editedRow,
@@ -35,6 +37,7 @@ void VisitFields(State& state, Sheet& sheet, Game&& game, Surroundings&& surroun
        Picture3, Picture4, tb_Comments, tb_List1edit, tb_List2edit, lbl_VisPitcher_tag,
        lbl_HomePitcher_tag, lbl_VisPitcher, lbl_HomePitcher, img_VisPitch, img_HomePitch);
   surroundings(grd_BoxScore);  // a copy of the line score, made anew when the sheet opens
+  game(plays, base, BasesHalf);
   game(tb_BoxScore, tb_BoxScoreBottom, lbl_NumSel, EnteredCell, pieceWidth, pieceHeight, Option5,
        Option6, tb_OutsCount, tb_OUT, lbl_L1current, lbl_L2current, VisDue, HomeDue, lbl_Selected,
        lbl_tracker, StolenBasePiece, pieces, VisOuts, HomeOuts, VisReported, HomeReported,
@@ -42,11 +45,10 @@ void VisitFields(State& state, Sheet& sheet, Game&& game, Surroundings&& surroun
   surroundings(Check1, Check2, cb_Xinnings, lbl_BoxSel, lbl_VisHome, LastRunnerClicked,
                pb_BaseTracker_visible, fra_Options_visible, cb_BaseTracker, chk_Ctrls,
                Command2_enabled, tb_TimeStamp2, tb_TimeStamp);
-  // Fields that games kept by version 1.0.2 do not have; see ReadTable.
   game(BatterOf, OtherLineAsked, VisLoaded, HomeLoaded, ArchiveGame);
-  passes(tb_ListBoxStatus, DragSourceIndex, lbl_PhotoPath, Text1, Text1_visible, tb_VisWin,
-         tb_VisLoss, tb_HomeWin, tb_HomeLoss, cellText, cellText_visible, lbl_GridSelected,
-         editedRow, editedColumn);
+  passes(cb_KeepBases, tb_ListBoxStatus, DragSourceIndex, lbl_PhotoPath, Text1, Text1_visible,
+         tb_VisWin, tb_VisLoss, tb_HomeWin, tb_HomeLoss, cellText, cellText_visible,
+         lbl_GridSelected, editedRow, editedColumn);
 }
 
 }  // namespace dtb

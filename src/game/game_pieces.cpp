@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/paths.h"
+#include "game/bases.h"
 #include "game/history.h"
 #include "game/innings.h"
 #include "game/played_mark.h"
@@ -116,6 +117,7 @@ void ResetGamePieces(Board& board) {
   }
   PlacePiecesAtStart(board.state);
   for (GamePiece& piece : board.state.pieces) piece.plate.Set("");
+  ClearBases(board);
   ScoreUpdate(board);
   ChangeOfState(board);
 }

@@ -24,7 +24,8 @@ void FreePiece(Board& board, int piece);
 // Double click on a name plate: the same, but the tag stays.
 void ClearPlate(Board& board, int piece);
 
-// Empties all pieces and puts them back on their start places; the tags stay. Then the totals of
+// Empties all pieces and puts them back on their start places; the tags stay. Nobody is on base
+// then. The totals of
 // the line score are brought up to date.
 void ResetGamePieces(Board& board);
 

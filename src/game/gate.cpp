@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "game/bases.h"
 #include "game/batting_order.h"
 #include "game/game_pieces.h"
 #include "game/played_mark.h"
@@ -89,17 +90,20 @@ void AtBatRecordedMsg(Board& board) { Confirm(board, "At-Bat recorded."); }
 
 void OutOnBasesMsg(Board& board) { Confirm(board, "OUT recorded."); }
 
-void OutRecordedMsg(Board& board) {
+void TakesFirstMsg(Board& board) { Confirm(board, "First base recorded."); }
+
+void OutRecordedMsg(Board& board, CountsAtBat counts) {
   BoardState& state = board.state;
   Confirm(board, "OUT recorded.");
   TakeOffBoard(board, state.lbl_Selected.value());
   if (state.tb_OUT.number() != 3) {
-    AssignAtBat(board);
-    return;
+    if (counts == CountsAtBat::Yes) return AssignAtBat(board);
+    ChangeOfState(board);
+    return AdvanceLineup(board);
   }
   EndOfInning(board);
   // The batter is counted, and his line-up stays on him.
-  CountAtBat(board);
+  if (counts == CountsAtBat::Yes) CountAtBat(board);
   RetireBatter(board, true);
   state.tb_OUT.Set("0");
 }

@@ -34,12 +34,15 @@ void HitRecordedMsg(Board& board);
 // The boxes "At-Bat recorded." and, where the batter stays, "OUT recorded.".
 void AtBatRecordedMsg(Board& board);
 void OutOnBasesMsg(Board& board);
+// The box "First base recorded.", of a batter without an at-bat.
+void TakesFirstMsg(Board& board);
 
 // The box "OUT recorded.", shown after tb_OUT was raised; then the batter leaves the board, and
-// either the half-inning is closed or the next batter comes up.
-void OutRecordedMsg(Board& board);
+// either the half-inning is closed or the next batter comes up. A sacrifice counts no at-bat.
+enum class CountsAtBat { Yes, No };
+void OutRecordedMsg(Board& board, CountsAtBat counts = CountsAtBat::Yes);
 
-// The close of a half-inning on the board: box, game pieces, log line.
+// The close of a half-inning on the board: box, game pieces and bases, log line.
 void EndOfInning(Board& board);
 
 }  // namespace dtb

@@ -1,5 +1,6 @@
 #include "game/hits.h"
 
+#include "game/bases.h"
 #include "game/gate.h"
 #include "game/pitcher_of_record.h"
 #include "game/played_mark.h"
@@ -29,6 +30,7 @@ int BatterColumn(Outcome outcome) {
 void RecordPlateAppearance(Board& board, Outcome outcome) {
   if (!OutcomeGate(board)) return;
   LogOutcome(board, LogSuffix(outcome));
+  KeepPlay(board, outcome);
   const auto atBat = SideAtBat(board.state);
   if (!atBat) return;
   StatGrid& grid = SideOf(board, *atBat).grid;

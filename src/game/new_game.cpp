@@ -32,6 +32,7 @@ GameMemento FreshGame(const Board& board) {
   state.pb_BaseTracker_visible = now.pb_BaseTracker_visible;
   state.cb_BaseTracker = now.cb_BaseTracker;
   state.chk_Ctrls = now.chk_Ctrls;
+  state.cb_KeepBases = now.cb_KeepBases;
   state.fra_Options_visible = now.fra_Options_visible;
   state.lbl_PhotoPath = now.lbl_PhotoPath;
   state.Text1 = now.Text1;

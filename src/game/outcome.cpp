@@ -34,6 +34,16 @@ std::string_view LogSuffix(Outcome outcome) {
       return "_____AB [ERR]";
     case Outcome::RunBattedIn:
       return "_____RBI";
+    case Outcome::StolenBase:
+      return "_____SB";
+    case Outcome::TakesFirst:
+      return "_____1ST [NO AB]";
+    case Outcome::Sacrifice:
+      return "_____SAC [NO AB]";
+    case Outcome::Advance:
+      return "_____ADV";
+    case Outcome::PutOnBase:
+      return "_____ON";
   }
   return "";
 }

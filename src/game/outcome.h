@@ -1,4 +1,4 @@
-// The outcomes that the board can record.
+// What the board can record.
 #pragma once
 
 #include <string_view>
@@ -21,6 +21,12 @@ enum class Outcome {
   ThrownOut,
   AtBat,
   RunBattedIn,
+  // Of runners, and without an at-bat; the board has no labels for these.
+  StolenBase,
+  TakesFirst,  // hit by a pitch, interference
+  Sacrifice,   // the batter is out
+  Advance,     // a wild pitch, a passed ball, a balk
+  PutOnBase,   // a runner with whom a half-inning begins
 };
 
 // What stands behind the batter's list line in the event log: "_____1B".

@@ -1,6 +1,7 @@
 #include "game/outs.h"
 
 #include "base/program_error.h"
+#include "game/bases.h"
 #include "game/batting_order.h"
 #include "game/gate.h"
 #include "game/history.h"
@@ -21,22 +22,32 @@ void CloseHalf(Board& board) {
 void RecordBatterOut(Board& board, Outcome outcome) {
   if (!OutcomeGate(board)) return;
   LogOutcome(board, LogSuffix(outcome));
+  KeepPlay(board, outcome);
   board.state.tb_OUT.Raise();
   OutRecordedMsg(board);
 }
 
-void RecordDoublePlay(Board& board) {
+void RecordSacrifice(Board& board) {
+  if (!OutcomeGate(board)) return;
+  LogOutcome(board, LogSuffix(Outcome::Sacrifice));
+  KeepPlay(board, Outcome::Sacrifice);
+  board.state.tb_OUT.Raise();
+  OutRecordedMsg(board, CountsAtBat::No);
+}
+
+void RecordDoublePlay(Board& board, int out) {
   if (!OutcomeGate(board)) return;
   LogOutcome(board, LogSuffix(Outcome::DoublePlay));
   if (board.state.tb_OUT.number() == 2) {
     board.platform.boxes.ShowRecorded("There are already 2 outs.", BoxAlignment::Centred);
     return;
   }
+  KeepPlay(board, Outcome::DoublePlay, out);
   board.state.tb_OUT.Raise(2);
   OutRecordedMsg(board);
 }
 
-void RecordFieldersChoice(Board& board) {
+void RecordFieldersChoice(Board& board, int out) {
   BoardState& state = board.state;
   if (!BothTeamsLoaded(state)) return;
   if (state.tb_OUT.number() == 2) {
@@ -48,15 +59,17 @@ void RecordFieldersChoice(Board& board) {
     PitcherBatterSelectWarn(board);
     return;
   }
+  KeepPlay(board, Outcome::FieldersChoice, out);
   state.tb_OUT.Raise();
   LogOutcome(board, LogSuffix(Outcome::FieldersChoice));
   AssignAtBat(board);
   OutOnBasesMsg(board);
 }
 
-void RecordThrownOut(Board& board) {
+void RecordThrownOut(Board& board, int out) {
   if (!OutcomeGate(board)) return;
   LogOutcome(board, LogSuffix(Outcome::ThrownOut));
+  KeepPlay(board, Outcome::ThrownOut, out);
   board.state.tb_OUT.Raise();
   OutOnBasesMsg(board);
   if (board.state.tb_OUT.number() != 3) return;

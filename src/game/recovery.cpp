@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <system_error>
+#include <type_traits>
 #include <utility>
 
 #include "aids/ballparks.h"
@@ -18,10 +19,14 @@
 namespace dtb {
 namespace {
 
-// The number goes up whenever the fields, or their order, change.
-constexpr std::string_view kHead = "Kelvane Diamond Table, a game in progress, 3\n";
-// Version 1.0.2 wrote all but the last group of fields.
-constexpr std::string_view kOlderHead = "Kelvane Diamond Table, a game in progress, 2\n";
+// The form of the text stands at the end of its head, and goes up whenever the fields, or their
+// order, change.
+constexpr std::string_view kHead = "Kelvane Diamond Table, a game in progress, ";
+constexpr char kForm = '4';
+// Form 3 had no plays, but most games had that of the archive once more at their end.
+constexpr char kFormWithoutPlays = '3';
+// Form 2, of version 1.0.2, also lacked whose batter it is, and the teams as they were loaded.
+constexpr char kOldestForm = '2';
 constexpr std::size_t kChecksumBytes = 8;
 
 // FNV-1a, of 64 bits.
@@ -59,6 +64,26 @@ void TellWhoseBatter(BoardState& state) {
   state.BatterOf.Set(!bats ? "" : visitors ? "V" : "H");
 }
 
+// The form of a kept game; 0 for what is none.
+char FormOf(std::string_view bytes) {
+  const bool begins = bytes.starts_with(kHead) && bytes.size() > kHead.size() + 1;
+  return begins && bytes[kHead.size() + 1] == '\n' ? bytes[kHead.size()] : '\0';
+}
+
+// Whether a form has the fields of the n-th call of VisitFields for the game, from 1.
+bool HasGroup(char form, int group) {
+  constexpr int kPlays = 2;
+  constexpr int kWhoseBatter = 4;
+  if (group == kPlays) return form > kFormWithoutPlays;
+  return group != kWhoseBatter || form > kOldestForm;
+}
+
+// What an older form does not tell; a grid is told by all of them.
+template <class Value>
+void Empty(Value& value) {
+  if constexpr (std::is_default_constructible_v<Value>) value = Value();
+}
+
 // Moves a game that is not wanted to a file with the names of its teams; where that cannot be
 // written, to one without them.
 std::string DeclinedAside(const std::string& bytes, const KeptTable& kept, RecoveryStore& store) {
@@ -78,36 +103,33 @@ std::string TableText(const Board& board, const AidsState& aids) {
   writer(board.log.text());
   VisitAids(aids, writer);
   writer(aids.parkChoice ? TextOf(*aids.parkChoice) : std::string());
-  writer(board.state.ArchiveGame);
-  return std::string(kHead).append(ChecksumText(content)).append(content);
+  return std::string(kHead).append({kForm, '\n'}).append(ChecksumText(content)).append(content);
 }
 
 KeptTable ReadTable(std::string_view bytes, const Board& board, const Aids& aids) {
-  const bool older = bytes.starts_with(kOlderHead);
-  if (!older && !bytes.starts_with(kHead)) throw DamagedText();
-  bytes.remove_prefix(kHead.size());
+  const char form = FormOf(bytes);
+  if (form < kOldestForm || form > kForm) throw DamagedText();
+  bytes.remove_prefix(kHead.size() + 2);
   if (bytes.size() < kChecksumBytes) throw DamagedText();
   const std::string_view content = bytes.substr(kChecksumBytes);
   if (bytes.substr(0, kChecksumBytes) != ChecksumText(content)) throw DamagedText();
 
   KeptTable kept{Remember(board), aids.state};
   FieldReader reader(content);
-  constexpr int kOlderGroups = 2;
-  int groups = 0;
-  const auto game = [&reader, &groups, older](auto&... fields) {
-    if (++groups <= kOlderGroups || !older) reader(fields...);
+  int group = 0;
+  const auto game = [&reader, &group, form](auto&... fields) {
+    if (HasGroup(form, ++group)) return reader(fields...);
+    (Empty(fields), ...);
   };
   VisitFields(kept.game.state, kept.game.sheet, game, reader);
-  if (older) TellWhoseBatter(kept.game.state);
+  if (form == kOldestForm) TellWhoseBatter(kept.game.state);
   std::string log;
   reader(log);
   VisitAids(kept.aids, reader);
   std::string parkChoice;
   reader(parkChoice);
   kept.aids.parkChoice = parkChoice.empty() ? std::nullopt : std::optional(PathOf(parkChoice));
-  // Games that were kept before seasons were followed end here.
-  kept.game.state.ArchiveGame.clear();
-  if (!reader.AtEnd()) reader(kept.game.state.ArchiveGame);
+  if (form <= kFormWithoutPlays && !reader.AtEnd()) reader(kept.game.state.ArchiveGame);
   if (!reader.AtEnd()) throw DamagedText();
   kept.game.log = EventLog(std::move(log));
   return kept;

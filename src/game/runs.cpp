@@ -1,5 +1,6 @@
 #include "game/runs.h"
 
+#include "game/bases.h"
 #include "game/gate.h"
 #include "game/innings.h"
 #include "game/outcome.h"
@@ -11,6 +12,7 @@ namespace dtb {
 void RecordRun(Board& board) {
   if (!OutcomeGate(board)) return;
   BoardState& state = board.state;
+  KeepPlay(board, Outcome::RunBattedIn);
   const int half = HalfInProgress(state);
   if (half < kHalves) Cell(state, half).text.Raise();
   ScoreUpdate(board);

@@ -4,6 +4,7 @@
 #include "base/settings_keys.h"
 #include "game/game_pieces.h"
 #include "game/innings.h"
+#include "game/keep_bases.h"
 #include "platform/trapped.h"
 #include "teams/lineup_edit.h"
 #include "teams/logos.h"
@@ -29,6 +30,7 @@ void StartUp(Board& board) {
     ShowDefaultLogos(board);
     board.state.lbl_PhotoPath.Set(
         board.platform.settings.Read(settings::kLabels, settings::kPhotoPath, ""));
+    ReadKeepBases(board);
   });
 }
 

@@ -77,6 +77,18 @@ QString FaultOfWord(const QString& kind, const QString& word) {
   if (kind == "RIGHT|BACK" && word != "RIGHT" && word != "BACK") {
     return quoted + " is neither RIGHT nor BACK";
   }
+  if (kind == "ON|OFF" && word != "ON" && word != "OFF") {
+    return quoted + " is neither ON nor OFF";
+  }
+  if (kind == "BASE" && !QStringList{"1", "2", "3"}.contains(word)) {
+    return quoted + " is not a base (1, 2 or 3)";
+  }
+  if (kind == "FROM" && !QStringList{"1", "2", "3", "BATTER"}.contains(word)) {
+    return quoted + " is not a base (1, 2 or 3) or BATTER";
+  }
+  if (kind == "TO" && !QStringList{"1", "2", "3", "HOME", "OUT"}.contains(word)) {
+    return quoted + " is not a base (1, 2 or 3), HOME or OUT";
+  }
   if (kind == "NAME" && word.contains('/')) return quoted + " is not a name for a picture";
   return {};
 }
@@ -127,6 +139,12 @@ const std::vector<GestureForm>& GestureForms() {
       {"AB", "", "record a time at bat that is none of these"},
       {"RBI", "", "record a run, before the hit that drives it in"},
       {"SB", "PLAYER", "record a steal by the player on a game piece"},
+      {"BASES", "ON|OFF", "let the board keep the bases, or not"},
+      {"RUN", "FROM TO",
+       "move a runner by hand from base 1, 2 or 3 to a base or HOME, or the BATTER to 1 or OUT"},
+      {"ADVANCE", "FROM TO", "the same as a play of its own, as after a wild pitch"},
+      {"OUT", "BASE", "name the runner who is out, behind TO, or another one behind FC or DP"},
+      {"PLACE", "BASE PLAYER", "put a player of the side at bat on an empty base"},
       {"NEWGAME", "", "begin a new game in the same run"},
       {"UNDO", "", "take a step back"},
       {"REDO", "", "do a step again"},

@@ -1,3 +1,6 @@
+#include "game/bases.h"
+#include "game/play_sums.h"
+#include "game/play_words.h"
 #include "platform/qt/qt_text.h"
 #include "replay/game_state.h"
 #include "windows/browser/browser_window.h"
@@ -73,8 +76,8 @@ void PutFields(Lines& lines, const BoardState& state, const StatSheet& sheet) {
                ON_BOARD(lbl_BoxSel), ON_BOARD(lbl_VisHome), ON_BOARD(lbl_NumSel),
                ON_BOARD(StolenBasePiece), ON_BOARD(LastRunnerClicked), ON_BOARD(img_VisLogo),
                ON_BOARD(img_HomeLogo));
-  lines.PutAll(ON_BOARD(cb_BaseTracker), ON_BOARD(chk_Ctrls), ON_BOARD(lbl_PhotoPath),
-               ON_BOARD(Text1));
+  lines.PutAll(ON_BOARD(cb_BaseTracker), ON_BOARD(cb_KeepBases), ON_BOARD(chk_Ctrls),
+               ON_BOARD(lbl_PhotoPath), ON_BOARD(Text1));
   lines.PutAll(ON_SHEET(lbl_VisTeam), ON_SHEET(lbl_HomeTeam), ON_SHEET(Picture3),
                ON_SHEET(Picture4), ON_SHEET(tb_Comments), ON_SHEET(Text1),
                ON_SHEET(lbl_GridSelected), "Form2.Text1.visible", sheet.Text1_visible);
@@ -111,6 +114,35 @@ void PutPieces(Lines& lines, const BoardState& state) {
   for (int base = 0; base < 3; ++base) {
     const std::string name = "lbl_tracker" + std::to_string(base + 1);
     lines.PutUnless(kWhite, name, state.lbl_tracker.at(base).value());
+  }
+}
+
+// The bases count from 1; R, and the runs that a pitcher answers for, stand beside his row of the
+// sheet.
+void PutPlays(Lines& lines, Board& board) {
+  const BoardState& state = board.state;
+  for (int base = kFirstBase; base <= kThirdBase; ++base) {
+    lines.Put(Indexed("base", base), RunnerOn(state, base).name);
+  }
+  QStringList plays;
+  for (const Play& play : state.plays.All()) plays += ToQt(PlayWithInning(play));
+  lines.PutList("play", plays);
+  for (const Side batting : {Side::Visitors, Side::Home}) {
+    const PlaySums sums = SumsOf(state, batting);
+    const std::string side = batting == Side::Visitors ? "visitors" : "home";
+    const std::string other = batting == Side::Visitors ? "home" : "visitors";
+    const StatGrid& batters = SideOf(board, batting).grid;
+    const StatGrid& pitchers = SideOf(board, Other(batting)).grid;
+    const auto put = [&lines](const std::string& name, int row,
+                              const std::map<std::string, int>& of, std::string_view player) {
+      const auto found = of.find(std::string(player));
+      lines.Put(Indexed(name, row), found == of.end() ? "" : std::to_string(found->second));
+    };
+    for (int row = 1; row < kStatRows; ++row) {
+      put("R." + side, row, sums.runs, batters.Text(row, stat_column::kBatter));
+      put("charged." + other, row, sums.charged, pitchers.Text(row, stat_column::kPitcher));
+    }
+    lines.Put("left." + side, sums.leftOnBase == 0 ? "" : std::to_string(sums.leftOnBase));
   }
 }
 
@@ -168,6 +200,7 @@ StateMap StateLines(Board& board, const BoardWindow& form1, const QStringList& m
   PutSide(lines, board, Side::Visitors);
   PutSide(lines, board, Side::Home);
   PutPieces(lines, board.state);
+  PutPlays(lines, board);
   PutVisible(lines, form1);
   lines.PutAll("grd_VisStats", board.sheet.grd_VisStats, "grd_HomeStats", board.sheet.grd_HomeStats,
                "grd_BoxScore", board.sheet.grd_BoxScore);

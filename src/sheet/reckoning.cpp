@@ -20,7 +20,6 @@ Reckoning Reckon(Board& board, Side side) {
       SumOf(fields.grid, stat_column::kAtBats) + SumOf(fields.grid, stat_column::kWalks);
   reckoning.runs = RunsOfInnings(fields.score);
   reckoning.leftOnBase = reckoning.appearances - reckoning.runs - reckoning.outs;
-  constexpr int kBases = 3;
   reckoning.mostOnBase = kBases * (halves + 1.0);
   return reckoning;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/program_error.h"
+#include "game/bases.h"
 #include "game/game_pieces.h"
 #include "game/history.h"
 #include "game/player_name.h"
@@ -54,6 +55,7 @@ void SelectBatter(Board& board, Side side) {
   if (board.state.tb_ListBoxStatus.number() > 0 || fields.list.empty()) return;
   if (fields.list.selected() >= kStarters) return;
   Trapped(board.platform.boxes, [&] {
+    LeaveTheBox(board);
     board.state.lbl_Selected.Set(PlayerNameOf(fields.list.SelectedEntry()));
     board.state.BatterOf.Set(fields.letter);
     fields.rememberedRow.Set(DecimalText(fields.list.selected()));

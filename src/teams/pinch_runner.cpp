@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "base/program_error.h"
+#include "game/bases.h"
 #include "game/batting_order.h"
 #include "game/game_pieces.h"
 #include "game/history.h"
@@ -78,6 +79,7 @@ void ComeIn(Board& board, Side side, int row, int piece) {
     if (bats) board.state.lbl_Selected.Set(name);
     if (board.state.LastRunnerClicked == runner) board.state.LastRunnerClicked = name;
     GivePiece(board, piece, name);
+    TakeOverBase(board.state, runner, name);
     GiveSheetLine(board, side, name);
     MarkPlayed(board, side, name);
     HighlightPlaceInOrder(board, side);

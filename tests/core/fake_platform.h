@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <functional>
 #include <map>
@@ -11,18 +12,23 @@
 
 #include "base/paths.h"
 #include "base/program_error.h"
+#include "game/base_running.h"
+#include "game/bases.h"
 #include "game/batting_order.h"
 #include "game/game_pieces.h"
 #include "game/history.h"
 #include "game/memento.h"
 #include "game/outcomes.h"
 #include "game/outs.h"
+#include "game/play_credits.h"
+#include "game/play_words.h"
 #include "game/runners.h"
 #include "game/score_pad.h"
 #include "game/start_up.h"
 #include "platform/quiet_desktop.h"
 #include "sheet/proof.h"
 #include "teams/lineup_edit.h"
+#include "teams/pinch_runner.h"
 #include "teams/pitchers.h"
 #include "teams/team_load.h"
 
@@ -38,6 +44,7 @@ struct FakePlatform final : QuietDesktop {
     Tell(message);
     counts += counted + '\n';
   }
+  void Notify(const std::string& message) override { notices += message + ';'; }
   void Show(const std::string& message, BoxIcon icon, const std::string& title) override {
     Tell(" iw!x"[static_cast<int>(icon)] + (": " + title + (title.empty() ? "" : ": ")) + message);
   }
@@ -96,7 +103,8 @@ struct FakePlatform final : QuietDesktop {
   std::optional<std::filesystem::path> chosen;  // in the file dialog; none: cancelled
   std::set<std::string> photos;                 // paths of the pictures that exist
   bool control = false;
-  bool saysYes = false;   // to a question
+  bool saysYes = false;  // to a question
+  std::string notices;
   bool goesBack = false;  // at a choice; else it takes what Enter would
   int controlF12 = 0;
   std::vector<double> draws;  // the generator goes round them
@@ -112,6 +120,10 @@ struct FakePlatform final : QuietDesktop {
 // The outcome labels, in the order of the enumeration.
 inline const std::vector<std::string> kLabels{"1B", "2B", "3B", "HR", "BB", "K",  "GO", "FO",
                                               "LO", "PO", "DP", "FC", "TO", "AB", "RBI"};
+
+inline Outcome OutcomeNamed(const std::string& label) {
+  return Outcome(std::find(kLabels.begin(), kLabels.end(), label) - kLabels.begin());
+}
 
 // A table ready for the first pitch: the visitors' first player bats, the last player of each list
 // pitches. With `loaded` false it is as it stands after start-up.
@@ -141,7 +153,9 @@ struct Game {
 
   void Do(const std::string& word) {
     const auto label = std::find(kLabels.begin(), kLabels.end(), word);
-    if (label != kLabels.end()) return RecordOutcome(board, Outcome(label - kLabels.begin()));
+    if (label != kLabels.end()) return RecordOutcome(board, OutcomeNamed(word));
+    if (word == "1ST") return RecordOutcome(board, Outcome::TakesFirst);
+    if (word == "SAC") return RecordOutcome(board, Outcome::Sacrifice);
     const std::string verb = word.substr(0, word.find(':'));
     const std::string argument = word.substr(verb.size() + 1);
     const std::string rest = argument.empty() ? "" : argument.substr(1);
@@ -191,6 +205,20 @@ struct Game {
     if (verb == "steal") RecordStolenBase(board, row);
     if (verb == "move") MovePiece(board, row, 500 + row, 400);
     if (verb == "base") ToggleBase(board, row);
+    const int digit = argument.empty() ? 0 : argument.back() - '0';  // a base; 4 is home
+    if (verb == "keep") state.cb_KeepBases.Set(argument == "on");
+    if (verb == "run") MoveRunner(board, argument[0] - '0', digit);
+    if (verb == "advance") MoveRunner(board, argument[0] - '0', digit, MoveOf::ItsOwn);
+    if (verb == "on") PutOnBase(board, argument.substr(0, 1), digit);
+    if (verb == "instead") PutOutInstead(board, argument);
+    if (verb == "put") DropPiece(board, argument[0] - '0', digit, MoveOf::LastPlay);
+    if (verb == "in") ComeIn(board, side, row / 10, row % 10);  // "in:v93": row 9 on piece 3
+    if (verb == "SB" || verb == "TO" || verb == "FC" || verb == "DP") {
+      if (verb == "SB") return RecordStolenBase(board, PieceOf(state, argument).value_or(0));
+      RecordOutcome(board, OutcomeNamed(verb), digit);
+    }
+    if (verb == "batted") SetBattedIn(board, argument[0] - '0', argument[1] - '0', digit != 0);
+    if (verb == "earned") SetEarned(board, argument[0] - '0', argument[1] - '0', digit != 0);
     if (verb == "undo") history.Undo(board);
     if (verb == "redo") history.Redo(board);
     if (verb == "seal") history.Seal();
@@ -204,6 +232,7 @@ struct Game {
            << state.tb_BoxScoreBottom.at(cell).text.value();
     };
     if (facet == "told") text << std::exchange(fake.told, "");
+    if (facet == "notices") text << std::exchange(fake.notices, "");
     if (facet == "log") {  // the lines since the last look, each with ";" behind it
       for (; logRead < log.text().size(); ++logRead) {
         const char c = log.text()[logRead];
@@ -230,6 +259,21 @@ struct Game {
       for (const LineupList* list : {&state.List1, &state.List2}) {
         for (const std::string& entry : list->entries()) text << entry.front();
         text << list->selected() << (list == &state.List1 ? " " : "");
+      }
+    } else if (facet == "bases") {  // "A - C": who is on first, second, third
+      for (int base = 1; base <= kBases; ++base) {
+        const Runner runner = RunnerOn(state, base);
+        text << (base > 1 ? " " : "") << (runner.none() ? "-" : runner.name);
+      }
+    } else if (facet == "play") {  // the last one, in words
+      if (!state.plays.empty()) text << PlayInWords(state.plays.Last());
+    } else if (facet == "runs") {  // "A for D, batted in, l, earned;"
+      for (const dtb::Play& play : state.plays.All()) {
+        for (const Move& move : play.moves) {
+          if (move.to != kHomePlate) continue;
+          text << move.name << " for " << play.batter << (move.battedIn ? ", batted in, " : ", ")
+               << move.pitcher << (move.earned ? ", earned;" : ";");
+        }
       }
     } else if (facet == "pieces") {  // "tag:plate"; "#" for a photo, "*" for one in the store
       for (const GamePiece& piece : state.pieces) {

@@ -1,0 +1,175 @@
+#include "game/base_running.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "game/bases.h"
+#include "game/batter_guard.h"
+#include "game/game_pieces.h"
+#include "game/gate.h"
+#include "game/history.h"
+#include "game/new_game.h"
+#include "game/outcomes.h"
+#include "game/play_words.h"
+#include "game/player_name.h"
+#include "platform/trapped.h"
+
+namespace dtb {
+namespace {
+
+// Who is in the way, from place to place; "" for nobody.
+std::string InTheWay(const BoardState& state, Way way) {
+  const int step = way.to > way.from ? 1 : -1;
+  for (int base = way.from + step; base != way.to + step; base += step) {
+    if (base < kFirstBase || base > kThirdBase) continue;
+    const Runner runner = RunnerOn(state, base);
+    if (!runner.none()) return runner.name;
+  }
+  return "";
+}
+
+// Why the way is no way: "Varrow is on third; Hathersby cannot pass him."
+std::string Refusal(const BoardState& state, Way way) {
+  const Runner runner = RunnerOn(state, way.from);
+  if (runner.none()) return std::string("Nobody is on ") + BaseName(way.from) + ".";
+  const std::string other = InTheWay(state, way);
+  if (other.empty()) return "";
+  const int base = BaseOf(state, other);
+  return LastNameOf(other) + " is on " + BaseName(base) + "; " + LastNameOf(runner.name) +
+         (base == way.to ? " cannot go there." : " cannot pass him.");
+}
+
+// The last play is still that of the batter and the runners: what moves now belongs to it.
+bool IsOpen(const BoardState& state) {
+  if (state.plays.empty()) return false;
+  const Play last = state.plays.Last();
+  return last.basesKept && last.half == HalfInProgress(state) &&
+         last.outcome != Outcome::RunBattedIn && last.outcome != Outcome::PutOnBase;
+}
+
+bool CanMove(Board& board) {
+  if (!KeepsBases(board.state) || !SideAtBat(board.state)) return false;
+  return !RefusesAfterSave(board);
+}
+
+void LogMove(Board& board, const std::string& name, int to) {
+  if (to != kHomePlate) board.log.Append(name + "_____[to " + BaseName(to) + "]");
+}
+
+// Where a player stood when the last play began; 0: on no base.
+int BaseBefore(const Play& play, const std::string& name) {
+  const auto move = std::ranges::find(play.moves, name, &Move::name);
+  if (move != play.moves.end()) return move->from <= kThirdBase ? move->from : 0;
+  const auto stayed = std::ranges::find(play.after, name);
+  return stayed == play.after.end() ? 0 : static_cast<int>(stayed - play.after.begin()) + 1;
+}
+
+int RunnersBefore(const Play& play) {
+  int runners = 0;
+  for (const Move& move : play.moves) runners += BaseBefore(play, move.name) > 0 ? 1 : 0;
+  for (const std::string& name : play.after) {
+    const bool moved = std::ranges::count(play.moves, name, &Move::name) > 0;
+    runners += !name.empty() && !moved ? 1 : 0;
+  }
+  return runners;
+}
+
+}  // namespace
+
+void MoveRunner(Board& board, int from, int to, MoveOf belongs) {
+  if (!CanMove(board)) return;
+  BoardState& state = board.state;
+  const Way way{from, to};
+  if (const std::string why = Refusal(state, way); !why.empty() || from == to) {
+    if (!why.empty()) board.platform.boxes.Notify(why);
+    return;
+  }
+  if (!IsFree(OccupiedBases(state), way)) return;
+  Trapped(board.platform.boxes, [&] {
+    const Runner runner = RunnerOn(state, from);
+    const Gesture gesture(board, std::string("to ") + BaseName(to) + ", " + runner.name);
+    const bool joins = belongs == MoveOf::LastPlay && IsOpen(state);
+    Play play = joins ? state.plays.Last() : BeginPlay(board, Outcome::Advance);
+    LogMove(board, runner.name, to);
+    Go(board, play, way, runner);
+    EndPlay(board, play);
+    if (joins) {
+      state.plays.Replace(state.plays.size() - 1, play);
+    } else {
+      state.plays.Append(play);
+    }
+    board.platform.boxes.Notify(PlayInWords(play));
+  });
+}
+
+void PutOnBase(Board& board, const std::string& name, int base) {
+  if (!CanMove(board) || name.empty()) return;
+  BoardState& state = board.state;
+  const Runner there = RunnerOn(state, base);
+  const std::string& batter = state.lbl_Selected.value();
+  const std::string last = LastNameOf(name);
+  std::string why;
+  if (!there.none()) why = LastNameOf(there.name) + " is on " + BaseName(base) + ".";
+  if (BaseOf(state, name) > 0) why = last + " is on base already.";
+  if (name == batter && !state.BatterOf.value().empty()) why = last + " bats.";
+  if (!why.empty()) return board.platform.boxes.Notify(why);
+  Trapped(board.platform.boxes, [&] {
+    const Gesture gesture(board, std::string("on ") + BaseName(base) + ", " + name);
+    Play play = BeginPlay(board, Outcome::PutOnBase);
+    if (!PieceOf(state, name)) PlaceBatterPhoto(board, name);
+    board.log.Append(name + std::string(LogSuffix(Outcome::PutOnBase)));
+    Go(board, play, {kFromBench, base}, {name, play.pitcher, true});
+    EndPlay(board, play);
+    state.plays.Append(play);
+    board.platform.boxes.Notify(PlayInWords(play));
+  });
+}
+
+bool AsksWhoIsOut(const Board& board, Outcome outcome) {
+  if (outcome != Outcome::ThrownOut || !KeepsBases(board.state)) return false;
+  const Occupied occupied = OccupiedBases(board.state);
+  return PitchersAndBatterChosen(board.state) && std::ranges::count(occupied, true) > 1;
+}
+
+bool CanPutOutAnother(const Board& board) {
+  const PlayList& plays = board.state.plays;
+  if (board.history == nullptr || plays.empty() || !KeepsBases(board.state)) return false;
+  if (board.choice.steps != board.history->steps() || board.choice.plays != plays.size()) {
+    return false;
+  }
+  return RunnersBefore(plays.Last()) > 1;
+}
+
+void PutOutInstead(Board& board, const std::string& name) {
+  if (!CanPutOutAnother(board)) return;
+  const Play last = board.state.plays.Last();
+  const int base = BaseBefore(last, name);
+  const bool out = std::ranges::any_of(
+      last.moves, [&name](const Move& move) { return move.name == name && move.to == kPutOut; });
+  if (base == 0 || out) return;
+  board.history->Undo(board);
+  RecordOutcome(board, last.outcome, base);
+}
+
+void DropPiece(Board& board, int piece, int place, MoveOf belongs) {
+  if (!KeepsBases(board.state)) return;
+  const GamePiece& dropped = board.state.pieces.at(static_cast<std::size_t>(piece));
+  if (dropped.free()) return;
+  const std::string name = dropped.tag.value();
+  const int base = BaseOf(board.state, name);
+  const bool onField = place >= kFirstBase && place <= kThirdBase;
+  if (base > 0 && place == kPutOut) return RecordOutcome(board, Outcome::ThrownOut, base);
+  if (base > 0) return MoveRunner(board, base, place, belongs);
+  const bool bats =
+      name == board.state.lbl_Selected.value() && !board.state.BatterOf.value().empty();
+  if (!bats) {
+    if (onField) PutOnBase(board, name, place);
+    if (place == kPutOut) FreePiece(board, piece);
+    return;
+  }
+  if (place == kFirstBase) return RecordOutcome(board, Outcome::TakesFirst);
+  if (place == kPutOut) return RecordOutcome(board, Outcome::Sacrifice);
+  board.platform.boxes.Notify("Click the hit that takes " + LastNameOf(name) + " there.");
+}
+
+}  // namespace dtb

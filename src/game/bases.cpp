@@ -1,0 +1,233 @@
+#include "game/bases.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "game/innings.h"
+#include "game/play_credits.h"
+#include "game/play_words.h"
+
+namespace dtb {
+namespace {
+
+Field<Runner>& FieldOf(BoardState& state, int base) {
+  return state.base.at(static_cast<std::size_t>(base - kFirstBase));
+}
+
+bool IsBase(int place) { return place >= kFirstBase && place <= kThirdBase; }
+
+// Outs of the half-inning as its earned runs see them: an at-bat on which an error let the batter
+// live counts as one. A pitcher who came in the middle of it has no use of the errors before him
+// (Official Baseball Rules, 9.16(i)).
+int OutsWithErrors(const Board& board, const Play& play, const std::string& pitcher) {
+  int outs = play.outsBefore;
+  const PlayList& plays = board.state.plays;
+  int errorsOfHis = 0;
+  int errors = 0;
+  bool began = play.pitcher == pitcher;  // he pitched the first play of the half-inning
+  for (std::size_t place = plays.size(); place > 0; --place) {
+    const Play before = plays.At(place - 1);
+    if (before.half != play.half) break;
+    const bool error = before.outcome == Outcome::AtBat;
+    errors += error ? 1 : 0;
+    errorsOfHis += error && before.pitcher == pitcher ? 1 : 0;
+    began = before.pitcher == pitcher;
+  }
+  return outs + (began ? errors : errorsOfHis);
+}
+
+// Whether a run on such a play is the batter's work (9.04): on hits, forced walks and outs, but not
+// on a double play, an error, or while he does nothing.
+bool GivesRunBattedIn(Outcome outcome) {
+  switch (outcome) {
+    case Outcome::Single:
+    case Outcome::Double:
+    case Outcome::Triple:
+    case Outcome::Homer:
+    case Outcome::Walk:
+    case Outcome::TakesFirst:
+    case Outcome::Groundout:
+    case Outcome::Flyout:
+    case Outcome::Lineout:
+    case Outcome::Popout:
+    case Outcome::FieldersChoice:
+    case Outcome::Sacrifice:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool IsEarned(const Board& board, const Play& play, const Runner& runner) {
+  constexpr int kOutsOfHalf = 3;
+  return !runner.byError && play.outcome != Outcome::AtBat &&
+         OutsWithErrors(board, play, runner.pitcher) < kOutsOfHalf;
+}
+
+void CountRun(Board& board, const Play& play, const Runner& runner, Move& move) {
+  move.pitcher = runner.pitcher;
+  move.battedIn = GivesRunBattedIn(play.outcome);
+  move.earned = IsEarned(board, play, runner);
+  if (play.half < kHalves) Cell(board.state, play.half).text.Raise();
+  ScoreUpdate(board);
+  CreditRun(board, play, move, 1);
+  board.log.Append(runner.name + "_____R");
+}
+
+// A player who goes on in the same play has one move; one who is back where he was has none.
+void AddMove(Play& play, Move move) {
+  const auto before = std::ranges::find_if(play.moves, [&move](const Move& earlier) {
+    return earlier.name == move.name && earlier.to == move.from;
+  });
+  if (before == play.moves.end()) {
+    play.moves.push_back(std::move(move));
+    return;
+  }
+  move.from = before->from;
+  *before = std::move(move);
+  if (before->from == before->to) play.moves.erase(before);
+}
+
+// The piece is free for the next player, with or without a photo; only its name stays.
+void ReleasePiece(BoardState& state, const std::string& name) {
+  const auto piece = PieceOf(state, name);
+  if (!piece) return;
+  GamePiece& released = state.pieces.at(static_cast<std::size_t>(*piece));
+  released.picture.Set({});
+  released.plate.Set("");
+  released.store.Set({});
+}
+
+void ShowOnTracker(BoardState& state) {
+  for (std::size_t base = 0; base < state.base.size(); ++base) {
+    state.lbl_tracker.at(base).Set(state.base.at(base).value().none() ? kWhite : kOccupiedGreen);
+  }
+}
+
+// The pitchers answer for as many runs as they put on, not for these very players: who takes the
+// place of one who is put out takes over whose run he was (9.16(g)). The batter comes last.
+Runner HandOver(BoardState& state, int out, Runner batter) {
+  Runner carried = RunnerOn(state, out);
+  for (int base = out - 1; base >= kFirstBase; --base) {
+    Runner runner = RunnerOn(state, base);
+    if (runner.none()) continue;
+    std::swap(runner.pitcher, carried.pitcher);
+    std::swap(runner.byError, carried.byError);
+    FieldOf(state, base).Set(runner);
+  }
+  batter.pitcher = carried.pitcher;
+  batter.byError = carried.byError;
+  return batter;
+}
+
+}  // namespace
+
+Runner RunnerOn(const BoardState& state, int base) {
+  const bool fresh = state.BasesHalf == HalfInProgress(state);
+  return fresh ? state.base.at(static_cast<std::size_t>(base - kFirstBase)).value() : Runner{};
+}
+
+Occupied OccupiedBases(const BoardState& state) {
+  Occupied occupied{};
+  for (int base = kFirstBase; base <= kThirdBase; ++base) {
+    occupied.at(static_cast<std::size_t>(base - kFirstBase)) = !RunnerOn(state, base).none();
+  }
+  return occupied;
+}
+
+bool AnyoneOn(const BoardState& state) { return OccupiedBases(state) != Occupied{}; }
+
+int BaseOf(const BoardState& state, const std::string& name) {
+  for (int base = kFirstBase; base <= kThirdBase && !name.empty(); ++base) {
+    if (RunnerOn(state, base).name == name) return base;
+  }
+  return 0;
+}
+
+std::optional<int> PieceOf(const BoardState& state, const std::string& name) {
+  const auto piece = std::ranges::find_if(state.pieces, [&name](const GamePiece& one) {
+    return !one.free() && one.tag.value() == name;
+  });
+  if (piece == state.pieces.end()) return std::nullopt;
+  return static_cast<int>(piece - state.pieces.begin());
+}
+
+void Go(Board& board, Play& play, Way way, const Runner& runner) {
+  BoardState& state = board.state;
+  if (IsBase(way.from)) FieldOf(state, way.from).Set({});
+  Move move{runner.name, way.from, way.to, {}, false, false};
+  if (IsBase(way.to)) {
+    FieldOf(state, way.to).Set(runner);
+  } else {
+    if (way.to == kHomePlate) CountRun(board, play, runner, move);
+    ReleasePiece(state, runner.name);
+  }
+  AddMove(play, std::move(move));
+}
+
+Play BeginPlay(Board& board, Outcome outcome) {
+  BoardState& state = board.state;
+  Play play;
+  play.half = HalfInProgress(state);
+  play.outsBefore = std::clamp(static_cast<int>(state.tb_OUT.number()), 0, 3);
+  play.outcome = outcome;
+  play.batter = state.lbl_Selected.value();
+  if (const auto atBat = SideAtBat(state)) {
+    play.pitcher = SideOf(board, Other(*atBat)).pitcher.value();
+  }
+  play.basesKept = KeepsBases(state);
+  if (play.basesKept && state.BasesHalf != play.half) ClearBases(board);
+  if (play.basesKept) state.BasesHalf = play.half;
+  return play;
+}
+
+void EndPlay(Board& board, Play& play) {
+  if (!play.basesKept) return;
+  for (std::size_t base = 0; base < play.after.size(); ++base) {
+    play.after.at(base) = board.state.base.at(base).value().name;
+  }
+  ShowOnTracker(board.state);
+  board.counting = PlayInWords(play);
+}
+
+void KeepPlay(Board& board, Outcome outcome, int out) {
+  BoardState& state = board.state;
+  if (!SideAtBat(state)) return;
+  Play play = BeginPlay(board, outcome);
+  if (play.basesKept) {
+    const Occupied occupied = OccupiedBases(state);
+    if (out == 0) out = RunnerPutOut(outcome, occupied);
+    Runner batter{play.batter, play.pitcher, outcome == Outcome::AtBat};
+    if (outcome == Outcome::FieldersChoice && out > 0) batter = HandOver(state, out, batter);
+    std::vector<Way> ways = WaysOf(outcome, occupied, out);
+    if (outcome == Outcome::StolenBase) ways = {{out, out + 1}};
+    for (const Way way : ways) {
+      const Runner runner = way.from == kAtBatPlace ? batter : RunnerOn(state, way.from);
+      Go(board, play, way, runner);
+    }
+  }
+  EndPlay(board, play);
+  state.plays.Append(play);
+}
+
+void ClearBases(Board& board) {
+  for (Field<Runner>& base : board.state.base) base.Set({});
+  if (KeepsBases(board.state)) ShowOnTracker(board.state);
+}
+
+void TakeOverBase(BoardState& state, const std::string& runner, const std::string& name) {
+  const int base = BaseOf(state, runner);
+  if (base == 0) return;
+  Runner now = RunnerOn(state, base);
+  now.name = name;
+  FieldOf(state, base).Set(now);
+}
+
+void LeaveTheBox(Board& board) {
+  const std::string& batter = board.state.lbl_Selected.value();
+  if (KeepsBases(board.state) && BaseOf(board.state, batter) == 0) {
+    ReleasePiece(board.state, batter);
+  }
+}
+
+}  // namespace dtb

@@ -1,0 +1,72 @@
+#include "game/play_sums.h"
+
+#include <algorithm>
+
+#include "game/game_end.h"
+
+namespace dtb {
+namespace {
+
+bool IsOf(const Play& play, Side batting) {
+  return (play.half % 2 == 0) == (batting == Side::Visitors);
+}
+
+// The outcomes that end a time at bat.
+bool EndsTimeAtBat(Outcome outcome) {
+  switch (outcome) {
+    case Outcome::ThrownOut:
+    case Outcome::RunBattedIn:
+    case Outcome::StolenBase:
+    case Outcome::Advance:
+      return false;
+    default:
+      return true;  // a runner from the bench has his place of a batter, too
+  }
+}
+
+int OnBase(const Play& play) {
+  return static_cast<int>(
+      std::ranges::count_if(play.after, [](const std::string& name) { return !name.empty(); }));
+}
+
+}  // namespace
+
+PlaySums SumsOf(const BoardState& state, Side batting) {
+  PlaySums sums;
+  for (const Play& play : state.plays.All()) {
+    if (!IsOf(play, batting)) continue;
+    const int runs = RunsOf(play);
+    sums.total += runs;
+    if (play.half < kHalves) sums.innings.at(static_cast<std::size_t>(play.half / 2)) += runs;
+    for (const Move& move : play.moves) {
+      if (move.to != kHomePlate) continue;
+      ++sums.runs[move.name];
+      ++sums.charged[move.pitcher];
+    }
+    if (play.outcome == Outcome::RunBattedIn) ++sums.charged[play.pitcher];
+  }
+  const bool over = IsGameOver(state);
+  for (const HalfSums& half : HalvesOf(state)) {
+    const bool finished = half.half < HalfInProgress(state) || over;
+    if ((half.half % 2 == 0) == (batting == Side::Visitors) && finished) {
+      sums.leftOnBase += half.left;
+    }
+  }
+  return sums;
+}
+
+std::vector<HalfSums> HalvesOf(const BoardState& state) {
+  std::vector<HalfSums> halves;
+  for (const Play& play : state.plays.All()) {
+    if (halves.empty() || halves.back().half != play.half) halves.push_back({.half = play.half});
+    HalfSums& sums = halves.back();
+    sums.cameUp += EndsTimeAtBat(play.outcome) ? 1 : 0;
+    sums.outs += OutsOf(play);
+    sums.runs += static_cast<int>(std::ranges::count(play.moves, kHomePlate, &Move::to));
+    sums.left = OnBase(play);
+    sums.basesKept = sums.basesKept && play.basesKept;
+  }
+  return halves;
+}
+
+}  // namespace dtb

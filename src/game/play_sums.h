@@ -1,0 +1,35 @@
+// What the plays of a game add up to.
+#pragma once
+
+#include <array>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "game/board.h"
+
+namespace dtb {
+
+// Of the side that bats in the even half-innings, or in the odd ones.
+struct PlaySums {
+  std::map<std::string, int> runs;      // R of each player who scored
+  std::map<std::string, int> charged;   // runs of each pitcher of the other side, earned or not
+  std::array<int, kInnings> innings{};  // runs of each inning
+  int total = 0;
+  int leftOnBase = 0;  // of all half-innings that are over, and at the end of the game
+};
+[[nodiscard]] PlaySums SumsOf(const BoardState& state, Side batting);
+
+// A half-inning proves itself: who came up is out, has scored or was left on base.
+struct HalfSums {
+  int half = 0;
+  int cameUp = 0;  // plate appearances, and runners who came from the bench
+  int outs = 0;
+  int runs = 0;
+  int left = 0;
+  bool basesKept = true;  // in all of its plays
+};
+// Of each half-inning that has a play; `left` is who stands on base at the end of its last play.
+[[nodiscard]] std::vector<HalfSums> HalvesOf(const BoardState& state);
+
+}  // namespace dtb

@@ -4,10 +4,12 @@
 
 #include <array>
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "aids/park_places.h"
 #include "base/field.h"
 #include "base/text_cell.h"
 #include "platform/platform.h"
@@ -45,7 +47,11 @@ struct AidsState {
   std::array<std::string, kChartButtons> chartTitles;      // what stands there until it is named
   int lastChart = 0;                                       // where the viewer stood, 0 to 8
 
-  // The ballpark.
+  // The ballpark. What is known of its bases stands before the picture: when a remembered state is
+  // put back, the picture comes last and finds its places.
+  std::map<std::string, ParkPlaces> ownPlaces;      // told in this run, by the picture's file name
+  Field<ParkPlaces> parkPlaces{kUsualPlaces};       // where the bases lie in it
+  Field<bool> parkPlacesKnown;                      // else those are the usual ones
   Field<Picture> Picture1;                          // the park behind the board
   Field<bool> cb_RandParks;                         // "RANDOM BALLPARKS"
   Field<bool> cb_RandParks_visible;                 // there is a folder to draw from

@@ -53,6 +53,7 @@ bool IsJpeg(const std::string& name) {
 void SetUpBallparks(Aids& aids) {
   aids.state.lbl_Path.Set(TextOf(ParksBesideProgram(aids)));
   ShowPark(aids, ParksBesideProgram(aids) / kDefaultPark);
+  FollowParkPlaces(aids);
 }
 
 void ChoosePark(Aids& aids) {

@@ -7,7 +7,7 @@ namespace dtb {
 
 inline constexpr const char* kDefaultPark = "DEFAULT1679X974.jpg";
 
-// The park folder and the park with which the board starts.
+// The park folder, the park with which the board starts, and from then on the places of its bases.
 void SetUpBallparks(Aids& aids);
 
 // The button "BALLPARKS": draws a park at random while "RANDOM BALLPARKS" is on, otherwise lets the

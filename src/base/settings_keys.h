@@ -5,6 +5,7 @@ namespace dtb::settings {
 
 inline constexpr const char* kLabels = "labels";    // section of choices and texts
 inline constexpr const char* kWindows = "windows";  // section of places of windows, by their name
+inline constexpr const char* kParkPlaces = "park_places";  // section of bases, by the park's file
 inline constexpr const char* kPhotoPath = "lbl_PhotoPath";
 inline constexpr const char* kQuickBoxes = "quick_boxes";
 inline constexpr const char* kKeepBases = "keep_bases";

@@ -3,6 +3,7 @@
 #include <QAccessibleWidget>
 
 #include "windows/aids/dice_panels.h"
+#include "windows/board/park_markers.h"
 #include "windows/boxes/message_box.h"
 #include "windows/season/season_chart.h"
 #include "windows/shared/controls.h"
@@ -19,6 +20,9 @@ QAccessibleInterface* MakeInterface(const QString& /*className*/, QObject* objec
   }
   if (qobject_cast<FaceDie*>(widget) != nullptr) {
     return new QAccessibleWidget(widget, QAccessible::StaticText);
+  }
+  if (qobject_cast<ParkMarker*>(widget) != nullptr) {
+    return new QAccessibleWidget(widget, QAccessible::Grip);
   }
   if (qobject_cast<Panel*>(widget) != nullptr) {
     return new QAccessibleWidget(widget, QAccessible::Grouping);

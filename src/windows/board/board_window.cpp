@@ -190,10 +190,12 @@ void BoardWindow::BuildScene() {
   auto* outcomes = new OutcomePanel(board_, *next_, scene_, park_);
   connect(outcomes, &OutcomePanel::statsWanted, this, [this] { ShowStats(); });
   BuildPieces();
-  new OptionsPanel(board_, aids_, scene_, park_);
+  auto* options = new OptionsPanel(board_, aids_, scene_, park_);
   new FaceDicePanel(aids_, scene_, park_);
   new NumberDicePanel(aids_, scene_, park_);
   new BaseTracker(board_, scene_, park_);
+  markers_ = new ParkMarkers(aids_, scene_, park_);
+  connect(options, &OptionsPanel::parkPlacesWanted, markers_, &ParkMarkers::Open);
   keys_ = new PlayKeys(board_, scene_, park_);
   focusKeys_ = std::make_unique<FocusKeys>(park_, [this] { ToggleOptions(board_); });
   for (auto* button : park_->findChildren<QAbstractButton*>()) {
@@ -295,6 +297,8 @@ void BoardWindow::SupplementalResize() {
 }
 
 void BoardWindow::keyPressEvent(QKeyEvent* event) {
+  // Esc closes what the keys opened before it closes the markers.
+  if (!keys_->open() && markers_->Press(*event)) return;
   if (!focusKeys_->Press(*event) && !keys_->Press(*event)) QMainWindow::keyPressEvent(event);
 }
 

@@ -13,6 +13,7 @@
 #include "windows/board/focus_keys.h"
 #include "windows/board/next_step.h"
 #include "windows/board/outcome_panel.h"
+#include "windows/board/park_markers.h"
 #include "windows/board/park_view.h"
 #include "windows/board/play_keys.h"
 #include "windows/board/scoreboard.h"
@@ -67,6 +68,7 @@ class BoardWindow : public QMainWindow {
   QtPictures& pictures_;
   Scene scene_;
   ParkView* park_ = nullptr;
+  ParkMarkers* markers_ = nullptr;
   NextStep* next_ = nullptr;
   SidePanel* visitors_ = nullptr;
   SidePanel* home_ = nullptr;

@@ -9,8 +9,8 @@ namespace dtb {
 namespace {
 
 // In reading order; what is hidden is passed over.
-constexpr std::array kPanels{"List1",       "Frame3",        "List2",      "pb_Res",
-                             "fra_Options", "fra_SOMBBdice", "fra_BBgumBB"};
+constexpr std::array kPanels{"List1",       "Frame3",        "List2",       "pb_Res",
+                             "fra_Options", "fra_SOMBBdice", "fra_BBgumBB", "fra_ParkPlaces"};
 
 // The panel itself where it is a list, else its first control by the order of Tab.
 QWidget* EntranceOf(QWidget* panel) {

@@ -24,8 +24,8 @@ namespace {
 using namespace look;
 
 constexpr Place kPanel{12, 532, 408, 276};
-constexpr double kRowHeight = 28;
-constexpr double kFirstRow = 40;
+constexpr double kRowHeight = 26;
+constexpr double kFirstRow = 36;
 constexpr double kRightColumn = 216;
 
 // A heart, sewn like a baseball.
@@ -76,6 +76,7 @@ OptionsPanel::OptionsPanel(Board& board, Aids& aids, Scene& scene, QWidget* pare
   BuildChecks();
   BuildOutsCount();
   BuildPhotoSize();
+  BuildParkPlaces();
   BuildPhotoPath();
   BuildDonation();
   BindVisible(this, board.state.fra_Options_visible);
@@ -122,7 +123,7 @@ void OptionsPanel::BuildChecks() {
       "Shows what was recorded at the foot of the board for a moment, without a box to close"));
   auto* crowd =
       add("cb_Crowd", "CROWD NOISE", 4, aids_.state.cb_Crowd, 16, [this] { CrowdClicked(aids_); });
-  auto* parks = add("cb_RandParks", "RANDOM BALLPARKS", 3, aids_.state.cb_RandParks, kRightColumn);
+  auto* parks = add("cb_RandParks", "RANDOM BALLPARKS", 5, aids_.state.cb_RandParks);
   tracker->setToolTip(QStringLiteral("A small diamond on which you note who is where"));
   crowd->setToolTip(QStringLiteral("Plays crowd noise until you turn it off"));
   parks->setToolTip(QStringLiteral("BALLPARKS then picks a random picture from the same folder"));
@@ -157,18 +158,27 @@ void OptionsPanel::BuildPhotoSize() {
   add("cmd_FotoSmall", "SM", 356, "Smaller game pieces", ShrinkPieces);
 }
 
+void OptionsPanel::BuildParkPlaces() {
+  auto* places = new QPushButton(QStringLiteral("BASES OF THIS PARK"), this);
+  Name(places, "cmd_ParkPlaces");
+  places->setToolTip(
+      QStringLiteral("Shows markers that you drag to the bases in the picture of this park"));
+  scene_.Put(places, {kRightColumn, kFirstRow + 4 * kRowHeight + 1, 180, kRowHeight - 2}, kBody);
+  connect(places, &QPushButton::clicked, this, &OptionsPanel::parkPlacesWanted);
+}
+
 void OptionsPanel::BuildPhotoPath() {
   auto* title = MakeCaption(QStringLiteral("User-defined PLAYER-PHOTOS path"), this);
   Name(title, "Label8");
-  scene_.Put(title, {16, 188, 380, 20}, kBody);
+  scene_.Put(title, {16, 194, 380, 20}, kBody);
 
   auto* path = new ClickLabel({}, {kSlateRaised, kSlateHover, kCream}, this);
   Name(path, "lbl_PhotoPath", QStringLiteral("Folder of the player photos"));
   path->setToolTip(QStringLiteral("The folder of the player photos; Ctrl + click to change it"));
-  scene_.Put(path, {16, 210, 380, 32}, kBody);
+  scene_.Put(path, {16, 214, 380, 30}, kBody);
   auto* edit = new NameEdit(board_.platform, PhotoFolder(board_.state), path);
   Name(edit, "Text1", QStringLiteral("New folder of the player photos"));
-  scene_.Put(edit, {16, 210, 380, 32}, kBody);
+  scene_.Put(edit, {16, 214, 380, 30}, kBody);
 
   auto* hint =
       MakeCaption(QStringLiteral("CTRL + Click to Edit path ..... DblClick to Save path"), this);

@@ -15,11 +15,15 @@ class OptionsPanel : public Panel {
  public:
   OptionsPanel(Board& board, Aids& aids, Scene& scene, QWidget* parent);
 
+ signals:
+  void parkPlacesWanted();  // "BASES OF THIS PARK"
+
  private:
   void TabInReadingOrder();
   void BuildChecks();
   void BuildOutsCount();
   void BuildPhotoSize();
+  void BuildParkPlaces();
   void BuildPhotoPath();
   void BuildDonation();
 

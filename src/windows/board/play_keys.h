@@ -31,6 +31,10 @@ class PlayKeys : public QObject {
   bool Press(const QKeyEvent& event);
   // The plate of the keys over the board.
   void ShowPlate(bool shown);
+  // The plate is shown, or a stolen base waits for its game piece: what Esc closes.
+  [[nodiscard]] bool open() const {
+    return runnerAsked_ || (plate_ != nullptr && plate_->isVisible());
+  }
 
   // A button would take Up and Down for steps to its neighbours; with these they go to the line-up.
   void TakeArrowsFrom(QAbstractButton* button) {

@@ -64,16 +64,6 @@ int BaseBefore(const Play& play, const std::string& name) {
   return stayed == play.after.end() ? 0 : static_cast<int>(stayed - play.after.begin()) + 1;
 }
 
-int RunnersBefore(const Play& play) {
-  int runners = 0;
-  for (const Move& move : play.moves) runners += BaseBefore(play, move.name) > 0 ? 1 : 0;
-  for (const std::string& name : play.after) {
-    const bool moved = std::ranges::count(play.moves, name, &Move::name) > 0;
-    runners += !name.empty() && !moved ? 1 : 0;
-  }
-  return runners;
-}
-
 }  // namespace
 
 void MoveRunner(Board& board, int from, int to, MoveOf belongs) {
@@ -131,13 +121,26 @@ bool AsksWhoIsOut(const Board& board, Outcome outcome) {
   return PitchersAndBatterChosen(board.state) && std::ranges::count(occupied, true) > 1;
 }
 
+std::string RunnerBefore(const Play& play, int base) {
+  for (const Move& move : play.moves) {
+    if (BaseBefore(play, move.name) == base) return move.name;
+  }
+  const std::string& stayed = play.after.at(static_cast<std::size_t>(base - kFirstBase));
+  return BaseBefore(play, stayed) == base ? stayed : "";
+}
+
 bool CanPutOutAnother(const Board& board) {
   const PlayList& plays = board.state.plays;
   if (board.history == nullptr || plays.empty() || !KeepsBases(board.state)) return false;
   if (board.choice.steps != board.history->steps() || board.choice.plays != plays.size()) {
     return false;
   }
-  return RunnersBefore(plays.Last()) > 1;
+  const Play last = plays.Last();
+  int runners = 0;
+  for (int base = kFirstBase; base <= kThirdBase; ++base) {
+    runners += RunnerBefore(last, base).empty() ? 0 : 1;
+  }
+  return runners > 1;
 }
 
 void PutOutInstead(Board& board, const std::string& name) {

@@ -26,6 +26,8 @@ void PutOnBase(Board& board, const std::string& name, int base);
 
 // The newest step put out a runner, and there were others: who else it may have been can be chosen.
 [[nodiscard]] bool CanPutOutAnother(const Board& board);
+// Who stood on a base, 1 to 3, when a play began; "": nobody.
+[[nodiscard]] std::string RunnerBefore(const Play& play, int base);
 // Undoes that step and records it anew, with another runner out; `name` is who. Nothing happens
 // where it cannot be, or he is out already.
 void PutOutInstead(Board& board, const std::string& name);

@@ -33,6 +33,13 @@ std::string PlayerAt(const LineupList& list, int row) {
   return list.HasRow(row) ? PlayerNameOf(list.entries()[static_cast<std::size_t>(row)]) : "";
 }
 
+std::optional<int> RowOfPlayer(const LineupList& list, const std::string& name) {
+  for (int row = 0; row < list.size(); ++row) {
+    if (PlayerAt(list, row) == name) return row;
+  }
+  return std::nullopt;
+}
+
 std::optional<int> RowOfBatter(Board& board, Side side) {
   return SideOf(board, side).atBat.value() ? RowOfChosen(board, side) : std::nullopt;
 }

@@ -16,6 +16,9 @@ namespace dtb {
 // and stands in the first nine. The highlight of the list may be elsewhere.
 [[nodiscard]] std::optional<int> RowOfBatter(Board& board, Side side);
 
+// The first row of a list that has this player.
+[[nodiscard]] std::optional<int> RowOfPlayer(const LineupList& list, const std::string& name);
+
 // While the side is at bat and RowOfBatter is none: the row of the player who is due. That is the
 // one behind its last batter, the first row in its first half-inning, the same player again whose
 // turn a runner's out has cut short, and the one who stands in the place of a batter who has left

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "game/base_running.h"
 #include "game/bases.h"
 #include "game/batter_guard.h"
 #include "game/gate.h"
@@ -38,7 +39,7 @@ void ClickPiece(Board& board, int piece) {
   const std::string& tag = state.pieces.at(piece).tag.value();
   if (tag.empty()) return;
   state.LastRunnerClicked = tag;
-  if (!board.platform.keyboard.ControlHeld()) return;
+  if (!board.platform.keyboard.ControlHeld()) return PutOutInstead(board, std::string(tag));
   RecordStolenBase(board, piece);
 }
 

@@ -16,7 +16,7 @@ struct Prefix {
   const char* word;
   const char* verbs;  // that take it
 };
-constexpr std::array<Prefix, 4> kPrefixes{{{"CTRL", "CLICK ROW CELL TAB DRAGROW"},
+constexpr std::array<Prefix, 4> kPrefixes{{{"CTRL", "CLICK ROW CELL TAB DRAG DRAGROW"},
                                            {"SHIFT", "CLICK ROW CELL TAB DRAGROW"},
                                            {"RIGHT", "CLICK ROW CELL TAB"},
                                            {"DBL", "CLICK ROW CELL TAB"}}};

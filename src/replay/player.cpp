@@ -12,8 +12,10 @@
 #include <utility>
 
 #include "base/whole_file.h"
+#include "game/bases.h"
+#include "game/batting_order.h"
 #include "game/history.h"
-#include "game/player_name.h"
+#include "replay/base_gestures.h"
 #include "replay/game_state.h"
 #include "replay/gesture_forms.h"
 #include "replay/gestures.h"
@@ -53,9 +55,7 @@ QString Rest(const QString& line, int n) { return line.section(' ', n); }
 int Number(const QString& line, int n) { return static_cast<int>(Word(line, n).toUInt()); }
 
 QString RowOf(const LineupList& list, const QString& name) {
-  for (int row = 0; row < list.size(); ++row) {
-    if (ToQt(PlayerNameOf(list.entries()[row])) == name) return QString::number(row);
-  }
+  if (const auto row = RowOfPlayer(list, FromQt(name))) return QString::number(*row);
   throw Refused("there is no " + name + " in the line-up");
 }
 
@@ -184,6 +184,7 @@ QStringList Player::GesturesOf(const QString& line) const {
     if (options_.keys) return {"OUTCOME " + QKeySequence(outcome->key).toString()};
     return {QString("CLICK ") + outcome->name};
   }
+  if (const auto gestures = BaseGesturesOf(line, table_.desk, options_.keys)) return *gestures;
   if (verb == "SB") return GesturesOfSteal(FromQt(Rest(line, 1)));
   if (line == "UNDO *") return QStringList(static_cast<qsizetype>(board_.history->steps()), "UNDO");
   if (line == "REDO *") return QStringList(static_cast<qsizetype>(states_.size()) - 1, "REDO");
@@ -227,12 +228,19 @@ QStringList Player::GesturesOfSwap(Side side, const QString& players) const {
 
 QStringList Player::GesturesOfSteal(const std::string& name) const {
   const QString box = PieceOf(name);
+  if (options_.keys && KeepsBases(board_.state)) {
+    return {"OUTCOME S", QStringLiteral("OUTCOME %1").arg(BaseOf(board_.state, name))};
+  }
   if (options_.keys) return {"OUTCOME S", "OUTCOME " + box.right(1)};
   const QSize size = FindControl(box)->size();
   return {QString("CTRLCLICK %1@%2,%3").arg(box).arg(size.width() / 2).arg(size.height() / 4)};
 }
 
 QString Player::PieceOf(const std::string& name) const {
+  // One that is in use goes before one whose player has left it.
+  if (const auto used = dtb::PieceOf(board_.state, name)) {
+    return QString("pb_Player%1").arg(*used + 1);
+  }
   for (int piece = 0; piece < kPieces; ++piece) {
     if (board_.state.pieces.at(piece).tag.value() == name) {
       return QString("pb_Player%1").arg(piece + 1);
@@ -242,6 +250,7 @@ QString Player::PieceOf(const std::string& name) const {
 }
 
 QString Player::Tidying() {
+  if (KeepsBases(board_.state)) return {};  // the board tidies up itself
   std::map<std::string, int> men;
   int oldest = -1;
   bool full = true;
@@ -361,8 +370,9 @@ void Player::Perform(const QString& gesture) {
   if (UseKeys(verb, gesture) || NoteAnswer(verb, gesture)) return;
   if (verb == "KILL") {
     Kill();
-  } else if (verb == "DRAG") {
-    Drag(TargetAt(Word(gesture, 1)), TargetInPark(Word(gesture, 2)));
+  } else if (verb == "DRAG" || verb == "CTRLDRAG") {
+    Drag(TargetAt(Word(gesture, 1)), TargetInPark(Word(gesture, 2)),
+         verb == "DRAG" ? Qt::NoModifier : Qt::ControlModifier);
   } else if (verb == "CLOSE" && front) {
     front->windowHandle()->close();
   } else if (verb == "DRAGONTO") {

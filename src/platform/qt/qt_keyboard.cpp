@@ -44,7 +44,7 @@ bool QtKeyboard::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
-int KeyByPlace(const QKeyEvent& event) {
+int DigitByPlace(const QKeyEvent& event) {
 #ifdef Q_OS_WIN
   constexpr quint32 kPlaceOfOne = 2;  // scan codes of a PC keyboard
 #else
@@ -52,9 +52,15 @@ int KeyByPlace(const QKeyEvent& event) {
 #endif
   constexpr quint32 kDigits = 9;
   const quint32 place = event.nativeScanCode() - kPlaceOfOne;
+  if (place < kDigits) return static_cast<int>(place) + 1;
+  const int digit = event.key() - Qt::Key_0;
+  return digit >= 1 && digit <= static_cast<int>(kDigits) ? digit : 0;
+}
+
+int KeyByPlace(const QKeyEvent& event) {
+  const int digit = DigitByPlace(event);
   const bool shifted = event.modifiers().testFlag(Qt::ShiftModifier);
-  if (place >= kDigits || shifted) return event.key();
-  return Qt::Key_1 + static_cast<int>(place);
+  return digit == 0 || shifted ? event.key() : Qt::Key_0 + digit;
 }
 
 }  // namespace dtb

@@ -28,6 +28,10 @@ class QtKeyboard : public QObject, public Keyboard {
   int together_ = 0;  // times since the last question
 };
 
+// The digit of a press, 1 to 9, with whatever is held besides; of the number row by its place. 0:
+// it is no digit.
+[[nodiscard]] int DigitByPlace(const QKeyEvent& event);
+
 // The key of a press. Where the digits of the number row need Shift the row counts by its place, so
 // that it gives Qt::Key_1 to Qt::Key_9 without.
 [[nodiscard]] int KeyByPlace(const QKeyEvent& event);

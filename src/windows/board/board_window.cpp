@@ -22,6 +22,8 @@
 #include "windows/aids/chart_viewer.h"
 #include "windows/aids/dice_panels.h"
 #include "windows/archive/archive_window.h"
+#include "windows/board/base_notices.h"
+#include "windows/board/base_targets.h"
 #include "windows/board/base_tracker.h"
 #include "windows/board/options_panel.h"
 #include "windows/board/piece_view.h"
@@ -197,6 +199,9 @@ void BoardWindow::BuildScene() {
   markers_ = new ParkMarkers(aids_, scene_, park_);
   connect(options, &OptionsPanel::parkPlacesWanted, markers_, &ParkMarkers::Open);
   keys_ = new PlayKeys(board_, scene_, park_);
+  connect(next_, &NextStep::runnerWanted, keys_, &PlayKeys::AskWhoIsOut);
+  auto* notices = new BaseNotices(board_, scene_, park_);
+  connect(notices, &BaseNotices::statsWanted, this, [this] { ShowStats(); });
   focusKeys_ = std::make_unique<FocusKeys>(park_, [this] { ToggleOptions(board_); });
   for (auto* button : park_->findChildren<QAbstractButton*>()) {
     // The arrows move a piece over the park.
@@ -222,8 +227,9 @@ void BoardWindow::BuildScene() {
 }
 
 void BoardWindow::BuildPieces() {
+  auto* targets = new BaseTargets(aids_, scene_, park_);
   for (int piece = 0; piece < kPieces; ++piece) {
-    new PieceView(board_, piece, pictures_, scene_, park_);
+    new PieceView(board_, piece, pictures_, aids_, *targets, scene_, park_);
   }
 }
 

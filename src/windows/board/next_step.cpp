@@ -2,6 +2,7 @@
 
 #include <QTimer>
 
+#include "game/base_running.h"
 #include "game/batting_order.h"
 #include "game/history.h"
 #include "game/outcomes.h"
@@ -42,6 +43,7 @@ void NextStep::Refresh() {
 }
 
 void NextStep::Record(Outcome outcome) {
+  if (AsksWhoIsOut(board_, outcome)) return emit runnerWanted();
   const Step missing = step_;
   if (missing == Step::None) return RecordOutcome(board_, outcome);
   // An at-bat, for one, is counted without pitchers.

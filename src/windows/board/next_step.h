@@ -34,10 +34,13 @@ class NextStep : public QObject {
   // The board changed; the line-ups tell it here.
   void Refresh();
   // Records the outcome. Where it is refused because a step is missing, that one flashes once.
+  // Where it has to be asked first which runner is out, nothing is recorded yet.
   void Record(Outcome outcome);
 
  signals:
   void changed();
+  // A runner is out, and there are several.
+  void runnerWanted();
 
  private:
   void Flash();

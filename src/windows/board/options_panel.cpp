@@ -10,6 +10,7 @@
 #include "aids/quick_boxes.h"
 #include "base/project_pages.h"
 #include "game/game_pieces.h"
+#include "game/keep_bases.h"
 #include "game/start_up.h"
 #include "platform/qt/qt_text.h"
 #include "teams/photo_folder.h"
@@ -123,6 +124,9 @@ void OptionsPanel::BuildChecks() {
       "Shows what was recorded at the foot of the board for a moment, without a box to close"));
   auto* crowd =
       add("cb_Crowd", "CROWD NOISE", 4, aids_.state.cb_Crowd, 16, [this] { CrowdClicked(aids_); });
+  add("cb_KeepBases", "KEEP THE BASES", 3, board_.state.cb_KeepBases, kRightColumn, [this] {
+    KeepBasesClicked(board_);
+  })->setToolTip(QStringLiteral("The board moves the runners and counts their runs"));
   auto* parks = add("cb_RandParks", "RANDOM BALLPARKS", 5, aids_.state.cb_RandParks);
   tracker->setToolTip(QStringLiteral("A small diamond on which you note who is where"));
   crowd->setToolTip(QStringLiteral("Plays crowd noise until you turn it off"));

@@ -35,14 +35,14 @@ struct Base {
   const char* letter;
   const char* words;
 };
-constexpr std::array kBases{
+constexpr std::array kMarkedBases{
     Base{"ParkMarkerHome", "H", "home plate"}, Base{"ParkMarker1", "1", "first base"},
     Base{"ParkMarker2", "2", "second base"}, Base{"ParkMarker3", "3", "third base"}};
 
 }  // namespace
 
 ParkMarker::ParkMarker(int base, Scene& scene, QWidget* park) : QWidget(park), scene_(scene) {
-  const Base& of = kBases.at(static_cast<std::size_t>(base));
+  const Base& of = kMarkedBases.at(static_cast<std::size_t>(base));
   letter_ = QLatin1String(of.letter);
   const QString words = QLatin1String(of.words);
   Name(this, of.name, QStringLiteral("Marker of ") + words);

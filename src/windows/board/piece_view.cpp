@@ -3,8 +3,11 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include "game/base_running.h"
+#include "game/bases.h"
 #include "game/game_pieces.h"
 #include "game/history.h"
+#include "game/player_name.h"
 #include "game/runners.h"
 #include "platform/qt/qt_text.h"
 #include "windows/boxes/closing_press.h"
@@ -42,10 +45,13 @@ void PieceShadow::paintEvent(QPaintEvent* /*event*/) {
   }
 }
 
-PieceView::PieceView(Board& board, int piece, QtPictures& pictures, Scene& scene, QWidget* parent)
+PieceView::PieceView(Board& board, int piece, QtPictures& pictures, Aids& aids,
+                     BaseTargets& targets, Scene& scene, QWidget* parent)
     : QAbstractButton(parent),
       board_(board),
       piece_(piece),
+      aids_(aids),
+      targets_(targets),
       scene_(scene),
       shadow_(new PieceShadow(parent)),
       photo_(new PictureBox(PictureBox::Fit::Stretched, this)),
@@ -67,7 +73,9 @@ PieceView::PieceView(Board& board, int piece, QtPictures& pictures, Scene& scene
   connect(this, &QAbstractButton::clicked, this, [this] { ClickPiece(board_, piece_); });
   FollowAll(
       this, [this] { Arrange(); }, Piece().left, Piece().top, board.state.pieceWidth,
-      board.state.pieceHeight);
+      board.state.pieceHeight, board.state.cb_KeepBases, board.state.base[0], board.state.base[1],
+      board.state.base[2], board.state.lbl_Selected, board.state.BatterOf, Piece().tag,
+      aids.state.parkPlaces);
   Follow<Picture>(this, Piece().picture, [this, &pictures](const Picture& picture) {
     photo_->SetImage(pictures.Image(picture));
     photo_->setVisible(!picture.empty());
@@ -95,11 +103,12 @@ void PieceView::DressPlate(QLabel* plate) {
 }
 
 void PieceView::Arrange() {
-  const double width = board_.state.pieceWidth.value();
-  const double height = board_.state.pieceHeight.value();
-  const double left = Piece().left.value();
-  const double top = Piece().top.value();
-  scene_.MoveTo(this, {left, top, width, height});
+  const bool keepsBases = KeepsBases(board_.state);
+  const auto [left, top, width, height] =
+      keepsBases ? StandOf(board_.state, aids_.state, piece_)
+                 : Place{Piece().left.value(), Piece().top.value(), board_.state.pieceWidth.value(),
+                         board_.state.pieceHeight.value()};
+  if (!dragged_ || !keepsBases) scene_.MoveTo(this, {left, top, width, height});
   scene_.MoveTo(shadow_, {left - kShadowMargin + 2, top - kShadowMargin + 5,
                           width + 2 * kShadowMargin, height + 2 * kShadowMargin});
   const double ring = hasFocus() ? 3 : 0;  // room for the ring of the keyboard focus
@@ -142,6 +151,7 @@ void PieceView::ShowPlate() {
   // A photo has its player's name as well.
   photoName_->setVisible(taken && name.isEmpty() && !tag.isEmpty());
   photoName_->SetName({}, tag);
+  setVisible(taken || !KeepsBases(board_.state));
   shadow_->setVisible(taken);
   setToolTip(taken ? TipOfLines({tag}) : QString());
   setAccessibleName(taken ? QStringLiteral("Game piece %1: %2").arg(piece_ + 1).arg(tag)
@@ -198,6 +208,7 @@ void PieceView::mousePressEvent(QMouseEvent* event) {
   pressed_ = event->button() == Qt::LeftButton;
   dragged_ = false;
   pressPlace_ = event->globalPosition().toPoint();
+  grip_ = event->position().toPoint();
 }
 
 void PieceView::mouseMoveEvent(QMouseEvent* event) {
@@ -206,6 +217,7 @@ void PieceView::mouseMoveEvent(QMouseEvent* event) {
   const QPoint way = event->globalPosition().toPoint() - pressPlace_;
   if (!dragged_ && way.manhattanLength() < kDragDistance) return;
   dragged_ = true;
+  if (KeepsBases(board_.state)) return DragOverBases(*event);
   moved_ = true;
   const QPoint middle = mapToParent(event->position().toPoint());
   MovePiece(board_, piece_, middle.x() / scene_.resizer().scaleX(),
@@ -216,14 +228,51 @@ void PieceView::mouseReleaseEvent(QMouseEvent* event) {
   if (!pressed_ || event->button() != Qt::LeftButton) return;
   pressed_ = false;
   board_.state.cb_Xinnings.Set(false);
+  if (dragged_ && KeepsBases(board_.state)) return LetGo(*event);
   if (!dragged_ && rect().contains(event->position().toPoint())) click();
 }
 
 void PieceView::mouseDoubleClickEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) FreePiece(board_, piece_);
+  if (event->button() != Qt::LeftButton) return;
+  if (KeepsBases(board_.state)) return TellHowToTakeOff();
+  FreePiece(board_, piece_);
+}
+
+void PieceView::DragOverBases(const QMouseEvent& event) {
+  const QPoint pointer = mapToParent(event.position().toPoint());
+  const QPoint corner = pointer - grip_;
+  scene_.MoveTo(this,
+                {corner.x() / scene_.resizer().scaleX(), corner.y() / scene_.resizer().scaleY(),
+                 board_.state.pieceWidth.value(), board_.state.pieceHeight.value()});
+  targets_.Light(targets_.At(pointer, corner + QPoint(width() / 2, height())));
+  shadow_->hide();
+  raise();
+}
+
+void PieceView::LetGo(const QMouseEvent& event) {
+  const QPoint pointer = mapToParent(event.position().toPoint());
+  const auto place = targets_.At(pointer, pointer - grip_ + QPoint(width() / 2, height()));
+  targets_.hide();
+  dragged_ = false;
+  Arrange();
+  const bool own = event.modifiers().testFlag(Qt::ControlModifier);
+  if (place) DropPiece(board_, piece_, *place, own ? MoveOf::ItsOwn : MoveOf::LastPlay);
+}
+
+void PieceView::StepToBase(int by) {
+  const int base = BaseOf(board_.state, Piece().tag.value());
+  const int to = base + by;
+  if (to >= kFirstBase && to <= kHomePlate) DropPiece(board_, piece_, to, MoveOf::LastPlay);
+}
+
+void PieceView::TellHowToTakeOff() {
+  if (Piece().free()) return;
+  const std::string name = LastNameOf(Piece().tag.value());
+  board_.platform.boxes.Notify("Drag " + name + " to a base, to home plate, or to OUT.");
 }
 
 void PieceView::Nudge(double right, double down) {
+  if (KeepsBases(board_.state)) return StepToBase(right > 0 || down < 0 ? 1 : -1);
   moved_ = true;
   const double middleX = Piece().left.value() + board_.state.pieceWidth.value() / 2;
   const double middleY = Piece().top.value() + board_.state.pieceHeight.value() / 2;
@@ -245,7 +294,11 @@ void PieceView::keyPressEvent(QKeyEvent* event) {
       Nudge(0, kKeyStep);
       break;
     case Qt::Key_Delete:
-      FreePiece(board_, piece_);
+      if (KeepsBases(board_.state)) {
+        DropPiece(board_, piece_, kPutOut, MoveOf::LastPlay);
+      } else {
+        FreePiece(board_, piece_);
+      }
       break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -260,7 +313,11 @@ void PieceView::keyPressEvent(QKeyEvent* event) {
 // The plate is a part of the piece, but a double click on it keeps the name on the piece.
 bool PieceView::eventFilter(QObject* watched, QEvent* event) {
   if (watched == plate_ && event->type() == QEvent::MouseButtonDblClick) {
-    ClearPlate(board_, piece_);
+    if (KeepsBases(board_.state)) {
+      TellHowToTakeOff();
+    } else {
+      ClearPlate(board_, piece_);
+    }
     return true;
   }
   return QAbstractButton::eventFilter(watched, event);

@@ -3,6 +3,7 @@
 
 #include "game/board.h"
 #include "platform/qt/qt_pictures.h"
+#include "windows/board/base_targets.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/scene.h"
 
@@ -19,11 +20,15 @@ class PieceShadow : public QWidget {
 };
 
 // One game piece: photo or box with initials, and the player's name; a free one is an outline. It
-// is dragged with the left button, taken off by a double click, and moved by the arrow keys.
+// is dragged with the left button, taken off by a double click, and moved by the arrow keys. Where
+// the board keeps the bases it stands on its player's base and goes back there, unless it is let go
+// over another one, home plate, or off the field; the arrow keys move from base to base, and one
+// that is free is not shown.
 class PieceView : public QAbstractButton {
   Q_OBJECT
  public:
-  PieceView(Board& board, int piece, QtPictures& pictures, Scene& scene, QWidget* parent);
+  PieceView(Board& board, int piece, QtPictures& pictures, Aids& aids, BaseTargets& targets,
+            Scene& scene, QWidget* parent);
   [[nodiscard]] int piece() const { return piece_; }  // 0 to 3
 
  protected:
@@ -48,16 +53,24 @@ class PieceView : public QAbstractButton {
   void ShowPlate();
   void DrawInitials(QPainter& painter);
   void Nudge(double right, double down);
+  // The bases, while the board keeps them.
+  void DragOverBases(const QMouseEvent& event);
+  void LetGo(const QMouseEvent& event);
+  void StepToBase(int by);
+  void TellHowToTakeOff();
   [[nodiscard]] GamePiece& Piece() { return board_.state.pieces.at(piece_); }
 
   Board& board_;
   int piece_;
+  Aids& aids_;
+  BaseTargets& targets_;
   Scene& scene_;
   PieceShadow* shadow_;
   PictureBox* photo_;
   NameLabel* photoName_;  // over the photo's foot
   NameLabel* plate_;
   QPoint pressPlace_;  // on the screen
+  QPoint grip_;        // on the piece
   bool pressed_ = false;
   bool dragged_ = false;
   bool moved_ = false;  // by hand, since it stood on its start place

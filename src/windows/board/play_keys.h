@@ -29,11 +29,14 @@ class PlayKeys : public QObject {
 
   // True if the key means something.
   bool Press(const QKeyEvent& event);
+  // Several runners are on base and one is out: the next press on a piece, or the key of his base,
+  // says who. Esc, and every other press, take the outcome back.
+  void AskWhoIsOut() { AskForRunner(Question::Out); }
   // The plate of the keys over the board.
   void ShowPlate(bool shown);
   // The plate is shown, or a stolen base waits for its game piece: what Esc closes.
   [[nodiscard]] bool open() const {
-    return runnerAsked_ || (plate_ != nullptr && plate_->isVisible());
+    return asked_ != Question::None || (plate_ != nullptr && plate_->isVisible());
   }
 
   // A button would take Up and Down for steps to its neighbours; with these they go to the line-up.
@@ -53,8 +56,13 @@ class PlayKeys : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  // What the number that comes next is about.
+  enum class Question { None, Steal, Out };
   bool PressOutcome(int key);
-  void AskForRunner(bool asks);
+  bool PressRunner(int base, Qt::KeyboardModifiers modifiers);
+  void AskForRunner(Question question);
+  bool Answer(int number);
+  bool AnswerByPiece(const QObject* pressed);
 
   Board& board_;
   Scene& scene_;
@@ -62,7 +70,8 @@ class PlayKeys : public QObject {
   KeyPlate* plate_ = nullptr;  // none before somebody wants it: it has many labels
   Panel* runnerHint_;
   QSet<const QObject*> arrowless_;
-  bool runnerAsked_ = false;  // S was pressed: the number of a game piece comes next
+  QLabel* runnerQuestion_;
+  Question asked_ = Question::None;
 };
 
 }  // namespace dtb

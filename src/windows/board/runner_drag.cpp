@@ -2,6 +2,10 @@
 
 #include <QMenu>
 
+#include "game/base_running.h"
+#include "game/bases.h"
+#include "game/batting_order.h"
+#include "game/play_words.h"
 #include "platform/qt/qt_text.h"
 #include "teams/pinch_runner.h"
 #include "windows/board/piece_view.h"
@@ -23,22 +27,48 @@ void RunnerDrag::Begin(int row) { row_ = row; }
 
 bool RunnerDrag::Move(const QPoint& place) {
   const auto piece = row_ ? PieceUnder(place) : std::nullopt;
-  if (!piece) {
-    if (tag_) tag_->hide();
+  const auto base = row_ ? BaseUnder(place) : std::nullopt;
+  if (!piece && !base) {
+    HideAll();
     return false;
   }
-  ShowTag(ToQt(ReplacementOn(board_, side_, *row_, *piece).words), place);
+  if (base) Targets()->Light(base);
+  ShowTag(base ? ToQt(PlayerAt(SideOf(board_, side_).list, *row_)) + QStringLiteral(" begins on ") +
+                     QLatin1String(BaseName(*base))
+               : ToQt(ReplacementOn(board_, side_, *row_, *piece).words),
+          place);
   return true;
 }
 
 bool RunnerDrag::End(const QPoint& place) {
-  if (tag_) tag_->hide();
   const auto piece = row_ ? PieceUnder(place) : std::nullopt;
+  const auto base = row_ ? BaseUnder(place) : std::nullopt;
+  HideAll();
   const std::optional<int> row = row_;
   row_.reset();
-  if (!piece) return false;
-  ComeIn(board_, side_, *row, *piece);
-  return true;
+  if (base) PutOnBase(board_, PlayerAt(SideOf(board_, side_).list, *row), *base);
+  if (piece) ComeIn(board_, side_, *row, *piece);
+  return piece || base;
+}
+
+void RunnerDrag::HideAll() {
+  if (tag_) tag_->hide();
+  if (KeepsBases(board_.state)) Targets()->hide();
+}
+
+BaseTargets* RunnerDrag::Targets() const {
+  return list_->window()->findChild<BaseTargets*>(QString(), Qt::FindChildrenRecursively);
+}
+
+std::optional<int> RunnerDrag::BaseUnder(const QPoint& place) const {
+  if (!KeepsBases(board_.state) || !SideOf(board_, side_).atBat.value()) return std::nullopt;
+  if (PieceUnder(place)) return std::nullopt;
+  const BaseTargets* targets = Targets();
+  const QPoint pointer = targets->parentWidget()->mapFromGlobal(place);
+  // A row that is only moved within its list passes over no base.
+  if (list_->rect().contains(list_->mapFromGlobal(place))) return std::nullopt;
+  const auto base = targets->At(pointer, pointer);
+  return base && *base <= kThirdBase ? base : std::nullopt;
 }
 
 std::optional<bool> RunnerDrag::ShowMenu(int row, const QPoint& place) {

@@ -7,20 +7,22 @@
 #include <optional>
 
 #include "game/board.h"
+#include "windows/board/base_targets.h"
 
 namespace dtb {
 
-// A reserve is let go on the piece of the player for whom he comes in. Beside the
-// pointer stands what would come of it.
+// A reserve is let go on the piece of the player for whom he comes in; where the board keeps the
+// bases, any player on an empty base, as extra innings begin with. Beside the pointer stands what
+// would come of it.
 class RunnerDrag {
  public:
   RunnerDrag(Board& board, Side side, QWidget* list);
 
   // The left button went down on a row.
   void Begin(int row);
-  // The pointer is at a place of the screen. True: over a game piece.
+  // The pointer is at a place of the screen. True: over a game piece or a base.
   bool Move(const QPoint& place);
-  // The button goes up there. True: on a game piece, and the gesture is made.
+  // The button goes up there. True: on a game piece or a base, and the gesture is made.
   bool End(const QPoint& place);
 
   // The menu of a row, at a place of the screen: the whole entry, and for whom the player can come
@@ -29,6 +31,10 @@ class RunnerDrag {
 
  private:
   [[nodiscard]] std::optional<int> PieceUnder(const QPoint& place) const;
+  // The base there, 1 to 3, on which the player of the row can be put.
+  [[nodiscard]] std::optional<int> BaseUnder(const QPoint& place) const;
+  [[nodiscard]] BaseTargets* Targets() const;
+  void HideAll();
   void ShowTag(const QString& words, const QPoint& place);
 
   Board& board_;

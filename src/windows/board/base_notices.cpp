@@ -1,0 +1,100 @@
+#include "windows/board/base_notices.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+
+#include "game/base_running.h"
+#include "game/bases.h"
+#include "game/game_end.h"
+#include "game/history.h"
+#include "game/keep_bases.h"
+#include "game/play_words.h"
+#include "platform/qt/qt_text.h"
+#include "windows/shared/bind.h"
+#include "windows/shared/look.h"
+
+namespace dtb {
+namespace {
+
+using namespace look;
+
+constexpr Place kPlace{430, 222, 820, 52};
+
+}  // namespace
+
+BaseNotices::BaseNotices(Board& board, Scene& scene, QWidget* park) : QObject(park), board_(board) {
+  const auto answer = [this](bool turnOn) {
+    return [this, turnOn] {
+      offering_ = false;
+      AnswerOffer(board_, turnOn);
+      Refresh();
+    };
+  };
+  offer_ = Make(scene, park, "fra_Offer",
+                {{"cmd_TurnOn", QStringLiteral("Turn on"), answer(true)},
+                 {"cmd_NotNow", QStringLiteral("Not now"), answer(false)}});
+  another_ = Make(scene, park, "fra_AnotherOut", {});
+  over_ = Make(scene, park, "fra_GameOver",
+               {{"cmd_FinalStats", QStringLiteral("STATS"), [this] { emit statsWanted(); }},
+                {"cmd_FinalClose", QStringLiteral("Close"), [this] {
+                   closed_ = FinalScore(board_.state);
+                   Refresh();
+                 }}});
+  if (board.history != nullptr) {
+    board.history->Observe([this] { Refresh(); }, WhileItLives(this));
+  }
+  FollowAll(
+      park, [this] { Refresh(); }, board.state.cb_KeepBases);
+}
+
+BaseNotices::Notice BaseNotices::Make(Scene& scene, QWidget* park, const char* name,
+                                      const std::vector<Choice>& choices) {
+  Notice notice{new Panel(park), nullptr};
+  Name(notice.panel, name);
+  notice.panel->SetFill(kSlate);
+  notice.panel->SetLit(true);
+  notice.panel->hide();
+  scene.Put(notice.panel, kPlace, kBody);
+  notice.words = MakeCaption({}, notice.panel, Qt::AlignCenter);
+  constexpr double kButton = 92;
+  const double buttons = static_cast<double>(choices.size()) * (kButton + 8);
+  scene.Put(notice.words, {12, 6, kPlace.width - 24 - buttons, kPlace.height - 12}, kBody);
+  double left = kPlace.width - 8 - buttons;
+  for (const Choice& choice : choices) {
+    auto* button = new QPushButton(choice.caption, notice.panel);
+    Name(button, choice.name);
+    scene.Put(button, {left, 10, kButton, kPlace.height - 20}, kBody);
+    connect(button, &QPushButton::clicked, this, choice.operation);
+    left += kButton + 8;
+  }
+  return notice;
+}
+
+void BaseNotices::Show(const Notice& notice, bool shown, const QString& words) {
+  notice.words->setText(words);
+  notice.panel->setAccessibleName(words);
+  if (notice.panel->isHidden() != shown) return;
+  notice.panel->setVisible(shown);
+  if (shown) notice.panel->raise();
+}
+
+void BaseNotices::Refresh() {
+  const BoardState& state = board_.state;
+  if (!offering_ && OffersToKeepBases(board_)) {
+    offering_ = true;
+    AnswerOffer(board_, false);  // seen once is enough
+  }
+  Show(offer_, offering_ && !KeepsBases(state),
+       QStringLiteral("The board can keep the bases: it moves the runners and counts their runs."));
+  const bool another = CanPutOutAnother(board_);
+  Show(another_, another,
+       another ? ToQt(PlayInWords(state.plays.Last())) +
+                     QStringLiteral(". If it was another runner, click his piece.")
+               : QString());
+  const bool over = KeepsBases(state) && IsGameOver(state) && !offering_;
+  const std::string score = over ? FinalScore(state) : "";
+  if (!over) closed_.clear();
+  Show(over_, over && score != closed_ && !another, ToQt(score));
+}
+
+}  // namespace dtb

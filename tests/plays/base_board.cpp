@@ -43,7 +43,10 @@ void BaseBoard::Do(const std::string& line, std::optional<int> out) {
   if (verb == "PITCHER" || verb == "BATTER" || verb == "SWAP" || verb == "RUNNER") {
     const int side = next() == "home" ? 1 : 0;
     const std::string players = rest();
-    if (verb == "PITCHER") pitchers_.at(side) = players;
+    if (verb == "PITCHER") {
+      pitchers_.at(side) = players;
+      pitched_.at(side).push_back(players);
+    }
     if (verb == "BATTER") ChooseBatter(side, players);
     if (verb == "SWAP") Swap(side, Pair(players).first, Pair(players).second);
     if (verb == "RUNNER") ReplaceRunner(side, Pair(players).first, Pair(players).second);
@@ -67,7 +70,9 @@ void BaseBoard::Do(const std::string& line, std::optional<int> out) {
 }
 
 void BaseBoard::EndGame() {
-  if (half_ == Half::Going) figures_[{atBat_, "LEFT", "", ""}] += OnBase();
+  if (half_ != Half::Going) return;
+  figures_[{atBat_, "LEFT", "", ""}] += OnBase();
+  figures_[{atBat_, "PITCHING", pitchers_.at(atBat_), "IP"}] += outs_;
 }
 
 int BaseBoard::BaseOf(const std::string& name) const {
@@ -101,6 +106,7 @@ void BaseBoard::ChooseBatter(int side, const std::string& name) {
     const int inning = ++innings_.at(side);
     figures_[{side, "LINE", InningName(inning), ""}] = 0;
     last_ = {};
+    missed_ = 0;
   }
   if (side != atBat_) Refuse("the other side is at bat");
   batter_ = name;
@@ -171,6 +177,7 @@ void BaseBoard::Hit(int bases, bool isError) {
   }
   Runner batter = Batter();
   batter.unearned = isError;
+  if (isError) ++missed_;
   Put(bases, batter);
   NextBatter();
 }
@@ -281,10 +288,12 @@ void BaseBoard::ComesHome(Runner runner) {
   ++figures_[{atBat_, "LINE", InningName(innings_.at(atBat_)), ""}];
   ++Batting(runner.name, "R");
   ++Pitching(runner.pitcher, "R");
-  if (!runner.unearned) ++Pitching(runner.pitcher, "ER");
+  const bool overByNow = earned_ == Earned::ByOuts && outs_ + missed_ >= 3;
+  const bool earned = earned_ == Earned::All || !(runner.unearned || overByNow);
+  if (earned) ++Pitching(runner.pitcher, "ER");
   if (last_.ofBatter && last_.forces) Refuse("is a run that joins a walk batted in");
   if (last_.ofBatter) ++Batting(last_.batter, "RBI");
-  last_.home.push_back(std::move(runner));
+  last_.home.emplace_back(std::move(runner), earned);
 }
 
 // Who came home last with this play stands on a base after all.
@@ -293,12 +302,12 @@ void BaseBoard::TakeBack(int base) {
   for (int passed = base; passed < kHome; ++passed) {
     if (!bases_.at(passed).name.empty()) Refuse("the base is taken");
   }
-  Runner runner = std::move(last_.home.back());
+  auto [runner, earned] = std::move(last_.home.back());
   last_.home.pop_back();
   --figures_[{atBat_, "LINE", InningName(innings_.at(atBat_)), ""}];
   --Batting(runner.name, "R");
   --Pitching(runner.pitcher, "R");
-  if (!runner.unearned) --Pitching(runner.pitcher, "ER");
+  if (earned) --Pitching(runner.pitcher, "ER");
   if (last_.ofBatter) --Batting(last_.batter, "RBI");
   bases_.at(base) = std::move(runner);
 }

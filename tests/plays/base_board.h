@@ -6,6 +6,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "plays/figures.h"
@@ -17,16 +18,24 @@ struct NotPossible : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+// Which of the runs charged to a pitcher are earned.
+enum class Earned {
+  All,
+  UnlessOnError,  // the runner did not reach by AB and was not put on base
+  ByOuts,         // nor would the half-inning be over, had each AB been an out
+};
+
 class BaseBoard {
  public:
   // Each side's players, in the order of its file; the first nine bat.
-  explicit BaseBoard(std::array<std::vector<std::string>, 2> lineUps)
-      : lineUps_(std::move(lineUps)) {}
+  BaseBoard(std::array<std::vector<std::string>, 2> lineUps, Earned earned)
+      : lineUps_(std::move(lineUps)), earned_(earned) {}
 
   // One line of a script, with the line behind it where that is an OUT. Throws NotPossible.
   void Do(const std::string& line, std::optional<int> out = std::nullopt);
 
-  // Counts who is left on base when the game ends in the middle of a half-inning.
+  // Counts who is left on base when the game ends in the middle of a half-inning. The outs of such
+  // a half-inning count for the pitchers of both sides.
   void EndGame();
 
   [[nodiscard]] int outs() const { return outs_; }
@@ -36,6 +45,10 @@ class BaseBoard {
   [[nodiscard]] int OnBase() const;
   [[nodiscard]] const std::string& PitcherOf(int side) const { return pitchers_.at(side); }
   [[nodiscard]] const std::string& BatterUp() const { return batter_; }
+  // In the order in which they came in.
+  [[nodiscard]] const std::vector<std::string>& Pitched(int side) const {
+    return pitched_.at(side);
+  }
   [[nodiscard]] bool IsAtBat(int side) const { return half_ == Half::Going && side == atBat_; }
   [[nodiscard]] bool HalfIsOver() const { return half_ == Half::Over; }
   [[nodiscard]] const Figures& figures() const { return figures_; }
@@ -46,14 +59,14 @@ class BaseBoard {
   struct Runner {
     std::string name;
     std::string pitcher;    // whom his run is charged to
-    bool unearned = false;  // he reached on an error, or was put on base
+    bool unearned = false;  // should he come home
   };
   // What joins the play.
   struct Play {
     std::string batter = {};
-    bool ofBatter = false;  // he is credited with runs that join it
-    bool forces = false;    // only with those that were forced in
-    std::vector<Runner> home = {};
+    bool ofBatter = false;                           // he is credited with runs that join it
+    bool forces = false;                             // only with those that were forced in
+    std::vector<std::pair<Runner, bool>> home = {};  // and whether the run is earned
   };
   enum class Half { None, Going, Over };
 
@@ -88,12 +101,15 @@ class BaseBoard {
   [[noreturn]] static void Refuse(const std::string& why) { throw NotPossible(why); }
 
   std::array<std::vector<std::string>, 2> lineUps_;
+  Earned earned_;
   std::array<std::string, 2> pitchers_;
+  std::array<std::vector<std::string>, 2> pitched_;
   std::array<int, 2> innings_{};
   int atBat_ = 0;
   Half half_ = Half::None;
   std::string batter_;
   int outs_ = 0;
+  int missed_ = 0;               // outs that errors cost in this half-inning
   std::array<Runner, 4> bases_;  // from 1
   Play last_;
   Figures figures_;

@@ -1,4 +1,5 @@
-// dtb_season_scripts ARCHIVE FOLDER: a folder with a table script for each game of an archive.
+// dtb_season_scripts ARCHIVE FOLDER [all|unless-on-error|by-outs]: a folder with a table script for
+// each game of an archive; the last word is the board's rule for earned runs.
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -40,7 +41,8 @@ std::string LineOf(const GameScript& script, const Difference& one) {
          std::to_string(one.delta) + " | " + one.play + " | " + one.why + '\n';
 }
 
-int Run(const std::filesystem::path& file, const std::filesystem::path& folder) {
+int Run(const std::filesystem::path& file, const std::filesystem::path& folder,
+        dtb::plays::Earned earned) {
   const auto archive = dtb::ZipArchives().OpenArchive(file, dtb::Always);
   const dtb::archive::Season season = *dtb::archive::ReadSeason(*archive, dtb::Always);
   std::string table = "GAME | TEAM | PLAYER | FIGURE, HOW MUCH MORE THE BOARD HAS | PLAY | WHY\n";
@@ -50,7 +52,7 @@ int Run(const std::filesystem::path& file, const std::filesystem::path& folder) 
     ++counts["games"];
     GameScript script;
     try {
-      script = MakeScript(season, game);
+      script = MakeScript(season, game, earned);
     } catch (const std::exception& error) {
       ++counts["games that need a hand"];
       table += game.id + " | needs a hand | " + error.what() + '\n';
@@ -78,11 +80,16 @@ int Run(const std::filesystem::path& file, const std::filesystem::path& folder) 
 }  // namespace
 
 int main(int argc, char** argv) try {
-  if (argc != 3) {
-    std::cerr << "dtb_season_scripts ARCHIVE FOLDER\n";
+  using dtb::plays::Earned;
+  const std::map<std::string, Earned> rules{{"all", Earned::All},
+                                            {"unless-on-error", Earned::UnlessOnError},
+                                            {"by-outs", Earned::ByOuts}};
+  const auto rule = rules.find(argc == 4 ? argv[3] : "unless-on-error");
+  if (argc < 3 || argc > 4 || rule == rules.end()) {
+    std::cerr << "dtb_season_scripts ARCHIVE FOLDER [all|unless-on-error|by-outs]\n";
     return 2;
   }
-  return Run(argv[1], argv[2]);
+  return Run(argv[1], argv[2], rule->second);
 } catch (const std::exception& error) {
   std::cerr << error.what() << '\n';
   return 1;

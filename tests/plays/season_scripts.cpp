@@ -1,7 +1,7 @@
 #include "plays/season_scripts.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <map>
 #include <sstream>
 #include <utility>
 
@@ -49,15 +49,25 @@ Teams TeamsOf(const archive::Season& season, const std::string& id) {
 class Writer {
  public:
   Writer(const Teams& teams, GameScript& script)
-      : names_(teams.names), script_(script), board_(teams.lineUps) {}
+      : names_(teams.names), script_(script), board_(teams.lineUps, script.earned) {}
 
   void Write(const GameEvents& game) {
     Start(game);
     for (const Event& event : game.events) Take(event);
+    // The board credits both sides' pitchers with the outs of a half-inning in progress.
+    for (int side = 0; side < 2; ++side) {
+      if (!board_.IsAtBat(side) || board_.outs() == 0) continue;
+      script_.differences.push_back({{side, "PITCHING", board_.PitcherOf(side), "IP"},
+                                     board_.outs(),
+                                     "",
+                                     "the game ends in the middle of a half-inning"});
+    }
     board_.EndGame();
   }
 
   [[nodiscard]] const BaseBoard& board() const { return board_; }
+  // By a pitcher's earned runs, the plays in which board and archive do not count alike.
+  [[nodiscard]] const std::map<Figure, std::string>& unlike() const { return unlike_; }
 
  private:
   [[nodiscard]] const std::string& Name(int side, const std::string& id) const {
@@ -113,7 +123,9 @@ class Writer {
       if (!onPiece) Say("SWAP", event.side, goes + " | " + comes);
       if (waiting_.id == leaves) waiting_.id = event.id;
     }
-    if (event.position == archive::kPitcher) Say("PITCHER", event.side, comes);
+    if (event.position == archive::kPitcher && board_.PitcherOf(event.side) != comes) {
+      Say("PITCHER", event.side, comes);
+    }
   }
 
   void Play(const Event& event) {
@@ -131,6 +143,7 @@ class Writer {
     }
     const Figures before = board_.figures();
     const int credited = CreditedRuns(event);
+    for (int base = 1; base < kHome; ++base) on_.at(base) = !board_.NameOn(base).empty();
     const std::size_t line = script_.gestures.size();
     RecordPlay(event, board_,
                [this](const std::string& gesture, std::optional<int> out) { Say(gesture, out); });
@@ -138,6 +151,7 @@ class Writer {
     const std::size_t differences = script_.differences.size();
     NoteRuns(event, batter, before, credited);
     NoteStrikeout(event, batter);
+    NoteEarnedRuns(event, before);
     if (script_.differences.size() > differences) {
       script_.gestures.insert(script_.gestures.begin() + static_cast<std::ptrdiff_t>(line),
                               "# " + event.text);
@@ -168,6 +182,26 @@ class Writer {
     script_.differences.push_back({figure, delta, PlayName(event), why});
   }
 
+  // Remembers a play whose runs the board takes for earned, and the archive not, or the other way.
+  void NoteEarnedRuns(const Event& event, const Figures& before) {
+    int earned = 0;
+    for (int from = 0; from < kHome; ++from) {
+      const bool runs = GoesTo(event.play, from) == kHome && (from == 0 || on_.at(from));
+      if (runs && !event.marks.at(from).unearned) --earned;
+    }
+    std::vector<std::string> charged;
+    for (const auto& [figure, value] : board_.figures()) {
+      const int more = value - ValueOf(before, figure);
+      if (figure.kind != "PITCHING" || more == 0) continue;
+      if (figure.what == "ER") earned += more;
+      if (figure.what == "R") charged.push_back(figure.who);
+    }
+    for (const std::string& pitcher : charged) {
+      std::string& plays = unlike_[{1 - event.side, "PITCHING", pitcher, "ER"}];
+      if (earned != 0) plays += (plays.empty() ? "" : " + ") + PlayName(event);
+    }
+  }
+
   // The third strike got away: the board has the batter on base by AB.
   void NoteStrikeout(const Event& event, const std::string& batter) {
     const bool safe = event.play.appearance == PlateAppearance::Strikeout &&
@@ -185,10 +219,13 @@ class Writer {
   BaseBoard board_;
   std::array<std::array<std::string, archive::kOrder + 1>, 2> order_;
   Event waiting_;
+  std::array<bool, 4> on_{};  // the bases that were taken before the play
+  std::map<Figure, std::string> unlike_;
 };
 
 // What hangs on the count, and on the scorer's judgement of earned runs.
-void NoteRest(const Figures& withoutCount, GameScript& script) {
+void NoteRest(const Figures& withoutCount, const std::map<Figure, std::string>& unlike,
+              GameScript& script) {
   Figures all = withoutCount;
   all.insert(script.archive.begin(), script.archive.end());
   all.insert(script.board.begin(), script.board.end());
@@ -198,7 +235,10 @@ void NoteRest(const Figures& withoutCount, GameScript& script) {
     if (figure.what == "ER") {
       const int delta = ValueOf(script.board, figure) - archive;
       if (delta != 0) {
-        script.differences.push_back({figure, delta, "", "the scorer's judgement of earned runs"});
+        const auto plays = unlike.find(figure);
+        script.differences.push_back({figure, delta, plays == unlike.end() ? "" : plays->second,
+                                      delta > 0 ? "unearned by errors that the board does not weigh"
+                                                : "earned though AB put a runner on base"});
       }
     } else if (const int delta = ValueOf(withoutCount, figure) - archive; delta != 0) {
       const bool pitcher = figure.kind == "PITCHING";
@@ -210,18 +250,13 @@ void NoteRest(const Figures& withoutCount, GameScript& script) {
   }
 }
 
-std::string TwoDecimals(int outs) {
-  std::array<char, 16> text{};
-  std::snprintf(text.data(), text.size(), "%.2f", outs / 3.0);
-  return text.data();
-}
-
 }  // namespace
 
-GameScript MakeScript(const archive::Season& season, const GameEvents& game) {
+GameScript MakeScript(const archive::Season& season, const GameEvents& game, Earned earned) {
   const Teams teams = TeamsOf(season, game.id);
   GameScript script;
   script.id = game.id;
+  script.earned = earned;
   for (int side = 0; side < 2; ++side) {
     script.teams.at(side) = archive::BoardName(teams.texts.at(side).name);
     script.teamFiles.at(side) = archive::BytesOf(teams.texts.at(side));
@@ -229,21 +264,19 @@ GameScript MakeScript(const archive::Season& season, const GameEvents& game) {
   Writer writer(teams, script);
   writer.Write(game);
   script.board = writer.board().figures();
-  for (int side = 0; side < 2; ++side) script.finished.at(side) = writer.board().Finished(side);
+  for (int side = 0; side < 2; ++side) {
+    script.finished.at(side) = writer.board().Finished(side);
+    script.pitchers.at(side) = writer.board().Pitched(side);
+  }
   script.archive = KeepScore(game, teams.names, CountRules::Kept);
-  NoteRest(KeepScore(game, teams.names, CountRules::LeftOut), script);
+  NoteRest(KeepScore(game, teams.names, CountRules::LeftOut), writer.unlike(), script);
   return script;
 }
 
 BaseBoard Replay(const GameScript& script) {
   std::array<std::vector<std::string>, 2> lineUps;
-  for (int side = 0; side < 2; ++side) {
-    std::istringstream lines(script.teamFiles.at(side));
-    for (std::string line; std::getline(lines, line);) {
-      lineUps.at(side).push_back(PlayerNameOf(line));
-    }
-  }
-  BaseBoard board(std::move(lineUps));
+  for (int side = 0; side < 2; ++side) lineUps.at(side) = PlayersIn(script.teamFiles.at(side));
+  BaseBoard board(std::move(lineUps), script.earned);
   for (std::size_t i = 0; i < script.gestures.size(); ++i) {
     if (script.gestures[i].starts_with("OUT ")) continue;
     std::optional<int> out;
@@ -256,52 +289,11 @@ BaseBoard Replay(const GameScript& script) {
   return board;
 }
 
-std::string ExpectedText(const GameScript& script) {
-  std::string text;
-  for (int side = 0; side < 2; ++side) {
-    const std::string& team = script.teams.at(side);
-    std::string innings;
-    int runs = 0;
-    int hits = 0;
-    int played[2] = {};
-    for (const auto& [figure, value] : script.board) {
-      if (figure.kind == "LINE") ++played[figure.side];
-      if (figure.kind == "LINE" && figure.side == side) {
-        const bool blank = value == 0 && !script.finished.at(side) &&
-                           figure.who == InningName(played[side]) && played[side] > 0;
-        (void)blank;
-      }
-    }
-    for (int inning = 1; inning <= std::max(played[0], played[1]); ++inning) {
-      const Figure figure{side, "LINE", InningName(inning), ""};
-      const bool open = inning == played[side] && !script.finished.at(side);
-      const int value = ValueOf(script.board, figure);
-      runs += value;
-      innings += ' ';
-      innings += inning > played[side] || (open && value == 0) ? "-" : std::to_string(value);
-    }
-    std::string lines;
-    for (const char* kind : {"BATTING", "PITCHING"}) {
-      std::string who;
-      for (const auto& [figure, value] : script.board) {
-        if (figure.side != side || figure.kind != kind || value == 0) continue;
-        if (figure.who != who) {
-          lines += std::string("\n") + kind + ' ' + team + " | " + figure.who + " |";
-          who = figure.who;
-        }
-        lines += ' ' + figure.what + '=' +
-                 (figure.what == "IP" ? TwoDecimals(value) : std::to_string(value));
-        if (figure.what == "1B" || figure.what == "2B" || figure.what == "3B" ||
-            (figure.what == "HR" && figure.kind == "BATTING")) {
-          hits += value;
-        }
-      }
-    }
-    text += "LINE " + team + " |" + innings + " | R " + std::to_string(runs) + " H " +
-            std::to_string(hits) + "\nLEFT " + team + " | " +
-            std::to_string(ValueOf(script.board, {side, "LEFT", "", ""})) + lines + '\n';
-  }
-  return text;
+std::vector<std::string> PlayersIn(const std::string& teamFile) {
+  std::vector<std::string> players;
+  std::istringstream lines(teamFile);
+  for (std::string line; std::getline(lines, line);) players.push_back(PlayerNameOf(line));
+  return players;
 }
 
 }  // namespace dtb::plays

@@ -28,14 +28,20 @@ struct GameScript {
   Figures board;    // as the model of the board comes to
   Figures archive;  // as the scorebook does
   std::array<bool, 2> finished{};
+  std::array<std::vector<std::string>, 2> pitchers;  // in their order
+  Earned earned = Earned::All;                       // the board's rule
   std::vector<Difference> differences;
 };
 
 // Throws std::runtime_error, with the play, for a game that cannot be played on the board.
-[[nodiscard]] GameScript MakeScript(const archive::Season& season, const GameEvents& game);
+[[nodiscard]] GameScript MakeScript(const archive::Season& season, const GameEvents& game,
+                                    Earned earned);
 
 // The text of expected.txt.
 [[nodiscard]] std::string ExpectedText(const GameScript& script);
+
+// The players of a team file.
+[[nodiscard]] std::vector<std::string> PlayersIn(const std::string& teamFile);
 
 // What the board comes to with these gestures.
 [[nodiscard]] BaseBoard Replay(const GameScript& script);

@@ -29,7 +29,7 @@ class SeasonScripts : public testing::Test {
     const auto archive = ZipArchives().OpenArchive(DTB_PART_ARCHIVE, Always);
     const archive::Season season = *archive::ReadSeason(*archive, Always);
     for (const GameEvents& game : ReadGames(*archive)) {
-      scripts_.push_back(MakeScript(season, game));
+      scripts_.push_back(MakeScript(season, game, Earned::UnlessOnError));
     }
   }
   static void TearDownTestSuite() { scripts_.clear(); }

@@ -1,0 +1,164 @@
+// The part archive as table scripts: the model of the board comes to what the scorebook has, but
+// for what the scripts tell that the board cannot know.
+#include "plays/season_scripts.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "archive/season_reader.h"
+#include "platform/zip/zip_archives.h"
+
+namespace dtb::plays {
+
+void PrintTo(const Figure& figure, std::ostream* out) {
+  *out << figure.side << ' ' << figure.kind << ' ' << figure.who << ' ' << figure.what;
+}
+
+namespace {
+
+// Less the figures that are nothing.
+Figures Counted(Figures figures) {
+  std::erase_if(figures, [](const auto& one) {
+    return one.first.what == "ER by marks" || (one.second == 0 && one.first.kind != "LINE");
+  });
+  return figures;
+}
+
+class SeasonScripts : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    const auto archive = ZipArchives().OpenArchive(DTB_PART_ARCHIVE, Always);
+    season_ = *archive::ReadSeason(*archive, Always);
+    for (const GameEvents& game : ReadGames(*archive)) {
+      scripts_.push_back(MakeScript(season_, game, Earned::ByOuts));
+    }
+  }
+  static void TearDownTestSuite() {
+    season_ = {};
+    scripts_.clear();
+  }
+
+  static inline archive::Season season_;
+  static inline std::vector<GameScript> scripts_;
+};
+
+TEST_F(SeasonScripts, BoardComesToTheArchivesFigures) {
+  ASSERT_EQ(scripts_.size(), 120U);
+  for (const GameScript& script : scripts_) {
+    Figures expected = script.archive;
+    for (const Difference& one : script.differences) expected[one.figure] += one.delta;
+    EXPECT_EQ(Counted(Replay(script).figures()), Counted(expected)) << script.id;
+  }
+}
+
+// What the board cannot know: no new kind creeps in, and none grows.
+TEST_F(SeasonScripts, DifferencesAreFewAndHaveAReason) {
+  std::map<std::string, int> counts;
+  for (const GameScript& script : scripts_) {
+    for (const Difference& one : script.differences) {
+      ++counts[one.figure.kind + ' ' + one.figure.what];
+    }
+  }
+  EXPECT_EQ(counts, (std::map<std::string, int>{{"BATTING K", 5},
+                                                {"BATTING RBI", 9},
+                                                {"PITCHING ER", 29},
+                                                {"PITCHING IP", 14},
+                                                {"PITCHING K", 5}}));
+}
+
+// The archive tells each pitcher's earned runs twice: in sum, and run by run. Only if every run is
+// charged to the right pitcher are both the same.
+TEST_F(SeasonScripts, RunsAreChargedAsTheArchiveSumsThem) {
+  for (const GameScript& script : scripts_) {
+    Figures sums;
+    Figures marks;
+    for (const auto& [figure, value] : script.archive) {
+      if (figure.what != "ER" && figure.what != "ER by marks") continue;
+      Figures& told = figure.what == "ER" ? sums : marks;
+      if (value > 0) told[{figure.side, figure.kind, figure.who, ""}] = value;
+    }
+    EXPECT_EQ(sums, marks) << script.id;
+  }
+}
+
+// The scorebook against the figures of the season, which are counted by other code.
+TEST_F(SeasonScripts, ScorebookAddsUpToTheSeason) {
+  std::map<std::string, int> sums;
+  for (const GameScript& script : scripts_) {
+    for (const auto& [figure, value] : script.archive) {
+      sums[figure.kind + ' ' + figure.what] += value;
+    }
+  }
+  std::map<std::string, int> season;
+  for (const archive::Club& club : season_.clubs) {
+    for (const archive::Man& player : club.men) {
+      season["BATTING AB"] += player.batting.atBats;
+      season["BATTING HR"] += player.batting.homeRuns;
+      season["BATTING BB"] += player.batting.walks;
+      season["BATTING K"] += player.batting.strikeouts;
+      season["BATTING SB"] += player.batting.stolenBases;
+      season["PITCHING IP"] += player.pitching.outs;
+      season["PITCHING H"] += player.pitching.hits;
+      season["PITCHING ER"] += player.pitching.earnedRuns;
+    }
+  }
+  for (const archive::Game& game : season_.games) {
+    for (const archive::GameSide& side : game.sides) season["LINE "] += side.runs;
+  }
+  for (const auto& [what, sum] : season) EXPECT_EQ(sums[what], sum) << what;
+}
+
+// Who answers for a run when pitchers change with runners on base. "one", "two" and "three" pitch
+// for the home side.
+struct Charges {
+  const char* gestures;
+  std::vector<int> runs;
+};
+
+class ChargedRuns : public testing::TestWithParam<Charges> {};
+
+TEST_P(ChargedRuns, GoToWhoLeftTheRunner) {
+  std::vector<std::string> players;
+  for (const char* name : {"A", "B", "C", "D", "E", "F", "G", "H", "I"}) players.emplace_back(name);
+  BaseBoard board({players, {"one", "two", "three"}}, Earned::All);
+  board.Do("PITCHER home one");
+  board.Do("BATTER visitors A");
+  std::istringstream gestures(GetParam().gestures);
+  for (std::string line; std::getline(gestures >> std::ws, line, ',');) {
+    const std::size_t out = line.find(" OUT ");
+    if (out == std::string::npos) board.Do(line);
+    if (out != std::string::npos) board.Do(line.substr(0, out), line.back() - '0');
+  }
+  std::vector<int> runs;
+  for (const char* pitcher : {"one", "two", "three"}) {
+    runs.push_back(ValueOf(board.figures(), {1, "PITCHING", pitcher, "R"}));
+  }
+  EXPECT_EQ(runs, GetParam().runs);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rules, ChargedRuns,
+    testing::Values(Charges{"BB,PITCHER home two,GO,RUN 1 2,FO,1B,RUN 3 HOME", {1, 0, 0}},
+                    Charges{"BB,PITCHER home two,FC,GO,RUN 1 2,1B,RUN 3 HOME", {1, 0, 0}},
+                    Charges{"BB,PITCHER home two,1B,RUN 2 3,FC OUT 3,FO,1B,RUN 3 HOME", {1, 0, 0}},
+                    Charges{"BB,PITCHER home two,BB,FO,TO OUT 2,2B,RUN 3 HOME", {0, 1, 0}},
+                    Charges{"BB,PITCHER home two,BB,PITCHER home three,FC,FC,HR", {1, 1, 1}},
+                    Charges{"BB,PITCHER home two,BB,1B,FC,1B,RUN 3 HOME", {1, 1, 0}},
+                    // A run that is taken back is nobody's.
+                    Charges{"BB,RUN 1 3,PITCHER home two,1B,RUN HOME 3,PITCHER home three,1B",
+                            {1, 0, 0}}));
+
+// What no gesture may do.
+TEST(BaseBoardRefuses, WhatTheBasesDoNotAllow) {
+  for (const char* gesture : {"RUN 1 3", "RUN 3 1", "RUN 2 3", "SB C", "PLACE 2 I", "TO"}) {
+    BaseBoard board({{{"A", "B", "C", "D", "E", "F", "G", "H", "I"}, {"one"}}}, Earned::All);
+    for (const char* before : {"PITCHER home one", "BATTER visitors A", "BB", "BB", "BB"}) {
+      board.Do(before);
+    }
+    EXPECT_THROW(board.Do(gesture), NotPossible) << gesture;
+  }
+}
+
+}  // namespace
+}  // namespace dtb::plays

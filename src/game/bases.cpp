@@ -144,6 +144,13 @@ int BaseOf(const BoardState& state, const std::string& name) {
   return 0;
 }
 
+Runner RunnerPutOutNow(const Board& board, Outcome outcome, int out) {
+  const BoardState& state = board.state;
+  if (!KeepsBases(state)) return {};
+  const int base = out > 0 ? out : RunnerPutOut(outcome, OccupiedBases(state));
+  return base > 0 ? RunnerOn(state, base) : Runner{};
+}
+
 std::optional<int> PieceOf(const BoardState& state, const std::string& name) {
   const auto piece = std::ranges::find_if(state.pieces, [&name](const GamePiece& one) {
     return !one.free() && one.tag.value() == name;

@@ -27,6 +27,10 @@ namespace dtb {
 // While nobody is at bat nothing happens.
 void KeepPlay(Board& board, Outcome outcome, int out = 0);
 
+// The runner whom such an outcome puts out, with `out` as above; none where the board does not keep
+// the bases, or they are empty.
+[[nodiscard]] Runner RunnerPutOutNow(const Board& board, Outcome outcome, int out);
+
 // One way of a runner, of a player from the bench, or of the batter, in a play: counts his run.
 void Go(Board& board, Play& play, Way way, const Runner& runner);
 

@@ -108,7 +108,9 @@ void RecordOutcome(Board& board, Outcome outcome, int out) {
     const std::string& batter = board.state.lbl_Selected.value();
     Gesture gesture(board, code + ", " + batter);
     if (!BatterIsSure(board, MayScore(board.state, outcome))) return;
-    gesture.SetName(code + ", " + batter);
+    const Runner runner =
+        outcome == Outcome::ThrownOut ? RunnerPutOutNow(board, outcome, out) : Runner{};
+    gesture.SetName(code + ", " + (runner.none() ? batter : runner.name));
     // Without the bases the board does not know which runner was thrown out.
     board.counting =
         outcome == Outcome::ThrownOut ? code + " while " + batter + " bats" : batter + ' ' + code;

@@ -68,7 +68,12 @@ void RecordFieldersChoice(Board& board, int out) {
 
 void RecordThrownOut(Board& board, int out) {
   if (!OutcomeGate(board)) return;
-  LogOutcome(board, LogSuffix(Outcome::ThrownOut));
+  const Runner runner = RunnerPutOutNow(board, Outcome::ThrownOut, out);
+  if (runner.none()) {
+    LogOutcome(board, LogSuffix(Outcome::ThrownOut));
+  } else {
+    board.log.Append(runner.name + std::string(LogSuffix(Outcome::ThrownOut)));
+  }
   KeepPlay(board, Outcome::ThrownOut, out);
   board.state.tb_OUT.Raise();
   OutOnBasesMsg(board);

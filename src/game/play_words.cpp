@@ -44,12 +44,9 @@ const char* VerbOf(const Play& play) {
   }
 }
 
-// Where the verb of the play says already where the player goes.
+// Where the verb of the play says already where the batter goes.
 bool VerbTells(const Play& play, const Move& move) {
-  if (move.from != kAtBatPlace) {
-    const bool pushes = play.outcome == Outcome::Walk || play.outcome == Outcome::TakesFirst;
-    return pushes && move.to == move.from + 1 && move.to < kHomePlate;
-  }
+  if (move.from != kAtBatPlace) return false;
   switch (play.outcome) {
     case Outcome::Double:
       return move.to == kSecondBase;

@@ -110,9 +110,11 @@ void Player::MakeGesture() {
     half_ = HalfInProgress(board_.state);
     KeepPicture(QString("half-%1").arg(half_, 2, 10, QChar('0')));
   }
-  // That the edit mode was left is no step of the game, so a kill would bring it back.
+  // That the edit mode was left is no step of the game, so a kill would bring it back. What OUT
+  // answers is none either.
   const bool dies = options_.killEvery > 0 && next_ >= options_.from + options_.killEvery &&
-                    Word(lines_.value(next_ - 1), 0) != "SWAP";
+                    Word(lines_.value(next_ - 1), 0) != "SWAP" &&
+                    Word(lines_.value(next_), 0) != "OUT";
   if (dies && gestures_.isEmpty() && next_ < scriptLines_) Kill();
   while (gestures_.isEmpty() && next_ < lines_.size()) TakeLine();
   if (gestures_.isEmpty()) return Finish(0);

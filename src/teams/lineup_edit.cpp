@@ -17,11 +17,6 @@ std::string SelectedPlayer(Board& board, Side side) {
   return PlayerNameOf(SideOf(board, side).list.SelectedEntry());
 }
 
-// Rows that are gone through, and the drag that a press on one begins, are one step.
-std::string RowKey(Board& board, Side side) {
-  return std::string("row of ").append(SideOf(board, side).letter);
-}
-
 void MoveSelected(LineupList& list, int by) {
   const int row = list.selected();
   if (!list.HasRow(row) || !list.HasRow(row + by)) return;
@@ -48,6 +43,10 @@ void DropEntry(LineupList& list, int from, bool behind) {
 }
 
 }  // namespace
+
+std::string RowKey(Board& board, Side side) {
+  return std::string("row of ").append(SideOf(board, side).letter);
+}
 
 void SelectBatter(Board& board, Side side) {
   const SideFields fields = SideOf(board, side);

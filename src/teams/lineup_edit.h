@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "game/board.h"
 
@@ -13,6 +14,10 @@ enum class MouseButton { Left, Right, Other };
 // batter and gives him a game piece, and a line on the sheet if he has none. Only outside edit
 // mode, only on the side at bat, and only for the first nine rows.
 void SelectBatter(Board& board, Side side);
+
+// The merge key of steps in a line-up: rows that are gone through, and the drag that a press on one
+// begins, are one step.
+[[nodiscard]] std::string RowKey(Board& board, Side side);
 
 // The player of this row has a line in the side's table, so that what he does is counted.
 [[nodiscard]] bool IsOnSheet(Board& board, Side side, int row);

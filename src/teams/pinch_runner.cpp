@@ -3,12 +3,15 @@
 #include <optional>
 
 #include "base/program_error.h"
+#include "game/base_running.h"
 #include "game/bases.h"
 #include "game/batting_order.h"
 #include "game/game_pieces.h"
 #include "game/history.h"
 #include "game/new_game.h"
+#include "game/play_words.h"
 #include "platform/trapped.h"
+#include "teams/lineup_edit.h"
 #include "teams/sheet_line.h"
 
 namespace dtb {
@@ -86,6 +89,14 @@ void ComeIn(Board& board, Side side, int row, int piece) {
     board.log.Append(name + (bats ? "_____[bats for " : "_____[runs for ") + runner + "]");
   });
   board.platform.boxes.Notify(replacement.words);
+}
+
+void BeginOnBase(Board& board, Side side, int row, int base, const GameMemento& before) {
+  const std::string name = PlayerAt(SideOf(board, side).list, row);
+  const Gesture gesture(board, std::string("on ") + BaseName(base) + ", " + name,
+                        RowKey(board, side));
+  Restore(board, before);
+  PutOnBase(board, name, base);
 }
 
 }  // namespace dtb

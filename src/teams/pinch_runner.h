@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "game/board.h"
+#include "game/memento.h"
 
 namespace dtb {
 
@@ -26,5 +27,9 @@ struct Replacement {
 // and who is due stays; only where the player was the batter, the other bats for him. Tells why it
 // cannot be, and then nothing changes.
 void ComeIn(Board& board, Side side, int row, int piece);
+
+// Any player of the list begins on an empty base, 1 to 3; see PutOnBase. The press that began his
+// drag may have made him the batter: `before` is the game before it, and both are one step.
+void BeginOnBase(Board& board, Side side, int row, int base, const GameMemento& before);
 
 }  // namespace dtb

@@ -7,10 +7,11 @@ namespace {
 TEST(KeptBases, MoveWhomAnOutcomeMoves) {
   Check("bases score play", R"(
 keep:on BB => A - - / 0:0 / A walks
-keep:on BB BB => B A - / 0:0 / B walks
+keep:on BB BB => B A - / 0:0 / B walks, A goes to second
 keep:on 2B BB => B A - / 0:0 / B walks
 keep:on 3B BB => B - A / 0:0 / B walks
-keep:on BB BB BB BB => D C B / 0=1 1:0 / D walks, A scores from third
+keep:on BB BB BB BB => D C B / 0=1 1:0 / D walks, A scores from third, B goes to third,
+  C goes to second
 keep:on BB 1B => B A - / 0:0 / B singles, A goes to second
 keep:on BB 2B => - B A / 0:0 / B doubles, A goes to third
 keep:on 2B 2B => - B - / 0=1 1:0 / B doubles, A scores from second
@@ -33,7 +34,7 @@ keep:on BB BB TO => B - - / 0:0 / A is out on the bases
 keep:on BB BB TO:1 => - A - / 0:0 / B is out on the bases
 keep:on BB SB:A => - A - / 0:0 / A steals second
 keep:on 3B SB:A => - - - / 0=1 1:0 / A steals home
-keep:on BB 1ST => B A - / 0:0 / B takes first without an at-bat
+keep:on BB 1ST => B A - / 0:0 / B takes first without an at-bat, A goes to second
 keep:on 3B SAC run:34 => - - - / 0=1 1:0 / B is out without an at-bat, A scores from third
 keep:on BB GO GO GO => - - - / 0=0* 0:0 / D grounds out
 )");
@@ -112,14 +113,15 @@ keep:on BB run:12 run:24 undo:x => - A - / 0:0 / A walks, A goes to second / 2 t
 keep:on BB BB FC instead:B => C - A / 0:0 / C reaches on a fielder's choice, B is out on the bases,
   A goes to third / 3 FC, C;
 keep:on BB BB DP instead:A => B - - / 0:0 / C hits into a double play, A is out on the bases / 3 DP, C;
-keep:on BB BB TO:1 instead:A => B - - / 0:0 / A is out on the bases / 3 TO, C;
+keep:on BB BB TO:1 instead:A => B - - / 0:0 / A is out on the bases / 3 TO, A;
 keep:on BB BB FC instead:A => C B - / 0:0 / C reaches on a fielder's choice, A is out on the bases,
   B goes to second / 3 FC, C;
 keep:on BB BB FC run:23 instead:B => C - B / 0:0 / C reaches on a fielder's choice, A is out on the
   bases, B goes to third / 4 to third, B;
-keep:on BB BB FC undo:x row:v5 instead:B => B A - / 0:0 / B walks / 3 row, F;
+keep:on BB BB FC undo:x row:v5 instead:B => B A - / 0:0 / B walks, A goes to
+  second / 3 row, F;
 keep:on BB put:02 put:13 => - A - / 0:0 / A walks, A goes to second / 2 to second, A;
-keep:on BB put:11 put:05 => B - - / 0:0 / A is out on the bases / 3 TO, C;
+keep:on BB put:11 put:05 => B - - / 0:0 / A is out on the bases / 3 TO, A;
 keep:on BB put:15 => A - - / 0:0 / B is out without an at-bat / 2 SAC, B;
 )");
 }

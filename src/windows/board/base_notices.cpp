@@ -31,15 +31,20 @@ BaseNotices::BaseNotices(Board& board, Scene& scene, QWidget* park) : QObject(pa
     };
   };
   offer_ = Make(scene, park, "fra_Offer",
-                {{"cmd_TurnOn", QStringLiteral("Turn on"), answer(true)},
-                 {"cmd_NotNow", QStringLiteral("Not now"), answer(false)}});
+                {{"cmd_TurnOn", QStringLiteral("Turn on"),
+                  QStringLiteral("Turns on KEEP THE BASES, as in the options"), answer(true)},
+                 {"cmd_NotNow", QStringLiteral("Not now"),
+                  QStringLiteral("Goes on without; the options have it"), answer(false)}});
   another_ = Make(scene, park, "fra_AnotherOut", {});
-  over_ = Make(scene, park, "fra_GameOver",
-               {{"cmd_FinalStats", QStringLiteral("STATS"), [this] { emit statsWanted(); }},
-                {"cmd_FinalClose", QStringLiteral("Close"), [this] {
-                   closed_ = FinalScore(board_.state);
-                   Refresh();
-                 }}});
+  over_ = Make(
+      scene, park, "fra_GameOver",
+      {{"cmd_FinalStats", QStringLiteral("STATS"),
+        QStringLiteral("Opens the sheet, to prove and save the game"),
+        [this] { emit statsWanted(); }},
+       {"cmd_FinalClose", QStringLiteral("Close"), QStringLiteral("Closes this notice"), [this] {
+          closed_ = FinalScore(board_.state);
+          Refresh();
+        }}});
   if (board.history != nullptr) {
     board.history->Observe([this] { Refresh(); }, WhileItLives(this));
   }
@@ -62,7 +67,8 @@ BaseNotices::Notice BaseNotices::Make(Scene& scene, QWidget* park, const char* n
   double left = kPlace.width - 8 - buttons;
   for (const Choice& choice : choices) {
     auto* button = new QPushButton(choice.caption, notice.panel);
-    Name(button, choice.name);
+    Name(button, choice.name, choice.caption);
+    button->setToolTip(choice.tip);
     scene.Put(button, {left, 10, kButton, kPlace.height - 20}, kBody);
     connect(button, &QPushButton::clicked, this, choice.operation);
     left += kButton + 8;

@@ -31,6 +31,7 @@ class BaseNotices : public QObject {
   struct Choice {
     const char* name;
     QString caption;
+    QString tip;
     std::function<void()> operation;
   };
   Notice Make(Scene& scene, QWidget* park, const char* name, const std::vector<Choice>& choices);

@@ -2,7 +2,6 @@
 
 #include <QMenu>
 
-#include "game/base_running.h"
 #include "game/bases.h"
 #include "game/batting_order.h"
 #include "game/play_words.h"
@@ -23,7 +22,11 @@ constexpr qsizetype kLongestWords = 120;
 RunnerDrag::RunnerDrag(Board& board, Side side, QWidget* list)
     : board_(board), side_(side), list_(list) {}
 
-void RunnerDrag::Begin(int row) { row_ = row; }
+void RunnerDrag::Begin(int row) {
+  row_ = row;
+  before_.reset();
+  if (KeepsBases(board_.state)) before_.emplace(Remember(board_));
+}
 
 bool RunnerDrag::Move(const QPoint& place) {
   const auto piece = row_ ? PieceUnder(place) : std::nullopt;
@@ -46,7 +49,8 @@ bool RunnerDrag::End(const QPoint& place) {
   HideAll();
   const std::optional<int> row = row_;
   row_.reset();
-  if (base) PutOnBase(board_, PlayerAt(SideOf(board_, side_).list, *row), *base);
+  if (base) BeginOnBase(board_, side_, *row, *base, *before_);
+  before_.reset();
   if (piece) ComeIn(board_, side_, *row, *piece);
   return piece || base;
 }
@@ -61,7 +65,8 @@ BaseTargets* RunnerDrag::Targets() const {
 }
 
 std::optional<int> RunnerDrag::BaseUnder(const QPoint& place) const {
-  if (!KeepsBases(board_.state) || !SideOf(board_, side_).atBat.value()) return std::nullopt;
+  if (!before_ || !KeepsBases(board_.state) || !SideOf(board_, side_).atBat.value())
+    return std::nullopt;
   if (PieceUnder(place)) return std::nullopt;
   const BaseTargets* targets = Targets();
   const QPoint pointer = targets->parentWidget()->mapFromGlobal(place);

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "game/board.h"
+#include "game/memento.h"
 #include "windows/board/base_targets.h"
 
 namespace dtb {
@@ -18,7 +19,7 @@ class RunnerDrag {
  public:
   RunnerDrag(Board& board, Side side, QWidget* list);
 
-  // The left button went down on a row.
+  // The left button goes down on a row, which is not chosen yet.
   void Begin(int row);
   // The pointer is at a place of the screen. True: over a game piece or a base.
   bool Move(const QPoint& place);
@@ -41,6 +42,7 @@ class RunnerDrag {
   Side side_;
   QWidget* list_;
   std::optional<int> row_;
+  std::optional<GameMemento> before_;  // the game before the press; only where a base can be its end
   QPointer<QLabel> tag_;  // none before the first drag
 };
 

@@ -50,12 +50,14 @@ std::vector<Way> AllTake(const Occupied& occupied, int bases) {
   return ways;
 }
 
-// The batter takes first and pushes on who is forced; `out` stands for the runner whom it costs.
+// The batter takes first and pushes on who is forced. `out` is the base of a runner who is put out:
+// who is ahead of him need not run any more.
 std::vector<Way> Push(const Occupied& occupied, int out) {
   std::vector<Way> ways;
   if (out > 0) ways.push_back({out, kPutOut});
-  for (int base = ForemostForced(occupied); base >= kFirstBase; --base) {
-    if (base != out) ways.push_back({base, base + 1});
+  const int forced = ForemostForced(occupied);
+  for (int base = out > 0 ? std::min(forced, out - 1) : forced; base >= kFirstBase; --base) {
+    ways.push_back({base, base + 1});
   }
   ways.push_back({kAtBatPlace, kFirstBase});
   return ways;

@@ -104,6 +104,16 @@ void ShowOnTracker(BoardState& state) {
   }
 }
 
+// Whoever comes to bat takes part in the game.
+void NotePart(Board& board, const std::string& name) {
+  const auto atBat = SideAtBat(board.state);
+  if (!atBat || name.empty()) return;
+  StatGrid& grid = SideOf(board, *atBat).grid;
+  if (const auto row = grid.FindRow(stat_column::kBatter, name)) {
+    grid.SetText(*row, stat_column::kPlayed, "1");
+  }
+}
+
 // The pitchers answer for as many runs as they put on, not for these very players: who takes the
 // place of one who is put out takes over whose run he was (9.16(g)). The batter comes last.
 Runner HandOver(BoardState& state, int out, Runner batter) {
@@ -214,6 +224,7 @@ void KeepPlay(Board& board, Outcome outcome, int out) {
     }
   }
   EndPlay(board, play);
+  if (play.basesKept) NotePart(board, play.batter);
   state.plays.Append(play);
 }
 

@@ -96,6 +96,7 @@ bool MayScore(const BoardState& state, Outcome outcome) {
 
 void RecordOutcome(Board& board, Outcome outcome, int out) {
   if (RefusesAfterSave(board)) return;
+  if (out > 0 && RunnerOn(board.state, out).none()) out = 0;
   if (LacksRunner(board, outcome)) {
     board.platform.boxes.Show(
         "The board has nobody on base who could be out. Drag a runner's piece to his base first.",

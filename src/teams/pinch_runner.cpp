@@ -49,6 +49,7 @@ Replacement ReplacementOn(Board& board, Side side, int row, int piece) {
   if (name.empty()) return {false, "There is no player in this row."};
   if (!fields.atBat.value()) return {false, name + " plays for the team in the field."};
   if (row < kStarters) return {false, name + " is in the batting order already."};
+  if (BaseOf(board.state, name) > 0) return {false, name + " is on base already."};
   if (target.free() || runner.empty()) return {false, "There is nobody on this game piece."};
   const auto place = RowInOrder(fields.list, runner);
   if (!place) return {false, runner + " is no longer in the batting order."};

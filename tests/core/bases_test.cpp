@@ -25,8 +25,7 @@ keep:on BB BB FC => C B - / 0:0 / C reaches on a fielder's choice, A is out on t
   B goes to second
 keep:on 2B FC => B - - / 0:0 / B reaches on a fielder's choice, A is out on the bases
 keep:on 3B BB FC => C - A / 0:0 / C reaches on a fielder's choice, B is out on the bases
-keep:on BB BB BB FC:1 => D - B / 0=1 1:0 / D reaches on a fielder's choice, C is out on the bases,
-  A scores from third, B goes to third
+keep:on BB BB BB FC:1 => D B A / 0:0 / D reaches on a fielder's choice, C is out on the bases
 keep:on BB BB DP => - A - / 0:0 / C hits into a double play, B is out on the bases
 keep:on 3B DP => - - - / 0:0 / B hits into a double play, A is out on the bases
 keep:on BB TO => - - - / 0:0 / A is out on the bases
@@ -110,8 +109,8 @@ TEST(KeptBases, GoBackStepByStep) {
   Check("bases score play steps", R"(
 keep:on BB run:12 run:23 run:31 => A - - / 0:0 / A walks / 4 to first, A;
 keep:on BB run:12 run:24 undo:x => - A - / 0:0 / A walks, A goes to second / 2 to second, A;to home, A
-keep:on BB BB FC instead:B => C - A / 0:0 / C reaches on a fielder's choice, B is out on the bases,
-  A goes to third / 3 FC, C;
+keep:on BB BB FC instead:B => C A - / 0:0 / C reaches on a fielder's choice, B is out on the bases / 3
+  FC, C;
 keep:on BB BB DP instead:A => B - - / 0:0 / C hits into a double play, A is out on the bases / 3 DP, C;
 keep:on BB BB TO:1 instead:A => B - - / 0:0 / A is out on the bases / 3 TO, A;
 keep:on BB BB FC instead:A => C B - / 0:0 / C reaches on a fielder's choice, A is out on the bases,

@@ -15,7 +15,7 @@ struct ParkPlacesTest : testing::Test {
            "Broken.jpg = 0.5 0.9 0.7 0.5 0.5 1.4 0.3 0.5\n";
   }
   std::filesystem::path AddPark(const std::string& name) {
-    const auto file = fake.folder / "Ballparks" / PathOf(name);
+    auto file = fake.folder / "Ballparks" / PathOf(name);
     std::filesystem::create_directories(file.parent_path());
     fake.photos.insert(TextOf(file));
     return file;

@@ -25,6 +25,7 @@ class LayoutTest : public WindowTest {
     desk_->aids().cb_RandParks_visible.Set(true);
     board().state.Check1.Set(true);
     board().state.Check2.Set(true);
+    form1().findChild<ParkMarkers*>()->Open();
   }
 
   static QString TextOf(const QWidget* widget) {

@@ -85,6 +85,13 @@ TEST_F(ParkMarkersTest, MarkersAreKeptByDoneAlone) {
     Drag("ParkMarker1", {40, -30});
     Click(Find("cb_MuteDice"));  // the rest of the board goes on
     EXPECT_EQ(desk_->aids().cb_MuteDice.value(), !byKey);
+    Find("ParkMarker1")->setFocus();
+    desk_->aids().Check4.Set(false);
+    Press(&form1(), Qt::Key_X);
+    EXPECT_TRUE(desk_->aids().Check4.value()) << "the key brings the dice";
+    Press(&form1(), Qt::Key_Question);
+    Press(&form1(), Qt::Key_Escape);
+    EXPECT_TRUE(Shown()) << "it was for the plate of the keys";
     byKey ? Press(&form1(), Qt::Key_Escape) : Click(Find("cmd_ParkPlacesCancel"));
     EXPECT_FALSE(Shown());
     EXPECT_EQ(Places(), usual);

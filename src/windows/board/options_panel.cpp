@@ -164,7 +164,7 @@ void OptionsPanel::BuildPhotoSize() {
 
 void OptionsPanel::BuildParkPlaces() {
   auto* places = new QPushButton(QStringLiteral("BASES OF THIS PARK"), this);
-  Name(places, "cmd_ParkPlaces");
+  Name(places, "cmd_ParkPlaces", places->text());
   places->setToolTip(
       QStringLiteral("Shows markers that you drag to the bases in the picture of this park"));
   scene_.Put(places, {kRightColumn, kFirstRow + 4 * kRowHeight + 1, 180, kRowHeight - 2}, kBody);

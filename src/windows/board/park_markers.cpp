@@ -175,7 +175,7 @@ void ParkMarkers::BuildPanel(Scene& scene, QWidget* park) {
   }
   const auto add = [&](const char* name, const char* caption, const char* tip, double left) {
     auto* button = new QPushButton(QLatin1String(caption), panel_);
-    Name(button, name);
+    Name(button, name, button->text());
     button->setToolTip(QLatin1String(tip));
     scene.Put(button, {left, 36, kButtonWidth, 32}, kBody);
     QWidget::setTabOrder(before, button);

@@ -1,5 +1,6 @@
 // dtb_season_scripts ARCHIVE FOLDER [all|unless-on-error|by-outs]: a folder with a table script for
 // each game of an archive; the last word is the board's rule for earned runs.
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -72,6 +73,7 @@ int Run(const std::filesystem::path& file, const std::filesystem::path& folder,
     }
   }
   Put(folder / "differences.txt", table);
+  std::cout << counts["gestures RUN "] / std::max(1, counts["games"]) << " RUN a game\n";
   for (const auto& [what, count] : counts) std::cout << count << ' ' << what << '\n';
   for (const auto& [why, count] : whys) std::cout << count << " differences, " << why << '\n';
   return counts["games that need a hand"] == 0 ? 0 : 1;

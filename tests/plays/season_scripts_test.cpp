@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <tuple>
 
 #include "archive/season_reader.h"
 #include "platform/zip/zip_archives.h"
@@ -109,6 +110,35 @@ TEST_F(SeasonScripts, ScorebookAddsUpToTheSeason) {
   for (const auto& [what, sum] : season) EXPECT_EQ(sums[what], sum) << what;
 }
 
+struct OneFile : Archive {
+  explicit OneFile(std::string lines) : text(std::move(lines)) {}
+  const std::vector<ArchivedFile>& files() const override { return names; }
+  bool Read(std::size_t /*file*/, std::string& bytes, const GoOn& /*goOn*/) override {
+    bytes = text;
+    return true;
+  }
+  std::string text;
+  std::vector<ArchivedFile> names{{"2020AAA.EVA", 0}};
+};
+
+// The part has no change in the middle of a time at bat that the count decides.
+TEST(CountRules, ChargeWalkAndStrikeoutToWhoLeft) {
+  OneFile archive(
+      "id,AAA202004010\nstart,v1,,0,1,3\nstart,v2,,0,2,4\nstart,p1,,1,0,1\n"
+      "play,1,0,v1,30,BBB,NP\nsub,p2,,1,0,1\nplay,1,0,v1,40,BBB.B,W\n"
+      "play,1,0,v2,02,CC,NP\nsub,v3,,0,2,11\nplay,1,0,v3,03,CC.C,K\nplay,1,0,v1,00,,BK.1-H(NR)\n");
+  const PlayerNames names{
+      {{{"v1", "v1"}, {"v2", "v2"}, {"v3", "v3"}}, {{"p1", "p1"}, {"p2", "p2"}}}};
+  for (const auto& [rules, pitcher, batter] :
+       {std::tuple{CountRules::Kept, "p1", "v2"}, {CountRules::LeftOut, "p2", "v3"}}) {
+    const Figures figures = KeepScore(ReadGames(archive).at(0), names, rules);
+    EXPECT_EQ(ValueOf(figures, {1, "PITCHING", pitcher, "BB"}), 1);
+    EXPECT_EQ(ValueOf(figures, {1, "PITCHING", pitcher, "R"}), 1);
+    EXPECT_EQ(ValueOf(figures, {0, "BATTING", batter, "K"}), 1);
+    EXPECT_EQ(ValueOf(figures, {1, "PITCHING", "p2", "K"}), 1);
+  }
+}
+
 // Who answers for a run when pitchers change with runners on base. "one", "two" and "three" pitch
 // for the home side.
 struct Charges {
@@ -151,9 +181,10 @@ INSTANTIATE_TEST_SUITE_P(
 
 // What no gesture may do.
 TEST(BaseBoardRefuses, WhatTheBasesDoNotAllow) {
-  for (const char* gesture : {"RUN 1 3", "RUN 3 1", "RUN 2 3", "SB C", "PLACE 2 I", "TO"}) {
+  for (const char* gesture :
+       {"RUN 1 3", "RUN 2 1", "RUN 3 HOME", "RUN HOME 3", "SB B", "PLACE 2 I", "TO"}) {
     BaseBoard board({{{"A", "B", "C", "D", "E", "F", "G", "H", "I"}, {"one"}}}, Earned::All);
-    for (const char* before : {"PITCHER home one", "BATTER visitors A", "BB", "BB", "BB"}) {
+    for (const char* before : {"PITCHER home one", "BATTER visitors A", "BB", "BB"}) {
       board.Do(before);
     }
     EXPECT_THROW(board.Do(gesture), NotPossible) << gesture;

@@ -47,6 +47,17 @@ bool IsOpen(const BoardState& state) {
          last.outcome != Outcome::RunBattedIn && last.outcome != Outcome::PutOnBase;
 }
 
+// The last run of a play, unless it is that of a home run's batter.
+std::optional<std::size_t> LastRunOf(const Play& play) {
+  for (std::size_t move = play.moves.size(); move > 0; --move) {
+    const Move& run = play.moves[move - 1];
+    if (run.to != kHomePlate) continue;
+    if (run.from == kAtBatPlace) return std::nullopt;
+    return move - 1;
+  }
+  return std::nullopt;
+}
+
 bool CanMove(Board& board) {
   if (!KeepsBases(board.state) || !SideAtBat(board.state)) return false;
   return !RefusesAfterSave(board);
@@ -88,6 +99,29 @@ void MoveRunner(Board& board, int from, int to, MoveOf belongs) {
     } else {
       state.plays.Append(play);
     }
+    board.platform.boxes.Notify(PlayInWords(play));
+  });
+}
+
+std::string RunnerToHold(const Board& board) {
+  const BoardState& state = board.state;
+  if (!KeepsBases(state) || !IsOpen(state) || !RunnerOn(state, kThirdBase).none()) return "";
+  const Play last = state.plays.Last();
+  const auto move = LastRunOf(last);
+  return move ? last.moves.at(*move).name : "";
+}
+
+void HoldAtThird(Board& board) {
+  const std::string name = RunnerToHold(board);
+  if (name.empty() || !CanMove(board)) return;
+  Trapped(board.platform.boxes, [&] {
+    BoardState& state = board.state;
+    const Gesture gesture(board, "back to third, " + name);
+    Play play = state.plays.Last();
+    board.log.Append(name + "_____[back to third]");
+    TakeBackRun(board, play, LastRunOf(play).value(), kThirdBase);
+    EndPlay(board, play);
+    state.plays.Replace(state.plays.size() - 1, play);
     board.platform.boxes.Notify(PlayInWords(play));
   });
 }

@@ -17,6 +17,12 @@ enum class MoveOf { LastPlay, ItsOwn };
 // nobody and shares no base.
 void MoveRunner(Board& board, int from, int to, MoveOf belongs = MoveOf::LastPlay);
 
+// Who came home last in the last play; "" where nobody did, where third base is taken, or where the
+// game has gone on since. A batter who has hit a home run is not asked about.
+[[nodiscard]] std::string RunnerToHold(const Board& board);
+// He stands on third instead, and his run is taken back.
+void HoldAtThird(Board& board);
+
 // A player of the side at bat comes on without a time at bat, as the runner does with whom extra
 // innings begin. His run is not earned. The base must be empty, and he on no other one.
 void PutOnBase(Board& board, const std::string& name, int base);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "game/game_pieces.h"
 #include "game/innings.h"
 #include "game/play_credits.h"
 #include "game/play_words.h"
@@ -16,11 +17,11 @@ Field<Runner>& FieldOf(BoardState& state, int base) {
 
 bool IsBase(int place) { return place >= kFirstBase && place <= kThirdBase; }
 
-// Outs of the half-inning as its earned runs see them: an at-bat on which an error let the batter
-// live counts as one. A pitcher who came in the middle of it has no use of the errors before him
+// Outs of the half-inning as its earned runs see them, with those of the play itself: an at-bat on
+// which an error let the batter live counts as one. A pitcher who came in the middle of it has no use of the errors before him
 // (Official Baseball Rules, 9.16(i)).
 int OutsWithErrors(const Board& board, const Play& play, const std::string& pitcher) {
-  int outs = play.outsBefore;
+  const int outs = play.outsBefore + OutsOf(play);
   const PlayList& plays = board.state.plays;
   int errorsOfHis = 0;
   int errors = 0;
@@ -66,6 +67,7 @@ bool IsEarned(const Board& board, const Play& play, const Runner& runner) {
 
 void CountRun(Board& board, const Play& play, const Runner& runner, Move& move) {
   move.pitcher = runner.pitcher;
+  move.byError = runner.byError;
   move.battedIn = GivesRunBattedIn(play.outcome);
   move.earned = IsEarned(board, play, runner);
   if (play.half < kHalves) Cell(board.state, play.half).text.Raise();
@@ -172,7 +174,7 @@ std::optional<int> PieceOf(const BoardState& state, const std::string& name) {
 void Go(Board& board, Play& play, Way way, const Runner& runner) {
   BoardState& state = board.state;
   if (IsBase(way.from)) FieldOf(state, way.from).Set({});
-  Move move{runner.name, way.from, way.to, {}, false, false};
+  Move move{runner.name, way.from, way.to, {}, false, false, false};
   if (IsBase(way.to)) {
     FieldOf(state, way.to).Set(runner);
   } else {
@@ -226,6 +228,21 @@ void KeepPlay(Board& board, Outcome outcome, int out) {
   EndPlay(board, play);
   if (play.basesKept) NotePart(board, play.batter);
   state.plays.Append(play);
+}
+
+void TakeBackRun(Board& board, Play& play, std::size_t move, int base) {
+  Move& back = play.moves.at(move);
+  CreditRun(board, play, back, -1);
+  if (play.half < kHalves) {
+    TextCell& runs = Cell(board.state, play.half).text;
+    runs.Set(runs.number() == 1 ? "" : RaisedText(runs.value(), -1));
+  }
+  ScoreUpdate(board);
+  FieldOf(board.state, base).Set({back.name, back.pitcher, back.byError});
+  PlaceBatterPhoto(board, back.name);
+  back = {back.name, back.from, base, {}, false, false, false};
+  // One who is back where he was has not moved.
+  if (back.from == base) play.moves.erase(play.moves.begin() + static_cast<std::ptrdiff_t>(move));
 }
 
 void ClearBases(Board& board) {

@@ -34,6 +34,10 @@ void KeepPlay(Board& board, Outcome outcome, int out = 0);
 // One way of a runner, of a player from the bench, or of the batter, in a play: counts his run.
 void Go(Board& board, Play& play, Way way, const Runner& runner);
 
+// A player who came home in a play stands on a base after all, which must be empty: his run is
+// taken back.
+void TakeBackRun(Board& board, Play& play, std::size_t move, int base);
+
 // A play that begins now, without moves. Runners of another half-inning are gone then.
 [[nodiscard]] Play BeginPlay(Board& board, Outcome outcome);
 // Its end: who stands where.

@@ -63,7 +63,7 @@ void FieldWriter::Put(const PitchedOuts& outs) {
 }
 
 void FieldWriter::Put(const Move& move) {
-  (*this)(move.name, move.from, move.to, move.pitcher, move.battedIn, move.earned);
+  (*this)(move.name, move.from, move.to, move.pitcher, move.battedIn, move.earned, move.byError);
 }
 
 void FieldWriter::Put(const Play& play) {
@@ -154,7 +154,7 @@ void FieldReader::Take(Outcome& outcome) {
 }
 
 void FieldReader::Take(Move& move) {
-  (*this)(move.name, move.from, move.to, move.pitcher, move.battedIn, move.earned);
+  (*this)(move.name, move.from, move.to, move.pitcher, move.battedIn, move.earned, move.byError);
   const auto isPlace = [](int place) { return place >= kAtBatPlace && place <= kFromBench; };
   if (!isPlace(move.from) || !isPlace(move.to)) throw DamagedText();
 }

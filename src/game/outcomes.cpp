@@ -116,10 +116,11 @@ void RecordOutcome(Board& board, Outcome outcome, int out) {
     board.counting =
         outcome == Outcome::ThrownOut ? code + " while " + batter + " bats" : batter + ' ' + code;
     Record(board, outcome, out);
+    // Known before the history tells of the step, which ends here.
+    const bool chose = PutsRunnerOut(outcome) && board.state.plays.size() == playsBefore + 1;
+    const std::size_t steps = board.history == nullptr ? 0 : board.history->steps() + 1;
+    board.choice = chose ? RunnerChoice{steps, playsBefore + 1} : RunnerChoice{};
   });
-  const bool chose = PutsRunnerOut(outcome) && board.state.plays.size() == playsBefore + 1;
-  if (board.history == nullptr) return;
-  board.choice = chose ? RunnerChoice{board.history->steps(), playsBefore + 1} : RunnerChoice{};
 }
 
 }  // namespace dtb

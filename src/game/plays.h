@@ -31,7 +31,8 @@ struct Runner {
   friend bool operator==(const Runner&, const Runner&) = default;
 };
 
-// Where one player went in a play. The last three tell of a run.
+// Where one player went in a play. The rest tells of a run: who answers for it, whether the batter
+// drove it in, whether it is earned, and whether the runner had come on by an error.
 struct Move {
   std::string name;
   int from = kAtBatPlace;
@@ -39,6 +40,7 @@ struct Move {
   std::string pitcher;
   bool battedIn = false;
   bool earned = false;
+  bool byError = false;
   friend bool operator==(const Move&, const Move&) = default;
 };
 

@@ -42,6 +42,7 @@ QStringList Run(Desk& desk, const QString& from, const QString& to, bool own, bo
     if (keys) return {to == "OUT" ? "OUTCOME A" : "OUTCOME H"};
     return {"DRAG " + PieceNamed(state, state.lbl_Selected.value()) + ' ' + TargetOf(desk, to)};
   }
+  if (from == "HOME") return {keys ? "OUTCOME Shift+4" : "CLICK cmd_HoldAtThird"};
   const int start = from.toInt();
   const QString piece = RunnerPiece(state, start);
   const int end = to == "HOME" ? kHomePlate : to.toInt();

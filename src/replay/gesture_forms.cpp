@@ -83,8 +83,8 @@ QString FaultOfWord(const QString& kind, const QString& word) {
   if (kind == "BASE" && !QStringList{"1", "2", "3"}.contains(word)) {
     return quoted + " is not a base (1, 2 or 3)";
   }
-  if (kind == "FROM" && !QStringList{"1", "2", "3", "BATTER"}.contains(word)) {
-    return quoted + " is not a base (1, 2 or 3) or BATTER";
+  if (kind == "FROM" && !QStringList{"1", "2", "3", "BATTER", "HOME"}.contains(word)) {
+    return quoted + " is not a base (1, 2 or 3), BATTER or HOME";
   }
   if (kind == "TO" && !QStringList{"1", "2", "3", "HOME", "OUT"}.contains(word)) {
     return quoted + " is not a base (1, 2 or 3), HOME or OUT";
@@ -141,7 +141,9 @@ const std::vector<GestureForm>& GestureForms() {
       {"SB", "PLAYER", "record a steal by the player on a game piece"},
       {"BASES", "ON|OFF", "let the board keep the bases, or not"},
       {"RUN", "FROM TO",
-       "move a runner by hand from base 1, 2 or 3 to a base or HOME, or the BATTER to 1 or OUT"},
+       "move a runner by hand from base 1, 2 or 3 to a base or HOME, the BATTER to 1 or OUT, or "
+       "who "
+       "came HOME back to 3"},
       {"ADVANCE", "FROM TO", "the same as a play of its own, as after a wild pitch"},
       {"OUT", "BASE", "name the runner who is out, behind TO, or another one behind FC or DP"},
       {"PLACE", "BASE PLAYER", "put a player of the side at bat on an empty base"},

@@ -17,7 +17,7 @@ Gestures RandomGame() {
   std::istringstream words(R"(
     put:01 put:02 put:03 put:04 put:05 put:11 put:12 put:13 put:14 put:15 put:21 put:22 put:23 put:24
     put:25 put:31 put:32 put:33 put:34 put:35 run:12 run:13 run:14 run:21 run:23 run:24 run:31 run:32
-    run:34 run:34 advance:12 advance:23 advance:34 TO:1 TO:2 TO:3 FC:1 FC:2 FC:3 DP:1 DP:2 DP:3
+    run:34 run:34 hold: advance:12 advance:23 advance:34 TO:1 TO:2 TO:3 FC:1 FC:2 FC:3 DP:1 DP:2 DP:3
     steal:p0 steal:p1 steal:p2 steal:p3 instead:A instead:B instead:C instead:a instead:b instead:c
     on:J1 on:K2 on:L3 on:k2 in:v90 in:v91 in:h102 in:h113 1ST SAC 1ST SAC pitch:h10 pitch:v10 row:v3
     row:h3 bat:v0 bat:h0 bat:v4 bat:h4 due: due: due: up:v down:h edit:v edit:h reset: ctrl:held ctrl:up

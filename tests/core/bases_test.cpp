@@ -119,6 +119,10 @@ keep:on BB BB FC run:23 instead:B => C - B / 0:0 / C reaches on a fielder's choi
   bases, B goes to third / 4 to third, B;
 keep:on BB BB FC undo:x row:v5 instead:B => B A - / 0:0 / B walks, A goes to
   second / 3 row, F;
+keep:on 2B 2B hold: => - B A / 0:0 / B doubles, A goes to third / 3 back to third, A;
+keep:on 3B AB hold: => B - A / 0:0 / B reaches on an error / 3 back to third, A;
+keep:on 2B BB 3B hold: => - - C / 0=2 2:0 / C triples, A scores from second, B scores from first / 3 3B, C;
+keep:on BB HR hold: => - - - / 0=2 2:0 / B homers, A scores from first / 2 HR, B;
 keep:on BB put:02 put:13 => - A - / 0:0 / A walks, A goes to second / 2 to second, A;
 keep:on BB put:11 put:05 => B - - / 0:0 / A is out on the bases / 3 TO, A;
 keep:on BB put:15 => A - - / 0:0 / B is out without an at-bat / 2 SAC, B;

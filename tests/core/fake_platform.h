@@ -210,6 +210,7 @@ struct Game {
     if (verb == "run") MoveRunner(board, argument[0] - '0', digit);
     if (verb == "advance") MoveRunner(board, argument[0] - '0', digit, MoveOf::ItsOwn);
     if (verb == "on") PutOnBase(board, argument.substr(0, 1), digit);
+    if (verb == "hold") HoldAtThird(board);
     if (verb == "instead") PutOutInstead(board, argument);
     if (verb == "put") DropPiece(board, argument[0] - '0', digit, MoveOf::LastPlay);
     if (verb == "in") ComeIn(board, side, row / 10, row % 10);  // "in:v93": row 9 on piece 3

@@ -106,7 +106,8 @@ void BaseBoard::ChooseBatter(int side, const std::string& name) {
     const int inning = ++innings_.at(side);
     figures_[{side, "LINE", InningName(inning), ""}] = 0;
     last_ = {};
-    missed_ = 0;
+    missed_.clear();
+    began_ = Pitcher();
   }
   if (side != atBat_) Refuse("the other side is at bat");
   batter_ = name;
@@ -171,13 +172,14 @@ void BaseBoard::Outcome(const std::string& code, std::optional<int> out) {
 
 void BaseBoard::Hit(int bases, bool isError) {
   last_.ofBatter = !isError;
+  last_.isError = isError;
   for (int base = 3; base > 0; --base) {
     if (bases_.at(base).name.empty()) continue;
     Put(base + bases, std::exchange(bases_.at(base), {}));
   }
   Runner batter = Batter();
   batter.unearned = isError;
-  if (isError) ++missed_;
+  if (isError) ++missed_[Pitcher()];
   Put(bases, batter);
   NextBatter();
 }
@@ -284,12 +286,22 @@ void BaseBoard::Put(int base, Runner runner) {
   bases_.at(base) = std::move(runner);
 }
 
+bool BaseBoard::IsEarned(const Runner& runner) const {
+  if (earned_ == Earned::All) return true;
+  if (runner.unearned) return false;
+  if (earned_ == Earned::UnlessOnError) return true;
+  int missed = 0;
+  for (const auto& [pitcher, count] : missed_) {
+    if (runner.pitcher == began_ || runner.pitcher == pitcher) missed += count;
+  }
+  return !last_.isError && outs_ + missed < 3;
+}
+
 void BaseBoard::ComesHome(Runner runner) {
   ++figures_[{atBat_, "LINE", InningName(innings_.at(atBat_)), ""}];
   ++Batting(runner.name, "R");
   ++Pitching(runner.pitcher, "R");
-  const bool overByNow = earned_ == Earned::ByOuts && outs_ + missed_ >= 3;
-  const bool earned = earned_ == Earned::All || !(runner.unearned || overByNow);
+  const bool earned = IsEarned(runner);
   if (earned) ++Pitching(runner.pitcher, "ER");
   if (last_.ofBatter && last_.forces) Refuse("is a run that joins a walk batted in");
   if (last_.ofBatter) ++Batting(last_.batter, "RBI");

@@ -36,6 +36,10 @@ BaseNotices::BaseNotices(Board& board, Scene& scene, QWidget* park) : QObject(pa
                  {"cmd_NotNow", QStringLiteral("Not now"),
                   QStringLiteral("Goes on without; the options have it"), answer(false)}});
   another_ = Make(scene, park, "fra_AnotherOut", {});
+  scored_ = Make(scene, park, "fra_Scored",
+                 {{"cmd_HoldAtThird", QStringLiteral("At third"),
+                   QStringLiteral("He stopped at third: takes his run back (Shift + 4)"),
+                   [this] { HoldAtThird(board_); }}});
   over_ = Make(
       scene, park, "fra_GameOver",
       {{"cmd_FinalStats", QStringLiteral("STATS"),
@@ -97,10 +101,14 @@ void BaseNotices::Refresh() {
        another ? ToQt(PlayInWords(state.plays.Last())) +
                      QStringLiteral(". If it was another runner, click his piece.")
                : QString());
-  const bool over = KeepsBases(state) && IsGameOver(state) && !offering_;
+  const bool over = KeepsBases(state) && IsGameOver(state);
   const std::string score = over ? FinalScore(state) : "";
   if (!over) closed_.clear();
-  Show(over_, over && score != closed_ && !another, ToQt(score));
+  const bool final = over && score != closed_ && !another;
+  Show(over_, final, ToQt(score));
+  const std::string holds = another || final ? "" : RunnerToHold(board_);
+  Show(scored_, !holds.empty(),
+       holds.empty() ? QString() : ToQt(PlayInWords(state.plays.Last()) + "."));
 }
 
 }  // namespace dtb

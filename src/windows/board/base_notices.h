@@ -13,8 +13,9 @@
 
 namespace dtb {
 
-// Three panels under the scoreboard: the offer to keep the bases, once in the program's life; that
-// another runner may have been out, until the next play; and that the game is over.
+// Panels under the scoreboard, one at a time: the offer to keep the bases, once in the program's
+// life; that another runner may have been out, or that a runner may have stopped at third, until
+// the next play; and that the game is over.
 class BaseNotices : public QObject {
   Q_OBJECT
  public:
@@ -41,6 +42,7 @@ class BaseNotices : public QObject {
   Board& board_;
   Notice offer_;
   Notice another_;
+  Notice scored_;
   Notice over_;
   bool offering_ = false;
   std::string closed_;  // the final score that the person has closed

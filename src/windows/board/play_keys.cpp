@@ -57,6 +57,7 @@ constexpr std::array kOtherKeys{
 constexpr std::array kBaseKeys{
     OtherKey{"Shift + 1 to 3", "The runner on that base takes one base more"},
     OtherKey{"Ctrl + 1 to 3", "The same as a play of its own: a wild pitch, a balk"},
+    OtherKey{"Shift + 4", "Who came home last stands on third after all"},
     OtherKey{"T, then 1 to 3", "The runner on that base is out"},
     OtherKey{"S, then 1 to 3", "The runner on that base steals the next"},
     OtherKey{"H", "Batter to first without an at-bat: hit by a pitch"},
@@ -173,9 +174,13 @@ bool PlayKeys::Press(const QKeyEvent& event) {
 // itself; without it the row counts by its place.
 bool PlayKeys::PressRunner(int base, Qt::KeyboardModifiers modifiers) {
   const bool own = modifiers == Qt::ControlModifier;
-  if (!KeepsBases(board_.state) || base < kFirstBase || base > kThirdBase) return false;
+  if (!KeepsBases(board_.state) || base < kFirstBase || base > kHomePlate) return false;
   if (!own && modifiers != Qt::ShiftModifier) return false;
   AskForRunner(Question::None);
+  if (base == kHomePlate) {
+    if (!own) HoldAtThird(board_);
+    return !own;
+  }
   MoveRunner(board_, base, base + 1, own ? MoveOf::ItsOwn : MoveOf::LastPlay);
   return true;
 }

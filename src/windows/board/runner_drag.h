@@ -42,7 +42,8 @@ class RunnerDrag {
   Side side_;
   QWidget* list_;
   std::optional<int> row_;
-  std::optional<GameMemento> before_;  // the game before the press; only where a base can be its end
+  std::optional<GameMemento>
+      before_;            // the game before the press; only where a base can be its end
   QPointer<QLabel> tag_;  // none before the first drag
 };
 

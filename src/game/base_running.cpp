@@ -99,7 +99,9 @@ void MoveRunner(Board& board, int from, int to, MoveOf belongs) {
     } else {
       state.plays.Append(play);
     }
-    board.platform.boxes.Notify(PlayInWords(play));
+    // One who is back where he was has not moved.
+    const std::string words = MoveInWords(play, runner.name);
+    if (!words.empty()) board.platform.boxes.Notify(words);
   });
 }
 
@@ -122,7 +124,7 @@ void HoldAtThird(Board& board) {
     TakeBackRun(board, play, LastRunOf(play).value(), kThirdBase);
     EndPlay(board, play);
     state.plays.Replace(state.plays.size() - 1, play);
-    board.platform.boxes.Notify(PlayInWords(play));
+    board.platform.boxes.Notify(LastNameOf(name) + " stands on third.");
   });
 }
 

@@ -18,8 +18,8 @@ Field<Runner>& FieldOf(BoardState& state, int base) {
 bool IsBase(int place) { return place >= kFirstBase && place <= kThirdBase; }
 
 // Outs of the half-inning as its earned runs see them, with those of the play itself: an at-bat on
-// which an error let the batter live counts as one. A pitcher who came in the middle of it has no use of the errors before him
-// (Official Baseball Rules, 9.16(i)).
+// which an error let the batter live counts as one. A pitcher who came in the middle of it has no
+// use of the errors before him (Official Baseball Rules, 9.16(i)).
 int OutsWithErrors(const Board& board, const Play& play, const std::string& pitcher) {
   const int outs = play.outsBefore + OutsOf(play);
   const PlayList& plays = board.state.plays;
@@ -206,7 +206,7 @@ void EndPlay(Board& board, Play& play) {
     play.after.at(base) = board.state.base.at(base).value().name;
   }
   ShowOnTracker(board.state);
-  board.counting = PlayInWords(play);
+  board.counting = PlayInShort(play);
 }
 
 void KeepPlay(Board& board, Outcome outcome, int out) {

@@ -1,5 +1,7 @@
 #include "game/play_words.h"
 
+#include <algorithm>
+
 #include "base/words.h"
 #include "game/player_name.h"
 
@@ -59,7 +61,7 @@ bool VerbTells(const Play& play, const Move& move) {
   }
 }
 
-std::string MoveInWords(const Play& play, const Move& move) {
+std::string WordsOf(const Play& play, const Move& move) {
   const std::string name = LastNameOf(move.name);
   const bool onBase = move.from >= kFirstBase && move.from <= kThirdBase;
   const std::string from = onBase ? std::string(" from ") + BaseName(move.from) : "";
@@ -106,9 +108,31 @@ std::string PlayInWords(const Play& play) {
   if (const char* verb = VerbOf(play)) words = LastNameOf(play.batter) + ' ' + verb;
   for (const Move& move : play.moves) {
     if (VerbOf(play) != nullptr && VerbTells(play, move)) continue;
-    words += (words.empty() ? "" : ", ") + MoveInWords(play, move);
+    words += (words.empty() ? "" : ", ") + WordsOf(play, move);
   }
   return words.empty() ? AloneInWords(play) : words;
+}
+
+std::string PlayInShort(const Play& play) {
+  if (VerbOf(play) == nullptr) return PlayInWords(play);
+  std::string words = play.batter + ' ' + std::string(OutcomeCode(play.outcome));
+  std::string last;
+  int scored = 0;
+  for (const Move& move : play.moves) {
+    if (move.to != kHomePlate || move.from == kAtBatPlace) continue;
+    if (!last.empty()) words += ", " + last;
+    last = LastNameOf(move.name);
+    ++scored;
+  }
+  if (scored == 0) return words;
+  return words + (scored > 1 ? " and " + last + " score" : ", " + last + " scores");
+}
+
+std::string MoveInWords(const Play& play, const std::string& name) {
+  const auto move = std::ranges::find(play.moves, name, &Move::name);
+  if (move == play.moves.end()) return "";
+  const std::string words = WordsOf(play, *move);
+  return move->battedIn ? words + ", batted in by " + LastNameOf(play.batter) : words;
 }
 
 std::string PlayWithInning(const Play& play) {

@@ -10,8 +10,10 @@ bool IsGameOver(const BoardState& state) {
   if (half < kBottomOfNinth) return false;
   const double visitors = RunsOfInnings(state.tb_BoxScore);
   const double home = RunsOfInnings(state.tb_BoxScoreBottom);
-  const bool bottom = half % 2 == 1;
-  return bottom ? home > visitors : home != visitors;
+  if (half % 2 == 1) return home > visitors;
+  // Runs of an inning that has begun do not end the game before its bottom.
+  const double begun = half < kHalves ? state.tb_BoxScore.at(half / 2).text.number() : 0;
+  return home != visitors - begun;
 }
 
 std::string FinalScore(const BoardState& state) {

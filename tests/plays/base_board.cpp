@@ -199,14 +199,18 @@ void BaseBoard::FieldersChoice(std::optional<int> out) {
   const int forced = ForemostForced();
   const int base = out.value_or(forced > 0 ? forced : Foremost());
   if (base == 0 || bases_.at(base).name.empty()) Refuse("nobody is put out");
-  // Whoever reaches base by the choice takes over the charge for the runner in front of him.
-  std::string charge = bases_.at(base).pitcher;
+  // Whoever reaches base by the choice takes over the charge for the runner in front of him, and
+  // whether it is earned.
+  Runner charge = bases_.at(base);
   for (int behind = base - 1; behind > 0; --behind) {
-    if (!bases_.at(behind).name.empty()) std::swap(charge, bases_.at(behind).pitcher);
+    if (bases_.at(behind).name.empty()) continue;
+    std::swap(charge.pitcher, bases_.at(behind).pitcher);
+    std::swap(charge.unearned, bases_.at(behind).unearned);
   }
   bases_.at(base) = {};
   MoveForced();
-  Put(1, {batter_, charge, false});
+  charge.name = batter_;
+  Put(1, charge);
   NextBatter();
   CountOut();
 }

@@ -2,6 +2,7 @@
 // that the way back takes. Goals: 1.1 times the click without it, and 16 MiB for 500 steps.
 #include "bench/pairs.h"
 #include "bench/played_desk.h"
+#include "game/batting_order.h"
 #include "game/game_pieces.h"
 #include "game/history.h"
 #include "game/outcomes.h"
@@ -48,6 +49,31 @@ void StepsOfHistory(benchmark::State& state) {
   NoteRatio("500 steps back, of 16 MiB", 0, 1, static_cast<double>(bytes), kMostBytes);
 }
 BENCHMARK(StepsOfHistory)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+// A game of twenty innings on the bases, with all its plays: goal 4 MiB.
+void TwentyInningsOnBases(benchmark::State& state) {
+  constexpr double kMostBytes = 4.0 * (1U << 20U);
+  std::size_t bytes = 0;
+  for (auto _ : state) {
+    QuietTable table;
+    History history;
+    table.board.history = &history;
+    table.state.cb_KeepBases.Set(true);
+    // Seven come to bat in a half-inning, and two score.
+    for (int half = 0; half < 2 * 20; ++half) {
+      ChooseManDue(table.board);
+      for (const Outcome outcome :
+           {Outcome::Walk, Outcome::Single, Outcome::Groundout, Outcome::Double, Outcome::Flyout,
+            Outcome::Walk, Outcome::Strikeout}) {
+        RecordOutcome(table.board, outcome);
+      }
+    }
+    bytes = history.BytesTaken();
+  }
+  state.counters["bytes"] = static_cast<double>(bytes);
+  NoteRatio("20 innings on the bases, of 4 MiB", 0, 1, static_cast<double>(bytes), kMostBytes);
+}
+BENCHMARK(TwentyInningsOnBases)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace dtb

@@ -23,18 +23,15 @@ bool IsBase(int place) { return place >= kFirstBase && place <= kThirdBase; }
 int OutsWithErrors(const Board& board, const Play& play, const std::string& pitcher) {
   const int outs = play.outsBefore + OutsOf(play);
   const PlayList& plays = board.state.plays;
-  int errorsOfHis = 0;
+  std::size_t first = plays.size();
+  while (first > 0 && plays.HalfAt(first - 1) == play.half) --first;
+  const std::string began = first < plays.size() ? plays.At(first).pitcher : play.pitcher;
   int errors = 0;
-  bool began = play.pitcher == pitcher;  // he pitched the first play of the half-inning
-  for (std::size_t place = plays.size(); place > 0; --place) {
-    const Play before = plays.At(place - 1);
-    if (before.half != play.half) break;
-    const bool error = before.outcome == Outcome::AtBat;
-    errors += error ? 1 : 0;
-    errorsOfHis += error && before.pitcher == pitcher ? 1 : 0;
-    began = before.pitcher == pitcher;
+  for (std::size_t place = first; place < plays.size(); ++place) {
+    if (plays.OutcomeAt(place) != Outcome::AtBat) continue;
+    errors += began == pitcher || plays.At(place).pitcher == pitcher ? 1 : 0;
   }
-  return outs + (began ? errors : errorsOfHis);
+  return outs + errors;
 }
 
 // Whether a run on such a play is the batter's work (9.04): on hits, forced walks and outs, but not

@@ -40,7 +40,7 @@ int RunsOf(const Play& play) {
 
 Play PlayList::At(std::size_t place) const {
   Play play;
-  FieldReader(std::string_view(bytes_).substr(starts_.at(place)))(play);
+  FieldReader(std::string_view(bytes_).substr(heads_.at(place).start))(play);
   return play;
 }
 
@@ -52,17 +52,18 @@ std::vector<Play> PlayList::All() const {
 }
 
 void PlayList::Append(const Play& play) {
-  starts_.push_back(bytes_.size());
+  heads_.push_back({bytes_.size(), play.half, play.outcome});
   bytes_ += BytesOf(play);
 }
 
 void PlayList::Replace(std::size_t place, const Play& play) {
-  const std::size_t start = starts_.at(place);
-  const std::size_t end = place + 1 < size() ? starts_[place + 1] : bytes_.size();
+  const std::size_t start = heads_.at(place).start;
+  const std::size_t end = place + 1 < size() ? heads_[place + 1].start : bytes_.size();
+  heads_[place] = {start, play.half, play.outcome};
   const std::string bytes = BytesOf(play);
   bytes_.replace(start, end - start, bytes);
   for (std::size_t later = place + 1; later < size(); ++later) {
-    starts_[later] += bytes.size() - (end - start);
+    heads_[later].start += bytes.size() - (end - start);
   }
 }
 

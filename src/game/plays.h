@@ -65,12 +65,15 @@ struct Play {
 // each gesture of a game writes all of it, and a play of the past does not change.
 class PlayList {
  public:
-  [[nodiscard]] std::size_t size() const { return starts_.size(); }
-  [[nodiscard]] bool empty() const { return starts_.empty(); }
+  [[nodiscard]] std::size_t size() const { return heads_.size(); }
+  [[nodiscard]] bool empty() const { return heads_.empty(); }
   // The place must exist.
   [[nodiscard]] Play At(std::size_t place) const;
   [[nodiscard]] Play Last() const { return At(size() - 1); }
   [[nodiscard]] std::vector<Play> All() const;
+  // What costs nothing to ask.
+  [[nodiscard]] int HalfAt(std::size_t place) const { return heads_.at(place).half; }
+  [[nodiscard]] Outcome OutcomeAt(std::size_t place) const { return heads_.at(place).outcome; }
 
   void Append(const Play& play);
   // The place must exist.
@@ -82,8 +85,13 @@ class PlayList {
   friend bool operator==(const PlayList& a, const PlayList& b) { return a.bytes_ == b.bytes_; }
 
  private:
+  struct Head {
+    std::size_t start = 0;  // where the play begins
+    int half = 0;
+    Outcome outcome = Outcome::Single;
+  };
   std::string bytes_;
-  std::vector<std::size_t> starts_;  // where each play begins
+  std::vector<Head> heads_;
 };
 
 }  // namespace dtb

@@ -72,7 +72,7 @@ char FormOf(std::string_view bytes) {
 
 // Whether a form has the fields of the n-th call of VisitFields for the game, from 1.
 bool HasGroup(char form, int group) {
-  constexpr int kPlays = 2;
+  constexpr int kPlays = 1;
   constexpr int kWhoseBatter = 4;
   if (group == kPlays) return form > kFormWithoutPlays;
   return group != kWhoseBatter || form > kOldestForm;

@@ -3,6 +3,7 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include "game/bases.h"
 #include "game/batting_order.h"
 #include "game/player_name.h"
 #include "platform/qt/qt_text.h"
@@ -110,6 +111,16 @@ void AddPieces(Board& board, Column& column) {
   }
 }
 
+void AddRunners(const BoardState& state, Column& column) {
+  if (!AnyoneOn(state)) return;
+  column.Caption("ON BASE");
+  for (int base = kThirdBase; base >= kFirstBase; --base) {
+    const Runner runner = RunnerOn(state, base);
+    if (runner.none()) continue;
+    column.Name(QStringLiteral("%1  %2").arg(base).arg(ToQt(runner.name)), kBody, false);
+  }
+}
+
 }  // namespace
 
 QString InningInWords(const BoardState& state) {
@@ -132,7 +143,11 @@ QWidget* MakeSituation(Board& board, double scale, QWidget* parent) {
   if (const auto side = SideAtBat(board.state)) {
     AddBatter(board, *side, column);
     AddPitcher(board, Other(*side), column);
-    AddPieces(board, column);
+    if (KeepsBases(board.state)) {
+      AddRunners(board.state, column);
+    } else {
+      AddPieces(board, column);
+    }
   }
   return column.widget();
 }

@@ -82,18 +82,32 @@ std::string History::UndoName() const { return CanUndo() ? done_.steps.back().na
 
 std::string History::RedoName() const { return CanRedo() ? undone_.steps.back().name : ""; }
 
-void History::Undo(Board& board) { Go(board, done_, undone_, " [UNDONE]"); }
+std::optional<std::size_t> History::StepsBackTo(std::size_t plays, const Board& board) const {
+  if (board.state.plays.size() == plays) return 0;
+  const auto step =
+      std::ranges::find(done_.steps.rbegin(), done_.steps.rend(), plays, &Step::playsBefore);
+  if (step == done_.steps.rend()) return std::nullopt;
+  return step - done_.steps.rbegin() + 1;
+}
 
-void History::Redo(Board& board) { Go(board, undone_, done_, " [REDONE]"); }
+void History::Undo(Board& board, std::size_t steps) {
+  Go(board, done_, undone_, steps, " [UNDONE]");
+}
 
-void History::Go(Board& board, Steps& from, Steps& to, std::string_view mark) {
-  if (depth_ > 0 || from.steps.empty()) return;
-  to.snapshots.Push(GameText(board));
-  PutBack(board, from.snapshots.Pop());
+void History::Redo(Board& board) { Go(board, undone_, done_, 1, " [REDONE]"); }
+
+void History::Go(Board& board, Steps& from, Steps& to, std::size_t steps, std::string_view mark) {
+  if (depth_ > 0 || from.steps.empty() || steps == 0) return;
+  std::string game = GameText(board);
+  for (; steps > 0 && !from.steps.empty(); --steps) {
+    to.snapshots.Push(std::move(game));
+    game = from.snapshots.Pop();
+    board.log.Append(std::string(from.steps.back().line).append(mark));
+    to.steps.push_back(std::move(from.steps.back()));
+    from.steps.pop_back();
+  }
+  PutBack(board, game);
   RenewLineScore(board);
-  board.log.Append(std::string(from.steps.back().line).append(mark));
-  to.steps.push_back(std::move(from.steps.back()));
-  from.steps.pop_back();
   merged_ = false;
   Seal();
   stepped_ = true;
@@ -118,20 +132,19 @@ std::size_t History::BytesTaken() const {
   return bytes;
 }
 
-void History::Finish(Board& board, std::string before, std::size_t logBefore, std::string name,
-                     std::string mergeKey) {
+void History::Finish(Board& board, Before before, std::string name, std::string mergeKey) {
   merged_ = false;
   if (std::exchange(walled_, false)) return observers_.Tell();
-  const bool logged = board.log.text().size() > logBefore;
-  if (!logged && GameText(board) == before) return;
+  const bool logged = board.log.text().size() > before.logSize;
+  if (!logged && GameText(board) == before.game) return;
   const bool merges = !mergeKey.empty() && mergeKey == mergeKey_ && CanUndo();
   merged_ = merges;
   if (merges) {
     done_.steps.back().name = std::move(name);
   } else {
-    std::string line = logged ? LineAt(board.log.text(), logBefore) : name;
-    done_.steps.push_back({std::move(name), std::move(line)});
-    done_.snapshots.Push(std::move(before));
+    std::string line = logged ? LineAt(board.log.text(), before.logSize) : name;
+    done_.steps.push_back({std::move(name), std::move(line), before.plays});
+    done_.snapshots.Push(std::move(before.game));
   }
   undone_ = {};
   mergeKey_ = std::move(mergeKey);
@@ -141,15 +154,13 @@ void History::Finish(Board& board, std::string before, std::size_t logBefore, st
 Gesture::Gesture(Board& board, std::string name, std::string mergeKey)
     : board_(board), name_(std::move(name)), mergeKey_(std::move(mergeKey)) {
   if (board.history == nullptr || board.history->depth_++ > 0) return;
-  before_ = GameText(board);
-  logBefore_ = board.log.text().size();
+  before_ = {GameText(board), board.log.text().size(), board.state.plays.size()};
 }
 
 Gesture::~Gesture() {
   if (board_.history == nullptr || --board_.history->depth_ > 0) return;
   try {
-    board_.history->Finish(board_, std::move(before_), logBefore_, std::move(name_),
-                           std::move(mergeKey_));
+    board_.history->Finish(board_, std::move(before_), std::move(name_), std::move(mergeKey_));
   } catch (const std::bad_alloc&) {
     // The game goes on; what lies behind is out of reach.
     board_.history->Clear();

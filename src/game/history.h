@@ -50,10 +50,14 @@ class History {
   // The game as it was when the newest step began, as GameText writes it; there must be a step.
   [[nodiscard]] const std::string& GameBefore() const { return done_.snapshots.newest(); }
 
-  // Goes back a step, or forward again: the fields are put back in silence, and the log gets the
-  // line of the step with " [UNDONE]" or " [REDONE]" behind it. Without a step, and in the middle
-  // of a gesture, nothing happens.
-  void Undo(Board& board);
+  // How many steps lead back to where the game had so many plays; nothing where it never had as far
+  // as the steps reach, as before a game was taken up again.
+  [[nodiscard]] std::optional<std::size_t> StepsBackTo(std::size_t plays, const Board& board) const;
+
+  // Goes back a step or several, or forward again: the fields are put back in silence, and the log
+  // gets the line of each step with " [UNDONE]" or " [REDONE]" behind it. Without a step, and in
+  // the middle of a gesture, nothing happens. Observers hear of several as of one.
+  void Undo(Board& board, std::size_t steps = 1);
   void Redo(Board& board);
 
   // Nothing that was done up to now can be taken back any more, the gesture in progress included.
@@ -89,15 +93,22 @@ class History {
   struct Step {
     std::string name;
     std::string line;  // first line that the gesture put into the log; else its name
+    std::size_t playsBefore = 0;
   };
   struct Steps {
     std::vector<Step> steps;
     SnapshotStack snapshots;  // the game before a step done, or after a step undone
   };
 
-  void Finish(Board& board, std::string before, std::size_t logBefore, std::string name,
-              std::string mergeKey);
-  void Go(Board& board, Steps& from, Steps& to, std::string_view mark);
+  // As it was when a gesture began.
+  struct Before {
+    std::string game;
+    std::size_t logSize = 0;
+    std::size_t plays = 0;
+  };
+
+  void Finish(Board& board, Before before, std::string name, std::string mergeKey);
+  void Go(Board& board, Steps& from, Steps& to, std::size_t steps, std::string_view mark);
   Steps done_;
   Steps undone_;
   std::string mergeKey_;  // of the newest step
@@ -132,8 +143,7 @@ class Gesture {
   Board& board_;
   std::string name_;
   std::string mergeKey_;
-  std::string before_;
-  std::size_t logBefore_ = 0;
+  History::Before before_;
 };
 
 }  // namespace dtb

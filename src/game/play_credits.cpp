@@ -18,16 +18,6 @@ void RaiseFigure(StatGrid& grid, int nameColumn, const std::string& name, int co
 
 Side SideBatting(const Play& play) { return play.half % 2 == 0 ? Side::Visitors : Side::Home; }
 
-// The side whose batter it is: by his line, since a half-inning may be played in the other order.
-Side SideOfBatter(Board& board, const Play& play) {
-  const Side usual = SideBatting(play);
-  const auto has = [&](Side side) {
-    return SideOf(board, side).grid.FindRow(stat_column::kBatter, play.batter).has_value() &&
-           SideOf(board, Other(side)).grid.FindRow(stat_column::kPitcher, play.pitcher).has_value();
-  };
-  return has(usual) || !has(Other(usual)) ? usual : Other(usual);
-}
-
 void Decide(Board& board, std::size_t place, std::size_t number, const std::string& step,
             const std::function<void(Move&)>& decide) {
   if (place >= board.state.plays.size() || RefusesAfterSave(board)) return;
@@ -43,6 +33,15 @@ void Decide(Board& board, std::size_t place, std::size_t number, const std::stri
 }
 
 }  // namespace
+
+Side SideOfBatter(Board& board, const Play& play) {
+  const Side usual = SideBatting(play);
+  const auto has = [&](Side side) {
+    return SideOf(board, side).grid.FindRow(stat_column::kBatter, play.batter).has_value() &&
+           SideOf(board, Other(side)).grid.FindRow(stat_column::kPitcher, play.pitcher).has_value();
+  };
+  return has(usual) || !has(Other(usual)) ? usual : Other(usual);
+}
 
 void CreditRun(Board& board, const Play& play, const Move& move, int by) {
   const Side batting = SideOfBatter(board, play);

@@ -7,6 +7,7 @@
 
 #include "base/paths.h"
 #include "base/text_cell.h"
+#include "game/play_sums.h"
 #include "platform/qt/qt_text.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "replay/game_state.h"
@@ -22,6 +23,7 @@ QString Batter(const QString& team, const QString& name) { return team + ", " + 
 QString Pitcher(const QString& team, const QString& name) {
   return team + ", " + name + " (pitching): ";
 }
+QString LeftOn(const QString& team) { return team + ": left on base"; }
 QString Inning(const QString& team, qsizetype inning) {
   return QString("%1: inning %2").arg(team).arg(inning + 1);
 }
@@ -36,6 +38,7 @@ const std::vector<Form>& Forms() {
   static const std::vector<Form> forms{
       {"LINE", QRegularExpression("^LINE .+ \\| (\\d+|-)( (\\d+|-))* \\| R \\d+ H \\d+$"),
        "LINE TEAM | 0 2 1 ... | R RUNS H HITS; '-' for an inning that was not played"},
+      {"LEFT", QRegularExpression("^LEFT .+ \\| \\d+$"), "LEFT TEAM | RUNNERS LEFT ON BASE"},
       {"BATTING", QRegularExpression("^BATTING .+ \\| .+ \\| (\\S+=\\S+( \\S+=\\S+)*)?$"),
        "BATTING TEAM | PLAYER | AB=4 1B=1 ..."},
       {"PITCHING", QRegularExpression("^PITCHING .+ \\| .+ \\| (\\S+=\\S+( \\S+=\\S+)*)?$"),
@@ -43,11 +46,21 @@ const std::vector<Form>& Forms() {
   return forms;
 }
 
+// What a file of figures expects.
+struct Expected {
+  Figures sheet;
+  Figures plays;  // what only the plays of the game tell
+};
+
 // The figures of a line that has its form.
-void AddExpected(Figures& figures, const QString& line) {
+Expected FiguresIn(const QString& line) {
+  Expected expected;
+  Figures& figures = expected.sheet;
   const QString kind = line.section(' ', 0, 0);
   const QStringList parts = line.section(' ', 1).split(" | ");
-  if (kind == "LINE") {
+  if (kind == "LEFT") {
+    expected.plays[LeftOn(parts[0])] = parts[1];
+  } else if (kind == "LINE") {
     const QStringList innings = parts[1].split(' ');
     for (qsizetype i = 0; i < innings.size(); ++i) {
       figures[Inning(parts[0], i)] = innings[i] == "-" ? "" : innings[i];
@@ -57,9 +70,33 @@ void AddExpected(Figures& figures, const QString& line) {
   } else {
     const QString who = (kind == "PITCHING" ? Pitcher : Batter)(parts[0], parts[1]);
     for (const QString& counter : parts[2].split(' ', Qt::SkipEmptyParts)) {
-      figures[who + counter.section('=', 0, 0)] = counter.section('=', 1);
+      const QString name = counter.section('=', 0, 0);
+      (name == "R" ? expected.plays : figures)[who + name] = counter.section('=', 1);
     }
   }
+  return expected;
+}
+
+void AddPlays(Figures& figures, Board& board, Side batting) {
+  const PlaySums sums = SumsOf(board.state, batting);
+  const QString team = ToQt(SideOf(board, batting).team.value());
+  const QString others = ToQt(SideOf(board, Other(batting)).team.value());
+  for (const auto& [name, runs] : sums.runs) {
+    figures[Batter(team, ToQt(name)) + "R"] = QString::number(runs);
+  }
+  for (const auto& [name, runs] : sums.charged) {
+    figures[Pitcher(others, ToQt(name)) + "R"] = QString::number(runs);
+  }
+  figures[LeftOn(team)] = QString::number(sums.leftOnBase);
+}
+
+// The figures of the plays that are expected; a player without runs has 0.
+Figures PlaysNamedIn(const Figures& expected, Board& board) {
+  Figures all;
+  for (const Side side : {Side::Visitors, Side::Home}) AddPlays(all, board, side);
+  Figures named;
+  for (const QString& figure : expected.keys()) named[figure] = all.value(figure, "0");
+  return named;
 }
 
 void AddSide(Figures& figures, const SideFields& side) {
@@ -172,7 +209,7 @@ std::optional<LineFault> FaultOfFigures(const QString& line) {
   const auto form =
       std::ranges::find(Forms(), kind, [](const Form& one) { return QString(one.kind); });
   if (form == Forms().end()) {
-    return LineFault{'"' + kind + "\" is not a kind of figures", "LINE, BATTING or PITCHING"};
+    return LineFault{'"' + kind + "\" is not a kind of figures", "LINE, BATTING, PITCHING or LEFT"};
   }
   if (form->pattern.match(line).hasMatch()) return std::nullopt;
   return LineFault{"the figures cannot be read", form->form};
@@ -190,28 +227,30 @@ RowsBefore LastRows(const Board& board) try {
 }
 
 Comparison Compare(Board& board, const QString& expectedFile, const RowsBefore& rowsBefore) {
-  Figures expected;
+  Expected expected;
   Figures places{{"", expectedFile}};
   const QStringList lines = LinesOf(expectedFile);
   for (qsizetype i = 0; i < lines.size(); ++i) {
     if (lines[i].isEmpty()) continue;
-    Figures figures;
-    AddExpected(figures, lines[i]);
-    for (const QString& figure : figures.keys()) {
+    const Expected line = FiguresIn(lines[i]);
+    for (const QString& figure : line.sheet.keys() + line.plays.keys()) {
       places[figure] = QString("%1:%2").arg(expectedFile).arg(i + 1);
     }
-    expected.insert(figures);
+    expected.sheet.insert(line.sheet);
+    expected.plays.insert(line.plays);
   }
   Figures shown;
   for (const Side side : {Side::Visitors, Side::Home}) AddSide(shown, SideOf(board, side));
   Figures stored;
   AddFile(stored, TextOf(board.platform.programFolder / kDatabaseFile),
           {board.sheet.tb_TimeStamp2.value(), rowsBefore});
-  Comparison result{Differences("sheet", shown, expected, places), {}};
+  Comparison result{Differences("sheet", shown, expected.sheet, places), {}};
+  result.differences +=
+      Differences("plays", PlaysNamedIn(expected.plays, board), expected.plays, places);
   for (const Side side : {Side::Visitors, Side::Home}) {
-    result.withoutRow += RemoveUnplayed(expected, SideOf(board, side));
+    result.withoutRow += RemoveUnplayed(expected.sheet, SideOf(board, side));
   }
-  result.differences += Differences("database", stored, expected, places);
+  result.differences += Differences("database", stored, expected.sheet, places);
   return result;
 }
 

@@ -32,8 +32,9 @@ using RowsBefore = std::map<std::string, std::int64_t>;
 [[nodiscard]] RowsBefore LastRows(const Board& board);
 
 // The sheet, the line score and the rows of the saved game, which stand behind those that were
-// there before it, beside a file of figures, whose lines have their form. A difference names the
-// file and the line where its figure is expected.
+// there before it, beside a file of figures, whose lines have their form. Runs of players and those
+// left on base are taken from the plays, and compared where the file names them. A difference names
+// the file and the line where its figure is expected.
 [[nodiscard]] Comparison Compare(Board& board, const QString& expectedFile,
                                  const RowsBefore& rowsBefore);
 

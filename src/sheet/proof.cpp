@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 #include "base/words.h"
@@ -10,6 +11,7 @@
 #include "game/innings.h"
 #include "game/player_name.h"
 #include "sheet/number_cells.h"
+#include "sheet/play_proof.h"
 #include "sheet/reckoning.h"
 #include "teams/lineup_edit.h"
 #include "teams/pitchers.h"
@@ -63,6 +65,8 @@ class Proof {
     for (const Side side : kSides) FindDisagreements(side);
     for (const Side side : kSides) FindRuns(side);
     for (const Side side : kSides) FindAppearances(side);
+    for (const Side side : kSides)
+      std::ranges::move(ProvePlays(board_, side), std::back_inserter(findings_));
     for (const Side side : kSides) FindBatters(side);
     for (const Side side : kSides) FindIdlePitchers(side);
     for (const Side side : kSides) FindMenWithoutLine(side);
@@ -206,8 +210,9 @@ class Proof {
   }
 
   // Plate appearances are outs, runs and those left on base. The board counts none for a batter who
-  // was hit by a pitch or sacrificed himself.
+  // was hit by a pitch or sacrificed himself, so plays that it knows tell more.
   void FindAppearances(Side batting) {
+    if (PlaysTell(board_, batting)) return;
     const Reckoning reckoning = Reckon(board_, batting);
     if (reckoning.leftOnBase >= 0 && reckoning.leftOnBase <= reckoning.mostOnBase) return;
     const std::string team = TeamOf(batting);

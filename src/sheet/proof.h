@@ -18,6 +18,7 @@ enum class FindingKind {
   TotalOfRuns,       // the R cell is not the sum of the innings
   MoreThanRuns,      // runs batted in, or earned, beyond the runs
   Appearances,       // too few or too many for the runs, the outs and those left on base
+  Plays,             // other than what the plays add up to
   HitsBeyondAtBats,  // more hits and strikeouts than at-bats
   HomeRunsAlone,     // more home runs than runs batted in
   IdlePitcher,       // no out, no batter and no run

@@ -3,6 +3,8 @@
 #include <cmath>
 
 #include "game/innings.h"
+#include "game/play_sums.h"
+#include "sheet/play_proof.h"
 
 namespace dtb {
 
@@ -31,6 +33,7 @@ double SumOf(const StatGrid& grid, int column) {
 }
 
 std::optional<int> LeftOnBase(Board& board, Side side) {
+  if (PlaysTell(board, side)) return SumsOf(board.state, side).leftOnBase;
   const Reckoning reckoning = Reckon(board, side);
   const double left = reckoning.leftOnBase;
   if (left != std::floor(left) || left < 0 || left > reckoning.mostOnBase) return std::nullopt;

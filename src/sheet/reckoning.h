@@ -20,9 +20,9 @@ struct Reckoning {
 // The sum of a column of a table over all players.
 [[nodiscard]] double SumOf(const StatGrid& grid, int column);
 
-// Runners of a side that were left on base: at-bats and walks, less its runs and its outs. Nothing
-// where that cannot be, below 0 or above 3 for each half-inning begun: hand corrections, or figures
-// that are missing.
+// Runners of a side that were left on base: as its plays have it (PlaysTell), else at-bats and
+// walks, less its runs and its outs. Nothing where that cannot be, below 0 or above 3 for each
+// half-inning begun: hand corrections, or figures that are missing.
 [[nodiscard]] std::optional<int> LeftOnBase(Board& board, Side side);
 
 }  // namespace dtb

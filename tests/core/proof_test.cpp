@@ -69,12 +69,82 @@ GO show:v5 => v1
 )");
 }
 
+TEST(Proof, ComparesTheFiguresWithThePlays) {
+  Check("proof", R"(
+In proof: a batter hit by a pitch, a sacrifice and a runner from the bench are known.
+keep:on 1ST SAC run:13 run:34 BB GO GO => -
+keep:on on:J2 GO GO GO => -
+keep:on HR HR GO GO GO bat:h0 AB 3B GO GO GO => -
+
+The half-innings.
+keep:on BB reset: GO GO GO => Top of inning 1: 4 came up, but 3 outs, 0 runs and 0 left on base are
+  3.;
+keep:on GO OUT:2 GO => Top of inning 1: 2 came up, but 3 outs, 0 runs and 0 left on base are 3.;
+
+Line score, runs, RBI and earned runs.
+keep:on HR GO GO GO type:v0=2 => The innings of Owls add up to 2 runs, but the R cell says 1. -> 2;
+  The plays of Owls add up to 1 run, but the line score says 2.;
+keep:on 3B RBI GO GO GO => The players of Owls scored 0 runs, but its plays add up to 1. A run that
+  was counted with RBI names no runner.;
+keep:on HR GO GO GO cell:v2,9=1 cell:h1,16=2 => The batters of Owls have 2 RBI, but the team scored
+  1 run.; The pitchers of Elks have 2 earned runs, but Owls scored 1 run.; B has 1 RBI, but the plays
+  give him 0. @2,9; l has 2 ER, but 1 earned run of the plays is his. @1,16;
+
+Told by no play: the board did not keep the bases, or a half-inning has none.
+keep:on HR GO keep:off GO GO cell:v1,9=0 => A has 1 home run but 0 RBI. A home run drives in the
+  batter himself. @1,9;
+keep:on HR GO GO GO MASTER:9 => The batters of Owls have 4 at-bats and walks, but Owls has 6 outs and
+  1 run. A batter hit by a pitch or a sacrifice may explain it.; The batters of Elks have 0 at-bats and
+  walks, but Elks has 3 outs and 0 runs. A batter hit by a pitch or a sacrifice may explain it.;
+)");
+}
+
 TEST(Proof, CountsThoseLeftOnBase) {
   Game game;
   for (const char* label : {"1B", "BB", "BB", "RBI", "RBI", "RBI", "HR", "2B", "GO", "K", "GO"})
     game.Do(label);
   EXPECT_EQ(LeftOnBase(game.board, Side::Visitors), 2);
   EXPECT_EQ(LeftOnBase(game.board, Side::Home), 0);
+  Game kept;  // of whom the figures know nothing
+  kept.Play("keep:on 1ST SAC BB GO GO");
+  EXPECT_EQ(LeftOnBase(kept.board, Side::Visitors), 2);
+}
+
+// Outcomes, ways of runners and changes of pitcher while the board keeps the bases.
+RC_GTEST_PROP(Proof, FindsNothingInPlaysThatAreKept, ()) {
+  const std::vector<std::string> gestures{
+      "1B", "2B",     "3B",     "HR",     "BB",     "K",      "GO",      "FO",        "DP",
+      "FC", "TO",     "AB",     "1ST",    "SAC",    "run:12", "run:23",  "run:34",    "run:31",
+      "GO", "run:24", "run:13", "put:05", "put:14", "on:L2",  "pitch:h", "advance:34"};
+  Game game;
+  game.Do("keep:on");
+  int pitcher = 11;
+  const auto play = [&](const std::string& gesture) {
+    if (gesture == "pitch:h") {
+      // Each new player once, and not before the one before him has made an out.
+      const auto& outs = game.state.HomeOuts;
+      const std::string now(game.state.lbl_HomePitcher.value());
+      if (pitcher > 9 && outs.contains(now)) game.Do(gesture + std::to_string(--pitcher));
+    } else {
+      game.Do(gesture);
+    }
+    if (game.state.BatterOf.value().empty()) {
+      game.Do(game.state.Option5.value() ? "bat:v0" : "bat:h0");
+    }
+  };
+  for (const int choice :
+       *rc::gen::scale(2.0, rc::gen::container<std::vector<int>>(
+                                rc::gen::inRange(0, static_cast<int>(gestures.size()))))) {
+    if (HalfInProgress(game.state) >= kHalves - 2) break;
+    play(gestures.at(static_cast<std::size_t>(choice)));
+  }
+  for (int i = 0; i < 3 && game.state.tb_OUT.value() != "0"; ++i) play("GO");
+  std::string found;
+  for (const Finding& finding : Prove(game.board, ProofMoment::Save)) {
+    const bool plays = finding.kind == FindingKind::Plays;
+    if (plays || finding.kind == FindingKind::Appearances) found += finding.words + '\n';
+  }
+  RC_ASSERT(found == "");
 }
 
 // Outcomes and changes of pitcher in the field alone, each new player once; -1 for a change.

@@ -202,6 +202,7 @@ void Monkey::UseMouse(QWidget* front) {
 void Monkey::GoToARoom(QWidget* front) {
   if (front == &form1_) {
     if (Below(8) == 0) Click(TargetAtMenu("EventLog"));
+    if (Below(8) == 0) Click(TargetAtMenu("Plays"));
     if (Below(4) == 0) Click(TargetAtMenu("Database"));
     if (Below(8) == 0) PressKey(FindControl("lbl_STATS"), "Return");
   } else if (Below(2) == 0) {

@@ -21,6 +21,7 @@
 #include "teams/pitchers.h"
 #include "windows/aids/chart_viewer.h"
 #include "windows/aids/dice_panels.h"
+#include "windows/application.h"
 #include "windows/archive/archive_window.h"
 #include "windows/board/base_notices.h"
 #include "windows/board/base_targets.h"
@@ -83,6 +84,7 @@ void BoardWindow::ServeNewGames(NewGames& newGames) {
   };
   newGames.begun = [this] {
     if (form2_->isVisible()) form2_->reject();
+    if (plays_ != nullptr) plays_->reject();
     park_->setFocus(Qt::OtherFocusReason);
   };
 }
@@ -114,6 +116,7 @@ void BoardWindow::BuildMenu() {
     QAction* action = menuBar()->addAction(QLatin1String(caption));
     action->setObjectName(QLatin1String(name));
     connect(action, &QAction::triggered, this, operation);
+    return action;
   };
   // A window of its own waits for the person; the menu, and a screen reader, has its answer before.
   const auto later = [this](auto operation) {
@@ -142,6 +145,8 @@ void BoardWindow::BuildMenu() {
           later([this] { ArchiveWindow::Run(board_, season_, this); }));
   add("mnuStatistics", "Database", later([this] { BrowserWindow::Run(board_.platform, this); }));
   add("mnuEventLog", "EventLog", later([this] { ShowLog(); }));
+  add("mnuPlays", "Plays", later([this] { ShowPlays(); }))
+      ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
   add("mnu_Options", "Options", [this] {
     ToggleOptions(board_);
     if (menuBar()->hasFocus()) focusKeys_->EnterOptions();
@@ -253,6 +258,14 @@ void BoardWindow::ShowStats() {
 void BoardWindow::ShowLog() {
   CenterForm(log_, this);
   log_->exec();
+}
+
+void BoardWindow::ShowPlays() {
+  PlaysWindow window(board_, this);
+  window.addActions({edit_->undo(), edit_->redo()});
+  plays_ = &window;
+  const Application::Net net;
+  window.exec();
 }
 
 void BoardWindow::PlaceAtLaunch() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 #include <functional>
 
@@ -19,6 +20,7 @@
 #include "windows/board/scoreboard.h"
 #include "windows/board/side_panel.h"
 #include "windows/boxes/log_window.h"
+#include "windows/plays/plays_window.h"
 #include "windows/shared/scene.h"
 #include "windows/sheet/sheet_window.h"
 
@@ -54,6 +56,7 @@ class BoardWindow : public QMainWindow {
   void ViewCharts(int chart);
   void ShowStats();
   void ShowLog();
+  void ShowPlays();
   // The size and place at start: those in which the person left the window, else the launch shrink,
   // or what the screen has room for; centred, with a quarter of the free height above.
   void PlaceAtLaunch();
@@ -79,6 +82,7 @@ class BoardWindow : public QMainWindow {
   std::unique_ptr<FocusKeys> focusKeys_;
   SheetWindow* form2_ = nullptr;
   LogWindow* log_ = nullptr;
+  QPointer<PlaysWindow> plays_;  // while it is open
   archive::KeptSeason season_;
   QTimer tmr_Constant_;
   QTimer tmr_F12detect_;

@@ -1,0 +1,228 @@
+#include "windows/plays/plays_window.h"
+
+#include <QScreen>
+#include <QShortcut>
+#include <QShowEvent>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "base/words.h"
+#include "game/history.h"
+#include "game/play_credits.h"
+#include "platform/qt/qt_text.h"
+#include "windows/shared/bind.h"
+#include "windows/shared/look.h"
+#include "windows/shared/scene.h"
+
+namespace dtb {
+namespace {
+
+constexpr QSize kUsualSize(640, 660);  // layout units
+constexpr double kButtonHeight = 36;
+constexpr double kRunHeight = 24;
+constexpr int kSpace = 8;
+
+}  // namespace
+
+PlaysWindow::PlaysWindow(Board& board, QWidget* parent)
+    : QDialog(parent),
+      board_(board),
+      model_(board, this),
+      title_(MakeCaption(QStringLiteral("PLAYS"), this, Qt::AlignCenter)),
+      list_(new PlaysList(model_, this)),
+      runs_(new Panel(this)),
+      noRun_(MakeCaption({}, runs_, Qt::AlignLeft | Qt::AlignTop)),
+      outcome_(MakeCaption({}, this)) {
+  setObjectName(QStringLiteral("Plays"));
+  setWindowTitle(QStringLiteral("Plays"));
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(12, 12, 12, 12);
+  column->setSpacing(kSpace);
+  column->addWidget(title_);
+  column->addWidget(list_, 1);
+  column->addWidget(runs_);
+  BuildRuns();
+  BuildButtons();
+  connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
+    Tell({});
+    ShowChosen();
+  });
+  auto* copySelected = new QShortcut(QKeySequence::Copy, this);
+  connect(copySelected, &QShortcut::activated, this, [this] {
+    QModelIndexList rows = list_->selectionModel()->selectedIndexes();
+    std::sort(rows.begin(), rows.end());
+    Copy(rows);
+  });
+  board.history->Observe([this] { Update(); }, WhileItLives(this));
+  Update();
+}
+
+void PlaysWindow::BuildRuns() {
+  Name(runs_, "fra_Runs", QStringLiteral("Runs of the play"));
+  Name(noRun_, "lbl_NoRun");
+  noRun_->setWordWrap(true);
+  auto* column = new QVBoxLayout(runs_);
+  column->setContentsMargins(12, kSpace, 12, kSpace);
+  column->setSpacing(0);
+  column->addWidget(noRun_);
+  for (int number = 0; number < kMostRuns; ++number) {
+    auto* line = new RunLine(number, runs_);
+    const auto place = static_cast<std::size_t>(number);
+    lines_.at(place) = line;
+    column->addWidget(line);
+    const auto decide = [this, place](auto set, bool on) {
+      if (Chosen() >= 0) set(board_, static_cast<std::size_t>(Chosen()), moves_.at(place), on);
+      ShowChosen();  // a game that is saved stays as it is
+    };
+    connect(line, &RunLine::battedInWanted, this, [decide](bool on) { decide(SetBattedIn, on); });
+    connect(line, &RunLine::earnedWanted, this, [decide](bool on) { decide(SetEarned, on); });
+  }
+  column->addStretch();
+}
+
+void PlaysWindow::BuildButtons() {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(kSpace);
+  row->addWidget(outcome_, 1);
+  undo_ = AddButton("cmd_UndoToHere", QStringLiteral("Undo to here"), {});
+  copy_ =
+      AddButton("cmd_Copy", QStringLiteral("Copy"),
+                QStringLiteral("Copies all plays to the clipboard; Ctrl + C the selected ones"));
+  close_ = AddButton("cmd_Close", QStringLiteral("Close"), QStringLiteral("Closes the window"));
+  for (QPushButton* button : {undo_, copy_, close_}) row->addWidget(button);
+  static_cast<QVBoxLayout*>(layout())->addLayout(row);
+  outcome_->setWordWrap(true);
+  connect(undo_, &QPushButton::clicked, this, &PlaysWindow::UndoToHere);
+  connect(copy_, &QPushButton::clicked, this, [this] { Copy(AllRows()); });
+  connect(close_, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+QPushButton* PlaysWindow::AddButton(const char* name, const QString& caption, const QString& tip) {
+  auto* button = new QPushButton(caption, this);
+  Name(button, name, caption);
+  button->setToolTip(tip);
+  button->setAutoDefault(false);
+  return button;
+}
+
+void PlaysWindow::Update() {
+  Tell({});
+  model_.Update();
+  const int rows = model_.rowCount();
+  if (Chosen() < 0 && rows > 0) list_->setCurrentIndex(model_.index(rows - 1));
+  copy_->setEnabled(rows > 0);
+  ShowChosen();
+}
+
+void PlaysWindow::ShowChosen() {
+  ShowRuns();
+  ShowUndo();
+}
+
+void PlaysWindow::ShowRuns() {
+  const Play play = Chosen() < 0 ? Play{} : model_.PlayAt(Chosen());
+  std::size_t runs = 0;
+  for (std::size_t move = 0; move < play.moves.size() && runs < lines_.size(); ++move) {
+    if (play.moves[move].to != kHomePlate) continue;
+    moves_.at(runs) = move;
+    lines_.at(runs)->ShowRun(play.moves[move]);
+    lines_.at(runs)->show();
+    ++runs;
+  }
+  // A mark that goes takes the focus to no button.
+  for (std::size_t line = runs; line < lines_.size(); ++line) {
+    if (lines_.at(line)->isAncestorOf(focusWidget())) list_->setFocus(Qt::OtherFocusReason);
+    lines_.at(line)->hide();
+  }
+  const bool unknown = play.outcome == Outcome::RunBattedIn;
+  QString words;
+  if (Chosen() >= 0 && runs == 0) {
+    words = unknown ? QStringLiteral("The run was counted with RBI, which names no runner.")
+                    : QStringLiteral("No run scores in this play.");
+    if (!unknown && !play.basesKept) {
+      words = QStringLiteral("The board did not keep the bases in this play.");
+    }
+  }
+  noRun_->setText(words);
+  noRun_->setVisible(runs == 0);
+}
+
+std::optional<std::size_t> PlaysWindow::StepsBack() const {
+  return board_.history->StepsBackTo(static_cast<std::size_t>(Chosen() + 1), board_);
+}
+
+void PlaysWindow::ShowUndo() {
+  const int chosen = Chosen();
+  const auto steps = StepsBack();
+  const bool can = chosen >= 0 && steps.value_or(0) > 0;
+  QString tip = QStringLiteral("There is no play to go back to");
+  if (can) {
+    tip = QStringLiteral("Undoes %1, until this play is the last one")
+              .arg(ToQt(Counted(static_cast<long long>(*steps), "step")));
+  } else if (chosen >= 0) {
+    tip = steps ? QStringLiteral("This play is the last one")
+                : QStringLiteral(
+                      "Undo does not reach back so far: the steps after this play are not known "
+                      "any more, since the program was started again");
+  }
+  if (!can && undo_->hasFocus()) list_->setFocus(Qt::OtherFocusReason);
+  undo_->setEnabled(can);
+  undo_->setToolTip(tip);
+  undo_->setAccessibleDescription(tip);
+}
+
+void PlaysWindow::UndoToHere() {
+  const auto steps = StepsBack();
+  if (Chosen() < 0 || steps.value_or(0) == 0) return;
+  board_.history->Undo(board_, *steps);
+  list_->scrollTo(list_->currentIndex());
+  Tell(QStringLiteral("%1 undone. Ctrl + Shift + Z redoes one.")
+           .arg(ToQt(Counted(static_cast<long long>(*steps), "step"))));
+}
+
+QModelIndexList PlaysWindow::AllRows() const {
+  QModelIndexList rows;
+  for (int row = 0; row < model_.rowCount(); ++row) rows += model_.index(row);
+  return rows;
+}
+
+void PlaysWindow::Copy(const QModelIndexList& rows) {
+  if (rows.empty()) return;
+  QString text;
+  for (const QModelIndex& row : rows) text += row.data().toString() + QLatin1Char('\n');
+  board_.platform.clipboard.SetText(FromQt(text));
+  Tell(ToQt(Counted(rows.size(), "play")) +
+       (rows.size() == 1 ? QStringLiteral(" was") : QStringLiteral(" were")) +
+       QStringLiteral(" copied to the clipboard."));
+}
+
+void PlaysWindow::FollowBoard() {
+  const double scale = TypeScale(parentWidget());
+  setFont(look::Font(look::kBody * scale));
+  const int high = qRound(kButtonHeight * scale);
+  for (QPushButton* button : {undo_, copy_, close_}) {
+    button->setFixedHeight(high);
+    button->setMinimumWidth(
+        std::max(qRound(2.5 * kButtonHeight * scale),
+                 look::TextWidth(button->fontMetrics(), button->text()) + high));
+  }
+  const int height = qRound(kRunHeight * scale);
+  for (RunLine* line : lines_) line->setFixedHeight(height);
+  // Room for the most runs at all times, so that the list above keeps its height.
+  runs_->setFixedHeight(kMostRuns * height + 2 * kSpace);
+  title_->setFont(look::Font(look::kLarge * scale, true));
+  resize((QSizeF(kUsualSize) * scale).toSize().boundedTo(screen()->availableSize() * 0.9));
+  CenterForm(this, parentWidget());
+}
+
+void PlaysWindow::showEvent(QShowEvent* event) {
+  if (!event->spontaneous()) {
+    FollowBoard();
+    list_->setFocus(Qt::OtherFocusReason);
+    layout()->activate();
+    list_->scrollToBottom();
+  }
+  QDialog::showEvent(event);
+}
+
+}  // namespace dtb

@@ -99,7 +99,6 @@ TEST_F(FocusTest, ComesBackFromEveryWindowAndBoxHoweverItIsClosed) {
       {"sheet", click("lbl_STATS"), {kEsc, kFrame}},
       {"log", menu("mnuEventLog"), {kEsc, kFrame, {"cmd_Close"}}},
       {"plays", menu("mnuPlays"), {kEsc, kFrame, {"cmd_Close"}}},
-      {"plays by key", key(Qt::Key_L, Qt::ControlModifier), {kEsc, kFrame}},
       {"about", menu("About"), {kEsc, kEnter, kFrame, {"cmdOK"}, {"Label1"}}},
       {"about of the help", menu("mnuHelp", "mnuAbout"), {kEsc, kFrame}},
       {"database", menu("mnuStatistics"), {kEsc, kFrame}},

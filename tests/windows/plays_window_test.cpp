@@ -30,6 +30,7 @@ class PlaysWindowTest : public WindowTest {
       looked = true;
       Press(Window(), Qt::Key_Escape);
     });
+    form1().activateWindow();  // no window manager gives it back
     while (!form1().isActiveWindow()) QCoreApplication::processEvents();
     Press(&form1(), Qt::Key_L, Qt::ControlModifier);
     while (!looked || QApplication::activeModalWidget() != nullptr) {

@@ -46,6 +46,7 @@ void BaseBoard::Do(const std::string& line, std::optional<int> out) {
     if (verb == "PITCHER") {
       pitchers_.at(side) = players;
       pitched_.at(side).push_back(players);
+      missedBefore_[players] = missed_;
     }
     if (verb == "BATTER") ChooseBatter(side, players);
     if (verb == "SWAP") Swap(side, Pair(players).first, Pair(players).second);
@@ -107,6 +108,7 @@ void BaseBoard::ChooseBatter(int side, const std::string& name) {
     figures_[{side, "LINE", InningName(inning), ""}] = 0;
     last_ = {};
     missed_ = 0;
+    missedBefore_.clear();
   }
   if (side != atBat_) Refuse("the other side is at bat");
   batter_ = name;
@@ -171,6 +173,7 @@ void BaseBoard::Outcome(const std::string& code, std::optional<int> out) {
 
 void BaseBoard::Hit(int bases, bool isError) {
   last_.ofBatter = !isError;
+  last_.onError = isError;
   for (int base = 3; base > 0; --base) {
     if (bases_.at(base).name.empty()) continue;
     Put(base + bases, std::exchange(bases_.at(base), {}));
@@ -186,7 +189,7 @@ void BaseBoard::Hit(int bases, bool isError) {
 void BaseBoard::Forced(bool walk) {
   if (!walk) last_ = {.batter = batter_};
   last_.ofBatter = true;
-  MoveForced();
+  MoveForced(ForemostForced());
   last_.forces = true;
   Put(1, Batter());
   NextBatter();
@@ -203,7 +206,7 @@ void BaseBoard::FieldersChoice(std::optional<int> out) {
     if (!bases_.at(behind).name.empty()) std::swap(charge, bases_.at(behind).pitcher);
   }
   bases_.at(base) = {};
-  MoveForced();
+  MoveForced(forced);
   Put(1, {batter_, charge, false});
   NextBatter();
   CountOut();
@@ -273,9 +276,10 @@ int BaseBoard::ForemostForced() const {
   return base;
 }
 
-void BaseBoard::MoveForced() {
-  for (int base = ForemostForced(); base > 0; --base) {
-    Put(base + 1, std::exchange(bases_.at(base), {}));
+// Those who were forced before somebody was put out.
+void BaseBoard::MoveForced(int foremost) {
+  for (int base = foremost; base > 0; --base) {
+    if (!bases_.at(base).name.empty()) Put(base + 1, std::exchange(bases_.at(base), {}));
   }
 }
 
@@ -288,12 +292,19 @@ void BaseBoard::ComesHome(Runner runner) {
   ++figures_[{atBat_, "LINE", InningName(innings_.at(atBat_)), ""}];
   ++Batting(runner.name, "R");
   ++Pitching(runner.pitcher, "R");
-  const bool overByNow = earned_ == Earned::ByOuts && outs_ + missed_ >= 3;
-  const bool earned = earned_ == Earned::All || !(runner.unearned || overByNow);
+  const bool earned = IsEarned(runner);
   if (earned) ++Pitching(runner.pitcher, "ER");
   if (last_.ofBatter && last_.forces) Refuse("is a run that joins a walk batted in");
   if (last_.ofBatter) ++Batting(last_.batter, "RBI");
   last_.home.emplace_back(std::move(runner), earned);
+}
+
+bool BaseBoard::IsEarned(const Runner& runner) const {
+  if (earned_ == Earned::All) return true;
+  if (earned_ == Earned::UnlessOnError) return !runner.unearned;
+  const auto before = missedBefore_.find(runner.pitcher);
+  const int missed = missed_ - (before == missedBefore_.end() ? 0 : before->second);
+  return !runner.unearned && !last_.onError && outs_ + missed < 3;
 }
 
 // Who came home last with this play stands on a base after all.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -22,7 +23,9 @@ struct NotPossible : std::runtime_error {
 enum class Earned {
   All,
   UnlessOnError,  // the runner did not reach by AB and was not put on base
-  ByOuts,         // nor would the half-inning be over, had each AB been an out
+  // Nor does AB itself bring him home, nor would the half-inning be over, had each AB been an out
+  // since the pitcher came in.
+  ByOuts,
 };
 
 class BaseBoard {
@@ -64,7 +67,8 @@ class BaseBoard {
   // What joins the play.
   struct Play {
     std::string batter = {};
-    bool ofBatter = false;                           // he is credited with runs that join it
+    bool ofBatter = false;  // he is credited with runs that join it
+    bool onError = false;
     bool forces = false;                             // only with those that were forced in
     std::vector<std::pair<Runner, bool>> home = {};  // and whether the run is earned
   };
@@ -93,8 +97,9 @@ class BaseBoard {
 
   int Foremost() const;
   int ForemostForced() const;  // 0 for nobody
-  void MoveForced();
+  void MoveForced(int foremost);
   void ComesHome(Runner runner);
+  bool IsEarned(const Runner& runner) const;
   void TakeBack(int base);
   void Put(int base, Runner runner);
   void CountOut();
@@ -109,8 +114,9 @@ class BaseBoard {
   Half half_ = Half::None;
   std::string batter_;
   int outs_ = 0;
-  int missed_ = 0;               // outs that errors cost in this half-inning
-  std::array<Runner, 4> bases_;  // from 1
+  std::map<std::string, int> missedBefore_;  // those before a pitcher came in
+  int missed_ = 0;                           // outs that errors cost in this half-inning
+  std::array<Runner, 4> bases_;              // from 1
   Play last_;
   Figures figures_;
 };

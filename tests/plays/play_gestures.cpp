@@ -136,6 +136,7 @@ class Recorder {
       Gesture("DP", base == likely ? std::nullopt : std::optional(base));
     } else {
       putOut_ = base;
+      if (LikelyChoice() == 3 && base < 3) RunBefore(1);
       Gesture("FC", base == LikelyChoice() ? std::nullopt : std::optional(base));
     }
     Settle();

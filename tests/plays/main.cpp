@@ -86,7 +86,7 @@ int main(int argc, char** argv) try {
   const std::map<std::string, Earned> rules{{"all", Earned::All},
                                             {"unless-on-error", Earned::UnlessOnError},
                                             {"by-outs", Earned::ByOuts}};
-  const auto rule = rules.find(argc == 4 ? argv[3] : "unless-on-error");
+  const auto rule = rules.find(argc == 4 ? argv[3] : "by-outs");
   if (argc < 3 || argc > 4 || rule == rules.end()) {
     std::cerr << "dtb_season_scripts ARCHIVE FOLDER [all|unless-on-error|by-outs]\n";
     return 2;

@@ -34,16 +34,19 @@ int OutsWithErrors(const Board& board, const Play& play, const std::string& pitc
   return outs + errors;
 }
 
-// Whether a run on such a play is the batter's work (9.04): on hits, forced walks and outs, but not
-// on a double play, an error, or while he does nothing.
-bool GivesRunBattedIn(Outcome outcome) {
-  switch (outcome) {
+// Whether a run on such a play is the batter's work (9.04): on hits and outs, and where he forces
+// it in with a walk, but not on a double play, an error, or while he does nothing.
+bool GivesRunBattedIn(const Play& play) {
+  // Once the play has ended, a further move is by hand.
+  const bool forced = play.after == std::array<std::string, kBases>{};
+  switch (play.outcome) {
+    case Outcome::Walk:
+    case Outcome::TakesFirst:
+      return forced;
     case Outcome::Single:
     case Outcome::Double:
     case Outcome::Triple:
     case Outcome::Homer:
-    case Outcome::Walk:
-    case Outcome::TakesFirst:
     case Outcome::Groundout:
     case Outcome::Flyout:
     case Outcome::Lineout:
@@ -65,7 +68,7 @@ bool IsEarned(const Board& board, const Play& play, const Runner& runner) {
 void CountRun(Board& board, const Play& play, const Runner& runner, Move& move) {
   move.pitcher = runner.pitcher;
   move.byError = runner.byError;
-  move.battedIn = GivesRunBattedIn(play.outcome);
+  move.battedIn = GivesRunBattedIn(play);
   move.earned = IsEarned(board, play, runner);
   if (play.half < kHalves) Cell(board.state, play.half).text.Raise();
   ScoreUpdate(board);

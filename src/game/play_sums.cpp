@@ -31,7 +31,8 @@ int OnBase(const Play& play) {
 
 }  // namespace
 
-PlaySums SumsOf(const BoardState& state, Side batting) {
+PlaySums SumsOf(const Board& board, Side batting) {
+  const BoardState& state = board.state;
   PlaySums sums;
   for (const Play& play : state.plays.All()) {
     if (!IsOf(play, batting)) continue;
@@ -45,7 +46,8 @@ PlaySums SumsOf(const BoardState& state, Side batting) {
     }
     if (play.outcome == Outcome::RunBattedIn) ++sums.charged[play.pitcher];
   }
-  const bool over = IsGameOver(state);
+  const bool saved = !board.sheet.Command2_enabled.value();
+  const bool over = saved || IsGameOver(state);
   for (const HalfSums& half : HalvesOf(state)) {
     const bool finished = half.half < HalfInProgress(state) || over;
     if ((half.half % 2 == 0) == (batting == Side::Visitors) && finished) {

@@ -16,9 +16,10 @@ struct PlaySums {
   std::map<std::string, int> charged;   // runs of each pitcher of the other side, earned or not
   std::array<int, kInnings> innings{};  // runs of each inning
   int total = 0;
-  int leftOnBase = 0;  // of all half-innings that are over, and at the end of the game
+  int leftOnBase = 0;  // of the half-innings that are over, and of the last one of a game that is
 };
-[[nodiscard]] PlaySums SumsOf(const BoardState& state, Side batting);
+// A game that is saved is over, however short.
+[[nodiscard]] PlaySums SumsOf(const Board& board, Side batting);
 
 // A half-inning proves itself: who came up is out, has scored or was left on base.
 struct HalfSums {

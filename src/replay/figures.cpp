@@ -78,7 +78,7 @@ Expected FiguresIn(const QString& line) {
 }
 
 void AddPlays(Figures& figures, Board& board, Side batting) {
-  const PlaySums sums = SumsOf(board.state, batting);
+  const PlaySums sums = SumsOf(board, batting);
   const QString team = ToQt(SideOf(board, batting).team.value());
   const QString others = ToQt(SideOf(board, Other(batting)).team.value());
   for (const auto& [name, runs] : sums.runs) {

@@ -128,7 +128,7 @@ void PutPlays(Lines& lines, Board& board) {
   for (const Play& play : state.plays.All()) plays += ToQt(PlayWithInning(play));
   lines.PutList("play", plays);
   for (const Side batting : {Side::Visitors, Side::Home}) {
-    const PlaySums sums = SumsOf(state, batting);
+    const PlaySums sums = SumsOf(board, batting);
     const std::string side = batting == Side::Visitors ? "visitors" : "home";
     const std::string other = batting == Side::Visitors ? "home" : "visitors";
     const StatGrid& batters = SideOf(board, batting).grid;

@@ -72,7 +72,7 @@ class PlayProof {
   }
 
   void FindRuns() {
-    const PlaySums sums = SumsOf(board_.state, batting_);
+    const PlaySums sums = SumsOf(board_, batting_);
     const double told = RunsOfInnings(SideOf(board_, batting_).score);
     const std::string team = TeamOf(batting_);
     if (told != sums.total) {

@@ -33,7 +33,7 @@ double SumOf(const StatGrid& grid, int column) {
 }
 
 std::optional<int> LeftOnBase(Board& board, Side side) {
-  if (PlaysTell(board, side)) return SumsOf(board.state, side).leftOnBase;
+  if (PlaysTell(board, side)) return SumsOf(board, side).leftOnBase;
   const Reckoning reckoning = Reckon(board, side);
   const double left = reckoning.leftOnBase;
   if (left != std::floor(left) || left < 0 || left > reckoning.mostOnBase) return std::nullopt;

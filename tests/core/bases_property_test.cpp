@@ -60,7 +60,7 @@ void RequireBooksInBalance(Game& game, bool wasReset) {
   double scored = 0;
   double batted = 0;
   for (const Side side : {Side::Visitors, Side::Home}) {
-    const PlaySums sums = SumsOf(state, side);
+    const PlaySums sums = SumsOf(game.board, side);
     const auto total = [](const std::map<std::string, int>& of) {
       return std::accumulate(of.begin(), of.end(), 0,
                              [](int sum, const auto& one) { return sum + one.second; });

@@ -49,6 +49,7 @@ keep:on AB 3B => A for B, batted in, l; / A AB=1, B 3B=1, B RBI=1, B AB=1, l H=1
 keep:on 3B AB => A for B, l; / A 3B=1, A AB=1, B AB=1, l H=1, 1:0
 keep:on AB GO GO HR => A for D, batted in, l;D for D, batted in, l; / A AB=1, B AB=1, C AB=1,
   D HR=1, D RBI=2, D AB=1, l H=1, l HR=1, 1:0
+keep:on 3B BB run:34 => A for B, l, earned; / A 3B=1, A AB=1, B BB=1, l BB=1, l H=1, l ER=1, 1:0
 keep:on 3B DP run:34 => - / A 3B=1, A AB=1, B AB=1, l H=1, 1:0
 keep:on 3B BB DP run:34 => A for C, l, earned; / A 3B=1, A AB=1, B BB=1, C AB=1, l BB=1, l H=1,
   l ER=1, 1:0

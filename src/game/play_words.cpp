@@ -124,6 +124,8 @@ std::string PlayInShort(const Play& play) {
     last = LastNameOf(move.name);
     ++scored;
   }
+  const std::string out = RunnerOutIn(play);
+  if (!out.empty()) words += ", " + LastNameOf(out) + " out";
   if (scored == 0) return words;
   return words + (scored > 1 ? " and " + last + " score" : ", " + last + " scores");
 }

@@ -33,6 +33,13 @@ int OutsOf(const Play& play) {
   }
 }
 
+std::string RunnerOutIn(const Play& play) {
+  for (const Move& move : play.moves) {
+    if (move.to == kPutOut && move.from != kAtBatPlace) return move.name;
+  }
+  return "";
+}
+
 int RunsOf(const Play& play) {
   const auto home = std::ranges::count(play.moves, kHomePlate, &Move::to);
   return static_cast<int>(home) + (play.outcome == Outcome::RunBattedIn ? 1 : 0);

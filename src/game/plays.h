@@ -58,6 +58,8 @@ struct Play {
 
 // The outs that a play made.
 [[nodiscard]] int OutsOf(const Play& play);
+// The runner whom a play put out; "" for none. The batter is none.
+[[nodiscard]] std::string RunnerOutIn(const Play& play);
 // The runs of a play, with that of the label RBI, which tells of no runner.
 [[nodiscard]] int RunsOf(const Play& play);
 

@@ -9,6 +9,7 @@
 #include "game/history.h"
 #include "game/keep_bases.h"
 #include "game/play_words.h"
+#include "game/player_name.h"
 #include "platform/qt/qt_text.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
@@ -19,6 +20,12 @@ namespace {
 using namespace look;
 
 constexpr Place kPlace{430, 222, 820, 52};
+
+// A name of any length.
+QString Short(const std::string& name) {
+  constexpr qsizetype kLongest = 40;
+  return ToQt(LastNameOf(name)).left(kLongest);
+}
 
 }  // namespace
 
@@ -98,8 +105,8 @@ void BaseNotices::Refresh() {
        QStringLiteral("The board can keep the bases: it moves the runners and counts their runs."));
   const bool another = CanPutOutAnother(board_);
   Show(another_, another,
-       another ? ToQt(PlayInWords(state.plays.Last())) +
-                     QStringLiteral(". If it was another runner, click his piece.")
+       another ? Short(RunnerOutIn(state.plays.Last())) +
+                     QStringLiteral(" is out. If it was another runner, click his piece.")
                : QString());
   const bool over = KeepsBases(state) && IsGameOver(state);
   const std::string score = over ? FinalScore(state) : "";
@@ -107,8 +114,7 @@ void BaseNotices::Refresh() {
   const bool final = over && score != closed_ && !another;
   Show(over_, final, ToQt(score));
   const std::string holds = another || final ? "" : RunnerToHold(board_);
-  Show(scored_, !holds.empty(),
-       holds.empty() ? QString() : ToQt(PlayInWords(state.plays.Last()) + "."));
+  Show(scored_, !holds.empty(), Short(holds) + QStringLiteral(" scores. Did he stop at third?"));
 }
 
 }  // namespace dtb

@@ -128,7 +128,7 @@ void HoldAtThird(Board& board) {
   });
 }
 
-void PutOnBase(Board& board, const std::string& name, int base) {
+void PutOnBase(Board& board, const std::string& name, int base, CameOn came) {
   if (!CanMove(board) || name.empty()) return;
   BoardState& state = board.state;
   const Runner there = RunnerOn(state, base);
@@ -144,7 +144,7 @@ void PutOnBase(Board& board, const std::string& name, int base) {
     Play play = BeginPlay(board, Outcome::PutOnBase);
     if (!PieceOf(state, name)) PlaceBatterPhoto(board, name);
     board.log.Append(name + std::string(LogSuffix(Outcome::PutOnBase)));
-    Go(board, play, {kFromBench, base}, {name, play.pitcher, true});
+    Go(board, play, {kFromBench, base}, {name, play.pitcher, came == CameOn::WithoutTimeAtBat});
     EndPlay(board, play);
     state.plays.Append(play);
     board.platform.boxes.Notify(PlayInWords(play));
@@ -202,7 +202,7 @@ void DropPiece(Board& board, int piece, int place, MoveOf belongs) {
   const bool bats =
       name == board.state.lbl_Selected.value() && !board.state.BatterOf.value().empty();
   if (!bats) {
-    if (onField) PutOnBase(board, name, place);
+    if (onField) PutOnBase(board, name, place, CameOn::Before);
     if (place == kPutOut) FreePiece(board, piece);
     return;
   }

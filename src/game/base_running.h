@@ -24,8 +24,11 @@ void MoveRunner(Board& board, int from, int to, MoveOf belongs = MoveOf::LastPla
 void HoldAtThird(Board& board);
 
 // A player of the side at bat comes on without a time at bat, as the runner does with whom extra
-// innings begin. His run is not earned. The base must be empty, and he on no other one.
-void PutOnBase(Board& board, const std::string& name, int base);
+// innings begin; his run is not earned then (Official Baseball Rules, 7.01(b)). Or he was on base
+// before the board kept the bases. The base must be empty, and he on no other one.
+enum class CameOn { WithoutTimeAtBat, Before };
+void PutOnBase(Board& board, const std::string& name, int base,
+               CameOn came = CameOn::WithoutTimeAtBat);
 
 // Which of several runners is out has to be asked before this outcome is recorded.
 [[nodiscard]] bool AsksWhoIsOut(const Board& board, Outcome outcome);

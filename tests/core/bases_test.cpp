@@ -63,6 +63,8 @@ keep:on BB pitch:h10 BB BB FC HR => B for E, batted in, l, earned;C for E, batte
 keep:on AB GO GO pitch:h10 HR => A for D, batted in, l;D for D, batted in, k, earned; / A AB=1,
   B AB=1, C AB=1, D HR=1, D RBI=2, D AB=1, l IP=0.67, k H=1, k HR=1, k ER=1, 1:0
 keep:on on:J2 1B run:34 => J for A, batted in, l; / A 1B=1, A RBI=1, A AB=1, l H=1, 1:0
+BB keep:on put:03 1B => A for B, batted in, l, earned; / A BB=1, B 1B=1, B RBI=1, B AB=1, l BB=1,
+  l H=1, l ER=1, 1:0
 keep:on 3B in:v90 1B => J for B, batted in, l, earned; / A 3B=1, A AB=1, B 1B=1, B RBI=1, B AB=1,
   J =1, l H=2, l ER=1, 2:0
 keep:on HR batted:000 earned:000 => A for A, l; / A HR=1, A AB=1, l H=1, l HR=1, 1:0

@@ -101,6 +101,11 @@ std::vector<Way> WaysOf(Outcome outcome, const Occupied& occupied, int out) {
   }
 }
 
+bool TakesHome(Outcome outcome, int from) {
+  const int bases = BasesTaken(outcome);
+  return from >= kFirstBase && from <= kThirdBase && bases > 0 && from + bases >= kHomePlate;
+}
+
 bool IsFree(const Occupied& occupied, Way way) {
   const auto [from, to] = way;
   if (from < kFirstBase || from > kThirdBase || to < kFirstBase || to > kHomePlate || from == to) {

@@ -32,6 +32,9 @@ struct Way {
 // person's choice. Who is not named stays.
 [[nodiscard]] std::vector<Way> WaysOf(Outcome outcome, const Occupied& occupied, int out);
 
+// An outcome takes a runner from a base home, without a force: he might have stopped at third.
+[[nodiscard]] bool TakesHome(Outcome outcome, int from);
+
 // Nobody stands between the two places or at the end, and the way leads somewhere: forward from a
 // base to a base or home, or back to a base.
 [[nodiscard]] bool IsFree(const Occupied& occupied, Way way);

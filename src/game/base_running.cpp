@@ -47,13 +47,12 @@ bool IsOpen(const BoardState& state) {
          last.outcome != Outcome::RunBattedIn && last.outcome != Outcome::PutOnBase;
 }
 
-// The last run of a play, unless it is that of a home run's batter.
+// The last run of a play, where the outcome took the runner home.
 std::optional<std::size_t> LastRunOf(const Play& play) {
   for (std::size_t move = play.moves.size(); move > 0; --move) {
     const Move& run = play.moves[move - 1];
     if (run.to != kHomePlate) continue;
-    if (run.from == kAtBatPlace) return std::nullopt;
-    return move - 1;
+    return TakesHome(play.outcome, run.from) ? std::optional(move - 1) : std::nullopt;
   }
   return std::nullopt;
 }

@@ -17,8 +17,8 @@ enum class MoveOf { LastPlay, ItsOwn };
 // nobody and shares no base.
 void MoveRunner(Board& board, int from, int to, MoveOf belongs = MoveOf::LastPlay);
 
-// Who came home last in the last play; "" where nobody did, where third base is taken, or where the
-// game has gone on since. A batter who has hit a home run is not asked about.
+// Who came home last in the last play, as far as its outcome took him; "" where nobody did, where
+// third base is taken, or where the game has gone on since.
 [[nodiscard]] std::string RunnerToHold(const Board& board);
 // He stands on third instead, and his run is taken back.
 void HoldAtThird(Board& board);

@@ -177,6 +177,7 @@ void Go(Board& board, Play& play, Way way, const Runner& runner) {
   Move move{runner.name, way.from, way.to, {}, false, false, false};
   if (IsBase(way.to)) {
     FieldOf(state, way.to).Set(runner);
+    PlaceBatterPhoto(board, runner.name);  // a reset, or a turn at bat out of order, took his piece
   } else {
     if (way.to == kHomePlate) CountRun(board, play, runner, move);
     ReleasePiece(state, runner.name);

@@ -66,6 +66,19 @@ void PlaceNamePlate(BoardState& state, const std::string& name) {
   }
 }
 
+// One whose player is neither at bat nor on a base, as from before the board kept the bases.
+void FreeIdlePiece(BoardState& state) {
+  const bool bats = !state.BatterOf.value().empty();
+  for (GamePiece& piece : state.pieces) {
+    const std::string& name = piece.tag.value();
+    if (BaseOf(state, name) > 0 || (bats && name == state.lbl_Selected.value())) continue;
+    piece.picture.Set({});
+    piece.plate.Set("");
+    piece.store.Set({});
+    return;
+  }
+}
+
 }  // namespace
 
 std::filesystem::path PhotoFile(const BoardState& state, const std::string& name) {
@@ -75,6 +88,11 @@ std::filesystem::path PhotoFile(const BoardState& state, const std::string& name
 
 void PlaceBatterPhoto(Board& board, const std::string& name) {
   auto& pieces = board.state.pieces;
+  if (KeepsBases(board.state)) {
+    // A runner who is named out of turn has one.
+    if (PieceOf(board.state, name)) return;
+    if (std::ranges::none_of(pieces, &GamePiece::free)) FreeIdlePiece(board.state);
+  }
   const auto piece =
       std::find_if(pieces.begin(), pieces.end(), [](const GamePiece& p) { return p.free(); });
   if (piece == pieces.end()) return;

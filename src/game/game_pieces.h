@@ -12,7 +12,8 @@ namespace dtb {
 [[nodiscard]] std::filesystem::path PhotoFile(const BoardState& state, const std::string& name);
 
 // Puts a player on the first free piece: his photo, or a name plate where there is none. With no
-// piece free nothing changes.
+// piece free nothing changes. While the board keeps the bases, a player who has a piece stays on
+// it, and with no piece free he takes that of somebody who is neither at bat nor on a base.
 void PlaceBatterPhoto(Board& board, const std::string& name);
 
 // Empties box and plate of every piece whose tag is this name. The tags stay.

@@ -138,6 +138,9 @@ keep:on BB BB BB BB => E:E B:B C:C D:D
 keep:on photo:B BB BB HR => D:D B: C: :
 keep:on photo:A photo:C BB FC BB => C:#* B:B D:D :
 keep:on bat:v3 bat:v0 BB => A:A B:B : :
+keep:on BB reset: BB => B:B C:C : :
+keep:on BB bat:v0 => A:A B: : :
+BB BB BB keep:on on:J1 => J:J B:B C:C D:D
 )");
 }
 

@@ -81,13 +81,15 @@ std::optional<int> BaseTargets::At(const QPoint& pointer, const QPoint& feet) co
   return nearest;
 }
 
-void BaseTargets::Light(std::optional<int> place) {
-  const bool unchanged = isVisible() && lit_ == place;
+void BaseTargets::Light(std::optional<int> place, Shown shown) {
+  const bool unchanged = isVisible() && lit_ == place && shown_ == shown;
   lit_ = place;
+  shown_ = shown;
   if (unchanged) return;
   setGeometry(parentWidget()->rect());
   show();
-  raise();
+  // The rings lie on the ground: whoever stands on a base keeps his name before them.
+  lower();
   update();
 }
 
@@ -104,10 +106,12 @@ void BaseTargets::paintEvent(QPaintEvent* /*event*/) {
     ground.setAlpha(lit ? 170 : 110);
     painter.setBrush(ground);
   };
-  for (int place = kFirstBase; place <= kHomePlate; ++place) {
+  const bool all = shown_ == Shown::All;
+  for (int place = kFirstBase; place <= (all ? kHomePlate : kThirdBase); ++place) {
     dress(place);
     painter.drawEllipse(SpotOf(aids_.state, place), kRing, kRing * 0.6);
   }
+  if (!all) return;
   painter.setFont(Font(kLarge, true));
   for (const Place& field : kOutFields) {
     dress(kPutOut);

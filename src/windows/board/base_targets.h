@@ -31,8 +31,10 @@ class BaseTargets : public QWidget {
   // piece whose feet stand at the other; both in pixels of the park. Nothing: neither is near one.
   [[nodiscard]] std::optional<int> At(const QPoint& pointer, const QPoint& feet) const;
 
-  // Shows all of them, with this one brighter.
-  void Light(std::optional<int> place);
+  // A runner may go everywhere, a player who begins on a base only there.
+  enum class Shown { All, Bases };
+  // Shows them, with this one brighter.
+  void Light(std::optional<int> place, Shown shown = Shown::All);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -42,6 +44,7 @@ class BaseTargets : public QWidget {
   Aids& aids_;
   Scene& scene_;
   std::optional<int> lit_;
+  Shown shown_ = Shown::All;
 };
 
 }  // namespace dtb

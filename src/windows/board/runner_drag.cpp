@@ -1,6 +1,7 @@
 #include "windows/board/runner_drag.h"
 
 #include <QMenu>
+#include <QPainter>
 
 #include "game/bases.h"
 #include "game/batting_order.h"
@@ -16,6 +17,21 @@ namespace {
 constexpr QPoint kBesidePointer{14, 18};
 constexpr int kTagMargin = 6;
 constexpr qsizetype kLongestWords = 120;
+
+// A small plate, as the notices are.
+class Tag : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    {
+      QPainter painter(this);
+      look::DrawPlate(painter, rect(), look::kSlate, look::kEdge, 1);
+    }
+    QLabel::paintEvent(event);
+  }
+};
 
 }  // namespace
 
@@ -35,7 +51,11 @@ bool RunnerDrag::Move(const QPoint& place) {
     HideAll();
     return false;
   }
-  if (base) Targets()->Light(base);
+  if (base) {
+    Targets()->Light(base, BaseTargets::Shown::Bases);
+  } else if (KeepsBases(board_.state)) {
+    Targets()->hide();
+  }
   ShowTag(base ? ToQt(PlayerAt(SideOf(board_, side_).list, *row_)) + QStringLiteral(" begins on ") +
                      QLatin1String(BaseName(*base))
                : ToQt(ReplacementOn(board_, side_, *row_, *piece).words),
@@ -112,14 +132,12 @@ std::optional<int> RunnerDrag::PieceUnder(const QPoint& place) const {
 void RunnerDrag::ShowTag(const QString& words, const QPoint& place) {
   QWidget* window = list_->window();
   if (!tag_) {
-    tag_ = new QLabel(window);
+    tag_ = new Tag(window);
     tag_->setObjectName(QStringLiteral("RunnerTag"));
     tag_->setAttribute(Qt::WA_TransparentForMouseEvents);
     tag_->setTextFormat(Qt::PlainText);
-    tag_->setAutoFillBackground(true);
     tag_->setMargin(kTagMargin);
     QPalette palette = look::Palette();
-    palette.setColor(QPalette::Window, look::kSlate);
     palette.setColor(QPalette::WindowText, look::kCream);
     tag_->setPalette(palette);
   }

@@ -1,81 +1,15 @@
-// Where the focus is after a window, a box or a field: where Space and Enter change nothing.
+// Where the focus is after a window or a field, and where the keys take it.
+#include "focus_test.h"
+
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QListView>
-#include <QMenu>
-#include <QMenuBar>
 
-#include "browser_form_test.h"
-#include "game/history.h"
 #include "game/new_game.h"
 #include "platform/qt/qt_keyboard.h"
-#include "replay/play_table.h"
-#include "windows/boxes/message_box.h"
 
 namespace dtb {
 namespace {
-
-class FocusTest : public BrowserFormTest {
- protected:
-  FocusTest() {
-    setup_.dialogs = &dialogs_;
-    setup_.pages = &quiet_;
-    setup_.spreadsheets = &quiet_;
-    setup_.sounds = &quiet_;
-  }
-  QString FocusName() {
-    const QWidget* focus = form1().focusWidget();
-    return focus == nullptr ? QString() : focus->objectName();
-  }
-  // What a person presses who believes that the board has the keys.
-  void PressWhereNoOneAimed(const std::string& after, const char* focus = "Picture1") {
-    const std::string game = GameText(board());
-    const int boxes = MessageBox::Opened();
-    ASSERT_EQ(QApplication::activeModalWidget(), nullptr) << after;
-    for (const auto key : {Qt::Key_Space, Qt::Key_Return}) Press(&form1(), key);
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(GameText(board()) == game) << after;
-    EXPECT_EQ(MessageBox::Opened(), boxes) << after;
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << after;
-    EXPECT_EQ(FocusName(), QLatin1String(focus)) << after;
-  }
-  // A click on an entry of a menu of the board, or of the bar itself.
-  void ClickMenu(const char* menu, const char* entry = nullptr) {
-    auto* bar = form1().menuBar();
-    if (entry == nullptr) return ClickAt(bar, bar->actionGeometry(Find<QAction>(menu)));
-    QMenu* opened = Find<QMenu>(menu);
-    ClickAt(bar, bar->actionGeometry(opened->menuAction()));
-    ASSERT_TRUE(opened->isVisible()) << menu;
-    ClickAt(opened, opened->actionGeometry(Find<QAction>(entry)));
-  }
-  void ClickAt(QWidget* control, const QRect& place) {
-    Click(control, {}, Qt::LeftButton, place.center());
-  }
-  // A row of the visitors' line-up, as a person chooses it.
-  void ClickRow(const char* name, int row) {
-    auto* list = Find<QListView>(name);
-    ClickAt(list->viewport(), list->visualRect(list->model()->index(row, 0)));
-  }
-
-  // Ctrl and a click turn a label into its text field.
-  void BeginName(const char* label) {
-    QTest::keyPress(form1().windowHandle(), Qt::Key_Control);
-    Click(Find(label), Qt::ControlModifier);
-    QTest::keyRelease(form1().windowHandle(), Qt::Key_Control);
-  }
-
-  replay::ScriptedDialogs dialogs_;
-  QuietDesktop quiet_;
-};
-
-// How a window that waits is closed: by Esc, its frame, a key, or a button with this name.
-struct Way {
-  const char* name;
-  Qt::Key key = Qt::Key_unknown;  // none: a button, or the frame
-};
-constexpr Way kEsc{"Esc", Qt::Key_Escape};
-constexpr Way kEnter{"Enter", Qt::Key_Return};
-constexpr Way kFrame{"close"};
 
 TEST_F(FocusTest, ComesBackFromEveryWindowAndBoxHoweverItIsClosed) {
   MakeDatabase("");
@@ -90,7 +24,7 @@ TEST_F(FocusTest, ComesBackFromEveryWindowAndBoxHoweverItIsClosed) {
   struct Case {
     const char* name;
     std::function<void()> open;
-    std::vector<Way> ways;
+    std::vector<ClosedBy> ways;
   };
   const std::vector<Case> cases{
       {"charts by key", key(Qt::Key_V), {kEsc, kFrame}},
@@ -104,34 +38,26 @@ TEST_F(FocusTest, ComesBackFromEveryWindowAndBoxHoweverItIsClosed) {
       {"database", menu("mnuStatistics"), {kEsc, kFrame}},
       {"copies", menu("mnuEdit", "mnuBringBack"), {kEsc, kFrame, {"cmd_CloseCopies"}}},
       {"season", menu("mnuTeams", "mnuSeason"), {kEsc, kFrame}},
-      {"stolen base explained", click("lbl_SB"), {kEsc, kEnter, kFrame, {"CloseBox"}}},
+      {"stolen base explained", click("lbl_SB"), {kEsc, kEnter, kFrame, kCloseBox}},
       {"load, asked where",
        [this] {
          dialogs_.answers = {FromQt(folder_.filePath(QStringLiteral("Bees.txt")))};
          Click(Find("Command6"));
        },
-       {kEsc, kFrame, {"CloseBox"}}},
+       {kEsc, kFrame, kCloseBox}},
   };
   // A game is under way.
   board().sheet.grd_VisStats.SetText(1, stat_column::kWalks, "1");
   for (const char* before : {"Picture1", "List1"}) {
     if (before == std::string("List1")) ClickRow("List1", 2);
     for (const Case& given : cases) {
-      for (const Way& way : given.ways) {
+      for (const ClosedBy& way : given.ways) {
         SCOPED_TRACE(std::string(given.name) + ", " + way.name + ", from " + before);
         const std::string game = GameText(board());
         bool closed = false;
         WhileWaiting([&] {
           closed = true;
-          QWidget* box = MessageBox::Open();
-          QWidget* window = box != nullptr ? box->window() : QApplication::activeModalWidget();
-          if (way.key != Qt::Key_unknown) return Press(window, way.key);
-          if (way.name == std::string(kFrame.name)) {
-            box != nullptr ? box->close() : window->close();
-            return;
-          }
-          QWidget* over = box != nullptr ? box : window;
-          Click(over->findChild<QWidget*>(QLatin1String(way.name)));
+          Close(way);
         });
         given.open();
         while (!closed || QApplication::activeModalWidget() != nullptr) {

@@ -70,6 +70,7 @@ QPushButton* ArchiveWindow::AddButton(QBoxLayout* strip, const char* name, const
   Name(button, name, QLatin1String(caption));
   button->setToolTip(QLatin1String(tip));
   button->setAutoDefault(false);
+  button->setFocusPolicy(Qt::TabFocus);
   strip->addWidget(button);
   return button;
 }

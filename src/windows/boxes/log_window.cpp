@@ -60,6 +60,7 @@ QPushButton* LogWindow::AddButton(const char* name, const QString& caption, cons
   Name(button, name, caption);
   button->setToolTip(tip);
   button->setAutoDefault(false);
+  button->setFocusPolicy(Qt::TabFocus);  // Space after a click saves nothing again
   return button;
 }
 

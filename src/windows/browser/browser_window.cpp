@@ -237,6 +237,7 @@ QPushButton* BrowserWindow::AddButton(QHBoxLayout* strip, const char* name, cons
   Name(button, name, QLatin1String(caption));
   button->setToolTip(QLatin1String(tip));
   button->setAutoDefault(false);
+  button->setFocusPolicy(Qt::TabFocus);  // Space after a click asks nothing again
   strip->addWidget(button);
   return button;
 }

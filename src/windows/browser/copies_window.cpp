@@ -81,6 +81,7 @@ QPushButton* CopiesWindow::AddButton(QBoxLayout* strip, const char* name, const 
   auto* button = new QPushButton(QLatin1String(caption));
   Name(button, name, QLatin1String(caption));
   button->setAutoDefault(false);
+  button->setFocusPolicy(Qt::TabFocus);
   strip->addWidget(button);
   return button;
 }

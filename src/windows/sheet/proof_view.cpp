@@ -110,6 +110,9 @@ ProofList::ProofList(QWidget* parent) : Panel(parent), column_(new QVBoxLayout(t
 }
 
 void ProofList::Show(const std::vector<Finding>& findings, double type) {
+  // From a button that goes Qt would take the focus to one outside the list.
+  const QWidget* focus = window()->focusWidget();
+  if (focus != nullptr && isAncestorOf(focus)) setFocus(Qt::OtherFocusReason);
   while (QLayoutItem* item = column_->takeAt(0)) {
     if (item->widget() != nullptr) {
       item->widget()->hide();

@@ -191,7 +191,12 @@ void SheetWindow::BuildBottom() {
   save->setToolTip(QStringLiteral("When the game is over: saves it into the statistics database"));
   save->setAutoDefault(false);
   save->setFocusPolicy(Qt::TabFocus);
-  Follow<bool>(save, board_.sheet.Command2_enabled, [save](bool on) { save->setEnabled(on); });
+  Follow<bool>(save, board_.sheet.Command2_enabled, [this, save](bool on) {
+    const bool leaves = !on && focusWidget() == save;
+    save->setEnabled(on);
+    // Qt would take the focus to the next button, which writes the report.
+    if (leaves) visitors_->setFocus(Qt::OtherFocusReason);
+  });
   connect(save, &QPushButton::clicked, this, [this] {
     const BusyPointer busy;
     SaveGame(board_);

@@ -52,7 +52,7 @@ look() {
 play_monkey() {
   look monkey DTB_SEED="$seed" DTB_GESTURES=$gestures_a_round QT_QPA_PLATFORM=offscreen \
     "$build/asan/dtb_window_tests" '--gtest_filter=MonkeyTest.*' || return 0
-  gestures=$((gestures + gestures_a_round))
+  gestures=$((gestures + 2 * gestures_a_round))  # two monkeys
 }
 
 play_random_games() {

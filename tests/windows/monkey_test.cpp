@@ -10,15 +10,19 @@
 #include <QWindow>
 #include <array>
 #include <random>
+#include <set>
 
 #include "browser/browser_state.h"
 #include "database/backups.h"
+#include "game/bases.h"
 #include "game/history.h"
+#include "game/keep_bases.h"
 #include "platform/sqlite/sqlite_copies.h"
 #include "replay/driver.h"
 #include "replay/gestures.h"
 #include "replay/play_table.h"
 #include "soak_settings.h"
+#include "windows/board/base_targets.h"
 
 namespace dtb::replay {
 namespace {
@@ -59,7 +63,8 @@ QWidget* FocusOf(QWidget* window) {
 
 class Monkey : public Driver {
  public:
-  explicit Monkey(PlayTable& table) : table_(table) {
+  // `onBases`: with KEEP THE BASES on, and often with the runners.
+  Monkey(PlayTable& table, bool onBases) : table_(table), onBases_(onBases) {
     const auto write = [&](const char* name, const QByteArray& bytes) {
       QFile file(table.folder.filePath(name));
       if (file.open(QIODevice::WriteOnly)) file.write(bytes);
@@ -85,6 +90,9 @@ class Monkey : public Driver {
     History& history = *table.desk.board().history;
     history.Observe([this, &history] {
       if (history.stepped() || !history.CanUndo()) mayEmpty_ = made_;
+      // A step may lead back to where there was none.
+      if (history.stepped()) outOfTurn_ = true;
+      NoteOutOfTurn();
     });
     table.dialogs.report = PathOfFile(table.folder.filePath("Report.html"));
     state_.lbl_PhotoPath.Set(FromQt(table.folder.path()));
@@ -115,9 +123,17 @@ class Monkey : public Driver {
   void FocusAnywhere();
   QString AnyText();
   void CheckFields();
+  void NoteOutOfTurn();
+  void CheckBases();
   void PlayOn();
+  QPoint PlaceOfBase();
+  void DragTo(QPoint from, QPoint to);
+  void PlayOnTheBases();
+  void KeepBases(bool on);
 
   PlayTable& table_;
+  bool onBases_;
+  bool outOfTurn_ = false;
   BoardState& state_ = table_.desk.board().state;
   BoardWindow& form1_ = table_.desk.form1();
   QList<std::optional<std::filesystem::path>> files_;
@@ -198,6 +214,58 @@ void Monkey::UseMouse(QWidget* front) {
   }
 }
 
+// A base, home plate, or the field of a runner who is out, in pixels of the board.
+QPoint Monkey::PlaceOfBase() {
+  const int place = kFirstBase + Below(5);
+  const QPointF spot = place > kHomePlate ? OutField().center() : SpotOf(table_.desk.aids(), place);
+  const auto* park = form1_.centralWidget();
+  const QPointF inPark(spot.x() * park->width() / kSceneWidth,
+                       spot.y() * park->height() / kSceneHeight);
+  return park->mapTo(&form1_, inPark.toPoint());
+}
+
+void Monkey::DragTo(QPoint from, QPoint to) {
+  QWindow* window = form1_.windowHandle();
+  const auto held = OneOf<Qt::KeyboardModifier>(
+      {Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier});
+  QTest::mousePress(window, Qt::LeftButton, held, from);
+  // What is dragged may be let go over a box, after an undo, or under another window.
+  for (const QPoint& place : {(from + to) / 2, to}) {
+    QTest::mouseEvent(QTest::MouseMove, window, Qt::NoButton, held, place);
+  }
+  if (Below(6) == 0)
+    QTest::keyClick(window, OneOf<Qt::Key>({Qt::Key_Escape, Qt::Key_B, Qt::Key_H}));
+  if (Below(10) == 0) QTest::keyClick(window, Qt::Key_Z, Qt::ControlModifier);
+  QTest::mouseRelease(window, Qt::LeftButton, held, to);
+}
+
+// A plate appearance, or a runner who is moved: by its key, by his piece, or from the line-up.
+void Monkey::PlayOnTheBases() {
+  static const QStringList plays{"1", "2", "3", "4", "B", "K", "G", "F", "D", "C", "H", "A", "N"};
+  static const QStringList runners{"Shift+1", "Shift+2", "Shift+3", "Shift+4", "Ctrl+1",
+                                   "Ctrl+2",  "Ctrl+3",  "Ctrl+4",  "S",       "T"};
+  if (!state_.cb_KeepBases.value()) KeepBases(true);
+  QWidget* park = form1_.centralWidget();
+  switch (Below(5)) {
+    case 0:
+      return DragTo(PlaceOfPiece(AnyPlace(&form1_)), PlaceOfBase());
+    case 1: {
+      const QString list = OneOf<QString>({"List1", "List2"});
+      const Target row = TargetAtRow(list, Below(12));
+      return DragTo(row.control->mapTo(&form1_, row.place),
+                    Below(3) == 0 ? PlaceOfPiece(PlaceOfBase()) : PlaceOfBase());
+    }
+    case 2: {
+      const QString key = OneOf(runners);
+      PressKey(park, key);
+      if (key.size() == 1) PressKey(FocusOf(FrontWindow()), QString::number(1 + Below(4)));
+      return;
+    }
+    default:
+      PressKey(park, OneOf(plays));
+  }
+}
+
 // The rooms that the mouse seldom finds.
 void Monkey::GoToARoom(QWidget* front) {
   if (front == &form1_) {
@@ -217,6 +285,7 @@ void Monkey::MakeAnyGesture(QWidget* front) {
                                 "Tab",   "Menu", "Return",   "Space",  "F12",    "Delete",
                                 "Shift", "Esc",  "PageDown", "Ctrl+V", "Ctrl+Z", "Ctrl+Return",
                                 "1",     "K",    "S",        "R",      "?",      "Ctrl+Shift+Z"};
+  if (onBases_ && front == &form1_ && Below(2) == 0) return PlayOnTheBases();
   switch (Below(24)) {
     case 0:
     case 1: {
@@ -273,8 +342,34 @@ void Monkey::CheckFields() {
               !table_.desk.board().sheet.Text1_visible.value());
 }
 
+// Who is named out of turn may stand on a base, and reach another: that is no order any more.
+void Monkey::NoteOutOfTurn() {
+  if (!AnyoneOn(state_)) outOfTurn_ = false;
+  const bool bats = !state_.BatterOf.value().empty();
+  if (bats && BaseOf(state_, state_.lbl_Selected.value()) > 0) outOfTurn_ = true;
+}
+
+// Nobody stands on two bases, and each runner has one piece.
+void Monkey::CheckBases() {
+  NoteOutOfTurn();
+  if (!KeepsBases(state_) || outOfTurn_) return;
+  std::set<std::string> names;
+  for (int base = kFirstBase; base <= kThirdBase; ++base) {
+    const std::string& name = RunnerOn(state_, base).name;
+    if (name.empty()) continue;
+    EXPECT_TRUE(names.insert(name).second) << name << " stands on two bases";
+    EXPECT_EQ(std::ranges::count_if(state_.pieces,
+                                    [&name](const GamePiece& piece) {
+                                      return !piece.free() && piece.tag.value() == name;
+                                    }),
+              1)
+        << name << " on base " << base;
+  }
+}
+
 void Monkey::MakeGesture() {
   CheckFields();
+  CheckBases();
   if (testing::Test::HasFailure()) return Refuse("a field is wrong");
   QWidget* front = FrontWindow();
   if (made_ == kGestures && front != &form1_) {
@@ -316,23 +411,35 @@ bool Monkey::Answer(MessageBox& box) {
   return true;
 }
 
+void Monkey::KeepBases(bool on) {
+  state_.cb_KeepBases.Set(on);
+  KeepBasesClicked(table_.desk.board());
+}
+
 void Monkey::PlayOn() {
   for (Field<bool>* on : {&state_.Check1, &state_.Check2, &state_.chk_Ctrls}) on->Set(false);
   table_.dialogs.answers = {files_[0]};
+  // A board that begins to keep them knows of nobody.
+  if (onBases_ && AnyoneOn(state_)) KeepBases(false);
+  if (onBases_ && !state_.cb_KeepBases.value()) KeepBases(true);
   const auto [control, key] = keys_.takeFirst();
   PressKey(FindControl(control), key);
 }
 
-TEST(MonkeyTest, WhateverAPlayerDoesTheProgramGoesOn) {
+void LetPlay(bool onBases) {
   PlayTable table;
   table.desk.Open();
-  Monkey monkey(table);
+  Monkey monkey(table, onBases);
   EXPECT_EQ(monkey.Run(), 0);
   EXPECT_EQ(MessageBox::Open(), nullptr);
   const std::string& log = table.desk.board().log.text();
   EXPECT_TRUE(log.ends_with("Ann_____1B\r\n"))
       << log.substr(log.size() - std::min<std::size_t>(log.size(), 200));
 }
+
+TEST(MonkeyTest, WhateverAPlayerDoesTheProgramGoesOn) { LetPlay(false); }
+
+TEST(MonkeyTest, TheBasesStayInOrderWhateverAPlayerDoes) { LetPlay(true); }
 
 }  // namespace
 }  // namespace dtb::replay

@@ -86,6 +86,22 @@ TEST_F(BasesWindowTest, PiecesAreDraggedToTheBasesAndNowhereElse) {
   EXPECT_EQ(Bases(), "Ants 1, -, -");
   EXPECT_EQ(piece->pos(), stand);
 
+  // Esc, or another button, ends a drag without a move.
+  for (const bool byKey : {true, false}) {
+    Press(middle);
+    Move(SpotAt(kThirdBase));
+    if (byKey) {
+      QTest::keyClick(&form1(), Qt::Key_Escape);
+    } else {
+      QTest::mousePress(form1().windowHandle(), Qt::RightButton, {}, SpotAt(kThirdBase));
+      QTest::mouseRelease(form1().windowHandle(), Qt::RightButton, {}, SpotAt(kThirdBase));
+    }
+    EXPECT_FALSE(Find("BaseTargets")->isVisible());
+    EXPECT_EQ(piece->pos(), stand);
+    Release(SpotAt(kThirdBase));
+    EXPECT_EQ(Bases(), "Ants 1, -, -");
+  }
+
   Drag(piece, SpotAt(kThirdBase));
   EXPECT_EQ(Bases(), "-, -, Ants 1");
   const QPoint feet(piece->x() + piece->width() / 2, piece->geometry().bottom() + 1);
@@ -136,6 +152,17 @@ TEST_F(BasesWindowTest, KeysMoveRunnersAndAskWhoIsOut) {
     EXPECT_EQ(question->isVisible(), asks) << bases;
   }
   EXPECT_EQ(board().state.tb_BoxScore[0].text.value(), "1");
+
+  // A key that is held moves a runner once.
+  PutAtBat(board(), Side::Home);
+  board().state.List2.Select(0);
+  Outcomes({Outcome::Walk});
+  QWidget* piece = PieceOfBatter("Bees 1");
+  for (const bool held : {false, true, true}) {
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier, {}, held);
+    QCoreApplication::sendEvent(piece, &press);
+  }
+  EXPECT_EQ(Bases(), "-, Bees 1, -");
 }
 
 TEST_F(BasesWindowTest, AClickOnAPieceSaysWhoIsOut) {

@@ -316,6 +316,11 @@ void BoardWindow::SupplementalResize() {
 }
 
 void BoardWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {
+    for (auto* piece : park_->findChildren<PieceView*>()) {
+      if (piece->CancelDrag()) return;
+    }
+  }
   // Esc closes what the keys opened before it closes the markers.
   if (!keys_->open() && markers_->Press(*event)) return;
   if (!focusKeys_->Press(*event) && !keys_->Press(*event)) QMainWindow::keyPressEvent(event);

@@ -203,7 +203,23 @@ void PieceView::focusOutEvent(QFocusEvent* event) {
   Arrange();
 }
 
+bool PieceView::CancelDrag() {
+  if (!dragged_ || !pressed_ || !KeepsBases(board_.state)) return false;
+  pressed_ = false;
+  dragged_ = false;
+  targets_.hide();
+  Arrange();
+  return true;
+}
+
+void PieceView::hideEvent(QHideEvent* event) {
+  QAbstractButton::hideEvent(event);
+  CancelDrag();
+}
+
 void PieceView::mousePressEvent(QMouseEvent* event) {
+  // Another button in the middle of a drag.
+  if (CancelDrag()) return;
   SealGesture(board_);
   pressed_ = event->button() == Qt::LeftButton;
   dragged_ = false;
@@ -280,6 +296,8 @@ void PieceView::Nudge(double right, double down) {
 }
 
 void PieceView::keyPressEvent(QKeyEvent* event) {
+  // A key that is held would run a player home.
+  if (event->isAutoRepeat() && KeepsBases(board_.state)) return;
   switch (event->key()) {
     case Qt::Key_Left:
       Nudge(-kKeyStep, 0);

@@ -30,6 +30,8 @@ class PieceView : public QAbstractButton {
   PieceView(Board& board, int piece, QtPictures& pictures, Aids& aids, BaseTargets& targets,
             Scene& scene, QWidget* parent);
   [[nodiscard]] int piece() const { return piece_; }  // 0 to 3
+  // A drag over the bases ends without a move; the piece goes back. False: there is none.
+  bool CancelDrag();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -38,6 +40,7 @@ class PieceView : public QAbstractButton {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -128,7 +128,8 @@ bool PlayKeys::Press(const QKeyEvent& event) {
     emit chartWanted(key - Qt::Key_1);
     return true;
   }
-  if (PressRunner(DigitByPlace(event), event.modifiers() & ~Qt::KeypadModifier)) return true;
+  const int base = event.isAutoRepeat() ? 0 : DigitByPlace(event);
+  if (PressRunner(base, event.modifiers() & ~Qt::KeypadModifier)) return true;
   if (modifiers != Qt::NoModifier) return false;
   if (key == Qt::Key_Up || key == Qt::Key_Down) {
     emit listWanted(key);

@@ -8,6 +8,7 @@ set(levels
   "aids"
   "game"
   "teams"
+  "record"
   "sheet"
   "database"
   "season|archive"

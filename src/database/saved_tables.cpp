@@ -31,4 +31,28 @@ const std::vector<TableColumns>& SavedTables() {
   return tables;
 }
 
+const std::vector<TableColumns>& PlayTables() {
+  static const std::vector<TableColumns> tables{
+      {table::kGames,
+       {"GameID", "OwnID", "GameDate", "ArchiveGame", "Park", "VisitorsLineup", "HomeLineup"}},
+      {table::kPlays,
+       {"Number", "Inning", "Half", "Outs", "Team", "Batter", "Opponent", "Pitcher", "Outcome",
+        "BasesKept", "Moves", "First", "Second", "Third", "GameID"}},
+      {table::kRuns,
+       {"Play", "Runner", "Batter", "Pitcher", "RBI", "Earned", "OnByError", "Team", "Opponent",
+        "GameID"}},
+      {table::kDecisions, {"Pitcher", "Decision", "Team", "GameID"}},
+  };
+  return tables;
+}
+
+const std::vector<TableColumns>& AllTables() {
+  static const std::vector<TableColumns> tables = [] {
+    std::vector<TableColumns> all = SavedTables();
+    all.insert(all.end(), PlayTables().begin(), PlayTables().end());
+    return all;
+  }();
+  return tables;
+}
+
 }  // namespace dtb

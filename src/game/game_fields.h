@@ -28,7 +28,7 @@ void VisitFields(State& state, Sheet& sheet, Game&& game, Surroundings&& surroun
          img_HomeLogo, fra_Options_visible, cb_BaseTracker, chk_Ctrls, lbl_PhotoPath, Text1,
          Text1_visible] = state;
   auto& [grd_VisStats, grd_HomeStats, grd_BoxScore, lbl_VisTeam, lbl_HomeTeam, Picture3, Picture4,
-         tb_Comments, Command2_enabled, tb_TimeStamp2, tb_TimeStamp, tb_VisWin, tb_VisLoss,
+         tb_Comments, ChosenDecisions, Command2_enabled, tb_TimeStamp2, tb_TimeStamp, tb_VisWin, tb_VisLoss,
          tb_HomeWin, tb_HomeLoss, cellText, cellText_visible, lbl_GridSelected, editedRow,
          editedColumn, VisReported, HomeReported] = sheet;
   const auto passes = [](const auto&...) {};
@@ -48,6 +48,7 @@ void VisitFields(State& state, Sheet& sheet, Game&& game, Surroundings&& surroun
                pb_BaseTracker_visible, fra_Options_visible, cb_BaseTracker, chk_Ctrls,
                Command2_enabled, tb_TimeStamp2, tb_TimeStamp);
   game(BatterOf, OtherLineAsked, VisLoaded, HomeLoaded, ArchiveGame);
+  game(ChosenDecisions);
   passes(cb_KeepBases, tb_ListBoxStatus, DragSourceIndex, lbl_PhotoPath, Text1, Text1_visible,
          tb_VisWin, tb_VisLoss, tb_HomeWin, tb_HomeLoss, cellText, cellText_visible,
          lbl_GridSelected, editedRow, editedColumn);

@@ -11,19 +11,6 @@ bool IsOf(const Play& play, Side batting) {
   return (play.half % 2 == 0) == (batting == Side::Visitors);
 }
 
-// The outcomes that end a time at bat.
-bool EndsTimeAtBat(Outcome outcome) {
-  switch (outcome) {
-    case Outcome::ThrownOut:
-    case Outcome::RunBattedIn:
-    case Outcome::StolenBase:
-    case Outcome::Advance:
-      return false;
-    default:
-      return true;  // a runner from the bench has his place of a batter, too
-  }
-}
-
 int OnBase(const Play& play) {
   return static_cast<int>(
       std::ranges::count_if(play.after, [](const std::string& name) { return !name.empty(); }));
@@ -57,9 +44,23 @@ PlaySums SumsOf(const Board& board, Side batting) {
   return sums;
 }
 
-std::vector<HalfSums> HalvesOf(const BoardState& state) {
+bool EndsTimeAtBat(Outcome outcome) {
+  switch (outcome) {
+    case Outcome::ThrownOut:
+    case Outcome::RunBattedIn:
+    case Outcome::StolenBase:
+    case Outcome::Advance:
+      return false;
+    default:
+      return true;  // a runner from the bench has his place of a batter, too
+  }
+}
+
+std::vector<HalfSums> HalvesOf(const BoardState& state) { return HalvesOf(state.plays.All()); }
+
+std::vector<HalfSums> HalvesOf(std::span<const Play> plays) {
   std::vector<HalfSums> halves;
-  for (const Play& play : state.plays.All()) {
+  for (const Play& play : plays) {
     if (halves.empty() || halves.back().half != play.half) halves.push_back({.half = play.half});
     HalfSums& sums = halves.back();
     sums.cameUp += EndsTimeAtBat(play.outcome) ? 1 : 0;

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <map>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,10 @@ struct HalfSums {
   bool basesKept = true;  // in all of its plays
 };
 // Of each half-inning that has a play; `left` is who stands on base at the end of its last play.
+[[nodiscard]] std::vector<HalfSums> HalvesOf(std::span<const Play> plays);
 [[nodiscard]] std::vector<HalfSums> HalvesOf(const BoardState& state);
+
+// The play ends a time at bat, or takes the place of one.
+[[nodiscard]] bool EndsTimeAtBat(Outcome outcome);
 
 }  // namespace dtb

@@ -22,7 +22,9 @@ namespace {
 // The form of the text stands at the end of its head, and goes up whenever the fields, or their
 // order, change.
 constexpr std::string_view kHead = "Kelvane Diamond Table, a game in progress, ";
-constexpr char kForm = '4';
+constexpr char kForm = '5';
+// Form 4 had no decisions of the pitchers.
+constexpr char kFormWithoutDecisions = '4';
 // Form 3 had no plays, but most games had that of the archive once more at their end.
 constexpr char kFormWithoutPlays = '3';
 // Form 2, of version 1.0.2, also lacked whose batter it is, and the teams as they were loaded.
@@ -74,7 +76,9 @@ char FormOf(std::string_view bytes) {
 bool HasGroup(char form, int group) {
   constexpr int kPlays = 1;
   constexpr int kWhoseBatter = 4;
+  constexpr int kDecisions = 5;
   if (group == kPlays) return form > kFormWithoutPlays;
+  if (group == kDecisions) return form > kFormWithoutDecisions;
   return group != kWhoseBatter || form > kOldestForm;
 }
 

@@ -59,6 +59,7 @@ struct StatSheet {
   Field<Picture> Picture3;  // logo of the visitors
   Field<Picture> Picture4;  // logo of the home team
   Field<std::string> tb_Comments;
+  Field<std::string> ChosenDecisions;  // by the person, see record/chosen_decisions.h
 
   // The save.
   Field<bool> Command2_enabled{true};  // "SAVE TO DB" is in use: the game is not saved yet

@@ -67,11 +67,11 @@ struct SideRecord {
 };
 
 struct GameRecord {
-  std::string id = {};       // GameID; "" while the game is not saved
-  std::string date = {};     // "2020-08-07"; "" while the game is not saved
-  std::string park = {};     // "" where it is not known
-  std::string archive = {};  // the archive's id of the game; "" for a game of one's own
-  bool over = false;         // the game has ended
+  std::string id = {};                   // GameID; "" while the game is not saved
+  std::string date = {};                 // "2020-08-07"; "" while the game is not saved
+  std::string park = {};                 // "" where it is not known
+  std::string archive = {};              // the archive's id of the game; "" for a game of one's own
+  bool over = false;                     // the game has ended
   std::array<SideRecord, 2> sides = {};  // visitors, home team
   // In the order in which they happened; none for a game without plays.
   std::vector<Play> plays = {};
@@ -81,16 +81,22 @@ struct GameRecord {
     return sides.at(side == Side::Visitors ? 0 : 1);
   }
   [[nodiscard]] SideRecord& side(Side side) { return sides.at(side == Side::Visitors ? 0 : 1); }
+  // The side whose batter it is: the visitors in the even half-innings, unless the game was played
+  // in the other order, which the names tell.
+  [[nodiscard]] Side BattingIn(const Play& play) const;
 };
 
-// The side whose batters come up in a half-inning: the visitors in even ones.
-[[nodiscard]] inline Side SideBattingIn(int half) {
-  return half % 2 == 0 ? Side::Visitors : Side::Home;
-}
+// Sets the places of the batters, in whatever order they stand, and puts them in their order;
+// counts the runs of batters and pitchers, and tells whether the plays know all of them. For
+// batters whose place no play tells, the one that they have stays.
+void SettleRecord(GameRecord& game);
 
 // The game on the board, with the decisions that stand on the sheet. GameID and date are those of
 // the save, if it is saved.
 [[nodiscard]] GameRecord RecordOf(Board& board);
+
+// Innings with two decimals, 6.33, as outs, 19.
+[[nodiscard]] double OutsOfInnings(double innings);
 
 // The sums of a side.
 [[nodiscard]] BatterFigures SumOf(const std::vector<BatterRecord>& batters);

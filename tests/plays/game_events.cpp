@@ -71,6 +71,9 @@ void AddLine(std::string_view line, std::vector<GameEvents>& games) {
   };
   if (take("id,")) {
     games.push_back({std::string(TakeField(line)), {}});
+  } else if (take("info,")) {
+    const std::string key(TakeField(line));
+    games.back().info[key] = TakeField(line);
   } else if (take("start,")) {
     games.back().events.push_back(EntryOf(line, Event::Kind::Start));
   } else if (take("sub,")) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -38,6 +39,7 @@ struct Event {
 struct GameEvents {
   std::string id;
   std::vector<Event> events;
+  std::map<std::string, std::string> info = {};  // "wp": the winning pitcher's id
 };
 
 // Throws std::runtime_error for a line that makes no sense.

@@ -268,6 +268,14 @@ GameScript MakeScript(const archive::Season& season, const GameEvents& game, Ear
     script.finished.at(side) = writer.board().Finished(side);
     script.pitchers.at(side) = writer.board().Pitched(side);
   }
+  for (const auto& [key, code] : {std::pair{"wp", "W"}, {"lp", "L"}, {"save", "S"}}) {
+    const auto pitcher = game.info.find(key);
+    if (pitcher == game.info.end()) continue;
+    for (const auto& names : teams.names) {
+      const auto name = names.find(pitcher->second);
+      if (name != names.end()) script.decisions[code] = name->second;
+    }
+  }
   script.archive = KeepScore(game, teams.names, CountRules::Kept);
   NoteRest(KeepScore(game, teams.names, CountRules::LeftOut), writer.unlike(), script);
   return script;

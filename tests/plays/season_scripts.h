@@ -31,6 +31,8 @@ struct GameScript {
   std::array<std::vector<std::string>, 2> pitchers;  // in their order
   Earned earned = Earned::All;                       // the board's rule
   std::vector<Difference> differences;
+  // What the archive's scorer decided: by "W", "L" and "S" the board's name for the pitcher.
+  std::map<std::string, std::string> decisions;
 };
 
 // Throws std::runtime_error, with the play, for a game that cannot be played on the board.

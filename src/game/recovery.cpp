@@ -7,6 +7,7 @@
 
 #include "aids/ballparks.h"
 #include "aids/crowd.h"
+#include "base/checksum.h"
 #include "base/file_names.h"
 #include "base/paths.h"
 #include "base/whole_file.h"
@@ -30,15 +31,6 @@ constexpr char kFormWithoutPlays = '3';
 // Form 2, of version 1.0.2, also lacked whose batter it is, and the teams as they were loaded.
 constexpr char kOldestForm = '2';
 constexpr std::size_t kChecksumBytes = 8;
-
-// FNV-1a, of 64 bits.
-std::uint64_t ChecksumOf(std::string_view bytes) {
-  std::uint64_t sum = 14695981039346656037U;
-  for (const char byte : bytes) {
-    sum = (sum ^ static_cast<unsigned char>(byte)) * 1099511628211U;
-  }
-  return sum;
-}
 
 std::string ChecksumText(std::string_view bytes) {
   const std::uint64_t sum = ChecksumOf(bytes);

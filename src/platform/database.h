@@ -44,6 +44,12 @@ struct TableColumns {
   std::vector<std::string> columns;
 };
 
+// A row as texts; a column that is not named stays Null.
+struct TableRow {
+  std::string table;
+  std::vector<ColumnText> cells;
+};
+
 // A value as the database has it: Null, a whole number, another number or a text, which is good
 // until whoever gave it goes on.
 using DatabaseValue = std::variant<std::monostate, std::int64_t, double, std::string_view>;
@@ -78,6 +84,11 @@ class DatabaseSave : public DatabaseReader {
   // either way the save is to be given up, without Commit.
   virtual void Append(const std::string& table, const std::vector<ColumnText>& row) = 0;
 
+  // Adds rows to the tables of the plays, all of them or none; those of the tables that the file
+  // has not are made first. Returns why none was added, in sentences: a table of such a name is
+  // somebody else's, or refuses a row. "": they were added. The storage's failure throws as above.
+  [[nodiscard]] virtual std::string AppendPlays(const std::vector<TableRow>& rows) = 0;
+
   // On return all rows are stored and survive a power cut. Throws ProgramError, and then none is.
   virtual void Commit() = 0;
 };
@@ -91,7 +102,9 @@ class DatabaseChange : public DatabaseReader {
   virtual void Commit() = 0;
 };
 
-// A file of five tables. No connection to it stays open between two calls, apart from a save or
+// A file of five tables, and of four more of what comes of the plays, which may be missing: they
+// read as empty ones then, and so does one of such a name that is somebody else's, in which nothing
+// is changed either. No connection to it stays open between two calls, apart from a save or
 // change in progress. Nothing here creates the file or replaces it. All errors are ProgramErrors
 // that say in plain words what is wrong, with the file's path: DatabaseOutOfReach where no other
 // statement would fare better. Several threads may run queries at a time, each into a sink of its

@@ -28,6 +28,7 @@ struct Table {
 };
 
 constexpr std::array kTables{"Batting", "Pitching", "BoxScores", "WinLoss", "Matchups"};
+constexpr std::array kPlayTables{"Games", "Plays", "Runs", "Decisions"};
 
 std::string Upper(std::string text) {
   std::ranges::transform(text, text.begin(), [](char letter) {
@@ -61,19 +62,22 @@ Table TableIn(const SQLite::Database& database, const std::string& name) {
   return table;
 }
 
-std::vector<Table> TablesIn(const SQLite::Database& database) {
+// The tables that a schema makes.
+std::vector<Table> TablesOf(const char* schema, std::span<const char* const> names) {
+  SQLite::Database model(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+  model.exec(schema);
   std::vector<Table> tables;
-  tables.reserve(kTables.size());
-  for (const char* name : kTables) tables.push_back(TableIn(database, name));
+  for (const char* name : names) tables.push_back(TableIn(model, name));
   return tables;
 }
 
 const std::vector<Table>& WantedTables() {
-  static const std::vector<Table> wanted = [] {
-    SQLite::Database model(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-    model.exec(kSchema);
-    return TablesIn(model);
-  }();
+  static const std::vector<Table> wanted = TablesOf(kSchema, kTables);
+  return wanted;
+}
+
+const std::vector<Table>& WantedPlayTables() {
+  static const std::vector<Table> wanted = TablesOf(kPlaySchema, kPlayTables);
   return wanted;
 }
 
@@ -113,16 +117,20 @@ void StandIn(SQLite::Database& database, const Table& wanted, const Table& there
                 (there.inOrderOfRows ? " ORDER BY rowid" : ""));
 }
 
-template <class Needed>
-void StandInWhere(SQLite::Database& database, Needed needed) {
-  bool first = true;
-  for (const Table& wanted : WantedTables()) {
-    const Table there = TableIn(database, wanted.name);
-    if (!needed(wanted, there)) continue;
-    if (first) database.exec("PRAGMA temp_store = MEMORY");
-    first = false;
-    StandIn(database, wanted, there);
+// What keeps a column of a file from being the one that is wanted; "" for nothing.
+std::string FaultOf(const Table& wanted, const Column& column, const Table& there,
+                    bool alsoNumbers) {
+  const Column* own = Find(there, column.name);
+  const std::string named = "column \"" + column.name + "\"";
+  const std::string ofTable = "The " + named + " of the table \"" + wanted.name + "\" is made for ";
+  if (own == nullptr) return "The table \"" + wanted.name + "\" lacks the " + named + ".";
+  if (column.kind == Kind::Text && own->kind == Kind::Number) {
+    return ofTable + "numbers, where texts belong.";
   }
+  if (alsoNumbers && column.kind == Kind::Number && own->kind == Kind::Text) {
+    return ofTable + "texts, where numbers belong.";
+  }
+  return {};
 }
 
 std::vector<std::string> Lacks(const SQLite::Database& database, bool alsoNumbers) {
@@ -134,21 +142,38 @@ std::vector<std::string> Lacks(const SQLite::Database& database, bool alsoNumber
       continue;
     }
     for (const Column& column : wanted.columns) {
-      const Column* own = Find(there, column.name);
-      const std::string named = "column \"" + column.name + "\"";
-      if (own == nullptr) {
-        sentences.push_back("The table \"" + wanted.name + "\" lacks the " + named + ".");
-      } else if (column.kind == Kind::Text && own->kind == Kind::Number) {
-        sentences.push_back("The " + named + " of the table \"" + wanted.name +
-                            "\" is made for numbers, where texts belong.");
-      } else if (alsoNumbers && column.kind == Kind::Number && own->kind == Kind::Text) {
-        sentences.push_back("The " + named + " of the table \"" + wanted.name +
-                            "\" is made for texts, where numbers belong.");
-      }
+      const std::string fault = FaultOf(wanted, column, there, alsoNumbers);
+      if (!fault.empty()) sentences.push_back(fault);
     }
   }
   return sentences;
 }
+
+// Why a table that bears the name of one of the plays is not this program's; "" if it is, or if
+// there is none.
+std::string WhyForeign(const Table& wanted, const Table& there) {
+  if (there.columns.empty()) return {};
+  for (const Column& column : wanted.columns) {
+    std::string fault = FaultOf(wanted, column, there, false);
+    if (!fault.empty()) return fault;
+  }
+  return there.inOrderOfRows ? "" : "\"" + wanted.name + "\" is no usual table.";
+}
+
+// Stand-ins for tables of one connection.
+class StandIns {
+ public:
+  explicit StandIns(SQLite::Database& database) : database_(database) {}
+  void Put(const Table& wanted, const Table& there) {
+    if (!any_) database_.exec("PRAGMA temp_store = MEMORY");
+    any_ = true;
+    StandIn(database_, wanted, there);
+  }
+
+ private:
+  SQLite::Database& database_;
+  bool any_ = false;
+};
 
 }  // namespace
 
@@ -160,11 +185,53 @@ std::vector<std::string> WhatASaveLacks(const SQLite::Database& database) {
   return Lacks(database, false);
 }
 
-void StandInForLacking(SQLite::Database& database) { StandInWhere(database, Differs); }
+std::vector<std::string> WhatPlaysLack(const SQLite::Database& database) {
+  std::vector<std::string> sentences;
+  for (const Table& wanted : WantedPlayTables()) {
+    const std::string why = WhyForeign(wanted, TableIn(database, wanted.name));
+    if (!why.empty()) sentences.push_back(why);
+  }
+  return sentences;
+}
+
+std::vector<TableColumns> PlayTables() {
+  std::vector<TableColumns> tables;
+  for (const Table& wanted : WantedPlayTables()) {
+    TableColumns& table = tables.emplace_back(TableColumns{wanted.name, {}});
+    for (const Column& column : wanted.columns) table.columns.push_back(column.name);
+  }
+  return tables;
+}
+
+void StandInForLacking(SQLite::Database& database, const std::string& query) {
+  StandIns standIns(database);
+  const auto named = [&query](const Table& table) {
+    return query.find(table.name) != std::string::npos;
+  };
+  for (const Table& wanted : WantedTables()) {
+    if (!named(wanted)) continue;
+    const Table there = TableIn(database, wanted.name);
+    if (Differs(wanted, there)) standIns.Put(wanted, there);
+  }
+  for (const Table& wanted : WantedPlayTables()) {
+    if (!named(wanted)) continue;
+    Table there = TableIn(database, wanted.name);
+    if (!WhyForeign(wanted, there).empty()) there.columns.clear();
+    if (Differs(wanted, there)) standIns.Put(wanted, there);
+  }
+}
 
 void StandInForMissing(SQLite::Database& database) {
-  StandInWhere(database,
-               [](const Table& /*wanted*/, const Table& there) { return there.columns.empty(); });
+  StandIns standIns(database);
+  for (const Table& wanted : WantedTables()) {
+    if (TableIn(database, wanted.name).columns.empty()) standIns.Put(wanted, Table{wanted.name});
+  }
+  for (const Table& wanted : WantedPlayTables()) {
+    const Table there = TableIn(database, wanted.name);
+    if (there.columns.empty() || !WhyForeign(wanted, there).empty()) {
+      standIns.Put(wanted, Table{wanted.name});
+    }
+  }
 }
 
 }  // namespace dtb::sqlite

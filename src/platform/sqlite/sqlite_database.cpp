@@ -23,9 +23,10 @@ class SqliteChange : public DatabaseChange {
  public:
   SqliteChange(std::filesystem::path file, std::chrono::milliseconds longestWait)
       : file_(std::move(file)), database_(sqlite::Open(file_, longestWait)) {
+    // First of all nobody else may write: a save of another board may make tables.
     Told(file_, [this] {
-      sqlite::StandInForMissing(database_);
       database_.exec("BEGIN IMMEDIATE");
+      sqlite::StandInForMissing(database_);
     });
   }
 
@@ -48,7 +49,7 @@ class SqliteChange : public DatabaseChange {
 
 void SqliteDatabase::Run(const Statement& query, RowSink& rows) {
   SQLite::Database database = sqlite::Open(file_, longestWait_);
-  Told(file_, [&] { sqlite::StandInForLacking(database); });
+  Told(file_, [&] { sqlite::StandInForLacking(database, query.text); });
   sqlite::GiveRows(database, query, file_, rows);
 }
 

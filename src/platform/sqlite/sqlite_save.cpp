@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "platform/sqlite/rows.h"
+#include "platform/sqlite/schema.h"
 #include "platform/sqlite/shape.h"
 
 namespace dtb {
@@ -48,9 +49,7 @@ SqliteSave::SqliteSave(const std::filesystem::path& file, std::chrono::milliseco
   try {
     RequireWritable();
     RequireAllColumns();
-    for (const TableColumns& columns : tables) {
-      tables_.push_back({columns, SQLite::Statement(database_, InsertInto(columns))});
-    }
+    tables_ = Prepared(tables);
   } catch (const SQLite::Exception& fault) {
     sqlite::ThrowFault(fault, file_);
   }
@@ -80,15 +79,27 @@ void SqliteSave::Run(const Statement& query, RowSink& rows) {
   sqlite::GiveRows(database_, query, file_, rows);
 }
 
-SqliteSave::Table& SqliteSave::TableOf(const std::string& name) {
+std::vector<SqliteSave::Table> SqliteSave::Prepared(const std::vector<TableColumns>& tables) const {
+  std::vector<Table> prepared;
+  for (const TableColumns& columns : tables) {
+    prepared.push_back({columns, SQLite::Statement(database_, InsertInto(columns))});
+  }
+  return prepared;
+}
+
+SqliteSave::Table& SqliteSave::TableOf(std::vector<Table>& tables, const std::string& name) {
   const auto found = std::ranges::find_if(
-      tables_, [&name](const Table& table) { return table.columns.table == name; });
-  if (found == tables_.end()) throw ProgramError(error_number::kInternal, "No table " + name);
+      tables, [&name](const Table& table) { return table.columns.table == name; });
+  if (found == tables.end()) throw ProgramError(error_number::kInternal, "No table " + name);
   return *found;
 }
 
 void SqliteSave::Append(const std::string& table, const std::vector<ColumnText>& row) {
-  auto& [columns, insert] = TableOf(table);
+  Insert(TableOf(tables_, table), row);
+}
+
+void SqliteSave::Insert(Table& table, const std::vector<ColumnText>& row) {
+  auto& [columns, insert] = table;
   try {
     insert.reset();
     insert.clearBindings();
@@ -97,16 +108,48 @@ void SqliteSave::Append(const std::string& table, const std::vector<ColumnText>&
       if (place == columns.columns.end()) {
         throw ProgramError(error_number::kInternal, "No column " + column);
       }
-      insert.bind(static_cast<int>(place - columns.columns.begin()) + 1, text);
+      insert.bindNoCopy(static_cast<int>(place - columns.columns.begin()) + 1, text);
     }
     insert.exec();
   } catch (const SQLite::Exception& fault) {
     const int code = fault.getErrorCode();
     if (code == SQLITE_CONSTRAINT || code == SQLITE_MISMATCH || code == SQLITE_TOOBIG) {
-      throw RowRefused(error_number::kTypeMismatch, Refusal(fault, table, row));
+      throw RowRefused(error_number::kTypeMismatch, Refusal(fault, columns.table, row));
     }
     sqlite::ThrowFault(fault, file_);
   }
+}
+
+// A file may hold what keeps these tables from being made or filled: a table of somebody else's, an
+// index of the same name. The game goes into its five tables all the same.
+std::string SqliteSave::AppendPlays(const std::vector<TableRow>& rows) {
+  try {
+    std::string lacking;
+    for (const std::string& sentence : sqlite::WhatPlaysLack(database_)) {
+      lacking += (lacking.empty() ? "" : "\n") + sentence;
+    }
+    if (!lacking.empty()) return lacking;
+    database_.exec("SAVEPOINT plays");
+    std::string refusal;
+    try {
+      InsertPlays(rows);
+    } catch (const RowRefused& refused) {
+      refusal = refused.what();
+    } catch (const SQLite::Exception& fault) {
+      if (fault.getErrorCode() != SQLITE_ERROR) throw;
+      refusal = sqlite::Named(file_) + " has no place for them: " + fault.what() + ".";
+    }
+    database_.exec(refusal.empty() ? "RELEASE plays" : "ROLLBACK TO plays; RELEASE plays");
+    return refusal;
+  } catch (const SQLite::Exception& fault) {
+    sqlite::ThrowFault(fault, file_);
+  }
+}
+
+void SqliteSave::InsertPlays(const std::vector<TableRow>& rows) {
+  database_.exec(sqlite::kPlaySchema);
+  std::vector<Table> tables = Prepared(sqlite::PlayTables());
+  for (const TableRow& row : rows) Insert(TableOf(tables, row.table), row.cells);
 }
 
 void SqliteSave::Commit() {

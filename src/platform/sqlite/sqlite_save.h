@@ -17,6 +17,7 @@ class SqliteSave : public DatabaseSave {
 
   void Run(const Statement& query, RowSink& rows) override;
   void Append(const std::string& table, const std::vector<ColumnText>& row) override;
+  std::string AppendPlays(const std::vector<TableRow>& rows) override;
   void Commit() override;
 
  private:
@@ -27,7 +28,10 @@ class SqliteSave : public DatabaseSave {
 
   void RequireWritable();
   void RequireAllColumns();
-  [[nodiscard]] Table& TableOf(const std::string& name);
+  void Insert(Table& table, const std::vector<ColumnText>& row);
+  void InsertPlays(const std::vector<TableRow>& rows);
+  [[nodiscard]] static Table& TableOf(std::vector<Table>& tables, const std::string& name);
+  [[nodiscard]] std::vector<Table> Prepared(const std::vector<TableColumns>& tables) const;
 
   std::filesystem::path file_;
   SQLite::Database database_;

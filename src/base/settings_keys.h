@@ -15,6 +15,7 @@ inline constexpr const char* kSeasonBatters = "season_batters";
 inline constexpr const char* kSeasonPitchers = "season_pitchers";
 inline constexpr const char* kSeasonNames = "season_names";
 inline constexpr const char* kSeasonClub = "season_club";      // "OAK 2020=Oakland 2020"
-inline constexpr const char* kSeasonPlayed = "season_played";  // games of archives, with GameIDs
+// Games of archives with their GameIDs, written by older versions.
+inline constexpr const char* kSeasonPlayed = "season_played";
 
 }  // namespace dtb::settings

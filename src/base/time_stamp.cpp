@@ -31,6 +31,12 @@ std::optional<LocalTime> TimeOfStamp(std::string_view stamp) {
   return LocalTime{kCentury + year, month, day, hour, minute, second};
 }
 
+std::string DateText(const LocalTime& time) {
+  constexpr int kCentury = 100;
+  return TwoDigits(time.year / kCentury) + TwoDigits(time.year) + "-" + TwoDigits(time.month) +
+         "-" + TwoDigits(time.day);
+}
+
 LocalTime NextSecond(LocalTime time) {
   const bool leap = time.year % 4 == 0 && (time.year % 100 != 0 || time.year % 400 == 0);
   const std::array<int, 12> days{31, leap ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};

@@ -25,6 +25,9 @@ struct LocalTime {
 // The time of such a stamp, in the years 2000 to 2099; nothing for a text that is none.
 [[nodiscard]] std::optional<LocalTime> TimeOfStamp(std::string_view stamp);
 
+// The day as "2026-11-18".
+[[nodiscard]] std::string DateText(const LocalTime& time);
+
 // A second later, over the end of a day, month or year as well.
 [[nodiscard]] LocalTime NextSecond(LocalTime time);
 

@@ -49,8 +49,9 @@ std::vector<LookZone> SheetFormat() {
 
 // The columns that hold names and games, so texts even where they are all digits.
 std::vector<int> NameColumns(const StatGrid& grid) {
-  constexpr std::array<std::string_view, 6> kHeaders{"Batter",  "Pitcher", "Team",
-                                                     "Matchup", "Host",    "GameID"};
+  constexpr std::array<std::string_view, 15> kHeaders{
+      "Batter",   "Pitcher", "Team",  "Matchup", "Host",  "GameID",      "OwnID", "GameDate",
+      "Opponent", "Runner",  "First", "Second",  "Third", "ArchiveGame", "Park"};
   std::vector<int> columns;
   for (int column = 0; column < grid.columns(); ++column) {
     if (std::ranges::find(kHeaders, grid.Text(0, column)) != kHeaders.end()) {
@@ -98,10 +99,10 @@ double PartOf(const SheetPlan& plan, const std::vector<SheetPlan>& all) {
   return RowsOf(plan) / rows;
 }
 
-// Rows of all five tables.
+// Rows of all nine tables.
 std::vector<double> CountRows(Database& database) {
   std::string query = "SELECT ";
-  for (const TableColumns& columns : SavedTables()) {
+  for (const TableColumns& columns : AllTables()) {
     query += (query.back() == ' ' ? "" : ", ");
     query += "(SELECT count(*) FROM " + columns.table + ")";
   }
@@ -191,7 +192,9 @@ void ExportTables(Browser& browser, const ExportProgress& progress) {
     const double all = std::max(1.0, std::accumulate(counts.begin(), counts.end(), 0.0));
     WorkbookExport workbook(platform, "DTB_MSAccess_" + MakeStamp(platform.clock.Now()), progress);
     for (std::size_t i = 0; i < counts.size(); ++i) {
-      const std::string& table = SavedTables()[i].table;
+      // Games without plays leave the tables of the plays empty.
+      if (i >= SavedTables().size() && counts[i] == 0) continue;
+      const std::string& table = AllTables()[i].table;
       if (!AddTable(workbook, platform.database, table, counts[i] / all)) return;
     }
     if (!workbook.Finish()) return;

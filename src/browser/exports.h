@@ -21,6 +21,7 @@ namespace dtb {
                                                                const ExportProgress& progress = {});
 
 // Writes all rows of the five tables into a workbook of the folder "Game Rpts", a sheet for each,
+// and then those of the tables of the plays that have rows,
 // and tells that it is done and where it lies. A table with more rows than a sheet takes goes on in
 // further sheets. A failure is told; cancelling leaves no file.
 void ExportTables(Browser& browser, const ExportProgress& progress = {});

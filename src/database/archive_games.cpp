@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/settings_keys.h"
+#include "database/rows.h"
 #include "database/saved_games.h"
 #include "platform/database.h"
 
@@ -22,7 +23,8 @@ std::vector<std::string_view> Parts(std::string_view text, char between) {
   return parts;
 }
 
-// "OAK202008070=GameID;...": a game that was played twice stands there twice.
+// "OAK202008070=GameID;...", as older versions wrote it: a game that was played twice stands there
+// twice.
 constexpr char kBetweenGames = ';';
 constexpr char kBeforeId = '=';
 
@@ -34,25 +36,38 @@ void NoteArchiveGame(Board& board, const std::string& id) {
       id + '\n' + board.sheet.lbl_VisTeam.value() + '\n' + board.sheet.lbl_HomeTeam.value();
 }
 
-void NoteSavedArchiveGame(Board& board) {
+std::string ArchiveGameOnBoard(const Board& board) {
   const std::vector<std::string_view> noted = Parts(board.state.ArchiveGame, '\n');
   constexpr std::size_t kParts = 3;
   if (noted.size() != kParts || noted[1] != board.sheet.grd_BoxScore.Text(1, 0) ||
       noted[2] != board.sheet.grd_BoxScore.Text(2, 0)) {
-    return;
+    return "";
   }
-  SettingsStore& settings = board.platform.settings;
-  std::string played = settings.Read(settings::kLabels, settings::kSeasonPlayed, "");
-  if (!played.empty()) played += kBetweenGames;
-  played.append(noted[0]).append(1, kBeforeId).append(board.sheet.tb_TimeStamp2.value());
-  settings.Write(settings::kLabels, settings::kSeasonPlayed, played);
+  return std::string(noted[0]);
+}
+
+// Three letters of the home team, then year, month, day, and the number of the game on that day.
+std::string DateOfArchiveGame(std::string_view id) {
+  constexpr std::size_t kTeam = 3;
+  constexpr std::size_t kDate = 8;
+  constexpr std::size_t kYear = 4;
+  constexpr std::size_t kMonthEnd = 6;
+  if (id.size() != kTeam + kDate + 1) return "";
+  const std::string date(id.substr(kTeam, kDate));
+  if (date.find_first_not_of("0123456789") != std::string::npos) return "";
+  return date.substr(0, kYear) + "-" + date.substr(kYear, 2) + "-" + date.substr(kMonthEnd);
 }
 
 std::unordered_set<std::string> SavedArchiveGames(const Platform& platform) {
-  const std::string told = platform.settings.Read(settings::kLabels, settings::kSeasonPlayed, "");
   std::unordered_set<std::string> played;
-  if (told.empty()) return played;
   const std::unordered_set<std::string> saved = SavedGameIDs(platform.database);
+  // A board of an older version takes a game out of the five tables alone.
+  ForEachRow(platform.database,
+             {"SELECT ArchiveGame, GameID FROM Games WHERE ArchiveGame IS NOT NULL"},
+             [&](std::span<const DatabaseValue> row) {
+               if (saved.contains(TextIn(row[1]))) played.insert(TextIn(row[0]));
+             });
+  const std::string told = platform.settings.Read(settings::kLabels, settings::kSeasonPlayed, "");
   for (const std::string_view entry : Parts(told, kBetweenGames)) {
     const std::size_t sign = entry.find(kBeforeId);
     if (sign == std::string_view::npos) continue;

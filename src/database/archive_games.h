@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <unordered_set>
 
 #include "game/board.h"
@@ -12,11 +13,14 @@ namespace dtb {
 // loading another team ends that.
 void NoteArchiveGame(Board& board, const std::string& id);
 
-// The game on the board was saved: if it is one of an archive, the settings keep which, beside the
-// GameID under which the database has it. Throws ProgramError if they cannot.
-void NoteSavedArchiveGame(Board& board);
+// The archive's id of the game on the board; "" for a game of other teams, or of one's own.
+[[nodiscard]] std::string ArchiveGameOnBoard(const Board& board);
 
-// The ids of all archive games that the database has. Throws ProgramError where it cannot be read.
+// The day that such an id tells: "2020-08-07" of "OAK202008070". "" where it tells none.
+[[nodiscard]] std::string DateOfArchiveGame(std::string_view id);
+
+// The ids of all archive games that the database has: those that stand in Games, and those that
+// older versions noted in the settings. Throws ProgramError where it cannot be read.
 [[nodiscard]] std::unordered_set<std::string> SavedArchiveGames(const Platform& platform);
 
 }  // namespace dtb

@@ -48,6 +48,7 @@ void DeleteRecordOf(Platform& platform, const std::string& name, const std::stri
 }
 
 void DeleteWinLoss(Platform& platform, const std::string& title) {
+  // The plays and the decisions of pitchers are the games', which stay.
   DeleteAfterQuestion(
       platform,
       {title, "DELETE all Win/Loss and Matchups data?", "Win/Loss Matchup data has been deleted."},
@@ -56,14 +57,14 @@ void DeleteWinLoss(Platform& platform, const std::string& title) {
 
 void PurgeAll(Platform& platform, const std::string& title) {
   std::vector<Statement> statements;
-  for (const TableColumns& table : SavedTables()) {
+  for (const TableColumns& table : AllTables()) {
     statements.push_back({"DELETE FROM " + table.table});
   }
   DeleteAfterQuestion(
       platform,
       {title,
        "DELETE all statistics?\n\n"
-       "All saved games are deleted, with their batting, pitching, standings and matchups.",
+       "All saved games are deleted, with their plays, batting, pitching, standings and matchups.",
        "Delete of all statistics is complete."},
       statements);
 }

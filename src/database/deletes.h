@@ -17,7 +17,7 @@ void DeleteRecordOf(Platform& platform, const std::string& name, const std::stri
 // All wins, losses and pairings.
 void DeleteWinLoss(Platform& platform, const std::string& title);
 
-// All rows of all five tables.
+// All rows of all nine tables.
 void PurgeAll(Platform& platform, const std::string& title);
 
 }  // namespace dtb

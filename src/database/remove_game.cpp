@@ -86,8 +86,17 @@ Statement DeleteOf(const Tally& tally) {
           tally.rows.bound};
 }
 
-constexpr std::array<std::pair<const char*, const char*>, 3> kTablesWithGameID{
-    {{table::kBoxScores, "line"}, {table::kBatting, "batter"}, {table::kPitching, "pitcher"}}};
+struct TableOfGames {
+  const char* name;
+  const char* word;      // for one of its rows
+  bool ofPlays = false;  // games without plays have no row there
+};
+constexpr std::array<TableOfGames, 6> kTablesWithTeams{{{table::kBoxScores, "line"},
+                                                        {table::kBatting, "batter"},
+                                                        {table::kPitching, "pitcher"},
+                                                        {table::kPlays, "play", true},
+                                                        {table::kRuns, "run", true},
+                                                        {table::kDecisions, "decision", true}}};
 
 // All that goes with a game.
 struct Outgoing {
@@ -95,7 +104,7 @@ struct Outgoing {
   std::vector<SavedGame> games;  // none: it is not there
   // Of which teams the rows go; none: all rows of the GameID.
   std::vector<std::string> teams = {};
-  std::array<int, kTablesWithGameID.size()> rows = {};  // by table
+  std::array<int, kTablesWithTeams.size()> rows = {};  // by table
   std::vector<Tally> tally = {};
 
   [[nodiscard]] Statement OnRows(const std::string& operation, const char* table) const {
@@ -126,9 +135,9 @@ Outgoing FindOutgoing(DatabaseReader& database, const GameChoice& choice) {
       found.teams = choice.teams;
     }
   }
-  for (std::size_t i = 0; i < kTablesWithGameID.size(); ++i) {
+  for (std::size_t i = 0; i < kTablesWithTeams.size(); ++i) {
     found.rows.at(i) =
-        CountOf(database, found.OnRows("SELECT count(*)", kTablesWithGameID.at(i).first));
+        CountOf(database, found.OnRows("SELECT count(*)", kTablesWithTeams.at(i).name));
   }
   found.tally = TallyOf(database, found.games);
   return found;
@@ -142,8 +151,10 @@ std::string QuestionText(const Outgoing& outgoing) {
                          : "Delete this game from the database?\n";
   for (const SavedGame& game : outgoing.games) text += "\n" + ScoreText(game);
   text += "\nGameID " + outgoing.id + "\n\nWith it go:";
-  for (std::size_t i = 0; i < kTablesWithGameID.size(); ++i) {
-    text += (i == 0 ? " " : ", ") + Counted(outgoing.rows.at(i), kTablesWithGameID.at(i).second);
+  for (std::size_t i = 0; i < kTablesWithTeams.size(); ++i) {
+    const TableOfGames& table = kTablesWithTeams.at(i);
+    if (table.ofPlays && outgoing.rows.at(i) == 0) continue;
+    text += (i == 0 ? " " : ", ") + Counted(outgoing.rows.at(i), table.word);
   }
   for (const Tally& one : outgoing.tally) {
     if (one.Certain() && one.Going() > 0)
@@ -179,9 +190,13 @@ Answer AskAboutDoubtful(MessageBoxes& boxes, const std::vector<Tally>& tally,
 bool Delete(Database& database, const GameChoice& choice, const Outgoing& asked, Answer doubtful) {
   const auto change = database.BeginChange();
   if (FindOutgoing(*change, choice) != asked) return false;
-  for (const auto& [table, word] : kTablesWithGameID) {
-    change->Execute(asked.OnRows("DELETE", table));
+  for (const TableOfGames& table : kTablesWithTeams) {
+    change->Execute(asked.OnRows("DELETE", table.name));
   }
+  // Games has no team. Several games of one GameID have plays only where a file was put together by
+  // other means, and then nothing tells whose day and line-ups stand there: they stay with the
+  // games that stay.
+  if (asked.teams.empty()) change->Execute(asked.OnRows("DELETE", table::kGames));
   for (const Tally& one : asked.tally) {
     if (one.Going() > 0 && (one.Certain() || doubtful == Answer::Take)) {
       change->Execute(DeleteOf(one));

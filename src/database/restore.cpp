@@ -31,7 +31,7 @@ struct TableSums {
 // What a database holds, as far as a person would tell two apart.
 struct Holding {
   Games games;
-  std::vector<TableSums> tables;  // as SavedTables
+  std::vector<TableSums> tables;  // as AllTables
 };
 
 TableSums SumsOf(Database& database, const TableColumns& table) {
@@ -50,7 +50,7 @@ TableSums SumsOf(Database& database, const TableColumns& table) {
 Holding HoldingOf(Database& database) {
   Holding holding{ReadSavedGames(database), {}};
   std::ranges::sort(holding.games);
-  for (const TableColumns& table : SavedTables()) {
+  for (const TableColumns& table : AllTables()) {
     holding.tables.push_back(SumsOf(database, table));
   }
   return holding;
@@ -92,7 +92,8 @@ GridContents ContentsOf(const std::vector<std::string>& headers,
 
 // "Batting: 40 rows instead of 0; matchups: other figures." for the tables that differ.
 std::string TablesText(const Holding& copy, const Holding& today) {
-  constexpr std::array kWords{"batting", "pitching", "line scores", "win/loss", "matchups"};
+  constexpr std::array kWords{"batting", "pitching", "line scores", "win/loss", "matchups",
+                              "games",   "plays",    "runs",        "decisions"};
   std::string text;
   for (std::size_t i = 0; i < kWords.size() && i < copy.tables.size(); ++i) {
     const TableSums now = i < today.tables.size() ? today.tables[i] : TableSums();

@@ -9,11 +9,13 @@
 #include <utility>
 #include <vector>
 
+#include "base/checksum.h"
 #include "base/program_error.h"
 #include "base/time_stamp.h"
 #include "database/archive_games.h"
 #include "database/backups.h"
 #include "database/lost_database.h"
+#include "database/play_rows.h"
 #include "database/rows.h"
 #include "database/saved_games.h"
 #include "database/saved_tables.h"
@@ -23,6 +25,7 @@
 #include "game/new_game.h"
 #include "platform/database.h"
 #include "platform/trapped.h"
+#include "record/game_record.h"
 #include "sheet/cell_edit.h"
 #include "sheet/number_cells.h"
 #include "sheet/proof.h"
@@ -41,11 +44,16 @@ constexpr std::array kOrderOfTeams{Side::Visitors, Side::Home};
 struct GameSave {
   Board& board;
   std::unique_ptr<DatabaseSave> rows;
-  std::string noCopy = {};  // why the database was not copied first
-  std::size_t table = 0;    // place in SavedTables of the one being filled
+  std::string park;          // "": not known
+  std::string remarks = {};  // what went not as it should, for the box at the end
+  std::size_t table = 0;     // place in SavedTables of the one being filled
+  std::uint64_t checksum = kChecksumOfNothing;  // of all rows
 
   [[nodiscard]] const TableColumns& columns() const { return SavedTables().at(table); }
-  void Append(const std::vector<ColumnText>& row) { rows->Append(columns().table, row); }
+  void Append(const std::vector<ColumnText>& row) {
+    rows->Append(columns().table, row);
+    checksum = ChecksumOf(TableRow{columns().table, row}, checksum);
+  }
   void FinishTable() { ++table; }
 };
 
@@ -220,14 +228,22 @@ void TellFailure(GameSave& save, const GameMemento& before, const std::string& w
       BoxIcon::Critical);
 }
 
-// "" if the season has its mark, or needs none; else why not.
-std::string MarkInSeason(Board& board) {
-  try {
-    NoteSavedArchiveGame(board);
-    return {};
-  } catch (const ProgramError& failure) {
-    return "\nThe season's list does not mark it as played. " + std::string(failure.what());
-  }
+// The plays and what comes of them, in the tables of their own. They are no reason to lose a game:
+// where a table of such a name is somebody else's, the five tables have the game without them.
+void RecordPlays(GameSave& save) {
+  GameRecord game = RecordOf(save.board);
+  // As in the five tables.
+  for (const Side side : kOrderOfTeams) game.side(side).team = TeamOf(save.board, side);
+  game.archive = ArchiveGameOnBoard(save.board);
+  game.date = DateOfArchiveGame(game.archive);
+  if (game.date.empty()) game.date = DateText(save.board.platform.clock.Now());
+  game.park = save.park;
+  std::vector<TableRow> rows = PlayRowsOf(game);
+  for (const TableRow& row : rows) save.checksum = ChecksumOf(row, save.checksum);
+  rows.push_back(GameRowOf(game, save.checksum));
+  const std::string fault = save.rows->AppendPlays(rows);
+  if (fault.empty()) return;
+  save.remarks += "\n\nIts plays, its date and its decisions were not saved with it. " + fault;
 }
 
 // False: nothing is stored, which was told.
@@ -238,6 +254,7 @@ bool Record(GameSave& save, const GameMemento& before) {
     RecordBoxScore(save);
     UpdateWinLoss(save);
     RecordMatchup(save);
+    RecordPlays(save);
     save.rows->Commit();
   } catch (const ProgramError& failure) {
     if (!IsLost(failure)) {
@@ -252,11 +269,9 @@ bool Record(GameSave& save, const GameMemento& before) {
     TellFailure(save, before, "The computer is out of memory.");
     return false;
   }
-  const std::string noMark = MarkInSeason(save.board);
   // What is in the database cannot be taken back on the board.
   if (save.board.history != nullptr) save.board.history->Clear();
   save.rows.reset();
-  save.noCopy += noMark;
   return true;
 }
 
@@ -326,7 +341,7 @@ std::unique_ptr<DatabaseSave> BeginSave(Platform& platform, bool lostBefore = fa
 }
 
 // What is told once the game is stored; nothing where it is not.
-std::optional<std::string> Save(Board& board) {
+std::optional<std::string> Save(Board& board, const std::string& park) {
   std::optional<std::string> told;
   Trapped(board.platform.boxes, [&] {
     const Gesture gesture(board, "SAVE TO DB");
@@ -343,20 +358,20 @@ std::optional<std::string> Save(Board& board) {
     TakeBackReportedInnings(board);
     if (TellMisplacedText(board)) return Restore(board, before);
     const std::string noCopy = CopyBeforeFirstSave(board.platform);
-    GameSave save{board, BeginSave(board.platform), noCopy};
+    GameSave save{board, BeginSave(board.platform), park, noCopy};
     if (!save.rows) return Restore(board, before);
     sheet.Command2_enabled.Set(false);
     for (const Side side : kOrderOfTeams) EnterLastPitcher(board, side);
     for (const Side side : kOrderOfPlayers) CalcPitcherIPFinal(board, side);
-    if (Record(save, before)) told = "Data successfully recorded" + save.noCopy;
+    if (Record(save, before)) told = "Data successfully recorded" + save.remarks;
   });
   return told;
 }
 
 }  // namespace
 
-void SaveGame(Board& board) {
-  if (const auto told = Save(board)) OfferNewGame(board, *told);
+void SaveGame(Board& board, const std::string& park) {
+  if (const auto told = Save(board, park)) OfferNewGame(board, *told);
 }
 
 }  // namespace dtb

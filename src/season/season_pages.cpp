@@ -370,10 +370,7 @@ class PageWriter {
   std::vector<MonthMark> months_;
 };
 
-std::string FolderName(const LocalTime& today) {
-  return kSeasonFolder + std::to_string(today.year) + "-" + TwoDigits(today.month) + "-" +
-         TwoDigits(today.day);
-}
+std::string FolderName(const LocalTime& today) { return kSeasonFolder + DateText(today); }
 
 // The folder; nothing where the person cancelled or there is no game.
 std::optional<std::filesystem::path> Write(Platform& platform, const ExportProgress& progress,

@@ -39,16 +39,19 @@ struct Desktop final : QuietDesktop {
                                        const GoOn& goOn) override {
     return ZipArchives().OpenArchive(from, goOn);
   }
-  void Run(const Statement&, RowSink& rows) override {
-    rows.TakeFields({"GameID"});
-    for (const std::string& id : saved)
-      rows.TakeRow(std::array{DatabaseValue(std::string_view(id))});
+  void Run(const Statement& query, RowSink& rows) override {
+    const bool games = query.text.find("ArchiveGame") != std::string::npos;
+    rows.TakeFields({});
+    for (const auto& [id, archiveGame] : saved) {
+      const std::array<DatabaseValue, 2> row{archiveGame, id};
+      rows.TakeRow(games ? std::span(row) : std::span(row).last(1));
+    }
   }
 
   std::string told;
   bool answer = true;
   std::map<std::string, std::string> settings;
-  std::vector<std::string> saved;  // GameIDs
+  std::map<std::string, std::string> saved;  // games of an archive, by GameID
 };
 
 class SeasonWindow : public testing::Test {
@@ -124,9 +127,7 @@ TEST_F(SeasonWindow, ATeamIsWrittenLoadedAndNeverPutOverAnotherFileUnasked) {
 
 TEST_F(SeasonWindow, ASeasonIsGoneThroughGameByGame) {
   const auto save = [this](const std::string& id) {
-    sheet.tb_TimeStamp2.Set(id);
-    NoteSavedArchiveGame(board);
-    desktop.saved.push_back(id);
+    desktop.saved[id] = ArchiveGameOnBoard(board);
   };
   const auto marks = [this] {
     SelectTeamNamed("Oakland 2020");
@@ -163,7 +164,7 @@ TEST_F(SeasonWindow, ASeasonIsGoneThroughGameByGame) {
   EXPECT_TRUE(LoadNextGame(desk));
   EXPECT_EQ(kept.season->games[*kept.game].id, "OAK202007260");
   // Taken out of the database, a game is to be played again.
-  desktop.saved = {"a"};
+  desktop.saved.erase("b");
   Read();
   EXPECT_EQ(marks(), ".x...");
   desktop.answer = false;

@@ -20,6 +20,7 @@ class CopiesTest : public DatabaseTest {
       fields.score.at(kTotalRuns).text.Set(text);
       table.Put(side, 1, {{stat_column::kBatter, "Joe"}, {stat_column::kPlayed, "1"}});
     }
+    if (withPlays) table.PlayThree();
     SaveGame(table.board);
     ASSERT_TRUE(desk.told.back().starts_with("Data successfully")) << desk.told.back();
   }
@@ -30,6 +31,14 @@ class CopiesTest : public DatabaseTest {
     return counts;
   }
 
+  // Rows in Games, Plays, Runs and Decisions.
+  std::string PlayCounts() const {
+    std::string counts;
+    for (const TableColumns& table : PlayTables()) counts += Count(table.table) + " ";
+    return counts;
+  }
+
+  bool withPlays = false;  // of the games that are saved
   SqliteCopies copies{file, std::chrono::milliseconds(20)};
   Platform ports = PlatformOf(desk, database, workbooks, folder, &copies);
   BrowserState state;

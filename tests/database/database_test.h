@@ -22,6 +22,7 @@
 #include "database/saved_games.h"
 #include "database/saved_tables.h"
 #include "game/constant_update.h"
+#include "game/plays.h"
 #include "game/start_up.h"
 #include "platform/quiet_desktop.h"
 #include "platform/sqlite/sqlite_database.h"
@@ -146,6 +147,28 @@ struct Table {
   // Cells of a row: "2=1 11=Joe" puts "1" into column 2 and "Joe" into column 11.
   void Put(Side side, int row, const std::vector<std::pair<int, std::string>>& cells) {
     for (const auto& [column, text] : cells) SideOf(board, side).grid.SetText(row, column, text);
+  }
+  // Al singles, Bo brings both home, O'Neill strikes out.
+  void PlayThree() {
+    state.plays.Append({.batter = "Al",
+                        .pitcher = "k",
+                        .basesKept = true,
+                        .moves = {{"Al", kAtBatPlace, kFirstBase, "", false, false, false}},
+                        .after = {"Al", "", ""}});
+    state.plays.Append({.outcome = Outcome::Homer,
+                        .batter = "Bo",
+                        .pitcher = "l",
+                        .basesKept = true,
+                        .moves = {{"Al", kFirstBase, kHomePlate, "k", true, false, true},
+                                  {"Bo", kAtBatPlace, kHomePlate, "l", true, true, false}},
+                        .after = {}});
+    state.plays.Append({.half = 1,
+                        .outsBefore = 2,
+                        .outcome = Outcome::Strikeout,
+                        .batter = "O'Neill",
+                        .pitcher = "K",
+                        .moves = {},
+                        .after = {}});
   }
   std::string Cell(Side side, int row, int column) {
     return std::string(SideOf(board, side).grid.Text(row, column));

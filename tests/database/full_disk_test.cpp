@@ -26,6 +26,7 @@ class FullDiskOfTheDatabase : public CopiesTest {
       const std::string name = std::string(200, 'a') + std::to_string(row);
       table.Put(Side::Visitors, row, {{stat_column::kBatter, name}, {stat_column::kPlayed, "1"}});
     }
+    table.PlayThree();
     SaveGame(table.board);
     return "Data successfully recorded";
   }

@@ -23,6 +23,12 @@ class TellingSave : public DatabaseSave {
     Tell(kStep);
     save_->Append(table, row);
   }
+  std::string AppendPlays(const std::vector<TableRow>& rows) override {
+    Tell(kStep);
+    std::string fault = save_->AppendPlays(rows);
+    Tell(kStep);
+    return fault;
+  }
   void Commit() override {
     Tell(kStep);
     save_->Commit();
@@ -63,6 +69,7 @@ void SaveOne(Platform& ports, TestDesk& desk, int run, int game) {
                  {stat_column::kPlayed, "1"}});
     }
   }
+  table.PlayThree();
   SaveGame(table.board);
 }
 
@@ -109,8 +116,12 @@ class SaveKills : public DatabaseTest {
   void CheckFile() const {
     EXPECT_EQ(Stored("PRAGMA integrity_check"), Strings{"ok"});
     EXPECT_GT(games_, 0);
-    for (const auto& [table, rowsOfAGame] :
-         {std::pair{"Batting", 24}, {"Pitching", 2}, {"BoxScores", 2}}) {
+    for (const auto& [table, rowsOfAGame] : {std::pair{"Batting", 24},
+                                             {"Pitching", 2},
+                                             {"BoxScores", 2},
+                                             {"Plays", 3},
+                                             {"Runs", 2},
+                                             {"Games", 1}}) {
       const std::string name = table;
       EXPECT_EQ(Stored("SELECT DISTINCT count(*) FROM " + name + " GROUP BY GameID"),
                 Strings{std::to_string(rowsOfAGame)});
@@ -134,7 +145,8 @@ TEST_F(SaveKills, AtAnyStep) {
 }
 
 TEST_F(SaveKills, WithinAWrite) {
-  constexpr rlim_t kGrowth = 16384;  // some games more, so that some are stored
+  // The tables of the plays, and some games more, so that some are stored.
+  constexpr rlim_t kGrowth = 49152;
   for (int run = 0; run < kills_ && !HasFailure(); ++run) {
     const rlim_t most = random_() % (std::filesystem::file_size(file) + kGrowth);
     CheckGames(SaveAndDie(run, std::string::npos, most));

@@ -141,6 +141,10 @@ struct ShortOfMemory : QuietDesktop {
     void Append(const std::string& /*table*/, const std::vector<ColumnText>& /*row*/) override {
       if (left-- == 0) throw std::bad_alloc();
     }
+    std::string AppendPlays(const std::vector<TableRow>& /*rows*/) override {
+      if (left-- == 0) throw std::bad_alloc();
+      return {};
+    }
     void Commit() override {
       if (left-- == 0) throw std::bad_alloc();
     }
@@ -166,7 +170,7 @@ TEST_F(SaveTest, CanBeTriedAgainWhenMemoryRunsOut) {
       EXPECT_EQ(GameText(table.board), before);
     }
   } while (desk.told.back() != kSaved && failures < 100);
-  EXPECT_EQ(failures, 12) << "eleven rows and the commit, and then it works";
+  EXPECT_EQ(failures, 13) << "eleven rows, the plays and the commit, and then it works";
 }
 
 TEST_F(SaveTest, NumericColumnsTakeNumbersAlone) {

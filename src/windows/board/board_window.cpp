@@ -53,7 +53,7 @@ BoardWindow::BoardWindow(Board& board, Aids& aids, QtPictures& pictures)
   BuildMenu();
   BuildScene();
   log_ = new LogWindow(board.log, this);
-  form2_ = new SheetWindow(board, pictures, this);
+  form2_ = new SheetWindow(board, aids.state.Picture1, pictures, this);
   form2_->addActions({edit_->undo(), edit_->redo()});
   // Else Qt would give the focus to the first button, and an Enter would press it.
   park_->setFocus(Qt::OtherFocusReason);

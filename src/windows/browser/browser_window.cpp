@@ -320,7 +320,7 @@ void BrowserWindow::BuildLineScores() {
 
   QHBoxLayout* strip = AddStrip(page);
   connect(AddButton(strip, "Command15", "Send Access DB to Excel",
-                    "Writes all five tables of the database into a workbook"),
+                    "Writes all tables of the database into a workbook"),
           &QPushButton::clicked, this, [this] { SendTablesToExcel(); });
   connect(AddButton(strip, "Command16", "Send all DataGrids to Excel",
                     "Writes what the tabs show into a workbook, opens it and closes this window"),

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QShortcut>
 
+#include "base/paths.h"
 #include "database/save_game.h"
 #include "game/constant_update.h"
 #include "game/history.h"
@@ -35,8 +36,9 @@ constexpr double kBoxScoreTwip = 1.6 * kTwip;      // figures of the line score 
 
 }  // namespace
 
-SheetWindow::SheetWindow(Board& board, QtPictures& pictures, QWidget* parent)
-    : QDialog(parent), board_(board), scene_(kWidth, kHeight) {
+SheetWindow::SheetWindow(Board& board, const Field<Picture>& park, QtPictures& pictures,
+                         QWidget* parent)
+    : QDialog(parent), board_(board), park_(park), scene_(kWidth, kHeight) {
   setObjectName(QStringLiteral("Form2"));
   setWindowTitle(QStringLiteral("Stats"));
   BuildTop(pictures);
@@ -199,7 +201,7 @@ void SheetWindow::BuildBottom() {
   });
   connect(save, &QPushButton::clicked, this, [this] {
     const BusyPointer busy;
-    SaveGame(board_);
+    SaveGame(board_, TextOf(PathOf(park_.value().path).stem()));
   });
   scene_.Put(save, {1260, 776, 248, 44}, kLarge, true);
 }

@@ -16,7 +16,8 @@ namespace dtb {
 class SheetWindow : public QDialog {
   Q_OBJECT
  public:
-  SheetWindow(Board& board, QtPictures& pictures, QWidget* parent);
+  // The save names the park whose picture is shown.
+  SheetWindow(Board& board, const Field<Picture>& park, QtPictures& pictures, QWidget* parent);
   // The controls go before what they look at, as on the board.
   ~SheetWindow() override;
   SheetWindow(const SheetWindow&) = delete;
@@ -49,6 +50,7 @@ class SheetWindow : public QDialog {
   [[nodiscard]] StatGridView& EditedTable();
 
   Board& board_;
+  const Field<Picture>& park_;
   Scene scene_;
   StatGridView* boxScore_ = nullptr;
   StatGridView* visitors_ = nullptr;

@@ -13,25 +13,37 @@ std::string Element(const char* tag, std::string_view text) {
          ">";
 }
 
-// The name stands on the left, figures on the right, in each table of a page.
-std::string Row(const char* tag, std::string_view name, const std::vector<std::string>& cells) {
-  std::string row = "<tr><th align=\"left\">" + HtmlText(name) + "</th>";
-  for (const std::string& cell : cells) {
-    row.append("<").append(tag).append(" align=\"right\">").append(HtmlText(cell));
-    row.append("</").append(tag).append(">");
+constexpr const char* kTable = "<table class=\"box\" cellpadding=\"2\" cellspacing=\"0\"";
+
+// A row of a table: the name on the left, figures on the right, so many percent of the table wide;
+// the last one, an average, has more room.
+struct Widths {
+  int figure = 0;  // 0: as wide as its text
+  int last = 0;
+};
+std::string Row(const char* tag, std::string_view name, const std::vector<std::string>& cells,
+                Widths widths = {}) {
+  const auto cell = [tag](const char* align, int width, std::string_view text) {
+    std::string html = std::string("<").append(tag).append(" align=\"").append(align).append("\"");
+    if (width > 0) html += " width=\"" + std::to_string(width) + "%\"";
+    return html + ">" + HtmlText(text) + "</" + tag + ">";
+  };
+  std::string row = "<tr>" + cell("left", 0, name);
+  for (const std::string& one : cells) {
+    row += cell("right", &one == &cells.back() ? widths.last : widths.figure, one);
   }
   return row + "</tr>\n";
 }
 
-constexpr const char* kTable = "<table class=\"box\" cellpadding=\"2\" cellspacing=\"0\">\n";
-
 std::string TableHtml(const BoxTable& table) {
-  std::string html = kTable + Row("th", table.title, table.headers);
+  constexpr Widths kWidths{7, 12};
+  std::string html =
+      kTable + std::string(" width=\"100%\">\n") + Row("th", table.title, table.headers, kWidths);
   for (const BoxRow& row : table.rows) {
     constexpr const char* kIndent = "\u2003";  // an em space
-    html += Row("td", (row.indented ? kIndent : "") + row.name, row.cells);
+    html += Row("td", (row.indented ? kIndent : "") + row.name, row.cells, kWidths);
   }
-  if (!table.totals.empty()) html += Row("th", "Totals", table.totals);
+  if (!table.totals.empty()) html += Row("th", "Totals", table.totals, kWidths);
   return html + "</table>\n";
 }
 
@@ -40,7 +52,8 @@ std::string LineHtml(const std::array<BoxLine, 2>& line) {
   const std::size_t innings = std::max(line[0].innings.size(), line[1].innings.size());
   for (std::size_t i = 1; i <= innings; ++i) headers.push_back(std::to_string(i));
   for (const char* total : {"R", "H", "E"}) headers.emplace_back(total);
-  std::string html = kTable + Row("th", "", headers);
+  std::string html =
+      "<table class=\"box\" cellpadding=\"4\" cellspacing=\"0\">\n" + Row("th", "", headers);
   for (const BoxLine& one : line) {
     std::vector<std::string> cells = one.innings;
     cells.resize(innings);
@@ -52,24 +65,33 @@ std::string LineHtml(const std::array<BoxLine, 2>& line) {
 
 std::string ScoringHtml(const std::vector<std::string>& plays) {
   if (plays.empty()) return "";
-  std::string html = "<p><b>Scoring plays</b></p>\n<ul>\n";
-  for (const std::string& play : plays) html += Element("li", play) + '\n';
-  return html + "</ul>\n";
+  std::string html = "<p class=\"story\"><b>Scoring plays</b>";
+  for (const std::string& play : plays) html += "<br>\n" + HtmlText(play);
+  return html + "</p>\n";
+}
+
+std::string BattingHtml(const BoxSide& side) {
+  std::string notes;
+  for (const std::string& note : side.substitutes) notes += (notes.empty() ? "" : " ") + note + '.';
+  std::string html = TableHtml(side.batting);
+  return notes.empty() ? html : html + "<p class=\"box-notes\">" + HtmlText(notes) + "</p>\n";
+}
+
+std::string Beside(const std::string& left, const std::string& right, BoxColumns columns) {
+  if (columns == BoxColumns::One) return left + right;
+  const auto half = [](const std::string& html, int percent) {
+    return "<td width=\"" + std::to_string(percent) + "%\" valign=\"top\">" + html + "</td>";
+  };
+  return "<table width=\"100%\"><tr>" + half(left, 48) + half("", 4) + half(right, 48) +
+         "</tr></table>\n";
 }
 
 }  // namespace
 
-std::string BoxHtml(const BoxScore& box) {
+std::string BoxHtml(const BoxScore& box, BoxColumns columns) {
   std::string html = LineHtml(box.line);
-  if (!box.decisions.empty()) html += "<p>" + HtmlText(box.decisions) + "</p>\n";
-  for (const BoxSide& side : box.sides) {
-    html += TableHtml(side.batting);
-    if (side.substitutes.empty()) continue;
-    std::string notes;
-    for (const std::string& note : side.substitutes)
-      notes += (notes.empty() ? "" : " ") + note + '.';
-    html += "<p class=\"box-notes\">" + HtmlText(notes) + "</p>\n";
-  }
+  if (!box.decisions.empty()) html += Element("p", box.decisions) + '\n';
+  html += Beside(BattingHtml(box.sides[0]), BattingHtml(box.sides[1]), columns);
   if (!box.notes.empty()) {
     html += "<p class=\"box-notes\">";
     for (const BoxNote& note : box.notes) {
@@ -77,7 +99,7 @@ std::string BoxHtml(const BoxScore& box) {
     }
     html += "</p>\n";
   }
-  for (const BoxSide& side : box.sides) html += TableHtml(side.pitching);
+  html += Beside(TableHtml(box.sides[0].pitching), TableHtml(box.sides[1].pitching), columns);
   html += ScoringHtml(box.scoring);
   if (!box.remark.empty()) html += Element("p", box.remark) + '\n';
   return html;

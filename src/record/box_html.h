@@ -8,8 +8,11 @@
 
 namespace dtb {
 
+// Both teams below each other, or side by side.
+enum class BoxColumns { One, Two };
+
 // The tables and notes, without a heading; classes "box", "box-notes".
-[[nodiscard]] std::string BoxHtml(const BoxScore& box);
+[[nodiscard]] std::string BoxHtml(const BoxScore& box, BoxColumns columns);
 // The scoring plays, then the half-innings; class "story".
 [[nodiscard]] std::string StoryHtml(const Story& story);
 

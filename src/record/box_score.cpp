@@ -64,6 +64,11 @@ class Maker {
       own.pitching = Pitching(side);
       box.line.at(place) = Line(game_.side(side));
     }
+    // The home team needs no last half-inning where it is ahead.
+    if (game_.over && box.line[1].innings.size() + 1 == box.line[0].innings.size() &&
+        game_.sides[1].runs > game_.sides[0].runs) {
+      box.line[1].innings.emplace_back("x");
+    }
     box.notes = NotesOf(game_, season_, names_);
     box.scoring = ScoringOf(game_);
     box.remark = RemarkOf(game_);

@@ -11,9 +11,6 @@
 namespace dtb {
 namespace {
 
-constexpr std::array kKinds{Decision::Win, Decision::Loss, Decision::Save, Decision::Hold,
-                            Decision::BlownSave};
-
 // A line of the sheet's field: the kind, the side, and the pitcher, "" for nobody.
 struct Line {
   std::string_view kind;
@@ -61,7 +58,7 @@ std::vector<PitcherDecision> DecisionsOnSheet(const StatSheet& sheet, const Game
   const std::vector<PitcherDecision> proposed = ProposedDecisions(game);
   const std::vector<Line> lines = LinesOf(sheet.ChosenDecisions.value());
   std::vector<PitcherDecision> decisions;
-  for (const Decision kind : kKinds) {
+  for (const Decision kind : kAllDecisions) {
     const std::string_view code = DecisionCode(kind);
     if (std::ranges::find(lines, code, &Line::kind) == lines.end()) {
       std::ranges::copy_if(proposed, std::back_inserter(decisions),

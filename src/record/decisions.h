@@ -1,6 +1,7 @@
 // Who won, who lost, and who saved the game.
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,8 @@ namespace dtb {
 struct GameRecord;
 
 enum class Decision { Win, Loss, Save, Hold, BlownSave };
+inline constexpr std::array kAllDecisions{Decision::Win, Decision::Loss, Decision::Save,
+                                          Decision::Hold, Decision::BlownSave};
 
 struct PitcherDecision {
   Side side = Side::Visitors;  // the pitcher's

@@ -73,11 +73,12 @@ std::vector<BatterRecord> BattersOf(const SideFields& fields) {
   for (int row = 1; row < fields.grid.rows(); ++row) {
     const std::string name(fields.grid.Text(row, kBatter));
     if (name.empty() || fields.grid.Text(row, kPlayed) != "1") continue;
-    int place = RowInOrder(fields.list, name);
-    if (place == 0) place = RowInOrder(fields.loaded, name);
+    const int now = RowInOrder(fields.list, name);
+    const int loaded = RowInOrder(fields.loaded, name);
     batters.push_back({.name = name,
                        .position = PositionOf(fields, name),
-                       .place = place,
+                       .place = now != 0 ? now : loaded,
+                       .substitute = now != 0 && now != loaded,
                        .figures = BatterIn(fields.grid, row)});
   }
   return batters;
@@ -149,13 +150,16 @@ struct Standing {
 };
 
 void SettlePlaces(GameRecord& game, Side side) {
+  constexpr long kFirst = -1;
   constexpr long kLast = 1'000'000;
   std::vector<BatterRecord>& batters = game.side(side).batters;
   const std::vector<BattingPlace> places = PlacesOf(game, side);
   std::vector<std::pair<Standing, BatterRecord>> settled;
   for (BatterRecord& batter : batters) {
     const auto known = std::ranges::find(places, batter.name, &BattingPlace::name);
-    Standing standing{batter.place == 0 ? kPlaces + 1 : batter.place, kLast};
+    // Who came to no play began in his place, or was the last one in it.
+    Standing standing{batter.place == 0 ? kPlaces + 1 : batter.place,
+                      batter.substitute ? kLast : kFirst};
     if (known != places.end()) standing = {known->place, known - places.begin()};
     settled.emplace_back(standing, std::move(batter));
   }

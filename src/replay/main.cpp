@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "base/version.h"
+#include "replay/box_page.h"
 #include "replay/command_line.h"
 #include "replay/game_state.h"
 #include "replay/gestures.h"
@@ -120,6 +121,8 @@ int PlayGame(const Script& script, const CommandLine& line) {
   if (options.save) {
     const Comparison comparison = Compare(table.desk.board(), script.figures, before);
     differences = comparison.differences;
+    differences +=
+        BoxDifferences(table.desk.board(), QFileInfo(script.file).dir().filePath("box.txt"));
     report += differences.isEmpty() ? QString(", all figures right")
                                     : QString(", %1 figures wrong").arg(differences.size());
     report += QString("; %1 players with figures have no row in the database")

@@ -1,5 +1,7 @@
 #include "sheet/game_report.h"
 
+#include <algorithm>
+
 #include "base/file_names.h"
 #include "base/html_text.h"
 #include "base/paths.h"
@@ -10,6 +12,7 @@
 #include "game/history.h"
 #include "game/innings.h"
 #include "platform/trapped.h"
+#include "record/box_html.h"
 #include "sheet/cell_edit.h"
 #include "sheet/report_files.h"
 
@@ -66,7 +69,19 @@ void WriteLineScore(Page& page, const StatGrid& grid) {
   EndTable(page);
 }
 
-void WritePage(const StatSheet& sheet, std::string_view title, const std::filesystem::path& file) {
+// The box score and the story; "" for a game without plays.
+std::string NewspaperPart(Board& board, const SeasonBefore& before) {
+  const GameRecord game = RecordOf(board);
+  if (game.plays.empty()) return "";
+  SeasonToDate season = before ? before(game) : SeasonToDate();
+  season.Add(game);
+  const BoxScore box = BoxScoreOf(game, season);
+  return "<h2>" + HtmlText(box.headline) + "</h2>\n" + BoxHtml(box, BoxColumns::Two) +
+         "<h2>Play by play</h2>\n" + StoryHtml(StoryOf(game));
+}
+
+void WritePage(const StatSheet& sheet, std::string_view title, const std::string& behind,
+               const std::filesystem::path& file) {
   Page page;
   page.Line(HtmlText(title));
   for (const StatGrid* grid : {&sheet.grd_VisStats, &sheet.grd_HomeStats}) {
@@ -75,6 +90,11 @@ void WritePage(const StatSheet& sheet, std::string_view title, const std::filesy
   }
   WriteLineScore(page, sheet.grd_BoxScore);
   page.Line(HtmlLines(sheet.tb_Comments.value()));
+  for (std::string_view rest = behind; !rest.empty();) {
+    const std::string_view line = rest.substr(0, rest.find('\n'));
+    page.Line(line);
+    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+  }
   WriteWholeFile(file, page.text(), "report");
 }
 
@@ -95,7 +115,7 @@ std::optional<std::filesystem::path> AskForFile(Board& board) {
 
 }  // namespace
 
-void WriteGameReport(Board& board) {
+void WriteGameReport(Board& board, const SeasonBefore& before) {
   Trapped(board.platform.boxes, [&] {
     const Gesture gesture(board, "HTML REPORT");
     StatSheet& sheet = board.sheet;
@@ -111,7 +131,7 @@ void WriteGameReport(Board& board) {
     WritePage(sheet,
               sheet.lbl_VisTeam.value() + "_at_" + sheet.lbl_HomeTeam.value() + "_" +
                   sheet.tb_TimeStamp.value(),
-              *file);
+              NewspaperPart(board, before), *file);
     board.platform.pages.Open(TextOf(*file));
     TellWhereItLies(board.platform, "The report is written.", *file, "HTML REPORT");
   });

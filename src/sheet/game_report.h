@@ -1,10 +1,12 @@
 // The report of a game as a page for browsers.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
 #include "game/board.h"
+#include "record/season_to_date.h"
 
 namespace dtb {
 
@@ -13,7 +15,11 @@ namespace dtb {
 // Nothing happens while the visitors' table has no row of data, nothing more when the person names
 // no file. An error while writing is told as a Program Error, and what stood in the file is
 // unchanged.
-void WriteGameReport(Board& board);
+//
+// Below the sheet stand the box score and the story of the game, if plays are known of it. `before`
+// tells what its players did before in the season; none: nothing is known of that.
+using SeasonBefore = std::function<SeasonToDate(const GameRecord&)>;
+void WriteGameReport(Board& board, const SeasonBefore& before = {});
 
 // The comment as one line of a page: each of its lines with "<br>" behind it.
 [[nodiscard]] std::string HtmlLines(std::string_view text);

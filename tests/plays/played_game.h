@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/fake_platform.h"
+#include "game/played_mark.h"
 #include "plays/season_scripts.h"
 
 namespace dtb::plays {
@@ -17,6 +18,7 @@ class PlayedGame : public Game {
       const bool named =
           i + 1 < script.gestures.size() && script.gestures[i + 1].starts_with("OUT ");
       Gesture(script.gestures[i], named ? script.gestures[i + 1][4] - '0' : 0);
+      ChangeOfState(board);  // as the board's clock does
     }
   }
 

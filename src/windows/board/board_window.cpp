@@ -28,6 +28,7 @@
 #include "windows/board/base_tracker.h"
 #include "windows/board/options_panel.h"
 #include "windows/board/piece_view.h"
+#include "windows/box/box_window.h"
 #include "windows/boxes/about_box.h"
 #include "windows/boxes/busy.h"
 #include "windows/boxes/message_box.h"
@@ -147,6 +148,8 @@ void BoardWindow::BuildMenu() {
   add("mnuEventLog", "EventLog", later([this] { ShowLog(); }));
   add("mnuPlays", "Plays", later([this] { ShowPlays(); }))
       ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
+  add("mnuBox", "Box", later([this] { ShowBox(); }))
+      ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_B));
   add("mnu_Options", "Options", [this] {
     ToggleOptions(board_);
     if (menuBar()->hasFocus()) focusKeys_->EnterOptions();
@@ -264,6 +267,13 @@ void BoardWindow::ShowPlays() {
   PlaysWindow window(board_, this);
   window.addActions({edit_->undo(), edit_->redo()});
   plays_ = &window;
+  const Application::Net net;
+  window.exec();
+}
+
+void BoardWindow::ShowBox() {
+  BoxWindow window(board_, this);
+  window.addActions({edit_->undo(), edit_->redo()});
   const Application::Net net;
   window.exec();
 }

@@ -57,6 +57,7 @@ class BoardWindow : public QMainWindow {
   void ShowStats();
   void ShowLog();
   void ShowPlays();
+  void ShowBox();
   // The size and place at start: those in which the person left the window, else the launch shrink,
   // or what the screen has room for; centred, with a quarter of the free height above.
   void PlaceAtLaunch();

@@ -4,9 +4,11 @@
 #include <QLabel>
 
 #include "browser/box_score.h"
+#include "database/kept_record.h"
 #include "database/saved_games.h"
 #include "platform/trapped.h"
 #include "season/season_pages.h"
+#include "windows/box/box_window.h"
 #include "windows/browser/browser_window.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
@@ -53,6 +55,13 @@ void BrowserWindow::BuildGameStats() {
   places->setRowStretch(1, 1);
   places->setRowStretch(4, 1);
 
+  QHBoxLayout* strip = AddStrip(page);
+  strip->addStretch(1);
+  QPushButton* box = AddButton(strip, "cmd_Box", "Box score and story",
+                               "The game as newspapers print it, and play by play");
+  BindVisible(box, state_.MSHFlexGrid12.visible);
+  connect(box, &QPushButton::clicked, this, &BrowserWindow::ShowBox);
+
   QLabel* hint = MakeCaption(
       QStringLiteral("No game is shown yet.\n\nClick a GameID, in the last column of the tab "
                      "\"Linescores\", and its box score appears here."),
@@ -60,6 +69,21 @@ void BrowserWindow::BuildGameStats() {
   Name(hint, "lbl_NoGame", hint->text());
   page->addWidget(hint, 1, Qt::AlignCenter);
   Follow<bool>(hint, state_.MSHFlexGrid12.visible, [hint](bool shown) { hint->setHidden(shown); });
+}
+
+void BrowserWindow::ShowBox() {
+  const SavedGame shown = GameInRow(state_.MSHFlexGrid12.grid, 1);
+  std::optional<GameRecord> game;
+  Do([&] {
+    game = ReadRecord(browser_.platform.database, shown.id, {shown.visitors, shown.home});
+    if (!game) {
+      browser_.platform.boxes.Show("The game " + shown.id + " is no longer in the database.",
+                                   BoxIcon::Information, kBrowserTitle);
+    }
+  });
+  if (!game) return;
+  BoxWindow window(browser_.platform, *game, this);
+  window.exec();
 }
 
 // The header, both teams, and a scroll bar where the innings are too many.

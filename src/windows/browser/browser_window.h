@@ -63,6 +63,8 @@ class BrowserWindow : public QDialog {
   void BuildWinLoss();
   void BuildGameStats();
   void SizeLineScore();
+  // The box score of the game that the tab shows, in a window of its own.
+  void ShowBox();
   void AddTeamHeading(const char* name, int row, QGridLayout* places, int place);
   void BuildTournament();
   void BuildSeason();

@@ -12,6 +12,7 @@
 #include "game/constant_update.h"
 #include "game/history.h"
 #include "platform/qt/qt_text.h"
+#include "season/season_before.h"
 #include "sheet/cell_edit.h"
 #include "sheet/game_report.h"
 #include "sheet/game_workbook.h"
@@ -61,6 +62,7 @@ void SheetWindow::FollowSteps() {
       [this] {
         if (!isVisible()) return;
         if (board_.history->stepped()) ConstantUpdate(board_);
+        decisions_->Update();
         ShowProof();
       },
       WhileItLives(this));
@@ -166,7 +168,7 @@ void SheetWindow::BuildSide(Side side) {
   table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   table->ShowWholeRows();
   table->SetStretchColumns({stat_column::kBatter, stat_column::kPitcher});
-  scene_.Put(table, {left, 140, kTableWidth, 624});
+  scene_.Put(table, {left, 140, kTableWidth, 584});
   connect(table, &StatGridView::editWanted, this,
           [this, side](int row, int column) { BeginCellEdit(board_, side, row, column); });
   connect(table, &StatGridView::clearWanted, this,
@@ -174,6 +176,8 @@ void SheetWindow::BuildSide(Side side) {
 }
 
 void SheetWindow::BuildBottom() {
+  decisions_ = new DecisionLine(board_, this);
+  scene_.Put(decisions_, {12, 734, kWidth - 24, 34});
   auto* title = MakeCaption(QStringLiteral("Game comments (110 characters):"), this);
   Name(title, "Label2");
   scene_.Put(title, {12, 780, 240, 36}, kBody);
@@ -221,7 +225,11 @@ void SheetWindow::BuildExports() {
           QStringLiteral("When the game is over: fills in both pitchers' innings and writes the "
                          "sheet as a page for browsers"),
           948),
-      &QPushButton::clicked, this, [this] { WriteGameReport(board_); });
+      &QPushButton::clicked, this, [this] {
+        WriteGameReport(board_, [this](const GameRecord& game) {
+          return ReadSeasonBefore(board_.platform.database, game);
+        });
+      });
   connect(add("cmd_Excel", "SEND TO EXCEL",
               QStringLiteral("Writes the sheet into a workbook and opens it"), 1100),
           &QPushButton::clicked, this, [this] { SendToExcel(); });
@@ -304,6 +312,7 @@ void SheetWindow::resizeEvent(QResizeEvent* event) {
     table->SetScale(kBody * scale, kTwip * scene_.resizer().scaleX());
   }
   boxScore_->SetScale(kLarge * scale, kBoxScoreTwip * scene_.resizer().scaleX());
+  decisions_->SetType(Font(kBody * scale));
   if (proofList_->isVisible()) ShowProof();
   HoldRatio(this, scene_.resizer(), 0);
 }
@@ -311,6 +320,7 @@ void SheetWindow::resizeEvent(QResizeEvent* event) {
 void SheetWindow::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   visitors_->setFocus(Qt::OtherFocusReason);
+  decisions_->Update();
   ShowProof();
 }
 

@@ -8,6 +8,7 @@
 #include "platform/qt/qt_pictures.h"
 #include "windows/shared/scene.h"
 #include "windows/shared/stat_grid_view.h"
+#include "windows/sheet/decision_line.h"
 #include "windows/sheet/proof_view.h"
 
 namespace dtb {
@@ -56,6 +57,7 @@ class SheetWindow : public QDialog {
   StatGridView* visitors_ = nullptr;
   StatGridView* home_ = nullptr;
   QLineEdit* editor_ = nullptr;
+  DecisionLine* decisions_ = nullptr;
   ProofPlate* proofPlate_ = nullptr;
   ProofList* proofList_ = nullptr;
 };

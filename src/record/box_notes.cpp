@@ -64,6 +64,19 @@ bool AllOnBases(const GameRecord& game) {
   return !game.plays.empty() && std::ranges::all_of(game.plays, &Play::basesKept);
 }
 
+// Who came to bat and is not among the batters, because his line of the sheet has no mark.
+std::vector<std::string> BattersWithoutRow(const GameRecord& game) {
+  std::vector<std::string> missing;
+  for (const Play& play : game.plays) {
+    const auto has = [&play](const SideRecord& side) {
+      return std::ranges::count(side.batters, play.batter, &BatterRecord::name) > 0;
+    };
+    if (play.batter.empty() || std::ranges::any_of(game.sides, has)) continue;
+    if (std::ranges::count(missing, play.batter) == 0) missing.push_back(play.batter);
+  }
+  return missing;
+}
+
 int OnBase(const Play& play) {
   return static_cast<int>(
       std::ranges::count_if(play.after, [](const std::string& name) { return !name.empty(); }));
@@ -293,7 +306,17 @@ std::string RemarkOf(const GameRecord& game) {
   for (const SideRecord& side : game.sides) {
     if (!side.runsKnown) teams += (teams.empty() ? "" : " and ") + side.team;
   }
-  return teams.empty() ? "" : "The plays do not tell who scored all runs of " + teams + '.';
+  std::string remark;
+  if (!teams.empty()) remark = "The plays do not tell who scored all runs of " + teams + '.';
+  const std::vector<std::string> missing = BattersWithoutRow(game);
+  for (const std::string& name : missing) {
+    remark += &name != &missing.front() ? ", " : remark.empty() ? "" : " ";
+    remark += name;
+  }
+  if (missing.empty()) return remark;
+  return remark + " batted, but " + (missing.size() == 1 ? "is" : "are") +
+         " not marked as having played, so the tables lack " +
+         (missing.size() == 1 ? "him." : "them.");
 }
 
 }  // namespace dtb

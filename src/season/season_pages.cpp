@@ -9,9 +9,11 @@
 #include "base/program_error.h"
 #include "base/whole_file.h"
 #include "base/words.h"
+#include "record/box_html.h"
 #include "season/season_book.h"
 #include "season/season_html.h"
 #include "season/season_leaders.h"
+#include "season/season_records.h"
 #include "season/season_scores.h"
 #include "season/season_standings.h"
 #include "season/season_words.h"
@@ -97,8 +99,11 @@ class PageFolder {
 
 class PageWriter {
  public:
-  explicit PageWriter(const SeasonBook& book)
-      : book_(book), season_(book.season), months_(MonthMarks(season_)) {}
+  PageWriter(Database& database, const SeasonBook& book)
+      : book_(book),
+        season_(book.season),
+        months_(MonthMarks(season_)),
+        records_(database, season_) {}
 
   // Writes a page after the other. False: the person has enough of it.
   bool WriteAll(const PageFolder& folder, const ExportProgress& progress) {
@@ -316,10 +321,13 @@ class PageWriter {
     return {DayLink(outing.game), (own == 0 ? "at " : "") + TeamLink(sides.at(1 - own).team)};
   }
 
-  [[nodiscard]] std::string GamePage(int place) const {
+  std::string GamePage(int place) {
     const SeasonGame& game = season_.games[place];
     std::vector<std::string> names;
     for (const SeasonSide& side : game.sides) names.push_back(season_.teams[side.team].name);
+    const GameRecord* record = records_.Next(place);
+    const bool told = record != nullptr && !record->plays.empty();
+    if (told) names.insert(names.end(), {"Box score", "Play by play"});
     std::string page = PageContents(names) + Paragraph(DayAndTimeText(game.time)) + LineScore(game);
     for (std::size_t side = 0; side < game.sides.size(); ++side) {
       page += PartHeading(side + 1, names[side]);
@@ -338,7 +346,10 @@ class PageWriter {
         page += PageTable(table, LastRow::Sum);
       }
     }
-    return page;
+    if (!told) return page;
+    const BoxScore box = BoxScoreOf(*record, records_.toDate());
+    return page + PartHeading(3, "Box score") + BoxHtml(box, BoxColumns::One) +
+           PartHeading(4, "Play by play") + StoryHtml(StoryOf(*record));
   }
 
   [[nodiscard]] std::string LineScore(const SeasonGame& game) const {
@@ -368,6 +379,7 @@ class PageWriter {
   const SeasonBook& book_;
   const SeasonFigures& season_;
   std::vector<MonthMark> months_;
+  SeasonRecords records_;
 };
 
 std::string FolderName(const LocalTime& today) { return kSeasonFolder + DateText(today); }
@@ -387,7 +399,7 @@ std::optional<std::filesystem::path> Write(Platform& platform, const ExportProgr
   std::filesystem::path place =
       FreeFile(ReportsFolder(platform), FolderName(platform.clock.Now()), "");
   PageFolder folder(place);
-  PageWriter writer(book);
+  PageWriter writer(platform.database, book);
   if (!writer.WriteAll(folder, progress)) return std::nullopt;
   folder.PutInPlace();
   contents = Counted(std::ssize(book.season.games), "game") + ", " +

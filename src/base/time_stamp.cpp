@@ -37,6 +37,36 @@ std::string DateText(const LocalTime& time) {
          "-" + TwoDigits(time.day);
 }
 
+std::optional<LocalTime> DateIn(std::string_view text) {
+  constexpr std::string_view kForm = "0000-00-00";
+  if (text.size() != kForm.size()) return std::nullopt;
+  std::array<int, 3> parts{};
+  std::size_t part = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (kForm[i] == '-') {
+      if (text[i] != '-') return std::nullopt;
+      ++part;
+      continue;
+    }
+    if (text[i] < '0' || text[i] > '9') return std::nullopt;
+    parts.at(part) = 10 * parts.at(part) + (text[i] - '0');
+  }
+  const auto [year, month, day] = parts;
+  if (month < 1 || month > 12 || day < 1 || day > 31) return std::nullopt;
+  return LocalTime{.year = year, .month = month, .day = day};
+}
+
+std::string PlainMonth(const LocalTime& time) {
+  constexpr std::array kMonths{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                               "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+  return std::string(kMonths.at(static_cast<std::size_t>(time.month) - 1)) + ' ' +
+         std::to_string(time.year);
+}
+
+std::string PlainDay(const LocalTime& time) {
+  return std::to_string(time.day) + ' ' + PlainMonth(time);
+}
+
 LocalTime NextSecond(LocalTime time) {
   const bool leap = time.year % 4 == 0 && (time.year % 100 != 0 || time.year % 400 == 0);
   const std::array<int, 12> days{31, leap ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};

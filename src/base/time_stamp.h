@@ -28,6 +28,13 @@ struct LocalTime {
 // The day as "2026-11-18".
 [[nodiscard]] std::string DateText(const LocalTime& time);
 
+// The day of such a text; nothing for one that is none.
+[[nodiscard]] std::optional<LocalTime> DateIn(std::string_view text);
+
+// "Apr 2026", and "12 Apr 2026".
+[[nodiscard]] std::string PlainMonth(const LocalTime& time);
+[[nodiscard]] std::string PlainDay(const LocalTime& time);
+
 // A second later, over the end of a day, month or year as well.
 [[nodiscard]] LocalTime NextSecond(LocalTime time);
 

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/text_cell.h"
+#include "base/time_stamp.h"
 #include "base/words.h"
 #include "record/batting_places.h"
 #include "record/box_notes.h"
@@ -172,18 +173,8 @@ std::string InningsAndThirds(double outs) {
 }
 
 std::string PlainDate(const std::string& date) {
-  constexpr std::array kMonths{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                               "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-  const auto number = [&date](std::size_t from, std::size_t count) {
-    return static_cast<int>(NumberOf(date.substr(from, count)));
-  };
-  constexpr std::size_t kLength = 10;
-  if (date.size() != kLength || date[4] != '-' || date[7] != '-') return date;
-  const int month = number(5, 2);
-  const int day = number(8, 2);
-  if (month < 1 || month > static_cast<int>(kMonths.size()) || day < 1) return date;
-  return std::to_string(day) + ' ' + kMonths.at(static_cast<std::size_t>(month) - 1) + ' ' +
-         date.substr(0, 4);
+  const auto day = DateIn(date);
+  return day ? PlainDay(*day) : date;
 }
 
 }  // namespace dtb

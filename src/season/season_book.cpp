@@ -1,5 +1,6 @@
 #include "season/season_book.h"
 
+#include <algorithm>
 #include <string_view>
 #include <unordered_map>
 
@@ -79,6 +80,42 @@ void AddRows(SeasonBook& book, const Places& places, Database& database, SeasonR
   });
 }
 
+// What the tables of the plays add to the rows that stand in the book.
+void AddPlayParts(SeasonBook& book, const Places& places, Database& database, SeasonRole role) {
+  const auto roleAt = static_cast<std::size_t>(role);
+  ForEachPlayPart(database, role, {.byGame = true}, [&](const PlayPart& part) {
+    const int team = places.TeamOf(part.team);
+    const int man = team < 0 ? -1 : places.ManOf(team, part.name);
+    if (man < 0) return;
+    auto& outings = book.outings[man].at(roleAt);
+    const auto outing = std::ranges::find(outings, part.game, &SeasonOuting::id);
+    if (outing != outings.end()) outing->line += part.part;
+    const int game = places.GameOf(part.game, team);
+    if (game < 0) return;
+    const std::size_t side = book.season.games[game].sides[0].team == team ? 0 : 1;
+    auto& entries = book.games[game].at(side).at(roleAt);
+    const auto entry = std::ranges::find(entries, man, &BookEntry::man);
+    if (entry != entries.end()) entry->line += part.part;
+  });
+}
+
+void AddDuels(SeasonBook& book, const Places& places, Database& database) {
+  const auto add = [&](const std::string& team, const std::string& name, SeasonRole role,
+                       SplitLine line) {
+    const int place = places.TeamOf(team);
+    const int man = place < 0 ? -1 : places.ManOf(place, name);
+    if (man < 0) return;
+    auto& duels = book.duels[man].at(static_cast<std::size_t>(role));
+    if (duels.size() < kMostDuels) duels.push_back(std::move(line));
+  };
+  ForEachDuel(database, [&](const Duel& duel) {
+    add(duel.team, duel.batter, SeasonRole::Batting,
+        {.name = duel.pitcher, .team = duel.opponent, .line = duel.line});
+    add(duel.opponent, duel.pitcher, SeasonRole::Pitching,
+        {.name = duel.batter, .team = duel.team, .line = duel.line});
+  });
+}
+
 }  // namespace
 
 SeasonBook ReadSeasonBook(Database& database) {
@@ -88,8 +125,13 @@ SeasonBook ReadSeasonBook(Database& database) {
   book.lineScores.Take(TextsOf(database, {kLineScores}));
   book.games.resize(season.games.size());
   book.outings.resize(season.players.size());
+  book.duels.resize(season.players.size());
   const Places places(season);
-  for (const SeasonRole role : kSeasonRoles) AddRows(book, places, database, role);
+  AddDuels(book, places, database);
+  for (const SeasonRole role : kSeasonRoles) {
+    AddRows(book, places, database, role);
+    AddPlayParts(book, places, database, role);
+  }
   for (std::size_t man = 0; man < season.players.size(); ++man) {
     for (const SeasonRole role : kSeasonRoles) {
       SettleOutings(season, {season.players[man].team, season.players[man].name, false, role},

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/stat_grid.h"
-#include "season/season_outings.h"
+#include "season/season_splits.h"
 
 namespace dtb {
 
@@ -15,6 +15,8 @@ struct BookEntry {
   int man = 0;
   SeasonTotals line;
 };
+
+inline constexpr std::size_t kMostDuels = 25;  // of a player and role
 
 // Places of the two roles.
 inline constexpr std::array kSeasonRoles{SeasonRole::Batting, SeasonRole::Pitching};
@@ -26,6 +28,8 @@ struct SeasonBook {
   std::vector<std::array<std::array<std::vector<BookEntry>, 2>, 2>> games;
   // By player and role, settled.
   std::vector<std::array<std::vector<SeasonOuting>, 2>> outings;
+  // By player and role: whom he met most often.
+  std::vector<std::array<std::vector<SplitLine>, 2>> duels;
 };
 
 // Reads all of it. Throws ProgramError.

@@ -53,14 +53,29 @@ Lines ReadLines(Database& database, const std::stop_token& stop, Names& names) {
   return lines;
 }
 
-void AddGames(SeasonFigures& season, const Lines& lines) {
+// By GameID, "2020-08-07".
+using Days = std::unordered_map<std::string, std::string>;
+
+Days ReadDays(Database& database, const std::stop_token& stop) {
+  Days days;
+  ForEachRow(database, {"SELECT GameID, GameDate FROM Games WHERE GameDate <> ''", {}, stop},
+             [&](std::span<const DatabaseValue> row) { days[TextIn(row[0])] = TextIn(row[1]); });
+  return days;
+}
+
+void AddGames(SeasonFigures& season, const Lines& lines, const Days& days) {
   for (const auto& [visitors, home] : PairLines(lines.keys)) {
     if (!visitors || !home) {
       ++season.lonelyLines;
       continue;
     }
     const std::string& id = lines.keys[*visitors].id;
-    season.games.push_back({id, TimeOfStamp(id), {lines.sides[*visitors], lines.sides[*home]}});
+    const auto time = TimeOfStamp(id);
+    const auto day = days.find(id);
+    season.games.push_back({id,
+                            time,
+                            day == days.end() ? time : DateIn(day->second),
+                            {lines.sides[*visitors], lines.sides[*home]}});
   }
   std::ranges::stable_sort(season.games, [](const SeasonGame& a, const SeasonGame& b) {
     return IsEarlier(a.time, b.time);
@@ -69,6 +84,16 @@ void AddGames(SeasonFigures& season, const Lines& lines) {
 
 std::string KeyOf(std::string_view name, int team) {
   return std::to_string(team) + ' ' + std::string(name);
+}
+
+void AddTotals(SeasonPlayer& player, const SeasonTotals& totals) {
+  if (const auto* batting = std::get_if<BattingTotals>(&totals)) {
+    if (!player.batting) player.batting.emplace();
+    *player.batting += *batting;
+  } else {
+    if (!player.pitching) player.pitching.emplace();
+    *player.pitching += std::get<PitchingTotals>(totals);
+  }
 }
 
 void AddPlayers(SeasonFigures& season, Database& database, SeasonRole role,
@@ -86,14 +111,17 @@ void AddPlayers(SeasonFigures& season, Database& database, SeasonRole role,
     if (added) season.players.push_back({name, team});
     SeasonPlayer& entry = season.players[place->second];
     const SeasonTotals totals = TotalsOf(row.subspan(2), role);
-    if (role == SeasonRole::Batting) {
-      if (!entry.batting) entry.batting.emplace();
-      *entry.batting += std::get<BattingTotals>(totals);
-    } else {
-      if (!entry.pitching) entry.pitching.emplace();
-      *entry.pitching += std::get<PitchingTotals>(totals);
-    }
+    AddTotals(entry, totals);
   });
+  ForEachPlayPart(
+      database, role, {},
+      [&](const PlayPart& part) {
+        const auto place = known.find(KeyOf(part.name, names.PlaceOf(part.team)));
+        if (place == known.end()) return;  // he has no row of figures
+        SeasonPlayer& entry = season.players[place->second];
+        if (entry.has(role)) AddTotals(entry, part.part);
+      },
+      stop);
 }
 
 // Teams and players go to their places in the order of names.
@@ -160,7 +188,7 @@ int CountMixed(const SeasonFigures& season) {
 SeasonFigures ReadSeasonFigures(Database& database, const std::stop_token& stop) {
   SeasonFigures season;
   Names names(season.teams);
-  AddGames(season, ReadLines(database, stop, names));
+  AddGames(season, ReadLines(database, stop, names), ReadDays(database, stop));
   for (const SeasonRole role : {SeasonRole::Batting, SeasonRole::Pitching}) {
     AddPlayers(season, database, role, stop, names);
   }

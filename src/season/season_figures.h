@@ -24,7 +24,8 @@ struct SeasonSide {
 
 struct SeasonGame {
   std::string id;                        // GameID
-  std::optional<LocalTime> time;         // none: the GameID tells none
+  std::optional<LocalTime> time;         // of the save; none: the GameID tells none
+  std::optional<LocalTime> day = {};     // on which it is played, perhaps long ago; else that time
   std::array<SeasonSide, 2> sides = {};  // visitors, home team
 };
 

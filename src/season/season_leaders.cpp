@@ -21,8 +21,11 @@ constexpr std::array<LeadEntry, kSeasonLeads.size()> kEntries{{
     {"Batting average", &BattingTotals::hits},
     {"Home runs", &BattingTotals::homeRuns},
     {"Runs batted in", &BattingTotals::runsBattedIn},
+    {"Runs", &BattingTotals::runs},
     {"Stolen bases", &BattingTotals::stolenBases},
     {"Earned run average", &PitchingTotals::earnedRuns},
+    {"Wins", &PitchingTotals::wins},
+    {"Saves", &PitchingTotals::saves},
     {"Strikeouts", &PitchingTotals::strikeouts},
     {"Innings", &PitchingTotals::outs},
 }};

@@ -12,15 +12,19 @@ enum class SeasonLead {
   Average,
   HomeRuns,
   RunsBattedIn,
+  Runs,
   StolenBases,
   EarnedRunAverage,
+  Wins,
+  Saves,
   Strikeouts,  // a pitcher's
   Innings,
 };
-inline constexpr std::array kSeasonLeads{SeasonLead::Average,          SeasonLead::HomeRuns,
-                                         SeasonLead::RunsBattedIn,     SeasonLead::StolenBases,
-                                         SeasonLead::EarnedRunAverage, SeasonLead::Strikeouts,
-                                         SeasonLead::Innings};
+inline constexpr std::array kSeasonLeads{SeasonLead::Average,      SeasonLead::HomeRuns,
+                                         SeasonLead::RunsBattedIn, SeasonLead::Runs,
+                                         SeasonLead::StolenBases,  SeasonLead::EarnedRunAverage,
+                                         SeasonLead::Wins,         SeasonLead::Saves,
+                                         SeasonLead::Strikeouts,   SeasonLead::Innings};
 inline constexpr std::size_t kMostLeaders = 10;
 
 // "Batting average"

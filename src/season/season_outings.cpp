@@ -91,6 +91,17 @@ std::vector<SeasonOuting> ReadOutings(Database& database, const SeasonFigures& s
     outing.id = TextIn(row.front());
     outing.line = TotalsOf(row.subspan(1), subject.role);
   });
+  std::unordered_map<std::string_view, std::size_t> places;
+  for (std::size_t i = 0; i < outings.size(); ++i) places.emplace(outings[i].id, i);
+  PlayScope scope{.byGame = true, .team = season.teams[subject.team].name};
+  if (!subject.wholeTeam) scope.name = subject.man;
+  ForEachPlayPart(
+      database, subject.role, scope,
+      [&](const PlayPart& part) {
+        const auto place = places.find(part.game);
+        if (place != places.end()) outings[place->second].line += part.part;
+      },
+      stop);
   SettleOutings(season, subject, outings);
   return outings;
 }
@@ -130,8 +141,10 @@ std::string OutingText(const SeasonTotals& line) {
 }
 
 std::vector<std::string> LineHeaders(SeasonRole role) {
-  if (role == SeasonRole::Pitching) return {"G", "IP", "H", "ER", "HR", "BB", "K", "ERA"};
-  return {"G", "AB", "H", "2B", "3B", "HR", "RBI", "BB", "K", "SB", "AVG", "SLG"};
+  if (role == SeasonRole::Pitching) {
+    return {"G", "W", "L", "S", "IP", "H", "R", "ER", "HR", "BB", "K", "PCT", "ERA"};
+  }
+  return {"G", "AB", "R", "H", "2B", "3B", "HR", "RBI", "BB", "K", "SB", "DP", "LOB", "AVG", "SLG"};
 }
 
 std::vector<std::string> LineTexts(const SeasonTotals& line) {
@@ -140,60 +153,21 @@ std::vector<std::string> LineTexts(const SeasonTotals& line) {
     for (const double count : counts) texts.push_back(DecimalText(count));
   };
   if (const auto* pitching = std::get_if<PitchingTotals>(&line)) {
-    add({pitching->games});
+    add({pitching->games, pitching->wins, pitching->losses, pitching->saves});
     texts.push_back(DecimalInnings(pitching->outs));
-    add({pitching->hits, pitching->earnedRuns, pitching->homeRuns, pitching->walks,
+    add({pitching->hits, pitching->runs, pitching->earnedRuns, pitching->homeRuns, pitching->walks,
          pitching->strikeouts});
+    texts.push_back(AverageText(WinningPercentage(*pitching)));
     texts.push_back(RateText(line));
     return texts;
   }
   const auto& batting = std::get<BattingTotals>(line);
-  add({batting.games, batting.atBats, batting.hits, batting.doubles, batting.triples,
+  add({batting.games, batting.atBats, batting.runs, batting.hits, batting.doubles, batting.triples,
        batting.homeRuns, batting.runsBattedIn, batting.walks, batting.strikeouts,
-       batting.stolenBases});
+       batting.stolenBases, batting.intoDoublePlays, batting.leftOnBase});
   texts.push_back(RateText(line));
   texts.push_back(AverageText(SluggingAverage(batting)));
   return texts;
-}
-
-std::vector<std::vector<std::string>> MonthTable(const SeasonFigures& season,
-                                                 const SeasonSubject& subject,
-                                                 const std::vector<SeasonOuting>& outings) {
-  struct Sum {
-    std::string month;
-    int wins = 0;
-    int losses = 0;
-    SeasonTotals line;
-  };
-  const SeasonTotals none = NoTotals(subject.role);
-  std::vector<Sum> sums;
-  Sum all{.month = "All", .line = none};
-  const auto add = [](Sum& sum, const SeasonOuting& outing, int result) {
-    sum.line += outing.line;
-    sum.wins += result > 0 ? 1 : 0;
-    sum.losses += result < 0 ? 1 : 0;
-  };
-  for (const SeasonOuting& outing : outings) {
-    const std::string month = MonthText(outing.time);
-    if (sums.empty() || sums.back().month != month) sums.push_back({.month = month, .line = none});
-    const int result = ResultOf(season, subject.team, outing);
-    add(sums.back(), outing, result);
-    add(all, outing, result);
-  }
-  sums.push_back(all);
-  std::vector<std::string> headers{"Month"};
-  if (subject.wholeTeam) headers.insert(headers.end(), {"W", "L"});
-  std::ranges::copy(LineHeaders(subject.role), std::back_inserter(headers));
-  std::vector<std::vector<std::string>> table{headers};
-  for (const Sum& sum : sums) {
-    std::vector<std::string> row{sum.month};
-    if (subject.wholeTeam) {
-      row.insert(row.end(), {std::to_string(sum.wins), std::to_string(sum.losses)});
-    }
-    std::ranges::copy(LineTexts(sum.line), std::back_inserter(row));
-    table.push_back(std::move(row));
-  }
-  return table;
 }
 
 }  // namespace dtb

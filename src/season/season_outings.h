@@ -53,11 +53,6 @@ void SettleOutings(const SeasonFigures& season, const SeasonSubject& subject,
 // "2 for 4, 1 HR, 3 RBI", or "6.33 innings, 2 ER, 7 K".
 [[nodiscard]] std::string OutingText(const SeasonTotals& line);
 
-// A table of the subject by month, with all months in its last row; its header first.
-[[nodiscard]] std::vector<std::vector<std::string>> MonthTable(
-    const SeasonFigures& season, const SeasonSubject& subject,
-    const std::vector<SeasonOuting>& outings);
-
 // The headers and the figures of a line, without name and month.
 [[nodiscard]] std::vector<std::string> LineHeaders(SeasonRole role);
 [[nodiscard]] std::vector<std::string> LineTexts(const SeasonTotals& line);

@@ -40,10 +40,19 @@ void Append(std::vector<std::string>& row, std::vector<std::string> more) {
 }
 
 // Counters alone, without the games and the rates.
-std::vector<std::string> Counters(std::vector<std::string> texts, SeasonRole role) {
+std::vector<std::string> Counters(std::vector<std::string> texts) {
+  constexpr std::size_t kRates = 2;
   texts.erase(texts.begin());
-  texts.resize(texts.size() - (role == SeasonRole::Batting ? 2 : 1));
+  texts.resize(texts.size() - kRates);
   return texts;
+}
+
+// Texts as markup.
+Cells PlainCells(Cells cells) {
+  for (auto& row : cells) {
+    for (std::string& cell : row) cell = PageText(cell);
+  }
+  return cells;
 }
 
 constexpr const char* kSeasonFolder = "Season ";  // and the day
@@ -299,19 +308,30 @@ class PageWriter {
       const auto& outings = OutingsOf(place, role);
       if (outings.empty()) continue;
       Cells games{{"Day", "Opponent"}};
-      Append(games.front(), Counters(LineHeaders(role), role));
+      Append(games.front(), Counters(LineHeaders(role)));
       games.front().emplace_back(role == SeasonRole::Batting ? "AVG so far" : "ERA so far");
       for (const SeasonOuting& outing : outings) {
         games.push_back(OutingCells(man.team, outing));
-        Append(games.back(), Counters(LineTexts(outing.line), role));
+        Append(games.back(), Counters(LineTexts(outing.line)));
         games.back().push_back(RateText(outing.total));
       }
-      page +=
-          PartHeading(++part, NameOf(role)) +
-          PageTable(MonthTable(season_, {man.team, man.name, false, role}, outings), LastRow::Sum) +
-          PageTable(games);
+      page += PartHeading(++part, NameOf(role)) + Splits(place, role) + PageTable(games);
     }
     return page;
+  }
+
+  [[nodiscard]] std::string Splits(int place, SeasonRole role) const {
+    const SeasonPlayer& man = season_.players[place];
+    const SeasonSubject subject{man.team, man.name, false, role};
+    std::string page;
+    for (const SeasonSplit split :
+         {SeasonSplit::Months, SeasonSplit::Places, SeasonSplit::Opponents}) {
+      const auto lines = SplitOutings(season_, subject, OutingsOf(place, role), split);
+      page += PageTable(PlainCells(SplitTable(subject, split, lines)), LastRow::Sum);
+    }
+    const auto& duels = book_.duels[place].at(static_cast<std::size_t>(role));
+    if (duels.empty()) return page;
+    return page + PageTable(PlainCells(SplitTable(subject, SeasonSplit::Duels, duels)));
   }
 
   [[nodiscard]] std::vector<std::string> OutingCells(int team, const SeasonOuting& outing) const {
@@ -334,15 +354,15 @@ class PageWriter {
       for (const SeasonRole role : kSeasonRoles) {
         SeasonTotals total = NoTotals(role);
         Cells table{{NameOf(role)}};
-        Append(table.front(), Counters(LineHeaders(role), role));
+        Append(table.front(), Counters(LineHeaders(role)));
         for (const BookEntry& entry :
              book_.games[place].at(side).at(static_cast<std::size_t>(role))) {
           table.push_back({ManLink(entry.man)});
-          Append(table.back(), Counters(LineTexts(entry.line), role));
+          Append(table.back(), Counters(LineTexts(entry.line)));
           total += entry.line;
         }
         table.push_back({"Team"});
-        Append(table.back(), Counters(LineTexts(total), role));
+        Append(table.back(), Counters(LineTexts(total)));
         page += PageTable(table, LastRow::Sum);
       }
     }

@@ -36,6 +36,46 @@ constexpr std::array<Figure<PitchingTotals>, 6> kPitching{{
     {&PitchingTotals::strikeouts, "K"},
 }};
 
+// A table of the plays, and what its rows tell of players. Text of a name that is missing is "".
+template <class Totals, std::size_t size>
+struct Source {
+  const char* from;  // with the rows that count
+  const char* team;
+  const char* name;
+  std::array<Figure<Totals>, size> figures;
+};
+constexpr Source<BattingTotals, 1> kRunsScored{
+    "Runs", "Team", "Runner", {{{&BattingTotals::runs, "1"}}}};
+// A batter who is out leaves those who stand on base then, but not himself.
+constexpr Source<BattingTotals, 2> kTimesAtBat{
+    "Plays WHERE Outcome IN ('K', 'GO', 'FO', 'LO', 'PO', 'DP', 'FC')",
+    "Team",
+    "Batter",
+    {{{&BattingTotals::intoDoublePlays, "Outcome = 'DP'"},
+      {&BattingTotals::leftOnBase,
+       "(ifnull(First, Batter) <> Batter) + (ifnull(Second, Batter) <> Batter)"
+       " + (ifnull(Third, Batter) <> Batter)"}}}};
+constexpr Source<PitchingTotals, 1> kRunsCharged{
+    "Runs", "Opponent", "Pitcher", {{{&PitchingTotals::runs, "1"}}}};
+constexpr Source<PitchingTotals, 3> kDecided{"Decisions",
+                                             "Team",
+                                             "Pitcher",
+                                             {{{&PitchingTotals::wins, "Decision = 'W'"},
+                                               {&PitchingTotals::losses, "Decision = 'L'"},
+                                               {&PitchingTotals::saves, "Decision = 'S'"}}}};
+
+// Calls the function with each source of a role.
+template <class Function>
+void WithSources(SeasonRole role, Function&& function) {
+  if (role == SeasonRole::Batting) {
+    function(kRunsScored);
+    function(kTimesAtBat);
+  } else {
+    function(kRunsCharged);
+    function(kDecided);
+  }
+}
+
 // Calls the function with the figures of a role.
 template <class Function>
 auto WithFigures(SeasonRole role, Function&& function) {
@@ -52,10 +92,39 @@ Totals Read(const std::array<Figure<Totals>, size>& figures,
 }
 
 template <class Totals, std::size_t size>
+void AddFigures(Totals& sum, const Totals& totals,
+                const std::array<Figure<Totals>, size>& figures) {
+  for (const auto& figure : figures) sum.*figure.member += totals.*figure.member;
+}
+
+template <class Totals, std::size_t size>
 Totals& Add(Totals& sum, const Totals& totals, const std::array<Figure<Totals>, size>& figures) {
   sum.games += totals.games;
-  for (const auto& figure : figures) sum.*figure.member += totals.*figure.member;
+  AddFigures(sum, totals, figures);
   return sum;
+}
+
+template <class Totals, std::size_t size>
+Statement StatementOf(const Source<Totals, size>& source, const PlayScope& scope) {
+  const std::string team = std::string("ifnull(") + source.team + ", '')";
+  const std::string name = std::string("ifnull(") + source.name + ", '')";
+  Statement statement{"SELECT " + std::string(scope.byGame ? "GameID" : "''") + ", " + team + ", " +
+                      name};
+  for (const auto& figure : source.figures) {
+    statement.text.append(", SUM(").append(figure.column).append(")");
+  }
+  statement.text.append(" FROM ").append(source.from);
+  bool first = statement.text.find(" WHERE ") == std::string::npos;
+  for (const auto& [column, wanted] : {std::pair{team, scope.team}, {name, scope.name}}) {
+    if (!wanted) continue;
+    statement.bound.push_back(*wanted);
+    statement.text +=
+        (first ? " WHERE " : " AND ") + column + " = ?" + std::to_string(statement.bound.size());
+    first = false;
+  }
+  statement.text += std::string(" GROUP BY ") + (scope.byGame ? "GameID, " : "") + source.team +
+                    ", " + source.name;
+  return statement;
 }
 
 std::optional<Quotient> Rate(double part, double whole) {
@@ -70,10 +139,14 @@ SeasonTotals NoTotals(SeasonRole role) {
 }
 
 BattingTotals& operator+=(BattingTotals& sum, const BattingTotals& totals) {
+  AddFigures(sum, totals, kRunsScored.figures);
+  AddFigures(sum, totals, kTimesAtBat.figures);
   return Add(sum, totals, kBatting);
 }
 
 PitchingTotals& operator+=(PitchingTotals& sum, const PitchingTotals& totals) {
+  AddFigures(sum, totals, kRunsCharged.figures);
+  AddFigures(sum, totals, kDecided.figures);
   return Add(sum, totals, kPitching);
 }
 
@@ -113,6 +186,26 @@ std::string SelectedFigures(SeasonRole role) {
 SeasonTotals TotalsOf(std::span<const DatabaseValue> values, SeasonRole role) {
   return WithFigures(role,
                      [values](const auto& figures) { return SeasonTotals(Read(figures, values)); });
+}
+
+void ForEachPlayPart(DatabaseReader& database, SeasonRole role, const PlayScope& scope,
+                     const std::function<void(const PlayPart&)>& take,
+                     const std::stop_token& stop) {
+  WithSources(role, [&]<class Totals, std::size_t size>(const Source<Totals, size>& source) {
+    Statement statement = StatementOf(source, scope);
+    statement.stop = stop;
+    ForEachRow(database, statement, [&](std::span<const DatabaseValue> row) {
+      Totals part;
+      for (std::size_t i = 0; i < size; ++i) {
+        part.*source.figures.at(i).member = NumberIn(row[i + 3]);
+      }
+      take({TextIn(row[0]), TextIn(row[1]), TextIn(row[2]), part});
+    });
+  });
+}
+
+std::optional<Quotient> WinningPercentage(const PitchingTotals& pitching) {
+  return Rate(pitching.wins, pitching.wins + pitching.losses);
 }
 
 std::optional<Quotient> BattingAverage(const BattingTotals& batting) {

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
+#include <stop_token>
 #include <string>
 #include <variant>
 
@@ -24,6 +26,10 @@ struct BattingTotals {
   double walks = 0;
   double strikeouts = 0;
   double stolenBases = 0;
+  // Of the games whose plays are known.
+  double runs = 0;
+  double intoDoublePlays = 0;
+  double leftOnBase = 0;  // runners, when he was out
 };
 
 struct PitchingTotals {
@@ -34,6 +40,11 @@ struct PitchingTotals {
   double homeRuns = 0;
   double walks = 0;
   double strikeouts = 0;
+  // Of the games whose plays are known.
+  double wins = 0;
+  double losses = 0;
+  double saves = 0;
+  double runs = 0;  // all that are charged to him
 };
 
 // Those of one role.
@@ -58,6 +69,24 @@ void SetGames(SeasonTotals& totals, double games);
 // The totals of those values.
 [[nodiscard]] SeasonTotals TotalsOf(std::span<const DatabaseValue> values, SeasonRole role);
 
+// What the tables of the plays tell of a role: one player's part in one game, or in several.
+struct PlayPart {
+  std::string game;  // GameID; "" where the parts are not by game
+  std::string team;
+  std::string name;
+  SeasonTotals part;
+};
+// Calls the function with all of them, some of them in several parts. `byGame`: apart for each
+// game. `team` and `name`: of that team, or of that player alone. Throws ProgramError.
+struct PlayScope {
+  bool byGame = false;
+  std::optional<std::string> team = {};
+  std::optional<std::string> name = {};
+};
+void ForEachPlayPart(DatabaseReader& database, SeasonRole role, const PlayScope& scope,
+                     const std::function<void(const PlayPart&)>& take,
+                     const std::stop_token& stop = {});
+
 // A rate as the counts of which it is made, so that it is rounded but once.
 struct Quotient {
   double part = 0;
@@ -69,5 +98,6 @@ struct Quotient {
 [[nodiscard]] std::optional<Quotient> BattingAverage(const BattingTotals& batting);
 [[nodiscard]] std::optional<Quotient> SluggingAverage(const BattingTotals& batting);
 [[nodiscard]] std::optional<Quotient> EarnedRunAverage(const PitchingTotals& pitching);
+[[nodiscard]] std::optional<Quotient> WinningPercentage(const PitchingTotals& pitching);
 
 }  // namespace dtb

@@ -1,7 +1,5 @@
 #include "season/season_words.h"
 
-#include <array>
-
 #include "base/text_cell.h"
 #include "base/words.h"
 
@@ -9,18 +7,15 @@ namespace dtb {
 namespace {
 
 constexpr const char* kNoDate = "no date";
-constexpr std::array kMonths{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                             "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 
 }  // namespace
 
 std::string MonthText(const std::optional<LocalTime>& time) {
-  if (!time) return kNoDate;
-  return std::string(kMonths.at(time->month - 1)) + " " + std::to_string(time->year);
+  return time ? PlainMonth(*time) : kNoDate;
 }
 
 std::string DayText(const std::optional<LocalTime>& time) {
-  return time ? std::to_string(time->day) + " " + MonthText(time) : kNoDate;
+  return time ? PlainDay(*time) : kNoDate;
 }
 
 std::string DayAndTimeText(const std::optional<LocalTime>& time) {

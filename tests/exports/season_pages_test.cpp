@@ -7,7 +7,7 @@
 #include "export_test.h"
 #include "season/season_html.h"
 #include "season/season_leaders.h"
-#include "season/season_outings.h"
+#include "season/season_splits.h"
 #include "season/season_standings.h"
 
 namespace dtb {
@@ -119,10 +119,16 @@ TEST_F(SeasonTest, FiguresAreThoseOfTheRows) {
   for (std::size_t team = 0; team < season.teams.size(); ++team) {
     SeasonSubject whole;
     whole.team = int(team);
-    const Strings all =
-        MonthTable(season, whole, ReadOutings(ports.database, season, whole)).back();
-    EXPECT_EQ(all.at(1), std::to_string(season.teams[team].wins));
-    EXPECT_EQ(all.at(2), std::to_string(season.teams[team].losses)) << "a tie is no loss";
+    const auto outings = ReadOutings(ports.database, season, whole);
+    for (const SeasonSplit split :
+         {SeasonSplit::Months, SeasonSplit::Places, SeasonSplit::Opponents}) {
+      const auto lines = SplitOutings(season, whole, outings, split);
+      EXPECT_EQ(lines.back().wins, season.teams[team].wins);
+      EXPECT_EQ(lines.back().losses, season.teams[team].losses) << "a tie is no loss";
+      int won = 0;
+      for (const SplitLine& line : lines) won += line.wins;
+      EXPECT_EQ(won, 2 * lines.back().wins) << "the last line is the sum";
+    }
     std::vector<int> above;
     for (const CoursePoint& point : CourseOf(season, int(team))) above.push_back(point.above);
     above.erase(above.begin());

@@ -168,6 +168,7 @@ QWidget* SeasonTab::BuildLeaders() {
   places->setContentsMargins(0, 0, 0, 0);
   places->setSpacing(8);
   constexpr int kAcross = 4;
+  constexpr int kDown = 3;
   for (const SeasonLead lead : kSeasonLeads) {
     auto* board = new SeasonLeaderBoard(lead);
     const auto place = static_cast<int>(boards_.size());
@@ -176,7 +177,7 @@ QWidget* SeasonTab::BuildLeaders() {
     boards_.push_back(board);
   }
   auto* corner = new QVBoxLayout;
-  places->addLayout(corner, 1, kAcross - 1);
+  places->addLayout(corner, kDown - 1, kAcross - 2, 1, 2);
   qualified_ = new QCheckBox(QStringLiteral("Qualified players only"));
   Name(qualified_, "chk_Qualified", qualified_->text());
   qualified_->setChecked(true);
@@ -195,7 +196,7 @@ QWidget* SeasonTab::BuildLeaders() {
   corner->addStretch();
   connect(qualified_, &QCheckBox::clicked, this, &SeasonTab::ShowLeaders);
   for (int column = 0; column < kAcross; ++column) places->setColumnStretch(column, 1);
-  for (int row = 0; row < 2; ++row) places->setRowStretch(row, 1);
+  for (int row = 0; row < kDown; ++row) places->setRowStretch(row, 1);
   return view;
 }
 
@@ -249,9 +250,36 @@ QBoxLayout* SeasonTab::BuildChosen() {
   games_ = new SeasonGamesChart;
   right->addWidget(games_, 5);
   connect(games_, &SeasonGamesChart::gameChosen, this, &SeasonTab::TellGame);
-  months_ = MakeGrid("grd_Months", QStringLiteral("By month"), monthsGrid_);
+  BuildSplits(right);
+  months_ = MakeGrid("grd_Months", QStringLiteral("Divided"), monthsGrid_);
   right->addWidget(months_, 3);
   return right;
+}
+
+void SeasonTab::BuildSplits(QBoxLayout* place) {
+  QBoxLayout* strip = Strip(place);
+  auto* group = new QButtonGroup(this);
+  for (const auto& [split, name, caption] :
+       {std::tuple{SeasonSplit::Months, "cmd_ByMonth", "By month"},
+        {SeasonSplit::Places, "cmd_ByPlace", "Home and away"},
+        {SeasonSplit::Opponents, "cmd_ByTeam", "By team"},
+        {SeasonSplit::Duels, "cmd_ByMan", "By pitcher or batter"}}) {
+    QPushButton* button = AddSwitch(strip, name, caption);
+    button->setChecked(split == split_);
+    group->addButton(button);
+    connect(button, &QPushButton::clicked, this, [this, split = split] {
+      split_ = split;
+      ShowSplit();
+    });
+  }
+  strip->addStretch();
+}
+
+void SeasonTab::ShowSplit() {
+  if (!now_.chosen) return monthsGrid_.Take(StatGrid(1, 1));
+  const bool duels = split_ == SeasonSplit::Duels;
+  const auto lines = duels ? duels_ : SplitOutings(*now_.season, *now_.chosen, outings_, split_);
+  monthsGrid_.Take(GridOf(SplitTable(*now_.chosen, split_, lines)));
 }
 
 QWidget* SeasonTab::BuildScores() {
@@ -444,24 +472,28 @@ void SeasonTab::ReadChosen() {
   const int number = ++asked_;
   if (!now_.chosen) {
     shown_ = number;
-    monthsGrid_.Take(StatGrid(1, 1));
+    ShowSplit();
     return games_->Clear(QLatin1String(kChooseSomebody));
   }
   games_->Clear(QStringLiteral("Being read"));
   reading_ = std::jthread(
       [this, number, season = now_.season, subject = *now_.chosen](const std::stop_token& stop) {
         std::vector<SeasonOuting> outings;
+        std::vector<SplitLine> duels;
         std::string fault;
         try {
           outings = ReadOutings(browser_.platform.database, *season, subject, stop);
+          duels = ReadDuels(browser_.platform.database, *season, subject, stop);
         } catch (const std::exception& failure) {
           fault = failure.what();
         }
         const auto show = [this, number, season, subject, outings = std::move(outings),
-                           fault]() mutable {
+                           duels = std::move(duels), fault]() mutable {
           if (number != asked_) return;
           shown_ = number;
-          monthsGrid_.Take(GridOf(MonthTable(*season, subject, outings)));
+          outings_ = outings;
+          duels_ = std::move(duels);
+          ShowSplit();
           games_->SetOutings(season, subject, std::move(outings));
           if (!fault.empty()) TellQueryFailure(browser_, fault);
         };

@@ -11,6 +11,7 @@
 #include <thread>
 
 #include "browser/browser.h"
+#include "season/season_splits.h"
 #include "windows/browser/no_match.h"
 #include "windows/season/season_course_chart.h"
 #include "windows/season/season_games_chart.h"
@@ -54,6 +55,7 @@ class SeasonTab : public QWidget {
   QWidget* BuildLeaders();
   QWidget* BuildGames();
   QBoxLayout* BuildChosen();
+  void BuildSplits(QBoxLayout* place);
   QWidget* BuildScores();
   QPushButton* AddSwitch(QBoxLayout* place, const char* name, const char* caption);
   StatGridView* MakeGrid(const char* name, const QString& accessibleName, StatGrid& grid);
@@ -73,6 +75,7 @@ class SeasonTab : public QWidget {
   void ShowChosenInList();
   // Reads and shows who is chosen, in the role that is chosen.
   void ReadChosen();
+  void ShowSplit();
   void TellGame(const SeasonGame& game, const SeasonFigures& season);
 
   // One reading of the season, and all that holds good in it alone.
@@ -89,6 +92,10 @@ class SeasonTab : public QWidget {
   StatGrid standingsGrid_{1, 1};
   StatGrid namesGrid_{1, 1};
   StatGrid monthsGrid_{1, 1};
+  SeasonSplit split_ = SeasonSplit::Months;  // asked for last
+  // What was read of the chosen one.
+  std::vector<SeasonOuting> outings_;
+  std::vector<SplitLine> duels_;
   int asked_ = 0;  // readings of a team or a player so far
   int shown_ = 0;  // the last of them that ended
 

@@ -39,6 +39,10 @@ class NotedSave : public DatabaseSave {
     rows_.emplace_back(table, row);
     save_->Append(table, row);
   }
+  std::string AppendPlays(const std::vector<TableRow>& rows) override {
+    for (const TableRow& row : rows) rows_.emplace_back(row.table, row.cells);
+    return save_->AppendPlays(rows);
+  }
   void Commit() override { save_->Commit(); }
 
  private:
@@ -203,8 +207,23 @@ void Sort(benchmark::State& state, const char* name, int games, int column, bool
   }
 }
 
-// A game of eleven batters and three pitchers a side.
+// A game of eleven batters and three pitchers a side, and eight plays in an inning.
 void FillSheet(Board& board) {
+  for (int half = 0; half < 18; ++half) {
+    for (int number = 0; number < 4; ++number) {
+      Play play;
+      play.half = half;
+      play.outcome = number == 0 ? Outcome::Single : Outcome::Groundout;
+      play.batter = "Firstname Lastname" + std::to_string(1 + number);
+      play.pitcher = "Pitcher 3";
+      play.basesKept = true;
+      Move& move = play.moves.emplace_back();
+      move.name = play.batter;
+      move.to = number == 0 ? kFirstBase : kPutOut;
+      play.after[0] = "Firstname Lastname1";
+      board.state.plays.Append(play);
+    }
+  }
   for (const Side side : {Side::Visitors, Side::Home}) {
     StatGrid& grid = SideOf(board, side).grid;
     for (int row = 1; row <= 11; ++row) {
@@ -226,7 +245,7 @@ void SaveBare(const std::filesystem::path& file, const std::vector<Row>& rows) {
   SQLite::Database database = sqlite::Open(file, SqliteDatabase::kLongestWait);
   database.exec("BEGIN IMMEDIATE");
   std::vector<std::pair<const TableColumns*, SQLite::Statement>> inserts;
-  for (const TableColumns& table : SavedTables()) {
+  for (const TableColumns& table : AllTables()) {
     std::string marks = "?";
     for (std::size_t i = 1; i < table.columns.size(); ++i) marks += ",?";
     inserts.emplace_back(&table, SQLite::Statement(database, "INSERT INTO " + table.table +

@@ -55,6 +55,104 @@ std::string GameID(int game) {
   return id;
 }
 
+using Texts = std::vector<std::string>;
+
+// All values are texts, as a save binds them; "" is Null.
+void Insert(SQLite::Statement& insert, const Texts& texts) {
+  insert.reset();
+  insert.clearBindings();
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    if (!texts[i].empty()) insert.bindNoCopy(static_cast<int>(i) + 1, texts[i]);
+  }
+  insert.exec();
+}
+
+// The tables of the plays: 18 half-innings of four plays and more, with a run in every sixth.
+class PlaysOfSeason {
+ public:
+  explicit PlaysOfSeason(SQLite::Database& database)
+      : game_(database, "INSERT INTO Games VALUES (?,?,?,?,?,?,?)"),
+        play_(database, "INSERT INTO Plays VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)"),
+        run_(database, "INSERT INTO Runs VALUES (?,?,?,?,?,?,?,?,?,?)"),
+        decision_(database, "INSERT INTO Decisions VALUES (?,?,?,?)") {}
+
+  void Play(int game, int visitors, int home, const std::string& id) {
+    std::string date = "2026-00-00";
+    date[6] = id[1];
+    date[8] = id[2];
+    date[9] = id[3];
+    Insert(game_, {id, "0123456789abcdef", date, "", "Summit Field (day)", LineupOf(visitors),
+                   LineupOf(home)});
+    std::array<int, 2> due{};
+    number_ = 0;
+    for (int half = 0; half < 18; ++half) {
+      const bool top = half % 2 == 0;
+      Half(half, top ? visitors : home, top ? home : visitors, due.at(half % 2), id);
+    }
+    Insert(decision_, {PitcherOf(home, 0), "W", TeamName(home), id});
+    Insert(decision_, {PitcherOf(visitors, 0), "L", TeamName(visitors), id});
+    if (game % 2 == 0) Insert(decision_, {PitcherOf(home, 2), "S", TeamName(home), id});
+  }
+
+ private:
+  static std::string PitcherOf(int team, int man) { return ManOf(team, kBatters + 3 * man); }
+  static std::string LineupOf(int team) {
+    std::string lineup;
+    for (int man = 0; man < kStarters + 2; ++man) {
+      lineup += (man == 0 ? "" : "\n") + std::to_string(man % kStarters + 1) + "\tSS\t" +
+                ManOf(team, man);
+    }
+    return lineup;
+  }
+
+  void Half(int half, int batting, int fielding, int& due, const std::string& id) {
+    const std::string pitcher = PitcherOf(fielding, half / 8);
+    std::string onFirst;
+    std::string onSecond;
+    int outs = 0;
+    while (outs < 3) {
+      const std::string batter = ManOf(batting, due++ % kStarters);
+      const unsigned draw = random_() % 100;
+      std::string moves;
+      const auto add = [&moves](const std::string& move) {
+        moves += (moves.empty() ? "" : "\n") + move;
+      };
+      const int outsBefore = outs;
+      const bool scores = draw < 30 && !onSecond.empty();
+      const std::string runner = onSecond;
+      if (draw < 30) {
+        if (scores) add("2-H " + onSecond);
+        if (!onFirst.empty()) add("1-2 " + onFirst);
+        add("B-1 " + batter);
+        onSecond = onFirst;
+        onFirst = batter;
+      } else {
+        ++outs;
+        add("B-X " + batter);
+      }
+      ++number_;
+      const std::string number = std::to_string(number_);
+      Insert(play_,
+             {number, std::to_string(half / 2 + 1), half % 2 == 0 ? "a_VIS" : "b_HOME",
+              std::to_string(outsBefore), TeamName(batting), batter, TeamName(fielding), pitcher,
+              draw < 30   ? "1B"
+              : draw < 55 ? "K"
+                          : "GO",
+              "1", moves, onFirst, onSecond, "", id});
+      if (!scores) continue;
+      Insert(run_, {number, runner, batter, pitcher, "1", "1", "0", TeamName(batting),
+                    TeamName(fielding), id});
+    }
+  }
+
+  std::mt19937 random_{2020};
+  int number_ = 0;
+  SQLite::Statement game_;
+  SQLite::Statement play_;
+  SQLite::Statement run_;
+  SQLite::Statement decision_;
+};
+
 class Season {
  public:
   explicit Season(SQLite::Database& database)
@@ -65,7 +163,8 @@ class Season {
             "INSERT INTO BoxScores (Team, I1, I2, I3, I4, I5, I6, I7, I8, I9, Runs, Hits, Errors,"
             " Host, GameID) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)"),
         record_(database, "INSERT INTO WinLoss VALUES (?,?,?)"),
-        pairing_(database, "INSERT INTO Matchups VALUES (?,?)") {}
+        pairing_(database, "INSERT INTO Matchups VALUES (?,?)"),
+        plays_(database) {}
 
   void Play(int game) {
     const int visitors = Draw(kTeams);
@@ -78,24 +177,13 @@ class Season {
     Insert(record_, {TeamName(home), Counter(visitorsRuns < homeRuns ? 1 : 0),
                      Counter(visitorsRuns > homeRuns ? 1 : 0)});
     Insert(pairing_, {TeamName(visitors) + "  vs  " + TeamName(home), "1"});
+    plays_.Play(game, visitors, home, id);
   }
 
  private:
-  using Texts = std::vector<std::string>;
-
   int Draw(int below) { return static_cast<int>(random_() % static_cast<unsigned>(below)); }
   bool Chance(int percent) { return Draw(100) < percent; }
   static std::string Counter(int count) { return count == 0 ? "" : std::to_string(count); }
-
-  // All values are texts, as a save binds them; "" is Null.
-  static void Insert(SQLite::Statement& insert, const Texts& texts) {
-    insert.reset();
-    insert.clearBindings();
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-      if (!texts[i].empty()) insert.bindNoCopy(static_cast<int>(i) + 1, texts[i]);
-    }
-    insert.exec();
-  }
 
   // Returns the team's runs.
   int RecordTeam(int team, const char* host, const std::string& id) {
@@ -153,12 +241,15 @@ class Season {
   SQLite::Statement score_;
   SQLite::Statement record_;
   SQLite::Statement pairing_;
+  PlaysOfSeason plays_;
 };
 
 void Write(const std::filesystem::path& file, int games) {
-  std::ifstream schema(DTB_PROGRAM_FOLDER "/schema.sql");
   SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-  database.exec(std::string{std::istreambuf_iterator<char>(schema), {}});
+  for (const char* name : {"/schema.sql", "/play_tables.sql"}) {
+    std::ifstream schema(std::string(DTB_PROGRAM_FOLDER) + name);
+    database.exec(std::string{std::istreambuf_iterator<char>(schema), {}});
+  }
   SQLite::Transaction transaction(database);
   Season season(database);
   for (int game = 0; game < games; ++game) season.Play(game);

@@ -190,6 +190,7 @@ class Reading {
       const auto batter = std::ranges::find(side.batters, told.name, &BatterRecord::name);
       if (batter == side.batters.end()) continue;
       batter->place = told.place;
+      batter->substitute = told.substitute;
       batter->position = told.position;
     }
   }

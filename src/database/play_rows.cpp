@@ -135,10 +135,12 @@ std::vector<BatterRecord> LineupIn(std::string_view text) {
   while (!text.empty()) {
     std::string_view line = TakeUpTo(text, '\n');
     if (std::ranges::count(line, '\t') < 2) continue;
+    const int placeBefore = batters.empty() ? 0 : batters.back().place;
     BatterRecord& batter = batters.emplace_back();
     constexpr double kLastPlace = 9;
     const double place = NumberOf(TakeUpTo(line, '\t'));
     if (place >= 1 && place <= kLastPlace) batter.place = static_cast<int>(place);
+    batter.substitute = batter.place > 0 && batter.place == placeBefore;
     batter.position = TakeUpTo(line, '\t');
     batter.name = line;
   }

@@ -15,6 +15,7 @@
 #include "copies_test.h"
 #include "database/backups.h"
 #include "database/deletes.h"
+#include "database/kept_record.h"
 #include "database/restore.h"
 #include "season/season_figures.h"
 #include "season/season_leaders.h"
@@ -27,13 +28,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The rows of the five tables; none where the file cannot be read.
+// The rows of all tables; none where the file cannot be read.
 using Rows = std::map<std::string, std::multiset<std::string>>;
 using Files = std::map<fs::path, std::string>;
 
 class HostileDatabase : public CopiesTest {
  protected:
   HostileDatabase() {
+    withPlays = true;
     Save(1, "Ants", 4, "Bees", 2);
     Save(2, "Ants", 5, "Bees", 3);
     Save(3, "Bees", 1, "Cats", 1);
@@ -158,7 +160,7 @@ void HostileDatabase::SpoilShape() {
       "PRAGMA writable_schema = ON; UPDATE sqlite_master SET sql = replace(sql, 'TEXT', 'TEXT "
       "COLLATE X')",
   };
-  const TableColumns table = OneOf(SavedTables());
+  const TableColumns table = OneOf(AllTables());
   std::string statements = Replaced(OneOf(kShapes), "[T]", "[" + table.table + "]");
   for (const char* column : {"[C]", "[C2]"}) {
     statements = Replaced(statements, column, "[" + OneOf(table.columns) + "]");
@@ -196,7 +198,7 @@ void HostileDatabase::SpoilValues() {
                                         "0.1 + 0.2",
                                         "-1"};
   for (unsigned left = 1 + Below(8); left > 0; --left) {
-    const TableColumns table = OneOf(SavedTables());
+    const TableColumns table = OneOf(AllTables());
     const std::string where = " WHERE rowid % " + std::to_string(1 + Below(3)) + " = 0";
     TryToExecute(file, "PRAGMA ignore_check_constraints = ON; UPDATE OR IGNORE [" + table.table +
                            "] SET [" + OneOf(table.columns) + "] = " + OneOf(kValues) + where);
@@ -311,7 +313,7 @@ std::optional<Rows> HostileDatabase::Look() const {
   try {
     SQLite::Database plain((place / kDatabaseFile).string(), SQLite::OPEN_READWRITE);
     if (plain.execAndGet("PRAGMA integrity_check(1)").getString() != "ok") return std::nullopt;
-    for (const TableColumns& table : SavedTables()) {
+    for (const TableColumns& table : AllTables()) {
       if (!plain.tableExists(table.table)) continue;
       SQLite::Statement all(plain, "SELECT * FROM [" + table.table + "]");
       while (all.executeStep()) {
@@ -340,6 +342,7 @@ void HostileDatabase::SaveAGame() {
   desk.time.second = static_cast<int>(Below(60));
   Table table(ports, "Ants", "Bees");
   table.Put(Side::Visitors, 1, {{stat_column::kBatter, "Joe"}, {stat_column::kPlayed, "1"}});
+  table.PlayThree();
   SaveGame(table.board);
   EXPECT_NE(table.sheet.Command2_enabled.value(), Told("Data successfully recorded"));
 }
@@ -371,6 +374,10 @@ void HostileDatabase::UseForReading() {
   RunQuery(browser, Query::Command4);
   FindGameSavedTwice(browser);
   SelectGameID(browser, static_cast<int>(Below(9)), line_score_column::kGameID);
+  try {
+    static_cast<void>(ReadRecordsOfDay(database, "2026-11-18"));
+  } catch (const ProgramError&) {  // as a query may
+  }
   if (const auto& season = state.season.value()) {
     for (const SeasonLead lead : kSeasonLeads) static_cast<void>(Leaders(*season, lead, true));
     static_cast<void>(StandingsText(*season));
@@ -431,7 +438,10 @@ void HostileDatabase::Use() {
         << told;
   }
   if (after && use == 2 && Told(done)) {
-    EXPECT_TRUE(after->empty()) << told;
+    // A table that bears the name of one of the plays by chance is kept.
+    for (const TableColumns& table : SavedTables()) {
+      EXPECT_FALSE(after->contains(table.table)) << table.table << told;
+    }
   }
   for (const auto& [copy, bytes] : copiesBefore) {
     EXPECT_TRUE(fs::exists(copy) && ReadAll(copy) == bytes) << copy << told;

@@ -12,6 +12,7 @@
 #include "database/backups.h"
 #include "database/deletes.h"
 #include "database/restore.h"
+#include "database/rows.h"
 #include "database/saved_games.h"
 #include "soak_settings.h"
 
@@ -47,6 +48,7 @@ struct OneBoard {
       fields.score.at(kTotalRuns).text.Set(text);
       table.Put(side, 1, {{stat_column::kBatter, "Joe"}, {stat_column::kPlayed, "1"}});
     }
+    table.PlayThree();
     SaveGame(table.board);
   }
 
@@ -70,10 +72,14 @@ class TwoBoards : public CopiesTest {
   }
 
   // Each game has all its rows, and nothing else stands there.
-  void ExpectWholeGames(std::size_t games) const {
+  void ExpectWholeGames(std::size_t games) {
     const std::string twice = std::to_string(2 * games);
     EXPECT_EQ(Counts(),
               twice + " " + twice + " " + twice + " " + twice + " " + std::to_string(games) + " ");
+    // The tables of the plays may not be made yet.
+    for (const auto& [table, rows] : {std::pair{"Games", 1U}, {"Plays", 3U}, {"Runs", 2U}}) {
+      EXPECT_EQ(CountOf(database, {std::string("SELECT count(*) FROM ") + table}), rows * games);
+    }
     EXPECT_EQ(Stored("PRAGMA integrity_check"), Strings{"ok"});
   }
 

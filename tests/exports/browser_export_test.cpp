@@ -258,6 +258,19 @@ TEST_F(ExportTest, TablesGoWhole) {
   EXPECT_EQ(book.Rows("Matchups", 1, 2),
             (Strings{"A s|Matchup, B s|Tally", "A s|=1+1  vs  007, B n|1"}));
   EXPECT_EQ(Book(Report("DTB_MSAccess_111826104413 (3).xlsx")).cells, book.cells);
+
+  // The tables of the plays follow, those that have rows.
+  Table table(ports, "007", "1e5");
+  table.PlayThree();
+  SaveGame(table.board);
+  desk.time.second += 1;
+  ExportTables(browser);
+  const Book more(Report("DTB_MSAccess_111826104414.xlsx"), "Plays 1 2");
+  EXPECT_EQ(Strings(more.sheets.begin() + 5, more.sheets.end()),
+            (Strings{"Games|usual||visible", "Plays|usual||visible", "Runs|usual||visible"}));
+  EXPECT_EQ(more.Rows("Plays", 2, 2).at(0),
+            "A n|1, B n|1, C s|a_VIS, D n|0, E s|007, F s|Al, G s|1e5, H s|k, I s|1B, J n|1, "
+            "K s|B-1 Al, L s|Al, O s|111826104413");
 }
 
 }  // namespace

@@ -56,6 +56,11 @@ void SetUpBallparks(Aids& aids) {
   FollowParkPlaces(aids);
 }
 
+std::string NameOfPark(const Picture& park) {
+  const std::filesystem::path file = PathOf(park.path).filename();
+  return TextOf(file) == kDefaultPark ? "" : TextOf(file.stem());
+}
+
 void ChoosePark(Aids& aids) {
   if (aids.state.cb_RandParks.value()) {
     DrawPark(aids);

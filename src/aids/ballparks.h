@@ -10,6 +10,10 @@ inline constexpr const char* kDefaultPark = "DEFAULT1679X974.jpg";
 // The park folder, the park with which the board starts, and from then on the places of its bases.
 void SetUpBallparks(Aids& aids);
 
+// What a park is called: its picture's file name without the extension. "" for none, and for the
+// one with which the board starts, which is nobody's.
+[[nodiscard]] std::string NameOfPark(const Picture& park);
+
 // The button "BALLPARKS": draws a park at random while "RANDOM BALLPARKS" is on, otherwise lets the
 // person choose one. A file that is no picture leaves the park as it is, in silence.
 void ChoosePark(Aids& aids);

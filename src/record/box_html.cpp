@@ -40,7 +40,7 @@ std::string TableHtml(const BoxTable& table) {
   std::string html =
       kTable + std::string(" width=\"100%\">\n") + Row("th", table.title, table.headers, kWidths);
   for (const BoxRow& row : table.rows) {
-    constexpr const char* kIndent = "\u2003";  // an em space
+    constexpr const char* kIndent = "\u00A0\u00A0\u00A0";
     html += Row("td", (row.indented ? kIndent : "") + row.name, row.cells, kWidths);
   }
   if (!table.totals.empty()) html += Row("th", "Totals", table.totals, kWidths);

@@ -144,7 +144,8 @@ std::vector<std::string> LineHeaders(SeasonRole role) {
   if (role == SeasonRole::Pitching) {
     return {"G", "W", "L", "S", "IP", "H", "R", "ER", "HR", "BB", "K", "PCT", "ERA"};
   }
-  return {"G", "AB", "R", "H", "2B", "3B", "HR", "RBI", "BB", "K", "SB", "DP", "LOB", "AVG", "SLG"};
+  return {"G",  "AB", "R",  "H",    "2B",  "3B",  "HR", "RBI",
+          "BB", "K",  "SB", "GIDP", "LOB", "AVG", "SLG"};
 }
 
 std::vector<std::string> LineTexts(const SeasonTotals& line) {

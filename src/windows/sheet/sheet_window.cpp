@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QShortcut>
 
+#include "aids/ballparks.h"
 #include "base/paths.h"
 #include "database/save_game.h"
 #include "game/constant_update.h"
@@ -205,7 +206,7 @@ void SheetWindow::BuildBottom() {
   });
   connect(save, &QPushButton::clicked, this, [this] {
     const BusyPointer busy;
-    SaveGame(board_, TextOf(PathOf(park_.value().path).stem()));
+    SaveGame(board_, NameOfPark(park_.value()));
   });
   scene_.Put(save, {1260, 776, 248, 44}, kLarge, true);
 }

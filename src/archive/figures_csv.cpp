@@ -55,12 +55,13 @@ std::string BattingTable(const Season& season) {
 }
 
 std::string PitchingTable(const Season& season) {
-  return Table(season, "player,team,name,G,GS,outs,H,HR,BB,K,ER\n", [](const Man& man) {
+  return Table(season, "player,team,name,G,GS,outs,H,HR,BB,K,ER,W,L,S\n", [](const Man& man) {
     const Pitching& p = man.pitching;
     if (p.games == 0) return std::vector<int>{};
     const bool told = p.outsUncharged == 0 || p.outs > p.outsUncharged;
     return std::vector<int>{p.games,    p.starts, p.outs,       p.hits,
-                            p.homeRuns, p.walks,  p.strikeouts, told ? p.earnedRuns : kNotTold};
+                            p.homeRuns, p.walks,  p.strikeouts, told ? p.earnedRuns : kNotTold,
+                            p.wins,     p.losses, p.saves};
   });
 }
 

@@ -111,6 +111,9 @@ constexpr std::array kPitchers{
            const Pitching& p = c.man.pitching;
            return RunsAreTold(p) ? Of(p.earnedRuns) : std::string("-");
          }},
+    Word{"w", [](const Context& c) { return Of(c.man.pitching.wins); }},
+    Word{"l", [](const Context& c) { return Of(c.man.pitching.losses); }},
+    Word{"sv", [](const Context& c) { return Of(c.man.pitching.saves); }},
     Word{"era", [](const Context& c) { return EarnedRunAverage(c.man.pitching); }},
     Word{"role",
          [](const Context& c) {

@@ -266,6 +266,15 @@ void Scorer::SetRuns(int side, int runs) {
   game_.sides.at(side).runs = runs;
 }
 
+void Scorer::Credit(int Pitching::*decision, std::string_view id) {
+  for (int side = 0; side < 2 && !id.empty(); ++side) {
+    const int man = Find(side, id);
+    if (man == kNobody) continue;
+    ++(ManOf(side, man).pitching.*decision);
+    return;
+  }
+}
+
 void Scorer::End() {
   for (int side = 0; side < 2; ++side) {
     for (const Entrant& one : sides_.at(side).entrants) {

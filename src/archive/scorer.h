@@ -40,6 +40,10 @@ class Scorer {
   const char* NotePosition(int side, int man, int position);
   void SetRuns(int side, int runs);
 
+  // A win, a loss or a save of this game goes to the player with this id. Who is in neither side,
+  // or nobody, is passed over.
+  void Credit(int Pitching::*decision, std::string_view id);
+
   void NoteForfeit(Forfeit forfeit) { game_.forfeit = forfeit; }
   [[nodiscard]] bool HasPlays() const { return game_.account == Account::Plays; }
 

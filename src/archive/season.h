@@ -42,6 +42,9 @@ struct Pitching {
   int walks = 0;
   int strikeouts = 0;
   int earnedRuns = 0;
+  int wins = 0;
+  int losses = 0;
+  int saves = 0;
   int outsUncharged = 0;  // in games of which the archive does not tell the earned runs
 };
 

@@ -174,6 +174,7 @@ void SeasonLines::TakeId(std::string_view id) {
   if (!seen_.emplace(id).second) return Note("a game that was read before");
   state_ = State::Heading;
   game_ = Game{};
+  decisions_.clear();
   game_.id = std::string(id);
   game_.number = id.back() - '0';
   game_.date = game_.id.substr(3, 4) + '-' + game_.id.substr(7, 2) + '-' + game_.id.substr(9, 2);
@@ -188,6 +189,10 @@ void SeasonLines::TakeInfo(std::string_view line) {
   const std::string_view value = TakeField(line);
   if (what == "forfeit") return TakeForfeit(value);
   if (state_ != State::Heading) return;
+  for (const auto& [word, decision] :
+       {std::pair{"wp", &Pitching::wins}, {"lp", &Pitching::losses}, {"save", &Pitching::saves}}) {
+    if (what == word) decisions_.emplace_back(decision, value);
+  }
   if (what == "visteam") visitors_ = std::string(value);
   if (what == "hometeam") home_ = std::string(value);
 }
@@ -224,7 +229,10 @@ bool SeasonLines::OpenGame() {
 }
 
 void SeasonLines::CloseGame() {
-  if (state_ == State::Open) scorer_.End();
+  if (state_ == State::Open) {
+    for (const auto& [decision, id] : decisions_) scorer_.Credit(decision, id);
+    scorer_.End();
+  }
   state_ = State::None;
 }
 

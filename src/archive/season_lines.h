@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include "archive/scorer.h"
 #include "archive/season.h"
@@ -78,6 +80,7 @@ class SeasonLines {
   // The game in progress.
   enum class State { None, Heading, Open, Skipped } state_ = State::None;
   Game game_;
+  std::vector<std::pair<int Pitching::*, std::string>> decisions_;  // of the pitchers, by id
   std::string visitors_;
   std::string home_;
 };

@@ -10,6 +10,7 @@
 #include "game/history.h"
 #include "game/play_credits.h"
 #include "platform/qt/qt_text.h"
+#include "record/box_html.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
 #include "windows/shared/scene.h"
@@ -30,6 +31,7 @@ PlaysWindow::PlaysWindow(Board& board, QWidget* parent)
       model_(board, this),
       title_(MakeCaption(QStringLiteral("PLAYS"), this, Qt::AlignCenter)),
       list_(new PlaysList(model_, this)),
+      story_(new QTextBrowser(this)),
       runs_(new Panel(this)),
       noRun_(MakeCaption({}, runs_, Qt::AlignLeft | Qt::AlignTop)),
       outcome_(MakeCaption({}, this)) {
@@ -40,6 +42,11 @@ PlaysWindow::PlaysWindow(Board& board, QWidget* parent)
   column->setSpacing(kSpace);
   column->addWidget(title_);
   column->addWidget(list_, 1);
+  column->addWidget(story_, 1);
+  Name(story_, "tb_Story", QStringLiteral("Story"));
+  story_->setFrameShape(QFrame::NoFrame);
+  story_->document()->setDocumentMargin(12);
+  story_->hide();
   column->addWidget(runs_);
   BuildRuns();
   BuildButtons();
@@ -49,6 +56,7 @@ PlaysWindow::PlaysWindow(Board& board, QWidget* parent)
   });
   auto* copySelected = new QShortcut(QKeySequence::Copy, this);
   connect(copySelected, &QShortcut::activated, this, [this] {
+    if (asStory_->isChecked()) return story_->copy();
     QModelIndexList rows = list_->selectionModel()->selectedIndexes();
     std::sort(rows.begin(), rows.end());
     Copy(rows);
@@ -84,14 +92,21 @@ void PlaysWindow::BuildButtons() {
   auto* row = new QHBoxLayout;
   row->setSpacing(kSpace);
   row->addWidget(outcome_, 1);
+  asStory_ = AddButton("cmd_Story", QStringLiteral("Story"),
+                       QStringLiteral("Tells the game in plain English, scoring plays first"));
+  asStory_->setCheckable(true);
   undo_ = AddButton("cmd_UndoToHere", QStringLiteral("Undo to here"), {});
-  copy_ =
-      AddButton("cmd_Copy", QStringLiteral("Copy"),
-                QStringLiteral("Copies all plays to the clipboard; Ctrl + C the selected ones"));
+  copy_ = AddButton("cmd_Copy", QStringLiteral("Copy"),
+                    QStringLiteral("Copies all plays, or the story, to the clipboard; Ctrl + C the "
+                                   "selected ones"));
   close_ = AddButton("cmd_Close", QStringLiteral("Close"), QStringLiteral("Closes the window"));
-  for (QPushButton* button : {undo_, copy_, close_}) row->addWidget(button);
+  for (QPushButton* button : {asStory_, undo_, copy_, close_}) row->addWidget(button);
   static_cast<QVBoxLayout*>(layout())->addLayout(row);
   outcome_->setWordWrap(true);
+  connect(asStory_, &QPushButton::clicked, this, [this] {
+    Tell({});
+    ShowStory();
+  });
   connect(undo_, &QPushButton::clicked, this, &PlaysWindow::UndoToHere);
   connect(copy_, &QPushButton::clicked, this, [this] { Copy(AllRows()); });
   connect(close_, &QPushButton::clicked, this, &QDialog::accept);
@@ -111,7 +126,17 @@ void PlaysWindow::Update() {
   const int rows = model_.rowCount();
   if (Chosen() < 0 && rows > 0) list_->setCurrentIndex(model_.index(rows - 1));
   copy_->setEnabled(rows > 0);
+  ShowStory();
   ShowChosen();
+}
+
+void PlaysWindow::ShowStory() {
+  const bool told = asStory_->isChecked();
+  if (told) story_->setHtml(ToQt(StoryHtml(StoryOf(RecordOf(board_)))));
+  story_->setVisible(told);
+  list_->setVisible(!told);
+  runs_->setVisible(!told);
+  undo_->setVisible(!told);
 }
 
 void PlaysWindow::ShowChosen() {
@@ -188,6 +213,10 @@ QModelIndexList PlaysWindow::AllRows() const {
 
 void PlaysWindow::Copy(const QModelIndexList& rows) {
   if (rows.empty()) return;
+  if (asStory_->isChecked()) {
+    board_.platform.clipboard.SetText(StoryText(StoryOf(RecordOf(board_))));
+    return Tell(QStringLiteral("The story was copied to the clipboard."));
+  }
   QString text;
   for (const QModelIndex& row : rows) text += row.data().toString() + QLatin1Char('\n');
   board_.platform.clipboard.SetText(FromQt(text));
@@ -200,7 +229,8 @@ void PlaysWindow::FollowBoard() {
   const double scale = TypeScale(parentWidget());
   setFont(look::Font(look::kBody * scale));
   const int high = qRound(kButtonHeight * scale);
-  for (QPushButton* button : {undo_, copy_, close_}) {
+  story_->setFont(look::Font(look::kBody * scale));
+  for (QPushButton* button : {asStory_, undo_, copy_, close_}) {
     button->setFixedHeight(high);
     button->setMinimumWidth(
         std::max(qRound(2.5 * kButtonHeight * scale),

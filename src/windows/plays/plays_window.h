@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QPushButton>
+#include <QTextBrowser>
 #include <array>
 #include <optional>
 
@@ -34,6 +35,7 @@ class PlaysWindow : public QDialog {
   // The game as it stands now.
   void Update();
   void ShowChosen();
+  void ShowStory();
   void ShowRuns();
   void ShowUndo();
   // The row of the chosen play; -1: there is none.
@@ -51,11 +53,13 @@ class PlaysWindow : public QDialog {
   PlaysModel model_;
   QLabel* title_;
   PlaysList* list_;
+  QTextBrowser* story_;
   Panel* runs_;
   QLabel* noRun_;
   std::array<RunLine*, kMostRuns> lines_{};
   std::array<std::size_t, kMostRuns> moves_{};  // of the chosen play, which the lines show
   QLabel* outcome_;
+  QPushButton* asStory_ = nullptr;
   QPushButton* undo_ = nullptr;
   QPushButton* copy_ = nullptr;
   QPushButton* close_ = nullptr;

@@ -6,7 +6,7 @@
 namespace dtb {
 namespace {
 
-constexpr double kSignSize = 8;
+constexpr double kSignSize = 9;
 constexpr double kSmallSize = 6.5;
 constexpr double kInset = 3;
 constexpr double kPath = 1.6;

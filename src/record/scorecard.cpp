@@ -155,4 +155,26 @@ std::string SignOf(const Play& play) {
   }
 }
 
+std::string ScorecardInWords(const Scorecard& card) {
+  std::string words;
+  for (std::size_t place = 0; place < card.places.size(); ++place) {
+    std::string names;
+    for (const ScoreLine& line : card.places[place]) {
+      names += (names.empty() ? "" : ", ") + line.player.name;
+    }
+    std::string boxes;
+    for (const ScoreBox& box : card.boxes) {
+      if (box.place != static_cast<int>(place) + 1) continue;
+      boxes +=
+          (boxes.empty() ? " inning " : "; inning ") + std::to_string(box.inning) + " " + box.sign;
+      if (box.scored()) boxes += ", scored";
+      if (box.outNumber > 0) boxes += ", out " + std::to_string(box.outNumber);
+      if (box.runsBattedIn > 0) boxes += ", " + std::to_string(box.runsBattedIn) + " batted in";
+    }
+    if (names.empty() && boxes.empty()) continue;
+    words += std::to_string(place + 1) + " " + names + ":" + boxes + "\n";
+  }
+  return words + card.note;
+}
+
 }  // namespace dtb

@@ -91,4 +91,8 @@ struct Scorecard {
 // began. "" where the play is none of his.
 [[nodiscard]] std::string SignOf(const Play& play);
 
+// The boxes for those who do not see them, a place a line: "1 Tony Kubek: inning 1 1B, scored;
+// inning 3 GO, out 2".
+[[nodiscard]] std::string ScorecardInWords(const Scorecard& card);
+
 }  // namespace dtb

@@ -184,6 +184,10 @@ class Scorer {
     const auto entrance = entrances_.find(name);
     box.substitute = hadBox_.insert(name).second && entrance != entrances_.end() &&
                      entrance->second.entrance == Entrance::Batting;
+    for (ScoreLine& line : Lines(place)) {
+      const bool entered = line.player.name == name && line.player.substitute && line.inning == 0;
+      if (entered) line.inning = inning_;
+    }
     // The order goes around: from here on the inning takes another column.
     box.pass = bats ? pass_ : 0;
     while (filled_.contains({box.pass, place})) ++box.pass;

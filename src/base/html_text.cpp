@@ -3,6 +3,18 @@
 #include "base/utf8.h"
 
 namespace dtb {
+namespace {
+
+// Pages may hold no control characters, and none that Unicode keeps for no character at all.
+bool StandsOnPages(char32_t code) {
+  constexpr char32_t kFirstPrintable = 0x20;
+  constexpr char32_t kPlane = 0x10000;
+  constexpr char32_t kLastTwo = 0xFFFE;
+  if (code < kFirstPrintable) return false;
+  return (code < 0xFDD0 || code > 0xFDEF) && code % kPlane < kLastTwo;
+}
+
+}  // namespace
 
 std::string HtmlText(std::string_view text) {
   std::string page;
@@ -24,6 +36,16 @@ std::string HtmlText(std::string_view text) {
     }
   }
   return page;
+}
+
+std::string PageText(std::string_view text) {
+  std::string plain;
+  while (!text.empty()) {
+    const Utf8Character character = FirstCharacter(text);
+    AppendUtf8(plain, StandsOnPages(character.code) ? character.code : kReplacementCharacter);
+    text.remove_prefix(character.bytes);
+  }
+  return HtmlText(plain);
 }
 
 }  // namespace dtb

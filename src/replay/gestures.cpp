@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QDialog>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -80,6 +81,10 @@ QWidget* FrontWindow() {
   if (MessageBox* box = MessageBox::Open(); box && box->isWindow()) return box;
   if (QWidget* popup = QApplication::activePopupWidget()) return popup;
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  // A window beside the board, until it is closed.
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (qobject_cast<QDialog*>(window) && window->isVisible()) return window;
+  }
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (qobject_cast<QMainWindow*>(window) && window->isVisible()) return window;
   }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <numeric>
 
-#include "base/html_text.h"
 #include "base/text_cell.h"
 #include "base/utf8.h"
 #include "season/season_standings.h"
@@ -11,15 +10,6 @@
 
 namespace dtb {
 namespace {
-
-// Pages may hold no control characters, and none that Unicode keeps for no character at all.
-bool StandsOnPages(char32_t code) {
-  constexpr char32_t kFirstPrintable = 0x20;
-  constexpr char32_t kPlane = 0x10000;
-  constexpr char32_t kLastTwo = 0xFFFE;
-  if (code < kFirstPrintable) return false;
-  return (code < 0xFDD0 || code > 0xFDEF) && code % kPlane < kLastTwo;
-}
 
 std::string Tag(const char* name, const std::string& contents) {
   return std::string("<")
@@ -199,16 +189,6 @@ std::string PartName(std::size_t number, std::string_view title) {
 }
 
 }  // namespace
-
-std::string PageText(std::string_view text) {
-  std::string plain;
-  while (!text.empty()) {
-    const Utf8Character character = FirstCharacter(text);
-    AppendUtf8(plain, StandsOnPages(character.code) ? character.code : kReplacementCharacter);
-    text.remove_prefix(character.bytes);
-  }
-  return HtmlText(plain);
-}
 
 std::string PageFileName(std::string_view name, std::size_t number) {
   constexpr std::size_t kLongest = 40;

@@ -5,13 +5,10 @@
 #include <string_view>
 #include <vector>
 
+#include "base/html_text.h"
 #include "season/season_figures.h"
 
 namespace dtb {
-
-// The text as any page may show it: what is no character of a page stands as U+FFFD, all marks and
-// all that is not plain as entities.
-[[nodiscard]] std::string PageText(std::string_view text);
 
 // "al-adams-12.html": plain small letters and digits of the name, and a number that makes it
 // distinct from all others of its folder, whatever the names are.

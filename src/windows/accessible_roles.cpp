@@ -5,6 +5,7 @@
 #include "windows/aids/dice_panels.h"
 #include "windows/board/park_markers.h"
 #include "windows/boxes/message_box.h"
+#include "windows/scorecard/card_view.h"
 #include "windows/season/season_chart.h"
 #include "windows/shared/controls.h"
 
@@ -15,7 +16,7 @@ QAccessibleInterface* MakeInterface(const QString& /*className*/, QObject* objec
   auto* widget = qobject_cast<QWidget*>(object);
   if (widget == nullptr) return nullptr;
   if (qobject_cast<PictureBox*>(widget) != nullptr ||
-      qobject_cast<SeasonChart*>(widget) != nullptr) {
+      qobject_cast<SeasonChart*>(widget) != nullptr || qobject_cast<CardView*>(widget) != nullptr) {
     return new QAccessibleWidget(widget, QAccessible::Graphic);
   }
   if (qobject_cast<FaceDie*>(widget) != nullptr) {

@@ -93,6 +93,7 @@ void BoardWindow::ServeNewGames(NewGames& newGames) {
 BoardWindow::~BoardWindow() {
   tmr_Constant_.stop();
   tmr_F12detect_.stop();
+  delete card_;
   delete form2_;
   delete log_;
   delete takeCentralWidget();
@@ -144,12 +145,17 @@ void BoardWindow::BuildMenu() {
   season->setObjectName(QStringLiteral("mnuSeason"));
   connect(season, &QAction::triggered, this,
           later([this] { ArchiveWindow::Run(board_, season_, this); }));
+  QAction* lineUps = teams->addAction(QStringLiteral("Print line-up card..."));
+  lineUps->setObjectName(QStringLiteral("mnuLineUpCard"));
+  connect(lineUps, &QAction::triggered, this, later([this] { PrintLineUpCard(board_, this); }));
   add("mnuStatistics", "Database", later([this] { BrowserWindow::Run(board_.platform, this); }));
   add("mnuEventLog", "EventLog", later([this] { ShowLog(); }));
   add("mnuPlays", "Plays", later([this] { ShowPlays(); }))
       ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
   add("mnuBox", "Box", later([this] { ShowBox(); }))
       ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_B));
+  add("mnuScorecard", "Scorecard", later([this] { ShowScorecard(); }))
+      ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
   add("mnu_Options", "Options", [this] {
     ToggleOptions(board_);
     if (menuBar()->hasFocus()) focusKeys_->EnterOptions();
@@ -278,6 +284,18 @@ void BoardWindow::ShowBox() {
   window.exec();
 }
 
+void BoardWindow::ShowScorecard() {
+  if (card_ == nullptr) {
+    card_ = new ScorecardWindow(board_.platform, this);
+    card_->setAttribute(Qt::WA_DeleteOnClose);
+    card_->addActions({edit_->undo(), edit_->redo()});
+    card_->FollowBoard(board_);
+  }
+  card_->show();
+  card_->raise();
+  card_->activateWindow();
+}
+
 void BoardWindow::PlaceAtLaunch() {
   if (TakeUpPlace(*this, board_.platform.settings)) return;
   FitAtLaunch(this, scene_.resizer(), menuBar()->sizeHint().height());
@@ -339,6 +357,7 @@ void BoardWindow::keyPressEvent(QKeyEvent* event) {
 void BoardWindow::closeEvent(QCloseEvent* event) {
   if (ConfirmExit(board_)) {
     KeepPlace(*this, board_.platform.settings);
+    if (card_ != nullptr) card_->close();
     event->accept();
   } else {
     event->ignore();

@@ -21,6 +21,7 @@
 #include "windows/board/side_panel.h"
 #include "windows/boxes/log_window.h"
 #include "windows/plays/plays_window.h"
+#include "windows/scorecard/scorecard_window.h"
 #include "windows/shared/scene.h"
 #include "windows/sheet/sheet_window.h"
 
@@ -58,6 +59,7 @@ class BoardWindow : public QMainWindow {
   void ShowLog();
   void ShowPlays();
   void ShowBox();
+  void ShowScorecard();
   // The size and place at start: those in which the person left the window, else the launch shrink,
   // or what the screen has room for; centred, with a quarter of the free height above.
   void PlaceAtLaunch();
@@ -83,7 +85,8 @@ class BoardWindow : public QMainWindow {
   std::unique_ptr<FocusKeys> focusKeys_;
   SheetWindow* form2_ = nullptr;
   LogWindow* log_ = nullptr;
-  QPointer<PlaysWindow> plays_;  // while it is open
+  QPointer<PlaysWindow> plays_;     // while it is open
+  QPointer<ScorecardWindow> card_;  // while it is open
   archive::KeptSeason season_;
   QTimer tmr_Constant_;
   QTimer tmr_F12detect_;

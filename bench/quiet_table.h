@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <string>
 
 #include "game/start_up.h"
 #include "platform/quiet_desktop.h"
@@ -14,10 +15,11 @@ namespace dtb {
 // A team file of 49 players with remarks, for as long as it is needed.
 class FullTeamFile {
  public:
-  FullTeamFile() {
+  // Two teams with the same names would be told in a box.
+  explicit FullTeamFile(const std::string& firstName = "Firstname") {
     std::ofstream stream(path_);
     for (int player = 1; player <= 49; ++player) {
-      stream << "Firstname Lastname" << player << "=SS R .287 speed A arm B\r\n";
+      stream << firstName << " Lastname" << player << "=SS R .287 speed A arm B\r\n";
     }
   }
   ~FullTeamFile() { std::filesystem::remove(path_); }
@@ -31,8 +33,8 @@ class FullTeamFile {
 };
 
 inline void StartGame(Board& board) {
-  const FullTeamFile file;
   for (const Side side : {Side::Visitors, Side::Home}) {
+    const FullTeamFile file(side == Side::Visitors ? "Firstname" : "Forename");
     OpenTeam(board, side, file.path());
     SideOf(board, side).list.Select(20);
     ChangePitcher(board, side);

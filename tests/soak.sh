@@ -56,8 +56,8 @@ play_monkey() {
 }
 
 play_random_games() {
-  look games RC_PARAMS="seed=$seed max_success=$games_a_round" \
-    "$build/asan/dtb_core_tests" '--gtest_filter=EveryGame.*' || return 0
+  look games DTB_SEED="$seed" RC_PARAMS="seed=$seed max_success=$games_a_round" \
+    "$build/asan/dtb_core_tests" '--gtest_filter=EveryGame*' || return 0
   games=$((games + games_a_round))
 }
 

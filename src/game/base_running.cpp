@@ -57,6 +57,10 @@ std::optional<std::size_t> LastRunOf(const Play& play) {
   return std::nullopt;
 }
 
+bool Bats(const BoardState& state, const std::string& name) {
+  return name == state.lbl_Selected.value() && !state.BatterOf.value().empty();
+}
+
 bool CanMove(Board& board) {
   if (!KeepsBases(board.state) || !SideAtBat(board.state)) return false;
   return !RefusesAfterSave(board);
@@ -127,16 +131,17 @@ void HoldAtThird(Board& board) {
   });
 }
 
+std::string WhyNotOnBase(const BoardState& state, const std::string& name, int base) {
+  if (Bats(state, name)) return LastNameOf(name) + " bats.";
+  if (BaseOf(state, name) > 0) return LastNameOf(name) + " is on base already.";
+  const Runner there = RunnerOn(state, base);
+  return there.none() ? "" : LastNameOf(there.name) + " is on " + BaseName(base) + ".";
+}
+
 void PutOnBase(Board& board, const std::string& name, int base, CameOn came) {
   if (!CanMove(board) || name.empty()) return;
   BoardState& state = board.state;
-  const Runner there = RunnerOn(state, base);
-  const std::string& batter = state.lbl_Selected.value();
-  const std::string last = LastNameOf(name);
-  std::string why;
-  if (!there.none()) why = LastNameOf(there.name) + " is on " + BaseName(base) + ".";
-  if (BaseOf(state, name) > 0) why = last + " is on base already.";
-  if (name == batter && !state.BatterOf.value().empty()) why = last + " bats.";
+  const std::string why = WhyNotOnBase(state, name, base);
   if (!why.empty()) return board.platform.boxes.Notify(why);
   Trapped(board.platform.boxes, [&] {
     const Gesture gesture(board, std::string("on ") + BaseName(base) + ", " + name);
@@ -189,6 +194,24 @@ void PutOutInstead(Board& board, const std::string& name) {
   RecordOutcome(board, last.outcome, base);
 }
 
+std::vector<int> PlacesFor(const BoardState& state, std::optional<int> piece) {
+  const std::string name =
+      piece ? state.pieces.at(static_cast<std::size_t>(*piece)).tag.value() : "";
+  const int base = BaseOf(state, name);
+  const bool bats = piece && Bats(state, name);
+  const Occupied occupied = OccupiedBases(state);
+  std::vector<int> places;
+  for (int place = kFirstBase; place <= kHomePlate; ++place) {
+    const bool empty = place <= kThirdBase && RunnerOn(state, place).none();
+    const bool free = base > 0 ? place == base || IsFree(occupied, {base, place})
+                      : bats   ? place == kFirstBase
+                               : empty;
+    if (free) places.push_back(place);
+  }
+  if (piece) places.push_back(kPutOut);
+  return places;
+}
+
 void DropPiece(Board& board, int piece, int place, MoveOf belongs) {
   if (!KeepsBases(board.state)) return;
   const GamePiece& dropped = board.state.pieces.at(static_cast<std::size_t>(piece));
@@ -198,9 +221,7 @@ void DropPiece(Board& board, int piece, int place, MoveOf belongs) {
   const bool onField = place >= kFirstBase && place <= kThirdBase;
   if (base > 0 && place == kPutOut) return RecordOutcome(board, Outcome::ThrownOut, base);
   if (base > 0) return MoveRunner(board, base, place, belongs);
-  const bool bats =
-      name == board.state.lbl_Selected.value() && !board.state.BatterOf.value().empty();
-  if (!bats) {
+  if (!Bats(board.state, name)) {
     if (onField) PutOnBase(board, name, place, CameOn::Before);
     if (place == kPutOut) FreePiece(board, piece);
     return;

@@ -2,7 +2,9 @@
 // cannot be is told in a notice, and then nothing changes.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "game/board.h"
 #include "game/outcome.h"
@@ -29,6 +31,8 @@ void HoldAtThird(Board& board);
 enum class CameOn { WithoutTimeAtBat, Before };
 void PutOnBase(Board& board, const std::string& name, int base,
                CameOn came = CameOn::WithoutTimeAtBat);
+// Why he cannot; "": he can.
+[[nodiscard]] std::string WhyNotOnBase(const BoardState& state, const std::string& name, int base);
 
 // Which of several runners is out has to be asked before this outcome is recorded.
 [[nodiscard]] bool AsksWhoIsOut(const Board& board, Outcome outcome);
@@ -40,6 +44,10 @@ void PutOnBase(Board& board, const std::string& name, int base,
 // Undoes that step and records it anew, with another runner out; `name` is who. Nothing happens
 // where it cannot be, or he is out already.
 void PutOutInstead(Board& board, const std::string& name);
+
+// Where a piece, 0 to 3, or a row of a line-up (none) may be let go: bases, home plate, or off the
+// field. A runner may also stay on his base.
+[[nodiscard]] std::vector<int> PlacesFor(const BoardState& state, std::optional<int> piece);
 
 // A piece, 0 to 3, was let go over a place: a base, home plate, or off the field. The runner on it
 // moves, scores or is out; the batter takes first, or is out without an at-bat; who is neither is

@@ -113,6 +113,7 @@ Desk::Desk(const Setup& setup)
     });
   }
   boxes_.SetQuick(aidsState_.cb_QuickBoxes);
+  boxes_.SetKeepsBases(state_.cb_KeepBases);
   form1_->AddTakeUp([this] { TakeUpSetAside(board_, aids_, store_); });
 }
 

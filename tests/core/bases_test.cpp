@@ -108,6 +108,17 @@ TEST(KeptBases, TellWhatCannotBeAndLeaveItUndone) {
   }
 }
 
+TEST(KeptBases, LightUpWhereAPieceMayGo) {
+  Game game;
+  game.Play("keep:on BB BB");  // A on second, B on first, C bats
+  using Places = std::vector<int>;
+  for (const auto& [name, places] :
+       {std::pair{"A", Places{2, 3, 4, 5}}, {"B", Places{1, 5}}, {"C", Places{1, 5}}}) {
+    EXPECT_EQ(PlacesFor(game.state, PieceOf(game.state, name)), places) << name;
+  }
+  EXPECT_EQ(PlacesFor(game.state, std::nullopt), Places{3});
+}
+
 TEST(KeptBases, GoBackStepByStep) {
   Check("bases score play steps", R"(
 keep:on BB run:12 run:23 run:31 => A - - / 0:0 / A walks / 4 to first, A;

@@ -53,6 +53,7 @@ void BaseBoard::Do(const std::string& line, std::optional<int> out) {
     return;
   }
   if (half_ != Half::Going) Refuse("no half-inning is in progress");
+  if (began_.empty()) began_ = Pitcher();
   if (verb == "SB") return Steal(rest());
   if (verb == "PLACE") {
     const int base = BaseNamed(next());
@@ -107,7 +108,7 @@ void BaseBoard::ChooseBatter(int side, const std::string& name) {
     figures_[{side, "LINE", InningName(inning), ""}] = 0;
     last_ = {};
     missed_.clear();
-    began_ = Pitcher();
+    began_.clear();
   }
   if (side != atBat_) Refuse("the other side is at bat");
   batter_ = name;
@@ -177,6 +178,7 @@ void BaseBoard::Hit(int bases, bool isError) {
     if (bases_.at(base).name.empty()) continue;
     Put(base + bases, std::exchange(bases_.at(base), {}));
   }
+  last_.brought = last_.home.size();
   Runner batter = Batter();
   batter.unearned = isError;
   if (isError) ++missed_[Pitcher()];
@@ -189,7 +191,7 @@ void BaseBoard::Forced(bool walk) {
   if (!walk) last_ = {.batter = batter_};
   last_.ofBatter = true;
   MoveForced();
-  last_.forces = true;
+  last_.ofBatter = false;  // who comes home besides was not forced
   Put(1, Batter());
   NextBatter();
 }
@@ -307,14 +309,14 @@ void BaseBoard::ComesHome(Runner runner) {
   ++Pitching(runner.pitcher, "R");
   const bool earned = IsEarned(runner);
   if (earned) ++Pitching(runner.pitcher, "ER");
-  if (last_.ofBatter && last_.forces) Refuse("is a run that joins a walk batted in");
   if (last_.ofBatter) ++Batting(last_.batter, "RBI");
   last_.home.emplace_back(std::move(runner), earned);
 }
 
 // Who came home last with this play stands on a base after all.
 void BaseBoard::TakeBack(int base) {
-  if (last_.home.empty()) Refuse("nobody came home");
+  const std::size_t home = last_.home.size();
+  if (home == 0 || home > last_.brought) Refuse("the outcome brought nobody home last");
   for (int passed = base; passed < kHome; ++passed) {
     if (!bases_.at(passed).name.empty()) Refuse("the base is taken");
   }

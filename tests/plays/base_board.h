@@ -69,7 +69,7 @@ class BaseBoard {
     std::string batter = {};
     bool ofBatter = false;  // he is credited with runs that join it
     bool isError = false;
-    bool forces = false;                             // only with those that were forced in
+    std::size_t brought = 0;  // how many a hit or an error brought home, without the batter
     std::vector<std::pair<Runner, bool>> home = {};  // and whether the run is earned
   };
   enum class Half { None, Going, Over };

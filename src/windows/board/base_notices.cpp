@@ -95,6 +95,10 @@ void BaseNotices::Show(const Notice& notice, bool shown, const QString& words) {
   if (shown) notice.panel->raise();
 }
 
+void BaseNotices::Withdraw() {
+  for (const Notice& notice : {another_, scored_}) notice.panel->hide();
+}
+
 void BaseNotices::Refresh() {
   const BoardState& state = board_.state;
   if (!offering_ && OffersToKeepBases(board_)) {

@@ -21,6 +21,10 @@ class BaseNotices : public QObject {
  public:
   BaseNotices(Board& board, Scene& scene, QWidget* park);
 
+  // The next outcome and its boxes: what was said of the last play goes, until Refresh.
+  void Withdraw();
+  void Refresh();
+
  signals:
   void statsWanted();
 
@@ -37,7 +41,6 @@ class BaseNotices : public QObject {
   };
   Notice Make(Scene& scene, QWidget* park, const char* name, const std::vector<Choice>& choices);
   void Show(const Notice& notice, bool shown, const QString& words);
-  void Refresh();
 
   Board& board_;
   Notice offer_;

@@ -81,10 +81,10 @@ std::optional<int> BaseTargets::At(const QPoint& pointer, const QPoint& feet) co
   return nearest;
 }
 
-void BaseTargets::Light(std::optional<int> place, Shown shown) {
-  const bool unchanged = isVisible() && lit_ == place && shown_ == shown;
+void BaseTargets::Light(std::optional<int> place, const std::vector<int>& places) {
+  const bool unchanged = isVisible() && lit_ == place && places_ == places;
   lit_ = place;
-  shown_ = shown;
+  places_ = places;
   if (unchanged) return;
   setGeometry(parentWidget()->rect());
   show();
@@ -106,17 +106,17 @@ void BaseTargets::paintEvent(QPaintEvent* /*event*/) {
     ground.setAlpha(lit ? 170 : 110);
     painter.setBrush(ground);
   };
-  const bool all = shown_ == Shown::All;
-  for (int place = kFirstBase; place <= (all ? kHomePlate : kThirdBase); ++place) {
-    dress(place);
-    painter.drawEllipse(SpotOf(aids_.state, place), kRing, kRing * 0.6);
-  }
-  if (!all) return;
   painter.setFont(Font(kLarge, true));
-  for (const Place& field : kOutFields) {
-    dress(kPutOut);
-    painter.drawRoundedRect(RectOf(field), kCorner, kCorner);
-    painter.drawText(RectOf(field), Qt::AlignCenter, QStringLiteral("OUT"));
+  for (const int place : places_) {
+    dress(place);
+    if (place <= kHomePlate) {
+      painter.drawEllipse(SpotOf(aids_.state, place), kRing, kRing * 0.6);
+      continue;
+    }
+    for (const Place& field : kOutFields) {
+      painter.drawRoundedRect(RectOf(field), kCorner, kCorner);
+      painter.drawText(RectOf(field), Qt::AlignCenter, QStringLiteral("OUT"));
+    }
   }
 }
 

@@ -3,6 +3,7 @@
 
 #include <QWidget>
 #include <optional>
+#include <vector>
 
 #include "aids/aids_state.h"
 #include "game/board.h"
@@ -31,10 +32,8 @@ class BaseTargets : public QWidget {
   // piece whose feet stand at the other; both in pixels of the park. Nothing: neither is near one.
   [[nodiscard]] std::optional<int> At(const QPoint& pointer, const QPoint& feet) const;
 
-  // A runner may go everywhere, a player who begins on a base only there.
-  enum class Shown { All, Bases };
-  // Shows them, with this one brighter.
-  void Light(std::optional<int> place, Shown shown = Shown::All);
+  // Shows the places to which one may go, with this one brighter if it is among them.
+  void Light(std::optional<int> place, const std::vector<int>& places);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -44,7 +43,7 @@ class BaseTargets : public QWidget {
   Aids& aids_;
   Scene& scene_;
   std::optional<int> lit_;
-  Shown shown_ = Shown::All;
+  std::vector<int> places_;
 };
 
 }  // namespace dtb

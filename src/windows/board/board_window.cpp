@@ -216,6 +216,8 @@ void BoardWindow::BuildScene() {
   connect(next_, &NextStep::runnerWanted, keys_, &PlayKeys::AskWhoIsOut);
   auto* notices = new BaseNotices(board_, scene_, park_);
   connect(notices, &BaseNotices::statsWanted, this, [this] { ShowStats(); });
+  connect(next_, &NextStep::recording, notices, &BaseNotices::Withdraw);
+  connect(next_, &NextStep::recorded, notices, &BaseNotices::Refresh);
   focusKeys_ = std::make_unique<FocusKeys>(park_, [this] { ToggleOptions(board_); });
   for (auto* button : park_->findChildren<QAbstractButton*>()) {
     // The arrows move a piece over the park.

@@ -45,11 +45,12 @@ void NextStep::Refresh() {
 void NextStep::Record(Outcome outcome) {
   if (AsksWhoIsOut(board_, outcome)) return emit runnerWanted();
   const Step missing = step_;
-  if (missing == Step::None) return RecordOutcome(board_, outcome);
   // An at-bat, for one, is counted without pitchers.
-  const std::string before = GameText(board_);
+  const std::string before = missing == Step::None ? "" : GameText(board_);
+  emit recording();
   RecordOutcome(board_, outcome);
-  if (Is(missing) && GameText(board_) == before) Flash();
+  emit recorded();
+  if (missing != Step::None && Is(missing) && GameText(board_) == before) Flash();
 }
 
 void NextStep::Flash() {

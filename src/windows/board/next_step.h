@@ -39,6 +39,9 @@ class NextStep : public QObject {
 
  signals:
   void changed();
+  // Around an outcome and its boxes.
+  void recording();
+  void recorded();
   // A runner is out, and there are several.
   void runnerWanted();
 

@@ -260,7 +260,8 @@ void PieceView::DragOverBases(const QMouseEvent& event) {
   scene_.MoveTo(this,
                 {corner.x() / scene_.resizer().scaleX(), corner.y() / scene_.resizer().scaleY(),
                  board_.state.pieceWidth.value(), board_.state.pieceHeight.value()});
-  targets_.Light(targets_.At(pointer, corner + QPoint(width() / 2, height())));
+  targets_.Light(targets_.At(pointer, corner + QPoint(width() / 2, height())),
+                 PlacesFor(board_.state, piece_));
   shadow_->hide();
   raise();
 }

@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <QPainter>
 
+#include "game/base_running.h"
 #include "game/bases.h"
 #include "game/batting_order.h"
 #include "game/play_words.h"
@@ -52,15 +53,19 @@ bool RunnerDrag::Move(const QPoint& place) {
     return false;
   }
   if (base) {
-    Targets()->Light(base, BaseTargets::Shown::Bases);
+    Targets()->Light(base, PlacesFor(board_.state, std::nullopt));
   } else if (KeepsBases(board_.state)) {
     Targets()->hide();
   }
-  ShowTag(base ? ToQt(PlayerAt(SideOf(board_, side_).list, *row_)) + QStringLiteral(" begins on ") +
-                     QLatin1String(BaseName(*base))
-               : ToQt(ReplacementOn(board_, side_, *row_, *piece).words),
+  ShowTag(ToQt(base ? WordsOnBase(*base) : ReplacementOn(board_, side_, *row_, *piece).words),
           place);
   return true;
+}
+
+std::string RunnerDrag::WordsOnBase(int base) const {
+  const std::string name = PlayerAt(SideOf(board_, side_).list, *row_);
+  const std::string why = WhyNotOnBase(before_->state, name, base);
+  return why.empty() ? name + " begins on " + BaseName(base) : why;
 }
 
 bool RunnerDrag::End(const QPoint& place) {

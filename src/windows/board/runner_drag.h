@@ -34,6 +34,8 @@ class RunnerDrag {
   [[nodiscard]] std::optional<int> PieceUnder(const QPoint& place) const;
   // The base there, 1 to 3, on which the player of the row can be put.
   [[nodiscard]] std::optional<int> BaseUnder(const QPoint& place) const;
+  // "Varrow begins on second", or why he cannot.
+  [[nodiscard]] std::string WordsOnBase(int base) const;
   [[nodiscard]] BaseTargets* Targets() const;
   void HideAll();
   void ShowTag(const QString& words, const QPoint& place);

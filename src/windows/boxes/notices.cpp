@@ -20,6 +20,7 @@ constexpr double kRowHeight = 36;
 constexpr double kMargin = 20;
 constexpr double kGap = 4;
 constexpr double kAboveFoot = 12;
+constexpr double kRightOfPlate = 0.535;  // of the board's width
 
 }  // namespace
 
@@ -30,8 +31,9 @@ Notices::Notices(QWidget* board) : QWidget(board) {
   hide();
 }
 
-void Notices::Show(const QString& message, const QString& counted, double scale) {
+void Notices::Show(const QString& message, const QString& counted, double scale, Stand stand) {
   scale_ = scale;
+  stand_ = stand;
   const int number = ++lastNumber_;
   notices_.push_front({number, message, counted});
   while (notices_.size() > kMostNotices) notices_.pop_back();
@@ -60,10 +62,12 @@ void Notices::Drop(int number) {
 
 void Notices::Arrange() {
   const QSize board = parentWidget()->size();
-  const int width = std::min(qRound(kWidest * scale_), board.width());
+  const bool right = stand_ == Stand::Right;
+  const int least = right ? qRound(kRightOfPlate * board.width()) : 0;
+  const int width = std::min(qRound(kWidest * scale_), board.width() - least);
   const int height = qRound((kRowHeight + kGap) * scale_ * static_cast<double>(notices_.size()));
-  setGeometry((board.width() - width) / 2, board.height() - height - qRound(kAboveFoot * scale_),
-              width, height);
+  setGeometry(right ? least : (board.width() - width) / 2,
+              board.height() - height - qRound(kAboveFoot * scale_), width, height);
   update();
 }
 
@@ -79,7 +83,8 @@ void Notices::paintEvent(QPaintEvent* /*event*/) {
     const double room = width() - 2 * units(kMargin) - message;
     const QString counted = metrics.elidedText(notice.counted, Qt::ElideRight, room);
     const double plate = message + metrics.horizontalAdvance(counted) + 2 * units(kMargin);
-    const QRectF row((width() - plate) / 2, top, plate, units(kRowHeight));
+    const QRectF row(stand_ == Stand::Right ? 0 : (width() - plate) / 2, top, plate,
+                     units(kRowHeight));
     DrawPlate(painter, row, kSlate, &notice == &notices_.front() ? kAccent : kEdgeBright, 1);
     QRectF text = row.adjusted(units(kMargin), 0, 0, 0);
     painter.setPen(kCream);

@@ -14,9 +14,11 @@ class Notices : public QWidget {
   // `board`: the widget at whose foot it stands.
   explicit Notices(QWidget* board);
 
+  // In the middle, or to the right of home plate, where they cover no batter.
+  enum class Stand { Middle, Right };
   // `counted`, if there is one, stands behind the message: who and what. `scale` gives the size of
   // the type, 1 at the reference size of the board.
-  void Show(const QString& message, const QString& counted, double scale);
+  void Show(const QString& message, const QString& counted, double scale, Stand stand);
   // What is shown at the moment, the newest first.
   [[nodiscard]] QStringList shown() const;
 
@@ -36,6 +38,7 @@ class Notices : public QWidget {
   std::deque<Notice> notices_;  // the newest first
   int lastNumber_ = 0;
   double scale_ = 1;
+  Stand stand_ = Stand::Middle;
 };
 
 }  // namespace dtb

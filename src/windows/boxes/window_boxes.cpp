@@ -36,7 +36,9 @@ void WindowBoxes::Notify(const std::string& message) {
 
 void WindowBoxes::ShowNotice(const std::string& message, const std::string& counted) {
   if (!notices_) notices_ = new Notices(mainWindow_->centralWidget());
-  notices_->Show(ToQt(message), ToQt(counted), Scale());
+  const bool atPlate = keepsBases_ != nullptr && keepsBases_->value();
+  notices_->Show(ToQt(message), ToQt(counted), Scale(),
+                 atPlate ? Notices::Stand::Right : Notices::Stand::Middle);
 }
 
 void WindowBoxes::Show(const std::string& message, BoxIcon icon, const std::string& title) {

@@ -26,6 +26,8 @@ class WindowBoxes : public MessageBoxes {
   void SetMainWindow(QMainWindow* window) { mainWindow_ = window; }
   // While the field is on, confirmations are notices at the foot of the board.
   void SetQuick(const Field<bool>& quick) { quick_ = &quick; }
+  // While the field is on, the batter stands at home plate, and notices beside it.
+  void SetKeepsBases(const Field<bool>& keepsBases) { keepsBases_ = &keepsBases; }
 
  private:
   bool Run(const MessageBox::Content& content) const;
@@ -35,6 +37,7 @@ class WindowBoxes : public MessageBoxes {
   QPointer<QMainWindow> mainWindow_;
   QPointer<Notices> notices_;  // none before the first
   const Field<bool>* quick_ = nullptr;
+  const Field<bool>* keepsBases_ = nullptr;
 };
 
 }  // namespace dtb

@@ -79,8 +79,8 @@ double CardView::Scale() const {
 void CardView::FitBars() {
   // What is shown whole has no bar, not even for a moment: Qt would keep its room free.
   const QSizeF whole = WholeSize() * Scale();
-  const auto fit = [](QScrollBar* bar, double size, int room, bool whole) {
-    bar->setRange(0, whole ? 0 : std::max(0, static_cast<int>(std::floor(size)) - room));
+  const auto fit = [](QScrollBar* bar, double size, int room, bool fits) {
+    bar->setRange(0, fits ? 0 : std::max(0, static_cast<int>(std::floor(size)) - room));
     bar->setPageStep(room);
     bar->setSingleStep(std::max(1, room / 20));
   };

@@ -10,6 +10,8 @@
 #include "base/whole_file.h"
 #include "base/words.h"
 #include "record/box_html.h"
+#include "record/drawing_svg.h"
+#include "record/scorecard_drawing.h"
 #include "season/season_book.h"
 #include "season/season_html.h"
 #include "season/season_leaders.h"
@@ -347,7 +349,7 @@ class PageWriter {
     for (const SeasonSide& side : game.sides) names.push_back(season_.teams[side.team].name);
     const GameRecord* record = records_.Next(place);
     const bool told = record != nullptr && !record->plays.empty();
-    if (told) names.insert(names.end(), {"Box score", "Play by play"});
+    if (told) names.insert(names.end(), {"Box score", "Play by play", "Scorecard"});
     std::string page = PageContents(names) + Paragraph(DayAndTimeText(game.time)) + LineScore(game);
     for (std::size_t side = 0; side < game.sides.size(); ++side) {
       page += PartHeading(side + 1, names[side]);
@@ -368,8 +370,21 @@ class PageWriter {
     }
     if (!told) return page;
     const BoxScore box = BoxScoreOf(*record, records_.toDate());
-    return page + PartHeading(3, "Box score") + BoxHtml(box, BoxColumns::One) +
-           PartHeading(4, "Play by play") + StoryHtml(StoryOf(*record));
+    Story story = StoryOf(*record);
+    story.scoring.clear();  // they stand in the box score
+    return page + PartHeading(3, "Box score") + Paragraph(box.when) +
+           BoxHtml(box, BoxColumns::One) + PartHeading(4, "Play by play") + StoryHtml(story) +
+           PartHeading(5, "Scorecard") + CardOf(*record);
+  }
+
+  // Both sides, one below the other.
+  static std::string CardOf(const GameRecord& record) {
+    std::vector<Drawing> pages;
+    for (const Side side : {Side::Visitors, Side::Home}) {
+      std::ranges::move(DrawScorecard(ScorecardOf(record, side), kA4Landscape),
+                        std::back_inserter(pages));
+    }
+    return SvgOfPage(pages, Dress::Paper);
   }
 
   [[nodiscard]] std::string LineScore(const SeasonGame& game) const {

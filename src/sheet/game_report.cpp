@@ -76,8 +76,10 @@ std::string NewspaperPart(Board& board, const SeasonBefore& before) {
   SeasonToDate season = before ? before(game) : SeasonToDate();
   season.Add(game);
   const BoxScore box = BoxScoreOf(game, season);
+  Story story = StoryOf(game);
+  story.scoring.clear();  // they stand in the box score
   return "<h2>" + HtmlText(box.headline) + "</h2>\n" + BoxHtml(box, BoxColumns::Two) +
-         "<h2>Play by play</h2>\n" + StoryHtml(StoryOf(game));
+         "<h2>Play by play</h2>\n" + StoryHtml(story);
 }
 
 void WritePage(const StatSheet& sheet, std::string_view title, const std::string& behind,

@@ -10,6 +10,7 @@
 #include "season/season_pages.h"
 #include "windows/box/box_window.h"
 #include "windows/browser/browser_window.h"
+#include "windows/scorecard/scorecard_window.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"
@@ -60,7 +61,19 @@ void BrowserWindow::BuildGameStats() {
   QPushButton* box = AddButton(strip, "cmd_Box", "Box score and story",
                                "The game as newspapers print it, and play by play");
   BindVisible(box, state_.MSHFlexGrid12.visible);
-  connect(box, &QPushButton::clicked, this, &BrowserWindow::ShowBox);
+  connect(box, &QPushButton::clicked, this, [this] {
+    if (const auto game = ShownGame()) BoxWindow(browser_.platform, *game, this).exec();
+  });
+  QPushButton* card = AddButton(strip, "cmd_Card", "Scorecard",
+                                "The game as a scorer has it on paper, to print as well");
+  BindVisible(card, state_.MSHFlexGrid12.visible);
+  connect(card, &QPushButton::clicked, this, [this] {
+    const auto game = ShownGame();
+    if (!game) return;
+    ScorecardWindow window(browser_.platform, this);
+    window.ShowRecord(*game);
+    window.exec();
+  });
 
   QLabel* hint = MakeCaption(
       QStringLiteral("No game is shown yet.\n\nClick a GameID, in the last column of the tab "
@@ -71,7 +84,7 @@ void BrowserWindow::BuildGameStats() {
   Follow<bool>(hint, state_.MSHFlexGrid12.visible, [hint](bool shown) { hint->setHidden(shown); });
 }
 
-void BrowserWindow::ShowBox() {
+std::optional<GameRecord> BrowserWindow::ShownGame() {
   const SavedGame shown = GameInRow(state_.MSHFlexGrid12.grid, 1);
   std::optional<GameRecord> game;
   Do([&] {
@@ -81,9 +94,7 @@ void BrowserWindow::ShowBox() {
                                    BoxIcon::Information, kBrowserTitle);
     }
   });
-  if (!game) return;
-  BoxWindow window(browser_.platform, *game, this);
-  window.exec();
+  return game;
 }
 
 // The header, both teams, and a scroll bar where the innings are too many.

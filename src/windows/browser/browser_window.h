@@ -13,6 +13,7 @@
 
 #include "base/control_resizer.h"
 #include "browser/opening.h"
+#include "record/game_record.h"
 #include "windows/boxes/busy.h"
 #include "windows/browser/bracket_view.h"
 #include "windows/browser/no_match.h"
@@ -63,8 +64,8 @@ class BrowserWindow : public QDialog {
   void BuildWinLoss();
   void BuildGameStats();
   void SizeLineScore();
-  // The box score of the game that the tab shows, in a window of its own.
-  void ShowBox();
+  // The game that the tab shows; nothing where it is gone, which is told.
+  std::optional<GameRecord> ShownGame();
   void AddTeamHeading(const char* name, int row, QGridLayout* places, int place);
   void BuildTournament();
   void BuildSeason();

@@ -17,6 +17,12 @@ class Reader {
 
   GameOutings All() {
     for (const Play& play : game_.plays) Take(play);
+    // A side that has not been in the field yet has the starter who was named.
+    for (std::size_t side = 0; side < 2; ++side) {
+      std::vector<Outing>& own = outings_.sides.at(side);
+      const std::vector<PitcherRecord>& named = game_.sides.at(side).pitchers;
+      if (own.empty() && !named.empty()) own.push_back({.pitcher = named.front().name});
+    }
     for (RunOfGame& run : outings_.runs) {
       // Nobody had pitched for them yet: their starter will.
       const auto& own = outings_.side(run.scoring);

@@ -12,7 +12,7 @@ namespace dtb {
 inline constexpr int kLeadOfSave = 3;  // runs (Official Baseball Rules, 9.19)
 
 struct Outing {
-  std::string pitcher;
+  std::string pitcher = {};
   int lead = 0;     // of his side when he came in; below 0: it was behind
   int runners = 0;  // of the other side, on base when he came in
   int outs = 0;
@@ -41,7 +41,7 @@ struct GameOutings {
   }
 };
 
-// From the plays alone: a pitcher without a play has none.
+// From the plays alone: a reliever without a play has none.
 [[nodiscard]] GameOutings OutingsOf(const GameRecord& game);
 
 }  // namespace dtb

@@ -50,6 +50,7 @@ constexpr std::array kOtherKeys{
     OtherKey{"Ctrl + Shift + Z", "Redo"},
     OtherKey{"Ctrl + N", "New game"},
     OtherKey{"Ctrl + L", "The plays so far"},
+    OtherKey{"Ctrl + B", "The box score so far"},
     OtherKey{"?", "These keys"},
 };
 

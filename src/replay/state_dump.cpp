@@ -2,6 +2,7 @@
 #include "game/play_sums.h"
 #include "game/play_words.h"
 #include "platform/qt/qt_text.h"
+#include "record/game_record.h"
 #include "replay/game_state.h"
 #include "windows/browser/browser_window.h"
 
@@ -127,6 +128,7 @@ void PutPlays(Lines& lines, Board& board) {
   QStringList plays;
   for (const Play& play : state.plays.All()) plays += ToQt(PlayWithInning(play));
   lines.PutList("play", plays);
+  lines.Put("decisions", DecisionsText(RecordOf(board).decisions));
   for (const Side batting : {Side::Visitors, Side::Home}) {
     const PlaySums sums = SumsOf(board, batting);
     const std::string side = batting == Side::Visitors ? "visitors" : "home";

@@ -72,24 +72,6 @@ Games Missing(const Games& from, const Games& in) {
   return missing;
 }
 
-std::string SizeText(std::uintmax_t bytes) {
-  constexpr std::uintmax_t kKilo = 1024;
-  const std::uintmax_t kilobytes = (bytes + kKilo - 1) / kKilo;
-  if (kilobytes < 10 * kKilo) return std::to_string(kilobytes) + " KB";
-  return std::to_string(kilobytes / kKilo) + " MB";
-}
-
-GridContents ContentsOf(const std::vector<std::string>& headers,
-                        const std::vector<std::vector<std::string>>& rows) {
-  GridContents contents{{""}, std::vector<CellColumn>(headers.size() + 1)};
-  contents.headers.insert(contents.headers.end(), headers.begin(), headers.end());
-  for (const auto& row : rows) {
-    contents.columns.front().Append({});
-    for (std::size_t i = 0; i < row.size(); ++i) contents.columns[i + 1].Append(row[i]);
-  }
-  return contents;
-}
-
 // "Batting: 40 rows instead of 0; matchups: other figures." for the tables that differ.
 std::string TablesText(const Holding& copy, const Holding& today) {
   constexpr std::array kWords{"batting", "pitching", "line scores", "win/loss", "matchups",
@@ -175,7 +157,7 @@ void ListCopies(CopiesDesk& desk) {
     const auto games = GamesOfCopy(desk.platform.copies, name);
     rows.push_back({TimeOfCopy(name).value_or(name),
                     games ? std::to_string(*games) : std::string("damaged"),
-                    SizeText(desk.platform.copies.CopySize(name))});
+                    FileSizeText(desk.platform.copies.CopySize(name))});
   }
   state.grd_Copies.Replace(ContentsOf({"Copy of", "Games", "Size"}, rows));
   for (const int column : {2, 3}) {

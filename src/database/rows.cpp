@@ -98,4 +98,15 @@ int CountOf(DatabaseReader& database, const Statement& query) {
   return count;
 }
 
+GridContents ContentsOf(const std::vector<std::string>& headers,
+                        const std::vector<std::vector<std::string>>& rows) {
+  GridContents contents{{""}, std::vector<CellColumn>(headers.size() + 1)};
+  contents.headers.insert(contents.headers.end(), headers.begin(), headers.end());
+  for (const auto& row : rows) {
+    contents.columns.front().Append({});
+    for (std::size_t i = 0; i < row.size(); ++i) contents.columns[i + 1].Append(row[i]);
+  }
+  return contents;
+}
+
 }  // namespace dtb

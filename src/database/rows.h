@@ -4,6 +4,7 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "base/stat_grid.h"
 #include "platform/database.h"
@@ -23,6 +24,10 @@ void ForEachRow(DatabaseReader& database, const Statement& query,
 // The result as texts: row 0 has the names of the fields from column 1 on, each record is a row
 // from row 1 on, column 0 is empty.
 [[nodiscard]] StatGrid TextsOf(DatabaseReader& database, const Statement& query);
+
+// A table of texts for a grid of a window, from column 1 on.
+[[nodiscard]] GridContents ContentsOf(const std::vector<std::string>& headers,
+                                      const std::vector<std::vector<std::string>>& rows);
 
 // The whole number that a query gives in its only cell; 0 where it gives none.
 [[nodiscard]] int CountOf(DatabaseReader& database, const Statement& query);

@@ -204,6 +204,7 @@ class Archives;
 class Database;
 class DatabaseCopies;
 class OldDatabase;
+class Seasons;
 class Workbooks;
 
 struct Platform {
@@ -216,6 +217,7 @@ struct Platform {
   Database& database;
   DatabaseCopies& copies;
   OldDatabase& old;
+  Seasons& seasons;
   Workbooks& workbooks;
   SpreadsheetProgram& spreadsheets;
   Clipboard& clipboard;

@@ -10,6 +10,7 @@
 #include "platform/old_database.h"
 #include "platform/platform.h"
 #include "platform/random_generator.h"
+#include "platform/seasons.h"
 #include "platform/workbook.h"
 
 namespace dtb {
@@ -27,6 +28,7 @@ struct QuietDesktop : MessageBoxes,
                       Database,
                       DatabaseCopies,
                       OldDatabase,
+                      Seasons,
                       Workbooks,
                       Archives,
                       RandomGenerator {
@@ -101,6 +103,16 @@ struct QuietDesktop : MessageBoxes,
   bool StandsInPlace() override { return false; }
   OldContents Contents() override { return {}; }
   std::string TakeOver(const std::string& /*asideName*/) override { return {}; }
+  std::vector<std::string> Names() override { return {}; }
+  bool Stands(const std::string& name) override { return name.empty(); }
+  std::uintmax_t Size(const std::string& /*name*/) override { return 0; }
+  std::unique_ptr<Database> OpenSeason(const std::string& /*name*/) override { return nullptr; }
+  const std::string& InUse() const override { return seasonInUse; }
+  void Use(const std::string& name) override { seasonInUse = name; }
+  void Create(const std::string& /*name*/) override {}
+  void Rename(const std::string& /*name*/, const std::string& /*to*/) override {}
+  void CopyOut(const std::string& /*name*/, const std::filesystem::path& /*file*/) override {}
+  std::filesystem::path PutAway(const std::string& name) override { return name; }
   std::unique_ptr<Archive> OpenArchive(const std::filesystem::path& zipOrFolder,
                                        const GoOn& /*goOn*/) override {
     throw ProgramError(error_number::kFileNotFound, zipOrFolder.string() + " does not exist.");
@@ -108,6 +120,8 @@ struct QuietDesktop : MessageBoxes,
   std::unique_ptr<WorkbookWriter> Begin(const std::filesystem::path& /*file*/) override {
     return nullptr;
   }
+
+  std::string seasonInUse;
 };
 
 // All ports of a desktop, apart from those that are often real ones. No copies, no old database:
@@ -117,8 +131,8 @@ inline Platform PlatformOf(QuietDesktop& desk, Database& database, Workbooks& wo
                            DatabaseCopies* copies = nullptr, OldDatabase* old = nullptr) {
   if (copies == nullptr) copies = &desk;
   if (old == nullptr) old = &desk;
-  return {desk,      desk, desk, desk, desk, desk, database, *copies,      *old,
-          workbooks, desk, desk, desk, desk, desk, desk,     programFolder};
+  return {desk, desk,      desk, desk, desk, desk, database, *copies, *old,
+          desk, workbooks, desk, desk, desk, desk, desk,     desk,    programFolder};
 }
 
 }  // namespace dtb

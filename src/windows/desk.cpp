@@ -13,6 +13,7 @@
 #include "aids/charts.h"
 #include "aids/quick_boxes.h"
 #include "database/old_database.h"
+#include "database/season_shelf.h"
 #include "game/recovery.h"
 #include "game/start_up.h"
 #include "platform/qt/qt_text.h"
@@ -77,6 +78,8 @@ Desk::Desk(const Setup& setup)
       database_(setup.programFolder / kDatabaseFile),
       copies_(setup.programFolder / kDatabaseFile),
       old_(setup.programFolder / kDatabaseFile),
+      seasons_(setup.programFolder, database_, copies_,
+               [this](const std::filesystem::path& file) { old_.MoveTo(file); }),
       platform_{boxes_,
                 setup.dialogs != nullptr ? *setup.dialogs : ownDialogs_,
                 pictures_,
@@ -86,6 +89,7 @@ Desk::Desk(const Setup& setup)
                 database_,
                 copies_,
                 old_,
+                seasons_,
                 workbooks_,
                 setup.spreadsheets != nullptr ? *setup.spreadsheets : ownSpreadsheets_,
                 clipboard_,
@@ -97,6 +101,7 @@ Desk::Desk(const Setup& setup)
       store_(settings_.FileBeside("DTB_v102.game")),
       keepsGame_(setup.recovery) {
   board_.newGames = &newGames_;
+  noSeason_ = TakeUpSeason(platform_);
   StartUp(board_);
   SetUpBallparks(aids_);
   ReadChartNames(aids_);
@@ -141,6 +146,7 @@ void Desk::Open() {
                              FromQt(settings_.damagedFile()) + "\", and the settings start afresh.",
                          BoxIcon::Warning, "Settings");
   }
+  if (!noSeason_.empty()) platform_.boxes.Show(noSeason_, BoxIcon::Warning, kShelfTitle);
   OfferTakingOverAtStart(platform_);
   if (!keepsGame_) return;
   OfferRecovery(board_, aids_, store_);

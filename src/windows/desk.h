@@ -17,6 +17,7 @@
 #include "platform/random_generator.h"
 #include "platform/sqlite/sqlite_copies.h"
 #include "platform/sqlite/sqlite_database.h"
+#include "platform/sqlite/sqlite_seasons.h"
 #include "platform/xlsx/xlsx_workbooks.h"
 #include "platform/zip/zip_archives.h"
 #include "windows/board/board_window.h"
@@ -70,6 +71,7 @@ class Desk {
   SqliteDatabase database_;
   SqliteCopies copies_;
   BusyOldDatabase old_;
+  SqliteSeasons seasons_;
   XlsxWorkbooks workbooks_;
   QtSpreadsheetProgram ownSpreadsheets_;
   QtClipboard clipboard_;
@@ -87,7 +89,8 @@ class Desk {
   AidsState aidsState_;
   Aids aids_{aidsState_, platform_};
   QtRecoveryStore store_;
-  bool keepsGame_;  // else it has games that are set aside alone
+  std::string noSeason_;  // why the season that was used last is not in use
+  bool keepsGame_;        // else it has games that are set aside alone
   NewGames newGames_{aidsState_, store_};
   std::unique_ptr<BoardWindow> form1_;
 };

@@ -12,6 +12,9 @@ class JetDatabase : public OldDatabase {
  public:
   explicit JetDatabase(std::filesystem::path file) : file_(std::move(file)) {}
 
+  // From now on it is about another place.
+  void MoveTo(std::filesystem::path file) { file_ = std::move(file); }
+
   bool StandsInPlace() override;
   OldContents Contents() override;
   std::string TakeOver(const std::string& asideName) override;

@@ -123,9 +123,11 @@ constexpr std::array<Complaint, 9> kComplaints{{
 
 }  // namespace
 
-// A copy is known by its folder.
+// A copy is known by its folder; those of a season on the shelf have one of their own in it.
 std::string Named(const std::filesystem::path& file) {
-  const bool copy = file.parent_path().filename() == kCopiesFolder;
+  const std::filesystem::path folder = file.parent_path();
+  const bool copy =
+      folder.filename() == kCopiesFolder || folder.parent_path().filename() == kCopiesFolder;
   return (copy ? "The copy \"" : "The statistics database \"") + TextOf(file) + "\"";
 }
 

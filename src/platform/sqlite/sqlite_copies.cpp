@@ -221,6 +221,18 @@ void SetAside(const fs::path& file, const fs::path& aside) {
   SyncFolder(file.parent_path());
 }
 
+void CopyHeldStill(SQLite::Database& source, const fs::path& place) {
+  Beside beside(place);
+  Told(place, [&] {
+    SQLite::Database copy = beside.Open();
+    BackUp(source, copy);
+    copy.exec("PRAGMA journal_mode = DELETE");  // also of a database with a write-ahead log
+    HoldStill(copy);
+    if (!SameContents(source, copy)) throw SQLite::Exception("not the same", SQLITE_IOERR);
+  });
+  beside.MoveIntoPlace();
+}
+
 }  // namespace
 
 fs::path SqliteCopies::PathOfCopy(const std::string& name) const { return folder_ / PathOf(name); }
@@ -272,7 +284,7 @@ bool SqliteCopies::EqualsCopy(const std::string& name) {
 
 void SqliteCopies::MakeFolder() const {
   std::error_code error;
-  if (fs::create_directory(folder_, error)) SyncFolder(folder_.parent_path());
+  if (fs::create_directories(folder_, error)) SyncFolder(folder_.parent_path());
   if (error) Refuse("The folder \"" + TextOf(folder_) + "\" for the copies cannot be made", error);
 }
 
@@ -297,15 +309,13 @@ void SqliteCopies::MakeCopy(const std::string& name) {
     throw ProgramError(error_number::kPathOrFileAccess,
                        "\"" + TextOf(place) + "\" exists already.");
   }
-  Beside beside(place);
-  Told(place, [&] {
-    SQLite::Database copy = beside.Open();
-    BackUp(source, copy);
-    copy.exec("PRAGMA journal_mode = DELETE");  // also of a database with a write-ahead log
-    HoldStill(copy);
-    if (!SameContents(source, copy)) throw SQLite::Exception("not the same", SQLITE_IOERR);
-  });
-  beside.MoveIntoPlace();
+  CopyHeldStill(source, place);
+}
+
+void CopyDatabase(const fs::path& from, const fs::path& to) {
+  SQLite::Database source = sqlite::Open(from, SqliteDatabase::kLongestWait);
+  Told(from, [&] { HoldStill(source); });
+  CopyHeldStill(source, to);
 }
 
 void SqliteCopies::RemoveCopy(const std::string& name) {

@@ -21,6 +21,10 @@ namespace dtb {
 std::string PutNewDatabase(const std::filesystem::path& file, const std::string& asideName,
                            const std::function<void(SQLite::Database&)>& fill);
 
+// Writes what a database holds into a file, whole or not at all; one that stands there is replaced.
+// Throws ProgramError.
+void CopyDatabase(const std::filesystem::path& from, const std::filesystem::path& to);
+
 class SqliteCopies : public DatabaseCopies {
  public:
   explicit SqliteCopies(const std::filesystem::path& database,
@@ -28,6 +32,12 @@ class SqliteCopies : public DatabaseCopies {
       : file_(database),
         folder_(database.parent_path() / kCopiesFolder),
         longestWait_(longestWait) {}
+
+  // From now on they are those of another database, in another folder.
+  void MoveTo(std::filesystem::path database, std::filesystem::path folder) {
+    file_ = std::move(database);
+    folder_ = std::move(folder);
+  }
 
   std::vector<std::string> CopyNames() override;
   std::uintmax_t CopySize(const std::string& name) override;

@@ -18,6 +18,9 @@ class SqliteDatabase : public Database {
                           std::chrono::milliseconds longestWait = kLongestWait)
       : file_(std::move(file)), longestWait_(longestWait) {}
 
+  // From now on it is another file. Nobody may be using it meanwhile.
+  void MoveTo(std::filesystem::path file) { file_ = std::move(file); }
+
   void Run(const Statement& query, RowSink& rows) override;
   std::vector<std::string> WhatItLacks() override;
   std::unique_ptr<DatabaseChange> BeginChange() override;

@@ -34,6 +34,7 @@
 #include "windows/boxes/message_box.h"
 #include "windows/browser/browser_window.h"
 #include "windows/browser/copies_window.h"
+#include "windows/season/shelf_window.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/kept_place.h"
 #include "windows/shared/look.h"
@@ -50,7 +51,7 @@ constexpr double kSmallestScale = 0.42;
 BoardWindow::BoardWindow(Board& board, Aids& aids, QtPictures& pictures)
     : board_(board), aids_(aids), pictures_(pictures), scene_(kSceneWidth, kSceneHeight) {
   setObjectName(QStringLiteral("Form1"));
-  setWindowTitle(ToQt(WindowTitle()));
+  ShowSeasonInTitle();
   BuildMenu();
   BuildScene();
   log_ = new LogWindow(board.log, this);
@@ -148,6 +149,13 @@ void BoardWindow::BuildMenu() {
   QAction* lineUps = teams->addAction(QStringLiteral("Print line-up card..."));
   lineUps->setObjectName(QStringLiteral("mnuLineUpCard"));
   connect(lineUps, &QAction::triggered, this, later([this] { PrintLineUpCard(board_, this); }));
+  QMenu* seasons = menuBar()->addMenu(QStringLiteral("Season"));
+  seasons->setObjectName(QStringLiteral("mnuSeasons"));
+  QAction* shelf = seasons->addAction(QStringLiteral("Choose a season..."));
+  shelf->setObjectName(QStringLiteral("mnuShelf"));
+  connect(shelf, &QAction::triggered, this, later([this] {
+            if (ShelfWindow::Run(board_.platform, this)) ShowSeasonInTitle();
+          }));
   add("mnuStatistics", "Database", later([this] { BrowserWindow::Run(board_.platform, this); }));
   add("mnuEventLog", "EventLog", later([this] { ShowLog(); }));
   add("mnuPlays", "Plays", later([this] { ShowPlays(); }))
@@ -277,6 +285,10 @@ void BoardWindow::ShowPlays() {
   plays_ = &window;
   const Application::Net net;
   window.exec();
+}
+
+void BoardWindow::ShowSeasonInTitle() {
+  setWindowTitle(ToQt(WindowTitle() + SeasonInTitle(board_.platform)));
 }
 
 void BoardWindow::ShowBox() {

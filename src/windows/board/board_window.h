@@ -59,6 +59,7 @@ class BoardWindow : public QMainWindow {
   void ShowLog();
   void ShowPlays();
   void ShowBox();
+  void ShowSeasonInTitle();
   void ShowScorecard();
   // The size and place at start: those in which the person left the window, else the launch shrink,
   // or what the screen has room for; centred, with a quarter of the free height above.

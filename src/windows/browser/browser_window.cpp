@@ -15,6 +15,7 @@
 #include "database/backups.h"
 #include "database/deletes.h"
 #include "database/saved_games.h"
+#include "database/season_shelf.h"
 #include "platform/trapped.h"
 #include "sheet/workbook_export.h"
 #include "windows/application.h"
@@ -136,7 +137,7 @@ BrowserWindow::BrowserWindow(Platform& platform, QWidget* parent)
   opening_.ReadBehind(
       [this] { QMetaObject::invokeMethod(this, &BrowserWindow::Settle, Qt::QueuedConnection); });
   setObjectName(QStringLiteral("Form4"));
-  setWindowTitle(QLatin1String(kBrowserTitle));
+  setWindowTitle(QLatin1String(kBrowserTitle) + ToQt(SeasonInTitle(platform)));
   Name(SSTab1_, "SSTab1", QStringLiteral("Tables of the database"));
   SSTab1_->tabBar()->setExpanding(false);
   SSTab1_->tabBar()->setAccessibleName(SSTab1_->accessibleName());

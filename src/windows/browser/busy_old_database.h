@@ -14,6 +14,8 @@ class BusyOldDatabase final : public OldDatabase {
  public:
   explicit BusyOldDatabase(std::filesystem::path file) : old_(std::move(file)) {}
 
+  void MoveTo(std::filesystem::path file) { old_.MoveTo(std::move(file)); }
+
   bool StandsInPlace() override { return old_.StandsInPlace(); }
   OldContents Contents() override {
     const BusyPointer busy;

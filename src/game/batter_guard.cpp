@@ -5,6 +5,7 @@
 #include "game/batting_order.h"
 #include "game/game_pieces.h"
 #include "game/gate.h"
+#include "game/play_credits.h"
 #include "game/player_name.h"
 
 namespace dtb {
@@ -50,6 +51,30 @@ std::optional<bool> OfferOtherSide(Board& board, Side atBat) {
                                ".";
   if (!Offer(board, sentence, LastNameOf(batter) + " bats")) return false;
   PutAtBat(board, other);
+  return true;
+}
+
+// AT BAT was moved by a slip between two half-innings: the same team would bat twice in a row.
+bool BattedLast(Board& board, Side atBat) {
+  if (board.state.plays.empty() || !board.state.BatterOf.value().empty()) return false;
+  const Play last = board.state.plays.Last();
+  return last.half + 1 == HalfInProgress(board.state) && SideOfBatter(board, last) == atBat;
+}
+
+bool OfferSideDue(Board& board, Side atBat) {
+  const SideFields fields = SideOf(board, Other(atBat));
+  const int row = fields.list.HasRow(fields.due.value()) ? fields.due.value() : 0;
+  const std::string due = PlayerAt(fields.list, row);
+  if (due.empty()) {
+    PitcherBatterSelectWarn(board);
+    return false;
+  }
+  const std::string sentence = "AT BAT of " + SideOf(board, atBat).team.value() +
+                               " is on, but this team batted last. " + due + " is due.";
+  if (!Offer(board, sentence, LastNameOf(due) + " bats")) return false;
+  PutAtBat(board, Other(atBat));
+  fields.edit.Set(false);
+  fields.list.Select(row);
   return true;
 }
 
@@ -99,7 +124,11 @@ bool BatterIsSure(Board& board, bool isRun) {
     const auto otherSide = OfferOtherSide(board, *atBat);
     if (otherSide == false) return false;
     atBat = SideAtBat(board.state);
-    if (!RowOfBatter(board, *atBat) && !OfferBatter(board, *atBat)) return false;
+    if (!RowOfBatter(board, *atBat)) {
+      const bool slip = BattedLast(board, *atBat);
+      if (!(slip ? OfferSideDue(board, *atBat) : OfferBatter(board, *atBat))) return false;
+      atBat = SideAtBat(board.state);
+    }
   }
   const SideFields fields = SideOf(board, *atBat);
   if (fields.edit.value()) {

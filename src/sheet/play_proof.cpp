@@ -141,11 +141,11 @@ class PlayProof {
     AddSheet(counts, SideOf(board_, fielding).grid, kPitcher, kEarnedRuns);
     for (const auto& [name, count] : counts) {
       if (count.plays == count.sheet) continue;
-      const std::string plays = count.plays == 1
-                                    ? "1 earned run of the plays is"
-                                    : DecimalText(count.plays) + " earned runs of the plays are";
-      TellOfCell(fielding, count.row, kEarnedRuns,
-                 name + " has " + DecimalText(count.sheet) + " ER, but " + plays + " his.");
+      std::string words = name;
+      words += " has " + DecimalText(count.sheet) + " ER, but ";
+      words += count.plays == 1 ? "1 earned run of the plays is"
+                                : DecimalText(count.plays) + " earned runs of the plays are";
+      TellOfCell(fielding, count.row, kEarnedRuns, words + " his.");
     }
   }
 

@@ -39,6 +39,11 @@ AT BAT was moved by a slip; a run of the side in the field is asked about once a
 1B atbat:h GO => A 1B=1, A AB=1, B AB=1, l H=1, 1:0 / A=x_____1B;B=x_____GO;
   / HIT recorded. | AT BAT of Elks is on, but the top of inning 1 belongs to Owls. [B bats] [Back]
   | OUT recorded. / 1 0 V C
+K K K atbat:v GO => A K=1, A AB=1, B K=1, B AB=1, C K=1, C AB=1, a AB=1, l K=3, 0:0
+  / A=x_____K;B=x_____K;C=x_____K;[0.5];a=x_____GO;
+  / OUT recorded. | OUT recorded. | OUT recorded. | END OF INNING.
+  | AT BAT of Owls is on, but this team batted last. a is due. [a bats] [Back]
+  | OUT recorded. / 1 3 H b
 atbat:h bat:h0 RBI RBI => L ER=2, a RBI=2, 0:0 / a=x_____RBI;a=x_____RBI;
   / Elks is at bat in the top of inning 1, so the run goes into the line of Owls. [Record it] [Back]
   | Stat Recorded. | Stat Recorded. / 0 0 H a

@@ -197,6 +197,22 @@ TEST_F(BasesWindowTest, AClickOnAPieceSaysWhoIsOut) {
   EXPECT_EQ(Bases(), "-, Ants 2, Ants 1");
 }
 
+TEST_F(BasesWindowTest, AGameThatIsTakenUpHasThePiecesOnTheirBases) {
+  const GameMemento before = Remember(board());
+  Outcomes({Outcome::Strikeout, Outcome::Strikeout, Outcome::Strikeout});
+  board().state.List2.Select(0);
+  Outcomes({Outcome::Double});
+  const GameMemento game = Remember(board());
+  QWidget* piece = PieceOfBatter("Bees 1");
+  const QPoint stand = piece->pos();
+  Restore(board(), before);
+  EXPECT_NE(piece->pos(), stand);
+  Restore(board(), game);
+  EXPECT_EQ(piece->pos(), stand);
+  board().state.tb_OutsCount.Set("6");  // by hand: they belong to another half-inning now
+  EXPECT_NE(piece->pos(), stand);
+}
+
 TEST_F(BasesWindowTest, TheEndOfTheGameIsTold) {
   BoardState& state = board().state;
   QWidget* notice = Find("fra_GameOver");

@@ -74,8 +74,8 @@ PieceView::PieceView(Board& board, int piece, QtPictures& pictures, Aids& aids,
   FollowAll(
       this, [this] { Arrange(); }, Piece().left, Piece().top, board.state.pieceWidth,
       board.state.pieceHeight, board.state.cb_KeepBases, board.state.base[0], board.state.base[1],
-      board.state.base[2], board.state.lbl_Selected, board.state.BatterOf, Piece().tag,
-      aids.state.parkPlaces);
+      board.state.base[2], board.state.lbl_Selected, board.state.BatterOf, board.state.tb_OutsCount,
+      Piece().tag, aids.state.parkPlaces);
   Follow<Picture>(this, Piece().picture, [this, &pictures](const Picture& picture) {
     photo_->SetImage(pictures.Image(picture));
     photo_->setVisible(!picture.empty());

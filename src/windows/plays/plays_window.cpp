@@ -173,7 +173,7 @@ void PlaysWindow::ShowRuns() {
 }
 
 std::optional<std::size_t> PlaysWindow::StepsBack() const {
-  return board_.history->StepsBackTo(static_cast<std::size_t>(Chosen() + 1), board_);
+  return board_.history->StepsBackTo(static_cast<std::size_t>(Chosen()) + 1, board_);
 }
 
 void PlaysWindow::ShowUndo() {

@@ -112,7 +112,7 @@ class PlaysOfSeason {
     int outs = 0;
     while (outs < 3) {
       const std::string batter = ManOf(batting, due++ % kStarters);
-      const unsigned draw = random_() % 100;
+      const auto draw = random_() % 100;
       std::string moves;
       const auto add = [&moves](const std::string& move) {
         moves += (moves.empty() ? "" : "\n") + move;

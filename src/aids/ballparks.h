@@ -10,8 +10,8 @@ inline constexpr const char* kDefaultPark = "DEFAULT1679X974.jpg";
 // The park folder, the park with which the board starts, and from then on the places of its bases.
 void SetUpBallparks(Aids& aids);
 
-// What a park is called: its picture's file name without the extension. "" for none, and for the
-// one with which the board starts, which is nobody's.
+// The name of a park: its picture's without the kind of file. "" for the picture with which the
+// board starts, which is no park in particular.
 [[nodiscard]] std::string NameOfPark(const Picture& park);
 
 // The button "BALLPARKS": draws a park at random while "RANDOM BALLPARKS" is on, otherwise lets the

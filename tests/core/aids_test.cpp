@@ -146,6 +146,8 @@ TEST_F(AidsTest, ParksAreChosenOrDrawn) {
   }
   SetUpBallparks(aids);
   EXPECT_EQ(Park(), kDefaultPark);
+  EXPECT_EQ(NameOfPark(state.Picture1.value()), "");
+  EXPECT_EQ(NameOfPark({"/parks/Foundry Park (night).jpg", 1}), "Foundry Park (night)");
   ChoosePark(aids);  // cancelled
   EXPECT_FALSE(state.cb_RandParks_visible.value());
   fake.chosen = fake.folder / "parks/c.txt";

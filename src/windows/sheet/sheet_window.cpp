@@ -8,7 +8,6 @@
 #include <QShortcut>
 
 #include "aids/ballparks.h"
-#include "base/paths.h"
 #include "database/save_game.h"
 #include "game/constant_update.h"
 #include "game/history.h"

@@ -10,6 +10,7 @@
 #include "base/program_error.h"
 #include "base/settings_keys.h"
 #include "base/words.h"
+#include "database/season_shelf.h"
 #include "platform/trapped.h"
 
 namespace dtb::archive {
@@ -184,7 +185,7 @@ void OpenArchiveDesk(ArchiveDesk& desk) {
 std::optional<std::filesystem::path> LastArchive(const ArchiveDesk& desk) {
   if (desk.kept.season) return std::nullopt;
   const std::filesystem::path last =
-      PathOf(desk.board.platform.settings.Read(settings::kLabels, settings::kSeasonArchive, ""));
+      PathOf(SettingOfSeason(desk.board.platform, settings::kSeasonArchive));
   std::error_code fault;
   if (last.empty() || !std::filesystem::exists(last, fault)) return std::nullopt;
   return last;
@@ -192,14 +193,14 @@ std::optional<std::filesystem::path> LastArchive(const ArchiveDesk& desk) {
 
 std::optional<std::filesystem::path> ChooseZip(ArchiveDesk& desk) {
   const std::filesystem::path last =
-      PathOf(PlatformOf(desk).settings.Read(settings::kLabels, settings::kSeasonArchive, ""));
+      PathOf(SettingOfSeason(PlatformOf(desk), settings::kSeasonArchive));
   return PlatformOf(desk).dialogs.OpenFile(
       {"The archive of a season", last.parent_path(), "Zip (*.zip)|*.zip|All files (*)|*"});
 }
 
 std::optional<std::filesystem::path> ChooseFolder(ArchiveDesk& desk) {
   const std::filesystem::path last =
-      PathOf(PlatformOf(desk).settings.Read(settings::kLabels, settings::kSeasonArchive, ""));
+      PathOf(SettingOfSeason(PlatformOf(desk), settings::kSeasonArchive));
   return PlatformOf(desk).dialogs.OpenFolder("The folder of a season", last.parent_path());
 }
 
@@ -208,8 +209,8 @@ void ReadArchive(ArchiveDesk& desk, const std::filesystem::path& archive, const 
     if (!KeepSeason(desk.kept, archive, PlatformOf(desk), goOn)) return;
     desk.state.lbl_Done.Set("");
     ShowSeason(desk);
-    PlatformOf(desk).settings.Write(settings::kLabels, settings::kSeasonArchive,
-                                    TextOf(std::filesystem::absolute(archive)));
+    KeepForSeason(PlatformOf(desk), settings::kSeasonArchive,
+                  TextOf(std::filesystem::absolute(archive)));
   });
 }
 

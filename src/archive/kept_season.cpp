@@ -9,6 +9,7 @@
 #include "base/program_error.h"
 #include "base/settings_keys.h"
 #include "database/archive_games.h"
+#include "database/season_shelf.h"
 #include "game/history.h"
 #include "platform/trapped.h"
 #include "teams/team_load.h"
@@ -35,7 +36,7 @@ std::string ClubSetting(const Club& club) {
 }
 
 int LastClub(const Season& season, const Platform& platform) {
-  const std::string last = Setting(platform, settings::kSeasonClub);
+  const std::string last = SettingOfSeason(platform, settings::kSeasonClub);
   const auto club = std::ranges::find(season.clubs, last, ClubSetting);
   if (club == season.clubs.end() || club->games.empty()) return kAllClubs;
   return static_cast<int>(club - season.clubs.begin());
@@ -81,8 +82,8 @@ bool KeepSeason(KeptSeason& kept, const std::filesystem::path& archive, const Pl
 void KeepClub(const KeptSeason& kept, const Platform& platform) {
   if (!kept.season) return;
   const bool all = kept.club == kAllClubs;
-  KeepSetting(platform, settings::kSeasonClub,
-              all ? std::string() : ClubSetting(kept.season->clubs[kept.club]), "");
+  KeepForSeason(platform, settings::kSeasonClub,
+                all ? std::string() : ClubSetting(kept.season->clubs[kept.club]));
 }
 
 std::optional<std::string> NextGameOffer(const KeptSeason& kept, const Board& board) {
@@ -96,10 +97,10 @@ std::optional<std::string> NextGameOffer(const KeptSeason& kept, const Board& bo
   } catch (const ProgramError&) {
     return std::nullopt;  // whoever asks has just written to the database
   }
-  const std::string archive = Setting(platform, settings::kSeasonArchive);
+  const std::string archive = SettingOfSeason(platform, settings::kSeasonArchive);
   std::error_code fault;
   if (archive.empty() || !std::filesystem::exists(PathOf(archive), fault)) return std::nullopt;
-  const std::string club = Setting(platform, settings::kSeasonClub);
+  const std::string club = SettingOfSeason(platform, settings::kSeasonClub);
   return Offer(club.substr(std::min(club.find('=') + 1, club.size())));
 }
 
@@ -107,7 +108,7 @@ bool ReadLastSeason(KeptSeason& kept, const Platform& platform, const GoOn& goOn
   if (kept.season) return true;
   bool read = false;
   Trapped(platform.boxes, [&] {
-    const std::string archive = Setting(platform, settings::kSeasonArchive);
+    const std::string archive = SettingOfSeason(platform, settings::kSeasonArchive);
     read = KeepSeason(kept, PathOf(archive), platform, goOn);
   });
   return read;

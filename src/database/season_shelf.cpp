@@ -21,6 +21,11 @@ namespace {
 
 constexpr const char* kNotTold = "-";
 
+// Where the settings have something of a season.
+std::string KeyOf(const char* key, const std::string& season) {
+  return season.empty() ? key : std::string(key) + " of " + season;
+}
+
 std::string ShownName(const std::string& name) { return name.empty() ? kUsualSeason : name; }
 
 // The days of the games, as the plays' tables tell, else by their GameIDs: "2020-08-07".
@@ -210,7 +215,12 @@ void RenameSelectedSeason(ShelfDesk& desk) {
     Seasons& seasons = desk.platform.seasons;
     const bool used = seasons.InUse() == name;
     seasons.Rename(name, to);
-    if (used) desk.platform.settings.Write(settings::kLabels, settings::kSeasonInUse, to);
+    SettingsStore& store = desk.platform.settings;
+    if (used) store.Write(settings::kLabels, settings::kSeasonInUse, to);
+    for (const char* key : {settings::kSeasonArchive, settings::kSeasonClub}) {
+      const std::string value = store.Read(settings::kLabels, KeyOf(key, name), "");
+      if (!value.empty()) store.Write(settings::kLabels, KeyOf(key, to), value);
+    }
     desk.state.changed = desk.state.changed || used;
     desk.state.tb_Name.Set("");
     return name + " is called " + to + " from now on.";
@@ -247,6 +257,15 @@ void PutSelectedSeasonAway(ShelfDesk& desk) {
     desk.platform.seasons.PutAway(name);
     return name + " is put away.";
   });
+}
+
+std::string SettingOfSeason(const Platform& platform, const char* key) {
+  return platform.settings.Read(settings::kLabels, KeyOf(key, platform.seasons.InUse()), "");
+}
+
+void KeepForSeason(const Platform& platform, const char* key, const std::string& value) {
+  if (SettingOfSeason(platform, key) == value) return;
+  platform.settings.Write(settings::kLabels, KeyOf(key, platform.seasons.InUse()), value);
 }
 
 std::string SeasonInTitle(const Platform& platform) {

@@ -48,6 +48,11 @@ void CopySelectedSeasonOut(ShelfDesk& desk);
 // Takes the selected one off the shelf, after a question. The usual one stays.
 void PutSelectedSeasonAway(ShelfDesk& desk);
 
+// What the settings keep for each season apart: the archive of real games to which it is tied, and
+// the club chosen in it. `key` is that of the usual season.
+[[nodiscard]] std::string SettingOfSeason(const Platform& platform, const char* key);
+void KeepForSeason(const Platform& platform, const char* key, const std::string& value);
+
 // " - Summer league" behind the title of a window; "" for the usual season.
 [[nodiscard]] std::string SeasonInTitle(const Platform& platform);
 

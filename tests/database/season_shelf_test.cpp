@@ -94,11 +94,13 @@ TEST_F(ShelfTest, EachSeasonHasItsOwnGamesAndCopies) {
   EXPECT_EQ(state.grd_Seasons.Text(2, 1), "1960, in use");
   EXPECT_EQ(state.grd_Seasons.Text(2, 2), "1");
   EXPECT_EQ(state.grd_Seasons.Text(2, 3), "18 Nov 2026");
-  // A new name takes the copies along, and the place.
+  // A new name takes the copies along, the archive to which it is tied, and the place.
+  KeepForSeason(*platform, "season_archive", "/1960.zip");
   Do(RenameSelectedSeason, "Our 1960", 2);
   EXPECT_EQ(Games(), 1);
   EXPECT_EQ(copies.CopyNames().size(), 1U);
   EXPECT_EQ(place, folder / "Seasons" / "Our 1960.mdb");
+  EXPECT_EQ(SettingOfSeason(*platform, "season_archive"), "/1960.zip");
   Do(CopySelectedSeasonOut, "", 3);
   EXPECT_EQ(CountOf(*std::make_unique<SqliteDatabase>(folder / "out.mdb"),
                     {"SELECT count(*) FROM BoxScores"}),

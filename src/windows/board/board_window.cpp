@@ -154,7 +154,9 @@ void BoardWindow::BuildMenu() {
   QAction* shelf = seasons->addAction(QStringLiteral("Choose a season..."));
   shelf->setObjectName(QStringLiteral("mnuShelf"));
   connect(shelf, &QAction::triggered, this, later([this] {
-            if (ShelfWindow::Run(board_.platform, this)) ShowSeasonInTitle();
+            if (!ShelfWindow::Run(board_.platform, this)) return;
+            season_ = {};  // the archive of the other season
+            ShowSeasonInTitle();
           }));
   add("mnuStatistics", "Database", later([this] { BrowserWindow::Run(board_.platform, this); }));
   add("mnuEventLog", "EventLog", later([this] { ShowLog(); }));

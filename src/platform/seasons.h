@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -38,6 +39,13 @@ class Seasons {
   virtual void Rename(const std::string& name, const std::string& to) = 0;
   // Writes it into a file, in the place of one that stands there.
   virtual void CopyOut(const std::string& name, const std::filesystem::path& file) = 0;
+  // Another database, wherever it lies, to be read.
+  [[nodiscard]] virtual std::unique_ptr<Database> OpenFile(const std::filesystem::path& file) = 0;
+  // Makes a database without games, lets `fill` put something into it, and puts it in the place of
+  // a file, whole or not at all.
+  virtual void MakeFile(const std::filesystem::path& file,
+                        const std::function<void(Database&)>& fill) = 0;
+
   // Takes it off the shelf into the folder "Put away" there; it must not be in use. Returns the
   // file's path.
   virtual std::filesystem::path PutAway(const std::string& name) = 0;

@@ -18,6 +18,7 @@ namespace fs = std::filesystem;
 constexpr const char* kShelf = "Seasons";
 constexpr const char* kPutAway = "Put away";
 constexpr const char* kEnding = ".mdb";
+constexpr const char* kDraft = ".new";  // behind the name of a file that is being written
 
 [[noreturn]] void Refuse(const std::string& what, const std::error_code& error) {
   throw ProgramError(error_number::kPathOrFileAccess, what + ": " + error.message() + ".");
@@ -46,6 +47,12 @@ void MoveDatabase(const fs::path& from, const fs::path& to) {
     std::error_code ignored;
     if (fs::exists(beside, ignored)) fs::rename(beside, target, ignored);
   }
+}
+
+void MakeEmpty(const fs::path& file) {
+  PutNewDatabase(file, TextOf(file.filename()), [](SQLite::Database& made) {
+    made.exec(std::string("BEGIN; ") + sqlite::kSchema + " COMMIT;");
+  });
 }
 
 }  // namespace
@@ -110,9 +117,7 @@ void SqliteSeasons::Create(const std::string& name) {
     throw ProgramError(error_number::kPathOrFileAccess,
                        "There is a season \"" + name + "\" already.");
   }
-  PutNewDatabase(FileOf(name), name + kEnding, [](SQLite::Database& made) {
-    made.exec(std::string("BEGIN; ") + sqlite::kSchema + " COMMIT;");
-  });
+  MakeEmpty(FileOf(name));
 }
 
 void SqliteSeasons::Rename(const std::string& name, const std::string& to) {
@@ -128,6 +133,26 @@ void SqliteSeasons::Rename(const std::string& name, const std::string& to) {
 
 void SqliteSeasons::CopyOut(const std::string& name, const fs::path& file) {
   CopyDatabase(FileOf(name), file);
+}
+
+std::unique_ptr<Database> SqliteSeasons::OpenFile(const fs::path& file) {
+  return std::make_unique<SqliteDatabase>(file);
+}
+
+void SqliteSeasons::MakeFile(const fs::path& file, const std::function<void(Database&)>& fill) {
+  fs::path draft = file;
+  draft += kDraft;
+  std::error_code ignored;
+  fs::remove(draft, ignored);
+  try {
+    MakeEmpty(draft);
+    SqliteDatabase made(draft);
+    fill(made);
+    Move(draft, file);
+  } catch (...) {
+    fs::remove(draft, ignored);
+    throw;
+  }
 }
 
 fs::path SqliteSeasons::PutAway(const std::string& name) {

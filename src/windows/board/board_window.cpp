@@ -34,6 +34,7 @@
 #include "windows/boxes/message_box.h"
 #include "windows/browser/browser_window.h"
 #include "windows/browser/copies_window.h"
+#include "windows/season/games_window.h"
 #include "windows/season/shelf_window.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/kept_place.h"
@@ -158,6 +159,15 @@ void BoardWindow::BuildMenu() {
             season_ = {};  // the archive of the other season
             ShowSeasonInTitle();
           }));
+  seasons->addSeparator();
+  for (const auto& [name, caption, way] :
+       {std::tuple{"mnuTakeIn", "Take in games...", &GamesWindow::TakeIn},
+        {"mnuGiveOut", "Give out games...", &GamesWindow::GiveOut}}) {
+    QAction* action = seasons->addAction(QLatin1String(caption));
+    action->setObjectName(QLatin1String(name));
+    connect(action, &QAction::triggered, this,
+            later([this, way = way] { way(board_.platform, this); }));
+  }
   add("mnuStatistics", "Database", later([this] { BrowserWindow::Run(board_.platform, this); }));
   add("mnuEventLog", "EventLog", later([this] { ShowLog(); }));
   add("mnuPlays", "Plays", later([this] { ShowPlays(); }))

@@ -1,5 +1,7 @@
 #include "base/html_text.h"
 
+#include <algorithm>
+
 #include "base/utf8.h"
 
 namespace dtb {
@@ -39,6 +41,12 @@ std::string HtmlText(std::string_view text) {
 }
 
 std::string PageText(std::string_view text) {
+  // Most texts are figures and short words.
+  const auto isPlain = [](char letter) {
+    return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') ||
+           (letter >= '0' && letter <= '9') || letter == ' ' || letter == '.';
+  };
+  if (std::ranges::all_of(text, isPlain)) return std::string(text);
   std::string plain;
   while (!text.empty()) {
     const Utf8Character character = FirstCharacter(text);

@@ -50,11 +50,31 @@ void AddInnings(Scorecard& card, const SideRecord& side, int innings) {
   card.innings = std::move(all);
 }
 
+// Of each line, also of one who only ran. They are known where the plays have all runs.
+void CountRuns(Scorecard& card, const GameRecord& game) {
+  std::map<std::string, double> runs;
+  double all = 0;
+  for (const Play& play : game.plays) {
+    if (game.BattingIn(play) != card.side) continue;
+    for (const Move& move : play.moves) {
+      if (move.to != kHomePlate) continue;
+      ++runs[move.name];
+      ++all;
+    }
+  }
+  for (auto& lines : card.places) {
+    for (ScoreLine& line : lines) line.player.figures.runs = runs[line.player.name];
+  }
+  card.sums.runs = all;
+  card.runsKnown = !game.plays.empty() && all == game.side(card.side).runs;
+}
+
 void AddPitchers(Scorecard& card, const GameRecord& game) {
   const Side inField = Other(card.side);
+  const bool known = card.runsKnown && SumOf(game.side(inField).pitchers).runs == card.sums.runs;
   for (const PitcherRecord& record : game.side(inField).pitchers) {
     ScorePitcher pitcher{.number = static_cast<int>(card.pitchers.size()) + 1, .record = record};
-    pitcher.runsKnown = game.side(card.side).runsKnown;
+    pitcher.runsKnown = known;
     for (const PitcherDecision& one : game.decisions) {
       if (one.side != inField || one.pitcher != record.name) continue;
       pitcher.decision += (pitcher.decision.empty() ? "" : ", ");
@@ -93,12 +113,6 @@ std::string NoteOf(const GameRecord& game, Side side) {
 
 }  // namespace
 
-const ScoreBox* Scorecard::BoxAt(int place, int column) const {
-  const auto found = std::ranges::find_if(
-      boxes, [&](const ScoreBox& box) { return box.place == place && box.column == column; });
-  return found == boxes.end() ? nullptr : &*found;
-}
-
 Scorecard ScorecardOf(const GameRecord& game, Side side) {
   const SideRecord& record = game.side(side);
   Scorecard card;
@@ -120,9 +134,9 @@ Scorecard ScorecardOf(const GameRecord& game, Side side) {
   const int innings = LastInning(game);
   MakeColumns(card, innings);
   AddInnings(card, record, innings);
-  AddPitchers(card, game);
   card.sums = SumOf(record.batters);
-  card.runsKnown = record.runsKnown;
+  CountRuns(card, game);
+  AddPitchers(card, game);
   card.note = NoteOf(game, side);
   return card;
 }

@@ -76,9 +76,6 @@ struct Scorecard {
   std::vector<BatterRecord> bench = {};     // of an empty card: who may come in
   bool toFillIn = false;                    // an empty card, for a pencil
   std::string note = {};                    // what the card cannot tell, and why
-
-  // The box at a place of the order and a column; nullptr for none.
-  [[nodiscard]] const ScoreBox* BoxAt(int place, int column) const;
 };
 
 // The card of the side's batters. Who cannot be placed by the record stands where the order has

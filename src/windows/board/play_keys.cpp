@@ -51,6 +51,7 @@ constexpr std::array kOtherKeys{
     OtherKey{"Ctrl + N", "New game"},
     OtherKey{"Ctrl + L", "The plays so far"},
     OtherKey{"Ctrl + B", "The box score so far"},
+    OtherKey{"Ctrl + K", "The scorecard"},
     OtherKey{"?", "These keys"},
 };
 

@@ -234,7 +234,7 @@ void ScorecardWindow::showEvent(QShowEvent* event) {
 }
 
 void ScorecardWindow::hideEvent(QHideEvent* event) {
-  if (!event->spontaneous() && geometry() != placed_) KeepPlace(*this, platform_.settings);
+  if (!event->spontaneous()) KeepPlaceIfMoved(*this, placed_, platform_.settings);
   QDialog::hideEvent(event);
 }
 

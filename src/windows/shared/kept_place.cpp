@@ -71,6 +71,10 @@ bool TakeUpPlace(QWidget& window, SettingsStore& settings) {
   return true;
 }
 
+void KeepPlaceIfMoved(const QWidget& window, const QRect& before, SettingsStore& settings) {
+  if (Moved(before, window.geometry())) KeepPlace(window, settings);
+}
+
 void RunInPlace(QDialog& window, SettingsStore& settings, const std::function<void()>& usual) {
   if (!TakeUpPlace(window, settings)) usual();
   const QRect before = window.geometry();

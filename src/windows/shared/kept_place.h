@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QRect>
 #include <functional>
 
 #include "platform/platform.h"
@@ -16,8 +17,12 @@ void KeepPlace(const QWidget& window, SettingsStore& settings);
 // stored, or the screens have changed so that its title bar could not be reached.
 [[nodiscard]] bool TakeUpPlace(QWidget& window, SettingsStore& settings);
 
-// Runs a window that waits, where it was left the last time; else where `usual` puts it. A place
-// that the person did not change is not stored, so the window goes on following the board.
+// The same where the person has moved or sized the window since it was shown with `before`. Else
+// nothing is stored, so that it goes on following the board.
+void KeepPlaceIfMoved(const QWidget& window, const QRect& before, SettingsStore& settings);
+
+// Runs a window that waits, where it was left the last time, else where `usual` puts it, and keeps
+// its place as above.
 void RunInPlace(QDialog& window, SettingsStore& settings, const std::function<void()>& usual);
 
 }  // namespace dtb

@@ -44,12 +44,13 @@ BENCHMARK_CAPTURE(ClickThroughTheWindows, single, "lbl_Single")->Unit(benchmark:
 BENCHMARK_CAPTURE(ClickThroughTheWindows, walk, "lbl_BB")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(ClickThroughTheWindows, run, "lbl_RBI")->Unit(benchmark::kMillisecond);
 
-// The same where the board keeps the bases, with every runner and his piece on the move: goal 4
-// milliseconds.
+// The same where the board keeps the bases, with every runner and his piece on the move, and a
+// notice instead of the box: one repaint. Goal: 4 milliseconds.
 void ClickOnBases(benchmark::State& state, const char* label) {
   PlayedDesk desk;
   Board& board = desk.desk.board();
   board.state.cb_KeepBases.Set(true);
+  desk.desk.aids().cb_QuickBoxes.Set(true);
   auto* control = desk.desk.form1().findChild<QWidget*>(QLatin1String(label));
   for (auto _ : state) ClickOn(control);
 }

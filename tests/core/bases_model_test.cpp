@@ -12,7 +12,7 @@ namespace {
 using plays::BaseBoard;
 using plays::Figures;
 
-constexpr const char* kSides[]{"visitors", "home"};
+constexpr std::array kSides{"visitors", "home"};
 
 // A gesture in the words of the model, who is out where it is asked, and in the words of the board.
 struct Told {
@@ -43,7 +43,7 @@ class RandomGame {
   bool Play() {
     for (int half = 0; half < 4; ++half) {
       const int side = half % 2;
-      Do({std::string("BATTER ") + kSides[side] + ' ' + due_.at(side), {}, "due:"});
+      Do({std::string("BATTER ") + kSides.at(side) + ' ' + due_.at(side), {}, "due:"});
       if (half > 1 && Draw(2) == 0) Begin(side);
       while (!model_.HalfIsOver()) {
         Do(Next(side));
@@ -139,14 +139,14 @@ class RandomGame {
     const std::string name = LineUps(game_.state).at(fielding).at(row);
     const std::string letter = fielding == 0 ? "v" : "h";
     if (fielding != side) {
-      return {std::string("PITCHER ") + kSides[fielding] + ' ' + name,
+      return {std::string("PITCHER ") + kSides.at(fielding) + ' ' + name,
               {},
               "pitch:" + letter + std::to_string(row)};
     }
     const int base = Draw(4);
     const std::string& leaves = base == 0 ? model_.BatterUp() : model_.NameOn(base);
     if (leaves.empty()) return {"none", {}, ""};
-    return {std::string("RUNNER ") + kSides[side] + ' ' + name + " | " + leaves,
+    return {std::string("RUNNER ") + kSides.at(side) + ' ' + name + " | " + leaves,
             {},
             "in:" + letter + std::to_string(row) + Piece(leaves)};
   }

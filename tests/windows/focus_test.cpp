@@ -161,7 +161,7 @@ TEST_F(FocusTest, KeysTakeItRoundThePanels) {
   EXPECT_EQ(FocusName(), QStringLiteral("Picture1"));
   Press(&form1(), Qt::Key_O);
   EXPECT_TRUE(board().state.fra_Options_visible.value());
-  EXPECT_TRUE(Find("fra_Options")->isAncestorOf(form1().focusWidget()));
+  EXPECT_EQ(FocusName(), QStringLiteral("cb_BaseTracker"));
   Press(&form1(), Qt::Key_Escape);
   PressWhereNoOneAimed("options");
 }

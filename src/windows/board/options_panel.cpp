@@ -97,6 +97,10 @@ void OptionsPanel::TabInReadingOrder() {
     return sameRow ? first.left < second.left : first.top < second.top;
   };
   std::ranges::stable_sort(controls, before);
+  // The head comes last: whoever enters by key stands at the first option, not at a link.
+  constexpr double kHead = 32;
+  std::ranges::stable_partition(
+      controls, [this](QWidget* control) { return scene_.PlaceOf(control).top >= kHead; });
   for (qsizetype i = 1; i < controls.size(); ++i) setTabOrder(controls[i - 1], controls[i]);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPixmapCache>
 
 #include "game/base_running.h"
 #include "game/bases.h"
@@ -33,7 +34,22 @@ PieceShadow::PieceShadow(QWidget* parent) : QWidget(parent) {
 }
 
 void PieceShadow::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
+  // All four are the same, and each click paints them anew.
+  const double ratio = devicePixelRatioF();
+  const QString key = QStringLiteral("PieceShadow %1 %2 %3").arg(width()).arg(height()).arg(ratio);
+  QPixmap shadow;
+  if (!QPixmapCache::find(key, &shadow)) {
+    shadow = QPixmap(size() * ratio);
+    shadow.setDevicePixelRatio(ratio);
+    shadow.fill(Qt::transparent);
+    Draw(shadow);
+    QPixmapCache::insert(key, shadow);
+  }
+  QPainter(this).drawPixmap(0, 0, shadow);
+}
+
+void PieceShadow::Draw(QPixmap& shadow) const {
+  QPainter painter(&shadow);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   constexpr int kLayers = 6;

@@ -17,6 +17,9 @@ class PieceShadow : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void Draw(QPixmap& shadow) const;
 };
 
 // One game piece: photo or box with initials, and the player's name; a free one is an outline. It

@@ -223,7 +223,7 @@ OthersGames AskForOthersGames(Platform& platform) {
   if (!file) return {};
   OthersGames others{*file, {}};
   try {
-    const auto database = platform.seasons.OpenFile(*file);
+    const auto database = platform.seasons.OpenDatabaseFile(*file);
     others.games = GamesLacking(platform.database, *database);
     if (others.games.empty()) {
       platform.boxes.Show("This season has all games of \"" + TextOf(*file) + "\" already.",
@@ -240,7 +240,7 @@ OthersGames AskForOthersGames(Platform& platform) {
 bool TakeIn(Platform& platform, const OthersGames& chosen) {
   try {
     const std::string noCopy = CopyBeforeFirstSave(platform);
-    const auto other = platform.seasons.OpenFile(chosen.file);
+    const auto other = platform.seasons.OpenDatabaseFile(chosen.file);
     const int put = PutGames(*other, chosen.games, platform.database);
     platform.boxes.Show(
         Counted(put, "game") + (put == 1 ? " was" : " were") + " taken in." + noCopy,
@@ -259,7 +259,7 @@ void GiveOut(Platform& platform, const std::vector<GameIdentity>& chosen) {
   if (!file) return;
   try {
     int put = 0;
-    platform.seasons.MakeFile(
+    platform.seasons.MakeDatabaseFile(
         *file, [&](Database& made) { put = PutGames(platform.database, chosen, made); });
     platform.boxes.Show(
         Counted(put, "game") + (put == 1 ? " was" : " were") + " written into\n" + TextOf(*file),

@@ -112,11 +112,11 @@ struct QuietDesktop : MessageBoxes,
   void Create(const std::string& /*name*/) override {}
   void Rename(const std::string& /*name*/, const std::string& /*to*/) override {}
   void CopyOut(const std::string& /*name*/, const std::filesystem::path& /*file*/) override {}
-  std::unique_ptr<Database> OpenFile(const std::filesystem::path& /*file*/) override {
+  std::unique_ptr<Database> OpenDatabaseFile(const std::filesystem::path& /*file*/) override {
     return nullptr;
   }
-  void MakeFile(const std::filesystem::path& /*file*/,
-                const std::function<void(Database&)>& /*fill*/) override {}
+  void MakeDatabaseFile(const std::filesystem::path& /*file*/,
+                        const std::function<void(Database&)>& /*fill*/) override {}
   std::filesystem::path PutAway(const std::string& name) override { return name; }
   std::unique_ptr<Archive> OpenArchive(const std::filesystem::path& zipOrFolder,
                                        const GoOn& /*goOn*/) override {

@@ -40,11 +40,12 @@ class Seasons {
   // Writes it into a file, in the place of one that stands there.
   virtual void CopyOut(const std::string& name, const std::filesystem::path& file) = 0;
   // Another database, wherever it lies, to be read.
-  [[nodiscard]] virtual std::unique_ptr<Database> OpenFile(const std::filesystem::path& file) = 0;
+  [[nodiscard]] virtual std::unique_ptr<Database> OpenDatabaseFile(
+      const std::filesystem::path& file) = 0;
   // Makes a database without games, lets `fill` put something into it, and puts it in the place of
   // a file, whole or not at all.
-  virtual void MakeFile(const std::filesystem::path& file,
-                        const std::function<void(Database&)>& fill) = 0;
+  virtual void MakeDatabaseFile(const std::filesystem::path& file,
+                                const std::function<void(Database&)>& fill) = 0;
 
   // Takes it off the shelf into the folder "Put away" there; it must not be in use. Returns the
   // file's path.

@@ -24,7 +24,7 @@ struct OthersTest : testing::Test {
   ~OthersTest() override { fs::remove_all(folder); }
 
   std::unique_ptr<SqliteDatabase> Make(const std::string& name) {
-    seasons.MakeFile(folder / name, [](Database&) {});
+    seasons.MakeDatabaseFile(folder / name, [](Database&) {});
     return std::make_unique<SqliteDatabase>(folder / name);
   }
 
@@ -140,9 +140,9 @@ TEST_F(OthersTest, WhatIsNoDatabaseChangesNothing) {
   EXPECT_THROW(PutGames(*other, games, *season), ProgramError);
   EXPECT_TRUE(ReadSavedGames(*season).empty());
   // What is given out is whole or not there.
-  EXPECT_THROW(
-      seasons.MakeFile(folder / "out.mdb", [&](Database& made) { PutGames(*other, games, made); }),
-      ProgramError);
+  EXPECT_THROW(seasons.MakeDatabaseFile(folder / "out.mdb",
+                                        [&](Database& made) { PutGames(*other, games, made); }),
+               ProgramError);
   EXPECT_FALSE(fs::exists(folder / "out.mdb"));
   EXPECT_FALSE(fs::exists(folder / "out.mdb.new"));
 }

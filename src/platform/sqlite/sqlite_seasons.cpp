@@ -135,11 +135,12 @@ void SqliteSeasons::CopyOut(const std::string& name, const fs::path& file) {
   CopyDatabase(FileOf(name), file);
 }
 
-std::unique_ptr<Database> SqliteSeasons::OpenFile(const fs::path& file) {
+std::unique_ptr<Database> SqliteSeasons::OpenDatabaseFile(const fs::path& file) {
   return std::make_unique<SqliteDatabase>(file);
 }
 
-void SqliteSeasons::MakeFile(const fs::path& file, const std::function<void(Database&)>& fill) {
+void SqliteSeasons::MakeDatabaseFile(const fs::path& file,
+                                     const std::function<void(Database&)>& fill) {
   fs::path draft = file;
   draft += kDraft;
   std::error_code ignored;

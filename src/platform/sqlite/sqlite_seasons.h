@@ -25,9 +25,9 @@ class SqliteSeasons : public Seasons {
   void Create(const std::string& name) override;
   void Rename(const std::string& name, const std::string& to) override;
   void CopyOut(const std::string& name, const std::filesystem::path& file) override;
-  std::unique_ptr<Database> OpenFile(const std::filesystem::path& file) override;
-  void MakeFile(const std::filesystem::path& file,
-                const std::function<void(Database&)>& fill) override;
+  std::unique_ptr<Database> OpenDatabaseFile(const std::filesystem::path& file) override;
+  void MakeDatabaseFile(const std::filesystem::path& file,
+                        const std::function<void(Database&)>& fill) override;
   std::filesystem::path PutAway(const std::string& name) override;
 
  private:

@@ -28,6 +28,13 @@ auto Sum(const std::vector<Record>& records) {
   return sum;
 }
 
+template <class Figures>
+Figures& AddAll(Figures& sum, const Figures& other,
+                std::initializer_list<double Figures::*> members) {
+  for (const auto member : members) sum.*member += other.*member;
+  return sum;
+}
+
 BatterFigures BatterIn(const StatGrid& grid, int row) {
   const auto figure = [&](int column) { return NumberOf(grid.Text(row, column)); };
   return {.atBats = figure(kAtBats),
@@ -178,28 +185,17 @@ void SettlePlaces(GameRecord& game, Side side) {
 }  // namespace
 
 BatterFigures& BatterFigures::operator+=(const BatterFigures& other) {
-  atBats += other.atBats;
-  singles += other.singles;
-  doubles += other.doubles;
-  triples += other.triples;
-  homeRuns += other.homeRuns;
-  runsBattedIn += other.runsBattedIn;
-  walks += other.walks;
-  strikeouts += other.strikeouts;
-  steals += other.steals;
-  runs += other.runs;
-  return *this;
+  using F = BatterFigures;
+  return AddAll(*this, other,
+                {&F::atBats, &F::singles, &F::doubles, &F::triples, &F::homeRuns, &F::runsBattedIn,
+                 &F::walks, &F::strikeouts, &F::steals, &F::runs});
 }
 
 PitcherFigures& PitcherFigures::operator+=(const PitcherFigures& other) {
-  outs += other.outs;
-  hits += other.hits;
-  earnedRuns += other.earnedRuns;
-  walks += other.walks;
-  strikeouts += other.strikeouts;
-  homeRuns += other.homeRuns;
-  runs += other.runs;
-  return *this;
+  using F = PitcherFigures;
+  return AddAll(
+      *this, other,
+      {&F::outs, &F::hits, &F::earnedRuns, &F::walks, &F::strikeouts, &F::homeRuns, &F::runs});
 }
 
 Side GameRecord::BattingIn(const Play& play) const {

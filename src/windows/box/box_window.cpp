@@ -4,7 +4,7 @@
 #include <QScrollBar>
 #include <QShowEvent>
 #include <QVBoxLayout>
-#include <algorithm>
+#include <array>
 
 #include "base/program_error.h"
 #include "game/history.h"
@@ -14,6 +14,7 @@
 #include "season/season_before.h"
 #include "windows/box/copied_day.h"
 #include "windows/shared/bind.h"
+#include "windows/shared/buttons.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"
 #include "windows/shared/scene.h"
@@ -22,7 +23,6 @@ namespace dtb {
 namespace {
 
 constexpr QSize kUsualSize(1080, 820);  // layout units
-constexpr double kButtonHeight = 36;
 constexpr int kSpace = 8;
 
 constexpr const char* kStyle =
@@ -72,17 +72,20 @@ BoxWindow::BoxWindow(Board& board, QWidget* parent) : BoxWindow(board.platform, 
 void BoxWindow::BuildButtons() {
   auto* row = new QHBoxLayout;
   row->setSpacing(kSpace);
-  box_ = AddButton("cmd_Box", QStringLiteral("Box score"),
-                   QStringLiteral("Batters, pitchers and notes, as newspapers print them"));
-  story_ = AddButton("cmd_Story", QStringLiteral("Story"),
-                     QStringLiteral("The game play by play, scoring plays first"));
+  box_ = MakeButton("cmd_Box", QStringLiteral("Box score"),
+                    QStringLiteral("Batters, pitchers and notes, as newspapers print them"), this);
+  story_ = MakeButton("cmd_Story", QStringLiteral("Story"),
+                      QStringLiteral("The game play by play, scoring plays first"), this);
   for (QPushButton* button : {box_, story_}) button->setCheckable(true);
-  copy_ = AddButton("cmd_CopyText", QStringLiteral("Copy as text"),
-                    QStringLiteral("Copies it in columns of fixed width, for a forum or a letter"));
-  day_ = AddButton("cmd_CopyDay", QStringLiteral("Copy the day"),
-                   QStringLiteral("Copies the line scores, decisions and home runs of all games "
-                                  "saved on the day of this one"));
-  close_ = AddButton("cmd_Close", QStringLiteral("Close"), QStringLiteral("Closes the window"));
+  copy_ = MakeButton("cmd_CopyText", QStringLiteral("Copy as text"),
+                     QStringLiteral("Copies it in columns of fixed width, for a forum or a letter"),
+                     this);
+  day_ = MakeButton("cmd_CopyDay", QStringLiteral("Copy the day"),
+                    QStringLiteral("Copies the line scores, decisions and home runs of all games "
+                                   "saved on the day of this one"),
+                    this);
+  close_ =
+      MakeButton("cmd_Close", QStringLiteral("Close"), QStringLiteral("Closes the window"), this);
   row->addWidget(box_);
   row->addWidget(story_);
   row->addWidget(outcome_, 1);
@@ -94,14 +97,6 @@ void BoxWindow::BuildButtons() {
   connect(copy_, &QPushButton::clicked, this, &BoxWindow::CopyText);
   connect(day_, &QPushButton::clicked, this, &BoxWindow::CopyDay);
   connect(close_, &QPushButton::clicked, this, &QDialog::accept);
-}
-
-QPushButton* BoxWindow::AddButton(const char* name, const QString& caption, const QString& tip) {
-  auto* button = new QPushButton(caption, this);
-  Name(button, name, caption);
-  button->setToolTip(tip);
-  button->setAutoDefault(false);
-  return button;
 }
 
 void BoxWindow::ShowGame(GameRecord game) {
@@ -179,11 +174,8 @@ void BoxWindow::FollowBoard() {
   const double scale = TypeScale(parentWidget());
   setFont(look::Font(look::kBody * scale));
   text_->setFont(look::Font(look::kBody * scale));
-  const int high = qRound(kButtonHeight * scale);
-  for (QPushButton* button : {box_, story_, copy_, day_, close_}) {
-    button->setFixedHeight(high);
-    button->setMinimumWidth(look::TextWidth(button->fontMetrics(), button->text()) + high);
-  }
+  const std::array buttons{box_, story_, copy_, day_, close_};
+  SizeButtons(buttons, scale);
   title_->setFont(look::Font(look::kLarge * scale, true));
   resize((QSizeF(kUsualSize) * scale).toSize().boundedTo(screen()->availableSize() * 0.9));
   CenterForm(this, parentWidget());

@@ -34,7 +34,6 @@ class BoxWindow : public QDialog {
   enum class View { Box, Story };
 
   BoxWindow(Platform& platform, QWidget* parent);
-  QPushButton* AddButton(const char* name, const QString& caption, const QString& tip);
   void BuildButtons();
   void ShowGame(GameRecord game);
   void ReadBefore();

@@ -5,6 +5,7 @@
 #include <QShowEvent>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
 
 #include "base/words.h"
 #include "game/history.h"
@@ -12,6 +13,7 @@
 #include "platform/qt/qt_text.h"
 #include "record/box_html.h"
 #include "windows/shared/bind.h"
+#include "windows/shared/buttons.h"
 #include "windows/shared/look.h"
 #include "windows/shared/scene.h"
 
@@ -19,7 +21,6 @@ namespace dtb {
 namespace {
 
 constexpr QSize kUsualSize(640, 660);  // layout units
-constexpr double kButtonHeight = 36;
 constexpr double kRunHeight = 24;
 constexpr int kSpace = 8;
 
@@ -92,14 +93,18 @@ void PlaysWindow::BuildButtons() {
   auto* row = new QHBoxLayout;
   row->setSpacing(kSpace);
   row->addWidget(outcome_, 1);
-  asStory_ = AddButton("cmd_Story", QStringLiteral("Story"),
-                       QStringLiteral("Tells the game in plain English, scoring plays first"));
+  asStory_ =
+      MakeButton("cmd_Story", QStringLiteral("Story"),
+                 QStringLiteral("Tells the game in plain English, scoring plays first"), this);
   asStory_->setCheckable(true);
-  undo_ = AddButton("cmd_UndoToHere", QStringLiteral("Undo to here"), {});
-  copy_ = AddButton("cmd_Copy", QStringLiteral("Copy"),
-                    QStringLiteral("Copies all plays, or the story, to the clipboard; Ctrl + C the "
-                                   "selected ones"));
-  close_ = AddButton("cmd_Close", QStringLiteral("Close"), QStringLiteral("Closes the window"));
+  undo_ = MakeButton("cmd_UndoToHere", QStringLiteral("Undo to here"), {}, this);
+  copy_ =
+      MakeButton("cmd_Copy", QStringLiteral("Copy"),
+                 QStringLiteral("Copies all plays, or the story, to the clipboard; Ctrl + C the "
+                                "selected ones"),
+                 this);
+  close_ =
+      MakeButton("cmd_Close", QStringLiteral("Close"), QStringLiteral("Closes the window"), this);
   for (QPushButton* button : {asStory_, undo_, copy_, close_}) row->addWidget(button);
   static_cast<QVBoxLayout*>(layout())->addLayout(row);
   outcome_->setWordWrap(true);
@@ -110,14 +115,6 @@ void PlaysWindow::BuildButtons() {
   connect(undo_, &QPushButton::clicked, this, &PlaysWindow::UndoToHere);
   connect(copy_, &QPushButton::clicked, this, [this] { Copy(AllRows()); });
   connect(close_, &QPushButton::clicked, this, &QDialog::accept);
-}
-
-QPushButton* PlaysWindow::AddButton(const char* name, const QString& caption, const QString& tip) {
-  auto* button = new QPushButton(caption, this);
-  Name(button, name, caption);
-  button->setToolTip(tip);
-  button->setAutoDefault(false);
-  return button;
 }
 
 void PlaysWindow::Update() {
@@ -228,14 +225,8 @@ void PlaysWindow::Copy(const QModelIndexList& rows) {
 void PlaysWindow::FollowBoard() {
   const double scale = TypeScale(parentWidget());
   setFont(look::Font(look::kBody * scale));
-  const int high = qRound(kButtonHeight * scale);
-  story_->setFont(look::Font(look::kBody * scale));
-  for (QPushButton* button : {asStory_, undo_, copy_, close_}) {
-    button->setFixedHeight(high);
-    button->setMinimumWidth(
-        std::max(qRound(2.5 * kButtonHeight * scale),
-                 look::TextWidth(button->fontMetrics(), button->text()) + high));
-  }
+  const std::array buttons{asStory_, undo_, copy_, close_};
+  SizeButtons(buttons, scale);
   const int height = qRound(kRunHeight * scale);
   for (RunLine* line : lines_) line->setFixedHeight(height);
   // Room for the most runs at all times, so that the list above keeps its height.

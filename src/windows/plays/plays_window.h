@@ -31,7 +31,6 @@ class PlaysWindow : public QDialog {
 
   void BuildRuns();
   void BuildButtons();
-  QPushButton* AddButton(const char* name, const QString& caption, const QString& tip);
   // The game as it stands now.
   void Update();
   void ShowChosen();

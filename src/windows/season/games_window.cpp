@@ -3,7 +3,7 @@
 #include <QScreen>
 #include <QShowEvent>
 #include <QVBoxLayout>
-#include <algorithm>
+#include <array>
 
 #include "base/words.h"
 #include "platform/qt/qt_text.h"
@@ -11,6 +11,7 @@
 #include "windows/application.h"
 #include "windows/boxes/busy.h"
 #include "windows/shared/bind.h"
+#include "windows/shared/buttons.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"
 #include "windows/shared/scene.h"
@@ -19,7 +20,6 @@ namespace dtb {
 namespace {
 
 constexpr QSize kUsualSize(640, 620);  // layout units
-constexpr double kButtonHeight = 36;
 constexpr int kSpace = 8;
 
 // The chosen games; none where the person cancelled.
@@ -69,10 +69,10 @@ GamesWindow::GamesWindow(const QString& title, const QString& wish,
       wish_(wish),
       title_(MakeCaption({}, this, Qt::AlignCenter)),
       list_(new QListWidget(this)),
-      all_(new QPushButton(QStringLiteral("All"), this)),
-      none_(new QPushButton(QStringLiteral("None"), this)),
-      do_(new QPushButton(wish, this)),
-      cancel_(new QPushButton(QStringLiteral("Cancel"), this)) {
+      all_(MakeButton("cmd_All", QStringLiteral("All"), {}, this)),
+      none_(MakeButton("cmd_None", QStringLiteral("None"), {}, this)),
+      do_(MakeButton("cmd_Do", wish, {}, this)),
+      cancel_(MakeButton("cmd_Cancel", QStringLiteral("Cancel"), {}, this)) {
   setObjectName(QStringLiteral("GamesForm"));
   setWindowTitle(title);
   Name(title_, "lbl_Games");
@@ -94,13 +94,6 @@ GamesWindow::GamesWindow(const QString& title, const QString& wish,
   for (QPushButton* button : {all_, none_}) row->addWidget(button);
   row->addStretch(1);
   for (QPushButton* button : {do_, cancel_}) row->addWidget(button);
-  for (const auto& [button, name] : {std::pair{all_, "cmd_All"},
-                                     {none_, "cmd_None"},
-                                     {do_, "cmd_Do"},
-                                     {cancel_, "cmd_Cancel"}}) {
-    Name(button, name, button->text());
-    button->setAutoDefault(false);
-  }
   connect(all_, &QPushButton::clicked, this, [this] { CheckAll(Qt::Checked); });
   connect(none_, &QPushButton::clicked, this, [this] { CheckAll(Qt::Unchecked); });
   connect(do_, &QPushButton::clicked, this, &QDialog::accept);
@@ -133,12 +126,8 @@ void GamesWindow::FollowBoard() {
   const double scale = TypeScale(parentWidget());
   setFont(look::Font(look::kBody * scale));
   list_->setFont(font());
-  const int high = qRound(kButtonHeight * scale);
-  for (QPushButton* button : {all_, none_, do_, cancel_}) {
-    button->setFixedHeight(high);
-    button->setMinimumWidth(
-        std::max(2 * high, look::TextWidth(button->fontMetrics(), button->text()) + high));
-  }
+  const std::array buttons{all_, none_, do_, cancel_};
+  SizeButtons(buttons, scale);
   title_->setFont(look::Font(look::kLarge * scale, true));
   resize((QSizeF(kUsualSize) * scale).toSize().boundedTo(screen()->availableSize() * 0.9));
   CenterForm(this, parentWidget());

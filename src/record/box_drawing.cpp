@@ -106,13 +106,11 @@ void DrawRunsBattedIn(Drawing& drawing, const BoxPlace& place, int runs) {
   constexpr double kRadius = 1.5;
   constexpr double kStep = 4.2;
   constexpr int kMost = 4;
+  // Two by two, so that they keep clear of the diamond in a narrow column.
   for (int run = 0; run < std::min(runs, kMost); ++run) {
-    drawing.shapes.emplace_back(DrawnCircle{
-        {place.left + kInset + kRadius + run * kStep, place.top + kInset + kSignSize + 2.6},
-        kRadius,
-        Ink::Mark,
-        {},
-        0.5});
+    const DrawnPoint middle{place.left + kInset + kRadius + run % 2 * kStep,
+                            place.top + kInset + kSignSize + 2.6 + run / 2 * kStep};
+    drawing.shapes.emplace_back(DrawnCircle{middle, kRadius, Ink::Mark, {}, 0.5});
   }
 }
 

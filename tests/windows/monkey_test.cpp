@@ -386,6 +386,8 @@ void Monkey::MakeGesture() {
   if (front == QApplication::activePopupWidget()) {
     return PressKey(front, OneOf<QString>({"Down", "Return", "Escape"}));
   }
+  // The system's dialog writes wherever it is told to.
+  if (front->objectName() == "PrintDialog") return PressKey(front, "Escape");
   try {
     MakeAnyGesture(front);
   } catch (const Refused&) {

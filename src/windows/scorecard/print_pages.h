@@ -13,7 +13,8 @@
 namespace dtb {
 
 // Asks for a printer, or a file for the PDF, and prints the pages that `draw` makes for its paper,
-// in black on white and lying on their side. `title` names the job. Tells what goes wrong.
+// in black on white and lying on their side. `title` names the job. Without a printer the file in
+// the reports' folder is proposed. Tells what goes wrong, and where a file lies.
 void PrintPages(Platform& platform, QWidget* over, const QString& title,
                 const std::function<std::vector<Drawing>(PageSize)>& draw);
 

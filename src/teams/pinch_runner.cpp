@@ -98,6 +98,9 @@ void BeginOnBase(Board& board, Side side, int row, int base, const GameMemento& 
                         RowKey(board, side));
   Restore(board, before);
   PutOnBase(board, name, base);
+  if (BaseOf(board.state, name) != base) return;  // it could not be
+  GiveSheetLine(board, side, name);
+  MarkPlayed(board, side, name);
 }
 
 }  // namespace dtb

@@ -28,8 +28,9 @@ struct Replacement {
 // cannot be, and then nothing changes.
 void ComeIn(Board& board, Side side, int row, int piece);
 
-// Any player of the list begins on an empty base, 1 to 3; see PutOnBase. The press that began his
-// drag may have made him the batter: `before` is the game before it, and both are one step.
+// Any player of the list begins on an empty base, 1 to 3; see PutOnBase. He counts as having
+// played. The press that began his drag may have made him the batter: `before` is the game before
+// it, and both are one step.
 void BeginOnBase(Board& board, Side side, int row, int base, const GameMemento& before);
 
 }  // namespace dtb

@@ -155,5 +155,12 @@ BB BB BB keep:on on:J1 => J:J B:B C:C D:D
 )");
 }
 
+// A reserve with whom the half-inning begins has a run that is saved with him.
+TEST(KeptBases, WhoBeginsOnABaseTakesPart) {
+  Game game;
+  game.Play("keep:on begin:v92");
+  EXPECT_EQ(game.Look("bases") + game.Look("counters"), "- J -J =1, 0:0");
+}
+
 }  // namespace
 }  // namespace dtb

@@ -213,6 +213,7 @@ struct Game {
     if (verb == "hold") HoldAtThird(board);
     if (verb == "instead") PutOutInstead(board, argument);
     if (verb == "put") DropPiece(board, argument[0] - '0', digit, MoveOf::LastPlay);
+    if (verb == "begin") BeginOnBase(board, side, row / 10, row % 10, Remember(board));
     if (verb == "in") ComeIn(board, side, row / 10, row % 10);  // "in:v93": row 9 on piece 3
     if (verb == "SB" || verb == "TO" || verb == "FC" || verb == "DP") {
       if (verb == "SB") return RecordStolenBase(board, PieceOf(state, argument).value_or(0));

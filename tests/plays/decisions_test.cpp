@@ -46,6 +46,8 @@ struct RuleCase {
   const char* decisions;
 };
 
+void PrintTo(const RuleCase& one, std::ostream* out) { *out << one.what; }
+
 class DecisionRules : public testing::TestWithParam<RuleCase> {};
 
 // So many half-innings of three outs, each by the player who is due.

@@ -66,7 +66,10 @@ class PlayedGame : public Game {
       return ChangePitcher(board, side);
     }
     if (verb == "SWAP" || verb == "RUNNER") return Change(verb, side, rest);
-    if (verb == "PLACE") return PutOnBase(board, rest, Base(first));
+    if (verb == "PLACE") {
+      const Side atBat = SideAtBat(state).value();
+      return BeginOnBase(board, atBat, RowOf(atBat, rest), Base(first), Remember(board));
+    }
     if (verb == "ADVANCE") return MoveRunner(board, Base(first), Base(rest), MoveOf::ItsOwn);
     ASSERT_EQ(verb, "RUN") << line;
     if (first == "HOME") return HoldAtThird(board);

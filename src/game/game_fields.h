@@ -28,9 +28,9 @@ void VisitFields(State& state, Sheet& sheet, Game&& game, Surroundings&& surroun
          img_HomeLogo, fra_Options_visible, cb_BaseTracker, chk_Ctrls, lbl_PhotoPath, Text1,
          Text1_visible] = state;
   auto& [grd_VisStats, grd_HomeStats, grd_BoxScore, lbl_VisTeam, lbl_HomeTeam, Picture3, Picture4,
-         tb_Comments, ChosenDecisions, Command2_enabled, tb_TimeStamp2, tb_TimeStamp, tb_VisWin, tb_VisLoss,
-         tb_HomeWin, tb_HomeLoss, cellText, cellText_visible, lbl_GridSelected, editedRow,
-         editedColumn, VisReported, HomeReported] = sheet;
+         tb_Comments, ChosenDecisions, Command2_enabled, tb_TimeStamp2, tb_TimeStamp, tb_VisWin,
+         tb_VisLoss, tb_HomeWin, tb_HomeLoss, cellText, cellText_visible, lbl_GridSelected,
+         editedRow, editedColumn, VisReported, HomeReported] = sheet;
   const auto passes = [](const auto&...) {};
 
   // The plays only grow, so that of two games in a row all but the last one is the same from the

@@ -107,7 +107,8 @@ std::string FreeId(DatabaseReader& database, const std::string& id) {
   auto time = TimeOfStamp(id);
   while (HasGame(database, free)) {
     if (time) time = NextSecond(*time);
-    free = time ? MakeStamp(*time) : free + 'b';
+    if (time) free = MakeStamp(*time);
+    if (!time) free += 'b';
   }
   return free;
 }

@@ -115,6 +115,7 @@ class Reading {
       return std::ranges::find(ids_, line.key.id) - ids_.begin();
     });
     std::vector<LineKey> keys;
+    keys.reserve(lines.size());
     for (const Line& line : lines) keys.push_back(line.key);
     for (const auto& [visitors, home] : PairLines(keys)) {
       GameRecord& game = games_.emplace_back().record;

@@ -46,7 +46,7 @@ TableRow PlayRow(const GameRecord& game, const Play& play, const std::string& nu
   const Side batting = game.BattingIn(play);
   TableRow row{table::kPlays, {}};
   Put(row, "Number", number);
-  Put(row, "Inning", DecimalText(play.half / 2 + 1));
+  Put(row, "Inning", std::to_string(play.half / 2 + 1));
   Put(row, "Half", HostOf(play.half % 2 == 0 ? Side::Visitors : Side::Home));
   Put(row, "Outs", DecimalText(play.outsBefore));
   Put(row, "Team", game.side(batting).team);

@@ -108,8 +108,10 @@ void DrawRunsBattedIn(Drawing& drawing, const BoxPlace& place, int runs) {
   constexpr int kMost = 4;
   // Two by two, so that they keep clear of the diamond in a narrow column.
   for (int run = 0; run < std::min(runs, kMost); ++run) {
-    const DrawnPoint middle{place.left + kInset + kRadius + run % 2 * kStep,
-                            place.top + kInset + kSignSize + 2.6 + run / 2 * kStep};
+    const int across = run % 2;
+    const int down = run / 2;
+    const DrawnPoint middle{place.left + kInset + kRadius + across * kStep,
+                            place.top + kInset + kSignSize + 2.6 + down * kStep};
     drawing.shapes.emplace_back(DrawnCircle{middle, kRadius, Ink::Mark, {}, 0.5});
   }
 }

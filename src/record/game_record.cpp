@@ -97,7 +97,8 @@ std::vector<PitcherRecord> PitchersOf(Board& board, Side side) {
   for (int row = 1; row < fields.grid.rows(); ++row) {
     const std::string name(fields.grid.Text(row, kPitcher));
     if (name.empty()) continue;
-    PitcherRecord& pitcher = pitchers.emplace_back(name, PitcherIn(fields.grid, row));
+    PitcherRecord& pitcher =
+        pitchers.emplace_back(PitcherRecord{name, PitcherIn(fields.grid, row)});
     if (fields.grid.Text(row, kInningsPitched).empty() && name == fields.pitcher.value()) {
       pitcher.figures.outs = OutsOfInnings(InningsNotCredited(board, side));
     }

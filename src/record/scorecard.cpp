@@ -186,7 +186,8 @@ std::string ScorecardInWords(const Scorecard& card) {
       if (box.runsBattedIn > 0) boxes += ", " + std::to_string(box.runsBattedIn) + " batted in";
     }
     if (names.empty() && boxes.empty()) continue;
-    words += std::to_string(place + 1) + " " + names + ":" + boxes + "\n";
+    words.append(std::to_string(place + 1)).append(" ").append(names).append(":");
+    words.append(boxes).append("\n");
   }
   return words + card.note;
 }

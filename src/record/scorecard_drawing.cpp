@@ -260,7 +260,10 @@ class Page {
     if (!card_.toFillIn) return;
     // Rules for those who come in.
     constexpr double kRule = 12;
-    for (double y = base - kLine + kRule + 2; y < top + height - 4; y += kRule) {
+    const double first = base - kLine + kRule + 2;
+    const int rules = static_cast<int>(std::ceil((top + height - 4 - first) / kRule));
+    for (int rule = 0; rule < rules; ++rule) {
+      const double y = first + rule * kRule;
       Line(kMargin + kPlaceNumber, y, kMargin + kNames - 4, y, Ink::Grid, 0.4);
     }
   }
@@ -334,6 +337,7 @@ std::vector<Drawing> DrawScorecard(const Scorecard& card, PageSize page) {
   std::size_t widest = 1;
   for (const Span& span : spans) widest = std::max(widest, span.size());
   std::vector<Drawing> pages;
+  pages.reserve(spans.size());
   for (const Span& span : spans) {
     pages.push_back(Page(card, page, span, room / static_cast<double>(widest))
                         .Draw(pages.size() + 1, spans.size()));

@@ -17,7 +17,7 @@ void SeasonRecords::Read(int first) {
   std::vector<std::string> ids;
   for (int game = first; game < end_; ++game) ids.push_back(season_.games[game].id);
   std::ranges::sort(ids);
-  ids.erase(std::ranges::unique(ids).begin(), ids.end());
+  ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
   read_.clear();
   for (GameRecord& game : ReadRecords(database_, ids)) {
     const Key key{game.id, game.sides[0].team, game.sides[1].team};

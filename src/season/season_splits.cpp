@@ -75,6 +75,7 @@ std::vector<SplitLine> SplitOutings(const SeasonFigures& season, const SeasonSub
     }
   }
   std::vector<SplitLine> lines;
+  lines.reserve(groups.size() + 1);
   for (auto& [group, line] : groups) lines.push_back(std::move(line));
   lines.push_back(std::move(all));
   return lines;

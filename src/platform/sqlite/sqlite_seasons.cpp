@@ -159,7 +159,7 @@ void SqliteSeasons::MakeDatabaseFile(const fs::path& file,
 fs::path SqliteSeasons::PutAway(const std::string& name) {
   const fs::path folder = shelf_ / kPutAway;
   MakeFolders(folder);
-  const fs::path place = FreeFile(folder, name, kEnding);
+  fs::path place = FreeFile(folder, name, kEnding);
   MoveDatabase(FileOf(name), place);
   return place;
 }

@@ -62,10 +62,10 @@ void GamesWindow::GiveOut(Platform& platform, QWidget* over) {
   dtb::GiveOut(platform, games);
 }
 
-GamesWindow::GamesWindow(const QString& title, const QString& wish,
-                         const std::vector<GameIdentity>& games, QWidget* parent)
+GamesWindow::GamesWindow(const QString& title, const QString& wish, std::vector<GameIdentity> games,
+                         QWidget* parent)
     : QDialog(parent),
-      games_(games),
+      games_(std::move(games)),
       wish_(wish),
       title_(MakeCaption({}, this, Qt::AlignCenter)),
       list_(new QListWidget(this)),

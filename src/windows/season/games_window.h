@@ -20,7 +20,7 @@ class GamesWindow : public QDialog {
   static void GiveOut(Platform& platform, QWidget* over);
 
   // `wish` is what is done with the chosen ones: "Take in".
-  GamesWindow(const QString& title, const QString& wish, const std::vector<GameIdentity>& games,
+  GamesWindow(const QString& title, const QString& wish, std::vector<GameIdentity> games,
               QWidget* parent);
 
   [[nodiscard]] std::vector<GameIdentity> Chosen() const;

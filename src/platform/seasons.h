@@ -47,8 +47,8 @@ class Seasons {
   virtual void MakeDatabaseFile(const std::filesystem::path& file,
                                 const std::function<void(Database&)>& fill) = 0;
 
-  // Takes it off the shelf into the folder "Put away" there; it must not be in use. Returns the
-  // file's path.
+  // Takes it off the shelf into the folder "Put away" there, and its copies; it must not be in use.
+  // Returns the file's path.
   virtual std::filesystem::path PutAway(const std::string& name) = 0;
 };
 

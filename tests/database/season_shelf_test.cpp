@@ -110,6 +110,8 @@ TEST_F(ShelfTest, EachSeasonHasItsOwnGamesAndCopies) {
   EXPECT_EQ(seasons->InUse(), "");
   EXPECT_TRUE(fs::exists(folder / "Seasons" / "Put away" / "Our 1960.mdb"));
   EXPECT_EQ(state.names, (std::vector<std::string>{"", "1978"}));
+  Do(MakeSeason, "Our 1960");
+  EXPECT_EQ(copies.CopyNames().size(), 0U) << "another season's copies are not its own";
 }
 
 TEST_F(ShelfTest, WhatCannotBeIsSaidAndChangesNothing) {

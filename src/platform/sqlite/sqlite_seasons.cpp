@@ -161,6 +161,11 @@ fs::path SqliteSeasons::PutAway(const std::string& name) {
   MakeFolders(folder);
   fs::path place = FreeFile(folder, name, kEnding);
   MoveDatabase(FileOf(name), place);
+  // A later season of that name must not be offered these copies as its own.
+  std::error_code ignored;
+  if (fs::exists(CopiesOf(name), ignored)) {
+    Move(CopiesOf(name), FreeFile(folder, TextOf(place.stem()) + " copies", ""));
+  }
   return place;
 }
 

@@ -6,6 +6,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <utility>
 
 #include "game/history.h"
 #include "platform/qt/qt_text.h"
@@ -21,19 +22,8 @@ using namespace look;
 
 constexpr int kRing = 3;  // pixels around the rows; of the keyboard focus
 
-// What else the model tells of a row.
-constexpr int kBatterRole = Qt::UserRole;    // he bats now
-constexpr int kNoteRole = Qt::UserRole + 1;  // a word about him
-constexpr int kNextRole = Qt::UserRole + 2;  // the word is the next step; 2 while it flashes
-constexpr QColor kDimInk{64, 70, 66};        // what is no name
-constexpr int kGap = 10;                     // pixels between a name and what is remarked of him
-constexpr int kSlack = 2;                    // pixels by which a text may be wider than its letters
-constexpr double kSmallestRemark = kSmall / kLarge;  // of the type of the names
-constexpr double kLeastForNames = 0.48;              // of a row with a remark
-
-const QString kDue = QStringLiteral("due");
-
-constexpr int kRows = 12;  // fill the list without a scroll bar
+constexpr QColor kDimInk{64, 70, 66};  // what is no name
+constexpr int kRows = 12;              // fill the list without a scroll bar
 
 // The chip with which a row ends.
 int ChipWidth(const QFont& names, const QString& note) {
@@ -66,7 +56,7 @@ class EntryDelegate : public QStyledItemDelegate {
     const int gutter = option.fontMetrics.horizontalAdvance(QStringLiteral("00")) + 4;
     painter->setFont(Font(option.font.pixelSize() * 0.72));
     painter->setPen(batter || selected ? kInk : kDimInk);
-    const bool due = note == kDue;
+    const bool due = note == kDueNote;
     const QRect numberPlace(row.left(), row.top(), gutter, row.height());
     if (inOrder && !due) {
       painter->drawText(numberPlace, Qt::AlignCenter, QString::number(index.row() + 1));
@@ -92,25 +82,26 @@ class EntryDelegate : public QStyledItemDelegate {
   // The name, and in a column of its own what stands behind "=". `free` is what a chip leaves.
   static void DrawEntry(QPainter& painter, const QRect& place, int free, const QModelIndex& index,
                         const QColor& remarkInk) {
-    const QFontMetrics metrics = painter.fontMetrics();
     const auto* model = static_cast<const LineupModel*>(index.model());
-    const LineUpEntry entry = model->EntryAt(index.row());
-    const LineupModel::Remarks shown = model->RemarksIn(painter.font(), place.width());
-    const int room = free - shown.left - kSlack;
-    const bool remark = !entry.remark.isEmpty() && room > 0;
-    const auto draw = [&](const QString& text, int left, int width) {
+    const LineupModel::Layout& layout = model->LayoutIn(painter.font(), place.width());
+    if (std::cmp_greater_equal(index.row(), layout.rows.size())) return;  // gone since
+    const LineupModel::Row& row = layout.rows[static_cast<std::size_t>(index.row())];
+    const int room = free - layout.left - kLineupSlack;
+    const bool remark = !row.remark.text.isEmpty() && room > 0;
+    const auto draw = [&](const LineupModel::Measured& text, int left, int width) {
       painter.drawText(QRect(place.left() + left, place.top(), width, place.height()),
                        Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                       ElidedText(painter.fontMetrics(), text, width));
+                       text.width <= width
+                           ? text.text
+                           : painter.fontMetrics().elidedText(text.text, Qt::ElideRight, width));
     };
     painter.setPen(kInk);
-    const int nameRoom = remark ? shown.left - kGap : free;
-    const bool whole = TextWidth(metrics, entry.name) <= nameRoom;
-    draw(whole ? entry.name : model->ShortNameAt(index.row()), 0, nameRoom);
+    const int nameRoom = remark ? layout.left - kLineupGap : free;
+    draw(row.name.width <= nameRoom ? row.name : row.shortName, 0, nameRoom);
     if (!remark) return;
-    painter.setFont(shown.font);
+    painter.setFont(layout.remarks);
     painter.setPen(remarkInk);
-    draw(entry.remark, shown.left, room);
+    draw(row.remark, layout.left, room);
   }
 
   // A chip as wide as its place, in the present small type; `next` as kNextRole has it.
@@ -138,110 +129,6 @@ MouseButton ButtonOf(Qt::MouseButton button) {
 }
 
 }  // namespace
-
-LineupModel::LineupModel(Board& board, Side side, const NextStep& next, QObject* parent)
-    : QAbstractListModel(parent),
-      board_(board),
-      side_(side),
-      list_(SideOf(board, side).list),
-      next_(next) {}
-
-int LineupModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : shownRows_;
-}
-
-QVariant LineupModel::data(const QModelIndex& index, int role) const {
-  if (!list_.HasRow(index.row())) return {};
-  const QString entry = ShownEntry(list_.entries()[static_cast<std::size_t>(index.row())]);
-  switch (role) {
-    case Qt::DisplayRole:
-      return entry;
-    case Qt::AccessibleTextRole:
-      return index.row() == RowOfBatter(board_, side_)
-                 ? entry + QStringLiteral(", at bat")
-                 : (entry + QLatin1Char(' ') + NoteOf(index.row())).trimmed();
-    case kBatterRole:
-      return index.row() == RowOfBatter(board_, side_);
-    case kNoteRole:
-      return NoteOf(index.row());
-    case kNextRole:
-      if (!IsNext(index.row())) return 0;
-      return next_.Flashes(Step::FirstBatter) ? 2 : 1;
-    default:
-      return {};
-  }
-}
-
-LineUpEntry LineupModel::EntryAt(int row) const {
-  return PartsOf(list_.entries()[static_cast<std::size_t>(row)]);
-}
-
-// A short name that two players have would tell them apart less than a cut one.
-QString LineupModel::ShortNameAt(int row) const {
-  QString name = EntryAt(row).name;
-  QString shortened = ShortName(name);
-  for (int other = 0; other < shownRows_; ++other) {
-    if (other != row && ShortName(EntryAt(other).name) == shortened) return name;
-  }
-  return shortened;
-}
-
-// One column and one size for the remarks of the whole list: the largest in which those of the
-// batting order are whole. Where the names leave them no room, the longest names are shortened. The
-// bench and the pitchers may have much longer remarks.
-LineupModel::Remarks LineupModel::RemarksIn(const QFont& font, int room) const {
-  if (measuredRoom_ == room && measured_ == font) return remarks_;
-  measured_ = font;
-  measuredRoom_ = room;
-  const QFontMetrics names(font);
-  int longest = 0;
-  QStringList inOrder;
-  for (int row = 0; row < shownRows_; ++row) {
-    const LineUpEntry entry = EntryAt(row);
-    if (entry.remark.isEmpty()) continue;
-    longest = std::max(longest, TextWidth(names, entry.name) + kGap);
-    if (row < kStarters) inOrder.append(entry.remark);
-  }
-  remarks_ = {font, longest};
-  const int least = std::min(longest, static_cast<int>(room * kLeastForNames));
-  for (const double share : kFittingSizes) {
-    if (share < kSmallestRemark) break;
-    remarks_.font.setPixelSize(FittingSize(font.pixelSize(), share));
-    const QFontMetrics metrics(remarks_.font);
-    int widest = 0;
-    for (const QString& remark : inOrder) widest = std::max(widest, TextWidth(metrics, remark));
-    remarks_.left = std::clamp(room - kSlack - widest, least, longest);
-    if (room - kSlack - widest >= least) break;
-  }
-  return remarks_;
-}
-
-bool LineupModel::IsNext(int row) const {
-  return next_.Is(Step::FirstBatter) && row == RowOfManDue(board_, side_);
-}
-
-QString LineupModel::NoteOf(int row) const {
-  if (IsNext(row)) return QStringLiteral("Click the first batter");
-  if (row == RowOfManDue(board_, side_)) return kDue;
-  if (row < kStarters && !IsOnSheet(board_, side_, row)) return QStringLiteral("not on the sheet");
-  return {};
-}
-
-void LineupModel::Refresh() {
-  const int rows = list_.size();
-  measuredRoom_ = -1;
-  if (rows > shownRows_) {
-    beginInsertRows({}, shownRows_, rows - 1);
-    shownRows_ = rows;
-    endInsertRows();
-  } else if (rows < shownRows_) {
-    beginRemoveRows({}, rows, shownRows_ - 1);
-    shownRows_ = rows;
-    endRemoveRows();
-  } else if (rows > 0) {
-    emit dataChanged(index(0), index(rows - 1));
-  }
-}
 
 LineupView::LineupView(Board& board, Side side, NextStep& next, QWidget* parent)
     : QListView(parent),

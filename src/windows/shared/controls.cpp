@@ -408,6 +408,7 @@ NameLabel::NameLabel(QWidget* parent, Qt::Alignment alignment) : QLabel(parent) 
 
 void NameLabel::SetName(const QString& lead, const QString& name) {
   constexpr int kLongest = 400;  // letters; no screen shows more
+  if (lead == lead_ && name.left(kLongest) == name_) return;
   lead_ = lead;
   name_ = name.left(kLongest);
   FitName();

@@ -1,7 +1,10 @@
 #include "archive/kept_season.h"
 
 #include <algorithm>
+#include <array>
+#include <map>
 #include <system_error>
+#include <utility>
 
 #include "archive/season_reader.h"
 #include "archive/team_text.h"
@@ -10,6 +13,7 @@
 #include "base/settings_keys.h"
 #include "database/archive_games.h"
 #include "database/season_shelf.h"
+#include "database/team_groups.h"
 #include "game/history.h"
 #include "platform/trapped.h"
 #include "teams/team_load.h"
@@ -40,6 +44,37 @@ int LastClub(const Season& season, const Platform& platform) {
   const auto club = std::ranges::find(season.clubs, last, ClubSetting);
   if (club == season.clubs.end() || club->games.empty()) return kAllClubs;
   return static_cast<int>(club - season.clubs.begin());
+}
+
+// As the archives' letters have it. Another league is told by its letter.
+std::string LeagueName(const std::string& letter) {
+  constexpr std::array<std::pair<std::string_view, std::string_view>, 6> kLeagues{
+      {{"A", "American League"},
+       {"N", "National League"},
+       {"F", "Federal League"},
+       {"U", "Union Association"},
+       {"P", "Players' League"},
+       {"", "Others"}}};
+  const auto known = std::ranges::find(kLeagues, std::string_view(letter),
+                                       &std::pair<std::string_view, std::string_view>::first);
+  return known == kLeagues.end() ? "League " + letter : std::string(known->second);
+}
+
+// A single one would tell nothing.
+TeamGroups LeaguesOf(const Season& season) {
+  std::map<std::string, TeamGroup> leagues;
+  for (std::size_t club = 0; club < season.clubs.size(); ++club) {
+    const Club& one = season.clubs[club];
+    if (one.games.empty() && !one.listed) continue;
+    TeamGroup& league = leagues[one.league];
+    league.name = LeagueName(one.league);
+    league.teams.push_back(TeamName(season, static_cast<int>(club)));
+  }
+  TeamGroups groups;
+  for (auto& [letter, league] : leagues) {
+    if (leagues.size() > 1) groups.push_back(std::move(league));
+  }
+  return groups;
 }
 
 std::string Offer(const std::string& club) {
@@ -75,6 +110,7 @@ bool KeepSeason(KeptSeason& kept, const std::filesystem::path& archive, const Pl
   std::optional<Season> season = ReadSeason(*opened, goOn);
   if (!season) return false;
   const int club = LastClub(*season, platform);
+  KeepLeagues(platform, LeaguesOf(*season));
   kept = {std::move(season), TextOf(archive.filename()), club, std::nullopt};
   return true;
 }

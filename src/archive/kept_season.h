@@ -26,7 +26,8 @@ struct KeptSeason {
 [[nodiscard]] LineForm KeptForm(const Platform& platform);
 void KeepForm(const LineForm& form, const Platform& platform);
 
-// Opens an archive and keeps its season, with the club that was chosen last if it has that. False
+// Opens an archive and keeps its season, with the club that was chosen last if it has that, and the
+// leagues of its clubs as the groups of the season in use. False
 // if it was stopped. Throws ProgramError as Archives::OpenArchive and ReadSeason do.
 bool KeepSeason(KeptSeason& kept, const std::filesystem::path& archive, const Platform& platform,
                 const GoOn& goOn);

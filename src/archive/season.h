@@ -67,6 +67,7 @@ struct Club {
   std::string id;          // "NYA"
   std::string city;        // "New York"
   std::string nickname;    // "Yankees"
+  std::string league;      // "A"; "": not told
   bool listed = false;     // among the archive's clubs
   std::string name;        // TeamName
   std::vector<Man> men;    // in the order of roster and first appearance

@@ -103,7 +103,7 @@ bool SeasonLines::TakeClubs(const std::string& file, int year, std::string_view 
                             const GoOn& goOn) {
   return EachLine(file, bytes, goOn, [&](std::string_view line) {
     const std::string_view id = TakeField(line);
-    TakeField(line);  // the league
+    const std::string_view league = TakeField(line);
     const std::string city = Name(TakeField(line));
     const std::string nickname = Name(TakeField(line));
     if (id.empty() || city.empty()) return Note("no club");
@@ -111,6 +111,7 @@ bool SeasonLines::TakeClubs(const std::string& file, int year, std::string_view 
     if (place == kNobody) return;
     Club& club = season_.clubs[place];
     club.listed = true;
+    club.league = Name(league);
     club.city = city;
     club.nickname = nickname;
   });

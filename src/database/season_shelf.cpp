@@ -26,6 +26,18 @@ std::string KeyOf(const char* key, const std::string& season) {
   return season.empty() ? key : std::string(key) + " of " + season;
 }
 
+// What the settings have of a season goes over to its new name; "": nobody has it any more, lest
+// another season of the old name takes it for its own.
+void MoveSettings(SettingsStore& store, const std::string& name, const std::string& to) {
+  for (const char* key : {settings::kSeasonArchive, settings::kSeasonClub, settings::kSeasonLeagues,
+                          settings::kSeasonGroups}) {
+    const std::string value = store.Read(settings::kLabels, KeyOf(key, name), "");
+    if (value.empty()) continue;
+    if (!to.empty()) store.Write(settings::kLabels, KeyOf(key, to), value);
+    store.Write(settings::kLabels, KeyOf(key, name), "");
+  }
+}
+
 std::string ShownName(const std::string& name) { return name.empty() ? kUsualSeason : name; }
 
 // The days of the games, as the plays' tables tell, else by their GameIDs: "2020-08-07".
@@ -217,10 +229,7 @@ void RenameSelectedSeason(ShelfDesk& desk) {
     seasons.Rename(name, to);
     SettingsStore& store = desk.platform.settings;
     if (used) store.Write(settings::kLabels, settings::kSeasonInUse, to);
-    for (const char* key : {settings::kSeasonArchive, settings::kSeasonClub}) {
-      const std::string value = store.Read(settings::kLabels, KeyOf(key, name), "");
-      if (!value.empty()) store.Write(settings::kLabels, KeyOf(key, to), value);
-    }
+    MoveSettings(store, name, to);
     desk.state.changed = desk.state.changed || used;
     desk.state.tb_Name.Set("");
     return name + " is called " + to + " from now on.";
@@ -255,6 +264,7 @@ void PutSelectedSeasonAway(ShelfDesk& desk) {
   Do(desk, [&] {
     if (used) Use(desk, "");
     desk.platform.seasons.PutAway(name);
+    MoveSettings(desk.platform.settings, name, {});
     return name + " is put away.";
   });
 }

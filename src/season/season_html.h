@@ -38,12 +38,6 @@ enum class LastRow { Usual, Sum };
 [[nodiscard]] std::string PartHeading(std::size_t number, std::string_view title);
 [[nodiscard]] std::string PageContents(const std::vector<std::string>& titles);
 
-// The standings as a picture, one for a wide page and one for a narrow: a line for each team, with
-// its name at the end.
-[[nodiscard]] std::string StandingsDrawing(const SeasonFigures& season);
-// A piece of the line of the team that stands at this place.
-[[nodiscard]] std::string LineSample(int place);
-
 // The one style sheet of all pages.
 [[nodiscard]] const char* PageStyle();
 

@@ -19,6 +19,7 @@
 #include "season/season_scores.h"
 #include "season/season_standings.h"
 #include "season/season_words.h"
+#include "season/standings_drawing.h"
 #include "sheet/report_files.h"
 
 namespace dtb {
@@ -110,9 +111,10 @@ class PageFolder {
 
 class PageWriter {
  public:
-  PageWriter(Database& database, const SeasonBook& book)
+  PageWriter(Database& database, const SeasonBook& book, const TeamGroups& groups)
       : book_(book),
         season_(book.season),
+        groups_(StandingsByGroup(season_, groups)),
         months_(MonthMarks(season_)),
         records_(database, season_) {}
 
@@ -181,27 +183,14 @@ class PageWriter {
 
   [[nodiscard]] std::string FirstPage() const {
     std::string page = PageContents({"Standings", "Leaders", "Games"}) +
-                       Paragraph(ScoresText(CountScores(season_))) + PartHeading(1, "Standings") +
-                       StandingsDrawing(season_);
+                       Paragraph(ScoresText(CountScores(season_))) + PartHeading(1, "Standings");
     if (season_.mixedGames > 0) {
       page += Paragraph(
           "With one GameID and a team in common, "
           "so that their players are not told apart: " +
           std::to_string(season_.mixedGames) + " games.");
     }
-    Cells standings = StandingsTable(season_);
-    const std::vector<Standing> order = Standings(season_);
-    std::vector<std::string> records;
-    for (const Standing& standing : order) {
-      const SeasonTeam& team = season_.teams[standing.team];
-      records.push_back(RecordText(team.wins, team.losses, team.ties()));
-    }
-    const std::vector<int> places = PlacesOf(records);
-    for (std::size_t place = 0; place < order.size(); ++place) {
-      standings[place + 1].front() = Placed(
-          places[place], LineSample(static_cast<int>(place)) + TeamLink(order[place].team, ""));
-    }
-    page += PageTable(standings) + PartHeading(2, "Leaders") +
+    page += StandingsPart() + PartHeading(2, "Leaders") +
             Paragraph(
                 "For both averages: 3.1 plate appearances, that is at-bats and walks, "
                 "or 1 inning, for each game of the player's team. Innings are counted in thirds.") +
@@ -214,6 +203,33 @@ class PageWriter {
       page += "<li>" + PageLink(MonthFile(month), months_[month].month) + "</li>\n";
     }
     return page + "</ul>\n";
+  }
+
+  // A picture and a table for each group of teams.
+  [[nodiscard]] std::string StandingsPart() const {
+    const StandingsDrawings drawings(season_, groups_);
+    std::string part = drawings.Shared();
+    for (const GroupStandings& group : groups_) {
+      if (!group.name.empty()) part += Heading("h3", group.name);
+      part += drawings.OfGroup(group.standings) + StandingsTable(group.standings);
+    }
+    return part;
+  }
+
+  [[nodiscard]] std::string StandingsTable(const std::vector<Standing>& standings) const {
+    Cells table = StandingsLines(season_, standings);
+    std::vector<std::string> records;
+    for (const Standing& standing : standings) {
+      const SeasonTeam& team = season_.teams[standing.team];
+      records.push_back(RecordText(team.wins, team.losses, team.ties()));
+    }
+    const std::vector<int> places = PlacesOf(records);
+    for (std::size_t place = 0; place < table.size(); ++place) {
+      table[place].front() = Placed(
+          places[place], LineSample(static_cast<int>(place)) + TeamLink(standings[place].team, ""));
+    }
+    table.insert(table.begin(), StandingsHeader());
+    return PageTable(table);
   }
 
   [[nodiscard]] std::string LeaderTable(SeasonLead lead) const {
@@ -413,6 +429,7 @@ class PageWriter {
 
   const SeasonBook& book_;
   const SeasonFigures& season_;
+  std::vector<GroupStandings> groups_;
   std::vector<MonthMark> months_;
   SeasonRecords records_;
 };
@@ -434,7 +451,7 @@ std::optional<std::filesystem::path> Write(Platform& platform, const ExportProgr
   std::filesystem::path place =
       FreeFile(ReportsFolder(platform), FolderName(platform.clock.Now()), "");
   PageFolder folder(place);
-  PageWriter writer(platform.database, book);
+  PageWriter writer(platform.database, book, GroupsOfSeason(platform));
   if (!writer.WriteAll(folder, progress)) return std::nullopt;
   folder.PutInPlace();
   contents = Counted(std::ssize(book.season.games), "game") + ", " +

@@ -2,8 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <numeric>
+#include <string_view>
+#include <unordered_map>
 
 #include "base/text_cell.h"
+#include "base/utf8.h"
 #include "season/season_words.h"
 
 namespace dtb {
@@ -12,17 +17,15 @@ namespace {
 // A team without a decision stands where it would with as many wins as losses.
 constexpr double kEven = 0.5;
 
-}  // namespace
-
-std::vector<Standing> Standings(const SeasonFigures& season) {
+std::vector<Standing> StandingsOf(const SeasonFigures& season, const std::vector<int>& teams) {
   std::vector<Standing> standings;
-  for (std::size_t i = 0; i < season.teams.size(); ++i) {
-    const SeasonTeam& team = season.teams[i];
+  for (const int place : teams) {
+    const SeasonTeam& team = season.teams[place];
     if (team.games.empty()) continue;
     const int decided = team.wins + team.losses;
-    standings.push_back(
-        {static_cast<int>(i),
-         decided > 0 ? std::optional(Quotient{double(team.wins), double(decided)}) : std::nullopt});
+    standings.push_back({place, decided > 0
+                                    ? std::optional(Quotient{double(team.wins), double(decided)})
+                                    : std::nullopt});
   }
   std::ranges::stable_sort(standings, [&season](const Standing& a, const Standing& b) {
     const double first = a.share ? a.share->value() : kEven;
@@ -34,6 +37,76 @@ std::vector<Standing> Standings(const SeasonFigures& season) {
     standing.behind =
         (season.teams[standings.front().team].above() - season.teams[standing.team].above()) / 2.0;
   }
+  return standings;
+}
+
+// " 2020" of "Oakland 2020"; "" for none.
+std::string_view YearOf(std::string_view name) {
+  constexpr std::size_t kYear = 5;
+  if (name.size() <= kYear) return {};
+  const std::string_view end = name.substr(name.size() - kYear);
+  const bool digits =
+      std::ranges::all_of(end.substr(1), [](char c) { return c >= '0' && c <= '9'; });
+  return digits && end.front() == ' ' ? end : std::string_view();
+}
+
+// Letters, not bytes: a name may have accents.
+std::size_t LettersOf(std::string_view text) {
+  return static_cast<std::size_t>(std::ranges::count_if(
+      text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
+std::string WithInitials(const std::string& name) {
+  std::vector<std::string_view> words;
+  for (std::string_view rest = name; !rest.empty();) {
+    const std::string_view word = rest.substr(0, rest.find(' '));
+    rest.remove_prefix(std::min(word.size() + 1, rest.size()));
+    if (!word.empty()) words.push_back(word);
+  }
+  if (words.size() < 2) return name;
+  std::string shortened;
+  for (std::size_t i = 0; i + 1 < words.size(); ++i) {
+    shortened += words[i].substr(0, FirstCharacter(words[i]).bytes);
+  }
+  return shortened + (words.size() == 2 ? ". " : " ") + std::string(words.back());
+}
+
+// Takes a change of all names that leaves each of them its own.
+void TakeWhereTold(std::vector<std::string>& names, const std::vector<std::string>& changed) {
+  std::map<std::string_view, int> bearers;
+  for (const std::string& name : changed) ++bearers[name];
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (bearers.at(changed[i]) == 1) names[i] = changed[i];
+  }
+}
+
+}  // namespace
+
+std::vector<Standing> Standings(const SeasonFigures& season) {
+  std::vector<int> teams(season.teams.size());
+  std::iota(teams.begin(), teams.end(), 0);
+  return StandingsOf(season, teams);
+}
+
+std::vector<GroupStandings> StandingsByGroup(const SeasonFigures& season,
+                                             const TeamGroups& groups) {
+  std::unordered_map<std::string_view, std::size_t> groupOf;
+  for (std::size_t group = 0; group < groups.size(); ++group) {
+    for (const std::string& team : groups[group].teams) groupOf.emplace(team, group);
+  }
+  std::vector<std::vector<int>> teams(groups.size() + 1);
+  for (std::size_t team = 0; team < season.teams.size(); ++team) {
+    const auto group = groupOf.find(season.teams[team].name);
+    teams[group == groupOf.end() ? groups.size() : group->second].push_back(static_cast<int>(team));
+  }
+  std::vector<GroupStandings> standings;
+  for (std::size_t group = 0; group < teams.size(); ++group) {
+    auto lines = StandingsOf(season, teams[group]);
+    if (!lines.empty()) {
+      standings.push_back({group < groups.size() ? groups[group].name : "Other teams", lines});
+    }
+  }
+  if (standings.size() == 1 && groups.empty()) standings.front().name.clear();
   return standings;
 }
 
@@ -81,9 +154,9 @@ std::string CourseText(const SeasonFigures& season, int team, const CoursePoint&
          RecordText(wins, losses, ties) + ", " + AboveText(point.above);
 }
 
-std::string StandingsText(const SeasonFigures& season) {
+std::string StandingsText(const SeasonFigures& season, const std::vector<Standing>& standings) {
   std::string text;
-  for (const Standing& standing : Standings(season)) {
+  for (const Standing& standing : standings) {
     const SeasonTeam& team = season.teams[standing.team];
     text += team.name + ": " + RecordText(team.wins, team.losses, team.ties()) + ", " +
             AboveText(team.above()) + ".\n";
@@ -91,16 +164,40 @@ std::string StandingsText(const SeasonFigures& season) {
   return text;
 }
 
-std::vector<std::vector<std::string>> StandingsTable(const SeasonFigures& season) {
-  std::vector<std::vector<std::string>> table{{"Team", "W", "L", "T", "Pct", "GB", "R", "RA"}};
-  for (const Standing& standing : Standings(season)) {
+std::vector<std::string> StandingsHeader() {
+  return {"Team", "W", "L", "T", "Pct", "GB", "R", "RA"};
+}
+
+std::vector<std::vector<std::string>> StandingsLines(const SeasonFigures& season,
+                                                     const std::vector<Standing>& standings) {
+  std::vector<std::vector<std::string>> lines;
+  for (const Standing& standing : standings) {
     const SeasonTeam& team = season.teams[standing.team];
-    table.push_back({team.name, std::to_string(team.wins), std::to_string(team.losses),
+    lines.push_back({team.name, std::to_string(team.wins), std::to_string(team.losses),
                      std::to_string(team.ties()), AverageText(standing.share),
                      standing.behind == 0 ? "-" : FixedDecimals(standing.behind, 1),
                      DecimalText(team.runs), DecimalText(team.runsAllowed)});
   }
-  return table;
+  return lines;
+}
+
+std::vector<std::string> PictureNames(const std::vector<SeasonTeam>& teams) {
+  std::vector<std::string> names;
+  names.reserve(teams.size());
+  for (const SeasonTeam& team : teams) names.push_back(team.name);
+  if (names.empty()) return names;
+  const std::string year(YearOf(names.front()));
+  const auto endsAlike = [&](const std::string& name) { return YearOf(name) == year; };
+  if (!year.empty() && std::ranges::all_of(names, endsAlike)) {
+    for (std::string& name : names) name.resize(name.size() - year.size());
+  }
+  constexpr std::size_t kLong = 17;  // letters; "New York Yankees" has 16
+  std::vector<std::string> shortened = names;
+  for (std::string& name : shortened) {
+    if (LettersOf(name) > kLong) name = WithInitials(name);
+  }
+  TakeWhereTold(names, shortened);
+  return names;
 }
 
 LineLook LineLookOf(int place) {

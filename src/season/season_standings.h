@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "database/team_groups.h"
 #include "season/season_figures.h"
 
 namespace dtb {
@@ -17,6 +18,16 @@ struct Standing {
 
 // The teams that have played, the best share of wins first, then the most wins, then by name.
 [[nodiscard]] std::vector<Standing> Standings(const SeasonFigures& season);
+
+// The same for each group of teams, in the order of the groups: behind counts from the first of
+// the group. Teams that have played and are in no group come last, as "Other teams"; a group of
+// which no team has played is left out. Without any group all are one, which has no name.
+struct GroupStandings {
+  std::string name;
+  std::vector<Standing> standings;
+};
+[[nodiscard]] std::vector<GroupStandings> StandingsByGroup(const SeasonFigures& season,
+                                                           const TeamGroups& groups);
 
 // A team's course: where it stands before the first game of the season, and after each of its own.
 struct CoursePoint {
@@ -32,14 +43,22 @@ struct CoursePoint {
 [[nodiscard]] std::string CourseText(const SeasonFigures& season, int team,
                                      const CoursePoint& point);
 
-// "Ants: 10-4, 6 above .500", line by line, the best first.
-[[nodiscard]] std::string StandingsText(const SeasonFigures& season);
+// "Ants: 10-4, 6 above .500", line by line.
+[[nodiscard]] std::string StandingsText(const SeasonFigures& season,
+                                        const std::vector<Standing>& standings);
 
-// Texts of the table of standings, its header first.
-[[nodiscard]] std::vector<std::vector<std::string>> StandingsTable(const SeasonFigures& season);
+// Texts of the table of standings: its header, and the lines of some of them.
+[[nodiscard]] std::vector<std::string> StandingsHeader();
+[[nodiscard]] std::vector<std::vector<std::string>> StandingsLines(
+    const SeasonFigures& season, const std::vector<Standing>& standings);
 
-// How a team's line is drawn, by its place in the standings: seven colours that people of all kinds
-// of sight tell apart, and for each a new dash when they begin again.
+// The names of the teams as a picture has room for them: without the year that all of them end
+// with, and where a name is still long, with the first letters of all its words but the last:
+// "P. Athletics", "NY Highlanders". No two become the same.
+[[nodiscard]] std::vector<std::string> PictureNames(const std::vector<SeasonTeam>& teams);
+
+// How a team's line is drawn, by its place in the standings of its group: seven colours that people
+// of all kinds of sight tell apart, and for each a new dash when they begin again.
 struct LineLook {
   int colour = 0;  // 0 to kLineColours - 1
   int dash = 0;    // 0: none

@@ -380,7 +380,7 @@ void HostileDatabase::UseForReading() {
   }
   if (const auto& season = state.season.value()) {
     for (const SeasonLead lead : kSeasonLeads) static_cast<void>(Leaders(*season, lead, true));
-    static_cast<void>(StandingsText(*season));
+    static_cast<void>(StandingsText(*season, Standings(*season)));
   }
 }
 

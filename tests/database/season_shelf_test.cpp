@@ -112,6 +112,7 @@ TEST_F(ShelfTest, EachSeasonHasItsOwnGamesAndCopies) {
   EXPECT_EQ(state.names, (std::vector<std::string>{"", "1978"}));
   Do(MakeSeason, "Our 1960");
   EXPECT_EQ(copies.CopyNames().size(), 0U) << "another season's copies are not its own";
+  EXPECT_EQ(SettingOfSeason(*platform, "season_archive"), "") << "nor is its archive";
 }
 
 TEST_F(ShelfTest, WhatCannotBeIsSaidAndChangesNothing) {

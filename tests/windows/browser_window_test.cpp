@@ -7,6 +7,7 @@
 
 #include "database/saved_games.h"
 #include "windows/browser_form_test.h"
+#include "windows/season/groups_window.h"
 
 namespace dtb {
 namespace {
@@ -263,6 +264,48 @@ TEST_F(BrowserWindowTest, SeasonIsShownInPicturesAndWords) {
     Click(games, {}, Qt::LeftButton, games->PlaceOf(0).toPoint());
     EXPECT_EQ(Part<QTabWidget>("SSTab1")->currentIndex(), browser_tab::kGameStats);
     EXPECT_EQ(Cell("MSHFlexGrid6", 2, 1), QStringLiteral("Adam"));
+    CloseForm();
+  });
+}
+
+TEST_F(BrowserWindowTest, GroupsOfTeamsHaveStandingsOfTheirOwn) {
+  MakeDatabase();
+  Open([this] {
+    GoTo(browser_tab::kSeason);
+    WhileWaiting([this] {
+      auto* window = form().findChild<GroupsWindow*>();
+      auto* tree = window->findChild<QTreeWidget*>();
+      const auto press = [&](const char* button) {
+        Click(window->findChild<QWidget*>(QLatin1String(button)));
+      };
+      // The chosen team goes into the new group, whose name is being typed.
+      tree->setCurrentItem(tree->topLevelItem(0)->child(0));
+      press("cmd_NewGroup");
+      Type(QApplication::focusWidget(), "East");
+      Press(QApplication::focusWidget(), Qt::Key_Return);
+      press("cmd_NewGroup");
+      Type(QApplication::focusWidget(), "East");
+      Press(QApplication::focusWidget(), Qt::Key_Return);
+      tree->setCurrentItem(tree->topLevelItem(2)->child(0));
+      Press(tree, Qt::Key_Up, Qt::AltModifier);
+      EXPECT_EQ(tree->topLevelItem(1)->child(0)->text(0), QStringLiteral("Bees"));
+      const auto told = AnswerBoxes({Qt::Key_Return});
+      press("cmd_GroupsDone");
+      EXPECT_EQ(*told, QStringList{QStringLiteral("Two groups are called \"East\".")});
+      tree->topLevelItem(1)->setText(0, QStringLiteral("West "));
+      press("cmd_GroupsDone");
+    });
+    Click(Part("cmd_Groups"));
+    auto* courses = Part<SeasonCourseChart>("pic_Standings");
+    for (const auto& [row, text] : {std::pair{1, "East"}, {2, "Ants"}, {3, "West"}, {4, "Bees"}}) {
+      EXPECT_EQ(Cell("grd_Standings", row, 1), QLatin1String(text));
+    }
+    EXPECT_EQ(Cell("grd_Standings", 4, 6), QStringLiteral("-")) << "first of its group";
+    EXPECT_EQ(courses->marks(), 4);
+    ClickCell("grd_Standings", 3, 1);
+    EXPECT_EQ(courses->marks(), 2) << "those of the group";
+    ClickCell("grd_Standings", 3, 1);
+    EXPECT_EQ(courses->marks(), 4) << "a second click takes it back";
     CloseForm();
   });
 }

@@ -23,38 +23,41 @@ constexpr int kMostMarks = 9;  // of the axis
 SeasonCourseChart::SeasonCourseChart()
     : SeasonChart("pic_Standings", QStringLiteral("Games above .500")) {}
 
-void SeasonCourseChart::SetSeason(std::shared_ptr<const SeasonFigures> season, int chosen) {
+void SeasonCourseChart::SetSeason(std::shared_ptr<const SeasonFigures> season,
+                                  const std::vector<GroupStandings>& groups, int lit, int chosen) {
   season_ = std::move(season);
   courses_.clear();
+  names_ = PictureNames(season_->teams);
   lowest_ = 0;
   highest_ = 0;
   chosen_ = chosen;
-  const std::vector<Standing> standings = Standings(*season_);
-  for (std::size_t place = 0; place < standings.size(); ++place) {
-    const int team = standings[place].team;
-    courses_.push_back({team, LineLookOf(static_cast<int>(place)), CourseOf(*season_, team)});
-    for (const CoursePoint& point : courses_.back().points) {
-      lowest_ = std::min(lowest_, point.above);
-      highest_ = std::max(highest_, point.above);
+  std::string words;
+  for (std::size_t group = 0; group < groups.size(); ++group) {
+    const auto& [name, standings] = groups[group];
+    const bool isLit = lit == kAllGroups || lit == static_cast<int>(group);
+    for (std::size_t place = 0; place < standings.size(); ++place) {
+      const int team = standings[place].team;
+      courses_.push_back({.team = team,
+                          .lit = isLit,
+                          .look = LineLookOf(static_cast<int>(place)),
+                          .points = CourseOf(*season_, team)});
+      for (const CoursePoint& point : courses_.back().points) {
+        lowest_ = std::min(lowest_, point.above);
+        highest_ = std::max(highest_, point.above);
+      }
     }
+    if (!name.empty()) words += name + ".\n";
+    words += StandingsText(*season_, standings);
   }
   months_ = MonthMarks(*season_);
   ListPoints();
-  SetWords(ToQt(StandingsText(*season_)));
-}
-
-void SeasonCourseChart::SetChosen(int team) {
-  if (chosen_ == team) return;
-  chosen_ = team;
-  Light(-1);
-  ListPoints();
-  Repaint();
+  SetWords(ToQt(words));
 }
 
 void SeasonCourseChart::ListPoints() {
   points_.clear();
   for (const Course& course : courses_) {
-    if (chosen_ >= 0 && course.team != chosen_) continue;
+    if (chosen_ >= 0 ? course.team != chosen_ : !course.lit) continue;
     for (const CoursePoint& point : course.points) {
       if (point.game > 0) points_.push_back({course.team, point});
     }
@@ -113,14 +116,12 @@ void SeasonCourseChart::DrawCourse(QPainter& painter, const PlotScale& scale,
   // many.
   const double thin = course.points.size() > kManyPoints ? 1 : type() / 10;
   QPen pen = LinePen(course.look, stands ? 2.4 * thin : thin);
-  if (chosen_ >= 0 && !stands) {
-    pen = QPen(kDimLine, thin);
-  }
+  if (!stands && (!course.lit || chosen_ >= 0)) pen = QPen(kDimLine, thin);
   painter.setPen(pen);
   painter.drawPolyline(line);
 }
 
-// The names stand beside the ends of their lines, pushed apart; where there is no room for all,
+// The names of lit lines stand beside their ends, pushed apart; where there is no room for all,
 // only the chosen one does.
 void SeasonCourseChart::DrawNames(QPainter& painter, const PlotScale& scale) const {
   const double high = painter.fontMetrics().height();
@@ -130,9 +131,10 @@ void SeasonCourseChart::DrawNames(QPainter& painter, const PlotScale& scale) con
     double y;
   };
   std::vector<Label> labels;
-  const bool all = static_cast<double>(courses_.size()) * high <= room.height();
+  const auto lit = std::ranges::count_if(courses_, &Course::lit);
+  const bool all = static_cast<double>(lit) * high <= room.height();
   for (const Course& course : courses_) {
-    if (all || course.team == chosen_) {
+    if ((all && course.lit) || course.team == chosen_) {
       labels.push_back({&course, scale.Y(course.points.back().above)});
     }
   }
@@ -159,8 +161,9 @@ void SeasonCourseChart::DrawNames(QPainter& painter, const PlotScale& scale) con
         QStringLiteral(" %1%2").arg(end.above > 0 ? QStringLiteral("+") : QString()).arg(end.above);
     const auto& metrics = painter.fontMetrics();
     const int left = qRound(room.width() - gap) - metrics.horizontalAdvance(figure);
-    const QString name = metrics.elidedText(ToQt(season_->teams[label.course->team].name),
-                                            Qt::ElideRight, std::max(10, left));
+    const QString name =
+        metrics.elidedText(ToQt(names_[static_cast<std::size_t>(label.course->team)]),
+                           Qt::ElideRight, std::max(10, left));
     painter.drawText(QRectF(room.left() + gap, label.y - high, room.width(), 2 * high),
                      Qt::AlignLeft | Qt::AlignVCenter, name + figure);
   }
@@ -176,12 +179,14 @@ void SeasonCourseChart::Draw(QPainter& painter) {
   DrawMonths(painter, scale, months_);
   DrawValueLines(painter, scale, AxisMarks(lowest_, highest_, kMostMarks, 1),
                  [](double value) { return QString::number(value); });
-  // The best lie on top, and the chosen one over all.
-  for (std::size_t i = courses_.size(); i-- > 0;) {
-    if (courses_[i].team != chosen_) DrawCourse(painter, scale, courses_[i]);
-  }
-  for (const Course& course : courses_) {
-    if (course.team == chosen_) DrawCourse(painter, scale, course);
+  // Faint ones lie below, the best of the others on top, and the chosen one over all.
+  const auto level = [this](const Course& course) {
+    return course.team == chosen_ ? 2 : course.lit ? 1 : 0;
+  };
+  for (int drawn = 0; drawn <= 2; ++drawn) {
+    for (std::size_t i = courses_.size(); i-- > 0;) {
+      if (level(courses_[i]) == drawn) DrawCourse(painter, scale, courses_[i]);
+    }
   }
   DrawNames(painter, scale);
 }

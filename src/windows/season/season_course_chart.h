@@ -7,17 +7,20 @@
 
 namespace dtb {
 
-// A line for each team: games above .500, over the games of the season. Its marks are the games of
-// the team that is chosen, or of all.
+inline constexpr int kAllGroups = -1;
+
+// A line for each team: games above .500, over the games of the season. Those of one group of teams
+// are lit, or all. Its marks are the games of the team that is chosen, or of all whose lines are
+// lit.
 class SeasonCourseChart : public SeasonChart {
   Q_OBJECT
  public:
   SeasonCourseChart();
 
-  // Another season, and the team in it whose line stands out; -1: none.
-  void SetSeason(std::shared_ptr<const SeasonFigures> season, int chosen);
-  void SetChosen(int team);
-  [[nodiscard]] int chosen() const { return chosen_; }
+  // A season in its groups, the group whose lines are lit, and the team whose line stands out; -1:
+  // none.
+  void SetSeason(std::shared_ptr<const SeasonFigures> season,
+                 const std::vector<GroupStandings>& groups, int lit, int chosen);
 
   [[nodiscard]] int marks() const override { return static_cast<int>(points_.size()); }
   [[nodiscard]] QPointF PlaceOf(int mark) const override;
@@ -35,6 +38,7 @@ class SeasonCourseChart : public SeasonChart {
  private:
   struct Course {
     int team = 0;
+    bool lit = true;
     LineLook look;
     std::vector<CoursePoint> points;
   };
@@ -50,7 +54,8 @@ class SeasonCourseChart : public SeasonChart {
   void DrawNames(QPainter& painter, const PlotScale& scale) const;
 
   std::shared_ptr<const SeasonFigures> season_;
-  std::vector<Course> courses_;  // in the order of the standings
+  std::vector<Course> courses_;     // by group, in the order of the standings
+  std::vector<std::string> names_;  // of the teams
   std::vector<Point> points_;
   std::vector<MonthMark> months_;
   int lowest_ = 0;

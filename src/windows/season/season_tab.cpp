@@ -25,35 +25,8 @@ namespace {
 
 using namespace look;
 
-constexpr int kSampleTwips = 620;  // of a line before a team's name
 constexpr const char* kNobody = "Nobody is chosen yet";
 constexpr const char* kChooseSomebody = "Choose a team or a player on the left.";
-
-// The name of a team behind a piece of its line.
-class TeamDelegate : public QStyledItemDelegate {
- public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
- protected:
-  void paint(QPainter* painter, const QStyleOptionViewItem& option,
-             const QModelIndex& index) const override {
-    QStyleOptionViewItem rest = option;
-    const int room = option.fontMetrics.height() * 5 / 2;
-    const bool selected = option.state.testFlag(QStyle::State_Selected);
-    painter->fillRect(option.rect, selected ? option.palette.highlight()
-                                            : index.data(Qt::BackgroundRole).value<QColor>());
-    const QRectF plate =
-        QRectF(option.rect.left() + 3, option.rect.top() + 2, room - 5, option.rect.height() - 4);
-    painter->save();
-    DrawPlate(*painter, plate, kChartGround, Qt::transparent, 0, 2);
-    painter->setPen(LinePen(LineLookOf(index.row()), option.fontMetrics.height() / 12.0));
-    painter->drawLine(QPointF(plate.left() + 2, plate.center().y()),
-                      QPointF(plate.right() - 2, plate.center().y()));
-    painter->restore();
-    rest.rect.setLeft(option.rect.left() + room);
-    QStyledItemDelegate::paint(painter, rest, index);
-  }
-};
 
 QBoxLayout* Column(QWidget* view) {
   auto* column = new QVBoxLayout(view);
@@ -74,7 +47,9 @@ QBoxLayout* Strip(QBoxLayout* place) {
 SeasonTab::SeasonTab(Browser& browser) : browser_(browser), views_(new QStackedWidget) {
   QBoxLayout* whole = Column(this);
   BuildStrip(whole);
-  views_->addWidget(BuildStandings());
+  standings_ = new StandingsView(browser.platform);
+  connect(standings_, &StandingsView::gameChosen, this, &SeasonTab::TellGame);
+  views_->addWidget(standings_);
   views_->addWidget(BuildLeaders());
   views_->addWidget(BuildGames());
   views_->addWidget(BuildScores());
@@ -136,30 +111,6 @@ void SeasonTab::BuildStrip(QBoxLayout* whole) {
   pages->setToolTip(QStringLiteral("Writes the season as web pages into Game Rpts"));
   strip->addWidget(pages);
   connect(pages, &QPushButton::clicked, this, &SeasonTab::pagesWanted);
-}
-
-QWidget* SeasonTab::BuildStandings() {
-  auto* view = new QWidget;
-  auto* sides = new QHBoxLayout(view);
-  sides->setContentsMargins(0, 0, 0, 0);
-  sides->setSpacing(12);
-  courses_ = new SeasonCourseChart;
-  sides->addWidget(courses_, 5);
-  standings_ = MakeGrid("grd_Standings", QStringLiteral("Standings of the season"), standingsGrid_);
-  standings_->setItemDelegateForColumn(1, new TeamDelegate(standings_));
-  sides->addWidget(standings_, 3);
-  connect(courses_, &SeasonCourseChart::gameChosen, this, &SeasonTab::TellGame);
-  // A second click takes the choice back.
-  connect(standings_, &StatGridView::cellClicked, this, [this](int row, int /*column*/) {
-    const auto standings = now_.season ? Standings(*now_.season) : std::vector<Standing>();
-    if (row < 1 || row > static_cast<int>(standings.size())) return;
-    const int team = standings[static_cast<std::size_t>(row) - 1].team;
-    const bool again = now_.course == team;
-    now_.course = again ? -1 : team;
-    courses_->SetChosen(now_.course);
-    if (again) standings_->clearSelection();
-  });
-  return view;
 }
 
 QWidget* SeasonTab::BuildLeaders() {
@@ -309,10 +260,7 @@ void SeasonTab::ShowSeason(std::shared_ptr<const SeasonFigures> season) {
   const auto again = [&](const std::optional<SeasonSubject>& subject) {
     return subject ? FoundAgain(*before.season, *subject, *now_.season) : std::nullopt;
   };
-  if (before.course >= 0) {
-    if (const auto course = again(SeasonSubject{before.course})) now_.course = course->team;
-  }
-  ShowStandings();
+  standings_->ShowSeason(now_.season);
   ShowLeaders();
   ListNames();
   ShowScores();
@@ -343,18 +291,6 @@ void SeasonTab::ShowSeason(std::shared_ptr<const SeasonFigures> season) {
                 .arg(now_.season->mixedGames);
   }
   note_->setText(note);
-}
-
-void SeasonTab::ShowStandings() {
-  courses_->SetSeason(now_.season, now_.course);
-  StatGrid standings = GridOf(StandingsTable(*now_.season));
-  standings.SetColumnWidth(1, standings.ColumnAt(1).width + kSampleTwips);
-  standingsGrid_.Take(std::move(standings));
-  const auto order = Standings(*now_.season);
-  const auto place = std::ranges::find(order, now_.course, &Standing::team);
-  if (place != order.end()) {
-    standings_->SetCurrentCell(static_cast<int>(place - order.begin()) + 1, 1);
-  }
 }
 
 void SeasonTab::ShowLeaders() {
@@ -509,14 +445,13 @@ void SeasonTab::TellGame(const SeasonGame& game, const SeasonFigures& season) {
 }
 
 void SeasonTab::SetScale(double scale) {
-  courses_->SetType(kBody * scale);
+  standings_->SetScale(scale);
   for (SeasonLeaderBoard* board : boards_) board->SetType(kBody * scale);
   for (SeasonChart* chart :
        std::initializer_list<SeasonChart*>{games_, runs_, runsByMonth_, finals_}) {
     chart->SetType(kBody * scale);
   }
-  for (StatGridView* grid : {standings_, names_, months_})
-    grid->SetScale(kBody * scale, kTwip * scale);
+  for (StatGridView* grid : {names_, months_}) grid->SetScale(kBody * scale, kTwip * scale);
   for (QLabel* label : {rule_, sums_, note_}) label->setFont(Font(kBody * scale));
   qualified_->setFont(Font(kBody * scale));
   who_->setFont(Font(kLarge * scale, true));

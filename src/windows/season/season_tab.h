@@ -13,10 +13,10 @@
 #include "browser/browser.h"
 #include "season/season_splits.h"
 #include "windows/browser/no_match.h"
-#include "windows/season/season_course_chart.h"
 #include "windows/season/season_games_chart.h"
 #include "windows/season/season_leader_board.h"
 #include "windows/season/season_score_charts.h"
+#include "windows/season/standings_view.h"
 #include "windows/shared/stat_grid_view.h"
 
 namespace dtb {
@@ -33,7 +33,7 @@ class SeasonTab : public QWidget {
   void SetScale(double scale);
 
   // Its tables.
-  [[nodiscard]] const StatGrid& standings() const { return standingsGrid_; }
+  [[nodiscard]] const StatGrid& standings() const { return standings_->grid(); }
   [[nodiscard]] const StatGrid& names() const { return namesGrid_; }
   [[nodiscard]] const StatGrid& months() const { return monthsGrid_; }
 
@@ -51,7 +51,6 @@ class SeasonTab : public QWidget {
   };
 
   void BuildStrip(QBoxLayout* whole);
-  QWidget* BuildStandings();
   QWidget* BuildLeaders();
   QWidget* BuildGames();
   QBoxLayout* BuildChosen();
@@ -64,7 +63,6 @@ class SeasonTab : public QWidget {
   // Shows another reading of the season. Who was chosen in the one before stays so by name, and is
   // let go where that name is gone.
   void ShowSeason(std::shared_ptr<const SeasonFigures> season);
-  void ShowStandings();
   void ShowLeaders();
   void ShowScores();
   void ListNames();
@@ -83,13 +81,11 @@ class SeasonTab : public QWidget {
     std::shared_ptr<const SeasonFigures> season;  // none: nothing is read yet
     std::vector<Listed> listed = {};              // the rows of namesGrid_ from 1 on
     std::optional<SeasonSubject> chosen = {};
-    int course = -1;  // the team whose line stands out; -1: none
   };
 
   Browser& browser_;
   Reading now_;
   SeasonRole role_ = SeasonRole::Batting;  // asked for last
-  StatGrid standingsGrid_{1, 1};
   StatGrid namesGrid_{1, 1};
   StatGrid monthsGrid_{1, 1};
   SeasonSplit split_ = SeasonSplit::Months;  // asked for last
@@ -101,8 +97,7 @@ class SeasonTab : public QWidget {
 
   QStackedWidget* views_;
   std::vector<QPushButton*> switches_;
-  SeasonCourseChart* courses_ = nullptr;
-  StatGridView* standings_ = nullptr;
+  StandingsView* standings_ = nullptr;
   std::vector<SeasonLeaderBoard*> boards_;
   QCheckBox* qualified_ = nullptr;
   QLabel* rule_ = nullptr;

@@ -1,0 +1,41 @@
+// The teams of a season in groups, such as leagues and divisions.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/platform.h"
+
+namespace dtb {
+
+struct TeamGroup {
+  std::string name;
+  std::vector<std::string> teams = {};  // by their names
+  friend bool operator==(const TeamGroup&, const TeamGroup&) = default;
+};
+using TeamGroups = std::vector<TeamGroup>;  // in the order in which they are shown
+
+// The groups of the season in use: those that the person made, else the leagues that its archive
+// of real games tells, else none.
+[[nodiscard]] TeamGroups GroupsOfSeason(const Platform& platform);
+
+// The leagues of the archive that is tied to the season in use, alone.
+[[nodiscard]] TeamGroups LeaguesOfSeason(const Platform& platform);
+
+// Keeps groups that the person made; none are a choice as well. Throws ProgramError if the settings
+// cannot be written, as does the next one.
+void KeepGroups(const Platform& platform, const TeamGroups& groups);
+
+// Keeps the leagues of an archive. They count until the person makes groups.
+void KeepLeagues(const Platform& platform, const TeamGroups& leagues);
+
+// What is wrong with such names of groups, in a sentence; "" for nothing. Each needs one of its
+// own.
+[[nodiscard]] std::string FaultOfGroups(const TeamGroups& groups);
+
+// As the settings keep them. A text that makes no sense is no groups.
+[[nodiscard]] std::string GroupsText(const TeamGroups& groups);
+[[nodiscard]] TeamGroups GroupsIn(std::string_view text);
+
+}  // namespace dtb

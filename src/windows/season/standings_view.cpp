@@ -4,7 +4,6 @@
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <algorithm>
-#include <array>
 #include <functional>
 
 #include "browser/grid_format.h"
@@ -185,9 +184,6 @@ void StandingsView::EditGroups() {
 void StandingsView::SetScale(double scale) {
   courses_->SetType(kBody * scale);
   standings_->SetScale(kBody * scale, kTwip * scale);
-  edit_->setFont(Font(kBody * scale));
-  const std::array buttons{edit_};
-  SizeButtons(buttons, scale);
 }
 
 }  // namespace dtb

@@ -75,7 +75,8 @@ bool KeepSeason(KeptSeason& kept, const std::filesystem::path& archive, const Pl
   std::optional<Season> season = ReadSeason(*opened, goOn);
   if (!season) return false;
   const int club = LastClub(*season, platform);
-  kept = {std::move(season), TextOf(archive.filename()), club, std::nullopt};
+  kept = {std::make_shared<const Season>(std::move(*season)), TextOf(archive.filename()), club,
+          std::nullopt};
   return true;
 }
 

@@ -42,6 +42,7 @@ void Scorer::Begin(Game game) {
   waiting_.clear();
   inning_ = 0;
   open_ = false;
+  won_ = false;
 }
 
 Scorer::Entrant* Scorer::EntrantOf(int side, int man) {
@@ -285,6 +286,7 @@ void Scorer::Credit(int Pitching::*decision, std::string_view id) {
     const int man = Find(side, id);
     if (man == kNobody) continue;
     ++(ManOf(side, man).pitching.*decision);
+    won_ = won_ || decision == &Pitching::wins;
     return;
   }
 }
@@ -308,11 +310,15 @@ void Scorer::End() {
         man.pitching.outsUncharged += man.pitching.outs - one.pitching.outs;
       }
       if (man.pitching.outsUncharged > one.pitching.outsUncharged) {
-        told.untold |= UntoldBit(&Pitching::earnedRuns);
+        NoteUntold(side, UntoldBit(&Pitching::earnedRuns));
       }
       PackDay(packed_, one.man, one.batting, man.batting, one.pitching, man.pitching);
     }
-    if (game_.account == Account::LineUps) told.untold = kAllUntold;
+    if (game_.account == Account::LineUps) NoteUntold(side, kAllUntold);
+    if (!won_ && game_.sides[0].runs != game_.sides[1].runs) {
+      NoteUntold(side, UntoldBit(&Pitching::wins) | UntoldBit(&Pitching::losses) |
+                           UntoldBit(&Pitching::saves));
+    }
     told.figures.assign(packed_.begin(), packed_.end());
   }
   season_.games.push_back(std::move(game_));

@@ -89,6 +89,7 @@ class Scorer {
 
   Season& season_;
   Game game_;
+  bool won_ = false;                  // somebody is credited with the win
   std::vector<std::uint8_t> packed_;  // of a side; kept for its store
   std::array<Side, 2> sides_;
   std::vector<Waiting> waiting_;  // for a base

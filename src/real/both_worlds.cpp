@@ -58,13 +58,13 @@ int ReplayedGamesAt(const BothWorlds& worlds, int team, const Moment& moment) {
 }  // namespace
 
 BothWorlds PairWorlds(std::shared_ptr<const SeasonFigures> replayed,
-                      std::shared_ptr<const archive::Season> archive) {
+                      std::shared_ptr<const archive::Season> archive, archive::NameForm names) {
   std::unordered_map<std::string, int> clubs;
   for (int club = 0; club < static_cast<int>(archive->clubs.size()); ++club) {
     if (archive->clubs[club].games.empty()) continue;
     clubs.try_emplace(archive::BoardName(archive::TeamName(*archive, club)), club);
   }
-  BothWorlds worlds{std::move(replayed), std::move(archive), {}};
+  BothWorlds worlds{std::move(replayed), std::move(archive), names};
   for (const SeasonTeam& team : worlds.replayed->teams) {
     const auto club = clubs.find(team.name);
     worlds.clubs.push_back(club == clubs.end() ? kNoClub : club->second);

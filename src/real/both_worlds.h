@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "archive/season.h"
+#include "archive/remarks.h"
 #include "season/season_figures.h"
 
 namespace dtb::real {
@@ -18,14 +18,16 @@ inline constexpr int kNoClub = -1;
 struct BothWorlds {
   std::shared_ptr<const SeasonFigures> replayed;
   std::shared_ptr<const archive::Season> archive;
-  std::vector<int> clubs;  // of each team of `replayed`: its club in the archive, or kNoClub
+  archive::NameForm names = archive::NameForm::FirstLast;  // of players who are not replayed yet
+  std::vector<int> clubs = {};  // of each team of `replayed`: its club in the archive, or kNoClub
 
   [[nodiscard]] bool Compares(int team) const { return clubs[team] != kNoClub; }
 };
 
 // A team is compared with the club from which the board would make a team of that name.
 [[nodiscard]] BothWorlds PairWorlds(std::shared_ptr<const SeasonFigures> replayed,
-                                    std::shared_ptr<const archive::Season> archive);
+                                    std::shared_ptr<const archive::Season> archive,
+                                    archive::NameForm names = archive::NameForm::FirstLast);
 
 // The teams that have played and are not compared, in the order of names.
 [[nodiscard]] std::vector<std::string> NotCompared(const BothWorlds& worlds);

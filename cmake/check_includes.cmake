@@ -12,6 +12,7 @@ set(levels
   "sheet"
   "database"
   "season|archive"
+  "real"
   "browser"
   "windows"
   "shell|replay")

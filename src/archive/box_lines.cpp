@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 
+#include "archive/day_figures.h"
 #include "archive/season_fields.h"
 #include "archive/season_lines.h"
 
@@ -21,6 +22,14 @@ std::array<int, count> TakeNumbers(std::string_view line) {
 }
 
 int Known(int number) { return std::max(number, 0); }
+
+// The bits of the figures that are not known.
+template <class Figures>
+std::uint32_t Untold(std::initializer_list<std::pair<int, int Figures::*>> numbers) {
+  std::uint32_t bits = 0;
+  for (const auto& [number, figure] : numbers) bits |= number < 0 ? UntoldBit(figure) : 0;
+  return bits;
+}
 
 }  // namespace
 
@@ -65,6 +74,8 @@ const char* SeasonLines::TakeBattingLine(int side, int man, std::string_view lin
   figures.stolenBases = Known(steals);
   figures.sacrificeHits = Known(bunts);
   figures.sacrificeFlies = Known(flies);
+  figures.runs = Known(runs);
+  figures.runsBattedIn = Known(battedIn);
   const int extra = Known(doubles) + Known(triples) + Known(homeRuns);
   const bool agree = atBats >= hits && Known(hits) >= extra;
   // An average needs both at-bats and hits.
@@ -74,7 +85,14 @@ const char* SeasonLines::TakeBattingLine(int side, int man, std::string_view lin
     figures.doubles = Known(doubles);
     figures.triples = Known(triples);
     figures.homeRuns = Known(homeRuns);
+  } else {
+    scorer_.NoteUntold(side, UntoldBit(&Batting::atBats) | UntoldBit(&Batting::hits));
   }
+  scorer_.NoteUntold(side, Untold<Batting>({{homeRuns, &Batting::homeRuns},
+                                            {runs, &Batting::runs},
+                                            {battedIn, &Batting::runsBattedIn},
+                                            {walks, &Batting::walks},
+                                            {steals, &Batting::stolenBases}}));
   const char* fault = scorer_.AddBatting(side, man, figures);
   return !agree && atBats >= 0 ? "more hits than a player can have" : fault;
 }
@@ -93,6 +111,8 @@ const char* SeasonLines::TakePitchingLine(int side, int man, std::string_view li
   figures.strikeouts = Known(strikeouts);
   figures.earnedRuns = Known(earned);
   if (earned < 0) figures.outsUncharged = figures.outs;
+  scorer_.NoteUntold(
+      side, Untold<Pitching>({{outs, &Pitching::outs}, {strikeouts, &Pitching::strikeouts}}));
   return scorer_.AddPitching(side, man, figures, turn == 1);
 }
 

@@ -111,7 +111,8 @@ bool KeepSeason(KeptSeason& kept, const std::filesystem::path& archive, const Pl
   if (!season) return false;
   const int club = LastClub(*season, platform);
   KeepLeagues(platform, LeaguesOf(*season));
-  kept = {std::move(season), TextOf(archive.filename()), club, std::nullopt};
+  kept = {std::make_shared<const Season>(std::move(*season)), TextOf(archive.filename()), club,
+          std::nullopt};
   return true;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -15,10 +16,10 @@ namespace dtb::archive {
 
 // The season that was read last, and what was chosen in it; lasts as long as the program runs.
 struct KeptSeason {
-  std::optional<Season> season;
-  std::string archive;      // the name of its file or folder
-  int club = kAllClubs;     // whose games are listed
-  std::optional<int> game;  // of Season::games; none: the line-up used most
+  std::shared_ptr<const Season> season;  // none: nothing is read
+  std::string archive;                   // the name of its file or folder
+  int club = kAllClubs;                  // whose games are listed
+  std::optional<int> game;               // of Season::games; none: the line-up used most
 };
 
 // The forms of lines that the settings have, and their change. Writing throws ProgramError if the

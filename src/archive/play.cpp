@@ -91,6 +91,7 @@ class Reader {
       while (!one.empty() && IsStrength(one.back())) one.remove_suffix(1);
       play_.sacrificeHit = play_.sacrificeHit || one == "SH";
       play_.sacrificeFly = play_.sacrificeFly || one == "SF";
+      play_.groundedIntoDoublePlay = play_.groundedIntoDoublePlay || one.ends_with("GDP");
     }
   }
 
@@ -233,7 +234,13 @@ class Reader {
         understood = false;
         continue;
       }
-      const bool out = move[1] == 'X' && OutStands(move.substr(3));
+      const std::string_view brackets = move.substr(3);
+      const auto says = [brackets](std::string_view mark) {
+        return brackets.find(mark) != brackets.npos;
+      };
+      if (says("(RBI)")) play_.marks.at(from) = RunMark::BattedIn;
+      if (says("(NR)") || says("(NORBI)")) play_.marks.at(from) = RunMark::NotBattedIn;
+      const bool out = move[1] == 'X' && OutStands(brackets);
       play_.goes.at(from) = out ? kIsOut : to;
     }
     return understood;
@@ -257,6 +264,24 @@ bool Play::countsAsAtBat() const {
 }
 
 int Play::outs() const { return static_cast<int>(std::ranges::count(goes, kIsOut)); }
+bool Play::BatsIn(int from, int outsBefore, bool forced) const {
+  const RunMark mark = marks.at(from);
+  if (mark != RunMark::None) return mark == RunMark::BattedIn;
+  switch (appearance) {
+    case PlateAppearance::None:
+    case PlateAppearance::Strikeout:
+      return false;
+    case PlateAppearance::Walk:
+    case PlateAppearance::HitByPitch:
+    case PlateAppearance::Interference:
+      return forced;
+    case PlateAppearance::Error:
+      return from == kHome - 1 && outsBefore < 2;
+    default:
+      return !groundedIntoDoublePlay;
+  }
+}
+
 int Play::runs() const { return static_cast<int>(std::ranges::count(goes, kHome)); }
 
 bool ReadPlay(std::string_view text, Play& play) {

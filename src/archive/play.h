@@ -28,14 +28,19 @@ inline constexpr int kHome = 4;
 inline constexpr int kStays = -1;
 inline constexpr int kIsOut = -2;
 
+// What the text says of a run itself; else the rules tell.
+enum class RunMark : std::uint8_t { None, BattedIn, NotBattedIn };
+
 struct Play {
   PlateAppearance appearance = PlateAppearance::None;
   bool sacrificeHit = false;
   bool sacrificeFly = false;
+  bool groundedIntoDoublePlay = false;
   // Where the player on each base goes: a base, kHome, kStays or kIsOut. The batter's is kStays for
   // as long as he bats. Who is not named stays; on a home run that means that he scores.
   std::array<int, 4> goes{kStays, kStays, kStays, kStays};
-  std::array<bool, 4> steals{};  // the player who stood there
+  std::array<bool, 4> steals{};    // the player who stood there
+  std::array<RunMark, 4> marks{};  // of the player who stood there, if he comes home
 
   [[nodiscard]] bool ended() const { return appearance != PlateAppearance::None; }
   [[nodiscard]] bool hit() const {
@@ -44,6 +49,8 @@ struct Play {
   [[nodiscard]] bool countsAsAtBat() const;
   [[nodiscard]] int outs() const;
   [[nodiscard]] int runs() const;
+  // The run of the player who stood there is batted in; `forced`: by full bases.
+  [[nodiscard]] bool BatsIn(int from, int outsBefore, bool forced) const;
 };
 
 // Reads the last field of a play. Moves that the text names come before those that the event

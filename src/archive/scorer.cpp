@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "archive/day_figures.h"
+
 namespace dtb::archive {
 namespace {
 
@@ -40,6 +42,7 @@ void Scorer::Begin(Game game) {
   waiting_.clear();
   inning_ = 0;
   open_ = false;
+  won_ = false;
 }
 
 Scorer::Entrant* Scorer::EntrantOf(int side, int man) {
@@ -48,7 +51,9 @@ Scorer::Entrant* Scorer::EntrantOf(int side, int man) {
   const auto found = std::ranges::find(entrants, man, &Entrant::man);
   if (found != entrants.end()) return &*found;
   if (entrants.size() >= kMostMen) return nullptr;
-  return &entrants.emplace_back(Entrant{.man = man, .outsBefore = ManOf(side, man).pitching.outs});
+  const Man& entry = ManOf(side, man);
+  return &entrants.emplace_back(
+      Entrant{.man = man, .batting = entry.batting, .pitching = entry.pitching});
 }
 
 // False: the game has too many players.
@@ -174,13 +179,18 @@ const char* Scorer::MoveMen(int side, int batter, const Play& play) {
   std::array<int, kHome> after{kNobody, kNobody, kNobody, kNobody};
   GameSide& told = game_.sides.at(side);
   const int outs = play.outs();
+  const bool loaded = std::ranges::none_of(bases_.begin() + 1, bases_.end(),
+                                           [](int runner) { return runner == kNobody; });
   for (int from = kHome - 1; from >= 0; --from) {
     const int man = from == 0 ? batter : bases_.at(from);
     int to = play.goes.at(from);
     if (to == kStays && play.appearance == PlateAppearance::HomeRun && man != kNobody) to = kHome;
     if (man == kNobody && to != kStays) fault = "a runner moves from an empty base";
     if (play.steals.at(from) && man != kNobody) ++ManOf(side, man).batting.stolenBases;
-    if (to == kHome) ++told.runs;
+    if (to == kHome) {
+      ++told.runs;
+      CountRun(side, batter, man, play.BatsIn(from, outs_, loaded && from == kHome - 1));
+    }
     if (to == kStays) to = from;
     if (to < 1 || to >= kHome || man == kNobody) continue;
     // After the third out nobody is told who went where.
@@ -194,6 +204,11 @@ const char* Scorer::MoveMen(int side, int batter, const Play& play) {
   const int pitcher = sides_.at(1 - side).pitcher;
   if (pitcher != kNobody) ManOf(1 - side, pitcher).pitching.outs += outs;
   return fault;
+}
+
+void Scorer::CountRun(int side, int batter, int man, bool battedIn) {
+  if (man != kNobody) ++ManOf(side, man).batting.runs;
+  if (battedIn) ++ManOf(side, batter).batting.runsBattedIn;
 }
 
 const char* Scorer::CreditPlateAppearance(int side, int batter, const Play& play) {
@@ -234,10 +249,10 @@ const char* Scorer::AddBatting(int side, int man, const Batting& figures) {
   if (!NotePart(side, man, 0, false)) return kTooManyMen;
   game_.account = Account::BoxScore;
   Batting& sum = ManOf(side, man).batting;
-  for (const auto figure :
-       {&Batting::atBats, &Batting::hits, &Batting::doubles, &Batting::triples, &Batting::homeRuns,
-        &Batting::walks, &Batting::strikeouts, &Batting::hitByPitch, &Batting::stolenBases,
-        &Batting::sacrificeHits, &Batting::sacrificeFlies}) {
+  for (const auto figure : {&Batting::atBats, &Batting::hits, &Batting::doubles, &Batting::triples,
+                            &Batting::homeRuns, &Batting::walks, &Batting::strikeouts,
+                            &Batting::hitByPitch, &Batting::stolenBases, &Batting::sacrificeHits,
+                            &Batting::sacrificeFlies, &Batting::runs, &Batting::runsBattedIn}) {
     sum.*figure += figures.*figure;
   }
   return nullptr;
@@ -271,12 +286,15 @@ void Scorer::Credit(int Pitching::*decision, std::string_view id) {
     const int man = Find(side, id);
     if (man == kNobody) continue;
     ++(ManOf(side, man).pitching.*decision);
+    won_ = won_ || decision == &Pitching::wins;
     return;
   }
 }
 
 void Scorer::End() {
   for (int side = 0; side < 2; ++side) {
+    GameSide& told = game_.sides.at(side);
+    packed_.clear();
     for (const Entrant& one : sides_.at(side).entrants) {
       Man& man = ManOf(side, one.man);
       ++man.batting.games;
@@ -287,11 +305,21 @@ void Scorer::End() {
         }
       }
       if ((one.positions >> kPitcher) & 1U) ++man.pitching.games;
-      if (game_.sides.at(side).pitcher == one.man) ++man.pitching.starts;
+      if (told.pitcher == one.man) ++man.pitching.starts;
       if (!sides_.at(side).charged) {
-        man.pitching.outsUncharged += man.pitching.outs - one.outsBefore;
+        man.pitching.outsUncharged += man.pitching.outs - one.pitching.outs;
       }
+      if (man.pitching.outsUncharged > one.pitching.outsUncharged) {
+        NoteUntold(side, UntoldBit(&Pitching::earnedRuns));
+      }
+      PackDay(packed_, one.man, one.batting, man.batting, one.pitching, man.pitching);
     }
+    if (game_.account == Account::LineUps) NoteUntold(side, kAllUntold);
+    if (!won_ && game_.sides[0].runs != game_.sides[1].runs) {
+      NoteUntold(side, UntoldBit(&Pitching::wins) | UntoldBit(&Pitching::losses) |
+                           UntoldBit(&Pitching::saves));
+    }
+    told.figures.assign(packed_.begin(), packed_.end());
   }
   season_.games.push_back(std::move(game_));
 }

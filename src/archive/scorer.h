@@ -39,6 +39,8 @@ class Scorer {
   const char* AddPitching(int side, int man, const Pitching& figures, bool started);
   const char* NotePosition(int side, int man, int position);
   void SetRuns(int side, int runs);
+  // The archive does not tell these figures of a player of the side: bits of GameSide::untold.
+  void NoteUntold(int side, std::uint32_t figures) { game_.sides.at(side).untold |= figures; }
 
   // A win, a loss or a save of this game goes to the player with this id. Who is in neither side,
   // or nobody, is passed over.
@@ -57,7 +59,9 @@ class Scorer {
   struct Entrant {
     int man = kNobody;
     unsigned positions = 0;  // one bit each
-    int outsBefore = 0;      // as a pitcher, before this game
+    // His figures before this game.
+    Batting batting;
+    Pitching pitching;
   };
   struct Side {
     Club* club = nullptr;
@@ -80,10 +84,13 @@ class Scorer {
   const char* BeginHalf(int inning, int side);
   const char* MoveMen(int side, int batter, const Play& play);
   bool InOrder(Side& side, int man);
+  void CountRun(int side, int batter, int man, bool battedIn);
   const char* CreditPlateAppearance(int side, int batter, const Play& play);
 
   Season& season_;
   Game game_;
+  bool won_ = false;                  // somebody is credited with the win
+  std::vector<std::uint8_t> packed_;  // of a side; kept for its store
   std::array<Side, 2> sides_;
   std::vector<Waiting> waiting_;  // for a base
   int inning_ = 0;

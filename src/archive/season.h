@@ -28,6 +28,8 @@ struct Batting {
   int strikeouts = 0;
   int hitByPitch = 0;
   int stolenBases = 0;
+  int runs = 0;
+  int runsBattedIn = 0;
   int sacrificeHits = 0;
   int sacrificeFlies = 0;
   std::array<int, kPositions> gamesAt{};
@@ -86,9 +88,11 @@ struct GameSide {
   int club = 0;  // index of Season::clubs
   int runs = 0;
   std::array<Placed, kOrder> order;
-  int pitcher = kNobody;     // who started
-  std::vector<int> came;     // into the game later, in that order
-  std::vector<int> pitched;  // of these, who pitched
+  int pitcher = kNobody;              // who started
+  std::vector<int> came;              // into the game later, in that order
+  std::vector<int> pitched;           // of these, who pitched
+  std::vector<std::uint8_t> figures;  // of the day, of all who were in the game; see day_figures.h
+  std::uint32_t untold = 0;           // which of them the archive does not tell, or not of all
 };
 
 // What an archive tells of a game.

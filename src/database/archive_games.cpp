@@ -58,22 +58,29 @@ std::string DateOfArchiveGame(std::string_view id) {
   return date.substr(0, kYear) + "-" + date.substr(kYear, 2) + "-" + date.substr(kMonthEnd);
 }
 
-std::unordered_set<std::string> SavedArchiveGames(const Platform& platform) {
-  std::unordered_set<std::string> played;
-  const std::unordered_set<std::string> saved = SavedGameIDs(platform.database);
-  // A board of an older version takes a game out of the five tables alone.
-  ForEachRow(platform.database,
-             {"SELECT ArchiveGame, GameID FROM Games WHERE ArchiveGame IS NOT NULL"},
-             [&](std::span<const DatabaseValue> row) {
-               if (saved.contains(TextIn(row[1]))) played.insert(TextIn(row[0]));
-             });
-  const std::string told = platform.settings.Read(settings::kLabels, settings::kSeasonPlayed, "");
+std::string NotedArchiveGames(const Platform& platform) {
+  return platform.settings.Read(settings::kLabels, settings::kSeasonPlayed, "");
+}
+
+std::unordered_map<std::string, std::string> ArchiveIdsOfGames(DatabaseReader& database,
+                                                               const std::string& told) {
+  std::unordered_map<std::string, std::string> ids;
   for (const std::string_view entry : Parts(told, kBetweenGames)) {
     const std::size_t sign = entry.find(kBeforeId);
     if (sign == std::string_view::npos) continue;
-    if (saved.contains(std::string(entry.substr(sign + 1)))) {
-      played.emplace(entry.substr(0, sign));
-    }
+    ids.emplace(entry.substr(sign + 1), entry.substr(0, sign));
+  }
+  ForEachRow(database, {"SELECT ArchiveGame, GameID FROM Games WHERE ArchiveGame IS NOT NULL"},
+             [&](std::span<const DatabaseValue> row) { ids[TextIn(row[1])] = TextIn(row[0]); });
+  return ids;
+}
+
+std::unordered_set<std::string> SavedArchiveGames(const Platform& platform) {
+  std::unordered_set<std::string> played;
+  const std::unordered_set<std::string> saved = SavedGameIDs(platform.database);
+  for (const auto& [game, id] : ArchiveIdsOfGames(platform.database, NotedArchiveGames(platform))) {
+    // A board of an older version takes a game out of the five tables alone.
+    if (saved.contains(game)) played.insert(id);
   }
   return played;
 }

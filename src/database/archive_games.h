@@ -3,9 +3,11 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 
 #include "game/board.h"
+#include "platform/database.h"
 
 namespace dtb {
 
@@ -18,6 +20,12 @@ void NoteArchiveGame(Board& board, const std::string& id);
 
 // The day that such an id tells: "2020-08-07" of "OAK202008070". "" where it tells none.
 [[nodiscard]] std::string DateOfArchiveGame(std::string_view id);
+
+// The archive's ids of the saved games, by their GameIDs. `told`: what older versions noted in the
+// settings, where NotedArchiveGames reads it. Throws ProgramError. Any thread may call it.
+[[nodiscard]] std::unordered_map<std::string, std::string> ArchiveIdsOfGames(
+    DatabaseReader& database, const std::string& told);
+[[nodiscard]] std::string NotedArchiveGames(const Platform& platform);
 
 // The ids of all archive games that the database has: those that stand in Games, and those that
 // older versions noted in the settings. Throws ProgramError where it cannot be read.

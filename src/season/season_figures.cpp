@@ -96,7 +96,7 @@ void AddTotals(SeasonPlayer& player, const SeasonTotals& totals) {
   }
 }
 
-void AddPlayers(SeasonFigures& season, Database& database, SeasonRole role,
+void AddPlayers(SeasonFigures& season, Database& database, SeasonRole role, bool withPlays,
                 const std::stop_token& stop, Names& names) {
   std::unordered_map<std::string, std::size_t> known;
   for (std::size_t i = 0; i < season.players.size(); ++i) {
@@ -113,6 +113,7 @@ void AddPlayers(SeasonFigures& season, Database& database, SeasonRole role,
     const SeasonTotals totals = TotalsOf(row.subspan(2), role);
     AddTotals(entry, totals);
   });
+  if (!withPlays) return;
   ForEachPlayPart(
       database, role, {},
       [&](const PlayPart& part) {
@@ -183,19 +184,27 @@ int CountMixed(const SeasonFigures& season) {
   return static_cast<int>(mixed.size());
 }
 
-}  // namespace
-
-SeasonFigures ReadSeasonFigures(Database& database, const std::stop_token& stop) {
+SeasonFigures ReadFigures(Database& database, bool withPlays, const std::stop_token& stop) {
   SeasonFigures season;
   Names names(season.teams);
   AddGames(season, ReadLines(database, stop, names), ReadDays(database, stop));
   for (const SeasonRole role : {SeasonRole::Batting, SeasonRole::Pitching}) {
-    AddPlayers(season, database, role, stop, names);
+    AddPlayers(season, database, role, withPlays, stop, names);
   }
   PutInOrder(season);
   AddRecords(season);
   season.mixedGames = CountMixed(season);
   return season;
+}
+
+}  // namespace
+
+SeasonFigures ReadSeasonFigures(Database& database, const std::stop_token& stop) {
+  return ReadFigures(database, true, stop);
+}
+
+SeasonFigures ReadPlainFigures(Database& database, const std::stop_token& stop) {
+  return ReadFigures(database, false, stop);
 }
 
 bool IsEarlier(const std::optional<LocalTime>& first, const std::optional<LocalTime>& second) {

@@ -154,17 +154,21 @@ void LoadTeamAs(ArchiveDesk& desk, Side side) {
   });
 }
 
+bool LoadChosenGame(KeptSeason& kept, int game, const LineForm& form, Board& board) {
+  bool loaded = false;
+  Trapped(board.platform.boxes, [&] {
+    const LoadInto place = WhereToLoad(board, "New game with these teams");
+    if (place == LoadInto::Nowhere) return;
+    if (place == LoadInto::NewGame && !NewGame(board)) return;
+    loaded = LoadGameTeams(*kept.season, kept.season->games[game], form, board);
+  });
+  if (loaded) kept.game = game;
+  return loaded;
+}
+
 bool LoadGame(ArchiveDesk& desk) {
   if (!desk.kept.season || !desk.kept.game) return false;
-  bool loaded = false;
-  Trapped(PlatformOf(desk).boxes, [&] {
-    const LoadInto place = WhereToLoad(desk.board, "New game with these teams");
-    if (place == LoadInto::Nowhere) return;
-    if (place == LoadInto::NewGame && !NewGame(desk.board)) return;
-    loaded = LoadGameTeams(*desk.kept.season, desk.kept.season->games[*desk.kept.game],
-                           ShownForm(desk.state), desk.board);
-  });
-  return loaded;
+  return LoadChosenGame(desk.kept, *desk.kept.game, ShownForm(desk.state), desk.board);
 }
 
 bool LoadNextGame(ArchiveDesk& desk) {

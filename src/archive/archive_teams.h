@@ -24,4 +24,8 @@ void LoadTeamAs(ArchiveDesk& desk, Side side);
 bool LoadGame(ArchiveDesk& desk);
 bool LoadNextGame(ArchiveDesk& desk);
 
+// Loads both teams of a game of the kept season, and chooses it; where a game is under way, the
+// person is asked what to do with that. False: they are not loaded, which was told or wanted.
+bool LoadChosenGame(KeptSeason& kept, int game, const LineForm& form, Board& board);
+
 }  // namespace dtb::archive

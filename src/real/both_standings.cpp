@@ -11,16 +11,16 @@ namespace {
 
 std::string BehindText(double behind) { return behind == 0 ? "-" : FixedDecimals(behind, 1); }
 
-std::string AheadText(double ahead) {
-  if (ahead == 0) return "level";
-  return (ahead > 0 ? "+" : "-") + FixedDecimals(ahead > 0 ? ahead : -ahead, 1);
-}
-
 std::string RecordOf(const SeasonTeam& team) {
   return RecordText(team.wins, team.losses, team.ties());
 }
 
 }  // namespace
+
+std::string AheadText(double ahead) {
+  if (ahead == 0) return "level";
+  return (ahead > 0 ? "+" : "-") + FixedDecimals(ahead > 0 ? ahead : -ahead, 1);
+}
 
 BothStandings StandingsOfBoth(const BothWorlds& worlds, const Moment& moment) {
   BothStandings both{ReplayedAt(worlds, moment), ReallyAt(worlds, moment), {}};

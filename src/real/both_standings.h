@@ -32,6 +32,9 @@ struct BothStandings {
 // Of the teams that are compared and have played.
 [[nodiscard]] BothStandings StandingsOfBoth(const BothWorlds& worlds, const Moment& moment);
 
+// "+2.5", "-1.0" or "level".
+[[nodiscard]] std::string AheadText(double ahead);
+
 // Texts of the table, its header first.
 [[nodiscard]] std::vector<std::vector<std::string>> BothTable(const BothStandings& standings);
 

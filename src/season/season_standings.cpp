@@ -7,6 +7,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "base/fixed_text.h"
 #include "base/text_cell.h"
 #include "base/utf8.h"
 #include "season/season_words.h"
@@ -48,12 +49,6 @@ std::string_view YearOf(std::string_view name) {
   const bool digits =
       std::ranges::all_of(end.substr(1), [](char c) { return c >= '0' && c <= '9'; });
   return digits && end.front() == ' ' ? end : std::string_view();
-}
-
-// Letters, not bytes: a name may have accents.
-std::size_t LettersOf(std::string_view text) {
-  return static_cast<std::size_t>(std::ranges::count_if(
-      text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
 }
 
 std::string WithInitials(const std::string& name) {
@@ -194,7 +189,7 @@ std::vector<std::string> PictureNames(const std::vector<SeasonTeam>& teams) {
   constexpr std::size_t kLong = 17;  // letters; "New York Yankees" has 16
   std::vector<std::string> shortened = names;
   for (std::string& name : shortened) {
-    if (LettersOf(name) > kLong) name = WithInitials(name);
+    if (LettersIn(name) > kLong) name = WithInitials(name);
   }
   TakeWhereTold(names, shortened);
   return names;

@@ -1,5 +1,6 @@
 // The window "From a season...", with real clicks and keys.
 #include <QAction>
+#include <QClipboard>
 #include <QLineEdit>
 
 #include "database/save_game.h"
@@ -7,6 +8,7 @@
 #include "windows/archive/archive_window.h"
 #include "windows/boxes/busy.h"
 #include "windows/browser_form_test.h"
+#include "windows/season/day_window.h"
 
 namespace dtb {
 namespace {
@@ -174,6 +176,35 @@ TEST_F(SeasonWindowTest, ASavedGameIsMarkedAndTheNextOneFollows) {
   next();
   EXPECT_EQ(played_, "yes|");
   EXPECT_EQ(board().state.ArchiveGame.substr(0, 12), "OAK202007250");
+}
+
+TEST_F(SeasonWindowTest, ADayIsGoneThroughAndOneOfItsGamesPlayed) {
+  MakeDatabase("");
+  const auto openDay = [this] {
+    form1().findChild<QAction*>(QStringLiteral("mnuDay"))->trigger();
+    QCoreApplication::processEvents();
+  };
+  const auto told = AnswerBoxes({Qt::Key_N});
+  openDay();
+  EXPECT_TRUE(told->join(QString()).contains(QStringLiteral("not tied to an archive")));
+  InWindow([this] { Choose(kArchive); });
+  WhileWaiting([this] {
+    auto* window = form1().findChild<DayWindow*>();
+    auto* games = window->findChild<StatGridView*>(QStringLiteral("grd_Day"));
+    const auto title = [window] {
+      return window->findChild<QLabel*>(QStringLiteral("lbl_Day"))->text();
+    };
+    EXPECT_EQ(title(), QStringLiteral("24 Jul 2020: 2 games, none played"));
+    Click(window->findChild<QWidget*>(QStringLiteral("cmd_DayAfter")));
+    EXPECT_EQ(title(), QStringLiteral("25 Jul 2020: 2 games, none played"));
+    Click(window->findChild<QWidget*>(QStringLiteral("cmd_CopyDay")));
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith(QStringLiteral("25 Jul 2020\n")));
+    Click(games->viewport(), {}, Qt::LeftButton,
+          games->CellRect(2, real::kPlayColumn + 1).center());
+  });
+  openDay();
+  EXPECT_EQ(board().state.tb_VisTeam.value(), "Pittsburgh 2020");
+  EXPECT_EQ(board().state.tb_HomeTeam.value(), "St. Louis 2020");
 }
 
 }  // namespace

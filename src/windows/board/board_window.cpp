@@ -34,6 +34,7 @@
 #include "windows/boxes/message_box.h"
 #include "windows/browser/browser_window.h"
 #include "windows/browser/copies_window.h"
+#include "windows/season/day_window.h"
 #include "windows/season/games_window.h"
 #include "windows/season/shelf_window.h"
 #include "windows/shared/bind.h"
@@ -159,6 +160,9 @@ void BoardWindow::BuildMenu() {
             season_ = {};  // the archive of the other season
             ShowSeasonInTitle();
           }));
+  QAction* day = seasons->addAction(QStringLiteral("The day..."));
+  day->setObjectName(QStringLiteral("mnuDay"));
+  connect(day, &QAction::triggered, this, later([this] { DayWindow::Run(board_, season_, this); }));
   seasons->addSeparator();
   for (const auto& [name, caption, way] :
        {std::tuple{"mnuTakeIn", "Take in games...", &GamesWindow::TakeIn},

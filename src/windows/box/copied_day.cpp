@@ -8,14 +8,20 @@
 
 namespace dtb {
 
+std::vector<BoxScore> BoxScoresOf(Database& database, const std::vector<GameRecord>& games) {
+  std::vector<BoxScore> boxes;
+  for (const GameRecord& game : games) {
+    SeasonToDate season = ReadSeasonBefore(database, game);
+    season.Add(game);
+    boxes.push_back(BoxScoreOf(game, season));
+  }
+  return boxes;
+}
+
 std::string CopiedDay(Platform& platform, const GameRecord& game) {
   const std::string day = game.date.empty() ? DateText(platform.clock.Now()) : game.date;
-  std::vector<BoxScore> boxes;
-  for (const GameRecord& one : ReadRecordsOfDay(platform.database, day)) {
-    SeasonToDate season = ReadSeasonBefore(platform.database, one);
-    season.Add(one);
-    boxes.push_back(BoxScoreOf(one, season));
-  }
+  const std::vector<BoxScore> boxes =
+      BoxScoresOf(platform.database, ReadRecordsOfDay(platform.database, day));
   if (boxes.empty()) return "No game of " + PlainDate(day) + " is saved.";
   platform.clipboard.SetText(DayText(day, boxes));
   return Counted(static_cast<long long>(boxes.size()), "game") + " of " + PlainDate(day) +

@@ -167,7 +167,7 @@ void AddRecords(SeasonFigures& season) {
 }
 
 // Games of one GameID with a team in common.
-int CountMixed(const SeasonFigures& season) {
+int MarkMixed(SeasonFigures& season) {
   std::map<std::pair<std::string_view, int>, std::vector<int>> gamesOf;  // of a GameID and a team
   for (std::size_t game = 0; game < season.games.size(); ++game) {
     const auto& [visitors, home] = season.games[game].sides;
@@ -180,6 +180,7 @@ int CountMixed(const SeasonFigures& season) {
   for (const auto& [key, games] : gamesOf) {
     if (games.size() > 1) mixed.insert(games.begin(), games.end());
   }
+  for (const int game : mixed) season.games[game].mixed = true;
   return static_cast<int>(mixed.size());
 }
 
@@ -194,7 +195,7 @@ SeasonFigures ReadSeasonFigures(Database& database, const std::stop_token& stop)
   }
   PutInOrder(season);
   AddRecords(season);
-  season.mixedGames = CountMixed(season);
+  season.mixedGames = MarkMixed(season);
   return season;
 }
 

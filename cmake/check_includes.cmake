@@ -12,6 +12,7 @@ set(levels
   "sheet"
   "database"
   "season|archive"
+  "book"
   "browser"
   "windows"
   "shell|replay")

@@ -82,6 +82,10 @@ std::string PageTable(const std::vector<std::vector<std::string>>& rows, LastRow
   return table + "</tbody></table></div>\n";
 }
 
+std::string PageBoard(std::string_view title, const std::string& table) {
+  return "<section>" + PageHeading("h3", title) + table + "</section>\n";
+}
+
 std::vector<int> PlacesOf(const std::vector<std::string>& values) {
   std::vector<int> places;
   for (std::size_t i = 0; i < values.size(); ++i) {

@@ -36,6 +36,9 @@ enum class LastRow { Usual, Sum };
 [[nodiscard]] std::string PageTable(const std::vector<std::vector<std::string>>& rows,
                                     LastRow last = LastRow::Usual);
 
+// A table with its heading, to stand among others in a <div class="boards">; the title plain.
+[[nodiscard]] std::string PageBoard(std::string_view title, const std::string& table);
+
 // The places of entries that stand in order, "1", "2", "2", "4": equal ones have the same.
 [[nodiscard]] std::vector<int> PlacesOf(const std::vector<std::string>& values);
 // A name, in markup, behind its place.

@@ -119,9 +119,12 @@ LeaderList Leaders(const SeasonFigures& season, SeasonLead lead, bool qualified)
   return LeadersAmong(candidates, lead, qualified);
 }
 
+std::string MoreText(int more, const std::string& figure) {
+  return "and " + std::to_string(more) + " more with " + figure;
+}
+
 std::string MoreText(const LeaderList& list) {
-  if (list.alsoLast == 0) return {};
-  return "and " + std::to_string(list.alsoLast) + " more with " + list.first.back().text;
+  return list.alsoLast == 0 ? std::string() : MoreText(list.alsoLast, list.first.back().text);
 }
 
 }  // namespace dtb

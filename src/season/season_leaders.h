@@ -60,11 +60,18 @@ struct LeadCandidate {
 [[nodiscard]] LeaderList LeadersAmong(const std::vector<LeadCandidate>& candidates, SeasonLead lead,
                                       bool qualified);
 
+inline constexpr const char* kAverageRule =
+    "For both averages: 3.1 plate appearances, that is at-bats and walks, or 1 inning, for each "
+    "game "
+    "of the player's team. Innings are counted in thirds.";
+
 // With the qualification, the two averages ask for 3.1 plate appearances, which are at-bats and
 // walks, or 1 inning, for each game of the player's team.
 [[nodiscard]] LeaderList Leaders(const SeasonFigures& season, SeasonLead lead, bool qualified);
 
-// "and 3 more with 12"; "" where all with the value of the tenth are in the list.
+// "and 3 more with 12".
+[[nodiscard]] std::string MoreText(int more, const std::string& figure);
+// The same; "" where all with the value of the tenth are in the list.
 [[nodiscard]] std::string MoreText(const LeaderList& list);
 
 }  // namespace dtb

@@ -130,13 +130,10 @@ class PageWriter {
           "so that their players are not told apart: " +
           std::to_string(season_.mixedGames) + " games.");
     }
-    page += StandingsPart() + PartHeading(2, "Leaders") +
-            PageParagraph(
-                "For both averages: 3.1 plate appearances, that is at-bats and walks, "
-                "or 1 inning, for each game of the player's team. Innings are counted in thirds.") +
+    page += StandingsPart() + PartHeading(2, "Leaders") + PageParagraph(kAverageRule) +
             "<div class=\"boards\">\n";
     for (const SeasonLead lead : kSeasonLeads) {
-      page += "<section>" + PageHeading("h3", LeadTitle(lead)) + LeaderTable(lead) + "</section>\n";
+      page += PageBoard(LeadTitle(lead), LeaderTable(lead));
     }
     page += "</div>\n" + PartHeading(3, "Games") + "<ul>\n";
     for (std::size_t month = 0; month < months_.size(); ++month) {

@@ -35,6 +35,7 @@
 #include "windows/browser/browser_window.h"
 #include "windows/browser/copies_window.h"
 #include "windows/season/games_window.h"
+#include "windows/season/pages_writing.h"
 #include "windows/season/shelf_window.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/kept_place.h"
@@ -159,6 +160,10 @@ void BoardWindow::BuildMenu() {
             season_ = {};  // the archive of the other season
             ShowSeasonInTitle();
           }));
+  QAction* book = seasons->addAction(QStringLiteral("The book of all seasons..."));
+  book->setObjectName(QStringLiteral("mnuBook"));
+  connect(book, &QAction::triggered, this,
+          later([this] { WriteBookOfSeasons(board_.platform, this); }));
   seasons->addSeparator();
   for (const auto& [name, caption, way] :
        {std::tuple{"mnuTakeIn", "Take in games...", &GamesWindow::TakeIn},

@@ -4,7 +4,6 @@
 
 #include "base/words.h"
 #include "book/book_html.h"
-#include "season/season_html.h"
 #include "season/season_outings.h"
 
 namespace dtb::book {
@@ -114,7 +113,7 @@ std::string CareerBody(const BookHtml& html, int place) {
     }
     table.push_back({"Career", ""});
     Append(table.back(), LineTexts(*all));
-    page += PartHeading(++part, title) + PageTable(table, LastRow::Sum);
+    page += PartHeading(++part, title) + NamesTable(table, LastRow::Sum);
   }
   return page + PlaysRule(book);
 }

@@ -1,11 +1,9 @@
 // The first page of the book, and the leaders of each season.
 #include <algorithm>
 
-#include "base/text_cell.h"
 #include "base/words.h"
 #include "book/book_html.h"
 #include "book/book_leads.h"
-#include "season/season_html.h"
 #include "season/season_words.h"
 
 namespace dtb::book {
@@ -32,12 +30,14 @@ std::vector<std::string> RowOf(const Chapter& chapter) {
   const std::vector<Placing>& standings = chapter.standings;
   const std::size_t champions = Champions(standings);
   const Placing& first = standings.front();
-  std::vector<std::string> row{PageText(chapter.name), TeamsAt(standings, 0, champions),
-                               RecordText(first.wins, first.losses, first.ties),
-                               AverageText(first.share)};
+  std::vector<std::string> row{
+      PageText(chapter.name),
+      Below(TeamsAt(standings, 0, champions), RecordText(first.wins, first.losses, first.ties)),
+      AverageText(first.share)};
   if (champions < standings.size()) {
     const Placing& second = standings[champions];
-    row.push_back(Below(PageText(second.team), FixedDecimals(second.behind, 1) + " behind"));
+    row.push_back(
+        Below(PageText(second.team), RecordText(second.wins, second.losses, second.ties)));
   } else {
     row.emplace_back("-");
   }
@@ -78,13 +78,13 @@ std::string ChampionsBody(const BookHtml& html) {
   const Book& book = html.book();
   int games = 0;
   for (const Chapter& chapter : book.chapters) games += chapter.games;
-  Cells table{{"Season", "Champion", "W-L", "Pct", "Second", "Games", "First game", "Last game"}};
+  Cells table{{"Season", "Champion, W-L", "Pct", "Second", "Games", "First game", "Last game"}};
   for (const Chapter& chapter : book.chapters) table.push_back(RowOf(chapter));
   return PageParagraph(Counted(std::ssize(book.chapters), "season") + ", " +
                        Counted(games, "game") +
                        ". The seasons stand in the order of their first games; the champion is who "
                        "leads a season once its last game is saved.") +
-         PageTable(table) + LeftOutPart(book);
+         NamesTable(table) + LeftOutPart(book);
 }
 
 std::string LeadersBody(const BookHtml& html) {

@@ -1,24 +1,28 @@
 // No-hitters, cycles and streaks.
 #include "base/text_cell.h"
 #include "book/book_html.h"
-#include "season/season_html.h"
 #include "season/season_words.h"
 
 namespace dtb::book {
 namespace {
 
 std::string TableOrNone(const Cells& table) {
-  return table.size() > 1 ? PageTable(table) : PageParagraph("None yet.");
+  return table.size() > 1 ? NamesTable(table) : PageParagraph("None yet.");
+}
+
+std::vector<std::string> RowOf(const BookHtml& html, const Feat& feat) {
+  std::vector<std::string> row{PageText(DayText(feat.day)), Below(html.PlayersOf(feat), feat.team),
+                               PageText(feat.opponent)};
+  for (const std::string& figure : feat.figures) row.push_back(PageText(figure));
+  row.push_back(html.SeasonOf(feat.chapter));
+  return row;
 }
 
 std::string NoHitters(const BookHtml& html) {
-  Cells table{{"Day", "Pitcher", "Team", "Against", "IP", "BB", "K", "Score", "Season"}};
+  Cells table{{"Day", "Pitcher", "Against", "IP", "BB", "K", "Score", "Season"}};
   for (const Chapter& chapter : html.book().chapters) {
     for (const Feat& feat : chapter.noHitters) {
-      table.push_back({PageText(DayText(feat.day)), html.PlayersOf(feat), PageText(feat.team),
-                       PageText(feat.opponent)});
-      for (const std::string& figure : feat.figures) table.back().push_back(PageText(figure));
-      table.back().push_back(html.SeasonOf(feat.chapter));
+      table.push_back(RowOf(html, feat));
     }
   }
   return PageParagraph(
@@ -28,13 +32,10 @@ std::string NoHitters(const BookHtml& html) {
 }
 
 std::string Cycles(const BookHtml& html) {
-  Cells table{{"Day", "Batter", "Team", "Against", "At bat", "Score", "Season"}};
+  Cells table{{"Day", "Batter", "Against", "At bat", "Score", "Season"}};
   for (const Chapter& chapter : html.book().chapters) {
     for (const Feat& feat : chapter.cycles) {
-      table.push_back({PageText(DayText(feat.day)), html.PlayersOf(feat), PageText(feat.team),
-                       PageText(feat.opponent)});
-      for (const std::string& figure : feat.figures) table.back().push_back(PageText(figure));
-      table.back().push_back(html.SeasonOf(feat.chapter));
+      table.push_back(RowOf(html, feat));
     }
   }
   return PageParagraph(

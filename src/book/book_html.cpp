@@ -3,7 +3,6 @@
 #include <array>
 
 #include "base/words.h"
-#include "season/season_html.h"
 
 namespace dtb::book {
 namespace {
@@ -89,6 +88,10 @@ std::string Boards(const std::string& boards) {
   return "<div class=\"boards\">\n" + boards + "</div>\n";
 }
 
+std::string NamesTable(const Cells& table, LastRow last) {
+  return "<div class=\"names\">\n" + PageTable(table, last) + "</div>\n";
+}
+
 std::string Below(const std::string& markup, std::string_view text) {
   return markup + "<br><small>" + PageText(text) + "</small>";
 }
@@ -101,6 +104,12 @@ std::string PlaysRule(const Book& book) {
     told += chapter.gamesWithPlays;
   }
   if (told == games) return {};
+  if (told == 0) {
+    return PageParagraph(
+        "Runs, double plays, runners left on base, wins, losses and saves of players are not "
+        "known: "
+        "no plays are saved.");
+  }
   return PageParagraph(
       "Runs, double plays, runners left on base, wins, losses and saves of players are known of " +
       std::to_string(told) + " of " + Counted(games, "game") + ", those whose plays are saved.");

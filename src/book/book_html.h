@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "book/book.h"
+#include "season/season_html.h"
 
 namespace dtb::book {
 
@@ -50,6 +51,9 @@ class BookHtml {
 [[nodiscard]] std::string Board(std::string_view title, const Cells& table);
 // Boards side by side.
 [[nodiscard]] std::string Boards(const std::string& boards);
+
+// A table whose second column holds names.
+[[nodiscard]] std::string NamesTable(const Cells& table, LastRow last = LastRow::Usual);
 
 // Something that stands below, smaller; a plain text.
 [[nodiscard]] std::string Below(const std::string& markup, std::string_view text);

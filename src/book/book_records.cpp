@@ -2,7 +2,6 @@
 #include "base/text_cell.h"
 #include "book/book_html.h"
 #include "book/book_leads.h"
-#include "season/season_html.h"
 #include "season/season_words.h"
 
 namespace dtb::book {

@@ -26,8 +26,7 @@ void AddFigures(Chapter& chapter, const SeasonFigures& season) {
   for (const SeasonGame& game : season.games) Widen(chapter.first, chapter.last, game.day);
   for (const Standing& standing : Standings(season)) {
     const SeasonTeam& team = season.teams[standing.team];
-    chapter.standings.push_back(
-        {team.name, team.wins, team.losses, team.ties(), standing.share, standing.behind});
+    chapter.standings.push_back({team.name, team.wins, team.losses, team.ties(), standing.share});
   }
   for (const SeasonPlayer& man : season.players) {
     const SeasonTeam& team = season.teams[man.team];

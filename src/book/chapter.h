@@ -20,7 +20,6 @@ struct Placing {
   int losses = 0;
   int ties = 0;
   std::optional<Quotient> share;  // of the games won
-  double behind = 0;              // games behind the first
 };
 
 // A player of one team in one season.

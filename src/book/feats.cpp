@@ -36,7 +36,8 @@ Feat FeatOf(const SeasonFigures& season, int game, std::size_t side) {
   return {.team = season.teams[told.sides.at(side).team].name,
           .opponent = season.teams[told.sides.at(1 - side).team].name,
           .day = told.day,
-          .figures = {ScoreText(season, told)}};
+          .figures = {DecimalText(told.sides.at(side).runs) + "-" +
+                      DecimalText(told.sides.at(1 - side).runs)}};
 }
 
 Feat FeatOf(const SeasonFigures& season, const Part& part) {

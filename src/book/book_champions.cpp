@@ -26,12 +26,13 @@ std::string TeamsAt(const std::vector<Placing>& standings, std::size_t first, st
   return teams;
 }
 
-std::vector<std::string> RowOf(const Chapter& chapter) {
-  const std::vector<Placing>& standings = chapter.standings;
+std::vector<std::string> RowOf(const Chapter& chapter, const PlacingGroup& group) {
+  const std::vector<Placing>& standings = group.standings;
   const std::size_t champions = Champions(standings);
   const Placing& first = standings.front();
+  const std::string season = PageText(chapter.name);
   std::vector<std::string> row{
-      PageText(chapter.name),
+      group.name.empty() ? season : Below(season, group.name),
       Below(TeamsAt(standings, 0, champions), RecordText(first.wins, first.losses, first.ties)),
       AverageText(first.share)};
   if (champions < standings.size()) {
@@ -79,11 +80,13 @@ std::string ChampionsBody(const BookHtml& html) {
   int games = 0;
   for (const Chapter& chapter : book.chapters) games += chapter.games;
   Cells table{{"Season", "Champion, W-L", "Pct", "Second", "Games", "First game", "Last game"}};
-  for (const Chapter& chapter : book.chapters) table.push_back(RowOf(chapter));
+  for (const Chapter& chapter : book.chapters) {
+    for (const PlacingGroup& group : chapter.groups) table.push_back(RowOf(chapter, group));
+  }
   return PageParagraph(Counted(std::ssize(book.chapters), "season") + ", " +
                        Counted(games, "game") +
                        ". The seasons stand in the order of their first games; the champion is who "
-                       "leads a season once its last game is saved.") +
+                       "leads a season, or a league of it, once its last game is saved.") +
          NamesTable(table) + LeftOutPart(book);
 }
 

@@ -39,12 +39,14 @@ std::string SeasonBoards(const BookHtml& html) {
       lines.push_back({chapter, static_cast<int>(&line - told.lines.data())});
       candidates.push_back(CandidateOf(line));
     }
-    for (const Placing& one : told.standings) {
-      if (one.wins == 0) continue;
-      wins.Add({.value = double(one.wins),
-                .chapter = chapter,
-                .team = one.team,
-                .figures = {RecordText(one.wins, one.losses, one.ties)}});
+    for (const PlacingGroup& group : told.groups) {
+      for (const Placing& one : group.standings) {
+        if (one.wins == 0) continue;
+        wins.Add({.value = double(one.wins),
+                  .chapter = chapter,
+                  .team = one.team,
+                  .figures = {RecordText(one.wins, one.losses, one.ties)}});
+      }
     }
   }
   std::string boards;

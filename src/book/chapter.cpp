@@ -20,13 +20,16 @@ void Widen(std::optional<LocalTime>& first, std::optional<LocalTime>& last,
   if (!last || IsEarlier(last, day)) last = day;
 }
 
-void AddFigures(Chapter& chapter, const SeasonFigures& season) {
+void AddFigures(Chapter& chapter, const SeasonFigures& season, const TeamGroups& groups) {
   chapter.games = static_cast<int>(season.games.size());
   chapter.mixedGames = season.mixedGames;
   for (const SeasonGame& game : season.games) Widen(chapter.first, chapter.last, game.day);
-  for (const Standing& standing : Standings(season)) {
-    const SeasonTeam& team = season.teams[standing.team];
-    chapter.standings.push_back({team.name, team.wins, team.losses, team.ties(), standing.share});
+  for (const GroupStandings& group : StandingsByGroup(season, groups)) {
+    PlacingGroup& own = chapter.groups.emplace_back(PlacingGroup{group.name});
+    for (const Standing& standing : group.standings) {
+      const SeasonTeam& team = season.teams[standing.team];
+      own.standings.push_back({team.name, team.wins, team.losses, team.ties(), standing.share});
+    }
   }
   for (const SeasonPlayer& man : season.players) {
     const SeasonTeam& team = season.teams[man.team];
@@ -57,12 +60,13 @@ void AddPresences(std::vector<Presence>& presences, const SeasonFigures& season,
 }  // namespace
 
 std::optional<Chapter> ReadChapter(Database& database, const std::string& name,
-                                   const ArchiveIds& ids, const std::function<bool()>& goOn) {
+                                   const ArchiveIds& ids, const TeamGroups& groups,
+                                   const std::function<bool()>& goOn) {
   Chapter chapter{.name = name};
   if (!goOn()) return std::nullopt;
   const SeasonFigures season = ReadSeasonFigures(database);
   if (!goOn()) return std::nullopt;
-  AddFigures(chapter, season);
+  AddFigures(chapter, season, groups);
   CountPlays(chapter, database, season);
   FindTeamGames(chapter, season);
   FindWinningStreaks(chapter, season);

@@ -9,6 +9,7 @@
 
 #include "book/archive_ids.h"
 #include "book/top_list.h"
+#include "database/team_groups.h"
 #include "season/season_leaders.h"
 
 namespace dtb::book {
@@ -20,6 +21,12 @@ struct Placing {
   int losses = 0;
   int ties = 0;
   std::optional<Quotient> share;  // of the games won
+};
+
+// A league or division; one without a name where the season has none.
+struct PlacingGroup {
+  std::string name;
+  std::vector<Placing> standings = {};
 };
 
 // A player of one team in one season.
@@ -65,7 +72,7 @@ struct Chapter {
   int gamesWithPlays = 0;
   int mixedGames = 0;             // left out of the records of a game, and of the feats
   std::string archiveFault = {};  // why no player has an id, although there is an archive
-  std::vector<Placing> standings = {};
+  std::vector<PlacingGroup> groups = {};
   std::vector<SeasonLine> lines = {};
   std::vector<Person> persons = {};
 
@@ -81,7 +88,7 @@ struct Chapter {
 // Reads one season. `goOn` is asked now and then; once it says no, there is none. Throws
 // ProgramError.
 [[nodiscard]] std::optional<Chapter> ReadChapter(Database& database, const std::string& name,
-                                                 const ArchiveIds& ids,
+                                                 const ArchiveIds& ids, const TeamGroups& groups,
                                                  const std::function<bool()>& goOn);
 
 }  // namespace dtb::book

@@ -4,7 +4,7 @@
 #include <numeric>
 #include <set>
 
-#include "book/book_leads.h"
+#include "base/settings_keys.h"
 #include "book/book_pages.h"
 #include "database/season_shelf.h"
 #include "export_test.h"
@@ -215,7 +215,7 @@ TEST_F(MadeUp, TheBookIsWhatTheRowsTell) {
       EXPECT_EQ(lost, team.losses);
       return double(won) / double(won + lost);
     };
-    EXPECT_TRUE(std::ranges::is_sorted(chapter->standings, std::greater{}, share));
+    EXPECT_TRUE(std::ranges::is_sorted(chapter->groups.at(0).standings, std::greater{}, share));
 
     std::vector<double> inGame;
     std::map<std::string, double> homeRuns;
@@ -382,16 +382,23 @@ TEST_F(BookTest, WhatCannotBeReadIsLeftOutByName) {
   SQLite::Database(FileOf("Lacking").string(), SQLite::OPEN_READWRITE).exec("DROP TABLE Pitching");
   Write(Hard("Torn", 63, IdOf));
   std::filesystem::resize_file(FileOf("Torn"), 8192);
+  Write(Hard("Locked", 64, IdOf));
+  SQLite::Database locked(FileOf("Locked").string(), SQLite::OPEN_READWRITE);
+  locked.exec("BEGIN EXCLUSIVE");
+  desk.settings["labels/" + std::string(settings::kSeasonGroups) + " of 1961"] =
+      GroupsText({{"East", {"<Ants>"}}, {"West", {"Others"}}});
   WriteBook(platform, {});
   const std::string& told = desk.told.back();
-  for (const char* name : {"Damaged: ", "Jet: ", "Lacking: There is no table \"Pitching\"", "Torn: "}) {
+  for (const char* name :
+       {"Damaged: ", "Jet: ", "Lacking: There is no table \"Pitching\"", "Torn: ", "Locked: "}) {
     EXPECT_NE(told.find(name), std::string::npos) << name << " in " << told;
   }
   EXPECT_EQ(told.find("Bare"), std::string::npos) << told;
   EXPECT_NE(told.find("2 seasons, 4 games"), std::string::npos) << told;
   EXPECT_EQ(desk.opened, Strings{Report("All seasons 2026-11-18/index.html")});
   const std::string page = ReadAll(Report("All seasons 2026-11-18/index.html"));
-  for (const char* line : {"<li>Bare: no game", "<li>Damaged: left out", "Q&#38;A", "&#60;Ants"}) {
+  for (const char* line : {"<li>Bare: no game", "<li>Damaged: left out", "Q&#38;A", "&#60;Ants",
+                           "<small>West</small>"}) {
     EXPECT_NE(page.find(line), std::string::npos) << line;
   }
   EXPECT_EQ(page.find(folder.string()), std::string::npos) << "where the files lie is nobody's";

@@ -12,7 +12,7 @@ set(levels
   "sheet"
   "database"
   "season|archive"
-  "real"
+  "real|book"
   "browser"
   "windows"
   "shell|replay")

@@ -76,7 +76,8 @@ bool LeavesArchive(std::string_view path) {
   return false;
 }
 
-std::vector<Wanted> WantedFiles(const Archive& archive, SeasonLines& lines) {
+// Those of the kinds up to the last one.
+std::vector<Wanted> WantedFiles(const Archive& archive, SeasonLines& lines, Kind last) {
   std::vector<Wanted> wanted;
   for (std::size_t i = 0; i < archive.files().size(); ++i) {
     const ArchivedFile& file = archive.files()[i];
@@ -86,7 +87,7 @@ std::vector<Wanted> WantedFiles(const Archive& archive, SeasonLines& lines) {
                         "\" is a zip inside the archive and was left out. "
                         "Unpack it and choose it by itself.");
     }
-    if (one.kind == Kind::Other) continue;
+    if (one.kind > last) continue;
     if (LeavesArchive(file.name)) {
       lines.NoteSkipped("\"" + file.name + "\" would lie outside the archive and was left out.");
       continue;
@@ -101,10 +102,6 @@ std::vector<Wanted> WantedFiles(const Archive& archive, SeasonLines& lines) {
   return wanted;
 }
 
-}  // namespace
-
-namespace {
-
 bool TakeFile(SeasonLines& lines, const Wanted& file, std::string_view bytes, const GoOn& goOn) {
   constexpr std::string_view kZipMark = "PK\x03\x04";
   if (bytes.starts_with(kZipMark)) {
@@ -118,11 +115,9 @@ bool TakeFile(SeasonLines& lines, const Wanted& file, std::string_view bytes, co
   return lines.TakeGames(file.name, bytes, goOn);
 }
 
-}  // namespace
-
-std::optional<Season> ReadSeason(Archive& archive, const GoOn& goOn) {
+std::optional<Season> ReadUpTo(Kind last, Archive& archive, const GoOn& goOn) {
   SeasonLines lines;
-  const std::vector<Wanted> wanted = WantedFiles(archive, lines);
+  const std::vector<Wanted> wanted = WantedFiles(archive, lines, last);
   double all = 1;
   for (const Wanted& file : wanted) all += static_cast<double>(file.bytes);
   double done = 0;
@@ -141,8 +136,20 @@ std::optional<Season> ReadSeason(Archive& archive, const GoOn& goOn) {
   }
   Season season = lines.Take();
   if (!goOn(1)) return std::nullopt;
-  if (season.games.empty()) {
-    const std::string why = season.skipped.empty() ? "" : season.skipped.front() + ' ';
+  return season;
+}
+
+}  // namespace
+
+std::optional<Season> ReadRosters(Archive& archive, const GoOn& goOn) {
+  return ReadUpTo(Kind::Roster, archive, goOn);
+}
+
+std::optional<Season> ReadSeason(Archive& archive, const GoOn& goOn) {
+  std::optional<Season> season = ReadUpTo(Kind::Events, archive, goOn);
+  if (!season) return std::nullopt;
+  if (season->games.empty()) {
+    const std::string why = season->skipped.empty() ? "" : season->skipped.front() + ' ';
     throw ProgramError(error_number::kFileNotFound,
                        why +
                            "There is no game of a season in it. The archive of a season has files "

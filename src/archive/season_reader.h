@@ -14,4 +14,8 @@ namespace dtb::archive {
 // for an archive without any game and for what Archive::Read refuses.
 [[nodiscard]] std::optional<Season> ReadSeason(Archive& archive, const GoOn& goOn);
 
+// The same for clubs and rosters alone, which takes a moment: no games, no figures, and nobody whom
+// no roster has.
+[[nodiscard]] std::optional<Season> ReadRosters(Archive& archive, const GoOn& goOn);
+
 }  // namespace dtb::archive

@@ -38,8 +38,6 @@ void MoveSettings(SettingsStore& store, const std::string& name, const std::stri
   }
 }
 
-std::string ShownName(const std::string& name) { return name.empty() ? kUsualSeason : name; }
-
 // The days of the games, as the plays' tables tell, else by their GameIDs: "2020-08-07".
 std::set<std::string> DaysOf(DatabaseReader& database, const std::vector<SavedGame>& games) {
   std::set<std::string> days;
@@ -156,6 +154,18 @@ bool IsOnShelf(ShelfDesk& desk, const char* why) {
 
 }  // namespace
 
+std::vector<std::string> SeasonNames(Seasons& seasons) {
+  std::vector<std::string> names = seasons.Names();
+  std::ranges::sort(names, [](const std::string& a, const std::string& b) {
+    const int order = CompareNames(a, b);
+    return order != 0 ? order < 0 : a < b;
+  });
+  names.insert(names.begin(), "");
+  return names;
+}
+
+std::string ShownSeason(const std::string& name) { return name.empty() ? kUsualSeason : name; }
+
 std::string TakeUpSeason(Platform& platform) {
   const std::string name = platform.settings.Read(settings::kLabels, settings::kSeasonInUse, "");
   if (name.empty()) return {};
@@ -172,17 +182,12 @@ std::string TakeUpSeason(Platform& platform) {
 void ListSeasons(ShelfDesk& desk) {
   ShelfState& state = desk.state;
   Seasons& seasons = desk.platform.seasons;
-  state.names = seasons.Names();
-  std::ranges::sort(state.names, [](const std::string& a, const std::string& b) {
-    const int order = CompareNames(a, b);
-    return order != 0 ? order < 0 : a < b;
-  });
-  state.names.insert(state.names.begin(), "");
+  state.names = SeasonNames(seasons);
   std::vector<std::vector<std::string>> rows;
   state.row = 0;
   for (const std::string& name : state.names) {
     const bool used = name == seasons.InUse();
-    std::vector<std::string> row{ShownName(name) + (used ? ", in use" : "")};
+    std::vector<std::string> row{ShownSeason(name) + (used ? ", in use" : "")};
     std::ranges::move(CellsOf(seasons, name), std::back_inserter(row));
     rows.push_back(std::move(row));
     if (used) state.row = static_cast<int>(rows.size());
@@ -201,7 +206,7 @@ void UseSelectedSeason(ShelfDesk& desk) {
   Do(desk, [&desk] {
     const std::string name = SelectedName(desk.state);
     Use(desk, name);
-    return "Games are saved into " + ShownName(name) + " from now on.";
+    return "Games are saved into " + ShownSeason(name) + " from now on.";
   });
 }
 
@@ -270,7 +275,11 @@ void PutSelectedSeasonAway(ShelfDesk& desk) {
 }
 
 std::string SettingOfSeason(const Platform& platform, const char* key) {
-  return platform.settings.Read(settings::kLabels, KeyOf(key, platform.seasons.InUse()), "");
+  return SettingOfSeason(platform, key, platform.seasons.InUse());
+}
+
+std::string SettingOfSeason(const Platform& platform, const char* key, const std::string& season) {
+  return platform.settings.Read(settings::kLabels, KeyOf(key, season), "");
 }
 
 void KeepForSeason(const Platform& platform, const char* key, const std::string& value) {

@@ -15,6 +15,11 @@ inline constexpr const char* kShelfTitle = "Choose a season";
 // What the season beside the program is called, which has no name of its own.
 inline constexpr const char* kUsualSeason = "(the usual one)";
 
+// All seasons in the order of their names, the usual one, "", first.
+[[nodiscard]] std::vector<std::string> SeasonNames(Seasons& seasons);
+// The name, or kUsualSeason.
+[[nodiscard]] std::string ShownSeason(const std::string& name);
+
 // What the window of the shelf holds while it is open.
 struct ShelfState {
   StatGrid grd_Seasons{1, 7};        // season, games, first day, last day, teams, size, in use
@@ -49,8 +54,10 @@ void CopySelectedSeasonOut(ShelfDesk& desk);
 void PutSelectedSeasonAway(ShelfDesk& desk);
 
 // What the settings keep for each season apart: the archive of real games to which it is tied, and
-// the club chosen in it. `key` is that of the usual season.
+// the club chosen in it. `key` is that of the usual season. Without a name: of the one in use.
 [[nodiscard]] std::string SettingOfSeason(const Platform& platform, const char* key);
+[[nodiscard]] std::string SettingOfSeason(const Platform& platform, const char* key,
+                                          const std::string& season);
 void KeepForSeason(const Platform& platform, const char* key, const std::string& value);
 
 // " - Summer league" behind the title of a window; "" for the usual season.

@@ -5,6 +5,7 @@
 
 #include "base/settings_keys.h"
 #include "database/season_shelf.h"
+#include "platform/seasons.h"
 
 namespace dtb {
 namespace {
@@ -60,8 +61,12 @@ TeamGroups LeaguesOfSeason(const Platform& platform) {
 }
 
 TeamGroups GroupsOfSeason(const Platform& platform) {
-  const std::string own = SettingOfSeason(platform, settings::kSeasonGroups);
-  return own.empty() ? LeaguesOfSeason(platform) : GroupsIn(own);
+  return GroupsOfSeason(platform, platform.seasons.InUse());
+}
+
+TeamGroups GroupsOfSeason(const Platform& platform, const std::string& season) {
+  const std::string own = SettingOfSeason(platform, settings::kSeasonGroups, season);
+  return GroupsIn(own.empty() ? SettingOfSeason(platform, settings::kSeasonLeagues, season) : own);
 }
 
 void KeepGroups(const Platform& platform, const TeamGroups& groups) {

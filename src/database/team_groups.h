@@ -17,8 +17,9 @@ struct TeamGroup {
 using TeamGroups = std::vector<TeamGroup>;  // in the order in which they are shown
 
 // The groups of the season in use: those that the person made, else the leagues that its archive
-// of real games tells, else none.
+// of real games tells, else none. With a name: the groups of that season.
 [[nodiscard]] TeamGroups GroupsOfSeason(const Platform& platform);
+[[nodiscard]] TeamGroups GroupsOfSeason(const Platform& platform, const std::string& season);
 
 // The leagues of the archive that is tied to the season in use, alone.
 [[nodiscard]] TeamGroups LeaguesOfSeason(const Platform& platform);

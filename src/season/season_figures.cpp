@@ -168,7 +168,7 @@ void AddRecords(SeasonFigures& season) {
 }
 
 // Games of one GameID with a team in common.
-int CountMixed(const SeasonFigures& season) {
+int MarkMixed(SeasonFigures& season) {
   std::map<std::pair<std::string_view, int>, std::vector<int>> gamesOf;  // of a GameID and a team
   for (std::size_t game = 0; game < season.games.size(); ++game) {
     const auto& [visitors, home] = season.games[game].sides;
@@ -181,6 +181,7 @@ int CountMixed(const SeasonFigures& season) {
   for (const auto& [key, games] : gamesOf) {
     if (games.size() > 1) mixed.insert(games.begin(), games.end());
   }
+  for (const int game : mixed) season.games[game].mixed = true;
   return static_cast<int>(mixed.size());
 }
 
@@ -193,7 +194,7 @@ SeasonFigures ReadFigures(Database& database, bool withPlays, const std::stop_to
   }
   PutInOrder(season);
   AddRecords(season);
-  season.mixedGames = CountMixed(season);
+  season.mixedGames = MarkMixed(season);
   return season;
 }
 

@@ -27,6 +27,7 @@ struct SeasonGame {
   std::optional<LocalTime> time;         // of the save; none: the GameID tells none
   std::optional<LocalTime> day = {};     // on which it is played, perhaps long ago; else that time
   std::array<SeasonSide, 2> sides = {};  // visitors, home team
+  bool mixed = false;                    // one of SeasonFigures::mixedGames
 };
 
 struct SeasonTeam {

@@ -40,7 +40,21 @@ std::string PageLink(std::string_view file, std::string_view text) {
   return std::string("<a href=\"").append(file).append("\">").append(PageText(text)).append("</a>");
 }
 
-std::string WholePage(std::string_view title, std::string_view root, std::string_view body) {
+std::string PageHeading(const char* tag, std::string_view text) {
+  return Tag(tag, PageText(text)) + "\n";
+}
+
+std::string PageParagraph(std::string_view text) { return PageHeading("p", text); }
+
+std::vector<std::vector<std::string>> PlainCells(std::vector<std::vector<std::string>> cells) {
+  for (auto& row : cells) {
+    for (std::string& cell : row) cell = PageText(cell);
+  }
+  return cells;
+}
+
+std::string WholePage(std::string_view title, std::string_view root, std::string_view body,
+                      std::string_view home) {
   const std::string name = PageText(title);
   std::string page =
       "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
@@ -49,7 +63,7 @@ std::string WholePage(std::string_view title, std::string_view root, std::string
       name + "</title>\n<link rel=\"stylesheet\" href=\"";
   page.append(root).append("style.css\">\n</head>\n<body>\n");
   if (!root.empty()) {
-    page.append("<nav><a href=\"").append(root).append("index.html\">The season</a></nav>\n");
+    page += "<nav>" + PageLink(std::string(root) + "index.html", home) + "</nav>\n";
   }
   return page.append("<h1>").append(name).append("</h1>\n").append(body).append(
       "</body>\n</html>\n");
@@ -66,6 +80,10 @@ std::string PageTable(const std::vector<std::vector<std::string>>& rows, LastRow
     if (sum) return table + "</table></div>\n";
   }
   return table + "</tbody></table></div>\n";
+}
+
+std::string PageBoard(std::string_view title, const std::string& table) {
+  return "<section>" + PageHeading("h3", title) + table + "</section>\n";
 }
 
 std::vector<int> PlacesOf(const std::vector<std::string>& values) {

@@ -17,7 +17,7 @@ struct LeadEntry {
 };
 
 // In the order of SeasonLead.
-constexpr std::array<LeadEntry, kSeasonLeads.size()> kEntries{{
+constexpr std::array<LeadEntry, kSeasonLeads.size() + 1> kEntries{{
     {"Batting average", &BattingTotals::hits},
     {"Home runs", &BattingTotals::homeRuns},
     {"Runs batted in", &BattingTotals::runsBattedIn},
@@ -28,6 +28,7 @@ constexpr std::array<LeadEntry, kSeasonLeads.size()> kEntries{{
     {"Saves", &PitchingTotals::saves},
     {"Strikeouts", &PitchingTotals::strikeouts},
     {"Innings", &PitchingTotals::outs},
+    {"Hits", &BattingTotals::hits},
 }};
 
 const LeadEntry& EntryOf(SeasonLead lead) { return kEntries.at(static_cast<std::size_t>(lead)); }
@@ -36,33 +37,15 @@ bool IsRate(SeasonLead lead) {
   return lead == SeasonLead::Average || lead == SeasonLead::EarnedRunAverage;
 }
 
-bool Qualified(const SeasonPlayer& man, SeasonRole role, std::size_t games) {
+bool Qualified(const LeadCandidate& man, SeasonRole role) {
   constexpr double kPlateAppearances = 3.1;
   constexpr double kOuts = 3;
-  if (role == SeasonRole::Pitching) return man.pitching->outs >= kOuts * double(games);
-  return man.batting->atBats + man.batting->walks >= kPlateAppearances * double(games);
+  if (role == SeasonRole::Pitching) return man.pitching->outs >= kOuts * man.teamGames;
+  return man.batting->atBats + man.batting->walks >= kPlateAppearances * man.teamGames;
 }
 
-// What counts, and how it reads; nothing for a player who has none of it.
-std::optional<SeasonLeader> LeaderOf(int place, const SeasonPlayer& man, SeasonLead lead) {
-  if (lead == SeasonLead::Average) {
-    const auto rate = BattingAverage(*man.batting);
-    if (rate) return SeasonLeader{place, rate->value(), AverageText(rate)};
-    return std::nullopt;
-  }
-  if (lead == SeasonLead::EarnedRunAverage) {
-    const auto rate = EarnedRunAverage(*man.pitching);
-    if (rate) return SeasonLeader{place, rate->value(), EarnedRunText(rate)};
-    return std::nullopt;
-  }
-  const Figure& figure = EntryOf(lead).counted;
-  const auto* batting = std::get_if<double BattingTotals::*>(&figure);
-  const double counted = batting != nullptr
-                             ? *man.batting.*(*batting)
-                             : *man.pitching.*std::get<double PitchingTotals::*>(figure);
-  if (counted <= 0) return std::nullopt;
-  return SeasonLeader{place, counted,
-                      lead == SeasonLead::Innings ? DecimalInnings(counted) : DecimalText(counted)};
+bool Has(const LeadCandidate& man, SeasonRole role) {
+  return role == SeasonRole::Batting ? man.batting != nullptr : man.pitching != nullptr;
 }
 
 }  // namespace
@@ -74,17 +57,37 @@ SeasonRole RoleOf(SeasonLead lead) {
   return batting ? SeasonRole::Batting : SeasonRole::Pitching;
 }
 
-LeaderList Leaders(const SeasonFigures& season, SeasonLead lead, bool qualified) {
+std::optional<SeasonLeader> LeadOf(int man, const LeadCandidate& candidate, SeasonLead lead) {
+  if (!Has(candidate, RoleOf(lead))) return std::nullopt;
+  if (lead == SeasonLead::Average) {
+    const auto rate = BattingAverage(*candidate.batting);
+    if (rate) return SeasonLeader{man, rate->value(), AverageText(rate)};
+    return std::nullopt;
+  }
+  if (lead == SeasonLead::EarnedRunAverage) {
+    const auto rate = EarnedRunAverage(*candidate.pitching);
+    if (rate) return SeasonLeader{man, rate->value(), EarnedRunText(rate)};
+    return std::nullopt;
+  }
+  const Figure& figure = EntryOf(lead).counted;
+  const auto* batting = std::get_if<double BattingTotals::*>(&figure);
+  const double counted = batting != nullptr
+                             ? candidate.batting->**batting
+                             : candidate.pitching->*std::get<double PitchingTotals::*>(figure);
+  if (counted <= 0) return std::nullopt;
+  return SeasonLeader{man, counted,
+                      lead == SeasonLead::Innings ? DecimalInnings(counted) : DecimalText(counted)};
+}
+
+LeaderList LeadersAmong(const std::vector<LeadCandidate>& candidates, SeasonLead lead,
+                        bool qualified) {
   const SeasonRole role = RoleOf(lead);
   LeaderList list;
   std::vector<SeasonLeader>& leaders = list.first;
-  for (std::size_t i = 0; i < season.players.size(); ++i) {
-    const SeasonPlayer& man = season.players[i];
-    if (!man.has(role) ||
-        (IsRate(lead) && qualified && !Qualified(man, role, season.teams[man.team].games.size()))) {
-      continue;
-    }
-    if (auto leader = LeaderOf(static_cast<int>(i), man, lead)) {
+  for (std::size_t i = 0; i < candidates.size(); ++i) {
+    const LeadCandidate& man = candidates[i];
+    if (!Has(man, role) || (IsRate(lead) && qualified && !Qualified(man, role))) continue;
+    if (auto leader = LeadOf(static_cast<int>(i), man, lead)) {
       leaders.push_back(std::move(*leader));
     }
   }
@@ -105,9 +108,23 @@ LeaderList Leaders(const SeasonFigures& season, SeasonLead lead, bool qualified)
   return list;
 }
 
+LeaderList Leaders(const SeasonFigures& season, SeasonLead lead, bool qualified) {
+  std::vector<LeadCandidate> candidates;
+  candidates.reserve(season.players.size());
+  for (const SeasonPlayer& man : season.players) {
+    candidates.push_back({man.batting ? &*man.batting : nullptr,
+                          man.pitching ? &*man.pitching : nullptr,
+                          double(season.teams[man.team].games.size())});
+  }
+  return LeadersAmong(candidates, lead, qualified);
+}
+
+std::string MoreText(int more, const std::string& figure) {
+  return "and " + std::to_string(more) + " more with " + figure;
+}
+
 std::string MoreText(const LeaderList& list) {
-  if (list.alsoLast == 0) return {};
-  return "and " + std::to_string(list.alsoLast) + " more with " + list.first.back().text;
+  return list.alsoLast == 0 ? std::string() : MoreText(list.alsoLast, list.first.back().text);
 }
 
 }  // namespace dtb

@@ -1,6 +1,8 @@
 // The best players of a season.
 #pragma once
 
+#include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +21,7 @@ enum class SeasonLead {
   Saves,
   Strikeouts,  // a pitcher's
   Innings,
+  Hits,  // where there is room for more than ten
 };
 inline constexpr std::array kSeasonLeads{SeasonLead::Average,      SeasonLead::HomeRuns,
                                          SeasonLead::RunsBattedIn, SeasonLead::Runs,
@@ -42,11 +45,33 @@ struct LeaderList {
   int alsoLast = 0;                 // so many more have the value of the tenth
 };
 
+// One of those who are compared, and the games of his team.
+struct LeadCandidate {
+  const BattingTotals* batting = nullptr;  // none: he never batted
+  const PitchingTotals* pitching = nullptr;
+  double teamGames = 0;
+};
+
+// What one has of it, and how it reads; nothing for whoever has none. `man` is as given.
+[[nodiscard]] std::optional<SeasonLeader> LeadOf(int man, const LeadCandidate& candidate,
+                                                 SeasonLead lead);
+
+// The best of them; `man` is a place among them. As below.
+[[nodiscard]] LeaderList LeadersAmong(const std::vector<LeadCandidate>& candidates, SeasonLead lead,
+                                      bool qualified);
+
+inline constexpr const char* kAverageRule =
+    "For both averages: 3.1 plate appearances, that is at-bats and walks, or 1 inning, for each "
+    "game "
+    "of the player's team. Innings are counted in thirds.";
+
 // With the qualification, the two averages ask for 3.1 plate appearances, which are at-bats and
 // walks, or 1 inning, for each game of the player's team.
 [[nodiscard]] LeaderList Leaders(const SeasonFigures& season, SeasonLead lead, bool qualified);
 
-// "and 3 more with 12"; "" where all with the value of the tenth are in the list.
+// "and 3 more with 12".
+[[nodiscard]] std::string MoreText(int more, const std::string& figure);
+// The same; "" where all with the value of the tenth are in the list.
 [[nodiscard]] std::string MoreText(const LeaderList& list);
 
 }  // namespace dtb

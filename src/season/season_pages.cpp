@@ -12,6 +12,7 @@
 #include "record/box_html.h"
 #include "record/drawing_svg.h"
 #include "record/scorecard_drawing.h"
+#include "season/page_folder.h"
 #include "season/season_book.h"
 #include "season/season_html.h"
 #include "season/season_leaders.h"
@@ -31,13 +32,6 @@ constexpr const char* kUp = "../";
 constexpr int kInnings = 20;
 constexpr int kUsualInnings = 9;
 
-std::string Heading(const char* tag, std::string_view text) {
-  return std::string("<").append(tag).append(">").append(PageText(text)).append("</").append(tag) +
-         ">\n";
-}
-
-std::string Paragraph(std::string_view text) { return Heading("p", text); }
-
 void Append(std::vector<std::string>& row, std::vector<std::string> more) {
   row.insert(row.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
 }
@@ -50,64 +44,9 @@ std::vector<std::string> Counters(std::vector<std::string> texts) {
   return texts;
 }
 
-// Texts as markup.
-Cells PlainCells(Cells cells) {
-  for (auto& row : cells) {
-    for (std::string& cell : row) cell = PageText(cell);
-  }
-  return cells;
-}
-
 constexpr const char* kSeasonFolder = "Season ";  // and the day
 
 const char* NameOf(SeasonRole role) { return role == SeasonRole::Batting ? "Batting" : "Pitching"; }
-
-constexpr const char* kBeingWritten = " (being written)";
-
-// Programs that died while they wrote pages leave these.
-void RemoveDrafts(const std::filesystem::path& folder) {
-  std::error_code fault;
-  std::vector<std::filesystem::path> drafts;
-  for (std::filesystem::directory_iterator entry(folder, fault), end; !fault && entry != end;
-       entry.increment(fault)) {
-    const std::string name = TextOf(entry->path().filename());
-    if (name.starts_with(kSeasonFolder) && name.ends_with(kBeingWritten)) {
-      drafts.push_back(entry->path());
-    }
-  }
-  for (const auto& draft : drafts) std::filesystem::remove_all(draft, fault);
-}
-
-// Pages on their way into a folder that is put in place when all of them stand.
-class PageFolder {
- public:
-  explicit PageFolder(std::filesystem::path place)
-      : place_(std::move(place)), draft_(PathOf(TextOf(place_) + kBeingWritten)) {
-    RemoveDrafts(place_.parent_path());
-    std::error_code fault;
-    for (const char* folder : {"teams", "players", "games"}) {
-      std::filesystem::create_directories(draft_ / folder, fault);
-      if (fault) ThrowWriteFault("folder", place_, fault.value());
-    }
-  }
-  ~PageFolder() { Discard(); }
-  PageFolder(const PageFolder&) = delete;
-  PageFolder& operator=(const PageFolder&) = delete;
-
-  void Write(const std::string& name, std::string_view text) const {
-    WriteDraft(draft_ / name, text, "page");
-  }
-  void PutInPlace() { MoveFolderIntoPlace(draft_, place_, "folder"); }
-
- private:
-  void Discard() const {
-    std::error_code fault;
-    std::filesystem::remove_all(draft_, fault);
-  }
-
-  std::filesystem::path place_;
-  std::filesystem::path draft_;
-};
 
 class PageWriter {
  public:
@@ -183,20 +122,18 @@ class PageWriter {
 
   [[nodiscard]] std::string FirstPage() const {
     std::string page = PageContents({"Standings", "Leaders", "Games"}) +
-                       Paragraph(ScoresText(CountScores(season_))) + PartHeading(1, "Standings");
+                       PageParagraph(ScoresText(CountScores(season_))) +
+                       PartHeading(1, "Standings");
     if (season_.mixedGames > 0) {
-      page += Paragraph(
+      page += PageParagraph(
           "With one GameID and a team in common, "
           "so that their players are not told apart: " +
           std::to_string(season_.mixedGames) + " games.");
     }
-    page += StandingsPart() + PartHeading(2, "Leaders") +
-            Paragraph(
-                "For both averages: 3.1 plate appearances, that is at-bats and walks, "
-                "or 1 inning, for each game of the player's team. Innings are counted in thirds.") +
+    page += StandingsPart() + PartHeading(2, "Leaders") + PageParagraph(kAverageRule) +
             "<div class=\"boards\">\n";
     for (const SeasonLead lead : kSeasonLeads) {
-      page += "<section>" + Heading("h3", LeadTitle(lead)) + LeaderTable(lead) + "</section>\n";
+      page += PageBoard(LeadTitle(lead), LeaderTable(lead));
     }
     page += "</div>\n" + PartHeading(3, "Games") + "<ul>\n";
     for (std::size_t month = 0; month < months_.size(); ++month) {
@@ -210,7 +147,7 @@ class PageWriter {
     const StandingsDrawings drawings(season_, groups_);
     std::string part = drawings.Shared();
     for (const GroupStandings& group : groups_) {
-      if (!group.name.empty()) part += Heading("h3", group.name);
+      if (!group.name.empty()) part += PageHeading("h3", group.name);
       part += drawings.OfGroup(group.standings) + StandingsTable(group.standings);
     }
     return part;
@@ -268,8 +205,8 @@ class PageWriter {
   [[nodiscard]] std::string TeamPage(int place) const {
     const SeasonTeam& team = season_.teams[place];
     std::string page = PageContents({"Batting", "Pitching", "Games"}) +
-                       Paragraph(RecordText(team.wins, team.losses, team.ties()) + ", " +
-                                 AboveText(team.above()) + ".");
+                       PageParagraph(RecordText(team.wins, team.losses, team.ties()) + ", " +
+                                     AboveText(team.above()) + ".");
     for (const SeasonRole role : kSeasonRoles) {
       SeasonTotals total = NoTotals(role);
       Cells table{{"Name"}};
@@ -366,7 +303,8 @@ class PageWriter {
     const GameRecord* record = records_.Next(place);
     const bool told = record != nullptr && !record->plays.empty();
     if (told) names.insert(names.end(), {"Box score", "Play by play", "Scorecard"});
-    std::string page = PageContents(names) + Paragraph(DayAndTimeText(game.time)) + LineScore(game);
+    std::string page =
+        PageContents(names) + PageParagraph(DayAndTimeText(game.time)) + LineScore(game);
     for (std::size_t side = 0; side < game.sides.size(); ++side) {
       page += PartHeading(side + 1, names[side]);
       for (const SeasonRole role : kSeasonRoles) {
@@ -388,7 +326,7 @@ class PageWriter {
     const BoxScore box = BoxScoreOf(*record, records_.toDate());
     Story story = StoryOf(*record);
     story.scoring.clear();  // they stand in the box score
-    return page + PartHeading(3, "Box score") + Paragraph(box.when) +
+    return page + PartHeading(3, "Box score") + PageParagraph(box.when) +
            BoxHtml(box, BoxColumns::One) + PartHeading(4, "Play by play") + StoryHtml(story) +
            PartHeading(5, "Scorecard") + CardOf(*record);
   }
@@ -450,7 +388,7 @@ std::optional<std::filesystem::path> Write(Platform& platform, const ExportProgr
   }
   std::filesystem::path place =
       FreeFile(ReportsFolder(platform), FolderName(platform.clock.Now()), "");
-  PageFolder folder(place);
+  PageFolder folder(place, kSeasonFolder, {"teams", "players", "games"});
   PageWriter writer(platform.database, book, GroupsOfSeason(platform));
   if (!writer.WriteAll(folder, progress)) return std::nullopt;
   folder.PutInPlace();
@@ -468,10 +406,7 @@ void WriteSeasonPages(Platform& platform, const std::string& title,
     const auto folder = Write(
         platform, progress ? progress : [](double /*share*/) { return true; }, contents, title);
     if (!folder) return;
-    const Question question{"The season pages are written: " + contents + ". They are in\n" +
-                                TextOf(*folder) + "\n\nDo you want to open them?",
-                            title, true};
-    if (platform.boxes.Ask(question)) platform.pages.Open(TextOf(*folder / "index.html"));
+    OfferPages(platform, "The season pages are written: " + contents + ".", *folder, title);
   } catch (const ProgramError& failure) {
     platform.boxes.Show("No season pages were written. " + std::string(failure.what()),
                         BoxIcon::Exclamation, title);

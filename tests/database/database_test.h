@@ -95,6 +95,14 @@ struct TestDesk final : QuietDesktop {
   std::string clipboard;
 };
 
+// The same ports with another shelf.
+inline Platform WithShelf(const Platform& ports, Seasons& shelf) {
+  return {ports.boxes,     ports.dialogs,      ports.pictures,     ports.keyboard, ports.settings,
+          ports.pages,     ports.database,     ports.copies,       ports.old,      shelf,
+          ports.workbooks, ports.spreadsheets, ports.clipboard,    ports.clock,    ports.sounds,
+          ports.randoms,   ports.archives,     ports.programFolder};
+}
+
 // The superuser may write anywhere, and tests of a container run as one.
 class AsNobody {
  public:

@@ -1,12 +1,14 @@
 // All that is done to the database, on a disk that is full: it is done, or told and not done.
 #include <algorithm>
 
+#include "book/book_pages.h"
 #include "browser/chosen_game.h"
 #include "browser/exports.h"
 #include "copies_test.h"
 #include "database/backups.h"
 #include "database/deletes.h"
 #include "database/restore.h"
+#include "platform/sqlite/sqlite_seasons.h"
 #include "season/season_pages.h"
 #include "small_disk.h"
 #include "soak_settings.h"
@@ -54,6 +56,12 @@ class FullDiskOfTheDatabase : public CopiesTest {
   std::string MakePages() {
     WriteSeasonPages(browser.platform, kBrowserTitle);
     return "The season pages are written";
+  }
+  std::string MakeBook() {
+    SqliteSeasons shelf(folder, database, copies, [](const fs::path&) {});
+    Platform platform = WithShelf(ports, shelf);
+    book::WriteBook(platform, {});
+    return "The book of all seasons is written";
   }
   std::string MakeWorkbook() {
     ExportTables(browser);
@@ -124,6 +132,7 @@ TEST_F(FullDiskOfTheDatabase, IsDoneOrToldAndNotDone) {
       {"bring back", &FullDiskOfTheDatabase::BringBack},
       {"renew", &FullDiskOfTheDatabase::Renew},
       {"pages", &FullDiskOfTheDatabase::MakePages},
+      {"book", &FullDiskOfTheDatabase::MakeBook},
       {"workbook", &FullDiskOfTheDatabase::MakeWorkbook},
   };
   for (unsigned i = 0; i < disks && !HasFailure(); ++i) {

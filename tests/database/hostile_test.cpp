@@ -8,6 +8,7 @@
 #include <optional>
 #include <set>
 
+#include "book/book_pages.h"
 #include "browser/box_score.h"
 #include "browser/chosen_game.h"
 #include "browser/exports.h"
@@ -17,6 +18,7 @@
 #include "database/deletes.h"
 #include "database/kept_record.h"
 #include "database/restore.h"
+#include "platform/sqlite/sqlite_seasons.h"
 #include "season/season_figures.h"
 #include "season/season_leaders.h"
 #include "season/season_pages.h"
@@ -358,6 +360,9 @@ void HostileDatabase::UseCopies() {
 void HostileDatabase::MakePages() {
   fs::create_directory(folder / "Game Rpts");
   WriteSeasonPages(browser.platform, kBrowserTitle);
+  SqliteSeasons shelf(folder, database, copies, [](const fs::path&) {});
+  Platform platform = WithShelf(ports, shelf);
+  book::WriteBook(platform, {});
   if (Below(2) == 0) ExportTables(browser);
   if (Below(2) == 0) static_cast<void>(ExportGrids(browser));
   fs::remove_all(folder / "Game Rpts");

@@ -1,5 +1,5 @@
-"""Reads the pages of a season as a browser does, strictly. Prints how many there are, and lines of the
-tables; "hard" stands for the name made of hard letters. Fails where a link leads nowhere."""
+"""Reads the pages of a season, or the book of all, as a browser does, strictly. Prints how many there
+are, and lines of the tables; "hard" stands for the name made of hard letters. Fails where a link leads nowhere."""
 import pathlib
 import sys
 import urllib.parse
@@ -46,6 +46,12 @@ def main(folder):
             for row in tables[-1].iter(XHTML + "tr"):
                 cells = texts(row)[1:4 if page.parent.name == "teams" else 2]
                 print(page.parent.name, "|".join(own + cells))
+        titles = {}
+        for board in root.iter(XHTML + "section"):
+            title = words(next(board.iter(XHTML + "h3")))
+            titles[title] = titles.get(title, 0) + 1
+            for row in list(board.iter(XHTML + "tr"))[1:]:
+                print(page.stem, title, "{}|{}".format(titles[title], "|".join(texts(row))))
         rows = [texts(row) for row in tables[0].iter(XHTML + "tr")] if tables else []
         for row in rows[1:]:
             if page.parent.name == "games":

@@ -168,6 +168,42 @@ TEST_F(ExportWindowTest, LongExportsAreCancelled) {
   EXPECT_EQ(outside_.opened.size(), 0U);
 }
 
+TEST_F(ExportWindowTest, TheBookIsWrittenFromTheMenuAndFromTheShelf) {
+  MakeDatabase(
+      "INSERT INTO BoxScores (Team, Runs, Host, GameID) VALUES ('Ants', 1, 'a_VIS', "
+      "'111826104413'),"
+      " ('Bees', 2, 'b_HOME', '111826104413')");
+  const auto books = [this] {
+    return QDir(folder_.filePath(QStringLiteral("Game Rpts"))).entryList({"All seasons*"});
+  };
+  const auto fromMenu = [this] {
+    form1().findChild<QAction*>(QStringLiteral("mnuBook"))->trigger();
+    QCoreApplication::processEvents();  // the menu has its answer first
+  };
+  SetMoment(0);
+  WhenTrue(
+      [this] {
+        auto* bar = form1().findChild<ProgressPanel*>();
+        return bar != nullptr && bar->isVisible();
+      },
+      [this] { Press(&form1(), Qt::Key_Escape); });
+  fromMenu();
+  EXPECT_EQ(books().size(), 0) << "cancelled";
+  const auto messages = AnswerBoxes({Qt::Key_Y, Qt::Key_N});
+  fromMenu();
+  EXPECT_EQ(books().size(), 1);
+  EXPECT_TRUE(Opened().endsWith(QStringLiteral("/index.html"))) << FromQt(Opened());
+  WhileWaiting([this] {
+    auto* shelf = form1().findChild<QDialog*>(QStringLiteral("ShelfForm"));
+    Click(shelf->findChild<QPushButton*>(QStringLiteral("cmd_Book")));
+    Press(shelf, Qt::Key_Escape);
+  });
+  form1().findChild<QAction*>(QStringLiteral("mnuShelf"))->trigger();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(books().size(), 2);
+  EXPECT_TRUE(messages->value(1).startsWith(QStringLiteral("The book of all seasons is written")));
+}
+
 // The person clicks, types and closes as he likes; nothing of it arrives, at once or later.
 TEST_F(ExportWindowTest, WindowBehindTakesNothingMeanwhile) {
   MakeDatabase("");

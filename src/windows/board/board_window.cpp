@@ -36,6 +36,7 @@
 #include "windows/browser/copies_window.h"
 #include "windows/season/day_window.h"
 #include "windows/season/games_window.h"
+#include "windows/season/pages_writing.h"
 #include "windows/season/shelf_window.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/kept_place.h"
@@ -163,6 +164,10 @@ void BoardWindow::BuildMenu() {
   QAction* day = seasons->addAction(QStringLiteral("The day..."));
   day->setObjectName(QStringLiteral("mnuDay"));
   connect(day, &QAction::triggered, this, later([this] { DayWindow::Run(board_, season_, this); }));
+  QAction* book = seasons->addAction(QStringLiteral("The book of all seasons..."));
+  book->setObjectName(QStringLiteral("mnuBook"));
+  connect(book, &QAction::triggered, this,
+          later([this] { WriteBookOfSeasons(board_.platform, this); }));
   seasons->addSeparator();
   for (const auto& [name, caption, way] :
        {std::tuple{"mnuTakeIn", "Take in games...", &GamesWindow::TakeIn},

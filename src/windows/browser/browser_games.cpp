@@ -6,11 +6,11 @@
 #include "browser/box_score.h"
 #include "database/kept_record.h"
 #include "database/saved_games.h"
-#include "platform/trapped.h"
 #include "season/season_pages.h"
 #include "windows/box/box_window.h"
 #include "windows/browser/browser_window.h"
 #include "windows/scorecard/scorecard_window.h"
+#include "windows/season/pages_writing.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"
@@ -133,12 +133,10 @@ void BrowserWindow::BuildSeason() {
             Do([&] { ShowBoxScore(browser_, FromQt(id), FromQt(visitors), FromQt(home)); });
           });
   connect(season_, &SeasonTab::pagesWanted, this, [this] {
-    ProgressPanel panel(QStringLiteral("Writing the season pages"),
-                        ProgressPanel::Work::Cancellable, this);
-    Trapped(browser_.platform.boxes, [&] {
-      WriteSeasonPages(browser_.platform, kBrowserTitle,
-                       [&panel](double share) { return panel.Hear(share); });
-    });
+    WriteUnderProgress(browser_.platform, this, "Writing the season pages",
+                       [this](const ExportProgress& progress) {
+                         WriteSeasonPages(browser_.platform, kBrowserTitle, progress);
+                       });
   });
 }
 

@@ -4,6 +4,7 @@
 
 #include "windows/application.h"
 #include "windows/boxes/busy.h"
+#include "windows/season/pages_writing.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"
@@ -106,6 +107,14 @@ void ShelfWindow::BuildButtons(QVBoxLayout* whole) {
             CopySelectedSeasonOut);
   AddButton(strip, "cmd_PutAway", "Put away...", "Takes it off the shelf; its file is kept",
             PutSelectedSeasonAway);
+  auto* book = new QPushButton(QStringLiteral("The book of all seasons..."));
+  Name(book, "cmd_Book", book->text());
+  book->setToolTip(
+      QStringLiteral("Writes champions, leaders, records and careers of all seasons as "
+                     "web pages into Game Rpts"));
+  book->setAutoDefault(false);
+  strip->addWidget(book);
+  connect(book, &QPushButton::clicked, this, [this] { WriteBookOfSeasons(desk_.platform, this); });
   strip->addStretch();
   auto* close = new QPushButton(QStringLiteral("Close"));
   Name(close, "cmd_CloseShelf", close->text());

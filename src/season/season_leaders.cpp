@@ -105,6 +105,12 @@ LeaderList Leaders(const SeasonFigures& season, SeasonLead lead, bool qualified)
   return list;
 }
 
+std::optional<std::string> LeaderFigure(const SeasonPlayer& man, SeasonLead lead) {
+  if (!man.has(RoleOf(lead))) return std::nullopt;
+  const auto leader = LeaderOf(0, man, lead);
+  return leader ? std::optional(leader->text) : std::nullopt;
+}
+
 std::string MoreText(const LeaderList& list) {
   if (list.alsoLast == 0) return {};
   return "and " + std::to_string(list.alsoLast) + " more with " + list.first.back().text;

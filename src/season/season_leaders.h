@@ -46,6 +46,9 @@ struct LeaderList {
 // walks, or 1 inning, for each game of the player's team.
 [[nodiscard]] LeaderList Leaders(const SeasonFigures& season, SeasonLead lead, bool qualified);
 
+// What a player has in that figure, "12" or ".333"; nothing where he has none of it.
+[[nodiscard]] std::optional<std::string> LeaderFigure(const SeasonPlayer& man, SeasonLead lead);
+
 // "and 3 more with 12"; "" where all with the value of the tenth are in the list.
 [[nodiscard]] std::string MoreText(const LeaderList& list);
 

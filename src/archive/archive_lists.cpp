@@ -184,24 +184,18 @@ void OpenArchiveDesk(ArchiveDesk& desk) {
 
 std::optional<std::filesystem::path> LastArchive(const ArchiveDesk& desk) {
   if (desk.kept.season) return std::nullopt;
-  const std::filesystem::path last =
-      PathOf(SettingOfSeason(desk.board.platform, settings::kSeasonArchive));
+  const std::filesystem::path last = TiedArchive(desk.board.platform);
   std::error_code fault;
   if (last.empty() || !std::filesystem::exists(last, fault)) return std::nullopt;
   return last;
 }
 
 std::optional<std::filesystem::path> ChooseZip(ArchiveDesk& desk) {
-  const std::filesystem::path last =
-      PathOf(SettingOfSeason(PlatformOf(desk), settings::kSeasonArchive));
-  return PlatformOf(desk).dialogs.OpenFile(
-      {"The archive of a season", last.parent_path(), "Zip (*.zip)|*.zip|All files (*)|*"});
+  return AskForZip(PlatformOf(desk));
 }
 
 std::optional<std::filesystem::path> ChooseFolder(ArchiveDesk& desk) {
-  const std::filesystem::path last =
-      PathOf(SettingOfSeason(PlatformOf(desk), settings::kSeasonArchive));
-  return PlatformOf(desk).dialogs.OpenFolder("The folder of a season", last.parent_path());
+  return AskForFolder(PlatformOf(desk));
 }
 
 void ReadArchive(ArchiveDesk& desk, const std::filesystem::path& archive, const GoOn& goOn) {
@@ -209,8 +203,7 @@ void ReadArchive(ArchiveDesk& desk, const std::filesystem::path& archive, const 
     if (!KeepSeason(desk.kept, archive, PlatformOf(desk), goOn)) return;
     desk.state.lbl_Done.Set("");
     ShowSeason(desk);
-    KeepForSeason(PlatformOf(desk), settings::kSeasonArchive,
-                  TextOf(std::filesystem::absolute(archive)));
+    TieSeason(archive, PlatformOf(desk));
   });
 }
 

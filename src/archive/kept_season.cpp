@@ -116,6 +116,23 @@ bool KeepSeason(KeptSeason& kept, const std::filesystem::path& archive, const Pl
   return true;
 }
 
+void TieSeason(const std::filesystem::path& archive, const Platform& platform) {
+  KeepForSeason(platform, settings::kSeasonArchive, TextOf(std::filesystem::absolute(archive)));
+}
+
+std::filesystem::path TiedArchive(const Platform& platform) {
+  return PathOf(SettingOfSeason(platform, settings::kSeasonArchive));
+}
+
+std::optional<std::filesystem::path> AskForZip(const Platform& platform) {
+  return platform.dialogs.OpenFile({"The archive of a season", TiedArchive(platform).parent_path(),
+                                    "Zip (*.zip)|*.zip|All files (*)|*"});
+}
+
+std::optional<std::filesystem::path> AskForFolder(const Platform& platform) {
+  return platform.dialogs.OpenFolder("The folder of a season", TiedArchive(platform).parent_path());
+}
+
 void KeepClub(const KeptSeason& kept, const Platform& platform) {
   if (!kept.season) return;
   const bool all = kept.club == kAllClubs;
@@ -144,10 +161,7 @@ std::optional<std::string> NextGameOffer(const KeptSeason& kept, const Board& bo
 bool ReadLastSeason(KeptSeason& kept, const Platform& platform, const GoOn& goOn) {
   if (kept.season) return true;
   bool read = false;
-  Trapped(platform.boxes, [&] {
-    const std::string archive = SettingOfSeason(platform, settings::kSeasonArchive);
-    read = KeepSeason(kept, PathOf(archive), platform, goOn);
-  });
+  Trapped(platform.boxes, [&] { read = KeepSeason(kept, TiedArchive(platform), platform, goOn); });
   return read;
 }
 

@@ -33,6 +33,14 @@ void KeepForm(const LineForm& form, const Platform& platform);
 bool KeepSeason(KeptSeason& kept, const std::filesystem::path& archive, const Platform& platform,
                 const GoOn& goOn);
 
+// Ties the season in use to an archive.
+void TieSeason(const std::filesystem::path& archive, const Platform& platform);
+// The archive to which the season in use is tied, whether it is still there or not; "" for none.
+[[nodiscard]] std::filesystem::path TiedArchive(const Platform& platform);
+// Ask for a zip or a folder, where the last one lay; nothing if the person cancels.
+[[nodiscard]] std::optional<std::filesystem::path> AskForZip(const Platform& platform);
+[[nodiscard]] std::optional<std::filesystem::path> AskForFolder(const Platform& platform);
+
 // Keeps the chosen club for the next runs.
 void KeepClub(const KeptSeason& kept, const Platform& platform);
 

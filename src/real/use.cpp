@@ -156,6 +156,27 @@ std::string UseText(const Use& use) {
   return UseFigure(use, use.replayed) + " of " + UseFigure(use, use.year) + ' ' + use.what;
 }
 
+std::vector<std::vector<std::string>> UseTexts(const std::vector<PlayerUse>& players,
+                                               SeasonRole role) {
+  std::vector<std::vector<std::string>> table{{"Player"}};
+  if (role == SeasonRole::Batting) table.front().emplace_back("Plate appearances");
+  if (role == SeasonRole::Pitching) {
+    table.front().insert(table.front().end(), {"Innings", "Games", "Starts"});
+  }
+  table.front().emplace_back("Real use");
+  for (const PlayerUse& player : players) {
+    std::vector<std::string> row{player.name};
+    for (const Use& use : player.uses) {
+      row.push_back(UseFigure(use, use.replayed));
+      if (!player.inArchive) continue;
+      row.back() += " of " + UseFigure(use, use.year) + ", really " + UseFigure(use, use.toDate);
+    }
+    row.emplace_back(player.inArchive ? MarkWord(player.mark()) : "not in the archive");
+    table.push_back(std::move(row));
+  }
+  return table;
+}
+
 UseMarks::UseMarks(const BothWorlds& worlds, const StartsOfPitchers& starts) {
   const Moment now;
   const std::vector<BothPlayer> players = PlayersOfBoth(worlds, now, starts);

@@ -54,6 +54,11 @@ struct TeamUse {
 // "45 of 40 PA"
 [[nodiscard]] std::string UseText(const Use& use);
 
+// Texts of the table of one role, its header first: the player, each kind of use as "45 of 40,
+// really 38", and the mark.
+[[nodiscard]] std::vector<std::vector<std::string>> UseTexts(const std::vector<PlayerUse>& players,
+                                                             SeasonRole role);
+
 // The marks of all players of all compared teams, for line-ups.
 class UseMarks {
  public:

@@ -57,6 +57,11 @@ SeasonRole RoleOf(SeasonLead lead) {
   return batting ? SeasonRole::Batting : SeasonRole::Pitching;
 }
 
+LeadCandidate CandidateOf(const SeasonFigures& season, const SeasonPlayer& man) {
+  return {man.batting ? &*man.batting : nullptr, man.pitching ? &*man.pitching : nullptr,
+          double(season.teams[man.team].games.size())};
+}
+
 std::optional<SeasonLeader> LeadOf(int man, const LeadCandidate& candidate, SeasonLead lead) {
   if (!Has(candidate, RoleOf(lead))) return std::nullopt;
   if (lead == SeasonLead::Average) {
@@ -111,12 +116,14 @@ LeaderList LeadersAmong(const std::vector<LeadCandidate>& candidates, SeasonLead
 LeaderList Leaders(const SeasonFigures& season, SeasonLead lead, bool qualified) {
   std::vector<LeadCandidate> candidates;
   candidates.reserve(season.players.size());
-  for (const SeasonPlayer& man : season.players) {
-    candidates.push_back({man.batting ? &*man.batting : nullptr,
-                          man.pitching ? &*man.pitching : nullptr,
-                          double(season.teams[man.team].games.size())});
-  }
+  for (const SeasonPlayer& man : season.players) candidates.push_back(CandidateOf(season, man));
   return LeadersAmong(candidates, lead, qualified);
+}
+
+std::optional<std::string> LeaderFigure(const SeasonFigures& season, const SeasonPlayer& man,
+                                        SeasonLead lead) {
+  const auto leader = LeadOf(0, CandidateOf(season, man), lead);
+  return leader ? std::optional(leader->text) : std::nullopt;
 }
 
 std::string MoreText(int more, const std::string& figure) {

@@ -69,6 +69,10 @@ inline constexpr const char* kAverageRule =
 // walks, or 1 inning, for each game of the player's team.
 [[nodiscard]] LeaderList Leaders(const SeasonFigures& season, SeasonLead lead, bool qualified);
 
+// What a player of the season has in that figure, "12" or ".333"; nothing where he has none of it.
+[[nodiscard]] std::optional<std::string> LeaderFigure(const SeasonFigures& season,
+                                                      const SeasonPlayer& man, SeasonLead lead);
+
 // "and 3 more with 12".
 [[nodiscard]] std::string MoreText(int more, const std::string& figure);
 // The same; "" where all with the value of the tenth are in the list.

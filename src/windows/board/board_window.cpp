@@ -177,7 +177,7 @@ void BoardWindow::BuildMenu() {
     connect(action, &QAction::triggered, this,
             later([this, way = way] { way(board_.platform, this); }));
   }
-  add("mnuStatistics", "Database", later([this] { BrowserWindow::Run(board_.platform, this); }));
+  add("mnuStatistics", "Database", later([this] { BrowserWindow::Run(board_.platform, season_, this); }));
   add("mnuEventLog", "EventLog", later([this] { ShowLog(); }));
   add("mnuPlays", "Plays", later([this] { ShowPlays(); }))
       ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));

@@ -126,7 +126,7 @@ void BrowserWindow::AddTeamHeading(const char* name, int row, QGridLayout* place
 }
 
 void BrowserWindow::BuildSeason() {
-  season_ = new SeasonTab(browser_);
+  season_ = new SeasonTab(browser_, kept_);
   AddTab("Season")->addWidget(season_);
   connect(season_, &SeasonTab::gameWanted, this,
           [this](const QString& id, const QString& visitors, const QString& home) {

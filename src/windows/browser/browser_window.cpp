@@ -112,8 +112,8 @@ const QueryButton& ButtonOf(Query query) { return QueryButtons()[static_cast<std
 
 }  // namespace
 
-void BrowserWindow::Run(Platform& platform, QWidget* over) {
-  BrowserWindow form(platform, over);
+void BrowserWindow::Run(Platform& platform, archive::KeptSeason& kept, QWidget* over) {
+  BrowserWindow form(platform, kept, over);
   // A table that comes with the window needs no second painting.
   form.opening_.Await(browser_tab::kLineScores, kLongestWait);
   form.ShowTables();
@@ -127,9 +127,10 @@ void BrowserWindow::Run(Platform& platform, QWidget* over) {
   }
 }
 
-BrowserWindow::BrowserWindow(Platform& platform, QWidget* parent)
+BrowserWindow::BrowserWindow(Platform& platform, archive::KeptSeason& kept, QWidget* parent)
     : QDialog(parent),
       browser_{state_, platform},
+      kept_(kept),
       opening_(browser_),
       resizer_(kWidth, kHeight),
       SSTab1_(new QTabWidget(this)) {

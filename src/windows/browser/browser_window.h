@@ -11,6 +11,7 @@
 #include <map>
 #include <vector>
 
+#include "archive/kept_season.h"
 #include "base/control_resizer.h"
 #include "browser/opening.h"
 #include "record/game_record.h"
@@ -27,9 +28,10 @@ class BrowserWindow : public QDialog {
   Q_OBJECT
  public:
   // Opens the browser over a window and waits until the person has closed it.
-  static void Run(Platform& platform, QWidget* over);
+  // `kept`: the archive that was read in this run.
+  static void Run(Platform& platform, archive::KeptSeason& kept, QWidget* over);
 
-  BrowserWindow(Platform& platform, QWidget* parent);
+  BrowserWindow(Platform& platform, archive::KeptSeason& kept, QWidget* parent);
   ~BrowserWindow() override;
   [[nodiscard]] const BrowserState& state() const { return state_; }
   [[nodiscard]] const SeasonTab& season() const { return *season_; }
@@ -96,6 +98,7 @@ class BrowserWindow : public QDialog {
 
   BrowserState state_;
   Browser browser_;
+  archive::KeptSeason& kept_;
   Opening opening_;
   bool settled_ = false;
   std::optional<BusyPointer> busy_;

@@ -44,7 +44,8 @@ QBoxLayout* Strip(QBoxLayout* place) {
 
 }  // namespace
 
-SeasonTab::SeasonTab(Browser& browser) : browser_(browser), views_(new QStackedWidget) {
+SeasonTab::SeasonTab(Browser& browser, archive::KeptSeason& kept)
+    : browser_(browser), views_(new QStackedWidget), real_(new RealView(browser, kept)) {
   QBoxLayout* whole = Column(this);
   BuildStrip(whole);
   standings_ = new StandingsView(browser.platform);
@@ -53,6 +54,9 @@ SeasonTab::SeasonTab(Browser& browser) : browser_(browser), views_(new QStackedW
   views_->addWidget(BuildLeaders());
   views_->addWidget(BuildGames());
   views_->addWidget(BuildScores());
+  views_->addWidget(real_);
+  connect(real_, &RealView::gameWanted, this, &SeasonTab::gameWanted);
+  connect(real_, &RealView::worldsRead, this, &SeasonTab::TellChosen);
   whole->addWidget(views_, 1);
   AddCaption(whole, note_, QStringLiteral("The season appears here once its games are read."));
   Name(note_, "lbl_SeasonNote", QStringLiteral("The season"));
@@ -97,12 +101,15 @@ void SeasonTab::BuildStrip(QBoxLayout* whole) {
   auto* group = new QButtonGroup(this);
   for (const auto& [name, caption] :
        {std::pair{"cmd_Standings", "Standings"}, std::pair{"cmd_Leaders", "Leaders"},
-        std::pair{"cmd_Games", "Team or player"}, std::pair{"cmd_Scores", "Scores"}}) {
+        std::pair{"cmd_Games", "Team or player"}, std::pair{"cmd_Scores", "Scores"},
+        std::pair{"cmd_Real", "Real and replayed"}}) {
     QPushButton* button = AddSwitch(strip, name, caption);
     group->addButton(button, static_cast<int>(switches_.size()));
     switches_.push_back(button);
   }
   switches_.front()->setChecked(true);
+  switches_.back()->setVisible(RealView::HasArchive(browser_));
+  connect(switches_.back(), &QPushButton::clicked, real_, &RealView::Open);
   connect(group, &QButtonGroup::idClicked, views_, &QStackedWidget::setCurrentIndex);
   strip->addStretch();
   auto* pages = new QPushButton(QStringLiteral("Season pages..."));
@@ -264,6 +271,7 @@ void SeasonTab::ShowSeason(std::shared_ptr<const SeasonFigures> season) {
   ShowLeaders();
   ListNames();
   ShowScores();
+  real_->SetSeason(now_.season);
   if (before.chosen) {
     Choose(again(before.chosen));
     ShowChosenInList();
@@ -379,16 +387,22 @@ void SeasonTab::Choose(const std::optional<SeasonSubject>& subject) {
   // Where nobody is chosen the role is that of whoever is chosen next.
   batting_->setEnabled(!isMan || man->batting);
   pitching_->setEnabled(!isMan || man->pitching);
+  if (subject) (subject->role == SeasonRole::Batting ? batting_ : pitching_)->setChecked(true);
+  TellChosen();
+  ReadChosen();
+}
+
+void SeasonTab::TellChosen() {
   QString who = QLatin1String(kNobody);
-  if (subject) {
-    (subject->role == SeasonRole::Batting ? batting_ : pitching_)->setChecked(true);
+  if (const auto& subject = now_.chosen) {
     const std::string& team = now_.season->teams.at(static_cast<std::size_t>(subject->team)).name;
     who = ToQt(subject->wholeTeam ? team : subject->man + ", " + team);
+    const QString headline = subject->wholeTeam ? real_->HeadlineOf(subject->team) : QString();
+    if (!headline.isEmpty()) who += QStringLiteral(", ") + headline;
   }
   who_->setText(who);
   who_->setAccessibleName(QStringLiteral("Chosen: ") + who);
   who_->setToolTip(TipOfLines({who}));
-  ReadChosen();
 }
 
 void SeasonTab::ShowChosenInList() {
@@ -446,6 +460,7 @@ void SeasonTab::TellGame(const SeasonGame& game, const SeasonFigures& season) {
 
 void SeasonTab::SetScale(double scale) {
   standings_->SetScale(scale);
+  real_->SetScale(scale);
   for (SeasonLeaderBoard* board : boards_) board->SetType(kBody * scale);
   for (SeasonChart* chart :
        std::initializer_list<SeasonChart*>{games_, runs_, runsByMonth_, finals_}) {

@@ -13,6 +13,7 @@
 #include "browser/browser.h"
 #include "season/season_splits.h"
 #include "windows/browser/no_match.h"
+#include "windows/season/real_view.h"
 #include "windows/season/season_games_chart.h"
 #include "windows/season/season_leader_board.h"
 #include "windows/season/season_score_charts.h"
@@ -26,7 +27,8 @@ namespace dtb {
 class SeasonTab : public QWidget {
   Q_OBJECT
  public:
-  explicit SeasonTab(Browser& browser);
+  // `kept`: the archive that was read in this run.
+  SeasonTab(Browser& browser, archive::KeptSeason& kept);
   ~SeasonTab() override;
 
   // 1: layout units are pixels.
@@ -38,7 +40,8 @@ class SeasonTab : public QWidget {
   [[nodiscard]] const StatGrid& months() const { return monthsGrid_; }
 
   // A team or a player is chosen and not shown yet.
-  [[nodiscard]] bool reading() const { return shown_ != asked_; }
+  [[nodiscard]] bool reading() const { return shown_ != asked_ || real_->reading(); }
+  [[nodiscard]] const RealView& real() const { return *real_; }
 
  signals:
   void gameWanted(const QString& id, const QString& visitors, const QString& home);
@@ -73,6 +76,8 @@ class SeasonTab : public QWidget {
   void ShowChosenInList();
   // Reads and shows who is chosen, in the role that is chosen.
   void ReadChosen();
+  // Says who is chosen, a team with its record beside the real one.
+  void TellChosen();
   void ShowSplit();
   void TellGame(const SeasonGame& game, const SeasonFigures& season);
 
@@ -113,6 +118,7 @@ class SeasonTab : public QWidget {
   SeasonBars* runs_ = nullptr;
   SeasonBars* runsByMonth_ = nullptr;
   SeasonFinals* finals_ = nullptr;
+  RealView* real_ = nullptr;
   QLabel* note_ = nullptr;  // what is to be known of all of it
   std::jthread reading_;    // the last of the logic's members, so that the others outlive it
 };

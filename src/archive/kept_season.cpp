@@ -75,7 +75,7 @@ bool KeepSeason(KeptSeason& kept, const std::filesystem::path& archive, const Pl
   std::optional<Season> season = ReadSeason(*opened, goOn);
   if (!season) return false;
   const int club = LastClub(*season, platform);
-  kept = {std::move(season), TextOf(archive.filename()), club, std::nullopt};
+  kept = {std::move(season), TextOf(archive.filename()), club, std::nullopt, kept.nine};
   return true;
 }
 
@@ -134,7 +134,8 @@ bool LoadGameTeams(const Season& season, const Game& game, const LineForm& form,
   const GameTeams made = MakeGameTeams(season, game, form);
   std::array<TeamLines, 2> teams;
   for (std::size_t side = 0; side < 2; ++side) {
-    teams.at(side) = {BoardName(made.teams.at(side).name), made.teams.at(side).lines};
+    const TeamText& team = made.teams.at(side);
+    teams.at(side) = {BoardName(team.name), team.lines, team.starter};
   }
   {
     const Gesture gesture(board, "LOAD " + game.id);

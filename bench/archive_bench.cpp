@@ -65,7 +65,7 @@ void ReadOurs(const std::string& path) {
   const auto season = archive::ReadSeason(*archive, Always);
   if (season->games.size() != 900 || season->faultCount != 0) std::abort();
   for (int club = 0; club < static_cast<int>(season->clubs.size()); ++club) {
-    benchmark::DoNotOptimize(archive::LineUpUsedMost(*season, club));
+    benchmark::DoNotOptimize(archive::LineUpOfSeason(*season, club, archive::SeasonNine::UsedMost));
   }
 }
 

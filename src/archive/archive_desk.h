@@ -25,9 +25,12 @@ struct SeasonState {
   Field<std::string> lbl_Forms;  // the words that a form can have, or what is wrong with it
   Field<bool> hasFaults;         // lines of the archive made no sense
   Field<bool> hasNext;           // a game is left to be played
+  Field<bool> hasClub;           // one is chosen, so that it has a nine of the season
+  // The nine of the season that is shown; nothing where none is.
+  Field<std::optional<SeasonNine>> shownNine;
   StatGrid grd_Teams{1, 2};
   StatGrid grd_Games{1, 5};
-  // The files as they will be: one for the line-up used most, both for a game.
+  // The files as they will be: one for the nine of a season, both for a game.
   struct File {
     Field<std::string> title;
     StatGrid grid{1, 3};

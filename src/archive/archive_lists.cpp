@@ -227,7 +227,8 @@ void SelectGame(ArchiveDesk& desk, int row) {
   ShowFiles(desk);
 }
 
-void SelectUsedMost(ArchiveDesk& desk) {
+void SelectNine(ArchiveDesk& desk, SeasonNine nine) {
+  desk.kept.nine = nine;
   desk.kept.game.reset();
   ShowFiles(desk);
 }

@@ -28,7 +28,7 @@ void ShowFaults(ArchiveDesk& desk);
 // A row of the lists is selected; rows that do not exist are nothing.
 void SelectTeam(ArchiveDesk& desk, int row);
 void SelectGame(ArchiveDesk& desk, int row);
-// Back from a game to the line-up used most.
-void SelectUsedMost(ArchiveDesk& desk);
+// Back from a game, or the other nine, to this one of the chosen club.
+void SelectNine(ArchiveDesk& desk, SeasonNine nine);
 
 }  // namespace dtb::archive

@@ -105,13 +105,16 @@ void ShowFiles(ArchiveDesk& desk) {
   } else if (desk.kept.season && desk.kept.club != kAllClubs) {
     const Season& season = *desk.kept.season;
     const int club = desk.kept.club;
-    state.files[0].team = MakeTeamText(season, club, LineUpUsedMost(season, club), form);
-    what = ", line-up used most";
+    const SeasonNine nine = desk.kept.nine;
+    state.files[0].team = MakeTeamText(season, club, LineUpOfSeason(season, club, nine), form);
+    what = nine == SeasonNine::UsedMost ? ", line-up used most" : ", the usual men";
     shown = 1;
   }
   for (SeasonState::File& file : state.files) ShowFile(file, what);
   if (desk.kept.season && shown == 0) state.files[0].title.Set("Choose a team or a game");
   state.shownFiles.Set(shown);
+  state.hasClub.Set(desk.kept.season && desk.kept.club != kAllClubs);
+  state.shownNine.Set(shown == 1 ? std::optional(desk.kept.nine) : std::nullopt);
 }
 
 void ChangeForms(ArchiveDesk& desk) {

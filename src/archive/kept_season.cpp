@@ -112,7 +112,7 @@ bool KeepSeason(KeptSeason& kept, const std::filesystem::path& archive, const Pl
   const int club = LastClub(*season, platform);
   KeepLeagues(platform, LeaguesOf(*season));
   kept = {std::make_shared<const Season>(std::move(*season)), TextOf(archive.filename()), club,
-          std::nullopt};
+          std::nullopt, kept.nine};
   return true;
 }
 
@@ -185,7 +185,8 @@ bool LoadGameTeams(const Season& season, const Game& game, const LineForm& form,
   const GameTeams made = MakeGameTeams(season, game, form);
   std::array<TeamLines, 2> teams;
   for (std::size_t side = 0; side < 2; ++side) {
-    teams.at(side) = {BoardName(made.teams.at(side).name), made.teams.at(side).lines};
+    const TeamText& team = made.teams.at(side);
+    teams.at(side) = {BoardName(team.name), team.lines, team.starter};
   }
   {
     const Gesture gesture(board, "LOAD " + game.id);

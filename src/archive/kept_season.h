@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "archive/lineup_choice.h"
 #include "archive/remarks.h"
 #include "archive/schedule.h"
 #include "archive/season.h"
@@ -19,7 +20,8 @@ struct KeptSeason {
   std::shared_ptr<const Season> season;  // none: nothing is read
   std::string archive;                   // the name of its file or folder
   int club = kAllClubs;                  // whose games are listed
-  std::optional<int> game;               // of Season::games; none: the line-up used most
+  std::optional<int> game;               // of Season::games; none: the club's nine of the season
+  SeasonNine nine = SeasonNine::UsedMost;
 };
 
 // The forms of lines that the settings have, and their change. Writing throws ProgramError if the
@@ -59,8 +61,8 @@ bool ReadLastSeason(KeptSeason& kept, const Platform& platform, const GoOn& goOn
 // loaded.
 bool LoadNextGame(KeptSeason& kept, Board& board, const GoOn& goOn);
 
-// Loads both teams of a game as one step, and tells of players of one name. False after an error,
-// which was told.
+// Loads both teams of a game with their starting pitchers as one step, and tells of players of one
+// name and of what the archive does not say. False after an error, which was told.
 bool LoadGameTeams(const Season& season, const Game& game, const LineForm& form, Board& board);
 
 }  // namespace dtb::archive

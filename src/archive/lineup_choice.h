@@ -15,7 +15,7 @@ struct LineUp {
   std::vector<Placed> order;
   std::vector<int> bench;     // the others who are no pitchers
   std::vector<int> pitchers;  // who starts first; none who stands in the order
-  std::vector<int> leftOut;   // for whom there is no room; who played least
+  std::vector<int> leftOut;   // for whom there is no room
   int starter = kNobody;      // who starts as pitcher, in the order or not
 };
 
@@ -26,15 +26,29 @@ inline constexpr std::size_t kMostMen = 49;
 // game, in that order, and the pitchers with those who pitched; others of the club follow, who
 // played most first. Of these only those belong who may have been with the club on that day: who
 // was in a game for it both before and after, or within kNearDays, or of whom too few of its games
-// are known to say. Who could belong to both clubs stands for the one for which more speaks.
+// are known to say. Who could belong to both clubs stands for the one for which more speaks. Where
+// there is no room for all, they go first who were longest in no game for it before and after.
 [[nodiscard]] std::array<LineUp, 2> LineUpsOfGame(const Season& season, const Game& game);
 
 inline constexpr int kNearDays = 10;
 
-// The club's most usual nine: of all starting orders that it used, by place and position and with
-// or without a pitcher among them as in most of its games, the one used most often; among equals
-// the one whose players stood most often where they stand in it. The pitcher is who started most
-// games. A club without any game gets its roster alone, who bats first.
-[[nodiscard]] LineUp LineUpUsedMost(const Season& season, int club);
+// Which nine of a club's season: the starting orders that are told in full are looked at, with or
+// without a pitcher who bats as in most of them.
+enum class SeasonNine {
+  // The one order, by place and position, that was used most often whoever pitched; among equals
+  // the one whose players stood most often where they stand in it.
+  UsedMost,
+  // Nine different players who may never have begun a game together. Each position, and the
+  // designated hitter, is taken once: of all ways to fill them, the one whose players began most
+  // games there, taken together. So a position is its leader's, and who leads at two of them plays
+  // where the club misses him most, while the next best has the other; among equals count games
+  // there of any kind. They bat where they batted most often when they began a game, again taken
+  // together over all places; nearest to the middle of it, where another has that place.
+  UsualMen
+};
+
+// The club's nine, the pitcher who started most games, and all others of its season. A club without
+// such an order gets its roster alone, who bats first.
+[[nodiscard]] LineUp LineUpOfSeason(const Season& season, int club, SeasonNine nine);
 
 }  // namespace dtb::archive

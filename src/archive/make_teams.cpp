@@ -15,7 +15,17 @@
 namespace dtb::archive {
 namespace {
 
-std::vector<TeamText> TeamsOfGame(const Season& season, const std::string& id, std::string& told) {
+void RefuseUnknownWords(const std::string& form, bool asPitcher) {
+  const std::vector<std::string> unknown = UnknownWords(form, asPitcher);
+  if (unknown.empty()) return;
+  throw ProgramError(error_number::kInvalidCall,
+                     "The form for " + std::string(asPitcher ? "pitchers" : "batters") +
+                         " has a word that is not known: " + unknown.front() + ". The words are " +
+                         KnownWords(asPitcher) + '.');
+}
+
+std::vector<TeamText> TeamsOfGame(const Season& season, const std::string& id, const LineForm& form,
+                                  std::string& told) {
   const auto game = std::ranges::find(season.games, id, &Game::id);
   if (game == season.games.end()) {
     throw ProgramError(error_number::kInvalidCall,
@@ -24,18 +34,19 @@ std::vector<TeamText> TeamsOfGame(const Season& season, const std::string& id, s
                            "A game's name is the home team, the date and a number, such as " +
                            season.games.front().id + ".");
   }
-  GameTeams made = MakeGameTeams(season, *game, LineForm{});
+  GameTeams made = MakeGameTeams(season, *game, form);
   for (const std::string& alike : made.alike) told += alike + '\n';
   return {std::move(made.teams[0]), std::move(made.teams[1])};
 }
 
-std::vector<TeamText> AllTeams(const Season& season) {
+std::vector<TeamText> AllTeams(const Season& season, const TeamsRequest& request) {
   std::vector<TeamText> teams;
   for (int club = 0; club < static_cast<int>(season.clubs.size()); ++club) {
     const Club& told = season.clubs[club];
     // A roster of a club that is none, as that of an All-Star game, makes no team.
     if (told.men.empty() || (told.games.empty() && !told.listed)) continue;
-    teams.push_back(MakeTeamText(season, club, LineUpUsedMost(season, club), LineForm{}));
+    teams.push_back(
+        MakeTeamText(season, club, LineUpOfSeason(season, club, request.nine), request.form));
   }
   return teams;
 }
@@ -81,11 +92,14 @@ void WriteTeams(const std::vector<TeamText>& teams, const TeamsRequest& request,
 CommandResult MakeTeams(Archives& archives, const TeamsRequest& request) {
   CommandResult result;
   try {
+    RefuseUnknownWords(request.form.batters, false);
+    RefuseUnknownWords(request.form.pitchers, true);
     const std::unique_ptr<Archive> archive = archives.OpenArchive(PathOf(request.archive), Always);
     const Season season = *ReadSeason(*archive, Always);
     TellFaults(season, result.errors);
     const std::vector<TeamText> teams =
-        request.game.empty() ? AllTeams(season) : TeamsOfGame(season, request.game, result.errors);
+        request.game.empty() ? AllTeams(season, request)
+                             : TeamsOfGame(season, request.game, request.form, result.errors);
     if (!request.batting.empty()) {
       WriteTeamFile(PathOf(request.batting), BattingTable(season));
     }

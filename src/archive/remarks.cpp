@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
+#include <functional>
+#include <numeric>
 
 namespace dtb::archive {
 namespace {
@@ -52,6 +54,24 @@ std::string Power(const Batting& b) {
 
 int TotalBases(const Batting& b) { return b.hits + b.doubles + 2 * b.triples + 3 * b.homeRuns; }
 
+// "SS 45, 2B 10": where he played how many games, in the field or as designated hitter.
+std::string GamesByPosition(const Batting& batting) {
+  std::array<int, kDesignatedHitter> positions{};
+  std::iota(positions.begin(), positions.end(), kPitcher);
+  const auto games = [&](int position) { return batting.gamesAt.at(position); };
+  std::ranges::stable_sort(positions, std::ranges::greater(), games);
+  std::string text;
+  for (const int position : positions) {
+    if (games(position) == 0) break;
+    text += (text.empty() ? "" : ", ") + std::string(PositionName(position)) + ' ' +
+            std::to_string(games(position));
+  }
+  return text;
+}
+
+// Behind a figure: its sample is small. Of none there is no figure.
+std::string Mark(int sample, int few) { return sample > 0 && sample < few ? "?" : ""; }
+
 struct Context {
   const Man& man;
   std::string_view position;
@@ -70,6 +90,7 @@ constexpr std::array kShared{
     Word{"bats",
          [](const Context& c) { return c.man.bats == "B" ? std::string("S") : c.man.bats; }},
     Word{"throws", [](const Context& c) { return c.man.throws; }},
+    Word{"at", [](const Context& c) { return GamesByPosition(c.man.batting); }},
 };
 
 constexpr std::array kBatters{
@@ -94,6 +115,9 @@ constexpr std::array kBatters{
     Word{"sb", [](const Context& c) { return Of(c.man.batting.stolenBases); }},
     Word{"sh", [](const Context& c) { return Of(c.man.batting.sacrificeHits); }},
     Word{"sf", [](const Context& c) { return Of(c.man.batting.sacrificeFlies); }},
+    Word{"pa", [](const Context& c) { return Of(PlateAppearances(c.man.batting)); }},
+    Word{"few",
+         [](const Context& c) { return Mark(PlateAppearances(c.man.batting), kFewAppearances); }},
     Word{"power", [](const Context& c) { return Power(c.man.batting); }},
     Word{"speed", [](const Context& c) { return Speed(c.man.batting); }},
 };
@@ -115,6 +139,11 @@ constexpr std::array kPitchers{
     Word{"l", [](const Context& c) { return Of(c.man.pitching.losses); }},
     Word{"sv", [](const Context& c) { return Of(c.man.pitching.saves); }},
     Word{"era", [](const Context& c) { return EarnedRunAverage(c.man.pitching); }},
+    // Whoever got nobody out has a figure, too.
+    Word{"few",
+         [](const Context& c) {
+           return Mark(c.man.pitching.games > 0 ? c.man.pitching.outs + 1 : 0, kFewInnings * 3 + 1);
+         }},
     Word{"role",
          [](const Context& c) {
            const Pitching& p = c.man.pitching;

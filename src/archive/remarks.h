@@ -14,15 +14,21 @@ enum class NameForm { FirstLast, LastFirst };
 // How lines of a team file are made.
 struct LineForm {
   // What the dice game reads comes first, since a narrow list may cut the end.
-  std::string batters = "{pos} {bats} {avg} {power} {speed} {hr} HR";
-  std::string pitchers = "P {throws} {era} ERA {role} {ip} IP {h} H {bb} BB {k} K";
+  std::string batters = "{pos} {bats} {avg}{few} {power} {speed} {hr} HR";
+  std::string pitchers = "P {throws} {era}{few} ERA {role} {ip} IP {h} H {bb} BB {k} K";
   NameForm names = NameForm::FirstLast;
   friend bool operator==(const LineForm&, const LineForm&) = default;
 };
 
+// A sample is small with fewer plate appearances, or innings pitched, than these.
+inline constexpr int kFewAppearances = 100;
+inline constexpr int kFewInnings = 30;
+
 // Fills a form for a player: each "{word}" is replaced by his figure, and blanks that an empty one
 // leaves behind become one. A word that is not known stays as it stands. A pitcher's "{h}", "{bb}",
-// "{k}", "{hr}" and "{g}" are those that he allowed. Line breaks are no part of a remark.
+// "{k}", "{hr}" and "{g}" are those that he allowed. "{at}" tells the games by position, as "SS 45,
+// 2B 10"; "{few}" is the mark "?" of a small sample, to stand behind a figure: ".188?". Line breaks
+// are no part of a remark.
 [[nodiscard]] std::string Remark(const std::string& form, const Man& man, std::string_view position,
                                  bool asPitcher);
 

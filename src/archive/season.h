@@ -35,6 +35,10 @@ struct Batting {
   std::array<int, kPositions> gamesAt{};
 };
 
+[[nodiscard]] inline int PlateAppearances(const Batting& b) {
+  return b.atBats + b.walks + b.hitByPitch + b.sacrificeHits + b.sacrificeFlies;
+}
+
 struct Pitching {
   int games = 0;
   int starts = 0;

@@ -71,7 +71,11 @@ TeamText MakeTeamText(const Season& season, int club, const LineUp& lineUp, cons
     }
   }
   if (lineUp.order.empty()) team.gaps.emplace_back("the batting order");
-  if (lineUp.starter == kNobody) team.gaps.emplace_back("who starts as pitcher");
+  if (lineUp.starter == kNobody) {
+    team.gaps.emplace_back("who starts as pitcher");
+  } else {
+    team.starter = names[lineUp.starter];
+  }
   for (const int man : lineUp.bench) add(man, remark(man, UsualPosition(told.men[man]), false));
   for (const int man : lineUp.pitchers) add(man, remark(man, pitcher, true));
   for (const int man : lineUp.leftOut) team.leftOut.push_back(names[man]);

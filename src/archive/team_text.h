@@ -14,6 +14,7 @@ namespace dtb::archive {
 struct TeamText {
   std::string name;                  // of the team; the file is "name.txt"
   int inOrder = 0;                   // lines of the batting order
+  std::string starter;               // the name of who starts as pitcher; "" if it is not told
   std::vector<std::string> lines;    // "Marcus Semien=SS R .223 7 HR"; at most 49
   std::vector<std::string> leftOut;  // names for which there was no room
   std::vector<std::string> gaps;     // what the archive does not tell: "who bats 4th"

@@ -1,6 +1,7 @@
 #include "replay/teams_command.h"
 
 #include <QCommandLineParser>
+#include <array>
 #include <cstdio>
 #include <optional>
 
@@ -12,20 +13,31 @@ namespace {
 
 std::optional<archive::TeamsRequest> Understood(const QStringList& arguments) {
   QCommandLineParser parser;
-  for (const char* option : {"game", "batting", "pitching"}) {
-    parser.addOption({option, {}, "VALUE"});
+  constexpr std::array kFiles{"game", "batting", "pitching"};
+  constexpr std::array kForms{"batters", "pitchers"};
+  for (const char* option : kFiles) parser.addOption({option, {}, "VALUE"});
+  for (const char* option : kForms) parser.addOption({option, {}, "FORM"});
+  for (const char* flag : {"usual-men", "last-first", "replace"}) {
+    parser.addOption(QCommandLineOption(flag));
   }
-  parser.addOption(QCommandLineOption("replace"));
   if (!parser.parse(QStringList("teams") + arguments)) return std::nullopt;
   const QStringList plain = parser.positionalArguments();
   if (plain.size() != 2 || plain.contains("")) return std::nullopt;
   const auto value = [&parser](const char* option) { return parser.value(option).toStdString(); };
-  for (const char* option : {"game", "batting", "pitching"}) {
+  for (const char* option : kFiles) {
     if (parser.isSet(option) && value(option).empty()) return std::nullopt;
   }
+  if (parser.isSet("usual-men") && parser.isSet("game")) return std::nullopt;
+  archive::LineForm form;
+  if (parser.isSet("batters")) form.batters = value("batters");
+  if (parser.isSet("pitchers")) form.pitchers = value("pitchers");
+  if (parser.isSet("last-first")) form.names = archive::NameForm::LastFirst;
   return archive::TeamsRequest{.archive = plain[0].toStdString(),
                                .folder = plain[1].toStdString(),
                                .game = value("game"),
+                               .nine = parser.isSet("usual-men") ? archive::SeasonNine::UsualMen
+                                                                 : archive::SeasonNine::UsedMost,
+                               .form = form,
                                .batting = value("batting"),
                                .pitching = value("pitching"),
                                .replace = parser.isSet("replace")};

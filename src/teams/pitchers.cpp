@@ -29,22 +29,38 @@ void EnterPitcher(StatGrid& grid, int row, const std::string& name) {
   grid.SetText(row, stat_column::kInningsPitched, "");
 }
 
-void ChangePitcher(Board& board, Side side) {
+void NamePitcher(Board& board, Side side, const std::string& name) {
   const SideFields fields = SideOf(board, side);
-  if (fields.list.SelectedEntry().empty()) return;
+  fields.pitcherPhoto.Set({});
+  fields.pitcherTag.Set(fields.pitcher.value());
+  fields.pitcher.Set(name);
+  GiveRow(fields.grid, name);
+  GiveSheetLine(board, side, name);
+  TakeBackReportedInnings(board);
+  CalcPitcherIP(board);
+  // Only the highlight goes back: naming a pitcher brings nobody to bat.
+  if (!fields.rememberedRow.value().empty()) HighlightPlaceInOrder(board, side);
+  board.log.Append(name + "_____[current pitcher]");
+}
+
+void ChangePitcher(Board& board, Side side) {
+  const LineupList& list = SideOf(board, side).list;
+  if (list.SelectedEntry().empty()) return;
   Trapped(board.platform.boxes, [&] {
-    const Gesture gesture(board, "pitcher, " + PlayerNameOf(fields.list.SelectedEntry()));
-    fields.pitcherPhoto.Set({});
-    fields.pitcherTag.Set(fields.pitcher.value());
-    fields.pitcher.Set(PlayerNameOf(fields.list.SelectedEntry()));
-    GiveRow(fields.grid, fields.pitcher.value());
-    GiveSheetLine(board, side, fields.pitcher.value());
-    TakeBackReportedInnings(board);
-    CalcPitcherIP(board);
-    // Only the highlight goes back: naming a pitcher brings nobody to bat.
-    if (!fields.rememberedRow.value().empty()) HighlightPlaceInOrder(board, side);
-    board.log.Append(fields.pitcher.value() + "_____[current pitcher]");
+    const std::string name = PlayerNameOf(list.SelectedEntry());
+    const Gesture gesture(board, "pitcher, " + name);
+    NamePitcher(board, side, name);
   });
+}
+
+void TakeOffPitcher(Board& board, Side side) {
+  const SideFields fields = SideOf(board, side);
+  fields.pitcherPhoto.Set({});
+  fields.pitcherTag.Set("");
+  fields.pitcher.Set("");
+  for (int row = 1; row < fields.grid.rows(); ++row) {
+    if (!fields.grid.Text(row, stat_column::kPitcher).empty()) EnterPitcher(fields.grid, row, "");
+  }
 }
 
 void RefreshPitcherPhotos(Board& board) {

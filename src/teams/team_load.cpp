@@ -13,6 +13,7 @@
 #include "game/player_name.h"
 #include "platform/trapped.h"
 #include "teams/logos.h"
+#include "teams/pitchers.h"
 #include "teams/team_file.h"
 
 namespace dtb {
@@ -61,6 +62,16 @@ void EmptySide(Board& board, Side side) {
   fields.list.Clear();
   fields.loaded.Clear();
   fields.logo.Set({});
+}
+
+// Of a game that is not under way: nothing of other teams stays on the sheet.
+void EmptySheet(Board& board, Side side) {
+  StatGrid& grid = SideOf(board, side).grid;
+  for (int row = 1; row < grid.rows(); ++row) {
+    grid.SetText(row, stat_column::kBatter, "");
+    grid.SetText(row, stat_column::kPlayed, "");
+  }
+  TakeOffPitcher(board, side);
 }
 
 // The lines are in the list; `name` is the team's. A name of nothing is refused at the end.
@@ -144,11 +155,19 @@ bool ReplaceTeam(Board& board, Side side, const std::filesystem::path& file) {
 bool ReplaceTeams(Board& board, const std::array<TeamLines, 2>& teams, const std::string& step) {
   return Trapped(board.platform.boxes, [&] {
     const Gesture gesture(board, step);
-    for (const Side side : {Side::Visitors, Side::Home}) EmptySide(board, side);
+    const bool underWay = GameUnderWay(board);
+    for (const Side side : {Side::Visitors, Side::Home}) {
+      EmptySide(board, side);
+      if (!underWay) EmptySheet(board, side);
+    }
     for (const Side side : {Side::Visitors, Side::Home}) {
       const TeamLines& team = teams.at(side == Side::Visitors ? 0 : 1);
-      for (const std::string& line : team.lines) SideOf(board, side).list.Append(line);
+      const SideFields fields = SideOf(board, side);
+      for (const std::string& line : team.lines) fields.list.Append(line);
       FillSide(board, side, team.name);
+      if (!team.starter.empty() && fields.pitcher.value().empty()) {
+        NamePitcher(board, side, team.starter);
+      }
     }
     TellCommonNames(board);
   });

@@ -23,9 +23,12 @@ bool OpenTeam(Board& board, Side side, const std::filesystem::path& file);
 struct TeamLines {
   std::string name;
   std::vector<std::string> lines;  // as a team file has them
+  std::string starter = {};        // the name of who starts as pitcher; "": to be named by hand
 };
 
-// Empties both sides' lists and logos and fills them, visitors first, as one step of that name.
+// Empties both sides' lists and logos and fills them, visitors first, as one step of that name. The
+// starters are named pitchers. Nothing of other teams stays on the sheet, except in a game that is
+// under way: there a starter is named only where a side has no pitcher yet.
 bool ReplaceTeams(Board& board, const std::array<TeamLines, 2>& teams, const std::string& step);
 
 // Empties the side's list and logo, and opens a team file.

@@ -154,6 +154,10 @@ TEST_F(Archives, AFolderReadsAsTheZipDoes) {
   EXPECT_EQ(MakeTeams(archives, game).exitCode, 0);
   replace.game = "OAK190001010";
   EXPECT_EQ(MakeTeams(archives, replace).exitCode, 1);
+  replace.game.clear();
+  replace.form.pitchers = "{era} {avg}";
+  const CommandResult refused = MakeTeams(archives, replace);
+  EXPECT_NE(refused.errors.find("{avg}. The words are {pos}"), std::string::npos) << refused.errors;
 }
 
 TEST_F(Archives, NamesAreThoseOfMenAndClubsWhateverStandsInTheLines) {
@@ -172,7 +176,8 @@ TEST_F(Archives, NamesAreThoseOfMenAndClubsWhateverStandsInTheLines) {
   EXPECT_EQ(ClubNamed(season, "AAA").men.size(), season_limit::kMenOfClub);
   EXPECT_EQ(ManNamed(season, "AAA", "long1").last.size(), season_limit::kNameBytes);
   std::set<std::string> names;
-  const TeamText team = MakeTeamText(season, 0, LineUpUsedMost(season, 0), {});
+  const TeamText team =
+      MakeTeamText(season, 0, LineUpOfSeason(season, 0, SeasonNine::UsedMost), {});
   for (const std::string& name : NamesOf(team)) EXPECT_TRUE(names.insert(name).second) << name;
   // The All-Star roster makes no team.
   ZipArchives archives;

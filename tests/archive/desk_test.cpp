@@ -178,6 +178,72 @@ TEST_F(SeasonWindow, ASeasonIsGoneThroughGameByGame) {
   EXPECT_EQ(Entry(Side::Visitors, 0).substr(0, 12), "Kyle Tucker=");
 }
 
+TEST_F(SeasonWindow, TheStartersOfAGameAreItsPitchers) {
+  const auto pitchers = [this] {
+    std::string text = boardState.lbl_VisPitcher.value() + '/' + boardState.lbl_HomePitcher.value();
+    for (const StatGrid* grid : {&sheet.grd_VisStats, &sheet.grd_HomeStats}) {
+      text += " |";
+      for (int row = 1; row < grid->rows(); ++row) {
+        const std::string_view name = grid->Text(row, stat_column::kPitcher);
+        if (!name.empty()) text.append(" ").append(name);
+      }
+    }
+    return text;
+  };
+  const std::string first = "Dylan Bundy/Sean Manaea | Dylan Bundy | Sean Manaea";
+  const std::string second = "Zack Greinke/Chris Bassitt | Zack Greinke | Chris Bassitt";
+  OpenArchiveDesk(desk);
+  Read();
+  SelectTeamNamed("Oakland 2020");
+  SelectGame(desk, 2);
+  EXPECT_TRUE(LoadGame(desk));
+  EXPECT_EQ(pitchers(), first);
+  EXPECT_EQ(log.text(),
+            "Dylan Bundy_____[current pitcher]\r\nSean Manaea_____[current pitcher]\r\n");
+  // Before a game has begun another one takes its place, on the sheet, too.
+  const int longer = SideOf(board, Side::Home).list.size();
+  SelectGameOn("2020-08-07");
+  EXPECT_TRUE(LoadGame(desk));
+  EXPECT_EQ(pitchers(), second);
+  for (const Side side : {Side::Visitors, Side::Home}) {
+    const SideFields fields = SideOf(board, side);
+    for (int row = fields.list.size() + 1; row <= longer; ++row) {
+      EXPECT_EQ(fields.grid.Text(row, stat_column::kBatter), "") << row;
+    }
+  }
+  history.Undo(board);
+  EXPECT_EQ(pitchers(), first);
+  history.Undo(board);
+  EXPECT_EQ(pitchers(), "/ | |");
+  history.Redo(board);
+  EXPECT_EQ(pitchers(), first);
+  // Into a game that is under way.
+  sheet.grd_VisStats.SetText(1, stat_column::kAtBats, "1");
+  EXPECT_TRUE(LoadGame(desk));
+  EXPECT_EQ(boardState.tb_VisTeam.value(), "Houston 2020");
+  EXPECT_EQ(pitchers(), first);
+}
+
+TEST_F(SeasonWindow, AStarterMayStandInTheOrder) {
+  const std::filesystem::path archive = folder / "old";
+  std::string game = "id,AAA197504010\ninfo,visteam,BBB\ninfo,hometeam,AAA\n";
+  for (const char* side : {"0", "1"}) {
+    for (int place = 1; place <= 9; ++place) {
+      const int position = place == 8 ? 1 : place == 9 ? 9 : place + 1;
+      game += std::string("start,") + (side[0] == '0' ? 'v' : 'h') + std::to_string(place) +
+              ",\"\"," + side + ',' + std::to_string(place) + ',' + std::to_string(position) + '\n';
+    }
+  }
+  std::filesystem::create_directories(archive);
+  WriteWholeFile(archive / "1975AAA.EVA", game);
+  Read(archive);
+  SelectGame(desk, 1);
+  EXPECT_TRUE(LoadGame(desk));
+  EXPECT_EQ(boardState.lbl_VisPitcher.value() + boardState.lbl_HomePitcher.value(), "v8h8");
+  EXPECT_EQ(SideOf(board, Side::Home).list.size(), 9);
+  EXPECT_EQ(sheet.grd_HomeStats.Text(8, stat_column::kBatter), "h8");
+}
+
 TEST_F(SeasonWindow, APlayerOfBothTeamsIsTold) {
   WriteWholeFile(folder / "Teams" / "A.txt", "Hal One\nPell Two=P\n");
   WriteWholeFile(folder / "Teams" / "B.txt", "Pell Two\nVarrow\n");

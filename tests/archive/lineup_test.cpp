@@ -79,7 +79,8 @@ TEST(LineUps, OurOwnReaderReadsTheSameMenOfEveryTeam) {
     for (const NameForm names : {NameForm::FirstLast, NameForm::LastFirst}) {
       LineForm form;
       form.names = names;
-      const TeamText team = MakeTeamText(season, club, LineUpUsedMost(season, club), form);
+      const TeamText team =
+          MakeTeamText(season, club, LineUpOfSeason(season, club, SeasonNine::UsedMost), form);
       const std::filesystem::path file = folder / FileNameOf(team);
       WriteTeamFile(file, BytesOf(team));
       files.insert(file.filename());
@@ -113,7 +114,7 @@ TEST(LineUps, TheOneUsedMostIsFoundWhoeverPitches) {
       {{"1975AAA.EVA", Nine("AAA197504010", "once", 0) + Nine("AAA197504020", "often", 0) +
                            Nine("AAA197504030", "often", 0) + Nine("AAA197504040", "once", 9)}});
   const Season season = ReadAll(archive);
-  const LineUp lineUp = LineUpUsedMost(season, 1);
+  const LineUp lineUp = LineUpOfSeason(season, 1, SeasonNine::UsedMost);
   const Club& club = season.clubs[1];
   ASSERT_EQ(lineUp.order.size(), 9U);
   EXPECT_EQ(club.men[lineUp.order[0].man].id, "often");
@@ -199,6 +200,64 @@ TEST(LineUps, WhoBelongedToTheOtherClubThatDayStaysOut) {
             with + "Max Moved, Lou Late, Ty Twice, | Hal One, Ty Twice (2), | 2");
 }
 
+TEST(LineUps, WhereRoomIsShortTheyGoWhoWereAwayLongest) {
+  // Four players each were in a game up to 14 days before and after the 15th; those of 13 days
+  // played most.
+  std::string games;
+  for (int day = 1; day <= 29; ++day) {
+    std::string lines = Line("start", "pitcher", 1, 0, 1);
+    for (int away = 1; away <= 14; ++away) {
+      if (std::abs(day - 15) != away && (away != 13 || std::abs(day - 15) != 14)) continue;
+      for (const char* who : {"a", "b", "c", "d"}) {
+        lines += Line("sub", std::to_string(away) + who, 1, 1, 11);
+      }
+    }
+    games += Day("AAA", day, lines);
+  }
+  TextArchive archive({{"1975AAA.EVA", games}});
+  const Season season = ReadAll(archive);
+  const TeamText team = MakeGameTeams(season, season.games.at(14), {}).teams[1];
+  const std::set<std::string> left(team.leftOut.begin(), team.leftOut.end());
+  EXPECT_EQ(left, (std::set<std::string>{"13a", "13b", "13c", "13d", "14a", "14b", "14c", "14d"}));
+}
+
+TEST(LineUps, TheUsualMenPlayWhereTheirTeamMissesThemMost) {
+  // A began most games at short; but with B there and A at second more of their games count than
+  // with A at short and one of four others at second. T began most games at third, never beside B.
+  std::string games;
+  for (int day = 1; day <= 7; ++day) {
+    const bool first = day <= 4;
+    const std::string other = "other" + std::to_string(day);
+    const std::array<std::pair<std::string, int>, 9> nine{{{first ? "a" : "b", 6},
+                                                           {first ? other : "a", 4},
+                                                           {"m", 8},
+                                                           {"l", 3},
+                                                           {"n", 7},
+                                                           {"o", 9},
+                                                           {first ? "t" : "u", 5},
+                                                           {"k", 2},
+                                                           {first ? "p" : "q", 1}}};
+    std::string lines;
+    for (int place = 1; place <= 9; ++place) {
+      const auto& [man, position] = nine.at(static_cast<std::size_t>(place - 1));
+      lines += Line("start", man, 1, place, position);
+    }
+    games += Day("AAA", day, lines);
+  }
+  TextArchive archive({{"1975AAA.EVA", games}});
+  const Season season = ReadAll(archive);
+  const auto told = [&](SeasonNine nine) {
+    std::string text;
+    const int club = season.games[0].sides[1].club;
+    for (const Placed& one : LineUpOfSeason(season, club, nine).order) {
+      text += season.clubs[club].men[one.man].id + ' ' + PositionName(one.position) + ", ";
+    }
+    return text;
+  };
+  EXPECT_EQ(told(SeasonNine::UsedMost), "b SS, a 2B, m CF, l 1B, n LF, o RF, u 3B, k C, p P, ");
+  EXPECT_EQ(told(SeasonNine::UsualMen), "b SS, a 2B, m CF, l 1B, n LF, o RF, t 3B, k C, p P, ");
+}
+
 TEST(LineUps, NoTwoTeamsOfAGameShareAName) {
   const std::unique_ptr<Archive> part = PartArchive();
   const Season season = ReadAll(*part);
@@ -260,7 +319,8 @@ TEST(Remarks, FollowTheForm) {
                  .walks = 5,
                  .strikeouts = 9,
                  .hitByPitch = 1,
-                 .stolenBases = 5};
+                 .stolenBases = 5,
+                 .gamesAt = {0, 2, 0, 0, 12, 0, 12, 0, 0, 0, 0, 30, 0}};
   man.pitching = {.games = 4,
                   .starts = 1,
                   .outs = 31,
@@ -273,14 +333,24 @@ TEST(Remarks, FollowTheForm) {
       {"{pos} {bats} {avg} {hr} HR", "SS S .333 4 HR"},
       {"{power} {speed}", "power speed AA"},
       {"{slg} {obp} {3b}{2b}", ".617 .394 13"},
+      {"{at}", "2B 12, SS 12, P 2"},
+      {"{avg}{few} {pa}", ".333? 66"},
       {"  a   {sh}  = b ", "a 0 = b"},
       {"{era} {nothing", "{era} {nothing"},
       {"", ""}};
   for (const auto& [form, remark] : batting) EXPECT_EQ(Remark(form, man, "SS", false), remark);
-  EXPECT_EQ(Remark("{throws} {ip} {h} {bb} {k} {era} {role}", man, "P", true),
-            "L 10.1 9 3 12 3.48 relief");
-  EXPECT_EQ(Remark("{avg} {obp}", Man{}, "", false), ".--- .---");
-  EXPECT_EQ(Remark("{era}|{ip}|{role}", Man{}, "", true), "-.--|0.0|");
+  EXPECT_EQ(Remark("{throws} {ip} {h} {bb} {k} {era}{few} {role}", man, "P", true),
+            "L 10.1 9 3 12 3.48? relief");
+  EXPECT_EQ(Remark("{avg}{few} {obp} {at}", Man{}, "", false), ".--- .---");
+  EXPECT_EQ(Remark("{era}{few}|{ip}|{role}", Man{}, "", true), "-.--|0.0|");
+  // A hundred plate appearances, and thirty innings, are no small sample any more.
+  for (const int more : {33, 34}) {
+    man.batting.walks = 5 + more;
+    man.pitching.outs = 56 + more;
+    const std::string mark = more == 33 ? "?" : "";
+    EXPECT_EQ(Remark("{few}", man, "", false) + '|' + Remark("{few}", man, "", true),
+              mark + '|' + mark);
+  }
   man.batting.atBats = man.batting.hits = 2;
   EXPECT_EQ(Remark("{avg}", man, "", false), "1.000");
   EXPECT_EQ(UnknownWords("{pos} {era} {avg}", false), std::vector<std::string>{"{era}"});

@@ -20,7 +20,7 @@ void Require(bool holds) {
 
 void MakeTeams(const Season& season) {
   for (int club = 0; club < static_cast<int>(season.clubs.size()); ++club) {
-    const LineUp lineUp = LineUpUsedMost(season, club);
+    const LineUp lineUp = LineUpOfSeason(season, club, SeasonNine::UsedMost);
     const TeamText team = MakeTeamText(season, club, lineUp, {});
     Require(team.lines.size() <= kMostMen);
     Require(FileNameOf(team).find('/') == std::string::npos);

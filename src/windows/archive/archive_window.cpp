@@ -201,6 +201,21 @@ void ArchiveWindow::BuildForms(QVBoxLayout* whole) {
   strip->addWidget(lastFirst);
 }
 
+void ArchiveWindow::AddNine(QBoxLayout* strip, const char* name, const char* caption,
+                            const char* tip, archive::SeasonNine nine) {
+  QPushButton* button = AddButton(strip, name, caption, tip);
+  button->setCheckable(true);
+  Follow<bool>(button, state_.hasClub, [button](bool has) { button->setEnabled(has); });
+  const auto mark = [this, button, nine] { button->setChecked(state_.shownNine.value() == nine); };
+  FollowAll(button, mark, state_.shownNine);
+  connect(button, &QPushButton::clicked, this, [this, mark, nine] {
+    archive::SelectNine(desk_, nine);
+    mark();  // a second press takes no mark away
+    games_->clearSelection();
+    games_->setCurrentIndex({});
+  });
+}
+
 void ArchiveWindow::BuildButtons(QVBoxLayout* whole) {
   auto* strip = new QHBoxLayout;
   strip->setSpacing(8);
@@ -212,9 +227,14 @@ void ArchiveWindow::BuildButtons(QVBoxLayout* whole) {
   QPushButton* home = AddButton(strip, "cmd_LoadHome", "Load as home",
                                 "Writes the line-up and loads it as the home team");
   QPushButton* both = AddButton(strip, "cmd_LoadGame", "Load both teams",
-                                "Loads both line-ups of the game onto the board");
-  QPushButton* used = AddButton(strip, "cmd_UsedMost", "Line-up used most",
-                                "Shows the line-up that the team used most in the season");
+                                "Loads both line-ups of the game onto the board, "
+                                "with their starting pitchers");
+  AddNine(strip, "cmd_UsedMost", "Line-up used most",
+          "Shows the line-up that the team used most in the season", archive::SeasonNine::UsedMost);
+  AddNine(strip, "cmd_UsualMen", "The usual men",
+          "Shows nine players: at each position who began most games there, "
+          "in the order in which they most often batted",
+          archive::SeasonNine::UsualMen);
   QPushButton* next = AddButton(strip, "cmd_NextGame", "Next game",
                                 "Loads both teams of the next game in the list "
                                 "that is not played yet");
@@ -235,11 +255,6 @@ void ArchiveWindow::BuildButtons(QVBoxLayout* whole) {
   connect(home, &QPushButton::clicked, this, [this] { archive::LoadTeamAs(desk_, Side::Home); });
   connect(both, &QPushButton::clicked, this, [this] { Finish(archive::LoadGame(desk_)); });
   connect(next, &QPushButton::clicked, this, [this] { Finish(archive::LoadNextGame(desk_)); });
-  connect(used, &QPushButton::clicked, this, [this] {
-    archive::SelectUsedMost(desk_);
-    games_->clearSelection();
-    games_->setCurrentIndex({});
-  });
   Follow<int>(write, state_.shownFiles, [=](int shown) {
     write->setText(shown == 2 ? QStringLiteral("Write both files")
                               : QStringLiteral("Write team file"));
@@ -248,7 +263,7 @@ void ArchiveWindow::BuildButtons(QVBoxLayout* whole) {
       one->setVisible(shown < 2);
       one->setEnabled(shown == 1);
     }
-    for (QPushButton* game : {both, used}) game->setVisible(shown == 2);
+    both->setVisible(shown == 2);
   });
   Follow<bool>(next, state_.hasNext, [next](bool left) { next->setEnabled(left); });
 

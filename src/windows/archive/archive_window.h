@@ -36,6 +36,9 @@ class ArchiveWindow : public QDialog {
   void BuildButtons(QVBoxLayout* whole);
 
   QPushButton* AddButton(QBoxLayout* strip, const char* name, const char* caption, const char* tip);
+  // A button that shows one of the nines of the season, and is marked while it is shown.
+  void AddNine(QBoxLayout* strip, const char* name, const char* caption, const char* tip,
+               archive::SeasonNine nine);
   QLabel* AddText(QBoxLayout* place, const char* name, Field<std::string>& text);
   StatGridView* AddGrid(QBoxLayout* place, const char* name, const char* accessibleName,
                         StatGrid& grid);

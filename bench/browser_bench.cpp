@@ -29,7 +29,8 @@ class Watch : public QObject {
     qApp->installEventFilter(this);
     since_.start();
     turn_ = startTimer(0);
-    BrowserWindow::Run(platform, &board);
+    archive::KeptSeason kept;
+    BrowserWindow::Run(platform, kept, &board);
     killTimer(turn_);
   }
 

@@ -87,7 +87,7 @@ void Pictures(benchmark::State& state, int games, int which) {
   const auto season = std::make_shared<const SeasonFigures>(ReadSeasonFigures(database));
   if (which == 0) {
     SeasonCourseChart chart;
-    chart.SetSeason(season, -1);
+    chart.SetSeason(season, StandingsByGroup(*season, {}), kAllGroups, -1);
     return Picture(state, "season: standings painted", games, chart);
   }
   if (which == 1) {

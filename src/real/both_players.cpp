@@ -115,6 +115,8 @@ std::uint32_t FiguresOf(SeasonLead lead) {
   switch (lead) {
     case SeasonLead::Average:
       return bits(&Batting::atBats, &Batting::hits);
+    case SeasonLead::Hits:
+      return bits(&Batting::hits);
     case SeasonLead::HomeRuns:
       return bits(&Batting::homeRuns);
     case SeasonLead::RunsBattedIn:

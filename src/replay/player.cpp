@@ -7,10 +7,10 @@
 #include <QTimer>
 #include <QWindow>
 #include <algorithm>
-#include <csignal>
 #include <cstdio>
 #include <utility>
 
+#include "base/system.h"
 #include "base/whole_file.h"
 #include "game/bases.h"
 #include "game/batting_order.h"
@@ -423,7 +423,7 @@ void Player::Kill() {
   } catch (const ProgramError& fault) {
     throw Refused(QStringLiteral("the next line cannot be noted: ") + ToQt(fault.what()));
   }
-  std::raise(SIGKILL);
+  system::EndByForce();
 }
 
 void Player::RequireState(const QString& expectation) const {

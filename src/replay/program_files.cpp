@@ -4,13 +4,16 @@
 #include <QFileInfo>
 #include <QStringList>
 
+#include "base/paths.h"
+#include "base/system.h"
+#include "platform/qt/qt_text.h"
 #include "replay/gestures.h"
 
 namespace dtb::replay {
 
 QString FindProgramFiles(const QString& given) {
   // Asked of the system, since there may be no application yet.
-  const QDir executables(QFileInfo(QFileInfo("/proc/self/exe").symLinkTarget()).path());
+  const QDir executables(ToQt(TextOf(system::ExecutableFolder())));
   QStringList folders{given};
   if (given.isEmpty()) {
     folders = {executables.path(), executables.filePath("program"),

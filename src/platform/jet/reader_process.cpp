@@ -13,6 +13,7 @@
 
 #include "base/paths.h"
 #include "base/program_error.h"
+#include "base/system.h"
 
 namespace dtb::jet {
 namespace {
@@ -24,7 +25,7 @@ constexpr const char* kReader = "dtb_jet_reader";
 // Beside the program, or where the package has it.
 fs::path ReaderProgram() {
   std::error_code error;
-  const fs::path folder = fs::read_symlink("/proc/self/exe", error).parent_path();
+  const fs::path folder = system::ExecutableFolder();
   for (const fs::path& place :
        {folder / kReader, folder / "../lib/games/kelvane-diamond-table" / kReader}) {
     if (fs::is_regular_file(place, error)) return place;

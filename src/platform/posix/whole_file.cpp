@@ -13,6 +13,7 @@
 
 #include "base/paths.h"
 #include "base/program_error.h"
+#include "base/system.h"
 
 namespace dtb {
 namespace {
@@ -104,12 +105,6 @@ int FaultOfWriting(Descriptor& file, std::string_view bytes, bool toDisk) {
   return file.Close() ? 0 : errno;
 }
 
-// The new name is on the disk, too. A folder that cannot be forced has its name all the same.
-void SyncFolder(const fs::path& folder) {
-  const Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
-  if (descriptor.valid()) fsync(descriptor.number());
-}
-
 }  // namespace
 
 void ThrowWriteFault(const std::string& kind, const fs::path& file, int fault) {
@@ -173,7 +168,7 @@ void FileBeside::MoveIntoPlace() {
   if (fault == 0 && rename(path_.c_str(), place_.c_str()) != 0) fault = errno;
   if (fault != 0) ThrowWriteFault(kind_, asked_, fault);
   moved_ = true;
-  SyncFolder(FolderOf(place_));
+  system::SyncFolder(FolderOf(place_));
 }
 
 void WriteWholeFile(const fs::path& file, std::string_view bytes, const std::string& kind) {
@@ -193,7 +188,7 @@ void MoveFolderIntoPlace(const fs::path& draft, const fs::path& place, const std
   // One call for all files in it; it tells of any that did not reach the disk.
   if (!folder.valid() || syncfs(folder.number()) != 0) ThrowWriteFault(kind, place, errno);
   if (rename(draft.c_str(), place.c_str()) != 0) ThrowWriteFault(kind, place, errno);
-  SyncFolder(FolderOf(place));
+  system::SyncFolder(FolderOf(place));
 }
 
 std::optional<std::string> ReadWholeFile(const fs::path& file, std::size_t most) {

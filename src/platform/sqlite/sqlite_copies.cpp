@@ -1,10 +1,7 @@
 #include "platform/sqlite/sqlite_copies.h"
 
 #include <SQLiteCpp/Backup.h>
-#include <fcntl.h>
 #include <sqlite3.h>
-#include <sys/file.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -14,6 +11,7 @@
 #include <system_error>
 
 #include "base/paths.h"
+#include "base/system.h"
 #include "platform/database.h"
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/schema.h"
@@ -23,6 +21,8 @@ namespace {
 
 namespace fs = std::filesystem;
 using sqlite::Told;
+using system::FolderHeld;
+using system::SyncFolder;
 
 constexpr const char* kUnfinished = ".new";
 
@@ -83,31 +83,6 @@ std::string QuickCheck(SQLite::Database& database) {
   database.exec("PRAGMA ignore_check_constraints = ON");
   return database.execAndGet("PRAGMA quick_check(1)").getString();
 }
-
-void SyncFolder(const fs::path& folder) {
-  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return;
-  fsync(descriptor);
-  close(descriptor);
-}
-
-// Keeps another board from putting a file into the folder at the same time, as long as this object
-// lives. Where the file system knows no locks, nothing is kept away.
-class FolderHeld {
- public:
-  explicit FolderHeld(const fs::path& folder)
-      : descriptor_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    while (descriptor_ >= 0 && flock(descriptor_, LOCK_EX) != 0 && errno == EINTR) continue;
-  }
-  ~FolderHeld() {
-    if (descriptor_ >= 0) close(descriptor_);
-  }
-  FolderHeld(const FolderHeld&) = delete;
-  FolderHeld& operator=(const FolderHeld&) = delete;
-
- private:
-  int descriptor_;
-};
 
 [[noreturn]] void Refuse(const std::string& what, const std::error_code& error) {
   const bool full = error == std::errc::no_space_on_device;

@@ -1,0 +1,140 @@
+#!/bin/bash
+# Builds for 64-bit Windows, from Debian's own sources, the libraries that the board needs, into
+# FOLDER/libraries. What stands there already stays, so a second run takes a moment. FOLDER/built.txt
+# says what was built, from which version, with which hash. The system's own lists are not changed.
+#
+# Usage: libraries.sh FOLDER [LIBRARY...]
+set -euo pipefail
+
+here=$(cd "$(dirname "$0")" && pwd)
+folder=$(mkdir -p "$1" && cd "$1" && pwd)
+shift
+prefix=$folder/libraries
+sources=$folder/sources
+record=$folder/built.txt
+host=x86_64-w64-mingw32
+flags="-O2 -ffunction-sections -fdata-sections"
+mkdir -p "$prefix" "$sources/lists/partial" "$sources/parts"
+touch "$record"
+
+apt_of_sources() {
+  apt-get -o Dir::Etc::sourcelist=/dev/null -o Dir::Etc::sourceparts="$sources/parts" \
+    -o Dir::State::lists="$sources/lists" -o APT::Sandbox::User=root "$@"
+}
+
+# Lists of Debian's sources in a folder of their own, made from those of the packages.
+update_lists() {
+  [[ -e $sources/parts/sources.sources ]] && return
+  cat /etc/apt/sources.list.d/*.sources | sed 's/^Types:.*/Types: deb-src/' >"$sources/parts/new"
+  [[ ! -e /etc/apt/sources.list ]] ||
+    sed -n 's/^deb /deb-src /p' /etc/apt/sources.list >"$sources/parts/sources.list"
+  mv "$sources/parts/new" "$sources/parts/sources.sources"
+  apt_of_sources update -qq
+}
+
+# Unpacks the source package with Debian's patches, and names it in the record.
+fetch() {
+  local name=$1
+  update_lists
+  (cd "$sources" && rm -rf "$name-source" && apt_of_sources source -qq --download-only "$name")
+  local dsc=("$sources/${name}"_*.dsc)
+  dpkg-source --no-check -x "${dsc[-1]}" "$sources/$name-source" >/dev/null
+  version=$(sed -n 's/^Version: //p' "${dsc[-1]}" | head -n 1)
+  hash=$(sha256sum <"${dsc[-1]}" | cut -d ' ' -f 1)
+}
+
+built() { grep -q "^$1 " "$record"; }
+note() { echo "$1 $version $hash" >>"$record"; }
+
+with_cmake() {
+  local source=$1 build=$2
+  shift 2
+  cmake -G Ninja -S "$source" -B "$build" -DCMAKE_TOOLCHAIN_FILE="$here/toolchain.cmake" \
+    -DDTB_LIBRARIES="$prefix" -DCMAKE_INSTALL_PREFIX="$prefix" -DCMAKE_BUILD_TYPE=Release "$@"
+  cmake --build "$build"
+  cmake --install "$build"
+}
+
+build_qt() {
+  fetch qt6-base
+  with_cmake "$sources/qt6-base-source" "$folder/qt" -DQT_HOST_PATH=/usr \
+    -DQT_HOST_PATH_CMAKE_DIR=/usr/lib/x86_64-linux-gnu/cmake -DQT_BUILD_EXAMPLES=OFF \
+    -DQT_BUILD_TESTS=OFF -DFEATURE_sql=OFF -DFEATURE_network=OFF -DFEATURE_dbus=OFF \
+    -DFEATURE_xml=OFF -DFEATURE_concurrent=OFF -DFEATURE_opengl=OFF -DINPUT_opengl=no \
+    -DFEATURE_vulkan=OFF -DFEATURE_zstd=OFF -DFEATURE_tabletevent=OFF
+  rm -rf "$folder/qt"
+}
+
+# The .c files of a folder that are named, as a static library, with the headers beside them.
+archive_of() {
+  local library=$1 source=$2 file objects=()
+  shift 2
+  for file in "$@"; do
+    $host-gcc-posix $flags -I"$source" -I"$prefix/include" -c "$source/$file.c" -o "$source/$file.o"
+    objects+=("$source/$file.o")
+  done
+  mkdir -p "$prefix/lib"
+  rm -f "$prefix/lib/lib$library.a"
+  $host-ar rcs "$prefix/lib/lib$library.a" "${objects[@]}"
+}
+
+build_zlib() {
+  fetch zlib
+  local source=$sources/zlib-source
+  archive_of z "$source" adler32 compress crc32 deflate gzclose gzlib gzread gzwrite infback \
+    inffast inflate inftrees trees uncompr zutil
+  install -D -m 644 -t "$prefix/include" "$source/zlib.h" "$source/zconf.h"
+}
+
+build_minizip() {
+  fetch minizip
+  local source=$sources/minizip-source
+  archive_of minizip "$source" zip unzip ioapi iowin32
+  install -D -m 644 -t "$prefix/include/minizip" "$source"/{zip,unzip,ioapi,iowin32}.h
+}
+
+build_sqlite() {
+  fetch sqlite3
+  local source=$sources/sqlite3-source
+  (cd "$source" && [[ -e sqlite3.c ]] || (cd "$source" && ./configure --disable-tcl && make sqlite3.c))
+  flags="$flags -DSQLITE_THREADSAFE=1 -DSQLITE_ENABLE_COLUMN_METADATA" \
+    archive_of sqlite3 "$source" sqlite3
+  install -D -m 644 -t "$prefix/include" "$source/sqlite3.h"
+}
+
+build_sqlitecpp() {
+  fetch sqlitecpp
+  with_cmake "$sources/sqlitecpp-source" "$folder/sqlitecpp" -DSQLITECPP_INTERNAL_SQLITE=OFF \
+    -DSQLITECPP_RUN_CPPLINT=OFF -DSQLITECPP_BUILD_TESTS=OFF -DSQLite3_INCLUDE_DIR="$prefix/include" \
+    -DSQLite3_LIBRARY="$prefix/lib/libsqlite3.a"
+}
+
+build_xlsxwriter() {
+  fetch libxlsxwriter
+  with_cmake "$sources/libxlsxwriter-source" "$folder/xlsxwriter" -DBUILD_SHARED_LIBS=OFF \
+    -DZLIB_INCLUDE_DIR="$prefix/include" -DZLIB_LIBRARY="$prefix/lib/libz.a"
+}
+
+# ICU builds its own tools for this machine first, and with them its data for Windows.
+build_icu() {
+  fetch icu
+  local source
+  source=$(find "$sources/icu-source" -type d -path '*source' | head -n 1)
+  local options=(--disable-samples --disable-tests --disable-extras --disable-icuio)
+  mkdir -p "$folder/icu-here" "$folder/icu-windows"
+  (cd "$folder/icu-here" && "$source/configure" "${options[@]}" && make -j2)
+  (cd "$folder/icu-windows" && CC=$host-gcc-posix CXX=$host-g++-posix CFLAGS="$flags" \
+    CXXFLAGS="$flags -std=c++17" "$source/configure" --host=$host --enable-static --disable-shared \
+    --disable-tools --with-data-packaging=static --with-cross-build="$folder/icu-here" \
+    --prefix="$prefix" "${options[@]}" && make -j2 && make install)
+  rm -rf "$folder/icu-here" "$folder/icu-windows"
+}
+
+libraries=("$@")
+[[ $# -gt 0 ]] || libraries=(zlib minizip sqlite sqlitecpp xlsxwriter icu qt)
+for library in "${libraries[@]}"; do
+  built "$library" && continue
+  echo "Building $library for Windows"
+  "build_$library"
+  note "$library"
+done

@@ -1,0 +1,32 @@
+// What the program needs of the operating system beyond the standard library and Qt. There is one
+// source for each system, in platform; base/whole_file.h has files.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+
+namespace dtb::system {
+
+// The folder of the program that runs, behind all links; empty where the system does not tell it.
+[[nodiscard]] std::filesystem::path ExecutableFolder();
+
+// Forces the names in a folder to the disk. A folder that cannot be forced has them all the same.
+void SyncFolder(const std::filesystem::path& folder);
+
+// Keeps other programs of ours that ask in the same way out of a folder, as long as this object
+// lives; waits until they are. Where the file system knows no locks, nothing is kept out.
+class FolderHeld {
+ public:
+  explicit FolderHeld(const std::filesystem::path& folder);
+  ~FolderHeld();
+  FolderHeld(const FolderHeld&) = delete;
+  FolderHeld& operator=(const FolderHeld&) = delete;
+
+ private:
+  std::intptr_t handle_;  // of the system; -1: none
+};
+
+// Ends the program at once, as a power cut would: nothing is written, closed or told any more.
+[[noreturn]] void EndByForce();
+
+}  // namespace dtb::system

@@ -1,0 +1,44 @@
+#include "base/system.h"
+
+#include <windows.h>
+
+#include <string>
+
+namespace dtb::system {
+
+std::filesystem::path ExecutableFolder() {
+  constexpr std::size_t kLongestPath = 32768;  // of Windows, with long paths
+  std::wstring path(kLongestPath, L'\0');
+  const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+  path.resize(length);
+  return std::filesystem::path(path).parent_path();
+}
+
+// NTFS keeps its names in a journal of its own; a folder takes no flush.
+void SyncFolder(const std::filesystem::path& /*folder*/) {}
+
+// A folder itself takes no lock, so a file in it stands for it, which goes with the last handle.
+FolderHeld::FolderHeld(const std::filesystem::path& folder) {
+  constexpr DWORD kTurn = 20;  // milliseconds between two tries
+  const std::wstring file = (folder / L".held").wstring();
+  for (;;) {
+    HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    handle_ = reinterpret_cast<std::intptr_t>(handle);
+    const DWORD fault = handle == INVALID_HANDLE_VALUE ? GetLastError() : ERROR_SUCCESS;
+    if (fault != ERROR_SHARING_VIOLATION && fault != ERROR_DELETE_PENDING) return;
+    Sleep(kTurn);
+  }
+}
+
+FolderHeld::~FolderHeld() {
+  HANDLE handle = reinterpret_cast<HANDLE>(handle_);
+  if (handle != INVALID_HANDLE_VALUE) CloseHandle(handle);
+}
+
+void EndByForce() {
+  TerminateProcess(GetCurrentProcess(), 137);  // as a shell tells of SIGKILL
+  for (;;) Sleep(INFINITE);
+}
+
+}  // namespace dtb::system

@@ -1,7 +1,7 @@
 // A season's archive, read to line-ups and figures, beside unzipping alone. Goals: 3 times, and 30
 // teams with 900 games within 2 seconds.
-#include <unzip.h>
-#include <zip.h>
+#include <minizip/unzip.h>
+#include <minizip/zip.h>
 
 #include <QTemporaryDir>
 #include <array>

@@ -119,7 +119,7 @@ build_xlsxwriter() {
 build_icu() {
   fetch icu
   local source
-  source=$(find "$sources/icu-source" -mindepth 1 -type d -name source | head -n 1)
+  source=$(dirname "$(find "$sources/icu-source" -path "*/source/configure")")
   local options=(--disable-samples --disable-tests --disable-extras --disable-icuio)
   mkdir -p "$folder/icu-here" "$folder/icu-windows"
   (cd "$folder/icu-here" && "$source/configure" "${options[@]}" && make -j2)

@@ -1,6 +1,6 @@
 // Archives that are not as they should be.
+#include <minizip/zip.h>
 #include <unistd.h>
-#include <zip.h>
 
 #include <filesystem>
 #include <set>

@@ -168,7 +168,7 @@ void SettlePlaces(GameRecord& game, Side side) {
     // Who came to no play began in his place, or was the last one in it.
     Standing standing{batter.place == 0 ? kPlaces + 1 : batter.place,
                       batter.substitute ? kLast : kFirst};
-    if (known != places.end()) standing = {known->place, known - places.begin()};
+    if (known != places.end()) standing = {known->place, static_cast<long>(known - places.begin())};
     settled.emplace_back(standing, std::move(batter));
   }
   std::ranges::stable_sort(settled, [](const auto& a, const auto& b) {

@@ -1,12 +1,12 @@
 #include "platform/xlsx/zip_check.h"
 
-#include <minizip/unzip.h>
-
 #include <algorithm>
 #include <array>
 #include <memory>
 #include <string>
 #include <string_view>
+
+#include "platform/zip/open_zip.h"
 
 namespace dtb::xlsx {
 namespace {
@@ -60,7 +60,7 @@ bool IsWholeDocument(unzFile archive) {
 
 bool HoldsWholeSheets(const std::filesystem::path& file,
                       const std::vector<std::uint64_t>& rowBytes) {
-  const std::unique_ptr<void, CloseArchive> archive(unzOpen64(file.c_str()));
+  const std::unique_ptr<void, CloseArchive> archive(OpenZip(file));
   if (!archive) return false;
   std::size_t sheets = 0;
   int found = unzGoToFirstFile(archive.get());

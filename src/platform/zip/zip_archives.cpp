@@ -1,6 +1,5 @@
 #include "platform/zip/zip_archives.h"
 
-#include <minizip/unzip.h>
 #include <zlib.h>
 
 #include <algorithm>
@@ -12,6 +11,7 @@
 
 #include "base/paths.h"
 #include "base/program_error.h"
+#include "platform/zip/open_zip.h"
 #include "platform/zip/zip_directory.h"
 
 namespace dtb {
@@ -80,7 +80,7 @@ bool IsRead(unsigned long method) { return method == 0 || method == Z_DEFLATED; 
 class ZipArchive : public Archive {
  public:
   explicit ZipArchive(const std::filesystem::path& file)
-      : path_(TextOf(file)), zip_(unzOpen64(file.c_str())) {
+      : path_(TextOf(file)), zip_(OpenZip(file)) {
     if (!zip_) RefuseWhole(" is not a zip file, or is damaged.");
     std::uint64_t length = 0;
     int found = unzGoToFirstFile(zip_.get());
@@ -131,8 +131,9 @@ class ZipArchive : public Archive {
     Place place;
     std::string name;
     const auto look = [&] {
-      return unzGetCurrentFileInfo64(zip_.get(), &info, name.data(), name.size(), nullptr, 0,
-                                     nullptr, 0) == UNZ_OK;
+      return unzGetCurrentFileInfo64(zip_.get(), &info, name.data(),
+                                     static_cast<uLong>(name.size()), nullptr, 0, nullptr,
+                                     0) == UNZ_OK;
     };
     bool good = look();
     name.resize(info.size_filename);

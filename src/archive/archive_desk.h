@@ -3,7 +3,10 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
+#include <string>
+#include <unordered_map>
 
 #include "archive/kept_season.h"
 #include "archive/team_text.h"
@@ -42,6 +45,10 @@ struct SeasonState {
   std::vector<int> clubs;    // of the rows of grd_Teams, from its second on
   std::vector<int> games;    // of the rows of grd_Games
   std::vector<bool> played;  // of Season::games
+  std::unordered_map<std::string, std::array<std::string, 2>> replays;  // runs, by archive id
+  // What stands beside a player of a file, such as how much of his real use is gone: by the team's
+  // and his name. None: nothing does.
+  std::function<std::string(const std::string&, const std::string&)> useOf;
 };
 
 // What the operations take. They report errors in boxes and never throw.

@@ -8,9 +8,9 @@
 #include "archive/archive_teams.h"
 #include "base/paths.h"
 #include "base/program_error.h"
-#include "base/settings_keys.h"
+#include "base/text_cell.h"
 #include "base/words.h"
-#include "database/season_shelf.h"
+#include "database/archive_games.h"
 #include "platform/trapped.h"
 
 namespace dtb::archive {
@@ -70,6 +70,20 @@ std::string Result(const Game& game, int club) {
   return result;
 }
 
+// How a game that is played ended on the board, in the form of its real result.
+std::string Replay(const SeasonState& state, const Game& game, int club) {
+  const auto found = state.replays.find(game.id);
+  if (found == state.replays.end()) return "yes";
+  const bool isHome = club == game.sides[1].club;
+  const auto& [visitors, home] = found->second;
+  const std::string& own = isHome ? home : visitors;
+  const std::string& others = isHome ? visitors : home;
+  std::string result = own + '-' + others;
+  if (club == kAllClubs) return result;
+  const double balance = NumberOf(own) - NumberOf(others);
+  return (balance > 0 ? "W " : balance < 0 ? "L " : "T ") + result;
+}
+
 void ShowTeams(ArchiveDesk& desk) {
   SeasonState& state = desk.state;
   GridContents contents = Headed({"", "Team", "G"});
@@ -106,7 +120,7 @@ void ShowGames(ArchiveDesk& desk) {
   SeasonState& state = desk.state;
   const int club = desk.kept.club;
   GridContents contents =
-      Headed({"", "Date", club == kAllClubs ? "Game" : "Opponent", "Result", "Played"});
+      Headed({"", "Date", club == kAllClubs ? "Game" : "Opponent", "Really", "Replayed"});
   state.games.clear();
   if (desk.kept.season) {
     const Season& season = *desk.kept.season;
@@ -119,7 +133,7 @@ void ShowGames(ArchiveDesk& desk) {
       const std::string date =
           game.number == 0 ? game.date : game.date + " (" + std::to_string(game.number) + ")";
       AddRow(contents, {"", date, Opponents(season, game, club), Result(game, club),
-                        state.played[i] ? "yes" : ""});
+                        state.played[i] ? Replay(state, game, club) : ""});
     }
     state.hasNext.Set(NextGameOf(season, state.played, club).has_value());
   }
@@ -128,7 +142,7 @@ void ShowGames(ArchiveDesk& desk) {
       desk.kept.season && std::ranges::any_of(desk.kept.season->games, [](const Game& game) {
         return game.account != Account::Plays || game.forfeit != Forfeit::No;
       });
-  Fill(state.grd_Games, std::move(contents), {0, 1400, 2200, longResults ? 1700 : 850, 800});
+  Fill(state.grd_Games, std::move(contents), {0, 1400, 2200, longResults ? 1700 : 850, 900});
   state.grd_Games.SetColumnAlignment(3, CellAlignment::Centred);
   state.grd_Games.SetColumnAlignment(4, CellAlignment::Centred);
 }
@@ -157,8 +171,10 @@ void FindPlayedGames(ArchiveDesk& desk) {
   const Season& season = *desk.kept.season;
   try {
     desk.state.played = PlayedGames(season, PlatformOf(desk));
+    desk.state.replays = ReplayedRuns(PlatformOf(desk));
   } catch (const ProgramError& error) {
     desk.state.played.assign(season.games.size(), false);
+    desk.state.replays.clear();
     desk.state.lbl_Done.Set(std::string("No game is marked as played. ") + error.what());
   }
 }

@@ -7,6 +7,7 @@
 #include "base/paths.h"
 #include "base/words.h"
 #include "game/new_game.h"
+#include "game/player_name.h"
 #include "platform/trapped.h"
 #include "teams/team_load.h"
 
@@ -28,8 +29,9 @@ std::string Joined(const std::vector<std::string>& texts) {
   return joined;
 }
 
-void ShowFile(SeasonState::File& file, const std::string& what) {
-  GridContents contents = Headed({"", "", "Player and remark"});
+void ShowFile(const SeasonState& state, SeasonState::File& file, const std::string& what) {
+  GridContents contents = Headed({"", "", "Player and remark", "Real use"});
+  bool marked = false;
   int order = 0;
   if (!file.team) {
     file.title.Set("");
@@ -43,11 +45,14 @@ void ShowFile(SeasonState::File& file, const std::string& what) {
     }
     file.title.Set(title);
     for (std::size_t i = 0; i < team.lines.size(); ++i) {
-      AddRow(contents, {"", std::to_string(i + 1), team.lines[i]});
+      const std::string use =
+          state.useOf ? state.useOf(BoardName(team.name), PlayerNameOf(team.lines[i])) : "";
+      marked = marked || !use.empty();
+      AddRow(contents, {"", std::to_string(i + 1), team.lines[i], use});
     }
     order = team.inOrder;
   }
-  Fill(file.grid, std::move(contents), {0, 500, 4000});
+  Fill(file.grid, std::move(contents), {0, 500, 4000, marked ? 1300 : 0});
   file.grid.SetColumnAlignment(1, CellAlignment::Right);
   // One band, of the batting order alone.
   file.grid.SetFirstBand(Colour{228, 234, 226}, order);
@@ -110,7 +115,7 @@ void ShowFiles(ArchiveDesk& desk) {
     what = nine == SeasonNine::UsedMost ? ", line-up used most" : ", the usual men";
     shown = 1;
   }
-  for (SeasonState::File& file : state.files) ShowFile(file, what);
+  for (SeasonState::File& file : state.files) ShowFile(state, file, what);
   if (desk.kept.season && shown == 0) state.files[0].title.Set("Choose a team or a game");
   state.shownFiles.Set(shown);
   state.hasClub.Set(desk.kept.season && desk.kept.club != kAllClubs);

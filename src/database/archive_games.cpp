@@ -75,6 +75,16 @@ std::unordered_map<std::string, std::string> ArchiveIdsOfGames(DatabaseReader& d
   return ids;
 }
 
+std::unordered_map<std::string, std::array<std::string, 2>> ReplayedRuns(const Platform& platform) {
+  const auto ids = ArchiveIdsOfGames(platform.database, NotedArchiveGames(platform));
+  std::unordered_map<std::string, std::array<std::string, 2>> replays;
+  for (const SavedGame& game : ReadSavedGames(platform.database)) {
+    const auto id = ids.find(game.id);
+    if (id != ids.end()) replays[id->second] = {game.visitorsRuns, game.homeRuns};
+  }
+  return replays;
+}
+
 std::unordered_set<std::string> SavedArchiveGames(const Platform& platform) {
   std::unordered_set<std::string> played;
   const std::unordered_set<std::string> saved = SavedGameIDs(platform.database);

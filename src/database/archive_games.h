@@ -1,6 +1,7 @@
 // Which games of a public archive were played on the board and saved.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -26,6 +27,11 @@ void NoteArchiveGame(Board& board, const std::string& id);
 [[nodiscard]] std::unordered_map<std::string, std::string> ArchiveIdsOfGames(
     DatabaseReader& database, const std::string& told);
 [[nodiscard]] std::string NotedArchiveGames(const Platform& platform);
+
+// The runs of both sides, visitors first, in which the saved games of an archive ended, by the
+// archive's ids; of several with one id the last. Throws ProgramError.
+[[nodiscard]] std::unordered_map<std::string, std::array<std::string, 2>> ReplayedRuns(
+    const Platform& platform);
 
 // The ids of all archive games that the database has: those that stand in Games, and those that
 // older versions noted in the settings. Throws ProgramError where it cannot be read.

@@ -41,7 +41,7 @@ BothStandings StandingsOfBoth(const BothWorlds& worlds, const Moment& moment) {
 
 std::vector<std::vector<std::string>> BothTable(const BothStandings& standings) {
   std::vector<std::vector<std::string>> table{
-      {"Team", "Replayed", "Pct", "GB", "Really", "Pct ", "GB ", "Place", "Ahead"}};
+      {"Team", "Replayed", "Pct", "GB", "Really", "Pct", "GB", "Real place", "Ahead"}};
   for (const BothStanding& row : standings.rows) {
     const SeasonTeam& own = standings.replayed.teams[row.team];
     const SeasonTeam& real = standings.really.teams[row.team];

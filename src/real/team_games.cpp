@@ -104,12 +104,12 @@ std::vector<TeamGame> GamesOfTeam(const BothWorlds& worlds, const ArchiveIds& id
 
 std::vector<std::vector<std::string>> GamesTable(const std::vector<TeamGame>& games) {
   std::vector<std::vector<std::string>> table{
-      {"Opponent", "No.", "Day", "Replayed", "Really", "Record", "Real record"}};
+      {"Day", "No.", "Opponent", "Replayed", "Really", "Record", "Real record"}};
   int number = 0;
   for (const TeamGame& game : games) {
     ++number;
-    table.push_back({game.opponent, game.real < 0 ? "-" : std::to_string(number),
-                     game.day ? TextOfDay(*game.day) : "", game.replayedText,
+    table.push_back({game.day ? TextOfDay(*game.day) : "no date",
+                     game.real < 0 ? "-" : std::to_string(number), game.opponent, game.replayedText,
                      game.real < 0             ? "not in the archive"
                      : game.reallyText.empty() ? "not told"
                                                : game.reallyText,

@@ -8,6 +8,7 @@
 
 #include "archive/archive_lists.h"
 #include "archive/archive_teams.h"
+#include "base/program_error.h"
 #include "windows/boxes/busy.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
@@ -46,6 +47,9 @@ ArchiveWindow::ArchiveWindow(Board& board, archive::KeptSeason& kept, QWidget* p
       inside_(new QWidget(this)) {
   setObjectName(QStringLiteral("SeasonForm"));
   setWindowTitle(QLatin1String(archive::kSeasonTitle));
+  state_.useOf = [this](const std::string& team, const std::string& player) {
+    return UseOf(team, player);
+  };
   archive::OpenArchiveDesk(desk_);
   auto* around = new QVBoxLayout(this);
   around->setContentsMargins(0, 0, 0, 0);
@@ -272,6 +276,20 @@ void ArchiveWindow::BuildButtons(QVBoxLayout* whole) {
   notice->setWordWrap(true);
   notes_.push_back(notice);
   whole->addWidget(notice);
+}
+
+std::string ArchiveWindow::UseOf(const std::string& team, const std::string& player) {
+  if (!desk_.kept.season) return {};
+  if (!marks_ || marksOf_ != desk_.kept.season) {
+    marksOf_ = desk_.kept.season;
+    marks_.emplace();
+    try {
+      marks_ = real::ReadUseMarks(desk_.board.platform.database, marksOf_);
+    } catch (const ProgramError&) {
+      // The list of games says that the database cannot be read.
+    }
+  }
+  return marks_->WordOf(team, player);
 }
 
 void ArchiveWindow::Read(const std::optional<std::filesystem::path>& archive) {

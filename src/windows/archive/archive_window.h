@@ -10,6 +10,7 @@
 
 #include "archive/archive_desk.h"
 #include "base/control_resizer.h"
+#include "real/use.h"
 #include "windows/shared/stat_grid_view.h"
 
 namespace dtb {
@@ -50,8 +51,13 @@ class ArchiveWindow : public QDialog {
   // Puts the marks of the lists where the choice is.
   void MarkChoice();
 
+  // "over" of a player who has had more than his real use; read once.
+  std::string UseOf(const std::string& team, const std::string& player);
+
   archive::SeasonState state_;
   archive::ArchiveDesk desk_;
+  std::optional<real::UseMarks> marks_;
+  std::shared_ptr<const archive::Season> marksOf_;
   ControlResizer resizer_;
   QWidget* inside_;
   StatGridView* teams_ = nullptr;

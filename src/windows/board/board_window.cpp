@@ -177,7 +177,10 @@ void BoardWindow::BuildMenu() {
     connect(action, &QAction::triggered, this,
             later([this, way = way] { way(board_.platform, this); }));
   }
-  add("mnuStatistics", "Database", later([this] { BrowserWindow::Run(board_.platform, season_, this); }));
+  add("mnuStatistics", "Database", later([this] {
+        BrowserWindow::Run(board_.platform, season_, this);
+        use_.Forget();
+      }));
   add("mnuEventLog", "EventLog", later([this] { ShowLog(); }));
   add("mnuPlays", "Plays", later([this] { ShowPlays(); }))
       ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
@@ -232,6 +235,10 @@ void BoardWindow::BuildScene() {
   scoreboard_ = new Scoreboard(board_, aids_, pictures_, scene_, park_);
   connect(scoreboard_, &Scoreboard::chartWanted, this, [this](int chart) { ViewCharts(chart); });
   home_ = new SidePanel(board_, Side::Home, *next_, pictures_, scene_, park_);
+  for (const auto& [side, panel] : {std::pair{Side::Visitors, visitors_}, {Side::Home, home_}}) {
+    panel->list().SetUse(
+        [this, side = side](const QString& player) { return use_.Of(side, player); });
+  }
   auto* outcomes = new OutcomePanel(board_, *next_, scene_, park_);
   connect(outcomes, &OutcomePanel::statsWanted, this, [this] { ShowStats(); });
   BuildPieces();

@@ -19,6 +19,7 @@
 #include "windows/board/play_keys.h"
 #include "windows/board/scoreboard.h"
 #include "windows/board/side_panel.h"
+#include "windows/board/use_tips.h"
 #include "windows/boxes/log_window.h"
 #include "windows/plays/plays_window.h"
 #include "windows/scorecard/scorecard_window.h"
@@ -89,6 +90,7 @@ class BoardWindow : public QMainWindow {
   QPointer<PlaysWindow> plays_;     // while it is open
   QPointer<ScorecardWindow> card_;  // while it is open
   archive::KeptSeason season_;
+  UseTips use_{board_, season_};
   QTimer tmr_Constant_;
   QTimer tmr_F12detect_;
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QListView>
+#include <functional>
 
 #include "game/board.h"
 #include "teams/lineup_edit.h"
@@ -20,6 +21,9 @@ class LineupView : public QListView {
   LineupView(Board& board, Side side, NextStep& next, QWidget* parent);
 
   void ScrollUpOneLine();
+
+  // What the tip of a row says of a player besides his entry.
+  void SetUse(std::function<QString(const QString& player)> use) { use_ = std::move(use); }
 
  signals:
   void shown();  // the line-up, after a change
@@ -49,6 +53,7 @@ class LineupView : public QListView {
   Board& board_;
   Side side_;
   NextStep& next_;
+  std::function<QString(const QString& player)> use_;
   LineupModel* model_;
   RunnerDrag runner_;
   bool usesKeys_ = false;                   // the focus came by a key, or moved by one

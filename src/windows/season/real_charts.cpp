@@ -148,9 +148,11 @@ void RealCourseChart::Draw(QPainter& painter) {
   const double high = painter.fontMetrics().height();
   painter.setPen(kCreamDim);
   for (const double game : AxisMarks(0, scale.right, kMostMarks, 1)) {
-    painter.drawText(
-        QRectF(scale.X(game) - 4 * high, scale.area.bottom() + 1, 8 * high, high * 1.2),
-        Qt::AlignHCenter, game == 0 ? QStringLiteral("Game") : QString::number(game));
+    const bool first = game == 0;
+    const QRectF room(scale.X(game) - (first ? 0 : 4 * high), scale.area.bottom() + 1, 8 * high,
+                      high * 1.2);
+    painter.drawText(room, first ? Qt::AlignLeft : Qt::AlignHCenter,
+                     first ? QStringLiteral("Game") : QString::number(game));
   }
   const std::size_t now = courses_.replayed.size() - 1;
   painter.setPen(QPen(kEdgeBright, 1, Qt::DotLine));

@@ -239,13 +239,18 @@ QWidget* RealView::BuildLeaders() {
 QWidget* RealView::BuildUse() {
   auto* view = new QWidget;
   QBoxLayout* column = Column(view);
-  auto* sides = new QHBoxLayout;
-  sides->setSpacing(12);
-  column->addLayout(sides, 1);
+  QBoxLayout* strip = Strip(column);
+  auto* tables = new QStackedWidget;
+  auto* group = new QButtonGroup(this);
+  group->addButton(AddSwitch(strip, "cmd_UseBatters", "Batters", true), 0);
+  group->addButton(AddSwitch(strip, "cmd_UsePitchers", "Pitchers", false), 1);
+  strip->addStretch();
+  connect(group, &QButtonGroup::idClicked, tables, &QStackedWidget::setCurrentIndex);
+  column->addWidget(tables, 1);
   batters_ = new UseTable("grd_UseBatters", QStringLiteral("Use of the batters"), battersGrid_);
   pitchers_ = new UseTable("grd_UsePitchers", QStringLiteral("Use of the pitchers"), pitchersGrid_);
-  sides->addWidget(batters_, 4);
-  sides->addWidget(pitchers_, 7);
+  tables->addWidget(batters_);
+  tables->addWidget(pitchers_);
   useNote_ = AddCaption(column, "lbl_UseNote");
   return view;
 }

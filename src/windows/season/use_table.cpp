@@ -16,7 +16,7 @@ constexpr QColor kWithin{170, 208, 232};
 constexpr QColor kAbovePace{255, 220, 120};
 constexpr QColor kOver{246, 172, 120};
 constexpr double kYearAt = 0.8;  // of a bar's room, the rest is for what goes beyond
-constexpr int kBarTwips = 3600;
+constexpr int kBarTwips = 2600;
 
 QColor ColourOf(real::UseMark mark) {
   switch (mark) {

@@ -49,6 +49,8 @@ class ArchiveWindow : public QDialog {
   void Finish(bool loaded);
   // Puts the marks of the lists where the choice is.
   void MarkChoice();
+  // Gives the focus to what comes next: the next game of the club that was chosen, else the teams.
+  void FocusNext();
 
   archive::SeasonState state_;
   archive::ArchiveDesk desk_;
@@ -56,6 +58,7 @@ class ArchiveWindow : public QDialog {
   QWidget* inside_;
   StatGridView* teams_ = nullptr;
   StatGridView* games_ = nullptr;
+  QPushButton* next_ = nullptr;
   std::vector<StatGridView*> grids_;
   std::vector<QLabel*> titles_;
   std::vector<QLabel*> notes_;  // in small type

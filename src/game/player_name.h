@@ -12,7 +12,8 @@ namespace dtb {
 }
 
 // What a player is called where the whole name has no room: "Kubek" of "Tony Kubek", "Griffey Jr."
-// of "Ken Griffey Jr.", "Maris" of "Maris, Roger". A name of one word stays.
+// of "Ken Griffey Jr.", "La Stella" of "Tommy La Stella", "Maris" of "Maris, Roger". A name of one
+// word stays.
 [[nodiscard]] std::string LastNameOf(std::string_view name);
 
 }  // namespace dtb

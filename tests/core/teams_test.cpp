@@ -2,6 +2,7 @@
 #include <random>
 
 #include "fake_platform.h"
+#include "game/player_name.h"
 #include "teams/photo_folder.h"
 
 namespace dtb {
@@ -66,6 +67,20 @@ TEST(TeamFiles, LoadAsFarAsTheyAreGood) {
   game.fake.chosen.reset();
   LoadTeam(game.board, Side::Visitors);
   EXPECT_EQ(Visitors(game), "10 P10=x>P10 12 9 Bats|Bats 0") << "cancelled";
+}
+
+TEST(Names, HaveAFamilyPart) {
+  const std::pair<const char*, const char*> names[] = {{"Tony Kubek", "Kubek"},
+                                                       {"Ken Griffey Jr.", "Griffey Jr."},
+                                                       {"Maris, Roger", "Maris"},
+                                                       {"Tommy La Stella", "La Stella"},
+                                                       {"Elly De La Cruz", "De La Cruz"},
+                                                       {"Ivan de Jesus Jr.", "de Jesus Jr."},
+                                                       {"Van Mungo", "Mungo"},
+                                                       {"La Marr", "Marr"},
+                                                       {"De La Cruz, Elly", "De La Cruz"},
+                                                       {"Ichiro", "Ichiro"}};
+  for (const auto& [name, last] : names) EXPECT_EQ(LastNameOf(name), last) << name;
 }
 
 TEST(LineUps, AreEdited) {

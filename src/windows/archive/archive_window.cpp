@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QRadioButton>
+#include <QShowEvent>
 #include <QSignalBlocker>
 
 #include "archive/archive_lists.h"
@@ -239,9 +240,9 @@ void ArchiveWindow::BuildButtons(QVBoxLayout* whole) {
           "Shows nine players: at each position who began most games there, "
           "in the order in which they most often batted",
           archive::SeasonNine::UsualMen);
-  QPushButton* next = AddButton(strip, "cmd_NextGame", "Next game",
-                                "Loads both teams of the next game in the list "
-                                "that is not played yet");
+  next_ = AddButton(strip, "cmd_NextGame", "Next game",
+                    "Loads both teams of the next game in the list "
+                    "that is not played yet");
   strip->addSpacing(8);
   QLabel* done = AddText(strip, "lbl_Done", state_.lbl_Done);
   QLabel* forms = AddText(strip, "lbl_Forms", state_.lbl_Forms);
@@ -258,7 +259,7 @@ void ArchiveWindow::BuildButtons(QVBoxLayout* whole) {
           [this] { archive::LoadTeamAs(desk_, Side::Visitors); });
   connect(home, &QPushButton::clicked, this, [this] { archive::LoadTeamAs(desk_, Side::Home); });
   connect(both, &QPushButton::clicked, this, [this] { Finish(archive::LoadGame(desk_)); });
-  connect(next, &QPushButton::clicked, this, [this] { Finish(archive::LoadNextGame(desk_)); });
+  connect(next_, &QPushButton::clicked, this, [this] { Finish(archive::LoadNextGame(desk_)); });
   Follow<int>(write, state_.shownFiles, [=](int shown) {
     write->setText(shown == 2 ? QStringLiteral("Write both files")
                               : QStringLiteral("Write team file"));
@@ -269,7 +270,7 @@ void ArchiveWindow::BuildButtons(QVBoxLayout* whole) {
     }
     both->setVisible(shown == 2);
   });
-  Follow<bool>(next, state_.hasNext, [next](bool left) { next->setEnabled(left); });
+  Follow<bool>(next_, state_.hasNext, [this](bool left) { next_->setEnabled(left); });
 
   QLabel* notice = MakeCaption(QLatin1String(archive::kOwnersNotice), nullptr);
   Name(notice, "lbl_Notice", notice->text());
@@ -300,6 +301,13 @@ void ArchiveWindow::Read(const std::optional<std::filesystem::path>& archive) {
     archive::ReadArchive(desk_, *archive, [&panel](double share) { return panel.Hear(share); });
   }
   MarkChoice();
+  FocusNext();
+}
+
+void ArchiveWindow::FocusNext() {
+  if (!desk_.kept.season) return;
+  const bool goesOn = desk_.kept.club != archive::kAllClubs && next_->isEnabled();
+  (goesOn ? static_cast<QWidget*>(next_) : teams_)->setFocus(Qt::TabFocusReason);
 }
 
 void ArchiveWindow::Finish(bool loaded) {
@@ -325,7 +333,13 @@ void ArchiveWindow::MarkChoice() {
 // Only now have the lists their height, so that the choice comes into sight.
 void ArchiveWindow::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
-  QMetaObject::invokeMethod(this, &ArchiveWindow::MarkChoice, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this,
+      [this, again = event->spontaneous()] {
+        MarkChoice();
+        if (!again) FocusNext();
+      },
+      Qt::QueuedConnection);
 }
 
 void ArchiveWindow::resizeEvent(QResizeEvent* event) {

@@ -50,6 +50,8 @@ class ArchiveWindow : public QDialog {
   void Finish(bool loaded);
   // Puts the marks of the lists where the choice is.
   void MarkChoice();
+  // Gives the focus to what comes next: the next game of the club that was chosen, else the teams.
+  void FocusNext();
 
   // "over" of a player who has had more than his real use; read once.
   std::string UseOf(const std::string& team, const std::string& player);
@@ -62,6 +64,7 @@ class ArchiveWindow : public QDialog {
   QWidget* inside_;
   StatGridView* teams_ = nullptr;
   StatGridView* games_ = nullptr;
+  QPushButton* next_ = nullptr;
   std::vector<StatGridView*> grids_;
   std::vector<QLabel*> titles_;
   std::vector<QLabel*> notes_;  // in small type

@@ -231,8 +231,8 @@ void LineupView::mouseMoveEvent(QMouseEvent* event) {
   const bool pressed = pressed_ == Qt::LeftButton && event->buttons().testFlag(Qt::LeftButton);
   if (pressed && runner_.Move(event->globalPosition().toPoint())) return;
   if (!row || !list.HasRow(*row)) return;
-  setToolTip(TipOfLines({ShownEntry(list.entries()[static_cast<std::size_t>(*row)]),
-                         use_ ? use_(model_->EntryAt(*row).name) : QString()}));
+  const std::string& entry = list.entries()[static_cast<std::size_t>(*row)];
+  setToolTip(TipOfLines({ShownEntry(entry), use_ ? use_(PartsOf(entry).name) : QString()}));
   SetDropsBehind(event->modifiers() == Qt::ShiftModifier);
   const bool dragging = Drags() && event->buttons().testFlag(Qt::LeftButton);
   if (dragging && *row != list.selected()) SelectRow(board_, side_, *row);

@@ -167,8 +167,9 @@ std::vector<std::vector<std::string>> UseTexts(const std::vector<PlayerUse>& pla
   for (const PlayerUse& player : players) {
     std::vector<std::string> row{player.name};
     for (const Use& use : player.uses) {
-      row.push_back(UseFigure(use, use.replayed));
-      if (!player.inArchive) continue;
+      const bool never = player.inArchive && use.replayed <= 0 && use.year <= 0;
+      row.push_back(never ? std::string() : UseFigure(use, use.replayed));
+      if (!player.inArchive || never) continue;
       row.back() += " of " + UseFigure(use, use.year) + ", really " + UseFigure(use, use.toDate);
     }
     row.emplace_back(player.inArchive ? MarkWord(player.mark()) : "not in the archive");

@@ -50,8 +50,10 @@ const char* NameOf(SeasonRole role) { return role == SeasonRole::Batting ? "Batt
 
 class PageWriter {
  public:
-  PageWriter(Database& database, const SeasonBook& book, const TeamGroups& groups)
+  PageWriter(Database& database, const SeasonBook& book, const TeamGroups& groups,
+             std::vector<SeasonPage> more)
       : book_(book),
+        more_(std::move(more)),
         season_(book.season),
         groups_(StandingsByGroup(season_, groups)),
         months_(MonthMarks(season_)),
@@ -69,6 +71,9 @@ class PageWriter {
     };
     folder.Write("style.css", PageStyle());
     if (!write("index.html", WholePage("Season", "", FirstPage()))) return false;
+    for (const SeasonPage& page : more_) {
+      if (!write(page.file, WholePage(page.title, "", page.body))) return false;
+    }
     for (std::size_t i = 0; i < months_.size(); ++i) {
       if (!write(MonthFile(i), WholePage("Games of " + months_[i].month, "", MonthPage(i)))) {
         return false;
@@ -88,7 +93,7 @@ class PageWriter {
   }
 
   [[nodiscard]] std::size_t pages() const {
-    return 1 + months_.size() + season_.teams.size() + season_.players.size() +
+    return 1 + more_.size() + months_.size() + season_.teams.size() + season_.players.size() +
            season_.games.size();
   }
 
@@ -122,8 +127,11 @@ class PageWriter {
 
   [[nodiscard]] std::string FirstPage() const {
     std::string page = PageContents({"Standings", "Leaders", "Games"}) +
-                       PageParagraph(ScoresText(CountScores(season_))) +
-                       PartHeading(1, "Standings");
+                       PageParagraph(ScoresText(CountScores(season_)));
+    if (!more_.empty()) {
+      page += "<nav>" + PageLink(more_.front().file, more_.front().title) + "</nav>\n";
+    }
+    page += PartHeading(1, "Standings");
     if (season_.mixedGames > 0) {
       page += PageParagraph(
           "With one GameID and a team in common, "
@@ -366,6 +374,7 @@ class PageWriter {
   }
 
   const SeasonBook& book_;
+  std::vector<SeasonPage> more_;
   const SeasonFigures& season_;
   std::vector<GroupStandings> groups_;
   std::vector<MonthMark> months_;
@@ -376,7 +385,8 @@ std::string FolderName(const LocalTime& today) { return kSeasonFolder + DateText
 
 // The folder; nothing where the person cancelled or there is no game.
 std::optional<std::filesystem::path> Write(Platform& platform, const ExportProgress& progress,
-                                           std::string& contents, const std::string& title) {
+                                           const MorePages& more, std::string& contents,
+                                           const std::string& title) {
   if (!progress(0)) return std::nullopt;
   const SeasonBook book = ReadSeasonBook(platform.database);
   if (book.season.games.empty()) {
@@ -389,7 +399,8 @@ std::optional<std::filesystem::path> Write(Platform& platform, const ExportProgr
   std::filesystem::path place =
       FreeFile(ReportsFolder(platform), FolderName(platform.clock.Now()), "");
   PageFolder folder(place, kSeasonFolder, {"teams", "players", "games"});
-  PageWriter writer(platform.database, book, GroupsOfSeason(platform));
+  PageWriter writer(platform.database, book, GroupsOfSeason(platform),
+                    more ? more(book.season) : std::vector<SeasonPage>());
   if (!writer.WriteAll(folder, progress)) return std::nullopt;
   folder.PutInPlace();
   contents = Counted(std::ssize(book.season.games), "game") + ", " +
@@ -399,12 +410,13 @@ std::optional<std::filesystem::path> Write(Platform& platform, const ExportProgr
 
 }  // namespace
 
-void WriteSeasonPages(Platform& platform, const std::string& title,
-                      const ExportProgress& progress) {
+void WriteSeasonPages(Platform& platform, const std::string& title, const ExportProgress& progress,
+                      const MorePages& more) {
   try {
     std::string contents;
     const auto folder = Write(
-        platform, progress ? progress : [](double /*share*/) { return true; }, contents, title);
+        platform, progress ? progress : [](double /*share*/) { return true; }, more, contents,
+        title);
     if (!folder) return;
     OfferPages(platform, "The season pages are written: " + contents + ".", *folder, title);
   } catch (const ProgramError& failure) {

@@ -174,7 +174,7 @@ TEST_F(SeasonWindowTest, ASavedGameIsMarkedAndTheNextOneFollows) {
   SaveGame(board());
   EXPECT_FALSE(board().sheet.Command2_enabled.value());
   next();
-  EXPECT_EQ(played_, "yes|");
+  EXPECT_EQ(played_, "T 0-0|");
   EXPECT_EQ(board().state.ArchiveGame.substr(0, 12), "OAK202007250");
 }
 

@@ -6,7 +6,7 @@
 #include "browser/box_score.h"
 #include "database/kept_record.h"
 #include "database/saved_games.h"
-#include "season/season_pages.h"
+#include "real/real_pages.h"
 #include "windows/box/box_window.h"
 #include "windows/browser/browser_window.h"
 #include "windows/scorecard/scorecard_window.h"
@@ -135,7 +135,7 @@ void BrowserWindow::BuildSeason() {
   connect(season_, &SeasonTab::pagesWanted, this, [this] {
     WriteUnderProgress(browser_.platform, this, "Writing the season pages",
                        [this](const ExportProgress& progress) {
-                         WriteSeasonPages(browser_.platform, kBrowserTitle, progress);
+                         real::WritePagesWithReal(browser_.platform, kept_, kBrowserTitle, progress);
                        });
   });
 }

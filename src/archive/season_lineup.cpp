@@ -94,10 +94,10 @@ std::array<int, kOrder> BestForSlots(const Worths& worths, int slots) {
   // The best sum for each set of filled slots, and which slot the one looked at has in it.
   std::vector<std::int64_t> best(sets, kNone);
   best[0] = 0;
-  std::vector<std::vector<std::int8_t>> taken;
+  std::vector<std::vector<int>> taken;
   for (const auto& worth : worths) {
     std::vector<std::int64_t> with = best;
-    std::vector<std::int8_t> slotOf(sets, kNobody);
+    std::vector<int> slotOf(sets, kNobody);
     for (std::size_t set = 1; set < sets; ++set) {
       for (int slot = 0; slot < slots; ++slot) {
         const std::size_t bit = std::size_t{1} << slot;
@@ -105,7 +105,7 @@ std::array<int, kOrder> BestForSlots(const Worths& worths, int slots) {
         const std::int64_t sum = best[set ^ bit] + *worth.at(slot);
         if (sum <= with[set]) continue;
         with[set] = sum;
-        slotOf[set] = static_cast<std::int8_t>(slot);
+        slotOf[set] = slot;
       }
     }
     best = std::move(with);

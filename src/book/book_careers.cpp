@@ -90,25 +90,25 @@ std::string CareersRule(const BookHtml& html) {
   return rule + PlaysRule(book);
 }
 
-std::string CareerBody(const BookHtml& html, int place) {
+std::string CareerBody(const BookHtml& html, int career) {
   const Book& book = html.book();
-  const Career& career = book.careers.all[place];
+  const Career& told = book.careers.all[career];
   std::vector<std::string> parts;
   for (const auto& [role, title] : kRoles) {
-    if (TotalsOf(career, role)) parts.emplace_back(title);
+    if (TotalsOf(told, role)) parts.emplace_back(title);
   }
-  std::string page = PageContents(parts) + PageParagraph(HowKnown(book, career));
+  std::string page = PageContents(parts) + PageParagraph(HowKnown(book, told));
   std::size_t part = 0;
   for (const auto& [role, title] : kRoles) {
-    const auto all = TotalsOf(career, role);
+    const auto all = TotalsOf(told, role);
     if (!all) continue;
     Cells table{{"Season", "Team"}};
     Append(table.front(), LineHeaders(role));
-    for (const CareerLine& line : career.lines) {
-      const SeasonLine& told = book.LineOf(line);
-      const auto totals = TotalsOf(told, role);
+    for (const CareerLine& line : told.lines) {
+      const SeasonLine& season = book.LineOf(line);
+      const auto totals = TotalsOf(season, role);
       if (!totals) continue;
-      table.push_back({html.SeasonOf(line.chapter), PageText(told.team)});
+      table.push_back({html.SeasonOf(line.chapter), PageText(season.team)});
       Append(table.back(), LineTexts(*totals));
     }
     table.push_back({"Career", ""});

@@ -1,7 +1,6 @@
 #include "season/season_places.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "database/rows.h"
 
@@ -25,10 +24,9 @@ bool Place(PlacedLine& line, const SeasonPlaces& places, std::string_view team,
 
 // The outing in this game, most often the last one.
 SeasonOuting* Find(std::vector<SeasonOuting>& outings, const std::string& id) {
-  for (SeasonOuting& outing : outings | std::views::reverse) {
-    if (outing.id == id) return &outing;
-  }
-  return nullptr;
+  const auto found = std::find_if(outings.rbegin(), outings.rend(),
+                                  [&id](const SeasonOuting& outing) { return outing.id == id; });
+  return found == outings.rend() ? nullptr : &*found;
 }
 
 }  // namespace

@@ -220,9 +220,10 @@ std::string UseMarks::WordOf(const std::string& team, const std::string& player)
   return marked == nullptr ? "" : marked->word;
 }
 
-UseMarks ReadUseMarks(Database& database, std::shared_ptr<const archive::Season> archive) {
-  auto figures = std::make_shared<const SeasonFigures>(ReadPlainFigures(database));
-  return {PairWorlds(std::move(figures), std::move(archive)), ReadStarts(database)};
+UseMarks ReadUseMarks(Database& database, std::shared_ptr<const archive::Season> archive,
+                      const std::stop_token& stop) {
+  auto figures = std::make_shared<const SeasonFigures>(ReadPlainFigures(database, stop));
+  return {PairWorlds(std::move(figures), std::move(archive)), ReadStarts(database, stop)};
 }
 
 }  // namespace dtb::real

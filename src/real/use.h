@@ -79,8 +79,10 @@ class UseMarks {
   std::map<std::pair<std::string, std::string>, Marked> marked_;  // by team and player
 };
 
-// Reads the saved games for it. Throws ProgramError. Any thread may call it.
+// Reads the saved games for it. Throws ProgramError. Any thread may call it; once a stop
+// is asked for, it fails soon.
 [[nodiscard]] UseMarks ReadUseMarks(Database& database,
-                                    std::shared_ptr<const archive::Season> archive);
+                                    std::shared_ptr<const archive::Season> archive,
+                                    const std::stop_token& stop = {});
 
 }  // namespace dtb::real

@@ -4,6 +4,7 @@
 #include "base/settings_keys.h"
 #include "database/season_shelf.h"
 #include "replay/play_table.h"
+#include "teams/team_load.h"
 #include "windows/boxes/busy.h"
 #include "windows/browser_form_test.h"
 
@@ -104,6 +105,21 @@ TEST_F(RealViewTest, ShowsGamesLeadersAndUse) {
         Part<QLabel>("lbl_RealNote")->text().startsWith(QStringLiteral("Both up to 24 Jul 2020.")));
     CloseForm();
   });
+  // The line-ups know it, too.
+  const QString file = folder_.filePath(QStringLiteral("Oakland 2020.txt"));
+  WriteFile(file, "Matt Olson=1B\nFranklin Barreto (2)=2B\n");
+  OpenTeam(board(), Side::Visitors, FromQt(file));
+  auto* list = Find<QListView>("List1");
+  for (const auto& [row, tip] : {std::pair{1, "Real use: 20 of "}, {0, "Matt Olson=1B"}}) {
+    const QPoint place = list->visualRect(list->model()->index(row, 0)).center();
+    while (!list->toolTip().contains(QLatin1String(tip))) {
+      QTest::mouseMove(form1().windowHandle(), list->viewport()->mapTo(&form1(), place));
+      QTest::mouseMove(form1().windowHandle(),
+                       list->viewport()->mapTo(&form1(), place) + QPoint(1, 0));
+      QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(list->toolTip().contains(QStringLiteral("Real use")), row == 1);
+  }
 }
 
 }  // namespace

@@ -126,7 +126,12 @@ void BoardWindow::BuildMenu() {
   };
   // A window of its own waits for the person; the menu, and a screen reader, has its answer before.
   const auto later = [this](auto operation) {
-    return [this, operation] { QTimer::singleShot(0, this, operation); };
+    return [this, operation] {
+      QTimer::singleShot(0, this, [this, operation] {
+        use_.Forget();  // the window may change the saved games, or which season is in use
+        operation();
+      });
+    };
   };
   menuBar()->setNativeMenuBar(false);
   edit_ = new EditActions(board_, this);
@@ -177,10 +182,8 @@ void BoardWindow::BuildMenu() {
     connect(action, &QAction::triggered, this,
             later([this, way = way] { way(board_.platform, this); }));
   }
-  add("mnuStatistics", "Database", later([this] {
-        BrowserWindow::Run(board_.platform, season_, this);
-        use_.Forget();
-      }));
+  add("mnuStatistics", "Database",
+      later([this] { BrowserWindow::Run(board_.platform, season_, this); }));
   add("mnuEventLog", "EventLog", later([this] { ShowLog(); }));
   add("mnuPlays", "Plays", later([this] { ShowPlays(); }))
       ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));

@@ -1,6 +1,7 @@
 #include "windows/board/use_tips.h"
 
-#include "base/program_error.h"
+#include <exception>
+
 #include "platform/seasons.h"
 #include "windows/shared/bind.h"
 
@@ -12,16 +13,28 @@ QString UseTips::Of(Side side, const QString& player) {
   const bool unsaved = board_.sheet.Command2_enabled.value();
   if (!known_ || known_->season != kept_.season || known_->inUse != inUse ||
       known_->unsaved != unsaved) {
-    known_ = Known{kept_.season, inUse, unsaved, {}};
-    try {
-      known_->marks = real::ReadUseMarks(board_.platform.database, kept_.season);
-    } catch (const ProgramError&) {
-      // A tip is no place to complain; whoever saves or lists the games is told.
-    }
+    Forget();
+    known_ = Known{kept_.season, inUse, unsaved};
+    reading_ = std::make_shared<Reading>();
+    reader_ = std::jthread([reading = reading_, season = kept_.season,
+                            &database = board_.platform.database](const std::stop_token& stop) {
+      try {
+        reading->marks = real::ReadUseMarks(database, season, stop);
+      } catch (const std::exception&) {
+        // A tip is no place to complain; whoever saves or lists the games is told.
+      }
+      reading->done = true;
+    });
   }
+  if (!reading_->done) return {};
   const StatSheet& sheet = board_.sheet;
   const auto& team = side == Side::Visitors ? sheet.lbl_VisTeam : sheet.lbl_HomeTeam;
-  return ToQt(known_->marks.TextOf(team.value(), FromQt(player)));
+  return ToQt(reading_->marks.TextOf(team.value(), FromQt(player)));
+}
+
+void UseTips::Forget() {
+  known_.reset();
+  reader_ = {};
 }
 
 }  // namespace dtb

@@ -2,7 +2,10 @@
 #pragma once
 
 #include <QString>
+#include <atomic>
+#include <memory>
 #include <optional>
+#include <thread>
 
 #include "archive/kept_season.h"
 #include "game/board.h"
@@ -15,23 +18,28 @@ class UseTips {
  public:
   UseTips(Board& board, const archive::KeptSeason& kept) : board_(board), kept_(kept) {}
 
-  // "Real use: 45 of 40 PA, over"; "" for a player without a mark. Reads the saved games when they
-  // may have changed since it was last asked.
+  // "Real use: 45 of 40 PA, over"; "" for a player without a mark. Where the saved games may have
+  // changed since it was last asked, a thread reads them, and nobody has a mark until that is done.
   [[nodiscard]] QString Of(Side side, const QString& player);
-  // Games may have come or gone.
-  void Forget() { known_.reset(); }
+  // Games may have come or gone, or will. Ends reading.
+  void Forget();
 
  private:
   struct Known {
     std::shared_ptr<const archive::Season> season;
     std::string inUse;  // the season of the shelf
     bool unsaved;       // the game on the board
-    real::UseMarks marks;
+  };
+  struct Reading {
+    std::atomic<bool> done = false;
+    real::UseMarks marks;  // good once it is done
   };
 
   Board& board_;
   const archive::KeptSeason& kept_;
   std::optional<Known> known_;
+  std::shared_ptr<Reading> reading_;
+  std::jthread reader_;  // the last member
 };
 
 }  // namespace dtb

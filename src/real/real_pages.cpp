@@ -152,7 +152,7 @@ class RealWriter {
   [[nodiscard]] std::string TeamPage(int team) const {
     const std::string headline = HeadlineOf(worlds_, team);
     std::string page =
-        Home() + "<nav>" + PageLink(kFirstFile, kTitle) + "</nav>\n" +
+        "<nav><a href=\"index.html\">The season</a>" + PageLink(kFirstFile, kTitle) + "</nav>\n" +
         PageContents({"Games above .500", "Games", "Batters", "Pitchers"}) +
         PageParagraph(headline + ".") + PartHeading(1, "Games above .500") +
         PageParagraph("Blue: replayed. Grey or cream: really, to the end of the year.");

@@ -165,6 +165,12 @@ void RealCourseChart::Draw(QPainter& painter) {
     DrawLine(painter, scale, courses_.really, 0, now, QPen(kRealLine, wide));
   }
   DrawLine(painter, scale, courses_.replayed, 0, now, QPen(kBarBlue, wide * 1.4));
+  painter.setFont(SmallFont(true));
+  painter.setPen(kCream);
+  const QRectF corner = scale.area.adjusted(type() * 0.5, 0, 0, 0);
+  painter.drawText(corner, Qt::AlignLeft | Qt::AlignTop,
+                   painter.fontMetrics().elidedText(team_, Qt::ElideRight, qRound(corner.width())));
+  painter.setFont(SmallFont());
   double free = -1;
   DrawEnd(painter, scale, static_cast<int>(now), courses_.replayed.back(), kBarBlue,
           QStringLiteral("replayed %1").arg(Signed(courses_.replayed.back())), free);

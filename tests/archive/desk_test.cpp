@@ -43,8 +43,9 @@ struct Desktop final : QuietDesktop {
     const bool games = query.text.find("ArchiveGame") != std::string::npos;
     rows.TakeFields({});
     for (const auto& [id, archiveGame] : saved) {
-      const std::array<DatabaseValue, 2> row{archiveGame, id};
-      rows.TakeRow(games ? std::span(row) : std::span(row).last(1));
+      const std::array<DatabaseValue, 2> game{archiveGame, id};
+      const std::array<DatabaseValue, 4> line{id, "Team", "3", "a_VIS"};
+      rows.TakeRow(games ? std::span<const DatabaseValue>(game) : line);
     }
   }
 

@@ -78,13 +78,18 @@ Target TargetAtIndex(QAbstractItemView* view, const QModelIndex& index) {
 }  // namespace
 
 QWidget* FrontWindow() {
-  if (MessageBox* box = MessageBox::Open(); box && box->isWindow()) return box;
+  if (MessageBox* box = MessageBox::Open()) return box->window();
   if (QWidget* popup = QApplication::activePopupWidget()) return popup;
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
-  // A window beside the board, until it is closed.
+  // A window beside the board, until it is closed; of several the one in use, or one that does not
+  // depend on where they stand in memory.
+  QWidget* beside = nullptr;
   for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (qobject_cast<QDialog*>(window) && window->isVisible()) return window;
+    if (!qobject_cast<QDialog*>(window) || !window->isVisible()) continue;
+    if (window->isActiveWindow()) return window;
+    if (beside == nullptr || window->objectName() < beside->objectName()) beside = window;
   }
+  if (beside != nullptr) return beside;
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (qobject_cast<QMainWindow*>(window) && window->isVisible()) return window;
   }

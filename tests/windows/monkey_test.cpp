@@ -89,9 +89,11 @@ class Monkey : public Driver {
     }
     History& history = *table.desk.board().history;
     history.Observe([this, &history] {
-      if (history.stepped() || !history.CanUndo()) mayEmpty_ = made_;
-      // A step may lead back to where there was none.
-      if (history.stepped()) outOfTurn_ = true;
+      // A step, or a game taken up again, may lead back to where there was none.
+      if (history.stepped() || !history.CanUndo()) {
+        mayEmpty_ = made_;
+        outOfTurn_ = true;
+      }
       NoteOutOfTurn();
     });
     table.dialogs.report = PathOfFile(table.folder.filePath("Report.html"));

@@ -12,7 +12,6 @@ namespace {
 
 using archive::Club;
 using archive::kNobody;
-using archive::Man;
 using archive::NameForm;
 
 constexpr std::array kForms{NameForm::FirstLast, NameForm::LastFirst};

@@ -66,20 +66,25 @@ DayProgramme ProgrammeOf(const BothWorlds& worlds, const ArchiveIds& ids, int da
     if (id != ids.end()) replays[id->second] = static_cast<int>(game);
   }
   DayProgramme programme{day, {}};
-  const auto games = std::ranges::equal_range(worlds.archive->games, day, {}, &archive::Game::day);
-  for (auto game = games.begin(); game != games.end(); ++game) {
+  const auto& games = worlds.archive->games;
+  const auto end = std::ranges::upper_bound(games, day, {}, &archive::Game::day);
+  auto game = std::ranges::lower_bound(games, day, {}, &archive::Game::day);
+  for (; game != end; ++game) {
     const auto replay = replays.find(game->id);
-    programme.games.push_back({static_cast<int>(game - worlds.archive->games.begin()),
-                               replay == replays.end() ? -1 : replay->second});
+    programme.games.push_back(
+        {static_cast<int>(game - games.begin()), replay == replays.end() ? -1 : replay->second});
   }
   return programme;
 }
 
 int DayBeside(const archive::Season& season, int day, int step) {
   const auto& games = season.games;
-  const auto here = std::ranges::equal_range(games, day, {}, &archive::Game::day);
-  if (step < 0) return here.begin() == games.begin() ? day : std::prev(here.begin())->day;
-  return here.end() == games.end() ? day : here.end()->day;
+  if (step < 0) {
+    const auto here = std::ranges::lower_bound(games, day, {}, &archive::Game::day);
+    return here == games.begin() ? day : std::prev(here)->day;
+  }
+  const auto next = std::ranges::upper_bound(games, day, {}, &archive::Game::day);
+  return next == games.end() ? day : next->day;
 }
 
 int DayToPlay(const archive::Season& season, const std::vector<bool>& played, int club) {

@@ -186,19 +186,19 @@ UseMarks::UseMarks(const BothWorlds& worlds, const StartsOfPitchers& starts) {
   for (const auto& [team, own] : ofTeams) {
     const TeamUse use = UseOfTeam(worlds, own, team);
     for (const auto* list : {&use.batters, &use.pitchers}) {
-      for (const PlayerUse& player : *list) {
-        if (player.mark() == UseMark::Within) continue;
-        std::string text;
-        for (const Use& one : player.uses) {
-          if (one.mark == UseMark::Within) continue;
-          text += (text.empty() ? "" : "; ") + UseText(one) + ", " + MarkWord(one.mark);
-        }
-        Marked& marked = marked_[{worlds.replayed->teams[team].name, player.name}];
-        const bool more = !marked.text.empty();
-        if (!more || player.mark() == UseMark::Over) marked.word = MarkWord(player.mark());
-        marked.text += (more ? "; " : "") + text;
-      }
+      for (const PlayerUse& player : *list) Mark(worlds.replayed->teams[team].name, player);
     }
+  }
+}
+
+// Who bats and pitches may be marked twice.
+void UseMarks::Mark(const std::string& team, const PlayerUse& player) {
+  if (player.mark() == UseMark::Within) return;
+  Marked& marked = marked_[{team, player.name}];
+  if (marked.text.empty() || player.mark() == UseMark::Over) marked.word = MarkWord(player.mark());
+  for (const Use& use : player.uses) {
+    if (use.mark == UseMark::Within) continue;
+    marked.text += (marked.text.empty() ? "" : "; ") + UseText(use) + ", " + MarkWord(use.mark);
   }
 }
 

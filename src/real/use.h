@@ -72,9 +72,10 @@ class UseMarks {
 
  private:
   struct Marked {
-    const char* word;
+    const char* word = "";
     std::string text;
   };
+  void Mark(const std::string& team, const PlayerUse& player);
   [[nodiscard]] const Marked* Find(const std::string& team, const std::string& player) const;
   std::map<std::pair<std::string, std::string>, Marked> marked_;  // by team and player
 };

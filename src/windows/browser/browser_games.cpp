@@ -135,7 +135,8 @@ void BrowserWindow::BuildSeason() {
   connect(season_, &SeasonTab::pagesWanted, this, [this] {
     WriteUnderProgress(browser_.platform, this, "Writing the season pages",
                        [this](const ExportProgress& progress) {
-                         real::WritePagesWithReal(browser_.platform, kept_, kBrowserTitle, progress);
+                         real::WritePagesWithReal(browser_.platform, kept_, kBrowserTitle,
+                                                  progress);
                        });
   });
 }

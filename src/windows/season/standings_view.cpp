@@ -86,9 +86,9 @@ StandingsView::StandingsView(const Platform& platform)
     if (row >= 1 && row <= static_cast<int>(lines_.size())) Click(row);
   });
   right->addWidget(standings_, 1);
-  edit_ = MakeButton("cmd_Groups", QStringLiteral("Groups of teams..."),
-                     QStringLiteral("Leagues and divisions, each with standings of its own"),
-                     inside_);
+  edit_ =
+      MakeButton("cmd_Groups", QStringLiteral("Groups of teams..."),
+                 QStringLiteral("Leagues and divisions, each with standings of its own"), inside_);
   edit_->setEnabled(false);
   right->addWidget(edit_, 0, Qt::AlignRight);
   connect(edit_, &QPushButton::clicked, this, &StandingsView::EditGroups);

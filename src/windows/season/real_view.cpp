@@ -10,6 +10,7 @@
 #include "browser/queries.h"
 #include "database/archive_games.h"
 #include "windows/boxes/busy.h"
+#include "windows/season/season_parts.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"
@@ -22,18 +23,11 @@ using namespace look;
 
 enum class Page { Standings, Games, Leaders, Use };
 
-QBoxLayout* Column(QWidget* view) {
-  auto* column = new QVBoxLayout(view);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(8);
-  return column;
-}
-
-QBoxLayout* Strip(QBoxLayout* place) {
-  auto* strip = new QHBoxLayout;
-  strip->setSpacing(8);
-  place->addLayout(strip);
-  return strip;
+QLabel* AddNote(QBoxLayout* place, const char* name) {
+  QLabel* label = AddCaption(place, {});
+  Name(label, name, QStringLiteral("Note"));
+  label->setWordWrap(true);
+  return label;
 }
 
 // The row of a text in the first column of a grid; 0: none.
@@ -62,35 +56,6 @@ RealView::~RealView() {
 
 bool RealView::HasArchive(const Browser& browser) {
   return !archive::TiedArchive(browser.platform).empty();
-}
-
-QPushButton* RealView::AddSwitch(QBoxLayout* place, const char* name, const char* caption,
-                                 bool checked) {
-  auto* button = new QPushButton(QLatin1String(caption));
-  Name(button, name, QLatin1String(caption));
-  button->setAutoDefault(false);
-  button->setCheckable(true);
-  button->setChecked(checked);
-  place->addWidget(button);
-  return button;
-}
-
-QLabel* RealView::AddCaption(QBoxLayout* place, const char* name) {
-  QLabel* label = MakeCaption({}, nullptr);
-  Name(label, name, QStringLiteral("Note"));
-  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  label->setWordWrap(true);
-  place->addWidget(label);
-  return label;
-}
-
-StatGridView* RealView::MakeGrid(const char* name, const QString& accessibleName, StatGrid& grid) {
-  auto* view = new StatGridView(grid, nullptr);
-  Name(view, name, accessibleName);
-  view->ShowAsResult();
-  view->StretchAllColumns();
-  view->setSelectionBehavior(QTableView::SelectRows);
-  return view;
 }
 
 QWidget* RealView::BuildMissing() {
@@ -142,7 +107,8 @@ QWidget* RealView::BuildWorlds() {
                                       {"cmd_RealGames", "Game by game"},
                                       {"cmd_RealLeaders", "Both leaders"},
                                       {"cmd_RealUse", "Use"}}) {
-    group->addButton(AddSwitch(strip, name, caption, number == 0), number);
+    group->addButton(AddSwitch(strip, name, caption), number);
+    group->button(number)->setChecked(number == 0);
     ++number;
   }
   strip->addStretch();
@@ -152,7 +118,8 @@ QWidget* RealView::BuildWorlds() {
                    "The real season after as many games of each team as are replayed"},
         {real::Moment::By::Date, "cmd_SameDate", "Same date",
          "Both seasons up to the last day that is replayed"}}) {
-    QPushButton* button = AddSwitch(strip, name, caption, by == moment_.by);
+    QPushButton* button = AddSwitch(strip, name, caption);
+    button->setChecked(by == moment_.by);
     button->setToolTip(QLatin1String(tip));
     moments->addButton(button);
     connect(button, &QPushButton::clicked, this, [this, by = by] {
@@ -177,7 +144,7 @@ QWidget* RealView::BuildWorlds() {
     pages_->setCurrentIndex(page);
     list_->setVisible(page == static_cast<int>(Page::Games) || page == static_cast<int>(Page::Use));
   });
-  note_ = AddCaption(column, "lbl_RealNote");
+  note_ = AddNote(column, "lbl_RealNote");
   return view;
 }
 
@@ -199,7 +166,7 @@ QWidget* RealView::BuildStandings() {
 QWidget* RealView::BuildGames() {
   auto* view = new QWidget;
   QBoxLayout* column = Column(view);
-  headline_ = AddCaption(column, "lbl_RealTeam");
+  headline_ = AddNote(column, "lbl_RealTeam");
   headline_->setWordWrap(false);
   teamCourse_ = new RealCourseChart("pic_RealTeamCourse");
   column->addWidget(teamCourse_, 4);
@@ -242,8 +209,9 @@ QWidget* RealView::BuildUse() {
   QBoxLayout* strip = Strip(column);
   auto* tables = new QStackedWidget;
   auto* group = new QButtonGroup(this);
-  group->addButton(AddSwitch(strip, "cmd_UseBatters", "Batters", true), 0);
-  group->addButton(AddSwitch(strip, "cmd_UsePitchers", "Pitchers", false), 1);
+  group->addButton(AddSwitch(strip, "cmd_UseBatters", "Batters"), 0);
+  group->addButton(AddSwitch(strip, "cmd_UsePitchers", "Pitchers"), 1);
+  group->button(0)->setChecked(true);
   strip->addStretch();
   connect(group, &QButtonGroup::idClicked, tables, &QStackedWidget::setCurrentIndex);
   column->addWidget(tables, 1);
@@ -251,7 +219,7 @@ QWidget* RealView::BuildUse() {
   pitchers_ = new UseTable("grd_UsePitchers", QStringLiteral("Use of the pitchers"), pitchersGrid_);
   tables->addWidget(batters_);
   tables->addWidget(pitchers_);
-  useNote_ = AddCaption(column, "lbl_UseNote");
+  useNote_ = AddNote(column, "lbl_UseNote");
   return view;
 }
 

@@ -57,9 +57,6 @@ class RealView : public QWidget {
   QWidget* BuildGames();
   QWidget* BuildLeaders();
   QWidget* BuildUse();
-  QPushButton* AddSwitch(QBoxLayout* place, const char* name, const char* caption, bool checked);
-  StatGridView* MakeGrid(const char* name, const QString& accessibleName, StatGrid& grid);
-  QLabel* AddCaption(QBoxLayout* place, const char* name);
 
   void TellMissing(const QString& why);
   void ReadArchive(const std::optional<std::filesystem::path>& archive);

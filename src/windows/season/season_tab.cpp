@@ -14,6 +14,7 @@
 #include "database/saved_games.h"
 #include "season/season_words.h"
 #include "windows/browser/bracket_view.h"
+#include "windows/season/season_parts.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"
@@ -27,20 +28,6 @@ using namespace look;
 
 constexpr const char* kNobody = "Nobody is chosen yet";
 constexpr const char* kChooseSomebody = "Choose a team or a player on the left.";
-
-QBoxLayout* Column(QWidget* view) {
-  auto* column = new QVBoxLayout(view);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(8);
-  return column;
-}
-
-QBoxLayout* Strip(QBoxLayout* place) {
-  auto* strip = new QHBoxLayout;
-  strip->setSpacing(8);
-  place->addLayout(strip);
-  return strip;
-}
 
 }  // namespace
 
@@ -58,7 +45,7 @@ SeasonTab::SeasonTab(Browser& browser, archive::KeptSeason& kept)
   connect(real_, &RealView::gameWanted, this, &SeasonTab::gameWanted);
   connect(real_, &RealView::worldsRead, this, &SeasonTab::TellChosen);
   whole->addWidget(views_, 1);
-  AddCaption(whole, note_, QStringLiteral("The season appears here once its games are read."));
+  note_ = AddCaption(whole, QStringLiteral("The season appears here once its games are read."));
   Name(note_, "lbl_SeasonNote", QStringLiteral("The season"));
   Follow<std::shared_ptr<const SeasonFigures>>(
       this, browser_.state.season, [this](const std::shared_ptr<const SeasonFigures>& season) {
@@ -70,30 +57,6 @@ SeasonTab::SeasonTab(Browser& browser, archive::KeptSeason& kept)
 SeasonTab::~SeasonTab() {
   reading_ = {};
   delete views_;
-}
-
-QPushButton* SeasonTab::AddSwitch(QBoxLayout* place, const char* name, const char* caption) {
-  auto* button = new QPushButton(QLatin1String(caption));
-  Name(button, name, QLatin1String(caption));
-  button->setAutoDefault(false);
-  button->setCheckable(true);
-  place->addWidget(button);
-  return button;
-}
-
-void SeasonTab::AddCaption(QBoxLayout* place, QLabel*& label, const QString& text) {
-  label = MakeCaption(text, nullptr);
-  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  place->addWidget(label);
-}
-
-StatGridView* SeasonTab::MakeGrid(const char* name, const QString& accessibleName, StatGrid& grid) {
-  auto* view = new StatGridView(grid, nullptr);
-  Name(view, name, accessibleName);
-  view->ShowAsResult();
-  view->StretchAllColumns();
-  view->setSelectionBehavior(QTableView::SelectRows);
-  return view;
 }
 
 void SeasonTab::BuildStrip(QBoxLayout* whole) {
@@ -190,7 +153,7 @@ QBoxLayout* SeasonTab::BuildChosen() {
   auto* right = new QVBoxLayout;
   right->setSpacing(8);
   QBoxLayout* head = Strip(right);
-  AddCaption(head, who_, QLatin1String(kNobody));
+  who_ = AddCaption(head, QLatin1String(kNobody));
   Name(who_, "lbl_Chosen", QStringLiteral("Chosen"));
   head->setStretchFactor(who_, 1);
   batting_ = AddSwitch(head, "cmd_Batting", "Batting");
@@ -243,7 +206,7 @@ void SeasonTab::ShowSplit() {
 QWidget* SeasonTab::BuildScores() {
   auto* view = new QWidget;
   QBoxLayout* column = Column(view);
-  AddCaption(column, sums_, {});
+  sums_ = AddCaption(column, {});
   Name(sums_, "lbl_Scores", QStringLiteral("Scores"));
   auto* sides = new QHBoxLayout;
   sides->setSpacing(8);

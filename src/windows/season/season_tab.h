@@ -59,9 +59,6 @@ class SeasonTab : public QWidget {
   QBoxLayout* BuildChosen();
   void BuildSplits(QBoxLayout* place);
   QWidget* BuildScores();
-  QPushButton* AddSwitch(QBoxLayout* place, const char* name, const char* caption);
-  StatGridView* MakeGrid(const char* name, const QString& accessibleName, StatGrid& grid);
-  void AddCaption(QBoxLayout* place, QLabel*& label, const QString& text);
 
   // Shows another reading of the season. Who was chosen in the one before stays so by name, and is
   // let go where that name is gone.

@@ -15,12 +15,10 @@ namespace {
 using namespace look;
 
 constexpr double kReach = 1.6;  // of the pointer, in type sizes
-constexpr double kFigureRoom = 3.6;
 constexpr QColor kRealLine{243, 233, 210};
 constexpr QColor kRealToCome{116, 134, 122};
 constexpr QColor kRealBar{104, 92, 60};
 constexpr QColor kReplayedBar{46, 88, 108};
-constexpr QColor kSecondText{206, 206, 188};
 
 QString Signed(int above) {
   return (above > 0 ? QStringLiteral("+") : QString()) + QString::number(above);
@@ -271,30 +269,8 @@ void RealLeadersChart::Draw(QPainter& painter) {
   const int own = static_cast<int>(leaders_[0].size());
   for (int mark = 0; mark < marks(); ++mark) {
     const SeasonLeader& leader = LeaderOf(mark);
-    const QRectF row = RowOf(mark).adjusted(0, 1, 0, -1);
-    const QRectF room = row.adjusted(0, 0, -kFigureRoom * type(), 0);
-    QRectF bar = room;
-    bar.setWidth(longest > 0 ? std::max(2.0, room.width() * leader.value / longest) : 2);
-    DrawPlate(painter, bar, mark < own ? kReplayedBar : kRealBar, Qt::transparent, 0, 2);
-    painter.setFont(SmallFont());
-    const QRectF text = room.adjusted(type() * 0.4, 0, 0, 0);
-    const SeasonPlayer& man = seasons_->replayed.players[leader.man];
-    const auto& metrics = painter.fontMetrics();
-    const QString name = metrics.elidedText(ToQt(man.name), Qt::ElideRight, qRound(text.width()));
-    painter.setPen(kCream);
-    painter.drawText(text, Qt::AlignVCenter | Qt::TextSingleLine, name);
-    const double taken = metrics.horizontalAdvance(name) + type() * 0.5;
-    const double left = text.width() - taken;
-    if (left > type() * 2.5) {
-      painter.setPen(kSecondText);
-      painter.drawText(text.adjusted(taken, 0, 0, 0), Qt::AlignVCenter | Qt::TextSingleLine,
-                       metrics.elidedText(ToQt(seasons_->replayed.teams[man.team].name),
-                                          Qt::ElideRight, qRound(left)));
-    }
-    painter.setFont(SmallFont(true));
-    painter.setPen(kCream);
-    painter.drawText(row, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
-                     ToQt(leader.text));
+    DrawLeader(painter, RowOf(mark), leader, seasons_->replayed, longest,
+               mark < own ? kReplayedBar : kRealBar);
   }
 }
 

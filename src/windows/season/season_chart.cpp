@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/qt/qt_text.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
 
@@ -216,6 +217,36 @@ QPen LinePen(const LineLook& look, double width) {
       pen.setDashPattern({8, 2, 2, 2, 2, 2});
   }
   return pen;
+}
+
+// The name over the bar, and the team behind it where there is room for its first letters.
+void SeasonChart::DrawLeader(QPainter& painter, const QRectF& place, const SeasonLeader& leader,
+                             const SeasonFigures& season, double longest,
+                             const QColor& colour) const {
+  constexpr QColor kSecondText{206, 206, 188};
+  const QRectF row = place.adjusted(0, 1, 0, -1);
+  const QRectF room = row.adjusted(0, 0, -kFigureRoom * type(), 0);
+  QRectF bar = room;
+  bar.setWidth(longest > 0 ? std::max(2.0, room.width() * leader.value / longest) : 2);
+  DrawPlate(painter, bar, colour, Qt::transparent, 0, 2);
+  painter.setFont(SmallFont());
+  const QRectF text = room.adjusted(type() * 0.4, 0, 0, 0);
+  const SeasonPlayer& man = season.players[leader.man];
+  const auto& metrics = painter.fontMetrics();
+  const QString name = metrics.elidedText(ToQt(man.name), Qt::ElideRight, qRound(text.width()));
+  painter.setPen(kCream);
+  painter.drawText(text, Qt::AlignVCenter | Qt::TextSingleLine, name);
+  const double taken = metrics.horizontalAdvance(name) + type() * 0.5;
+  const double left = text.width() - taken;
+  if (left > type() * 2.5) {
+    painter.setPen(kSecondText);
+    painter.drawText(
+        text.adjusted(taken, 0, 0, 0), Qt::AlignVCenter | Qt::TextSingleLine,
+        metrics.elidedText(ToQt(season.teams[man.team].name), Qt::ElideRight, qRound(left)));
+  }
+  painter.setFont(SmallFont(true));
+  painter.setPen(kCream);
+  painter.drawText(row, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, ToQt(leader.text));
 }
 
 }  // namespace dtb

@@ -6,9 +6,12 @@
 #include <functional>
 #include <vector>
 
+#include "season/season_leaders.h"
 #include "season/season_standings.h"
 
 namespace dtb {
+
+inline constexpr double kFigureRoom = 3.6;  // of a leader, in type sizes
 
 // A plate with a title and a picture of figures. It has marks, such as games or bars, of which one
 // may be lit: by the pointer, or with the focus by the arrow keys, Home and End. A click on it, or
@@ -49,6 +52,10 @@ class SeasonChart : public QWidget {
   // The room below the title.
   [[nodiscard]] QRectF Inside() const;
   void DrawNote(QPainter& painter, const QString& text) const;
+  // A leader's row: a bar as long as his value beside the longest, his name, his team and his
+  // figure.
+  void DrawLeader(QPainter& painter, const QRectF& place, const SeasonLeader& leader,
+                  const SeasonFigures& season, double longest, const QColor& colour) const;
   void DrawBubble(QPainter& painter, const QPointF& at, const QString& words) const;
 
   bool event(QEvent* event) override;

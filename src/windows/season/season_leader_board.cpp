@@ -11,8 +11,6 @@ namespace {
 
 using namespace look;
 
-constexpr double kFigureRoom = 3.6;  // in type sizes
-
 std::string ObjectName(SeasonLead lead) {
   return "pic_Leaders" + std::to_string(static_cast<int>(lead));
 }
@@ -78,30 +76,7 @@ void SeasonLeaderBoard::Draw(QPainter& painter) {
   for (const SeasonLeader& leader : leaders_) longest = std::max(longest, leader.value);
   for (int mark = 0; mark < marks(); ++mark) {
     const SeasonLeader& leader = leaders_[static_cast<std::size_t>(mark)];
-    const QRectF row = RowOf(mark).adjusted(0, 1, 0, -1);
-    const QRectF room = row.adjusted(0, 0, -kFigureRoom * type(), 0);
-    QRectF bar = room;
-    bar.setWidth(longest > 0 ? std::max(2.0, room.width() * leader.value / longest) : 2);
-    DrawPlate(painter, bar, QColor(46, 88, 108), Qt::transparent, 0, 2);
-    painter.setFont(SmallFont());
-    const QRectF text = room.adjusted(type() * 0.4, 0, 0, 0);
-    const SeasonPlayer& man = season_->players[leader.man];
-    const auto& metrics = painter.fontMetrics();
-    const QString name = metrics.elidedText(ToQt(man.name), Qt::ElideRight, qRound(text.width()));
-    painter.setPen(kCream);
-    painter.drawText(text, Qt::AlignVCenter | Qt::TextSingleLine, name);
-    const double taken = metrics.horizontalAdvance(name) + type() * 0.5;
-    const double left = text.width() - taken;
-    if (left > type() * 2.5) {
-      painter.setPen(QColor(206, 206, 188));
-      painter.drawText(
-          text.adjusted(taken, 0, 0, 0), Qt::AlignVCenter | Qt::TextSingleLine,
-          metrics.elidedText(ToQt(season_->teams[man.team].name), Qt::ElideRight, qRound(left)));
-    }
-    painter.setFont(SmallFont(true));
-    painter.setPen(kCream);
-    painter.drawText(row, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
-                     ToQt(leader.text));
+    DrawLeader(painter, RowOf(mark), leader, *season_, longest, QColor(46, 88, 108));
   }
   if (more_.isEmpty()) return;
   painter.setFont(SmallFont());

@@ -115,18 +115,34 @@ build_xlsxwriter() {
     -DZLIB_INCLUDE_DIR="$prefix/include" -DZLIB_LIBRARY="$prefix/lib/libz.a"
 }
 
+# Of ICU's data the program needs the order and case of letters and the encodings, but no language
+# and no calendar: a tenth.
+reduce_icu_data() {
+  local icupkg=(env LD_LIBRARY_PATH="$folder/icu-here/lib" "$folder/icu-here/bin/icupkg")
+  local data unwanted=$folder/icu-here/unwanted.txt
+  data=$(ls "$1"/data/in/icudt*l.dat)
+  "${icupkg[@]}" -l "$data" |
+    grep -E '^(curr|zone|lang|region|unit|rbnf|brkitr|translit)/|^[a-z]{2,3}(_[A-Za-z0-9_]*)?\.res$|^coll/[a-z]{2,3}(_[A-Za-z_]*)?\.res$' \
+      >"$unwanted" || true
+  [[ ! -s $unwanted ]] || "${icupkg[@]}" -r "$unwanted" "$data"
+}
+
 # ICU builds its own tools for this machine first, and with them its data for Windows.
 build_icu() {
   fetch icu
   local source
   source=$(dirname "$(find "$sources/icu-source" -path "*/source/configure")")
   local options=(--disable-samples --disable-tests --disable-extras --disable-icuio)
-  mkdir -p "$folder/icu-here" "$folder/icu-windows"
-  (cd "$folder/icu-here" && "$source/configure" "${options[@]}" && make -j2)
+  mkdir -p "$folder/icu-here" "$folder/icu-windows" "$prefix/bin"
+  (cd "$folder/icu-here" && CC=gcc CXX=g++ CFLAGS=-O1 CXXFLAGS="-O1 -std=c++17" \
+    "$source/configure" "${options[@]}" && make -j2)
+  reduce_icu_data "$source"
   (cd "$folder/icu-windows" && CC=$host-gcc-posix CXX=$host-g++-posix CFLAGS="$flags" \
     CXXFLAGS="$flags -std=c++17" "$source/configure" --host=$host --enable-static --disable-shared \
     --disable-tools --with-data-packaging=static --with-cross-build="$folder/icu-here" \
     --prefix="$prefix" "${options[@]}" && make -j2 && make install)
+  # The data stands under another name and in another folder than a linker looks in.
+  mv "$prefix/bin/sicudt.a" "$prefix/lib/libsicudt.a"
   rm -rf "$folder/icu-here" "$folder/icu-windows"
 }
 

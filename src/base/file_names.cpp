@@ -1,6 +1,7 @@
 #include "base/file_names.h"
 
 #include <algorithm>
+#include <array>
 #include <system_error>
 
 #include "base/paths.h"
@@ -17,6 +18,22 @@ bool IsForbidden(unsigned char character) {
   constexpr unsigned char kDelete = 0x7F;
   return character < kFirstPrintable || character == kDelete ||
          kForbidden.find(static_cast<char>(character)) != std::string_view::npos;
+}
+
+// Windows has devices of these names, with whatever ending.
+bool NamesDevice(std::string_view part) {
+  constexpr std::array kDevices{"CON", "PRN", "AUX", "NUL"};
+  constexpr std::array kNumbered{"COM", "LPT"};  // and a digit
+  std::string stem(part.substr(0, part.find('.')));
+  while (stem.ends_with(' ')) stem.pop_back();
+  for (char& letter : stem) {
+    if (letter >= 'a' && letter <= 'z') letter = static_cast<char>(letter - 'a' + 'A');
+  }
+  const auto isOf = [](std::string_view name, const auto& devices) {
+    return std::ranges::find(devices, name) != devices.end();
+  };
+  const bool numbered = stem.size() == 4 && stem[3] >= '0' && stem[3] <= '9';
+  return isOf(stem, kDevices) || (numbered && isOf(stem.substr(0, 3), kNumbered));
 }
 
 // The start of the text, with no character cut in two.
@@ -40,7 +57,7 @@ std::string SafeNamePart(std::string_view text) {
     rest.remove_prefix(std::max<std::size_t>(bytes, 1));
   }
   while (part.ends_with(' ') || part.ends_with('.')) part.pop_back();
-  return part;
+  return NamesDevice(part) ? '_' + part : part;
 }
 
 std::filesystem::path FreeFile(const std::filesystem::path& folder, const std::string& name,

@@ -4,11 +4,27 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <string>
+#include <vector>
 
 namespace dtb::system {
 
 // The folder of the program that runs, behind all links; empty where the system does not tell it.
 [[nodiscard]] std::filesystem::path ExecutableFolder();
+
+// The arguments of this program in UTF-8, without its own name; `argc` and `argv` are those of
+// main.
+[[nodiscard]] std::vector<std::string> Arguments(int argc, char** argv);
+
+// What stands behind the name of a program's file.
+extern const char* const kProgramEnding;
+
+// Where the program was started from a console window that it does not have itself, what it prints
+// goes there from now on.
+void PrintToConsole();
+
+// There is a screen on which a window can be opened, as far as can be told without trying.
+[[nodiscard]] bool HasDisplay();
 
 // Forces the names in a folder to the disk. A folder that cannot be forced has them all the same.
 void SyncFolder(const std::filesystem::path& folder);

@@ -4,7 +4,10 @@
 #include <QTemporaryFile>
 #include <QTimer>
 #include <cstdio>
+#include <string>
+#include <vector>
 
+#include "base/system.h"
 #include "base/version.h"
 #include "replay/box_page.h"
 #include "replay/command_line.h"
@@ -44,7 +47,8 @@ Script ScriptOf(const QString& given) {
           isGame && QFile::exists(figures) ? figures : QString()};
 }
 
-// A screen of this size, where no real one is used.
+// A screen of this size, where no real one is used. Qt looks for the file that says so in the
+// current folder, since the name of another would not survive a drive's colon.
 void MakeScreen(QTemporaryFile& config, const QSize& size) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   if (!config.open()) return;
@@ -54,16 +58,17 @@ void MakeScreen(QTemporaryFile& config, const QSize& size) {
                    .arg(size.height())
                    .toUtf8());
   config.close();
-  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + config.fileName().toUtf8());
+  const QFileInfo file(config.fileName());
+  QDir::setCurrent(file.path());
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + file.fileName().toUtf8());
 }
 
 // Qt would end the program without a word of what to do.
 void RequireScreen() {
   if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return;
+  if (!system::HasDisplay()) throw Refused("--show needs a display, and there is none here");
   const bool wayland = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
-  if (!qEnvironmentVariableIsEmpty("DISPLAY")) return;
-  if (!wayland) throw Refused("--show needs a display, and there is none here");
-  qputenv("QT_QPA_PLATFORM", "wayland");
+  if (wayland && qEnvironmentVariableIsEmpty("DISPLAY")) qputenv("QT_QPA_PLATFORM", "wayland");
 }
 
 // A script that kills its program goes on in the next one, at the table where the last one died.
@@ -159,11 +164,13 @@ int Play(const CommandLine& line, int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     return PlayOnAfterKills(line.options + QStringList{"--", script.file});
   }
+  const QString here = QDir::currentPath();
   QTemporaryFile config;
   if (!line.player.show) {
     MakeScreen(config, line.player.screen.isEmpty() ? kUsualScreen : line.player.screen);
   }
   const Application application(argc, argv);
+  QDir::setCurrent(here);
   // Qt has read it, and a script may kill the program.
   if (!line.player.show) config.remove();
   QApplication::setQuitOnLastWindowClosed(false);
@@ -178,14 +185,15 @@ int Tell(const QString& text) {
 
 int Main(int argc, char** argv) {
   QStringList arguments;
-  for (int i = 1; i < argc; ++i) arguments += QString::fromLocal8Bit(argv[i]);
+  const std::vector<std::string> texts = system::Arguments(argc, argv);
+  for (const std::string& text : texts) arguments += ToQt(text);
   if (arguments.value(0) == "teams" && arguments.value(1) != "--help" &&
       arguments.value(1) != "-h") {
     return RunTeams(arguments.mid(1));
   }
   if (arguments.value(0) == "import" && arguments.value(1) != "--help" &&
       arguments.value(1) != "-h") {
-    return RunImport({argv + 2, argv + argc});
+    return RunImport({texts.begin() + 1, texts.end()});
   }
   CommandLine line;
   try {

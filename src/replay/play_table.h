@@ -52,11 +52,11 @@ class PlayFolder {
       // The program writes team files of a season beside those that came with it.
       const QDir teams(shipped.filePath(name));
       if (name != "Teams" || !QDir().mkpath(filePath(name))) {
-        QFile::link(shipped.filePath(name), filePath(name));
+        Lend(shipped.filePath(name), filePath(name));
         continue;
       }
       for (const QString& team : teams.entryList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
-        QFile::link(teams.filePath(team), filePath(name + '/' + team));
+        Lend(teams.filePath(team), filePath(name + '/' + team));
       }
     }
     const QString file = QFileInfo(database).absoluteFilePath();
@@ -65,14 +65,35 @@ class PlayFolder {
       if (QDir(filePath(kCopiesFolder)).isEmpty()) Make(filePath("DTB.mdb"));
     } else {
       if (!QFile::exists(file)) Make(file);
-      QFile::link(file, filePath("DTB.mdb"));
+      if (!Lend(file, filePath("DTB.mdb"))) lent_ = PathOfFile(file);
     }
   }
+  ~PlayFolder() {
+    std::error_code error;
+    if (lent_.empty()) return;
+    std::filesystem::copy_file(PathOfFile(filePath("DTB.mdb")), lent_,
+                               std::filesystem::copy_options::overwrite_existing, error);
+  }
+  PlayFolder(const PlayFolder&) = delete;
+  PlayFolder& operator=(const PlayFolder&) = delete;
 
   [[nodiscard]] QString path() const { return own_ ? own_->path() : given_; }
   [[nodiscard]] QString filePath(const QString& name) const { return QDir(path()).filePath(name); }
 
  private:
+  // Puts a link in a place where nothing stands yet, or a copy where the system makes no links.
+  // False for a copy.
+  static bool Lend(const QString& file, const QString& place) {
+    std::error_code error;
+    if (std::filesystem::exists(std::filesystem::symlink_status(PathOfFile(place)))) return true;
+    std::filesystem::create_symlink(PathOfFile(file), PathOfFile(place), error);
+    if (!error) return true;
+    std::filesystem::copy(PathOfFile(file), PathOfFile(place),
+                          std::filesystem::copy_options::recursive, error);
+    if (error) throw Refused(place + " cannot be made: " + QString::fromStdString(error.message()));
+    return false;
+  }
+
   void Make(const QString& database) const {
     QFile schema(filePath("schema.sql"));
     try {
@@ -86,6 +107,7 @@ class PlayFolder {
 
   QString given_;
   std::unique_ptr<QTemporaryDir> own_;
+  std::filesystem::path lent_;  // the database of which a copy lies here; empty: none
 };
 
 // A desk whose program folder and settings are made for it and go with it, and so does its database

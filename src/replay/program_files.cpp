@@ -6,6 +6,7 @@
 
 #include "base/paths.h"
 #include "base/system.h"
+#include "platform/qt/program_folder.h"
 #include "platform/qt/qt_text.h"
 #include "replay/gestures.h"
 
@@ -17,7 +18,7 @@ QString FindProgramFiles(const QString& given) {
   QStringList folders{given};
   if (given.isEmpty()) {
     folders = {executables.path(), executables.filePath("program"),
-               QDir::cleanPath(executables.filePath("../share/kelvane-diamond-table"))};
+               SharedFolder(executables.path())};
   }
   for (const QString& folder : folders) {
     if (QFileInfo(folder + "/schema.sql").isFile()) return QDir(folder).absolutePath();

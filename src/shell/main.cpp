@@ -1,16 +1,14 @@
 // Starts the board.
-#include <unistd.h>
-
 #include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
 #include <QStandardPaths>
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
 
+#include "base/child_process.h"
 #include "base/paths.h"
+#include "base/system.h"
 #include "base/version.h"
 #include "platform/qt/program_folder.h"
 #include "platform/qt/qt_text.h"
@@ -48,10 +46,9 @@ void TellNoDisplay(QtMsgType type, const QMessageLogContext& /*place*/, const QS
 // Hands over to the program that plays table scripts; returns only if that cannot be.
 int PlayScript(const std::filesystem::path& script) {
   for (const char* name : {"kelvane-diamond-table-replay", "dtb_replay"}) {
-    const QString program =
-        QDir(QCoreApplication::applicationDirPath()).filePath(QLatin1String(name));
-    if (!QFileInfo::exists(program)) continue;
-    execl(qPrintable(program), name, "--show", "--", script.c_str(), nullptr);
+    const auto program = system::ExecutableFolder() / (std::string(name) + system::kProgramEnding);
+    if (!std::filesystem::exists(program)) continue;
+    system::GoOnAs(program, {"--show", "--", TextOf(script)});
   }
   return Refuse(kCannot, "the program that plays table scripts is not installed");
 }
@@ -73,6 +70,7 @@ void OpenTeams(Board& board, const std::vector<std::filesystem::path>& teams) {
 }
 
 int Main(int argc, char** argv) {
+  system::PrintToConsole();
   const auto asked = [argc, argv](std::string_view option) {
     return std::find(argv + 1, argv + argc, option) != argv + argc;
   };

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QDirIterator>
+#include <QFontDatabase>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QPushButton>
@@ -60,9 +62,18 @@ QIcon ProgramIcon() {
   return icon;
 }
 
+// Where the system does not bring the typefaces, they ship beside the program.
+void TakeUpShippedTypefaces() {
+  const QString folder = QCoreApplication::applicationDirPath() + QStringLiteral("/fonts");
+  for (QDirIterator file(folder, {QStringLiteral("*.ttf")}, QDir::Files); file.hasNext();) {
+    QFontDatabase::addApplicationFont(file.next());
+  }
+}
+
 }  // namespace
 
 void DressApplication() {
+  TakeUpShippedTypefaces();
   qApp->installEventFilter(new EnterPresses(qApp));
   InstallAccessibleRoles();
   QApplication::setStyle(new SlateStyle);

@@ -23,6 +23,20 @@ std::filesystem::path ExecutableFolder() {
   return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
 }
 
+std::vector<std::string> Arguments(int argc, char** argv) { return {argv + 1, argv + argc}; }
+
+const char* const kProgramEnding = "";
+
+void PrintToConsole() {}  // there it does anyway
+
+bool HasDisplay() {
+  const auto set = [](const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr && *value != '\0';
+  };
+  return set("WAYLAND_DISPLAY") || set("DISPLAY");
+}
+
 void SyncFolder(const std::filesystem::path& folder) {
   const int descriptor = OpenFolder(folder);
   if (descriptor < 0) return;

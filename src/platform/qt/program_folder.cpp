@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
+#include <array>
 #include <utility>
 
 #include "base/paths.h"
@@ -18,7 +19,9 @@
 namespace dtb {
 namespace {
 
-constexpr const char* kShared = "../share/kelvane-diamond-table";
+// Where the program's files lie, from the folder of the executable: as the package has it, and
+// where all of a program stands in a folder of its own.
+constexpr std::array kShared{"../share/kelvane-diamond-table", "shipped"};
 constexpr const char* kRecord = ".laid-out";
 constexpr const char* kNoSum = "-";  // of a file that is never read
 
@@ -160,8 +163,17 @@ class Filling {
 
 }  // namespace
 
+QString SharedFolder(const QString& executableFolder) {
+  QString folder;
+  for (const char* place : kShared) {
+    folder = QDir::cleanPath(QDir(executableFolder).filePath(QLatin1String(place)));
+    if (QFileInfo(folder).isDir()) break;
+  }
+  return folder;
+}
+
 ProgramFolder FindProgramFolder(const QString& executableFolder, const QString& personalFolder) {
-  const QDir shared(QDir::cleanPath(QDir(executableFolder).filePath(QLatin1String(kShared))));
+  const QDir shared(SharedFolder(executableFolder));
   const bool besides = QFileInfo::exists(executableFolder + QStringLiteral("/Ballparks"));
   if (besides || !shared.exists()) return {executableFolder, {}};
   Filling filling(shared, QDir(personalFolder), shared.filePath(QLatin1String(kDatabaseFile)));

@@ -10,8 +10,12 @@ struct ProgramFolder {
   QString complaint;  // "": all is well; else what the person should know
 };
 
+// Where an installed program has the files that come with it: `../share/kelvane-diamond-table` of
+// the executable's folder, or `shipped` in it. It need not be there.
+[[nodiscard]] QString SharedFolder(const QString& executableFolder);
+
 // The folder of the executable, if the program's files lie beside it. An installed program has a
-// folder of the person's own instead, filled from `../share/kelvane-diamond-table`: there a file
+// folder of the person's own instead, filled from the shared one: there a file
 // belongs to the person once changed, added or deleted; only untouched files are renewed. A fill
 // that was broken off is finished by the next start. An empty database comes last, once, and only
 // where no copies of one stand; so until it is there, a folder that cannot be filled holds nothing

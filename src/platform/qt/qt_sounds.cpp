@@ -1,8 +1,6 @@
 #include "platform/qt/qt_sounds.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
-#include <QLibrary>
 
 #include "base/paths.h"
 #include "base/program_error.h"
@@ -10,34 +8,12 @@
 #include "platform/qt/wave_file.h"
 
 namespace dtb {
-namespace {
-
-// Beside the executable, or where the package has it. Throws ProgramError where it is missing.
-SoundPlayer* LoadPlayer() {
-  const QString beside = QCoreApplication::applicationDirPath();
-  QString complaint;
-  for (const char* folder : {"/", "/../lib/games/kelvane-diamond-table/"}) {
-    QLibrary module(beside + QLatin1String(folder) + QStringLiteral("libdtb_sounds.so"));
-    if (!QFileInfo::exists(module.fileName())) continue;
-    if (const auto make = reinterpret_cast<MakeSoundPlayer*>(module.resolve(kMakeSoundPlayer))) {
-      // cppcheck-suppress CastIntegerToAddressAtReturn // the module's function makes a player
-      return make();
-    }
-    complaint = QStringLiteral(" (") + module.errorString() + QLatin1Char(')');
-  }
-  throw ProgramError(error_number::kFileNotFound,
-                     "The part of the program that plays sounds, \"libdtb_sounds.so\", is missing "
-                     "or cannot be used" +
-                         FromQt(complaint) + ". Install the program again to hear sounds.");
-}
-
-}  // namespace
 
 void QtSounds::PlayOnce(const std::filesystem::path& file) {
   const auto wave = ReadWave(ToQt(TextOf(file)));
   if (!wave) return;
   try {
-    if (!player_) player_.reset(LoadPlayer());
+    if (!player_) player_.reset(LoadSoundPlayer());
   } catch (const ProgramError&) {
     return;  // what is asked for is a sound, and its lack is silent
   }
@@ -57,7 +33,7 @@ void QtSounds::StartLoop(const std::filesystem::path& file) {
         "The file \"" + TextOf(file) +
             "\" is broken, or not a plain wave file of 8 or 16 bits, so it cannot be played.");
   }
-  if (!player_) player_.reset(LoadPlayer());
+  if (!player_) player_.reset(LoadSoundPlayer());
   player_->Play(SoundPlayer::Voice::Loop, *wave);
 }
 

@@ -1,5 +1,6 @@
-// The part of the program that plays sounds: a module of its own, since the multimedia library
-// brings dozens of others, which nobody should wait for before the first sound.
+// What plays sounds. Qt's multimedia library brings dozens of others, which nobody should wait for
+// before the first sound, so it stands in a module of its own, "libdtb_sounds.so"; on Windows the
+// system's own functions do.
 #pragma once
 
 #include "platform/qt/wave_file.h"
@@ -17,8 +18,8 @@ class SoundPlayer {
   virtual void Stop(Voice voice) = 0;
 };
 
-// What the module "libdtb_sounds.so" gives under this name; it is never unloaded.
-using MakeSoundPlayer = SoundPlayer*();
-inline constexpr const char* kMakeSoundPlayer = "MakeSoundPlayer";
+// The player of this system; it is never unloaded. Throws ProgramError where that part of the
+// program is missing.
+[[nodiscard]] SoundPlayer* LoadSoundPlayer();
 
 }  // namespace dtb

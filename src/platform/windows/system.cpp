@@ -1,8 +1,13 @@
 #include "base/system.h"
 
 #include <windows.h>
+//
+#include <shellapi.h>
 
+#include <cstdio>
 #include <string>
+
+#include "base/paths.h"
 
 namespace dtb::system {
 
@@ -13,6 +18,26 @@ std::filesystem::path ExecutableFolder() {
   path.resize(length);
   return std::filesystem::path(path).parent_path();
 }
+
+std::vector<std::string> Arguments(int /*argc*/, char** /*argv*/) {
+  int count = 0;
+  wchar_t** const texts = CommandLineToArgvW(GetCommandLineW(), &count);
+  std::vector<std::string> arguments;
+  for (int i = 1; i < count; ++i) arguments.push_back(TextOf(std::filesystem::path(texts[i])));
+  LocalFree(texts);
+  return arguments;
+}
+
+const char* const kProgramEnding = ".exe";
+
+void PrintToConsole() {
+  const bool somewhere = GetFileType(GetStdHandle(STD_OUTPUT_HANDLE)) != FILE_TYPE_UNKNOWN;
+  if (somewhere || AttachConsole(ATTACH_PARENT_PROCESS) == 0) return;
+  SetConsoleOutputCP(CP_UTF8);
+  for (FILE* stream : {stdout, stderr}) std::freopen("CONOUT$", "w", stream);
+}
+
+bool HasDisplay() { return true; }
 
 // NTFS keeps its names in a journal of its own; a folder takes no flush.
 void SyncFolder(const std::filesystem::path& /*folder*/) {}

@@ -1,13 +1,11 @@
 // dtb_jet_reader FILE: writes the rows of an old statistics database on its output, in frames. It
 // is a program of its own because libmdb may die of a spoiled file, or never come back from one.
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <unistd.h>
-
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 
+#include "base/child_process.h"
 #include "database/saved_tables.h"
 #include "platform/jet/reader/jet_file.h"
 
@@ -20,20 +18,9 @@ constexpr bool kSanitized = true;
 constexpr bool kSanitized = false;
 #endif
 
-void Limit(decltype(RLIMIT_CPU) what, rlim_t most) {
-  const rlimit limit{most, most};
-  setrlimit(what, &limit);
-}
-
-// What a sound file never needs.
-void LimitItself() {
-  constexpr rlim_t kSeconds = 120;
-  constexpr rlim_t kMemory = rlim_t{1} << 30U;
-  Limit(RLIMIT_CPU, kSeconds);
-  Limit(RLIMIT_CORE, 0);
-  // The sanitizers take more than any file for themselves.
-  if (!kSanitized) Limit(RLIMIT_AS, kMemory);
-}
+// What a sound file never needs. The sanitizers take more memory than any file for themselves.
+constexpr unsigned kMostSeconds = 120;
+constexpr std::size_t kMostMemory = kSanitized ? 0 : std::size_t{1} << 30U;
 
 void Tell(Frame frame, const Cells& cells = {}) {
   const std::string bytes = FrameText(frame, cells);
@@ -83,12 +70,12 @@ int main(int argc, char** argv) {
     std::fputs("Usage: dtb_jet_reader FILE\n", stderr);
     return 2;
   }
-  LimitItself();
+  dtb::system::BeAChild(kMostSeconds, kMostMemory);
   try {
     TellFile(argv[1]);
   } catch (const std::exception& fault) {
     Tell(Frame::Fault, {std::string(fault.what())});
   }
   std::fflush(stdout);
-  _exit(0);  // what libmdb has not given back goes with the process
+  std::_Exit(0);  // what libmdb has not given back goes with the process
 }

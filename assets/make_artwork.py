@@ -8,6 +8,7 @@ Writes, below the source folder:
     program/Logos/VisLogo.jpg, HomeLogo.jpg   logos for a team that has none of its own
     program/Logos/<team>.jpg                  logos of the four example teams
     src/windows/icons/                        the icon, as SVG and in several sizes
+    packaging/windows/board.ico               the same for Windows, all sizes in one file
 
 Usage:  make_artwork.py [source-folder]
 
@@ -21,7 +22,7 @@ from pathlib import Path
 
 from artwork import foundry, harbour, summit, wooden
 from artwork.finish import save_small
-from artwork.icon import save_icons
+from artwork.icon import save_icons, save_windows_icon
 from artwork.logos import LOGOS, logo
 
 BALLPARKS = {"DEFAULT1679X974": harbour.ballpark,
@@ -53,7 +54,9 @@ def main():
     source = Path(sys.argv[1]) if len(sys.argv) > 1 else Path(__file__).resolve().parent.parent
     draw_ballparks(source / "program" / "Ballparks")
     draw_logos(source / "program" / "Logos")
-    save_icons(source / "src" / "windows" / "icons")
+    icons = source / "src" / "windows" / "icons"
+    save_icons(icons)
+    save_windows_icon(icons, source / "packaging" / "windows" / "board.ico")
 
 
 if __name__ == "__main__":

@@ -4,6 +4,7 @@ One list of shapes, in a box of 256 by 256, is both drawn with cairo and written
 as SVG.  The smallest sizes have a list of their own with fewer and bolder shapes.
 """
 import math
+import struct
 from dataclasses import dataclass
 
 import cairo
@@ -162,3 +163,15 @@ def save_icons(folder):
     save_svg(folder)
     for size in SIZES:
         save_png(folder, size)
+
+
+def save_windows_icon(pictures, target):
+    """All sizes in one file, as Windows wants them: a head, an entry for each, the PNG files."""
+    files = [(size, (pictures / f"{NAME}-{size}.png").read_bytes()) for size in SIZES]
+    head = struct.pack("<HHH", 0, 1, len(files))
+    at = len(head) + 16 * len(files)
+    for size, png in files:
+        side = size % 256  # 0 stands for 256
+        head += struct.pack("<BBBBHHII", side, side, 0, 0, 1, 32, len(png), at)
+        at += len(png)
+    target.write_bytes(head + b"".join(png for _, png in files))

@@ -146,6 +146,15 @@ build_icu() {
   rm -rf "$folder/icu-here" "$folder/icu-windows"
 }
 
+# Debian ships the sources of GoogleTest in a package of its own.
+build_googletest() {
+  local source=/usr/src/googletest
+  with_cmake "$source" "$folder/googletest" -DBUILD_GMOCK=OFF
+  version=$(dpkg-query -W -f='${Version}' googletest)
+  hash=$(find "$source" -type f -print0 | sort -z | xargs -0 cat | sha256sum | cut -d ' ' -f 1)
+  rm -rf "$folder/googletest"
+}
+
 libraries=("$@")
 [[ $# -gt 0 ]] || libraries=(zlib minizip sqlite sqlitecpp xlsxwriter icu qt)
 for library in "${libraries[@]}"; do

@@ -23,6 +23,9 @@ extern const char* const kProgramEnding;
 // goes there from now on.
 void PrintToConsole();
 
+// Programs keep settings and data in one folder, rather than in one for each.
+extern const bool kSettingsBesideData;
+
 // There is a screen on which a window can be opened, as far as can be told without trying.
 [[nodiscard]] bool HasDisplay();
 

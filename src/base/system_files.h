@@ -28,7 +28,7 @@ enum class Reach { System, Disk };
 [[nodiscard]] int ForceFolder(const std::filesystem::path& folder);
 
 // Gives a file or folder another name in one step; a file that stands there goes.
-[[nodiscard]] int MoveFile(const std::filesystem::path& from, const std::filesystem::path& to);
+[[nodiscard]] int RenameFile(const std::filesystem::path& from, const std::filesystem::path& to);
 
 // As ReadWholeFile.
 [[nodiscard]] std::optional<std::string> ReadFile(const std::filesystem::path& file,

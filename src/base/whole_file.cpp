@@ -111,7 +111,7 @@ void FileBeside::Write(std::string_view bytes) const {
 
 void FileBeside::MoveIntoPlace() {
   int fault = system::ForceFile(path_);
-  if (fault == 0) fault = system::MoveFile(path_, place_);
+  if (fault == 0) fault = system::RenameFile(path_, place_);
   if (fault != 0) ThrowWriteFault(kind_, asked_, fault);
   moved_ = true;
   system::SyncFolder(FolderOf(place_));
@@ -130,7 +130,7 @@ void WriteDraft(const fs::path& file, std::string_view bytes, const std::string&
 
 void MoveFolderIntoPlace(const fs::path& draft, const fs::path& place, const std::string& kind) {
   int fault = system::ForceFolder(draft);
-  if (fault == 0) fault = system::MoveFile(draft, place);
+  if (fault == 0) fault = system::RenameFile(draft, place);
   if (fault != 0) ThrowWriteFault(kind, place, fault);
   system::SyncFolder(FolderOf(place));
 }

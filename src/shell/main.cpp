@@ -1,6 +1,5 @@
 // Starts the board.
 #include <QCoreApplication>
-#include <QStandardPaths>
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -93,10 +92,11 @@ int Main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("DTB_v102"));
   QApplication::setDesktopFileName(QStringLiteral("example.kelvane_diamond_table.board"));
   DressApplication();
-  const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-  const ProgramFolder folder = FindProgramFolder(QCoreApplication::applicationDirPath(),
-                                                 data + QStringLiteral("/kelvane-diamond-table"));
+  const QString program = QCoreApplication::applicationDirPath();
+  const PersonalFolder personal = FindPersonalFolder(program);
+  const ProgramFolder folder = FindProgramFolder(program, personal.path);
   Desk::Setup setup;
+  setup.settingsFile = personal.settings;
   setup.programFolder = PathOf(FromQt(folder.path));
   Desk desk(setup);
   desk.Open();

@@ -1,6 +1,5 @@
 // Archives that are not as they should be.
 #include <minizip/zip.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <set>
@@ -8,6 +7,7 @@
 #include "archive/make_teams.h"
 #include "archive/season_test.h"
 #include "base/program_error.h"
+#include "temporary_folder.h"
 
 namespace dtb::archive {
 namespace {
@@ -17,12 +17,11 @@ constexpr const char* kGame =
 
 class Archives : public testing::Test {
  protected:
-  Archives() { std::filesystem::create_directories(folder_); }
   ~Archives() override { std::filesystem::remove_all(folder_); }
 
   [[nodiscard]] std::string Zip(const std::vector<std::pair<std::string, std::string>>& files,
                                 const char* password = nullptr) const {
-    const std::string path = folder_ / "made.zip";
+    const std::string path = (folder_ / "made.zip").string();
     void* zip = zipOpen64(path.c_str(), APPEND_STATUS_CREATE);
     for (const auto& [name, text] : files) {
       zipOpenNewFileInZip3_64(zip, name.c_str(), nullptr, nullptr, 0, nullptr, 0, nullptr,
@@ -36,7 +35,7 @@ class Archives : public testing::Test {
   }
 
   // What the person is told.
-  static std::string Fault(const std::string& path) {
+  static std::string Fault(const std::filesystem::path& path) {
     try {
       const std::unique_ptr<Archive> archive = ZipArchives().OpenArchive(path, Always);
       const Season season = ReadAll(*archive);
@@ -46,8 +45,7 @@ class Archives : public testing::Test {
     }
   }
 
-  std::filesystem::path folder_ =
-      std::filesystem::path(testing::TempDir()) / ("archives" + std::to_string(::getpid()));
+  std::filesystem::path folder_ = MakeTemporaryFolder("archives");
 };
 
 std::string Bytes(const std::filesystem::path& from) {

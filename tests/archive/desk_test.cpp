@@ -1,5 +1,4 @@
 // From the archive to two teams on the board, without the looks of the window.
-#include <unistd.h>
 
 #include <map>
 
@@ -14,6 +13,7 @@
 #include "game/start_up.h"
 #include "platform/quiet_desktop.h"
 #include "teams/team_load.h"
+#include "temporary_folder.h"
 
 namespace dtb::archive {
 namespace {
@@ -66,7 +66,7 @@ class SeasonWindow : public testing::Test {
   SeasonWindow() { std::filesystem::create_directories(folder / "Teams"); }
   ~SeasonWindow() override { std::filesystem::remove_all(folder); }
 
-  void Read(const std::string& archive = DTB_SEASON_FILES "2020-part.zip") {
+  void Read(const std::filesystem::path& archive = DTB_SEASON_FILES "2020-part.zip") {
     ReadArchive(desk, archive, Always);
   }
   void SelectTeamNamed(const std::string& name) {
@@ -79,8 +79,7 @@ class SeasonWindow : public testing::Test {
     return SideOf(board, side).list.entries().at(row);
   }
 
-  std::filesystem::path folder =
-      std::filesystem::path(testing::TempDir()) / ("season" + std::to_string(::getpid()));
+  std::filesystem::path folder = MakeTemporaryFolder("season");
   Desktop desktop;
   Platform ports = PlatformOf(desktop, desktop, desktop, folder);
   BoardState boardState;

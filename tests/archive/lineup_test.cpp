@@ -8,6 +8,7 @@
 #include "archive/team_text.h"
 #include "game/player_name.h"
 #include "teams/team_file.h"
+#include "temporary_folder.h"
 
 namespace dtb::archive {
 namespace {
@@ -72,8 +73,7 @@ TEST(LineUps, AreThoseOfTheSampleGames) {
 TEST(LineUps, OurOwnReaderReadsTheSameMenOfEveryTeam) {
   const std::unique_ptr<Archive> part = PartArchive();
   const Season season = ReadAll(*part);
-  const std::filesystem::path folder =
-      std::filesystem::path(testing::TempDir()) / ("teams" + std::to_string(::getpid()));
+  const std::filesystem::path folder = MakeTemporaryFolder("teams");
   std::set<std::string> files;
   for (int club = 0; club < static_cast<int>(season.clubs.size()); ++club) {
     for (const NameForm names : {NameForm::FirstLast, NameForm::LastFirst}) {
@@ -83,7 +83,7 @@ TEST(LineUps, OurOwnReaderReadsTheSameMenOfEveryTeam) {
           MakeTeamText(season, club, LineUpOfSeason(season, club, SeasonNine::UsedMost), form);
       const std::filesystem::path file = folder / FileNameOf(team);
       WriteTeamFile(file, BytesOf(team));
-      files.insert(file.filename());
+      files.insert(file.filename().string());
       const std::vector<std::string> read = NamesIn(file);
       EXPECT_EQ(read, NamesOf(team));
       EXPECT_EQ(std::set(read.begin(), read.end()).size(), read.size());

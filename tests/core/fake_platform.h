@@ -31,6 +31,7 @@
 #include "teams/pinch_runner.h"
 #include "teams/pitchers.h"
 #include "teams/team_load.h"
+#include "temporary_folder.h"
 
 namespace dtb {
 
@@ -112,8 +113,7 @@ struct FakePlatform final : QuietDesktop {
   int reseeds = 0;
   std::map<std::string, std::string> settings;
   bool settingsFail = false;
-  std::string folderName = std::filesystem::temp_directory_path() / "tableXXXXXX";
-  std::filesystem::path folder = mkdtemp(folderName.data());
+  std::filesystem::path folder = MakeTemporaryFolder("table");
   Platform ports = PlatformOf(*this, *this, *this, folder);
 };
 

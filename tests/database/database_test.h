@@ -27,6 +27,7 @@
 #include "platform/quiet_desktop.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "platform/xlsx/xlsx_workbooks.h"
+#include "temporary_folder.h"
 
 namespace dtb {
 
@@ -103,9 +104,12 @@ inline Platform WithShelf(const Platform& ports, Seasons& shelf) {
           ports.randoms,   ports.archives,     ports.programFolder};
 }
 
-// The superuser may write anywhere, and tests of a container run as one.
+// The superuser may write anywhere, and tests of a container run as one. Windows has none.
 class AsNobody {
  public:
+#ifdef _WIN32
+  AsNobody() {}
+#else
   AsNobody() : before_(geteuid()) {
     if (before_ == 0) left_ = seteuid(65534) == 0;
   }
@@ -116,6 +120,7 @@ class AsNobody {
  private:
   uid_t before_;
   bool left_ = false;
+#endif
 };
 
 using Strings = std::vector<std::string>;
@@ -219,8 +224,7 @@ class DatabaseTest : public testing::Test {
     return Stored("SELECT count(*) FROM " + table).front();
   }
 
-  std::string folderName = (std::filesystem::temp_directory_path() / "seasonXXXXXX").string();
-  std::filesystem::path folder = mkdtemp(folderName.data());
+  std::filesystem::path folder = MakeTemporaryFolder("season");
   std::filesystem::path file = folder / kDatabaseFile;
   SqliteDatabase database{file, std::chrono::milliseconds(20)};
   TestDesk desk;

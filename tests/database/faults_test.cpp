@@ -13,7 +13,8 @@ class FaultsTest : public DatabaseTest {
   std::map<std::string, std::string> Contents() const {
     std::map<std::string, std::string> contents;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-      contents[entry.path().filename()] = entry.is_directory() ? "" : ReadAll(entry.path());
+      contents[entry.path().filename().string()] =
+          entry.is_directory() ? "" : ReadAll(entry.path());
     }
     return contents;
   }

@@ -14,6 +14,7 @@
 #include "database/saved_tables.h"
 #include "platform/sqlite/sqlite_seasons.h"
 #include "record/box_text.h"
+#include "temporary_folder.h"
 
 namespace dtb {
 namespace {
@@ -89,8 +90,7 @@ struct OthersTest : testing::Test {
     return contents;
   }
 
-  std::string folderName = fs::temp_directory_path() / "othersXXXXXX";
-  fs::path folder = mkdtemp(folderName.data());
+  fs::path folder = MakeTemporaryFolder("others");
   SqliteDatabase database{folder / kDatabaseFile};
   SqliteCopies copies{folder / kDatabaseFile};
   SqliteSeasons seasons{folder, database, copies, [](const fs::path&) {}};

@@ -11,6 +11,7 @@
 #include "database/rows.h"
 #include "platform/quiet_desktop.h"
 #include "platform/sqlite/sqlite_seasons.h"
+#include "temporary_folder.h"
 
 namespace dtb {
 namespace {
@@ -63,8 +64,7 @@ struct ShelfTest : testing::Test, QuietDesktop {
   }
   int Games() { return CountOf(database, {"SELECT count(*) / 2 FROM BoxScores"}); }
 
-  std::string folderName = fs::temp_directory_path() / "shelfXXXXXX";
-  fs::path folder = mkdtemp(folderName.data());
+  fs::path folder = MakeTemporaryFolder("shelf");
   SqliteDatabase database{folder / kDatabaseFile};
   SqliteCopies copies{folder / kDatabaseFile};
   fs::path place;

@@ -14,6 +14,7 @@
 #include "real/team_games.h"
 #include "real/use.h"
 #include "record/game_record.h"
+#include "temporary_folder.h"
 
 namespace dtb::plays {
 namespace {
@@ -79,8 +80,7 @@ class ReplayedPart {
   ReplayedPart& operator=(const ReplayedPart&) = delete;
 
  private:
-  std::string name_ = (std::filesystem::temp_directory_path() / "worldsXXXXXX").string();
-  std::filesystem::path folder_ = mkdtemp(name_.data());
+  std::filesystem::path folder_ = MakeTemporaryFolder("worlds");
 
  public:
   SqliteDatabase database{folder_ / kDatabaseFile};

@@ -13,6 +13,7 @@
 #include "platform/sqlite/sqlite_database.h"
 #include "platform/zip/zip_archives.h"
 #include "plays/played_game.h"
+#include "temporary_folder.h"
 
 namespace dtb::plays {
 namespace {
@@ -45,8 +46,7 @@ std::string TextOf(const GameRecord& game) {
 }
 
 TEST(KeptRecord, IsThatOfTheBoardForRealGames) {
-  std::string folderName = (std::filesystem::temp_directory_path() / "recordsXXXXXX").string();
-  const std::filesystem::path folder = mkdtemp(folderName.data());
+  const std::filesystem::path folder = MakeTemporaryFolder("records");
   SqliteDatabase database(folder / kDatabaseFile);
   std::ifstream schema(DTB_SCHEMA);
   SQLite::Database((folder / kDatabaseFile).string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)

@@ -14,6 +14,7 @@
 #include "sheet/game_report.h"
 #include "sheet/log_file.h"
 #include "small_disk.h"
+#include "temporary_folder.h"
 
 namespace dtb {
 namespace {
@@ -102,8 +103,7 @@ class FullDisk : public testing::Test {
     return dtb::OnSmallDisk(folder_, body);
   }
 
-  std::string name_ = (fs::temp_directory_path() / "fullXXXXXX").string();
-  fs::path folder_ = mkdtemp(name_.data());
+  fs::path folder_ = MakeTemporaryFolder("full");
 };
 
 // A setting that stood there is part of what is written later.

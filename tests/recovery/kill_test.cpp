@@ -13,6 +13,7 @@
 #include "game/recovery.h"
 #include "platform/qt/qt_recovery_store.h"
 #include "soak_settings.h"
+#include "temporary_folder.h"
 
 namespace dtb {
 namespace {
@@ -107,8 +108,7 @@ class RecoveryFile : public testing::Test {
     }
   }
 
-  std::string folderName = (std::filesystem::temp_directory_path() / "killXXXXXX").string();
-  std::filesystem::path folder = mkdtemp(folderName.data());
+  std::filesystem::path folder = MakeTemporaryFolder("kill");
   QString file = QString::fromStdString((folder / "game").string());
   bool doomed = std::filesystem::create_directory(folder / "doomed");
 };

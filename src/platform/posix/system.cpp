@@ -29,6 +29,8 @@ const char* const kProgramEnding = "";
 
 void PrintToConsole() {}  // there it does anyway
 
+const bool kSettingsBesideData = false;
+
 bool HasDisplay() {
   const auto set = [](const char* name) {
     const char* value = std::getenv(name);

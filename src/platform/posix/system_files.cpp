@@ -86,7 +86,7 @@ int ForceFolder(const fs::path& folder) {
   return descriptor.valid() && syncfs(descriptor.number()) == 0 ? 0 : errno;
 }
 
-int MoveFile(const fs::path& from, const fs::path& to) {
+int RenameFile(const fs::path& from, const fs::path& to) {
   return rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
 }
 

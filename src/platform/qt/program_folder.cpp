@@ -5,12 +5,14 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <QStringList>
 #include <array>
 #include <utility>
 
 #include "base/paths.h"
 #include "base/program_error.h"
+#include "base/system.h"
 #include "base/whole_file.h"
 #include "platform/qt/laid_out.h"
 #include "platform/qt/qt_text.h"
@@ -170,6 +172,15 @@ QString SharedFolder(const QString& executableFolder) {
     if (QFileInfo(folder).isDir()) break;
   }
   return folder;
+}
+
+PersonalFolder FindPersonalFolder(const QString& executableFolder) {
+  constexpr const char* kSettings = "/DTB_v102.ini";
+  const QString beside = executableFolder + QStringLiteral("/table");
+  if (QFileInfo(beside).isDir()) return {beside, beside + QLatin1String(kSettings)};
+  const QString own = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                      QStringLiteral("/kelvane-diamond-table");
+  return {own, system::kSettingsBesideData ? own + QLatin1String(kSettings) : QString()};
 }
 
 ProgramFolder FindProgramFolder(const QString& executableFolder, const QString& personalFolder) {

@@ -14,6 +14,14 @@ struct ProgramFolder {
 // the executable's folder, or `shipped` in it. It need not be there.
 [[nodiscard]] QString SharedFolder(const QString& executableFolder);
 
+// Where the person's own folder is: `table` beside the executable, if the program came with one, to
+// be carried about; else one of the person's account.
+struct PersonalFolder {
+  QString path;
+  QString settings;  // the file; "": where Qt has them for this account
+};
+[[nodiscard]] PersonalFolder FindPersonalFolder(const QString& executableFolder);
+
 // The folder of the executable, if the program's files lie beside it. An installed program has a
 // folder of the person's own instead, filled from the shared one: there a file
 // belongs to the person once changed, added or deleted; only untouched files are renewed. A fill

@@ -37,6 +37,8 @@ void PrintToConsole() {
   for (FILE* stream : {stdout, stderr}) std::freopen("CONOUT$", "w", stream);
 }
 
+const bool kSettingsBesideData = true;
+
 bool HasDisplay() { return true; }
 
 // NTFS keeps its names in a journal of its own; a folder takes no flush.

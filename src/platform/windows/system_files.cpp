@@ -105,7 +105,7 @@ int ForceFolder(const fs::path& folder) {
 }
 
 // A file that another program has just looked into is free again after a moment.
-int MoveFile(const fs::path& from, const fs::path& to) {
+int RenameFile(const fs::path& from, const fs::path& to) {
   constexpr int kTries = 50;
   constexpr DWORD kTurn = 20;  // milliseconds
   constexpr DWORD kWay = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;

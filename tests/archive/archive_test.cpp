@@ -124,11 +124,11 @@ TEST_F(Archives, AFolderReadsAsTheZipDoes) {
     Put(folder_ / part->files()[i].name, bytes);
   }
   ZipArchives archives;
-  const std::string made = folder_ / "made";
+  const std::string made = (folder_ / "made").string();
   for (const std::string& from :
        {std::string(DTB_SEASON_FILES "2020-part.zip"), folder_.string()}) {
     const bool zip = from.ends_with(".zip");
-    const std::string table = folder_ / (zip ? "zip.csv" : "folder.csv");
+    const std::string table = (folder_ / (zip ? "zip.csv" : "folder.csv")).string();
     const CommandResult done =
         MakeTeams(archives, {.archive = from, .folder = made, .batting = table});
     EXPECT_EQ(done.exitCode, 0) << done.errors;
@@ -142,7 +142,7 @@ TEST_F(Archives, AFolderReadsAsTheZipDoes) {
   EXPECT_NE(whole("zip.csv").find("\nsemim001,OAK,Marcus Semien,"), std::string::npos);
 
   // Another line-up never goes over a file that is there.
-  const TeamsRequest game{.archive = folder_, .folder = made, .game = "OAK202008070"};
+  const TeamsRequest game{.archive = folder_.string(), .folder = made, .game = "OAK202008070"};
   const CommandResult kept = MakeTeams(archives, game);
   EXPECT_EQ(kept.exitCode, 1);
   EXPECT_NE(kept.errors.find("It was kept"), std::string::npos) << kept.errors;
@@ -180,7 +180,7 @@ TEST_F(Archives, NamesAreThoseOfMenAndClubsWhateverStandsInTheLines) {
   // The All-Star roster makes no team.
   ZipArchives archives;
   const std::string zip = Zip({{"ALS2020.ROS", archive.texts[2]}, {"2020AAA.EVA", kGame}});
-  EXPECT_NE(MakeTeams(archives, {.archive = zip, .folder = folder_ / "made"})
+  EXPECT_NE(MakeTeams(archives, {.archive = zip, .folder = (folder_ / "made").string()})
                 .output.find("1 team file in"),
             std::string::npos);
 }

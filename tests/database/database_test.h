@@ -193,6 +193,23 @@ struct Table {
   Board board;
 };
 
+// Saves a game with a GameID of its own.
+inline void SaveOne(Platform& ports, TestDesk& desk, int run, int game) {
+  desk.time = {run / 10 % 100,   1 + run % 10,    game / 10000,
+               game / 1000 % 10, game / 100 % 10, game % 100};
+  Table table(ports, "Ants", "Bees");
+  for (const Side side : {Side::Visitors, Side::Home}) {
+    for (int row = 1; row <= 12; ++row) {
+      table.Put(side, row,
+                {{stat_column::kBatter, "Batter " + std::to_string(row)},
+                 {stat_column::kAtBats, "4"},
+                 {stat_column::kPlayed, "1"}});
+    }
+  }
+  table.PlayThree();
+  SaveGame(table.board);
+}
+
 class DatabaseTest : public testing::Test {
  protected:
   DatabaseTest() { Execute(ReadAll(DTB_SCHEMA)); }
@@ -222,6 +239,24 @@ class DatabaseTest : public testing::Test {
   }
   std::string Count(const std::string& table) const {
     return Stored("SELECT count(*) FROM " + table).front();
+  }
+
+  // A sound file, and every game in it whole.
+  void CheckFile(int games) const {
+    EXPECT_EQ(Stored("PRAGMA integrity_check"), Strings{"ok"});
+    EXPECT_GT(games, 0);
+    for (const auto& [table, rowsOfAGame] : {std::pair{"Batting", 24},
+                                             {"Pitching", 2},
+                                             {"BoxScores", 2},
+                                             {"Plays", 3},
+                                             {"Runs", 2},
+                                             {"Games", 1}}) {
+      const std::string name = table;
+      EXPECT_EQ(Stored("SELECT DISTINCT count(*) FROM " + name + " GROUP BY GameID"),
+                Strings{std::to_string(rowsOfAGame)});
+      EXPECT_EQ(Count(name), std::to_string(rowsOfAGame * games));
+    }
+    EXPECT_EQ(Count("WinLoss"), std::to_string(2 * games));
   }
 
   std::filesystem::path folder = MakeTemporaryFolder("season");

@@ -56,23 +56,6 @@ struct TellingDatabase : Database {
   int pipe;
 };
 
-// Saves a game with a GameID of its own.
-void SaveOne(Platform& ports, TestDesk& desk, int run, int game) {
-  desk.time = {run / 10 % 100,   1 + run % 10,    game / 10000,
-               game / 1000 % 10, game / 100 % 10, game % 100};
-  Table table(ports, "Ants", "Bees");
-  for (const Side side : {Side::Visitors, Side::Home}) {
-    for (int row = 1; row <= 12; ++row) {
-      table.Put(side, row,
-                {{stat_column::kBatter, "Batter " + std::to_string(row)},
-                 {stat_column::kAtBats, "4"},
-                 {stat_column::kPlayed, "1"}});
-    }
-  }
-  table.PlayThree();
-  SaveGame(table.board);
-}
-
 class SaveKills : public DatabaseTest {
  protected:
   // Saves games one after the other until it dies: by a kill after so many steps, or in the write
@@ -112,25 +95,6 @@ class SaveKills : public DatabaseTest {
     games_ = now;
   }
 
-  // A sound file, and every game in it whole.
-  void CheckFile() const {
-    EXPECT_EQ(Stored("PRAGMA integrity_check"), Strings{"ok"});
-    EXPECT_GT(games_, 0);
-    for (const auto& [table, rowsOfAGame] : {std::pair{"Batting", 24},
-                                             {"Pitching", 2},
-                                             {"BoxScores", 2},
-                                             {"Plays", 3},
-                                             {"Runs", 2},
-                                             {"Games", 1}}) {
-      const std::string name = table;
-      EXPECT_EQ(Stored("SELECT DISTINCT count(*) FROM " + name + " GROUP BY GameID"),
-                Strings{std::to_string(rowsOfAGame)});
-      EXPECT_EQ(Count(name), std::to_string(rowsOfAGame * games_));
-    }
-    EXPECT_EQ(Count("WinLoss"), std::to_string(2 * games_));
-    EXPECT_FALSE(HasFailure()) << Again();
-  }
-
   int games_ = 0;
   const int kills_ = static_cast<int>(FromOutside("DTB_KILLS", 100));
   std::mt19937 random_{FromOutside("DTB_SEED", 1960)};
@@ -141,7 +105,8 @@ TEST_F(SaveKills, AtAnyStep) {
   for (int run = 0; run < kills_ && !HasFailure(); ++run) {
     CheckGames(SaveAndDie(run, 1 + random_() % kMostSteps, RLIM_INFINITY));
   }
-  CheckFile();
+  CheckFile(games_);
+  EXPECT_FALSE(HasFailure()) << Again();
 }
 
 TEST_F(SaveKills, WithinAWrite) {
@@ -151,7 +116,8 @@ TEST_F(SaveKills, WithinAWrite) {
     const rlim_t most = random_() % (std::filesystem::file_size(file) + kGrowth);
     CheckGames(SaveAndDie(run, std::string::npos, most));
   }
-  CheckFile();
+  CheckFile(games_);
+  EXPECT_FALSE(HasFailure()) << Again();
 }
 
 }  // namespace

@@ -33,7 +33,7 @@ struct AidsTest : testing::Test {
   void AddFile(const std::string& name) {
     std::filesystem::create_directories((fake.folder / name).parent_path());
     std::ofstream(fake.folder / name) << "x";
-    fake.photos.insert((fake.folder / name).string());
+    fake.photos.insert((fake.folder / name).make_preferred().string());
   }
   std::string Park() const {
     return std::filesystem::path(state.Picture1.value().path).filename().string();

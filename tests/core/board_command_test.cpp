@@ -35,7 +35,9 @@ TEST(BoardCommandTest, OpensTeamsAndScriptsAndRefusesTheRest) {
                          {{"-x", ants}, "there is no option -x", 0, ""},
                          {{"--", "-x"}, "there is no file \"-x\"", 0, ""},
                          {{folder}, "\"" + folder + "\" is not a file", 0, ""},
+#ifndef _WIN32
                          {{"/dev/null"}, "\"/dev/null\" is not a file", 0, ""},
+#endif
                          {{ants, bees, ants}, "only two teams can play", 0, ""},
                          {{script, ants}, "a table script is opened alone", 0, ""}}) {
     const BoardCommand command = UnderstandBoardCommand(one.arguments);

@@ -121,12 +121,13 @@ void SqliteSeasons::Create(const std::string& name) {
 }
 
 void SqliteSeasons::Rename(const std::string& name, const std::string& to) {
-  if (Stands(to)) {
+  std::error_code ignored;
+  // Its own name in other letters is the same file, where the system does not tell them apart.
+  if (Stands(to) && !fs::equivalent(FileOf(name), FileOf(to), ignored)) {
     throw ProgramError(error_number::kPathOrFileAccess,
                        "There is a season \"" + to + "\" already.");
   }
   MoveDatabase(FileOf(name), FileOf(to));
-  std::error_code ignored;
   if (fs::exists(CopiesOf(name), ignored)) fs::rename(CopiesOf(name), CopiesOf(to), ignored);
   if (inUse_ == name) Use(to);
 }

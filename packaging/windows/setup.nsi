@@ -1,7 +1,7 @@
 ; The setup of Kelvane Diamond Table: for one person, without an administrator. It is given VERSION,
 ; TREE (the folder of all that ships), ICON and OUT. What the person has stands in a folder of his own
 ; that neither the setup nor its removal touches.
-Unicode true
+Target amd64-unicode  ; it runs where the board does
 SetCompressor /SOLID lzma
 SetCompressorDictSize 64
 

@@ -30,10 +30,13 @@ struct AidsTest : testing::Test {
     for (; rolling.value() && ticks < 99; ++ticks) tick();
     return ticks;
   }
+  std::filesystem::path Place(const std::string& name) const {
+    return (fake.folder / name).make_preferred();
+  }
   void AddFile(const std::string& name) {
-    std::filesystem::create_directories((fake.folder / name).parent_path());
-    std::ofstream(fake.folder / name) << "x";
-    fake.photos.insert((fake.folder / name).make_preferred().string());
+    std::filesystem::create_directories(Place(name).parent_path());
+    std::ofstream(Place(name)) << "x";
+    fake.photos.insert(Place(name).string());
   }
   std::string Park() const {
     return std::filesystem::path(state.Picture1.value().path).filename().string();
@@ -141,19 +144,22 @@ TEST_F(AidsTest, ChartButtonsKeepTheirNames) {
 
 TEST_F(AidsTest, ParksAreChosenOrDrawn) {
   for (const char* name : {"Ballparks/DEFAULT1679X974.jpg", "parks/A.jpg", "parks/B.JPG",
-                           "parks/c.png", "png/only.png", "parks/\xE9t\xE9.jpg"}) {
-    AddFile(name);  // the last in an encoding that leads to no file
+                           "parks/c.png", "png/only.png"}) {
+    AddFile(name);
   }
+#ifndef _WIN32
+  AddFile("parks/\xE9t\xE9.jpg");  // in an encoding that leads to no file
+#endif
   SetUpBallparks(aids);
   EXPECT_EQ(Park(), kDefaultPark);
   EXPECT_EQ(NameOfPark(state.Picture1.value()), "");
   EXPECT_EQ(NameOfPark({"/parks/Foundry Park (night).jpg", 1}), "Foundry Park (night)");
   ChoosePark(aids);  // cancelled
   EXPECT_FALSE(state.cb_RandParks_visible.value());
-  fake.chosen = fake.folder / "parks/c.txt";
+  fake.chosen = Place("parks/c.txt");
   ChoosePark(aids);
   EXPECT_EQ(Told(), "w: BALLPARKS: no picture");
-  fake.chosen = fake.folder / "parks/c.png";
+  fake.chosen = Place("parks/c.png");
   ChoosePark(aids);
   EXPECT_EQ(Park(), "c.png");
   EXPECT_TRUE(state.cb_RandParks_visible.value());
@@ -168,7 +174,7 @@ TEST_F(AidsTest, ParksAreChosenOrDrawn) {
   ChoosePark(aids);
   EXPECT_FALSE(state.cb_RandParks_visible.value()) << "a cancelled choice ends the series";
   EXPECT_EQ(Park(), "B.JPG");
-  fake.chosen = fake.folder / "png/only.png";
+  fake.chosen = Place("png/only.png");
   ChoosePark(aids);
   state.cb_RandParks.Set(true);
   ChoosePark(aids);

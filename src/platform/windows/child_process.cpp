@@ -140,7 +140,9 @@ void GoOnAs(const std::filesystem::path& program, const std::vector<std::string>
   STARTUPINFOW start{};
   start.cb = sizeof(start);
   PROCESS_INFORMATION made{};
-  if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+  // A program that prints would open a window for that where this one has none.
+  const DWORD way = GetConsoleWindow() == nullptr ? CREATE_NO_WINDOW : 0;
+  if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, way, nullptr, nullptr,
                      &start, &made) == 0) {
     return;
   }

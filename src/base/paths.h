@@ -6,9 +6,8 @@
 
 namespace dtb {
 
-// A text with slashes is told with the system's own separators later.
 [[nodiscard]] inline std::filesystem::path PathOf(const std::string& utf8) {
-  return std::filesystem::path(std::u8string(utf8.begin(), utf8.end())).make_preferred();
+  return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
 }
 
 [[nodiscard]] inline std::string TextOf(const std::filesystem::path& path) {

@@ -97,7 +97,7 @@ int Main(int argc, char** argv) {
   const ProgramFolder folder = FindProgramFolder(program, personal.path);
   Desk::Setup setup;
   setup.settingsFile = personal.settings;
-  setup.programFolder = PathOf(FromQt(folder.path));
+  setup.programFolder = PathOf(FromQt(folder.path)).make_preferred();
   Desk desk(setup);
   desk.Open();
   if (!folder.complaint.isEmpty()) {

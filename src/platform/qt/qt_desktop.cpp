@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QDateTime>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QProcess>
@@ -37,7 +38,7 @@ namespace {
 // What the person chose in a dialog, or nothing if he cancelled.
 std::optional<std::filesystem::path> ChoiceIn(QFileDialog& dialog) {
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  return PathOf(FromQt(dialog.selectedFiles().constFirst()));
+  return PathOf(FromQt(QDir::toNativeSeparators(dialog.selectedFiles().constFirst())));
 }
 
 }  // namespace

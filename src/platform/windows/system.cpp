@@ -64,7 +64,8 @@ FolderHeld::~FolderHeld() {
 }
 
 void EndByForce() {
-  TerminateProcess(GetCurrentProcess(), 137);  // as a shell tells of SIGKILL
+  constexpr UINT kBrokenOff = 0xC000013A;  // what Windows says of a program that Ctrl + C ended
+  TerminateProcess(GetCurrentProcess(), kBrokenOff);
   for (;;) Sleep(INFINITE);
 }
 

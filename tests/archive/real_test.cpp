@@ -210,9 +210,10 @@ TEST(DayFigures, AddUpToThoseOfTheSeason) {
         return std::vector{
             b.games,      b.atBats,       b.hits,          b.doubles,        b.triples,
             b.homeRuns,   b.walks,        b.strikeouts,    b.hitByPitch,     b.stolenBases,
-            b.runs,       b.runsBattedIn, b.sacrificeHits, b.sacrificeFlies, p.games,
-            p.starts,     p.outs,         p.hits,          p.homeRuns,       p.walks,
-            p.strikeouts, p.earnedRuns,   p.wins,          p.losses,         p.saves};
+            b.runs,       b.runsBattedIn, b.sacrificeHits, b.sacrificeFlies, b.intoDoublePlays,
+            b.leftOnBase, p.runs,         p.games,         p.starts,         p.outs,
+            p.hits,       p.homeRuns,     p.walks,         p.strikeouts,     p.earnedRuns,
+            p.wins,       p.losses,       p.saves};
       };
       EXPECT_EQ(counters(batting[man], pitching[man]),
                 counters(men[man].batting, men[man].pitching))

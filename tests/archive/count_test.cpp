@@ -234,26 +234,16 @@ TEST(Counts, AGameWithoutPlaysHasTheFiguresOfItsBoxScore) {
     const Man& man = ManNamed(season, club, id);
     const Batting& b = man.batting;
     const Pitching& p = man.pitching;
-    return Told({{"AB", b.atBats},
-                 {"H", b.hits},
-                 {"2B", b.doubles},
-                 {"HR", b.homeRuns},
-                 {"SF", b.sacrificeFlies},
-                 {"HP", b.hitByPitch},
-                 {"BB", b.walks},
-                 {"K", b.strikeouts},
-                 {"SB", b.stolenBases},
-                 {"DP", b.intoDoublePlays},
-                 {"SS", b.gamesAt[6]},
-                 {"PH", b.gamesAt[kPinchHitter]},
-                 {"G", p.games},
-                 {"GS", p.starts},
-                 {"outs", p.outs},
-                 {"h", p.hits},
-                 {"hr", p.homeRuns},
-                 {"bb", p.walks},
-                 {"k", p.strikeouts},
-                 {"r", p.runs},
+    return Told({{"AB", b.atBats},         {"H", b.hits},
+                 {"2B", b.doubles},        {"HR", b.homeRuns},
+                 {"SF", b.sacrificeFlies}, {"HP", b.hitByPitch},
+                 {"BB", b.walks},          {"K", b.strikeouts},
+                 {"SB", b.stolenBases},    {"DP", b.intoDoublePlays},
+                 {"SS", b.gamesAt[6]},     {"PH", b.gamesAt[kPinchHitter]},
+                 {"G", p.games},           {"GS", p.starts},
+                 {"outs", p.outs},         {"h", p.hits},
+                 {"hr", p.homeRuns},       {"bb", p.walks},
+                 {"k", p.strikeouts},      {"r", p.runs},
                  {"er", p.earnedRuns}});
   };
   EXPECT_EQ(told("BBB", "v1"), " AB=5 H=3 2B=1 HR=1 SF=1 HP=1 BB=2 K=2 SB=2 DP=1");

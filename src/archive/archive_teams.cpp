@@ -131,6 +131,7 @@ void KeepChoices(ArchiveDesk& desk) {
   Trapped(PlatformOf(desk).boxes, [&] {
     KeepForm(ShownForm(desk.state), PlatformOf(desk));
     KeepClub(desk.kept, PlatformOf(desk));
+    if (desk.kept.season) KeepNine(desk.kept.nine, PlatformOf(desk));
   });
 }
 

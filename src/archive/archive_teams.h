@@ -10,7 +10,7 @@ void ShowFiles(ArchiveDesk& desk);
 
 // A form changed: what is wrong with it is told, and the files are made anew.
 void ChangeForms(ArchiveDesk& desk);
-// Keeps the forms and the club for the next runs.
+// Keeps the forms, the club and the nine for the next runs.
 void KeepChoices(ArchiveDesk& desk);
 
 // Writes the files shown into the folder "Teams", and asks before it replaces one.

@@ -62,11 +62,12 @@ void SeasonLines::TakeFigures(std::string_view line) {
   if (fault != nullptr) Note(fault);
 }
 
-// Place in the order and in it, then ab, r, h, 2b, 3b, hr, rbi, sh, sf, hbp, bb, ibb, k, sb.
+// Place in the order and in it, then ab, r, h, 2b, 3b, hr, rbi, sh, sf, hbp, bb, ibb, k, sb, cs,
+// gdp.
 const char* SeasonLines::TakeBattingLine(int side, int man, std::string_view line) {
-  const auto all = TakeNumbers<16>(line);
+  const auto all = TakeNumbers<18>(line);
   const auto& [place, turn, atBats, runs, hits, doubles, triples, homeRuns, battedIn, bunts, flies,
-               hit, walks, intentional, strikeouts, steals] = all;
+               hit, walks, intentional, strikeouts, steals, caught, doublePlays] = all;
   Batting figures;
   figures.walks = Known(walks);
   figures.strikeouts = Known(strikeouts);
@@ -76,6 +77,7 @@ const char* SeasonLines::TakeBattingLine(int side, int man, std::string_view lin
   figures.sacrificeFlies = Known(flies);
   figures.runs = Known(runs);
   figures.runsBattedIn = Known(battedIn);
+  figures.intoDoublePlays = Known(doublePlays);
   const int extra = Known(doubles) + Known(triples) + Known(homeRuns);
   const bool agree = atBats >= hits && Known(hits) >= extra;
   // An average needs both at-bats and hits.
@@ -92,7 +94,9 @@ const char* SeasonLines::TakeBattingLine(int side, int man, std::string_view lin
                                             {runs, &Batting::runs},
                                             {battedIn, &Batting::runsBattedIn},
                                             {walks, &Batting::walks},
-                                            {steals, &Batting::stolenBases}}));
+                                            {steals, &Batting::stolenBases},
+                                            {doublePlays, &Batting::intoDoublePlays},
+                                            {-1, &Batting::leftOnBase}}));
   const char* fault = scorer_.AddBatting(side, man, figures);
   return !agree && atBats >= 0 ? "more hits than a player can have" : fault;
 }
@@ -109,10 +113,12 @@ const char* SeasonLines::TakePitchingLine(int side, int man, std::string_view li
   figures.homeRuns = Known(homeRuns);
   figures.walks = Known(walks);
   figures.strikeouts = Known(strikeouts);
+  figures.runs = Known(runs);
   figures.earnedRuns = Known(earned);
   if (earned < 0) figures.outsUncharged = figures.outs;
-  scorer_.NoteUntold(
-      side, Untold<Pitching>({{outs, &Pitching::outs}, {strikeouts, &Pitching::strikeouts}}));
+  scorer_.NoteUntold(side, Untold<Pitching>({{outs, &Pitching::outs},
+                                             {strikeouts, &Pitching::strikeouts},
+                                             {runs, &Pitching::runs}}));
   return scorer_.AddPitching(side, man, figures, turn == 1);
 }
 

@@ -7,15 +7,19 @@ namespace dtb::archive {
 namespace {
 
 // Each figure has a bit in the mask of a day; the figures of those that are set follow.
-constexpr std::array kBatting{
-    &Batting::atBats,        &Batting::hits,       &Batting::doubles,     &Batting::triples,
-    &Batting::homeRuns,      &Batting::walks,      &Batting::strikeouts,  &Batting::runs,
-    &Batting::runsBattedIn,  &Batting::hitByPitch, &Batting::stolenBases, &Batting::sacrificeHits,
-    &Batting::sacrificeFlies};
+constexpr std::array kBatting{&Batting::atBats,         &Batting::hits,
+                              &Batting::doubles,        &Batting::triples,
+                              &Batting::homeRuns,       &Batting::walks,
+                              &Batting::strikeouts,     &Batting::runs,
+                              &Batting::runsBattedIn,   &Batting::hitByPitch,
+                              &Batting::stolenBases,    &Batting::sacrificeHits,
+                              &Batting::sacrificeFlies, &Batting::intoDoublePlays,
+                              &Batting::leftOnBase};
 constexpr std::array kPitching{&Pitching::games,  &Pitching::starts,     &Pitching::outs,
                                &Pitching::hits,   &Pitching::homeRuns,   &Pitching::walks,
                                &Pitching::wins,   &Pitching::strikeouts, &Pitching::earnedRuns,
-                               &Pitching::losses, &Pitching::saves,      &Pitching::outsUncharged};
+                               &Pitching::losses, &Pitching::saves,      &Pitching::outsUncharged,
+                               &Pitching::runs};
 
 // Seven bits a byte, the lowest first; the highest bit says that more follow.
 void PackNumber(std::vector<std::uint8_t>& packed, std::uint32_t number) {

@@ -23,6 +23,8 @@ namespace {
 
 constexpr const char* kLastFirst = "Last, First";
 constexpr const char* kFirstLast = "First Last";
+constexpr const char* kUsedMost = "used most";
+constexpr const char* kUsualMen = "usual men";
 
 std::string Setting(const Platform& platform, const char* key, const std::string& missing = "") {
   return platform.settings.Read(settings::kLabels, key, missing);
@@ -103,17 +105,29 @@ void KeepForm(const LineForm& form, const Platform& platform) {
               form.names == NameForm::LastFirst ? kLastFirst : kFirstLast, kFirstLast);
 }
 
+void KeepNine(SeasonNine nine, const Platform& platform) {
+  KeepSetting(platform, settings::kSeasonNine, nine == SeasonNine::UsualMen ? kUsualMen : kUsedMost,
+              kUsedMost);
+}
+
 bool KeepSeason(KeptSeason& kept, const std::filesystem::path& archive, const Platform& platform,
                 const GoOn& goOn) {
   const std::unique_ptr<Archive> opened = platform.archives.OpenArchive(archive, goOn);
   if (!opened) return false;
   std::optional<Season> season = ReadSeason(*opened, goOn);
   if (!season) return false;
+  KeepReadSeason(kept, std::make_shared<const Season>(std::move(*season)), archive, platform);
+  return true;
+}
+
+void KeepReadSeason(KeptSeason& kept, std::shared_ptr<const Season> season,
+                    const std::filesystem::path& archive, const Platform& platform) {
   const int club = LastClub(*season, platform);
   KeepLeagues(platform, LeaguesOf(*season));
-  kept = {std::make_shared<const Season>(std::move(*season)), TextOf(archive.filename()), club,
-          std::nullopt, kept.nine};
-  return true;
+  const bool usual = Setting(platform, settings::kSeasonNine) == kUsualMen;
+  const SeasonNine last = usual ? SeasonNine::UsualMen : SeasonNine::UsedMost;
+  kept = {std::move(season), TextOf(archive.filename()), club, std::nullopt,
+          kept.season ? kept.nine : last};
 }
 
 void TieSeason(const std::filesystem::path& archive, const Platform& platform) {
@@ -151,9 +165,9 @@ std::optional<std::string> NextGameOffer(const KeptSeason& kept, const Board& bo
   } catch (const ProgramError&) {
     return std::nullopt;  // whoever asks has just written to the database
   }
-  const std::string archive = SettingOfSeason(platform, settings::kSeasonArchive);
+  const std::filesystem::path archive = TiedArchive(platform);
   std::error_code fault;
-  if (archive.empty() || !std::filesystem::exists(PathOf(archive), fault)) return std::nullopt;
+  if (archive.empty() || !std::filesystem::exists(archive, fault)) return std::nullopt;
   const std::string club = SettingOfSeason(platform, settings::kSeasonClub);
   return Offer(club.substr(std::min(club.find('=') + 1, club.size())));
 }

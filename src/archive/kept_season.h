@@ -28,12 +28,18 @@ struct KeptSeason {
 // settings cannot be written, here and below.
 [[nodiscard]] LineForm KeptForm(const Platform& platform);
 void KeepForm(const LineForm& form, const Platform& platform);
+// Keeps for the next runs which nine of a club is shown.
+void KeepNine(SeasonNine nine, const Platform& platform);
 
-// Opens an archive and keeps its season, with the club that was chosen last if it has that, and the
-// leagues of its clubs as the groups of the season in use. False
+// Opens an archive and keeps its season, with the club that was chosen last if it has that, the
+// nine that was shown last, and the leagues of its clubs as the groups of the season in use. False
 // if it was stopped. Throws ProgramError as Archives::OpenArchive and ReadSeason do.
 bool KeepSeason(KeptSeason& kept, const std::filesystem::path& archive, const Platform& platform,
                 const GoOn& goOn);
+// Keeps a season that was read from that archive, in the same way. Throws ProgramError if the
+// settings cannot be written.
+void KeepReadSeason(KeptSeason& kept, std::shared_ptr<const Season> season,
+                    const std::filesystem::path& archive, const Platform& platform);
 
 // Ties the season in use to an archive.
 void TieSeason(const std::filesystem::path& archive, const Platform& platform);

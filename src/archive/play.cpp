@@ -282,6 +282,11 @@ bool Play::BatsIn(int from, int outsBefore, bool forced) const {
   }
 }
 
+bool Play::leavesRunners() const {
+  const bool byChoice = appearance == PlateAppearance::FieldersChoice && outs() > 0;
+  return countsAsAtBat() && !hit() && (goes[0] == kIsOut || byChoice);
+}
+
 int Play::runs() const { return static_cast<int>(std::ranges::count(goes, kHome)); }
 
 bool ReadPlay(std::string_view text, Play& play) {

@@ -47,6 +47,8 @@ struct Play {
     return appearance >= PlateAppearance::Single && appearance <= PlateAppearance::HomeRun;
   }
   [[nodiscard]] bool countsAsAtBat() const;
+  // The batter is out, or a runner by his choice; no sacrifice.
+  [[nodiscard]] bool leavesRunners() const;
   [[nodiscard]] int outs() const;
   [[nodiscard]] int runs() const;
   // The run of the player who stood there is batted in; `forced`: by full bases.

@@ -132,6 +132,7 @@ const char* Scorer::BeginHalf(int inning, int side) {
   atBat_ = side;
   outs_ = 0;
   bases_.fill(kNobody);
+  charged_.fill(kNobody);
   open_ = false;
   owesWalk_ = owesStrikeout_ = kNobody;
   return whole ? nullptr : "the half-inning before it did not have three outs";
@@ -157,6 +158,7 @@ const char* Scorer::Score(int inning, int side, int batter, std::string_view cou
     const int man = Find(side, one.id);
     if (man == kNobody) fault = "a runner who is not in the game stands on a base";
     bases_.at(one.base) = man;
+    charged_.at(one.base) = sides_.at(1 - side).pitcher;
   }
   waiting_.clear();
   if (!play.ended()) {
@@ -174,9 +176,29 @@ const char* Scorer::Score(int inning, int side, int batter, std::string_view cou
   return fault;
 }
 
+// Who walks is the runner of the pitcher who owes the walk. A pitcher answers for as many runners
+// as he left: whoever reaches base by a choice that puts another out takes over the charge for the
+// runner in front of him.
+std::array<int, kHome> Scorer::ChargesIn(int side, const Play& play) const {
+  std::array<int, kHome> charges = charged_;
+  const bool owed = play.appearance == PlateAppearance::Walk && owesWalk_ != kNobody;
+  charges[0] = owed ? owesWalk_ : sides_.at(1 - side).pitcher;
+  if (play.appearance != PlateAppearance::FieldersChoice || play.goes[0] == kIsOut) return charges;
+  for (int out = kHome - 1; out > 0; --out) {
+    if (bases_.at(out) == kNobody || play.goes.at(out) != kIsOut) continue;
+    int charge = charges.at(out);
+    for (int behind = out - 1; behind >= 0; --behind) {
+      if (behind == 0 || bases_.at(behind) != kNobody) std::swap(charge, charges.at(behind));
+    }
+  }
+  return charges;
+}
+
 const char* Scorer::MoveMen(int side, int batter, const Play& play) {
   const char* fault = nullptr;
   std::array<int, kHome> after{kNobody, kNobody, kNobody, kNobody};
+  const std::array<int, kHome> charges = ChargesIn(side, play);
+  int left = 0;  // runners, without the batter
   GameSide& told = game_.sides.at(side);
   const int outs = play.outs();
   const bool loaded = std::ranges::none_of(bases_.begin() + 1, bases_.end(),
@@ -190,14 +212,18 @@ const char* Scorer::MoveMen(int side, int batter, const Play& play) {
     if (to == kHome) {
       ++told.runs;
       CountRun(side, batter, man, play.BatsIn(from, outs_, loaded && from == kHome - 1));
+      ChargeRun(1 - side, charges.at(from));
     }
     if (to == kStays) to = from;
     if (to < 1 || to >= kHome || man == kNobody) continue;
+    left += from > 0 ? 1 : 0;
     // After the third out nobody is told who went where.
     if (after.at(to) != kNobody && outs_ + outs < 3) fault = "two runners stand on one base";
     after.at(to) = man;
+    charged_.at(to) = charges.at(from);
   }
   bases_ = after;
+  if (play.leavesRunners()) ManOf(side, batter).batting.leftOnBase += left;
   if (outs == 0) return fault;
   outs_ += outs;
   if (outs_ > 3) fault = "the half-inning has more than three outs";
@@ -209,6 +235,10 @@ const char* Scorer::MoveMen(int side, int batter, const Play& play) {
 void Scorer::CountRun(int side, int batter, int man, bool battedIn) {
   if (man != kNobody) ++ManOf(side, man).batting.runs;
   if (battedIn) ++ManOf(side, batter).batting.runsBattedIn;
+}
+
+void Scorer::ChargeRun(int side, int pitcher) {
+  if (pitcher != kNobody) ++ManOf(side, pitcher).pitching.runs;
 }
 
 const char* Scorer::CreditPlateAppearance(int side, int batter, const Play& play) {
@@ -226,6 +256,7 @@ const char* Scorer::CreditPlateAppearance(int side, int batter, const Play& play
   if (play.appearance == PlateAppearance::HitByPitch) ++batting.hitByPitch;
   if (play.sacrificeHit) ++batting.sacrificeHits;
   if (play.sacrificeFly) ++batting.sacrificeFlies;
+  if (play.groundedIntoDoublePlay) ++batting.intoDoublePlays;
   if (strikeout) {
     ++batting.strikeouts;
     if (pitching != nullptr) ++pitching->strikeouts;
@@ -249,10 +280,11 @@ const char* Scorer::AddBatting(int side, int man, const Batting& figures) {
   if (!NotePart(side, man, 0, false)) return kTooManyMen;
   game_.account = Account::BoxScore;
   Batting& sum = ManOf(side, man).batting;
-  for (const auto figure : {&Batting::atBats, &Batting::hits, &Batting::doubles, &Batting::triples,
-                            &Batting::homeRuns, &Batting::walks, &Batting::strikeouts,
-                            &Batting::hitByPitch, &Batting::stolenBases, &Batting::sacrificeHits,
-                            &Batting::sacrificeFlies, &Batting::runs, &Batting::runsBattedIn}) {
+  for (const auto figure :
+       {&Batting::atBats, &Batting::hits, &Batting::doubles, &Batting::triples, &Batting::homeRuns,
+        &Batting::walks, &Batting::strikeouts, &Batting::hitByPitch, &Batting::stolenBases,
+        &Batting::sacrificeHits, &Batting::sacrificeFlies, &Batting::runs, &Batting::runsBattedIn,
+        &Batting::intoDoublePlays}) {
     sum.*figure += figures.*figure;
   }
   return nullptr;
@@ -265,7 +297,7 @@ const char* Scorer::AddPitching(int side, int man, const Pitching& figures, bool
   Pitching& sum = ManOf(side, man).pitching;
   for (const auto figure :
        {&Pitching::outs, &Pitching::hits, &Pitching::homeRuns, &Pitching::walks,
-        &Pitching::strikeouts, &Pitching::earnedRuns, &Pitching::outsUncharged}) {
+        &Pitching::strikeouts, &Pitching::runs, &Pitching::earnedRuns, &Pitching::outsUncharged}) {
     sum.*figure += figures.*figure;
   }
   sides_.at(side).charged = true;  // each line tells for itself

@@ -83,8 +83,11 @@ class Scorer {
   void NoteChange(int side, int man, int order, int position);
   const char* BeginHalf(int inning, int side);
   const char* MoveMen(int side, int batter, const Play& play);
+  // Whom the run of the player on each base is charged to, the batter's at 0.
+  [[nodiscard]] std::array<int, kHome> ChargesIn(int side, const Play& play) const;
   bool InOrder(Side& side, int man);
   void CountRun(int side, int batter, int man, bool battedIn);
+  void ChargeRun(int side, int pitcher);
   const char* CreditPlateAppearance(int side, int batter, const Play& play);
 
   Season& season_;
@@ -96,7 +99,8 @@ class Scorer {
   int inning_ = 0;
   int atBat_ = 0;  // the side
   int outs_ = 0;
-  std::array<int, kHome> bases_{};  // from 1
+  std::array<int, kHome> bases_{};    // from 1
+  std::array<int, kHome> charged_{};  // the pitchers who left the players there
   // The time at bat in progress.
   bool open_ = false;
   int batter_ = kNobody;

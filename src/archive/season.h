@@ -32,6 +32,9 @@ struct Batting {
   int runsBattedIn = 0;
   int sacrificeHits = 0;
   int sacrificeFlies = 0;
+  int intoDoublePlays = 0;  // grounded
+  // Runners, when he was out but for sacrifices, or when one of them was by his choice.
+  int leftOnBase = 0;
   std::array<int, kPositions> gamesAt{};
 };
 
@@ -48,6 +51,7 @@ struct Pitching {
   int walks = 0;
   int strikeouts = 0;
   int earnedRuns = 0;
+  int runs = 0;  // all that are charged to him
   int wins = 0;
   int losses = 0;
   int saves = 0;

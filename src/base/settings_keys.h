@@ -15,9 +15,10 @@ inline constexpr const char* kSeasonArchive = "season_archive";
 inline constexpr const char* kSeasonBatters = "season_batters";
 inline constexpr const char* kSeasonPitchers = "season_pitchers";
 inline constexpr const char* kSeasonNames = "season_names";
+inline constexpr const char* kSeasonNine = "season_nine";        // which nine of a club is shown
 inline constexpr const char* kSeasonClub = "season_club";        // "OAK 2020=Oakland 2020"
 inline constexpr const char* kSeasonLeagues = "season_leagues";  // of the archive
-inline constexpr const char* kSeasonGroups = "season_groups";    // that the person made
+inline constexpr const char* kSeasonGroups = "season_groups";  // made in older versions
 // Games of archives with their GameIDs, written by older versions.
 inline constexpr const char* kSeasonPlayed = "season_played";
 

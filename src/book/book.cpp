@@ -48,7 +48,8 @@ bool AddSeason(Book& book, Platform& platform, const std::string& name,
     std::string fault;
     const auto ids = IdsOf(platform, name, fault, goOn);
     if (!ids) return false;
-    auto chapter = ReadChapter(*database, shown, *ids, GroupsOfSeason(platform, name), goOn);
+    auto chapter =
+        ReadChapter(*database, shown, *ids, GroupsOfSeason(platform, name, *database), goOn);
     if (!chapter) return false;
     chapter->archiveFault = fault;
     if (chapter->games == 0) {

@@ -13,6 +13,7 @@
 #include "base/words.h"
 #include "database/rows.h"
 #include "database/saved_games.h"
+#include "database/team_groups.h"
 #include "platform/database.h"
 #include "platform/trapped.h"
 
@@ -121,6 +122,7 @@ void Use(ShelfDesk& desk, const std::string& name) {
   platform.seasons.Use(name);
   desk.state.changed = true;
   platform.settings.Write(settings::kLabels, settings::kSeasonInUse, name);
+  MoveGroups(platform, name);
 }
 
 // A wish that is told about, whatever comes of it; the list shows what is so then.
@@ -168,11 +170,10 @@ std::string ShownSeason(const std::string& name) { return name.empty() ? kUsualS
 
 std::string TakeUpSeason(Platform& platform) {
   const std::string name = platform.settings.Read(settings::kLabels, settings::kSeasonInUse, "");
-  if (name.empty()) return {};
-  if (SafeNamePart(name) == name && platform.seasons.Stands(name)) {
-    platform.seasons.Use(name);
-    return {};
-  }
+  const bool there = SafeNamePart(name) == name && platform.seasons.Stands(name);
+  if (there && !name.empty()) platform.seasons.Use(name);
+  MoveGroups(platform, platform.seasons.InUse());
+  if (there || name.empty()) return {};
   return "The season \"" + name +
          "\" is no longer on the shelf. Games are saved into the usual database, DTB.mdb, until "
          "you "
@@ -249,6 +250,7 @@ void CopySelectedSeasonOut(ShelfDesk& desk) {
                                                     "Databases (*.mdb)|*.mdb", "mdb"});
   if (!file) return;
   Do(desk, [&] {
+    MoveGroups(desk.platform, name);
     desk.platform.seasons.CopyOut(name, *file);
     return "The copy is written.";
   });
@@ -280,6 +282,11 @@ std::string SettingOfSeason(const Platform& platform, const char* key) {
 
 std::string SettingOfSeason(const Platform& platform, const char* key, const std::string& season) {
   return platform.settings.Read(settings::kLabels, KeyOf(key, season), "");
+}
+
+void ForgetForSeason(const Platform& platform, const char* key, const std::string& season) {
+  if (SettingOfSeason(platform, key, season).empty()) return;
+  platform.settings.Write(settings::kLabels, KeyOf(key, season), "");
 }
 
 void KeepForSeason(const Platform& platform, const char* key, const std::string& value) {

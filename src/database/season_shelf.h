@@ -59,6 +59,7 @@ void PutSelectedSeasonAway(ShelfDesk& desk);
 [[nodiscard]] std::string SettingOfSeason(const Platform& platform, const char* key,
                                           const std::string& season);
 void KeepForSeason(const Platform& platform, const char* key, const std::string& value);
+void ForgetForSeason(const Platform& platform, const char* key, const std::string& season);
 
 // " - Summer league" behind the title of a window; "" for the usual season.
 [[nodiscard]] std::string SeasonInTitle(const Platform& platform);

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/database.h"
 #include "platform/platform.h"
 
 namespace dtb {
@@ -16,19 +17,27 @@ struct TeamGroup {
 };
 using TeamGroups = std::vector<TeamGroup>;  // in the order in which they are shown
 
-// The groups of the season in use: those that the person made, else the leagues that its archive
-// of real games tells, else none. With a name: the groups of that season.
+// The groups of the season in use: those that the person made, which its database has, else the
+// leagues that its archive of real games tells, else none. Of a database that cannot be read, those
+// leagues.
 [[nodiscard]] TeamGroups GroupsOfSeason(const Platform& platform);
-[[nodiscard]] TeamGroups GroupsOfSeason(const Platform& platform, const std::string& season);
+// Of the season of that name, which has this database. Throws ProgramError if that cannot be read.
+[[nodiscard]] TeamGroups GroupsOfSeason(const Platform& platform, const std::string& season,
+                                        DatabaseReader& database);
 
 // The leagues of the archive that is tied to the season in use, alone.
 [[nodiscard]] TeamGroups LeaguesOfSeason(const Platform& platform);
 
-// Keeps groups that the person made; none are a choice as well. Throws ProgramError if the settings
-// cannot be written, as does the next one.
+// Keeps groups that the person made; none are a choice as well. The database of the season in use
+// gets a table for them, so that they go wherever it goes. Throws ProgramError if it cannot be
+// written.
 void KeepGroups(const Platform& platform, const TeamGroups& groups);
+// Puts groups that an older version kept in the settings into the database of that season. They
+// stay in the settings, and count, for as long as that cannot be written.
+void MoveGroups(const Platform& platform, const std::string& season);
 
-// Keeps the leagues of an archive. They count until the person makes groups.
+// Keeps the leagues of an archive. They count until the person makes groups. Throws ProgramError if
+// the settings cannot be written.
 void KeepLeagues(const Platform& platform, const TeamGroups& leagues);
 
 // What is wrong with such names of groups, in a sentence; "" for nothing. Each needs one of its

@@ -1,5 +1,5 @@
-// A folder full of files that came as one: packed into a zip, or unpacked. Nothing here is shared
-// between threads; `goOn` is called on the caller's own.
+// A folder full of files that came as one: packed into a zip, or unpacked. Any thread may
+// open one; it belongs to that thread alone, on which `goOn` is called.
 #pragma once
 
 #include <cstdint>

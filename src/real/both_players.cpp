@@ -89,6 +89,8 @@ BattingTotals TotalsOf(const archive::Batting& real) {
   totals.strikeouts = real.strikeouts;
   totals.stolenBases = real.stolenBases;
   totals.runs = real.runs;
+  totals.intoDoublePlays = real.intoDoublePlays;
+  totals.leftOnBase = real.leftOnBase;
   return totals;
 }
 
@@ -104,6 +106,7 @@ PitchingTotals TotalsOf(const archive::Pitching& real) {
   totals.wins = real.wins;
   totals.losses = real.losses;
   totals.saves = real.saves;
+  totals.runs = real.runs;
   return totals;
 }
 

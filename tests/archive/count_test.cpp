@@ -216,7 +216,7 @@ TEST(Counts, AGameWithoutPlaysHasTheFiguresOfItsBoxScore) {
   TextArchive archive(
       {{"2020AAA.EBA",
         std::string(kHead) +
-            "stat,bline,v1,0,1,1,4,1,3,1,0,1,2,0,1,1,2,-1,1,2,0,0,0\r\n"
+            "stat,bline,v1,0,1,1,4,1,3,1,0,1,2,0,1,1,2,-1,1,2,0,1,0\r\n"
             "stat,bline,v2,0,2,1,2,0,5,0,0,0,0,0,0,0,0,0,0,0,0,0,0\r\n"
             "stat,bline,late,0,2,2,-1,0,1,0,0,0,0,0,0,0,0,0,0,0,0,0,0\r\n"
             "stat,phline,late,7,0,1,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0\r\n"
@@ -234,31 +234,23 @@ TEST(Counts, AGameWithoutPlaysHasTheFiguresOfItsBoxScore) {
     const Man& man = ManNamed(season, club, id);
     const Batting& b = man.batting;
     const Pitching& p = man.pitching;
-    return Told({{"AB", b.atBats},
-                 {"H", b.hits},
-                 {"2B", b.doubles},
-                 {"HR", b.homeRuns},
-                 {"SF", b.sacrificeFlies},
-                 {"HP", b.hitByPitch},
-                 {"BB", b.walks},
-                 {"K", b.strikeouts},
-                 {"SB", b.stolenBases},
-                 {"SS", b.gamesAt[6]},
-                 {"PH", b.gamesAt[kPinchHitter]},
-                 {"G", p.games},
-                 {"GS", p.starts},
-                 {"outs", p.outs},
-                 {"h", p.hits},
-                 {"hr", p.homeRuns},
-                 {"bb", p.walks},
-                 {"k", p.strikeouts},
+    return Told({{"AB", b.atBats},         {"H", b.hits},
+                 {"2B", b.doubles},        {"HR", b.homeRuns},
+                 {"SF", b.sacrificeFlies}, {"HP", b.hitByPitch},
+                 {"BB", b.walks},          {"K", b.strikeouts},
+                 {"SB", b.stolenBases},    {"DP", b.intoDoublePlays},
+                 {"SS", b.gamesAt[6]},     {"PH", b.gamesAt[kPinchHitter]},
+                 {"G", p.games},           {"GS", p.starts},
+                 {"outs", p.outs},         {"h", p.hits},
+                 {"hr", p.homeRuns},       {"bb", p.walks},
+                 {"k", p.strikeouts},      {"r", p.runs},
                  {"er", p.earnedRuns}});
   };
-  EXPECT_EQ(told("BBB", "v1"), " AB=5 H=3 2B=1 HR=1 SF=1 HP=1 BB=2 K=2 SB=2");
+  EXPECT_EQ(told("BBB", "v1"), " AB=5 H=3 2B=1 HR=1 SF=1 HP=1 BB=2 K=2 SB=2 DP=1");
   EXPECT_EQ(told("BBB", "v2"), " SS=1") << "five hits in two at-bats are no figures";
   EXPECT_EQ(told("BBB", "late"), " PH=1");
-  EXPECT_EQ(told("AAA", "hp"), " G=2 GS=2 outs=21 h=7 hr=1 bb=2 k=7 er=3");
-  EXPECT_EQ(told("AAA", "rel"), " G=1 outs=7 h=1 k=2");
+  EXPECT_EQ(told("AAA", "hp"), " G=2 GS=2 outs=21 h=7 hr=1 bb=2 k=7 r=4 er=3");
+  EXPECT_EQ(told("AAA", "rel"), " G=1 outs=7 h=1 k=2 r=1");
   EXPECT_EQ(season.games[1].forfeit, Forfeit::ToVisitors);
   // Runs over the outs of the games that tell them; "-.--" where none does.
   const auto era = [&](const char* id) {

@@ -156,10 +156,12 @@ TEST_F(SeasonWindow, ASeasonIsGoneThroughGameByGame) {
   Read();
   EXPECT_EQ(marks(), ".x...");
   EXPECT_EQ(NextGameOffer(kept, board), "Next game of Oakland 2020");
+  SelectNine(desk, SeasonNine::UsualMen);
   KeepChoices(desk);
   KeptSeason later;  // of another run
   EXPECT_EQ(NextGameOffer(later, board), "Next game of Oakland 2020");
   EXPECT_TRUE(LoadNextGame(later, board, Always));
+  EXPECT_EQ(later.nine, SeasonNine::UsualMen);
   EXPECT_EQ(later.season->games[*later.game].id, kept.season->games[state.games[0]].id);
   save("b");
   SelectTeamNamed("Houston 2020");

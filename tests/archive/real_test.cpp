@@ -1,6 +1,9 @@
 // Both worlds in small: who is compared, at which moment, and who is used too much.
+#include <algorithm>
+
 #include "archive/day_figures.h"
 #include "archive/season_test.h"
+#include "real/real_pages.h"
 #include "real/team_games.h"
 #include "real/use.h"
 
@@ -166,6 +169,33 @@ TEST(Use, IsMarkedWhereItGoesBeyondTheRealOne) {
   }
 }
 
+TEST(RealPages, TellBothWorlds) {
+  archive::Season season = SeasonOf(9);
+  archive::Man& man = season.clubs[0].men[0];
+  man.batting.atBats = 3;
+  man.days = {1};
+  archive::PackDay(season.games[0].sides[1].figures, 0, {}, {.atBats = 2}, {}, {});
+  SeasonFigures board = BoardOf(4);
+  board.players.push_back({"Luis Garcia", 1, BattingTotals{.atBats = 5, .homeRuns = 4}});
+  const ArchiveIds ids{{"G1", season.games[1].id}};
+  const auto pages = RealPages(Worlds(board, season), {}, ids);
+  ASSERT_EQ(pages.size(), 3U);
+  const auto page = [&](const char* title) {
+    const auto found = std::ranges::find(pages, title, &SeasonPage::title);
+    return found == pages.end() ? "no such page" : found->body;
+  };
+  for (const auto& [title, text] :
+       {std::pair{"Real and replayed", ">Oak 1960</a></td><td>0-4</td>"},
+        {"Real and replayed", "Both up to 4 Jun 1960."},
+        {"Real and replayed", "<td>Luis Garcia</td><td>Oak 1960</td><td>4</td>"},
+        {"Oak 1960, Real and replayed", "4 of 9: 0-4, really 4-0."},
+        {"Oak 1960, Real and replayed", "<td>L 1-2</td><td>W 5-3</td><td>0-1</td><td>2-0</td>"},
+        {"Oak 1960, Real and replayed", "<td>5 of 3, really 2</td><td>over</td>"},
+        {"Bay 1960, Real and replayed", "4 of 9: 4-0, really 0-4."}}) {
+    EXPECT_NE(page(title).find(text), std::string::npos) << text << "\n" << page(title);
+  }
+}
+
 // The club's second Luis Garcia has the number 2 in its files.
 TEST(Players, AreFoundByTheirNamesOnTheBoard) {
   for (const auto& [namesakes, name, id] : {std::tuple{1, "Luis Garcia", "garcl001"},
@@ -210,9 +240,10 @@ TEST(DayFigures, AddUpToThoseOfTheSeason) {
         return std::vector{
             b.games,      b.atBats,       b.hits,          b.doubles,        b.triples,
             b.homeRuns,   b.walks,        b.strikeouts,    b.hitByPitch,     b.stolenBases,
-            b.runs,       b.runsBattedIn, b.sacrificeHits, b.sacrificeFlies, p.games,
-            p.starts,     p.outs,         p.hits,          p.homeRuns,       p.walks,
-            p.strikeouts, p.earnedRuns,   p.wins,          p.losses,         p.saves};
+            b.runs,       b.runsBattedIn, b.sacrificeHits, b.sacrificeFlies, b.intoDoublePlays,
+            b.leftOnBase, p.runs,         p.games,         p.starts,         p.outs,
+            p.hits,       p.homeRuns,     p.walks,         p.strikeouts,     p.earnedRuns,
+            p.wins,       p.losses,       p.saves};
       };
       EXPECT_EQ(counters(batting[man], pitching[man]),
                 counters(men[man].batting, men[man].pitching))

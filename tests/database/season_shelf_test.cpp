@@ -7,8 +7,10 @@
 #include <map>
 
 #include "base/paths.h"
+#include "base/program_error.h"
 #include "database/backups.h"
 #include "database/rows.h"
+#include "database/team_groups.h"
 #include "platform/quiet_desktop.h"
 #include "platform/sqlite/sqlite_seasons.h"
 #include "temporary_folder.h"
@@ -113,6 +115,33 @@ TEST_F(ShelfTest, EachSeasonHasItsOwnGamesAndCopies) {
   Do(MakeSeason, "Our 1960");
   EXPECT_EQ(copies.CopyNames().size(), 0U) << "another season's copies are not its own";
   EXPECT_EQ(SettingOfSeason(*platform, "season_archive"), "") << "nor is its archive";
+}
+
+TEST_F(ShelfTest, GroupsOfTeamsGoWithTheirSeason) {
+  const TeamGroups made{{"East", {"Ants", "Bees"}}, {"West"}};
+  const TeamGroups leagues{{"League", {"Ants"}}};
+  settings["season_groups of 1960"] = GroupsText(made);  // by an older version
+  Do(MakeSeason, "1960");
+  EXPECT_EQ(settings["season_groups of 1960"], "");
+  Do(CopySelectedSeasonOut, "", 2);
+  SqliteDatabase copy(folder / "out.mdb");
+  EXPECT_EQ(GroupsOfSeason(*platform, "of another machine", copy), made);
+  KeepLeagues(*platform, leagues);
+  EXPECT_EQ(GroupsOfSeason(*platform), made);
+  KeepGroups(*platform, {});
+  EXPECT_EQ(GroupsOfSeason(*platform), TeamGroups()) << "none are a choice as well";
+  KeepGroups(*platform, leagues);
+  KeepLeagues(*platform, made);
+  EXPECT_EQ(GroupsOfSeason(*platform), made) << "those of the archive follow it";
+  // A season in which nobody made groups keeps its five tables; another's table is no groups.
+  Do(MakeSeason, "1978");
+  KeepGroups(*platform, {});
+  EXPECT_EQ(CountOf(database, {"SELECT count(*) FROM sqlite_master WHERE name = 'TeamGroups'"}), 0);
+  const auto change = database.BeginChange();
+  change->Execute({"CREATE TABLE TeamGroups (Owner TEXT)"});
+  change->Commit();
+  EXPECT_EQ(GroupsOfSeason(*platform), TeamGroups());
+  EXPECT_THROW(KeepGroups(*platform, made), ProgramError);
 }
 
 TEST_F(ShelfTest, WhatCannotBeIsSaidAndChangesNothing) {

@@ -142,6 +142,8 @@ void BaseBoard::Outcome(const std::string& code, std::optional<int> out) {
   if (code == "DP" && outs_ == 2) Refuse("a double play with two outs");
   if (code == "FC" && outs_ == 2) Refuse("a fielder's choice with two outs");
   last_ = {.batter = batter_};
+  constexpr std::array kPutOut{"K", "GO", "FO", "LO", "PO", "DP", "FC"};
+  last_.putsOut = std::ranges::count(kPutOut, code) > 0;
   if (code == "BB") {
     ++Batting(batter_, "BB");
     ++Pitching(Pitcher(), "BB");
@@ -169,6 +171,13 @@ void BaseBoard::Outcome(const std::string& code, std::optional<int> out) {
   }
   NextBatter();
   CountOut();
+  CountLeft(OnBase());
+}
+
+// The batter who was out leaves them.
+void BaseBoard::CountLeft(int runners) {
+  last_.left = last_.putsOut;
+  if (last_.left) Batting(last_.batter, "LOB") += runners;
 }
 
 void BaseBoard::Hit(int bases, bool isError) {
@@ -211,6 +220,7 @@ void BaseBoard::FieldersChoice(std::optional<int> out) {
   }
   bases_.at(base) = {};
   MoveForced();
+  CountLeft(OnBase());
   charge.name = batter_;
   Put(1, charge);
   NextBatter();
@@ -221,9 +231,11 @@ void BaseBoard::DoublePlay(std::optional<int> out) {
   const int base = out.value_or(bases_[1].name.empty() ? Foremost() : 1);
   if (base == 0 || bases_.at(base).name.empty()) Refuse("nobody is put out");
   bases_.at(base) = {};
+  ++Batting(batter_, "DP");
   NextBatter();
   CountOut();
   CountOut();
+  CountLeft(OnBase());
 }
 
 void BaseBoard::ThrownOut(std::optional<int> out) {
@@ -304,6 +316,7 @@ bool BaseBoard::IsEarned(const Runner& runner) const {
 }
 
 void BaseBoard::ComesHome(Runner runner) {
+  if (last_.left) --Batting(last_.batter, "LOB");
   ++figures_[{atBat_, "LINE", InningName(innings_.at(atBat_)), ""}];
   ++Batting(runner.name, "R");
   ++Pitching(runner.pitcher, "R");
@@ -335,6 +348,7 @@ void BaseBoard::CountOut() {
   ++Pitching(Pitcher(), "IP");
   if (++outs_ < 3) return;
   figures_[{atBat_, "LEFT", "", ""}] += OnBase();
+  CountLeft(OnBase());
   bases_ = {};
   outs_ = 0;
   last_ = {};

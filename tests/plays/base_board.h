@@ -67,6 +67,8 @@ class BaseBoard {
   // What joins the play.
   struct Play {
     std::string batter = {};
+    bool putsOut = false;   // himself or, by his choice, a runner
+    bool left = false;      // the runners whom he leaves are counted
     bool ofBatter = false;  // he is credited with runs that join it
     bool isError = false;
     std::size_t brought = 0;  // how many a hit or an error brought home, without the batter
@@ -103,6 +105,7 @@ class BaseBoard {
   void TakeBack(int base);
   void Put(int base, Runner runner);
   void CountOut();
+  void CountLeft(int runners);
   [[noreturn]] static void Refuse(const std::string& why) { throw NotPossible(why); }
 
   std::array<std::vector<std::string>, 2> lineUps_;

@@ -133,6 +133,7 @@ class Scorebook {
         std::ranges::none_of(before, [](const auto& one) { return one.id.empty(); });
     if (play.appearance == PlateAppearance::FieldersChoice) PassOnCharges(play, before);
     bases_ = {};
+    int left = 0;
     for (int from = 3; from >= 0; --from) {
       const Runner& runner = before.at(from);
       if (play.steals.at(from)) ++Batting(runner.id, "SB");
@@ -140,7 +141,14 @@ class Scorebook {
       const int to = GoesTo(play, from);
       if (to == kHome) CountRun(event, from, runner, loaded);
       if (to > 0 && to < kHome) bases_.at(to) = runner;
+      left += from > 0 && to > 0 && to < kHome ? 1 : 0;
     }
+    const bool byChoice = play.appearance == PlateAppearance::FieldersChoice && play.outs() > 0;
+    const bool isOut = play.ended() && GoesTo(play, 0) == kIsOut;
+    if (play.countsAsAtBat() && !play.hit() && (isOut || byChoice)) {
+      Batting(event.id, "LOB") += left;
+    }
+    if (event.text.find("GDP") != std::string::npos) ++Batting(event.id, "DP");
   }
 
   // A pitcher answers for as many runners as he left: whoever reaches base by a choice that puts

@@ -232,7 +232,13 @@ void NoteRest(const Figures& withoutCount, const std::map<Figure, std::string>& 
   for (const auto& [figure, ignored] : all) {
     if (figure.what == "ER by marks") continue;
     const int archive = ValueOf(script.archive, figure);
-    if (figure.what == "ER") {
+    if (figure.what == "DP" || figure.what == "LOB") {
+      const int delta = ValueOf(script.board, figure) - archive;
+      const char* why = figure.what == "DP"
+                            ? "caught in the air, or a run came in on it, recorded as GO"
+                            : "the third out by a choice, or a runner out besides the batter";
+      if (delta != 0) script.differences.push_back({figure, delta, "", why});
+    } else if (figure.what == "ER") {
       const int delta = ValueOf(script.board, figure) - archive;
       if (delta != 0) {
         const auto plays = unlike.find(figure);

@@ -3,9 +3,10 @@
 
 #include "base/settings_keys.h"
 #include "database/season_shelf.h"
+#include "platform/quiet_desktop.h"
 #include "replay/play_table.h"
 #include "teams/team_load.h"
-#include "windows/boxes/busy.h"
+#include "windows/board/archive_ahead.h"
 #include "windows/browser_form_test.h"
 
 namespace dtb {
@@ -105,7 +106,12 @@ TEST_F(RealViewTest, ShowsGamesLeadersAndUse) {
         Part<QLabel>("lbl_RealNote")->text().startsWith(QStringLiteral("Both up to 24 Jul 2020.")));
     CloseForm();
   });
-  // The line-ups know it, too.
+}
+
+// Nobody has opened a window that reads the archive.
+TEST_F(RealViewTest, TheLineUpsKnowTheUseByThemselves) {
+  MakeDatabase(kGame);
+  Tie(kArchive);
   const QString file = folder_.filePath(QStringLiteral("Oakland 2020.txt"));
   WriteFile(file, "Matt Olson=1B\nFranklin Barreto (2)=2B\n");
   OpenTeam(board(), Side::Visitors, FromQt(file));
@@ -119,6 +125,76 @@ TEST_F(RealViewTest, ShowsGamesLeadersAndUse) {
       QCoreApplication::processEvents();
     }
     EXPECT_EQ(list->toolTip().contains(QStringLiteral("Real use")), row == 1);
+  }
+}
+
+// Beside the file of a club, before it is loaded.
+TEST_F(RealViewTest, TheArchivesWindowMarksTheUse) {
+  MakeDatabase(kGame);
+  Tie(kArchive);
+  const auto grid = [](const char* name) {
+    const QWidget* window = QApplication::activeModalWidget();
+    return window == nullptr ? nullptr : window->findChild<QTableView*>(QLatin1String(name));
+  };
+  WhenTrue([grid] { return grid("grd_Teams") && grid("grd_Teams")->model()->rowCount() > 1; },
+           [this, grid] {
+             const auto texts = [&](const char* name, int column) {
+               QStringList all;
+               const auto* model = grid(name)->model();
+               for (int row = 0; row < model->rowCount(); ++row) {
+                 all.append(model->index(row, column).data().toString());
+               }
+               return all;
+             };
+             const int club = int(texts("grd_Teams", 1).indexOf(QStringLiteral("Oakland 2020")));
+             grid("grd_Teams")->setCurrentIndex(grid("grd_Teams")->model()->index(club, 1));
+             const QStringList players = texts("grd_File1", 2);
+             const QStringList marks = texts("grd_File1", 3);
+             EXPECT_EQ(marks.count(QString()), marks.size() - 1);
+             EXPECT_TRUE(players.value(marks.indexOf(QStringLiteral("over")))
+                             .startsWith(QStringLiteral("Franklin Barreto=")));
+             Press(QApplication::activeModalWidget(), Qt::Key_Escape);
+           });
+  Find<QAction>("mnuSeason")->trigger();
+  QCoreApplication::processEvents();  // the menu has its answer first
+}
+
+// An archive that cannot be read; or one that takes for ever to read.
+struct TiedDesktop : QuietDesktop {
+  explicit TiedDesktop(bool isBroken) : broken(isBroken) {}
+  std::string Read(const std::string& /*section*/, const std::string& key,
+                   const std::string& missing) override {
+    return key == settings::kSeasonArchive ? "season.zip" : missing;
+  }
+  std::unique_ptr<Archive> OpenArchive(const std::filesystem::path& /*zipOrFolder*/,
+                                       const GoOn& goOn) override {
+    begun = true;
+    if (broken) throw ProgramError(error_number::kInvalidFileFormat, "broken");
+    while (goOn(0)) std::this_thread::yield();
+    ended = true;
+    return nullptr;
+  }
+  void Show(const std::string& message, BoxIcon /*icon*/, const std::string& /*title*/) override {
+    ADD_FAILURE() << message;
+  }
+
+  bool broken;
+  std::atomic<bool> begun = false;
+  std::atomic<bool> ended = false;
+};
+
+TEST_F(RealViewTest, AnArchiveReadAheadHoldsNothingUpAndTellsNoFault) {
+  for (const bool broken : {true, false}) {
+    TiedDesktop desktop(broken);
+    const Platform ports = PlatformOf(desktop, desktop, desktop);
+    archive::KeptSeason kept;
+    {
+      ArchiveAhead ahead(ports, kept);
+      ahead.Begin();
+      while (!desktop.begun) QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(desktop.ended, !broken);
+    EXPECT_EQ(kept.season, nullptr);
   }
 }
 

@@ -73,19 +73,24 @@ BoardWindow::BoardWindow(Board& board, Aids& aids, QtPictures& pictures)
   });
   PlaceAtLaunch();
   StartTimers();
+  connect(&ahead_, &ArchiveAhead::known, this, [this] { use_.Read(); });
+  ahead_.Begin();
   if (board.newGames != nullptr) ServeNewGames(*board.newGames);
 }
 
 void BoardWindow::ServeNewGames(NewGames& newGames) {
   newGames.nextOffer = [this] { return archive::NextGameOffer(season_, board_).value_or(""); };
   newGames.loadNext = [this] {
+    ahead_.End();
+    bool read = false;
     {
       ProgressPanel panel(QStringLiteral("Reading the season"), ProgressPanel::Work::Cancellable,
                           park_);
-      const auto goOn = [&panel](double share) { return panel.Hear(share); };
-      if (!archive::ReadLastSeason(season_, board_.platform, goOn)) return;
+      read = archive::ReadLastSeason(season_, board_.platform,
+                                     [&panel](double share) { return panel.Hear(share); });
     }
-    archive::LoadNextGame(season_, board_, [](double /*share*/) { return true; });
+    if (read) archive::LoadNextGame(season_, board_, Always);
+    ahead_.Begin();
   };
   newGames.begun = [this] {
     if (form2_->isVisible()) form2_->reject();
@@ -128,8 +133,11 @@ void BoardWindow::BuildMenu() {
   const auto later = [this](auto operation) {
     return [this, operation] {
       QTimer::singleShot(0, this, [this, operation] {
-        use_.Forget();  // the window may change the saved games, or which season is in use
+        // The window may change the saved games, and which season is in use.
+        ahead_.End();
+        use_.Forget();
         operation();
+        ahead_.Begin();
       });
     };
   };

@@ -10,6 +10,7 @@
 #include "archive/kept_season.h"
 #include "game/board.h"
 #include "platform/qt/qt_pictures.h"
+#include "windows/board/archive_ahead.h"
 #include "windows/board/edit_actions.h"
 #include "windows/board/focus_keys.h"
 #include "windows/board/next_step.h"
@@ -91,6 +92,7 @@ class BoardWindow : public QMainWindow {
   QPointer<ScorecardWindow> card_;  // while it is open
   archive::KeptSeason season_;
   UseTips use_{board_, season_};
+  ArchiveAhead ahead_{board_.platform, season_};
   QTimer tmr_Constant_;
   QTimer tmr_F12detect_;
 };

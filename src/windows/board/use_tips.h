@@ -13,14 +13,16 @@
 
 namespace dtb {
 
-// Knows it as soon as the program has read the archive of the season in use.
+// Knows it once the program has read the archive of the season in use.
 class UseTips {
  public:
   UseTips(Board& board, const archive::KeptSeason& kept) : board_(board), kept_(kept) {}
 
-  // "Real use: 45 of 40 PA, over"; "" for a player without a mark. Where the saved games may have
-  // changed since it was last asked, a thread reads them, and nobody has a mark until that is done.
+  // "Real use: 45 of 40 PA, over"; "" for a player without a mark, and for all until the saved
+  // games are read.
   [[nodiscard]] QString Of(Side side, const QString& player);
+  // Lets a thread read the saved games if they may have changed since.
+  void Read();
   // Games may have come or gone, or will. Ends reading.
   void Forget();
 

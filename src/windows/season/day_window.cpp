@@ -9,7 +9,6 @@
 #include "archive/archive_teams.h"
 #include "archive/schedule.h"
 #include "base/paths.h"
-#include "base/settings_keys.h"
 #include "browser/grid_format.h"
 #include "browser/opening.h"
 #include "database/archive_games.h"
@@ -39,14 +38,13 @@ constexpr const char* kDayTitle = "The day";
 // False: there is none, which was told.
 bool HasArchive(Board& board, archive::KeptSeason& kept, QWidget* over) {
   const Platform& platform = board.platform;
-  const std::string archive = SettingOfSeason(platform, settings::kSeasonArchive);
+  const std::filesystem::path archive = archive::TiedArchive(platform);
   std::error_code fault;
-  const bool there =
-      kept.season || (!archive.empty() && std::filesystem::exists(PathOf(archive), fault));
+  const bool there = kept.season || (!archive.empty() && std::filesystem::exists(archive, fault));
   if (!there) {
-    const std::string why = archive.empty()
-                                ? "This season is not tied to an archive of real games yet."
-                                : "The archive of this season is not there any more:\n" + archive;
+    const std::string why =
+        archive.empty() ? "This season is not tied to an archive of real games yet."
+                        : "The archive of this season is not there any more:\n" + TextOf(archive);
     if (!platform.boxes.Ask({why + "\n\nDo you want to choose one?", kDayTitle, true}))
       return false;
     ArchiveWindow::Run(board, kept, over);
@@ -136,6 +134,7 @@ StatGridView* DayWindow::AddGrid(const char* name, const QString& accessibleName
   auto* view = new StatGridView(grid, inside_);
   Name(view, name, accessibleName);
   view->ShowAsResult();
+  view->ShowWholeRows();
   view->StretchAllColumns();
   view->setSelectionBehavior(QTableView::SelectRows);
   return view;

@@ -126,7 +126,7 @@ void RealCourseChart::DrawEnd(QPainter& painter, const PlotScale& scale, int gam
   y = std::clamp(y, Inside().top() + high / 2, Inside().bottom() - high / 2);
   free = y;
   const double left = scale.area.right() + type() * 0.9;
-  painter.setPen(QPen(kEdgeBright, 1));
+  painter.setPen(QPen(colour, 1, Qt::DotLine));
   painter.drawLine(QPointF(scale.X(game), scale.Y(above)), QPointF(left - 2, y));
   painter.setPen(colour);
   const int room = qRound(Inside().right() - left);

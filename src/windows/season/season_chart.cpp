@@ -229,24 +229,26 @@ void SeasonChart::DrawLeader(QPainter& painter, const QRectF& place, const Seaso
   QRectF bar = room;
   bar.setWidth(longest > 0 ? std::max(2.0, room.width() * leader.value / longest) : 2);
   DrawPlate(painter, bar, colour, Qt::transparent, 0, 2);
+  // Where rows are low, the tails of letters hang into the next one instead of being cut.
+  constexpr int kOneLine = Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip;
   painter.setFont(SmallFont());
   const QRectF text = room.adjusted(type() * 0.4, 0, 0, 0);
   const SeasonPlayer& man = season.players[leader.man];
   const auto& metrics = painter.fontMetrics();
   const QString name = metrics.elidedText(ToQt(man.name), Qt::ElideRight, qRound(text.width()));
   painter.setPen(kCream);
-  painter.drawText(text, Qt::AlignVCenter | Qt::TextSingleLine, name);
+  painter.drawText(text, kOneLine, name);
   const double taken = metrics.horizontalAdvance(name) + type() * 0.5;
   const double left = text.width() - taken;
   if (left > type() * 2.5) {
     painter.setPen(kSecondText);
     painter.drawText(
-        text.adjusted(taken, 0, 0, 0), Qt::AlignVCenter | Qt::TextSingleLine,
+        text.adjusted(taken, 0, 0, 0), kOneLine,
         metrics.elidedText(ToQt(season.teams[man.team].name), Qt::ElideRight, qRound(left)));
   }
   painter.setFont(SmallFont(true));
   painter.setPen(kCream);
-  painter.drawText(row, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, ToQt(leader.text));
+  painter.drawText(row, Qt::AlignRight | kOneLine, ToQt(leader.text));
 }
 
 }  // namespace dtb

@@ -84,6 +84,7 @@ UseTable::UseTable(const char* name, const QString& accessibleName, StatGrid& gr
     : StatGridView(grid, nullptr), shown_(grid) {
   Name(this, name, accessibleName);
   ShowAsResult();
+  ShowWholeRows();
   StretchAllColumns();
   setSelectionBehavior(QTableView::SelectRows);
 }

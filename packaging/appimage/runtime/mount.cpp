@@ -114,6 +114,8 @@ class Silence {
 
 std::unique_ptr<Mount> Mount::Try(Image& image, const std::string& folder) {
   if (access("/dev/fuse", R_OK | W_OK) != 0) return nullptr;
+  // Without this list fusermount3 mounts for a person what it does not unmount later.
+  if (geteuid() != 0 && access("/etc/mtab", R_OK) != 0) return nullptr;
   const Silence silence;
   std::array<const char*, 3> words{"appimage", "-o", "ro,nosuid,nodev,subtype=appimage"};
   fuse_args arguments =

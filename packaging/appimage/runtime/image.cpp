@@ -81,7 +81,8 @@ struct stat Image::StatusOf(sqfs_inode& inode) {
   status.st_mode = inode.base.mode;
   status.st_nlink = static_cast<nlink_t>(inode.nlink);
   status.st_ino = inode.base.inode_number;
-  status.st_mtime = inode.base.mtime;
+  // The board sees by the time of a change that a newer image brings another file.
+  status.st_mtime = status.st_ctime = inode.base.mtime;
   status.st_uid = getuid();
   status.st_gid = getgid();
   if (S_ISREG(status.st_mode)) status.st_size = static_cast<off_t>(inode.xtra.reg.file_size);

@@ -13,8 +13,10 @@ namespace {
 
 Image& TheImage() { return *static_cast<Image*>(fuse_get_context()->private_data); }
 
-// An open file is known by its inode, so that its path is looked up once.
-sqfs_inode* OpenFile(fuse_file_info* info) { return reinterpret_cast<sqfs_inode*>(info->fh); }
+// An open file is known by its inode, so that its path is looked up once. libfuse keeps a number.
+sqfs_inode* OpenFile(const fuse_file_info* info) {
+  return reinterpret_cast<sqfs_inode*>(info->fh);  // NOLINT(performance-no-int-to-ptr)
+}
 
 int Status(const char* path, struct stat* status, fuse_file_info* /*info*/) {
   sqfs_inode inode{};

@@ -275,8 +275,8 @@ void RealView::ReadSaved() {
           fault = failure.what();
         }
         real::BothWorlds worlds = real::PairWorlds(season, archive, names);
-        const auto show = [this, number, starts = std::move(starts), ids = std::move(ids),
-                           worlds = std::move(worlds), fault]() mutable {
+        auto show = [this, number, starts = std::move(starts), ids = std::move(ids),
+                     worlds = std::move(worlds), fault]() mutable {
           if (number != asked_) return;
           read_ = number;
           starts_ = std::move(starts);
@@ -285,7 +285,7 @@ void RealView::ReadSaved() {
           ShowWorlds();
           if (!fault.empty()) TellQueryFailure(browser_, fault);
         };
-        QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, std::move(show), Qt::QueuedConnection);
       });
 }
 

@@ -400,8 +400,8 @@ void SeasonTab::ReadChosen() {
         } catch (const std::exception& failure) {
           fault = failure.what();
         }
-        const auto show = [this, number, season, subject, outings = std::move(outings),
-                           duels = std::move(duels), fault]() mutable {
+        auto show = [this, number, season, subject, outings = std::move(outings),
+                     duels = std::move(duels), fault]() mutable {
           if (number != asked_) return;
           shown_ = number;
           outings_ = outings;
@@ -410,7 +410,7 @@ void SeasonTab::ReadChosen() {
           games_->SetOutings(season, subject, std::move(outings));
           if (!fault.empty()) TellQueryFailure(browser_, fault);
         };
-        QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, std::move(show), Qt::QueuedConnection);
       });
 }
 

@@ -43,7 +43,7 @@ must 0 "$(stat -c %s "$runtime")" ./board --appimage-offset
 must 0 squashfs-root ./board --appimage-extract
 must 0 "" diff -r --no-dereference app squashfs-root
 # What ends the head ends the program, too.
-must 143 "wait *" bash -c './board wait & sleep 1; kill $!; wait $!'
+must 143 "wait *" bash -c './board wait >told & until [ -s told ]; do sleep 0.1; done; cat told; kill $!; wait $!'
 
 whole=$(stat -c %s board)
 head -c $((whole - 5000)) board >short

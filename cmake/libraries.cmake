@@ -25,8 +25,10 @@ dtb_library(minizip minizip/unzip.h minizip)
 target_link_libraries(dtb::minizip INTERFACE ZLIB::ZLIB)
 dtb_library(xlsxwriter xlsxwriter.h xlsxwriter)
 target_link_libraries(dtb::xlsxwriter INTERFACE dtb::minizip)
-# Its header needs those of GLib, whose place only pkg-config knows.
-if(NOT WIN32)
+# Its header needs those of GLib, whose place only pkg-config knows; the one for Windows needs none.
+if(WIN32)
+  dtb_library(mdb mdbtools.h mdb)
+else()
   find_package(PkgConfig REQUIRED)
   pkg_check_modules(MDB REQUIRED IMPORTED_TARGET libmdb)
   add_library(dtb::mdb ALIAS PkgConfig::MDB)

@@ -14,33 +14,51 @@ sources=$folder/sources
 record=$folder/built.txt
 host=x86_64-w64-mingw32
 flags="-O2 -ffunction-sections -fdata-sections"
-mkdir -p "$prefix" "$sources/lists/partial" "$sources/parts"
+mkdir -p "$prefix" "$sources"
 touch "$record"
 
+# apt_of_sources LISTS ARGUMENT...
 apt_of_sources() {
-  apt-get -o Dir::Etc::sourcelist=/dev/null -o Dir::Etc::sourceparts="$sources/parts" \
-    -o Dir::State::lists="$sources/lists" -o APT::Sandbox::User=root "$@"
+  apt-get -o Dir::Etc::sourcelist=/dev/null -o Dir::Etc::sourceparts="$sources/$1/parts" \
+    -o Dir::State::lists="$sources/$1/lists" -o APT::Sandbox::User=root "${@:2}"
 }
 
 # Lists of Debian's sources in a folder of their own, made from those of the packages.
 update_lists() {
-  [[ -e $sources/parts/sources.sources ]] && return
-  cat /etc/apt/sources.list.d/*.sources | sed 's/^Types:.*/Types: deb-src/' >"$sources/parts/new"
+  local parts=$sources/$1/parts
+  [[ -e $parts/sources.sources ]] && return
+  mkdir -p "$parts" "$sources/$1/lists/partial"
+  cat /etc/apt/sources.list.d/*.sources 2>/dev/null | sed 's/^Types:.*/Types: deb-src/' >"$parts/new" || true
   [[ ! -e /etc/apt/sources.list ]] ||
-    sed -n 's/^deb /deb-src /p' /etc/apt/sources.list >"$sources/parts/sources.list"
-  mv "$sources/parts/new" "$sources/parts/sources.sources"
-  apt_of_sources update -qq
+    sed -n 's/^deb /deb-src /p' /etc/apt/sources.list >"$parts/sources.list"
+  [[ $1 == usual ]] || sed -i 's/bookworm/trixie/g' "$parts"/*
+  mv "$parts/new" "$parts/sources.sources"
+  apt_of_sources "$1" update -qq
 }
 
 # Unpacks the source package with Debian's patches, and names it in the record.
 fetch() {
   local name=$1
-  update_lists
-  (cd "$sources" && rm -rf "$name-source" && apt_of_sources source -qq --download-only "$name")
+  update_lists usual
+  (cd "$sources" && rm -rf "$name-source" && apt_of_sources usual source -qq --download-only "$name")
   local dsc=("$sources/${name}"_*.dsc)
   dpkg-source --no-check -x "${dsc[-1]}" "$sources/$name-source" >/dev/null
   version=$(sed -n 's/^Version: //p' "${dsc[-1]}" | head -n 1)
   hash=$(sha256sum <"${dsc[-1]}" | cut -d ' ' -f 1)
+}
+
+# The same of Debian 13, without patches.
+fetch_later() {
+  local name=$1 file
+  update_lists later
+  (cd "$sources" && rm -rf "$name"_*.orig.tar.* && apt_of_sources later source -qq --tar-only "$name")
+  file=$(ls "$sources/$name"_*.orig.tar.*)
+  rm -rf "$sources/$name-source"
+  mkdir "$sources/$name-source"
+  tar -C "$sources/$name-source" --strip-components=1 -xf "$file"
+  version=${file##*_}
+  version=${version%.orig.tar.*}
+  hash=$(sha256sum <"$file" | cut -d ' ' -f 1)
 }
 
 built() { grep -q "^$1 " "$record"; }
@@ -146,6 +164,22 @@ build_icu() {
   rm -rf "$folder/icu-here" "$folder/icu-windows"
 }
 
+# Debian 12's libmdb needs GLib; this one can do without.
+build_mdbtools() {
+  fetch_later mdbtools
+  local source=$sources/mdbtools-source values=(-e 's/@HAVE_[A-Z]*_H@/0/' -e "s/@VERSION@/$version/"
+    -e 's/@PACKAGE@/mdbtools/' -e 's/@GLIB_INCLUDE_HEADER@/mdbfakeglib.h/' -e 's/@LOCALE_T@/_locale_t/')
+  local header
+  for header in mdbtools.h mdbver.h; do
+    sed "${values[@]}" "$source/include/$header.in" >"$source/include/$header"
+    install -D -m 644 -t "$prefix/include" "$source/include/$header"
+  done
+  install -D -m 644 -t "$prefix/include" "$source/include/mdbfakeglib.h"
+  flags="$flags -I$source/include -D_GNU_SOURCE -DHAVE_VASPRINTF -DTLS=__thread -Wno-deprecated-declarations" \
+    archive_of mdb "$source/src/libmdb" catalog file table data dump backend money sargs index like \
+    write stats map props worktable options iconv version rc4 fakeglib
+}
+
 # Debian ships the sources of GoogleTest in a package of its own.
 build_googletest() {
   local source=/usr/src/googletest
@@ -156,7 +190,7 @@ build_googletest() {
 }
 
 libraries=("$@")
-[[ $# -gt 0 ]] || libraries=(zlib minizip sqlite sqlitecpp xlsxwriter icu qt)
+[[ $# -gt 0 ]] || libraries=(zlib minizip sqlite sqlitecpp xlsxwriter mdbtools icu qt)
 for library in "${libraries[@]}"; do
   built "$library" && continue
   echo "Building $library for Windows"

@@ -2,6 +2,7 @@
 // call these functions, several at a time.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,10 @@ namespace dtb {
 
 // The UTF-8 text of bytes in Windows-1252; the five bytes without a character stay control codes.
 [[nodiscard]] std::string FromWindows1252(std::string_view bytes);
+
+// The UTF-8 text of bytes in an encoding that ICU knows by this name. Nothing where they make no
+// sense in it, or it is unknown.
+[[nodiscard]] std::optional<std::string> FromEncoding(std::string_view bytes, const char* encoding);
 
 enum class ByteOrder { LittleEndian, BigEndian };
 

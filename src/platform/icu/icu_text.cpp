@@ -1,6 +1,7 @@
 #include <unicode/coll.h>
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
+#include <unicode/ucnv.h>
 #include <unicode/unistr.h>
 
 #include <algorithm>
@@ -100,6 +101,20 @@ int CompareNames(std::string_view first, std::string_view second) {
   // Made when names are first put in order, which is long after the start.
   static const NameOrder order;
   return order.Compare(first, second);
+}
+
+std::optional<std::string> FromEncoding(std::string_view bytes, const char* encoding) {
+  UErrorCode status = U_ZERO_ERROR;
+  const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(ucnv_open(encoding, &status),
+                                                                     &ucnv_close);
+  if (U_FAILURE(status) != 0) return std::nullopt;
+  // Without this, what makes no sense is exchanged for another letter.
+  ucnv_setToUCallBack(converter.get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
+  const icu::UnicodeString text(bytes.data(), static_cast<std::int32_t>(bytes.size()),
+                                converter.get(), status);
+  if (U_FAILURE(status) != 0 || text.isBogus() != 0) return std::nullopt;
+  std::string decoded;
+  return text.toUTF8String(decoded);
 }
 
 std::string FromWindows1252(std::string_view bytes) { return Decoded(bytes, "windows-1252"); }

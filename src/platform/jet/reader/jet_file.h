@@ -1,8 +1,9 @@
 // A file of the Jet format, read by libmdb.
 #pragma once
 
-#include <glib.h>
-// It includes glib as C, which C++ has to read first.
+#if __has_include(<glib.h>)
+#include <glib.h>  // libmdb includes it as C, which C++ has to read first; it may have one of its own
+#endif
 #include <mdbtools.h>
 
 #include <functional>

@@ -5,6 +5,7 @@
 #include <memory>
 #include <type_traits>
 
+#include "base/letters.h"
 #include "platform/jet/reader/jet_file.h"
 
 namespace dtb::jet {
@@ -75,11 +76,9 @@ std::string Letters(const MdbHandle& mdb, std::string_view bytes) {
   const std::string encoding =
       ofOneByte ? "CP" + std::to_string(mdb.f->code_page == 0 ? kUsual : mdb.f->code_page)
                 : "UTF-16LE";
-  gsize size = 0;
-  const GlibText text(g_convert(plain.data(), static_cast<gssize>(plain.size()), "UTF-8",
-                                encoding.c_str(), nullptr, &size, nullptr));
+  const auto text = FromEncoding(plain, encoding.c_str());
   if (!text) throw Fault("has text that cannot be decoded.");
-  return {text.get(), size};
+  return *text;
 }
 
 // A long text stands on pages of its own.

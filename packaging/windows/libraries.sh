@@ -53,9 +53,12 @@ fetch_later() {
   update_lists later
   (cd "$sources" && rm -rf "$name"_*.orig.tar.* && apt_of_sources later source -qq --tar-only "$name")
   file=$(ls "$sources/$name"_*.orig.tar.*)
-  rm -rf "$sources/$name-source"
-  mkdir "$sources/$name-source"
-  tar -C "$sources/$name-source" --strip-components=1 -xf "$file"
+  rm -rf "$sources/$name-source" "$sources/unpacked"
+  mkdir "$sources/unpacked"
+  tar -C "$sources/unpacked" -xf "$file"
+  # All of it may stand in a folder, or not.
+  (cd "$sources/unpacked" && [[ $(ls | wc -l) == 1 ]] && mv ./* "../$name-source") ||
+    mv "$sources/unpacked" "$sources/$name-source"
   version=${file##*_}
   version=${version%.orig.tar.*}
   hash=$(sha256sum <"$file" | cut -d ' ' -f 1)
@@ -187,6 +190,12 @@ build_googletest() {
   version=$(dpkg-query -W -f='${Version}' googletest)
   hash=$(find "$source" -type f -print0 | sort -z | xargs -0 cat | sha256sum | cut -d ' ' -f 1)
   rm -rf "$folder/googletest"
+}
+
+build_rapidcheck() {
+  fetch_later rapidcheck
+  with_cmake "$sources/rapidcheck-source" "$folder/rapidcheck" -DRC_ENABLE_TESTS=OFF
+  rm -rf "$folder/rapidcheck"
 }
 
 libraries=("$@")

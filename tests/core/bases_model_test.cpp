@@ -213,9 +213,12 @@ class RandomGame {
     return figures;
   }
 
+  // Double plays and runners left of a batter are counted once a game is saved.
   Figures FiguresOfModel() {
     Figures figures = model_.figures();
-    std::erase_if(figures, [](const auto& figure) { return figure.second == 0; });
+    std::erase_if(figures, [](const auto& figure) {
+      return figure.second == 0 || figure.first.what == "DP" || figure.first.what == "LOB";
+    });
     return figures;
   }
 

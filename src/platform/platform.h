@@ -3,7 +3,7 @@
 //
 // All of them belong to the thread of the windows, here and in the other headers of ports: it alone
 // calls them, and what they call back runs there before the call returns. What another thread may
-// do is said where it may: queries of Database, and the functions of base/letters.h.
+// do is said where it may: queries of Database, Archives, and the functions of base/letters.h.
 #pragma once
 
 #include <filesystem>

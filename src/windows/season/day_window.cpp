@@ -31,7 +31,7 @@ namespace {
 
 using namespace look;
 
-constexpr QSize kUsualSize(1300, 700);  // layout units
+constexpr QSize kUsualSize(1300, 820);  // layout units; 30 teams stand in it
 constexpr int kSpace = 8;
 constexpr const char* kDayTitle = "The day";
 
@@ -134,7 +134,6 @@ StatGridView* DayWindow::AddGrid(const char* name, const QString& accessibleName
   auto* view = new StatGridView(grid, inside_);
   Name(view, name, accessibleName);
   view->ShowAsResult();
-  view->ShowWholeRows();
   view->StretchAllColumns();
   view->setSelectionBehavior(QTableView::SelectRows);
   return view;

@@ -32,7 +32,6 @@ StatGridView* MakeGrid(const char* name, const QString& accessibleName, StatGrid
   auto* view = new StatGridView(grid, nullptr);
   Name(view, name, accessibleName);
   view->ShowAsResult();
-  view->ShowWholeRows();
   view->StretchAllColumns();
   view->setSelectionBehavior(QTableView::SelectRows);
   return view;

@@ -195,6 +195,8 @@ build_googletest() {
 build_rapidcheck() {
   fetch_later rapidcheck
   with_cmake "$sources/rapidcheck-source" "$folder/rapidcheck" -DRC_ENABLE_TESTS=OFF
+  install -D -m 644 -t "$prefix/include/rapidcheck" \
+    "$sources/rapidcheck-source/extras/gtest/include/rapidcheck/gtest.h"
   rm -rf "$folder/rapidcheck"
 }
 

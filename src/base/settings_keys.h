@@ -18,7 +18,7 @@ inline constexpr const char* kSeasonNames = "season_names";
 inline constexpr const char* kSeasonNine = "season_nine";        // which nine of a club is shown
 inline constexpr const char* kSeasonClub = "season_club";        // "OAK 2020=Oakland 2020"
 inline constexpr const char* kSeasonLeagues = "season_leagues";  // of the archive
-inline constexpr const char* kSeasonGroups = "season_groups";  // made in older versions
+inline constexpr const char* kSeasonGroups = "season_groups";    // made in older versions
 // Games of archives with their GameIDs, written by older versions.
 inline constexpr const char* kSeasonPlayed = "season_played";
 

@@ -18,6 +18,20 @@ class SoundPlayer {
   virtual void Stop(Voice voice) = 0;
 };
 
+// A player of a channel for each voice, which is made with whether its sounds have no end.
+template <class Channel>
+class VoicesOf : public SoundPlayer {
+ public:
+  void Play(Voice voice, const WaveFile& wave) override { ChannelOf(voice).Play(wave); }
+  void Stop(Voice voice) override { ChannelOf(voice).Stop(); }
+
+ private:
+  Channel& ChannelOf(Voice voice) { return voice == Voice::Loop ? loop_ : once_; }
+
+  Channel once_{false};
+  Channel loop_{true};
+};
+
 // The player of this system; it is never unloaded. Throws ProgramError where that part of the
 // program is missing.
 [[nodiscard]] SoundPlayer* LoadSoundPlayer();

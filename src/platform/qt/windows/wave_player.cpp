@@ -127,20 +127,8 @@ class Channel : public QObject {
   std::unique_ptr<Sounding> sounding_;
 };
 
-class WavePlayer : public SoundPlayer {
- public:
-  void Play(Voice voice, const WaveFile& wave) override { ChannelOf(voice).Play(wave); }
-  void Stop(Voice voice) override { ChannelOf(voice).Stop(); }
-
- private:
-  Channel& ChannelOf(Voice voice) { return voice == Voice::Loop ? loop_ : once_; }
-
-  Channel once_{false};
-  Channel loop_{true};
-};
-
 }  // namespace
 
-SoundPlayer* LoadSoundPlayer() { return new WavePlayer; }
+SoundPlayer* LoadSoundPlayer() { return new VoicesOf<Channel>; }
 
 }  // namespace dtb

@@ -69,19 +69,9 @@ class Channel : public QObject {
   std::unique_ptr<QAudioSink> sink_;  // gone before what it reads
 };
 
-class StreamPlayer : public SoundPlayer {
- public:
-  void Play(Voice voice, const WaveFile& wave) override { ChannelOf(voice).Play(wave); }
-  void Stop(Voice voice) override { ChannelOf(voice).Stop(); }
-
- private:
-  Channel& ChannelOf(Voice voice) { return voice == Voice::Loop ? loop_ : once_; }
-
-  Channel once_{false};
-  Channel loop_{true};
-};
-
 }  // namespace
 }  // namespace dtb
 
-extern "C" Q_DECL_EXPORT dtb::SoundPlayer* MakeSoundPlayer() { return new dtb::StreamPlayer; }
+extern "C" Q_DECL_EXPORT dtb::SoundPlayer* MakeSoundPlayer() {
+  return new dtb::VoicesOf<dtb::Channel>;
+}

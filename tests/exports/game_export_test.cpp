@@ -175,6 +175,10 @@ TEST(ExportNamesTest, EveryFileSystemTakesThem) {
                                           {"tab\tend\n", "tab_end_"},
                                           {"St. Louis. .", "St. Louis"},
                                           {"...", ""},
+                                          {"con", "_con"},
+                                          {"Aux .1960", "_Aux .1960"},
+                                          {"LPT1.", "_LPT1"},
+                                          {"COM12", "COM12"},
                                           {"bad \xFF\xED\xA0\x80 bytes", "bad ____ bytes"},
                                           {many, many.substr(0, 80)},
                                           {"x" + many, "x" + many.substr(0, 78)}}) {

@@ -247,6 +247,17 @@ TEST_F(PersonalFolderTest, IsFilledAndKept) {
   EXPECT_EQ(Start().path, Path("bin"));
 }
 
+TEST_F(PersonalFolderTest, GoesAlongWithAProgramThatIsCarriedAbout) {
+  QDir().mkpath(Path("bin/table"));
+  QDir().rename(Path("share/kelvane-diamond-table"), Path("bin/shipped"));
+  const PersonalFolder own = FindPersonalFolder(Path("bin"));
+  EXPECT_EQ(own.settings, Path("bin/table/DTB_v102.ini"));
+  EXPECT_EQ(FindProgramFolder(Path("bin"), own.path).path, Path("bin/table"));
+  EXPECT_TRUE(QFile::exists(Path("bin/table/Teams/a.txt")));
+  QDir(Path("bin/table")).removeRecursively();
+  EXPECT_TRUE(FindPersonalFolder(Path("bin")).path.endsWith("/kelvane-diamond-table"));
+}
+
 TEST_F(PersonalFolderTest, AStartThatWasBrokenOffIsFinished) {
   // As it stands in the middle: one file is there, another about to come; an update comes between.
   Write("mine/.laid-out",

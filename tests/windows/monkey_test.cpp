@@ -423,8 +423,8 @@ void Monkey::KeepBases(bool on) {
 void Monkey::PlayOn() {
   for (Field<bool>* on : {&state_.Check1, &state_.Check2, &state_.chk_Ctrls}) on->Set(false);
   table_.dialogs.answers = {files_[0]};
-  // A board that begins to keep them knows of nobody.
-  if (onBases_ && AnyoneOn(state_)) KeepBases(false);
+  // A board that begins to keep them knows of nobody, so no run follows the last hit.
+  if (AnyoneOn(state_)) KeepBases(false);
   if (onBases_ && !state_.cb_KeepBases.value()) KeepBases(true);
   const auto [control, key] = keys_.takeFirst();
   PressKey(FindControl(control), key);

@@ -13,11 +13,6 @@ namespace fs = std::filesystem;
 
 // Beside the program, or where the package has it.
 fs::path ReaderProgram() {
-#ifdef DTB_NO_JET_READER
-  throw ProgramError(error_number::kNoComponent,
-                     "the program for this system cannot read it. The one for Linux can, and the "
-                     "database that it makes of it works here.");
-#endif
   const std::string name = std::string("dtb_jet_reader") + system::kProgramEnding;
   std::error_code error;
   const fs::path folder = system::ExecutableFolder();

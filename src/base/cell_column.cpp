@@ -1,7 +1,6 @@
 #include "base/cell_column.h"
 
 #include <algorithm>
-#include <bit>
 #include <limits>
 #include <numeric>
 
@@ -12,9 +11,6 @@
 
 namespace dtb {
 namespace {
-
-// Up to here a walk over the texts is quicker than a hash table.
-constexpr std::size_t kFewTexts = 8;
 
 // What a text is compared by in a sort.
 struct SortKey {
@@ -115,50 +111,19 @@ std::size_t IdList::BytesTaken() const {
   }
 }
 
-std::optional<std::uint32_t> CellColumn::KnownIdOf(std::string_view text) const {
-  if (text.empty()) return 0;
-  if (slots_.empty()) {
-    for (std::uint32_t id = 1; id < distinct(); ++id) {
-      if (TextOf(id) == text) return id;
-    }
-    return std::nullopt;
-  }
-  const std::size_t mask = slots_.size() - 1;
-  for (std::size_t slot = std::hash<std::string_view>{}(text)&mask; slots_[slot] != 0;
-       slot = (slot + 1) & mask) {
-    if (TextOf(slots_[slot]) == text) return slots_[slot];
-  }
-  return std::nullopt;
-}
-
-void CellColumn::IndexAll(std::size_t slots) {
-  slots_.assign(slots, 0);
-  for (std::uint32_t id = 1; id < distinct(); ++id) Index(id);
-}
-
-void CellColumn::Index(std::uint32_t id) {
-  const std::size_t mask = slots_.size() - 1;
-  std::size_t slot = std::hash<std::string_view>{}(TextOf(id)) & mask;
-  while (slots_[slot] != 0) slot = (slot + 1) & mask;
-  slots_[slot] = id;
-}
-
 std::uint32_t CellColumn::IdOf(std::string_view text) {
-  if (slots_.empty() && distinct() > kFewTexts) IndexAll(std::bit_ceil(4 * distinct()));
-  if (const auto known = KnownIdOf(text)) return *known;
+  if (text.empty()) return 0;
+  if (known_.empty()) {  // new, or fitted
+    for (std::uint32_t id = 1; id < distinct(); ++id) known_.emplace(TextOf(id), id);
+  }
+  if (const auto known = known_.find(text); known != known_.end()) return known->second;
   if (texts_.size() + text.size() > std::numeric_limits<std::uint32_t>::max()) {
     throw ProgramError(error_number::kOutOfMemory, "A column of the table is too large");
   }
   const auto id = static_cast<std::uint32_t>(distinct());
   texts_.append(text);
   starts_.push_back(static_cast<std::uint32_t>(texts_.size()));
-  if (!slots_.empty()) {
-    if (2 * distinct() > slots_.size()) {
-      IndexAll(2 * slots_.size());
-    } else {
-      Index(id);
-    }
-  }
+  known_.emplace(text, id);
   return id;
 }
 
@@ -176,15 +141,16 @@ void CellColumn::Fit() {
   ids_.Fit();
   texts_.shrink_to_fit();
   starts_.shrink_to_fit();
-  slots_ = {};
+  known_ = {};
   smallCounts_ = {};
 }
 
 std::optional<std::size_t> CellColumn::Find(std::string_view text) const {
-  const auto id = KnownIdOf(text);
-  if (!id) return std::nullopt;
+  std::uint32_t id = 0;
+  while (id < distinct() && TextOf(id) != text) ++id;
+  if (id == distinct()) return std::nullopt;
   for (std::size_t cell = 0; cell < size(); ++cell) {
-    if (ids_[cell] == *id) return cell;
+    if (ids_[cell] == id) return cell;
   }
   return std::nullopt;
 }
@@ -240,7 +206,7 @@ std::size_t CellColumn::LongestText() const {
 
 std::size_t CellColumn::BytesTaken() const {
   return sizeof *this + texts_.capacity() + ids_.BytesTaken() +
-         4 * (starts_.capacity() + slots_.capacity() + smallCounts_.capacity());
+         4 * (starts_.capacity() + smallCounts_.capacity());
 }
 
 }  // namespace dtb

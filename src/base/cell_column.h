@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <variant>
 #include <vector>
 
@@ -90,11 +91,19 @@ class CellColumn {
 
   // The number of characters of the longest text.
   [[nodiscard]] std::size_t LongestText() const;
-  // Bytes of store taken, the object itself included.
+  // Bytes of store taken once the column is fitted, the object itself included.
   [[nodiscard]] std::size_t BytesTaken() const;
 
  private:
   static constexpr std::size_t kSmallCounts = 100;
+
+  // Lets a view of characters find a text.
+  struct TextHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const {
+      return std::hash<std::string_view>{}(text);
+    }
+  };
 
   [[nodiscard]] std::size_t distinct() const { return starts_.size() - 1; }
   [[nodiscard]] std::string_view TextOf(std::uint32_t id) const {
@@ -102,14 +111,11 @@ class CellColumn {
   }
   // Adds the text unless it stands already.
   std::uint32_t IdOf(std::string_view text);
-  [[nodiscard]] std::optional<std::uint32_t> KnownIdOf(std::string_view text) const;
-  void IndexAll(std::size_t slots);
-  void Index(std::uint32_t id);
 
   std::string texts_;                        // all distinct texts, one behind the other
   std::vector<std::uint32_t> starts_{0, 0};  // text i: from starts_[i] to starts_[i + 1]; 0 is ""
-  std::vector<std::uint32_t> slots_;         // hash table of ids; 0: free; empty for few texts
-  std::vector<std::uint32_t> smallCounts_;   // ids of "0" to "99" while appending; 0: not known
+  std::unordered_map<std::string, std::uint32_t, TextHash, std::equal_to<>> known_;
+  std::vector<std::uint32_t> smallCounts_;  // ids of "0" to "99" while appending; 0: not known
   IdList ids_;
   std::uint32_t last_ = 0;  // appended last
 };

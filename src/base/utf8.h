@@ -1,4 +1,4 @@
-// The characters of UTF-8 texts.
+// The characters of UTF-8 texts. Any thread may call these functions, several at a time.
 #pragma once
 
 #include <cstddef>
@@ -29,6 +29,7 @@ struct Utf8Character {
 // replacement character of one byte.
 [[nodiscard]] Utf8Character FirstCharacter(std::string_view text);
 
+// Half a pair of UTF-16 and what lies beyond Unicode become a replacement character.
 void AppendUtf8(std::string& text, char32_t code);
 
 }  // namespace dtb

@@ -17,14 +17,14 @@ disks_a_round=20
 turns_a_round=150
 fuzz_seconds=15
 
-rounds=0 gestures=0 games=0 save_kills=0 recovery_kills=0 spoils=0 databases=0 disks=0 turns=0 inputs=0 found=0
+rounds=0 gestures=0 games=0 save_kills=0 copy_kills=0 recovery_kills=0 spoils=0 databases=0 disks=0 turns=0 inputs=0 found=0
 mkdir -p -- "$faults"
 export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1}
 export ASAN_OPTIONS=${ASAN_OPTIONS:-intercept_tls_get_addr=0}
 
 sums() {
-  printf '%s rounds: %s gestures, %s random games, %s kills of saves, %s kills of recovery, %s spoiled old databases, %s hostile databases, %s full disks, %s gestures of two boards, %s inputs of fuzzers, %s faults\n' \
-    "$rounds" "$gestures" "$games" "$save_kills" "$recovery_kills" "$spoils" "$databases" "$disks" "$turns" "$inputs" "$found"
+  printf '%s rounds: %s gestures, %s random games, %s kills of saves, %s of copies, %s of recovery, %s spoiled old databases, %s hostile databases, %s full disks, %s gestures of two boards, %s inputs of fuzzers, %s faults\n' \
+    "$rounds" "$gestures" "$games" "$save_kills" "$copy_kills" "$recovery_kills" "$spoils" "$databases" "$disks" "$turns" "$inputs" "$found"
 }
 
 time_is_over() { ((SECONDS >= deadline)); }
@@ -61,11 +61,18 @@ play_random_games() {
   games=$((games + games_a_round))
 }
 
-# Each of the two has two tests: at any step, and within a write.
+# Two tests: at any step, and within a write. So has the recovery.
 kill_saves() {
   look saves DTB_SEED="$seed" DTB_KILLS=$kills_a_round \
     "$build/asan/dtb_database_tests" '--gtest_filter=SaveKills.*' || return 0
   save_kills=$((save_kills + 2 * kills_a_round))
+}
+
+# Four tests: a copy made, brought back, put in the place of a damaged database, an old one taken over.
+kill_copies() {
+  look copies DTB_SEED="$seed" DTB_KILLS=$kills_a_round \
+    "$build/asan/dtb_database_tests" '--gtest_filter=CopyKills.*' || return 0
+  copy_kills=$((copy_kills + 4 * kills_a_round))
 }
 
 kill_recovery() {
@@ -124,7 +131,7 @@ until time_is_over; do
   seed=$((RANDOM << 15 | RANDOM))
   rounds=$((rounds + 1))
   echo "Round $rounds, seed $seed"
-  for step in play_monkey play_random_games kill_saves kill_recovery spoil_old_databases \
+  for step in play_monkey play_random_games kill_saves kill_copies kill_recovery spoil_old_databases \
     use_hostile_databases fill_disks play_two_boards; do
     time_is_over || "$step"
   done

@@ -455,7 +455,7 @@ void HostileDatabase::Use() {
 
 TEST_F(HostileDatabase, IsToldOfAndLosesNothing) {
   const unsigned seed = FromOutside("DTB_SEED", 1);
-  const unsigned databases = FromOutside("DTB_DATABASES", 25);
+  const unsigned databases = FromOutside("DTB_DATABASES", 12);
   for (unsigned i = 0; i < databases && !HasFailure(); ++i) Try(seed + i);
 }
 

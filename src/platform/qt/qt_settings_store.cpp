@@ -92,6 +92,7 @@ void QtSettingsStore::Store(const QString& key, const QString& value) const {
   const auto all = [](const QSettings& settings) {
     QMap<QString, QVariant> values;
     for (const QString& name : settings.allKeys()) values.insert(name, settings.value(name));
+    values.remove(QString());  // a line without a name, which QSettings reads but does not write
     return values;
   };
   QMap<QString, QVariant> wanted = all(QSettings(file_, QSettings::IniFormat));
@@ -103,6 +104,7 @@ void QtSettingsStore::Store(const QString& key, const QString& value) const {
     for (auto entry = wanted.cbegin(); entry != wanted.cend(); ++entry) {
       settings.setValue(entry.key(), entry.value());
     }
+    wanted = all(settings);  // in a file that was edited, names may need mending ("a//b")
   }
   dtb::FileBeside whole(place, kKind);
   whole.Write(ReadWholeFile(draft.path()).value_or(""));

@@ -111,12 +111,11 @@ TEST_F(ServicesTest, SettingsLastAndFailuresAreTold) {
   EXPECT_EQ(QtSettingsStore(file).Read("labels", "lbl_Team(0)", ""), odd);
   EXPECT_EQ(QtSettingsStore(file).Read("labels", "lbl_team(0)", "none"), "none");
 
-  // A file that somebody edited may hold names that QSettings reads and does not write.
-  WriteFile(file, "=nameless\n[labels]\na//b=1\nkept=2\n");
+  // A file that somebody edited may hold what QSettings reads and does not write.
+  WriteFile(file, "=nameless\n[labels]\na//b=1\nkept=2,3\nodd=@ByteArray(, 2\n");
   QtSettingsStore(file).Write("labels", "x", "y");
-  EXPECT_EQ(QtSettingsStore(file).Read("labels", "x", "") +
-                QtSettingsStore(file).Read("labels", "kept", ""),
-            "y2");
+  EXPECT_EQ(QtSettingsStore(file).Read("labels", "x", ""), "y");
+  EXPECT_EQ(QtSettingsStore(file).Read("labels", "kept", ""), "2,3");
 
   QtSettingsStore nowhere(file + QStringLiteral("/below/a/file.ini"));
   EXPECT_EQ(nowhere.Read("labels", "x", "missing"), "missing");

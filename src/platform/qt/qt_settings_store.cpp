@@ -26,6 +26,9 @@ QString KeyOf(const std::string& section, const std::string& key) {
   return ToQt(section) + QLatin1Char('/') + ToQt(key);
 }
 
+// A text that was typed into the file without quotes is a list to QSettings if it has commas.
+QString TextOfValue(const QVariant& value) { return value.toStringList().join(QLatin1Char(',')); }
+
 // A name beside the file under which nothing stands yet.
 QString FreeNameBeside(const QString& file) {
   QString name = file + QStringLiteral(".damaged");
@@ -69,7 +72,7 @@ std::string QtSettingsStore::Read(const std::string& section, const std::string&
                                   const std::string& missing) {
   const QSettings settings(file_, QSettings::IniFormat);
   const QString name = KeyOf(section, key);
-  return settings.contains(name) ? FromQt(settings.value(name).toString()) : missing;
+  return settings.contains(name) ? FromQt(TextOfValue(settings.value(name))) : missing;
 }
 
 void QtSettingsStore::Write(const std::string& section, const std::string& key,
@@ -90,12 +93,14 @@ void QtSettingsStore::Write(const std::string& section, const std::string& key,
 void QtSettingsStore::Store(const QString& key, const QString& value) const {
   const std::filesystem::path place = PathOf(FromQt(file_));
   const auto all = [](const QSettings& settings) {
-    QMap<QString, QVariant> values;
-    for (const QString& name : settings.allKeys()) values.insert(name, settings.value(name));
-    values.remove(QString());  // a line without a name, which QSettings reads but does not write
+    QMap<QString, QString> values;
+    for (const QString& name : settings.allKeys()) {
+      // QSettings reads a line without a name, but does not write it.
+      if (!name.isEmpty()) values.insert(name, TextOfValue(settings.value(name)));
+    }
     return values;
   };
-  QMap<QString, QVariant> wanted = all(QSettings(file_, QSettings::IniFormat));
+  QMap<QString, QString> wanted = all(QSettings(file_, QSettings::IniFormat));
   wanted.insert(key, value);
   QDir().mkpath(QFileInfo(file_).path());  // not there before the first setting
   const dtb::FileBeside draft(place, kKind);

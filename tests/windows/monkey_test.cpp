@@ -398,6 +398,9 @@ void Monkey::MakeGesture() {
 }
 
 bool Monkey::Answer(MessageBox& box) {
+  // While another button is held, whose press brought the box, Qt lets no button be clicked.
+  if ((QGuiApplication::mouseButtons() & ~Qt::LeftButton) != 0)
+    return PressKey(&box, "Return"), true;
   const Target beside{box.window(), {3, 30}};
   if (box.question()) {
     Click(beside);

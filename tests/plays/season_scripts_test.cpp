@@ -144,8 +144,8 @@ TEST(CountRules, ChargeWalkAndStrikeoutToWhoLeft) {
   }
 }
 
-// Who answers for a run when pitchers change with runners on base. "one", "two" and "three" pitch
-// for the home side.
+// Who is charged with a run when pitchers change with runners on base. "one", "two" and "three"
+// pitch for the home side.
 struct Charges {
   const char* gestures;
   std::vector<int> runs;

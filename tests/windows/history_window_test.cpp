@@ -11,7 +11,7 @@ namespace {
 
 class HistoryWindowTest : public WindowTest {
  protected:
-  // The program as it starts anew beside the same settings, after whatever the last one left.
+  // The program as it starts again beside the same settings, after whatever the last one left.
   void StartAnew() {
     Desk::Setup setup;
     setup.programFolder = FromQt(folder_.path());

@@ -236,10 +236,10 @@ void ArchiveWindow::BuildButtons(QVBoxLayout* whole) {
                                 "with their starting pitchers");
   AddNine(strip, "cmd_UsedMost", "Line-up used most",
           "Shows the line-up that the team used most in the season", archive::SeasonNine::UsedMost);
-  AddNine(strip, "cmd_UsualMen", "The usual men",
-          "Shows nine players: at each position who began most games there, "
+  AddNine(strip, "cmd_UsualNine", "The usual nine",
+          "Shows nine players: at each position the one who started most games there, "
           "in the order in which they most often batted",
-          archive::SeasonNine::UsualMen);
+          archive::SeasonNine::UsualNine);
   next_ = AddButton(strip, "cmd_NextGame", "Next game",
                     "Loads both teams of the next game in the list "
                     "that is not played yet");

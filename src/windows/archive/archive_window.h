@@ -15,7 +15,7 @@
 
 namespace dtb {
 
-// Made anew for each opening.
+// Created for each opening.
 class ArchiveWindow : public QDialog {
   Q_OBJECT
  public:

@@ -149,7 +149,7 @@ void BoxWindow::ShowText() {
   if (view_ == View::Box) {
     text_->setHtml(ToQt(BoxHtml(box, BoxColumns::Two)));
   } else if (game_.plays.empty()) {
-    text_->setPlainText(QStringLiteral("No plays are known of this game."));
+    text_->setPlainText(QStringLiteral("The plays of this game are not known."));
   } else {
     text_->setHtml(ToQt(StoryHtml(StoryOf(game_))));
   }

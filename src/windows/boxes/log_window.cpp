@@ -95,7 +95,7 @@ void LogWindow::ShowEnd() {
 
 void LogWindow::ShowText() {
   const std::string& log = log_.text();
-  // The usual change is one more line; anything else shows the text anew.
+  // The usual change is one more line; anything else shows the whole text again.
   if (shownBytes_ == 0 || log.size() < shownBytes_) {
     text_->setPlainText(ToQt(log));
   } else {

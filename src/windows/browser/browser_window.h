@@ -23,7 +23,7 @@
 
 namespace dtb {
 
-// Made anew for each opening.
+// Created for each opening.
 class BrowserWindow : public QDialog {
   Q_OBJECT
  public:

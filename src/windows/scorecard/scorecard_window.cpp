@@ -84,8 +84,9 @@ void ScorecardWindow::BuildHead(QBoxLayout& column) {
 void ScorecardWindow::BuildButtons(QBoxLayout& column) {
   auto* row = new QHBoxLayout;
   row->setSpacing(kSpace);
-  lineUps_ = AddButton("cmd_LineUps", QStringLiteral("Print line-up card..."),
-                       QStringLiteral("Prints an empty card with both line-ups, for a pencil"));
+  lineUps_ =
+      AddButton("cmd_LineUps", QStringLiteral("Print line-up card..."),
+                QStringLiteral("Prints an empty card with both line-ups, to fill in by pencil"));
   QPushButton* svg =
       AddButton("cmd_Svg", QStringLiteral("Save as SVG..."),
                 QStringLiteral("Writes the page that is shown as a picture of lines"));

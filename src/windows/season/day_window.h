@@ -14,7 +14,7 @@
 namespace dtb {
 
 // The games of a day with what was played of them, and the standings of both worlds in the evening.
-// Made anew for each opening.
+// Created for each opening.
 class DayWindow : public QDialog {
   Q_OBJECT
  public:

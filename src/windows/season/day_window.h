@@ -34,7 +34,6 @@ class DayWindow : public QDialog {
   void BuildDays(QVBoxLayout* column);
   void BuildTables(QVBoxLayout* column);
   void BuildButtons(QVBoxLayout* column);
-  StatGridView* AddGrid(const char* name, const QString& accessibleName, StatGrid& grid);
 
   void ShowDay(int day);
   void Play(int row);

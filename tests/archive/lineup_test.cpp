@@ -70,7 +70,7 @@ TEST(LineUps, AreThoseOfTheSampleGames) {
   }
 }
 
-TEST(LineUps, OurOwnReaderReadsTheSameMenOfEveryTeam) {
+TEST(LineUps, OurOwnReaderReadsTheSamePlayersOfEveryTeam) {
   const std::unique_ptr<Archive> part = PartArchive();
   const Season season = ReadAll(*part);
   const std::filesystem::path folder = MakeTemporaryFolder("teams");
@@ -122,7 +122,7 @@ TEST(LineUps, TheOneUsedMostIsFoundWhoeverPitches) {
   EXPECT_EQ(lineUp.pitchers.size(), 4U);
 }
 
-TEST(LineUps, MenOfOneNameAreToldApartAndWhoPlayedLeastStaysOut) {
+TEST(LineUps, PlayersOfOneNameAreToldApartAndWhoPlayedLeastStaysOut) {
   std::string roster =
       "a1,Garcia,Luis,R,R,AAA,SS\na2,Garcia,Luis,L,L,AAA,P\na3,Garcia,Luis,B,R,AAA,C\n"
       "e1,Equal=Sign,\"Ed\nBreak\",R,R,AAA,OF\n";

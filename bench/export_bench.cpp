@@ -206,7 +206,7 @@ double PeakOf(const std::function<void()>& function) {
   const pid_t child = fork();
   if (child == 0) {
     malloc_trim(0);
-    std::ofstream("/proc/self/clear_refs") << "5";  // the peak begins anew
+    std::ofstream("/proc/self/clear_refs") << "5";  // the peak begins again
     const double before = Memory("VmRSS:");
     function();
     const double peak = Memory("VmHWM:") - before;

@@ -1,4 +1,4 @@
--- The statistics database. Numbers are checked, because the engine alone would keep any text in a
+-- The statistics database. Numbers are checked, because SQLite alone would keep any text in a
 -- column of numbers; a cell of the line score may hold what was written there, such as an "x".
 
 CREATE TABLE Batting (

@@ -112,7 +112,7 @@ def paint_bunting(context, ends, drop, colours):
 
 
 def paint_onlooker(context, random, x, y, coats, hats):
-    """A man who stands: coat, face, hat."""
+    """A person who stands: coat, face, hat."""
     foot_x, foot_y = project(x, y)
     size = unit(y)
     coat = coats[random.randint(len(coats))]

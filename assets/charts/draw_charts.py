@@ -92,7 +92,7 @@ def chart_bunt(paper):
     title(paper, "Bunt", MARGIN, TOP + 16)
     end = paper.stack(MARGIN, TOP + 40, 68, (224,) * 4, 36, views.bunts(), 92, 26)
     left = MARGIN + 68 + 4 * 224 + 32
-    title(paper, "Hit and run: man on 1st, or 1st + 3rd", left, TOP + 16)
+    title(paper, "Hit and run: 1st, or 1st and 3rd", left, TOP + 16)
     paper.stack(left, TOP + 40, 56, (234, 234), 36, views.hit_and_run(), 92, 26)
     paper.notes(MARGIN, end + 8, WIDE, NOTES[7])
 
@@ -116,7 +116,7 @@ def chart_game(paper):
         paper.box(RIGHT, y + 4, 40, 40, ACCENT)
         paper.text(str(index), RIGHT + 20, y + 24, 28, INK, True)
         y = max(y + 56, paper.paragraph(step, RIGHT + 56, y + 4, 28, 680) + 12)
-    title(paper, "When the file tells nothing", RIGHT, y + 36)
+    title(paper, "When the file says nothing", RIGHT, y + 36)
     paper.notes(RIGHT, y + 64, HALF, NOTES[9][4:], 28)
 
 

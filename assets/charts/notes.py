@@ -15,7 +15,7 @@ def order_words():
     parts = [f"{in_words(by_column[column])} read *{bat.BATTER_COLUMNS[column]}*"
              for column in sorted(by_column)]
     return ("*No averages?* By place in the order: " + "; ".join(parts)
-            + ". A single man without one reads *below*.")
+            + ". A single batter without one reads *below*.")
 
 
 SHARES = [f"{share:.3f}".lstrip("0") for share in bat.WIN_SHARES]
@@ -32,7 +32,7 @@ NOTES = {
     1: (
         "*PITCH* chart 2, yellow.   *GROUND* chart 3, white.   *FLY, LINE* chart 4, white.   *LONG* "
         "chart 4, yellow.   *RARE* chart 8, yellow.",
-        "*1B, 2B* chart 5, white.   *BB, K, PO* runners hold, save those a walk pushes.   *pitcher* is "
+        "*1B, 2B* chart 5, white.   *BB, K, PO* runners hold, except those a walk forces.   *pitcher* is "
         "for pitchers who bat.",
     ),
     2: (
@@ -48,41 +48,41 @@ NOTES = {
     ),
     4: (
         "*Two out:* FLY is FO and LINE is LO, the inning is over.",
-        "*Flies:* whoever is not named holds. *Fast* are men with speed A or AA.",
+        "*Flies:* whoever is not named holds. *Fast* are players with speed A or AA.",
         "*LONG:* first add wind and fences of the day to the yellow die; more than 20 is 20, less than 1 "
-        "is 1. *power* is a man with that word. 2B: chart 5. FO with two out: the inning is over.",
+        "is 1. *power* is for a batter with that word. 2B: chart 5. FO with two out: the inning is over.",
     ),
     5: (
         f"After the hit you may send a runner who stopped. Roll once more, read yellow. Take off "
         f"{field.ARM['A']} for a fielder with arm A, {field.ARM['AA']} for arm AA; add "
         f"{field.SEND_TWO_OUT} with two out. Nobody passes another runner.",
         "*3B, HR:* every runner scores.",
-        "*BB, hit by pitch:* only runners who are pushed go up one base.",
-        "*AB on an error:* as chart 8 tells.",
-        "*Each run:* RBI first, then the label of the hit. Double-click the piece of a man who scores, "
+        "*BB, hit by pitch:* only runners who are forced go up one base.",
+        "*AB on an error:* see chart 8.",
+        "*Each run:* RBI first, then the label of the hit. Double-click the piece of a player who scores, "
         "drag the others.",
         "*Out on the bases:* after the hit, TO; take his piece off.",
     ),
     6: (
         "*Safe:* Ctrl and click the upper half of his piece, drag it to the next base.",
-        "*Out:* TO, and double-click his piece. The same man is still at bat.",
+        "*Out:* TO, and double-click his piece. The same batter is still up.",
         f"*A {tactics.STEAL_WILD} on the die:* safe, and the throw goes wild. He takes one base more if it "
-        "is free; E one more for the fielders.",
+        "is free; add 1 to the fielders’ E.",
         "*Home stolen:* RBI, then take the RBI off on the sheet.",
-        "*Who may run:* a man whose next base is free. On a double steal roll for the man in front; if he "
+        "*Who may run:* a runner whose next base is free. On a double steal roll for the lead runner; if he "
         "is safe, the other is too, and if he is out, the other is safe.",
-        f"*Then* roll anew for the batter. No word in the file? Places {in_words(bat.ORDER_FAST)} of the "
+        f"*Then* roll again for the batter. No word in the file? Places {in_words(bat.ORDER_FAST)} of the "
         "order have speed A.",
     ),
     7: (
-        "*Bunt:* GO with runners up is a sacrifice: take the AB off on the sheet. *Lead man:* the one "
+        "*Bunt:* GO with runners up is a sacrifice: take the AB off on the sheet. *Lead runner:* the one "
         "nearest home; those behind him go up one, on DP they hold. On PO and K all hold. Bunting for a "
-        f"hit, a man who is not fast takes {-tactics.BUNT_SLOW} off yellow. *Hit and run:* with two out "
+        f"hit, a batter who is not fast takes {-tactics.BUNT_SLOW} off yellow. *Hit and run:* with two out "
         "DP is LO and K is K alone. On FO and PO all hold. *K, 1st is out:* K, then TO. *TO:* a sign was "
         "missed; same batter.",
     ),
     8: (
-        f"† A man with *glove* plays there and white is {tactics.GLOVE_SAVES} or 6: no error, GO in the "
+        f"† A player with *glove* is there and white is {tactics.GLOVE_SAVES} or 6: no error, GO in the "
         "infield, FO in the outfield, runners hold. *Error:* click AB and add 1 to the fielders’ E. *Hit "
         "by pitch:* click the next batter’s row. *Same batter:* roll again.",
     ),
@@ -90,7 +90,7 @@ NOTES = {
         f"*Starters* from the {tactics.STARTER_TIRES}th inning, one more from the "
         f"{tactics.STARTER_TIRES_MORE}th.",
         f"*Relievers* from the {tactics.RELIEVER_TIRES}rd inning of their own.",
-        f"*Everybody* for each {tactics.RUNS_TIRE} runs he has given up.",
+        f"*All pitchers* for each {tactics.RUNS_TIRE} runs given up.",
         "*Heat:* all that an inning earlier. Past the last column nothing gets worse.",
         order_words(),
         f"*No speed or power?* Places {in_words(bat.ORDER_FAST)} have speed A, places "
@@ -106,7 +106,7 @@ STEPS = (
     "*PITCH:* yellow on chart 2. *LONG:* yellow on chart 4. *RARE:* yellow on chart 8.",
     "*White:* grounders on chart 3, flies and line drives on 4, runners on 5.",
     "*Runs first:* RBI for each, then the label of the play. Move the pieces.",
-    "*Third out:* click the man who bats first for the other side.",
+    "*Third out:* click the batter who leads off for the other side.",
 )
-END = ("After nine innings the side with more runs has won. The home side does not bat when it leads "
-       "after the top of the ninth, and stops when it goes ahead later. A tie goes on.",)
+END = ("After nine innings the side with more runs wins. The home side does not bat when it leads "
+       "after the top of the ninth, and stops when it goes ahead later. A tied game goes on.",)

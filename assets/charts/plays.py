@@ -2,13 +2,13 @@
 
 A cell is a short text, so that tables stay readable:
 
-    "DP 1x 3>H"       click DP; the man on first is out, the man on third scores
-    "FC 2x 1>2"       click FC; the man on second is out, the man on first goes to second
-    "GO f3>H"         the man on third scores only if he is fast
+    "DP 1x 3>H"       click DP; the runner on first is out, the runner on third scores
+    "FC 2x 1>2"       click FC; the runner on second is out, the runner on first goes to second
+    "GO f3>H"         the runner on third scores only if he is fast
     "AB E all+1 B>2"  an error: every runner goes up one base, the batter to second
 
 The first word is the label on the board, or another chart.  AGAIN stands for a play that
-leaves the same man at bat, HBP for a batter who is put on first without a label.
+leaves the same batter at the plate, HBP for a batter who is put on first without a label.
 """
 from dataclasses import dataclass, field
 
@@ -72,19 +72,19 @@ def forced(bases):
 
 
 def settle(play, bases, outs, batter):
-    """Apply a play.  Gives the new bases, the outs it makes and the men who score."""
+    """Apply a play.  Gives the new bases, the outs it makes and the players who score."""
     moves = dict(play.moves)
     if play.click in ("BB", "HBP"):
         moves = forced(bases)
     after, made, scored = {1: None, 2: None, 3: None}, 0, []
 
-    def place(man, base):
+    def place(player, base):
         if base >= HOME:
-            scored.append(man)
+            scored.append(player)
             return
         if after[base]:
-            raise ValueError(f"two men on base {base}: {play}")
-        after[base] = man
+            raise ValueError(f"two players on base {base}: {play}")
+        after[base] = player
 
     for base in (3, 2, 1):
         runner = bases[base]
@@ -109,7 +109,7 @@ def settle(play, bases, outs, batter):
 
 
 def words(cell):
-    """The moves of a cell in words, a line each, the man nearest home first."""
+    """The moves of a cell in words, a line each, the runner nearest home first."""
     play = parse(cell)
     lines = []
     for base in (3, 2, 1):

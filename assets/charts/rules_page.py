@@ -10,21 +10,21 @@ from notes import BARS, NOTES
 from paper import dice_of
 from rules_text import SECTIONS, STYLE
 from simulate import cell_of
-from teams import read_man
+from teams import read_player
 
 # --------------------------------------------------------------------------
 # The example: the dice are given, every answer is looked up in the tables
 # --------------------------------------------------------------------------
 PITCHER = "Amos Grindlestone=P,R,21-8"
 INNING = (
-    ("Dunstan Varrow=CF L .301 speed AA", "2 2 3 9", "1B", "The Terns have a man on."),
+    ("Dunstan Varrow=CF L .301 speed AA", "2 2 3 9", "1B", "The Terns have a runner on."),
     ("steal", "4 1 5 11", "safe", "Varrow is on 2nd."),
     ("Pell Hathersby=2B R .274 A", "5 3 3 14", "GO 2>3", "Drag Varrow to 3rd. One out."),
     ("Emeric Lowndale=RF L .312 power", "1 3 2 4", "FO 3>H 2>3",
      "Caught at the fence, but deep enough. Two out, one run in."),
     ("Bram Castlethorn=1B L .288 power", "2 5 6 17", "BB", "Castlethorn is on 1st."),
     ("Rafael Ibarrondo=LF R .279 B", "3 2 4 8", "1B 1>3",
-     "Two out: the runner is off with the ball, so white 4 reads as 5. Men on 1st and 3rd."),
+     "Two out: the runner is off with the ball, so white 4 reads as 5. Runners on 1st and 3rd."),
     ("Corwin O'Shallow=3B R .263 A", "4 5 1 12", "K", "Three out. The board says END OF INNING."),
 )
 
@@ -34,7 +34,7 @@ def die(name, face):
 
 
 def example():
-    pitching = read_man(PITCHER)[0].pitching
+    pitching = read_player(PITCHER)[0].pitching
     bases, outs, rows = {1: None, 2: None, 3: None}, 0, []
     for line, dice, expected, story in INNING:
         red, green, white, yellow = map(int, dice.split())
@@ -50,28 +50,28 @@ def example():
                          f"{yellow + start}. He needs {need}: safe.",
                          "<kbd>Ctrl</kbd> + click on his piece, drag it to 2nd", story))
             continue
-        man = read_man(line)[0]
+        player = read_player(line)[0]
         roll = 10 * red + green
-        first = bat.batter_row(roll)[man.column]
-        way = [f"Chart 1: {roll} in column {bat.BATTER_COLUMNS[man.column]} is {first}."]
+        first = bat.batter_row(roll)[player.column]
+        way = [f"Chart 1: {roll} in column {bat.BATTER_COLUMNS[player.column]} is {first}."]
         result = first
         if first == "PITCH":
             result = bat.pitcher_result(pitching, yellow)
             way.append(f"Chart 2: yellow {yellow} in column {bat.PITCHER_COLUMNS[pitching]} is "
                        f"{result}.")
-        cell = cell_of(result, bases, outs, white, yellow, man, 0)
+        cell = cell_of(result, bases, outs, white, yellow, player, 0)
         assert cell == expected, (line, cell)
         play = plays.parse(cell)
         if result == "GROUND":
             way.append(f"Chart 3: white {white}.")
         elif result == "LONG":
-            way.append(f"Chart 4: yellow {yellow} for a man with power, calm day.")
+            way.append(f"Chart 4: yellow {yellow} for a batter with power, calm day.")
         elif play.click in field.ADVANCE and play.moves:
             way.append(f"Chart 5: white {white}.")
-        bases, made, scored = plays.settle(play, bases, outs, man)
+        bases, made, scored = plays.settle(play, bases, outs, player)
         outs += made
         clicks = " ".join(["<b>RBI</b>"] * len(scored) + [f"<b>{play.click}</b>"])
-        rows.append((man.name, shown, " ".join(way), clicks, story))
+        rows.append((player.name, shown, " ".join(way), clicks, story))
     assert outs == 3
     body = "".join(
         f"<tr><th scope=row>{escape(who)}</th><td class=dice>{shown}</td><td>{escape(way)}</td>"

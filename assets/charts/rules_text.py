@@ -63,14 +63,14 @@ SECTIONS = (
 </ol>
 """),
     ("players", "Read your players", """\
-<p>The remark behind a player’s name tells the column he reads. In
+<p>The remark behind a player’s name tells you which column to read. In
 <em>Dunstan Varrow=CF L .301 speed AA</em> the .301 is the column <b>.300 +</b> of chart 1, and the
 speed makes him fast.</p>
 <ul>
   <li>A <b>batter</b> reads by his average: .300 and more, .270 to .299, .240 to .269, below. A pitcher
     who bats has a column of his own.</li>
   <li>A <b>pitcher</b> reads by his earned run average; where the file has only games won and lost, by
-    their share; <a href="#chart2">chart 2</a> tells how.</li>
+    his share of wins; see <a href="#chart2">chart 2</a>.</li>
   <li><b>power</b>: his long drives carry. <b>speed A</b> or <b>AA</b>: he is fast. <b>glove</b>: he
     saves errors. <b>arm</b>: he throws out runners. Other letters and words mean nothing here.</li>
   <li>No numbers, no words in the file? The place in the order stands in for them:
@@ -91,12 +91,12 @@ speed makes him fast.</p>
       <li><b>FLY</b> and <b>LINE</b>: <b>white</b> on <a href="#chart4">chart 4</a>.</li>
       <li><b>LONG</b>: <b>yellow</b>, with wind and fences, on <a href="#chart4">chart 4</a>.</li>
       <li><b>RARE</b>: <b>yellow</b> on <a href="#chart8">chart 8</a>.</li>
-      <li><b>1B</b> and <b>2B</b> with men on base: <b>white</b> on <a href="#chart5">chart 5</a>.</li>
+      <li><b>1B</b> and <b>2B</b> with runners on base: <b>white</b> on <a href="#chart5">chart 5</a>.</li>
     </ul></li>
   <li>Click: first <b>RBI</b>, once for each run, then the label of the play. Drag the runners who moved;
     double-click the pieces of those who scored or are out.</li>
 </ol>
-<div class="tip"><p>Every die has its own work: yellow for the pitcher, the long drive and the rare play,
+<div class="tip"><p>Every die has its own job: yellow for the pitcher, the long drive and the rare play,
 white for fielders and runners.</p></div>
 """),
     ("manage", "Be the manager", """\
@@ -113,14 +113,14 @@ white for fielders and runners.</p></div>
 """),
     ("errors", "Errors and unearned runs", """\
 <p>An error is <b>AB</b>; then add 1 in the fielders’ cell <b>E</b>. For a run that nobody drove in, click
-<b>RBI</b> and take the RBI, or the pitcher’s ER, off on the sheet. After a hit by the pitch just click the
+<b>RBI</b> and take the RBI, or the pitcher’s ER, off on the sheet. After a hit by pitch just click the
 next batter’s row.</p>
 """),
     ("end", "Innings and the end", """\
 <p>With the third out the sides change by themselves: click the batter who is due. After a <b>TO</b> for the
-third out the batter leads off the next time. After nine innings the side with more runs has won; the
+third out the batter leads off the next time. After nine innings the side with more runs wins; the
 home side does not bat when it leads after the top of the ninth, and stops as soon as it goes ahead later. A
-tie goes on.</p>
+tied game goes on.</p>
 """),
     ("example", "An inning, roll by roll", """\
 <p>A calm day with usual fences. Dunstan Varrow leads off for the Harbor Terns; Amos Grindlestone (21-8, a
@@ -129,7 +129,7 @@ share of .724, so he reads as below 3.00) pitches for the Anvils.</p>
     ("names", "Names for the chart buttons", """\
 <p>The nine buttons of the board may bear these names:</p>
 <p><b>BATTER, PITCHER, GROUND, FLY BALL, HITS, STEAL, BUNT, RARE, GAME</b></p>
-<p>The second panel of dice is not needed. If you like, decide with it what the charts leave open: who of two
+<p>The second panel of dice is not needed. If you like, decide with it what the charts leave open: which of two
 friends is the home team, or which reserve is hurt.</p>
 """),
     ("charts", "The charts", ""),

@@ -16,7 +16,7 @@ import plays
 import tables_bat as bat
 import tables_field as field
 import tables_tactics as tactics
-from teams import Man, Team
+from teams import Player, Team
 
 MARKS = {"runs": (4.2, 4.8), "hits": (8.5, 9.2), "walks": (3.0, 3.5), "strikeouts": (5, 8),
          "home runs": (0.9, 1.1), "double plays": (0.8, 1.0), "errors": (0.6, 0.9),
@@ -44,7 +44,7 @@ class Side:
 
     def batter(self):
         if self.next == self.team.pitcher_place:
-            return Man(self.pitcher.name, "P", bat.PITCHER_BATS)
+            return Player(self.pitcher.name, "P", bat.PITCHER_BATS)
         return self.team.order[self.next]
 
     def relieve(self):
@@ -181,10 +181,10 @@ class Game:
             self.count["plate appearances"] += 1
         return True
 
-    def score(self, half, men):
-        half.batting.runs += len(men)
-        half.fielding.given += len(men)
-        self.count["runs"] += len(men)
+    def score(self, half, scored):
+        half.batting.runs += len(scored)
+        half.fielding.given += len(scored)
+        self.count["runs"] += len(scored)
 
 
 def cell_of(result, bases, outs, white, yellow, batter, drive, fielding=None):
@@ -235,7 +235,7 @@ def check():
     results = {row for roll in bat.batter_rolls() for row in bat.batter_row(roll)}
     results |= {bat.pitcher_result(column, die) for column in range(5) for die in range(1, 21)}
     results -= {"PITCH"}
-    plain, fast = Man("plain"), Man("fast", speed="AA", power=True)
+    plain, fast = Player("plain"), Player("fast", speed="AA", power=True)
     answered = 0
 
     def settled(cell, bases, outs, batter):
@@ -245,9 +245,9 @@ def check():
         if play.click in ("DP", "FC"):
             assert any(end == "out" and bases[base] for base, end in play.moves.items()), cell
         after, made, scored = plays.settle(play, bases, outs, batter)
-        men = sum(map(bool, bases.values())) + int(play.click not in plays.SAME_BATTER)
+        players = sum(map(bool, bases.values())) + int(play.click not in plays.SAME_BATTER)
         still = sum(map(bool, after.values()))
-        assert outs + made >= 3 or still + made + len(scored) == men, (cell, bases)
+        assert outs + made >= 3 or still + made + len(scored) == players, (cell, bases)
         return 1
 
     for on in product((None, plain, fast), repeat=3):

@@ -76,7 +76,7 @@ def pitcher_result(column, yellow):
 
 
 # --------------------------------------------------------------------------
-# Columns for men without a number in the team file
+# Columns for players without a number in the team file
 # --------------------------------------------------------------------------
 ORDER_COLUMNS = (1, 2, 0, 0, 1, 2, 2, 3, 3)     # by place in the batting order
 ORDER_FAST = (1, 2)                             # places of the order, from 1

@@ -23,7 +23,7 @@ def jump(white):
 # --------------------------------------------------------------------------
 # Chart 7.  The yellow die.  A sacrifice needs a runner and fewer than two out.
 # --------------------------------------------------------------------------
-BUNT_COLUMNS = ("1st, or 1st and 2nd", "2nd alone", "man on 3rd: squeeze", "nobody on, or two out")
+BUNT_COLUMNS = ("1st, or 1st and 2nd", "2nd alone", "runner on 3rd: squeeze", "nobody on, or two out")
 BUNT_STATES = (((1,), (1, 2)), ((2,),), ((3,), (1, 3), (2, 3), (1, 2, 3)), None)
 # the lead runner is L: the highest base that is taken
 BUNT = (
@@ -32,7 +32,7 @@ BUNT = (
     (("DP Lx", 2), ("PO", 3), ("FC Lx", 8), ("GO up", 17), ("1B up", 19), ("AB E up", 20)),
     (("PO", 3), ("K", 5), ("GO", 15), ("1B up", 19), ("AB E up", 20)),
 )
-BUNT_SLOW = -3          # for a bunt for a hit by a man who is not fast
+BUNT_SLOW = -3          # for a bunt for a hit by a batter who is not fast
 
 HIT_AND_RUN_COLUMNS = (".270 and over", "below .270")
 HIT_AND_RUN = (
@@ -94,7 +94,7 @@ RARE = (
     (11, "Left fielder drops a fly", "AB E B>2", "AB E all+2 B>2", "LF"),
     (12, "Centre fielder drops a fly", "AB E B>2", "AB E all+2 B>2", "CF"),
     (13, "Right fielder drops a fly", "AB E B>2", "AB E all+2 B>2", "RF"),
-    (14, "Hit by the pitch", "HBP", "HBP", ""),
+    (14, "Hit by pitch", "HBP", "HBP", ""),
     (15, "Wild pitch", "AGAIN", "AGAIN all+1", ""),
     (16, "Passed ball", "AGAIN", "AGAIN all+1", ""),
     (17, "Balk", "AGAIN", "AGAIN all+1", ""),

@@ -12,7 +12,7 @@ RATED = re.compile(r"\b(speed|arm)\s+(AA|A|B)\b")
 
 
 @dataclass(eq=False)
-class Man:
+class Player:
     name: str
     position: str = ""
     column: int = bat.RESERVE_COLUMN        # of chart 1
@@ -35,58 +35,58 @@ def decode(data):
         return data.decode("cp1252")
 
 
-def read_man(line):
+def read_player(line):
     name, _, remark = line.partition("=")
-    man = Man(name)
+    player = Player(name)
     position = POSITION.match(remark)
-    man.position = position.group(1) if position else ""
+    player.position = position.group(1) if position else ""
     average, earned, record = (p.search(remark) for p in (AVERAGE, EARNED, RECORD))
     if average:
-        man.column = bat.column_of_average(float(average.group()))
+        player.column = bat.column_of_average(float(average.group()))
     rated = dict(RATED.findall(remark))
-    man.speed = {"AA": "AA", "A": "A"}.get(rated.get("speed", ""), "")
-    man.arm = rated.get("arm", "")
-    man.glove = "glove" in remark
-    man.power = "power" in remark
-    man.relief = "relief" in remark
-    if man.position == "P":
-        man.column = bat.PITCHER_BATS
+    player.speed = {"AA": "AA", "A": "A"}.get(rated.get("speed", ""), "")
+    player.arm = rated.get("arm", "")
+    player.glove = "glove" in remark
+    player.power = "power" in remark
+    player.relief = "relief" in remark
+    if player.position == "P":
+        player.column = bat.PITCHER_BATS
         if earned:
-            man.pitching = bat.column_of_era(float(earned.group()))
+            player.pitching = bat.column_of_era(float(earned.group()))
         elif record:
-            man.pitching = bat.column_of_record(*map(int, record.groups()))
-    return man, bool(average)
+            player.pitching = bat.column_of_record(*map(int, record.groups()))
+    return player, bool(average)
 
 
 class Team:
     def __init__(self, path):
         self.name = path.stem
         lines = [line for line in decode(path.read_bytes()).splitlines() if line]
-        men, numbered = zip(*(read_man(line) for line in lines))
-        self.order = list(men[:9])
+        players, numbered = zip(*(read_player(line) for line in lines))
+        self.order = list(players[:9])
         self.fill_by_order(any(numbered[:9]), any("speed" in line for line in lines),
                            any("power" in line for line in lines))
-        pitchers = [man for man in men if man.position == "P"]
-        if not pitchers:                # a file of bare names: the last men pitch
-            pitchers = list(men[-6:])
-            for man in pitchers[3:]:
-                man.pitching, man.relief = bat.UNKNOWN_RELIEF, True
-        if not any(man.relief for man in pitchers):
-            for man in pitchers[-2:]:
-                man.relief = True
-        self.starters = [man for man in pitchers if not man.relief]
-        self.relievers = [man for man in pitchers if man.relief]
+        pitchers = [player for player in players if player.position == "P"]
+        if not pitchers:                # a file of bare names: the last players pitch
+            pitchers = list(players[-6:])
+            for player in pitchers[3:]:
+                player.pitching, player.relief = bat.UNKNOWN_RELIEF, True
+        if not any(player.relief for player in pitchers):
+            for player in pitchers[-2:]:
+                player.relief = True
+        self.starters = [player for player in pitchers if not player.relief]
+        self.relievers = [player for player in pitchers if player.relief]
         self.pitcher_place = next((i for i, m in enumerate(self.order) if m.position == "P"), None)
 
     def fill_by_order(self, averages, speeds, powers):
         """The place in the order stands in for what the file does not tell."""
-        for index, man in enumerate(self.order):
-            if man.position != "P" and not averages:
-                man.column = bat.ORDER_COLUMNS[index]
+        for index, player in enumerate(self.order):
+            if player.position != "P" and not averages:
+                player.column = bat.ORDER_COLUMNS[index]
             if not speeds and index + 1 in bat.ORDER_FAST:
-                man.speed = "A"
+                player.speed = "A"
             if not powers and index + 1 in bat.ORDER_POWER:
-                man.power = True
+                player.power = True
 
     def fielder(self, position):
-        return next((man for man in self.order if man.position == position), None)
+        return next((player for player in self.order if player.position == position), None)

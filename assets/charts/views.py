@@ -119,7 +119,7 @@ def long_drive():
 def advance():
     columns, rows = [], []
     for hit in field.ADVANCE:
-        columns += [f"{hit}: man on {plays.ORDINAL[base]}" for base in (1, 2, 3)]
+        columns += [f"{hit}: runner on {plays.ORDINAL[base]}" for base in (1, 2, 3)]
     for white in range(1, 7):
         cells = []
         for hit, ends in field.ADVANCE.items():
@@ -142,7 +142,7 @@ def sending():
 def jumps():
     low, rows = 1, []
     for highest, added in tactics.JUMP:
-        say = (Cell("no start", ("he stays, and may not try again while this man bats",))
+        say = (Cell("no start", ("he stays, and may not try again while this batter is up",))
                if added is None else Cell("he runs", ("read yellow below",)) if not added else
                Cell("flying start", (f"he runs; add {added} to yellow",)))
         rows.append((f"w{low}w{highest}", (say,)))
@@ -162,7 +162,7 @@ def bunt_words(text):
     if "E" in rest:
         lines.append("error")
     if "Lx" in rest:
-        lines.append("lead man out")
+        lines.append("lead runner out")
     if "up" in rest:
         lines.append("all up one")
     return Cell(main, tuple(lines))
@@ -180,7 +180,7 @@ def hit_and_run_words(text):
 
 
 def hit_and_run():
-    return stack("Hit and run, man on 1st, or on 1st and 3rd", tactics.HIT_AND_RUN_COLUMNS,
+    return stack("Hit and run: 1st, or 1st and 3rd", tactics.HIT_AND_RUN_COLUMNS,
                  tactics.HIT_AND_RUN, hit_and_run_words)
 
 

@@ -43,7 +43,7 @@ inline constexpr std::array<NumberDie, kNumberDice> kNumberDiceSet{{
 // have ended.
 void RollFaceDice(Aids& aids);
 
-// Starts a roll of the numbered dice, with its sound; a roll in progress starts anew.
+// Starts a roll of the numbered dice, with its sound; a roll in progress starts again.
 void RollNumberDice(Aids& aids);
 
 // The dice that lie on the board; where both lie there, and where none does, those rolled last.

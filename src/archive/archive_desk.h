@@ -18,7 +18,7 @@ namespace dtb::archive {
 
 inline constexpr const char* kSeasonTitle = "Teams from a season";
 
-// What the window shows; made anew for each opening.
+// What the window shows; made again for each opening.
 struct SeasonState {
   Field<std::string> lbl_Archive;  // what was read, or how to begin
   Field<std::string> lbl_Done;     // what the last button did

@@ -18,7 +18,7 @@ void OpenArchiveDesk(ArchiveDesk& desk);
 [[nodiscard]] std::optional<std::filesystem::path> ChooseZip(ArchiveDesk& desk);
 [[nodiscard]] std::optional<std::filesystem::path> ChooseFolder(ArchiveDesk& desk);
 
-// Reads an archive in the place of what is kept, with the club that was chosen last if it has that;
+// Reads an archive in place of what is kept, with the club that was chosen last if it has that;
 // after a fault, and when `goOn` says false, what is kept stays.
 void ReadArchive(ArchiveDesk& desk, const std::filesystem::path& archive, const GoOn& goOn);
 

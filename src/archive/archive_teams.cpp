@@ -112,7 +112,7 @@ void ShowFiles(ArchiveDesk& desk) {
     const int club = desk.kept.club;
     const SeasonNine nine = desk.kept.nine;
     state.files[0].team = MakeTeamText(season, club, LineUpOfSeason(season, club, nine), form);
-    what = nine == SeasonNine::UsedMost ? ", line-up used most" : ", the usual men";
+    what = nine == SeasonNine::UsedMost ? ", line-up used most" : ", the usual nine";
     shown = 1;
   }
   for (SeasonState::File& file : state.files) ShowFile(state, file, what);

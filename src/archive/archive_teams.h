@@ -8,7 +8,7 @@ namespace dtb::archive {
 // Shows the files of the chosen game or club as they will be; without a choice none.
 void ShowFiles(ArchiveDesk& desk);
 
-// A form changed: what is wrong with it is told, and the files are made anew.
+// A form changed: what is wrong with it is told, and the files are made again.
 void ChangeForms(ArchiveDesk& desk);
 // Keeps the forms, the club and the nine for the next runs.
 void KeepChoices(ArchiveDesk& desk);

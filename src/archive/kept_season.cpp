@@ -24,7 +24,7 @@ namespace {
 constexpr const char* kLastFirst = "Last, First";
 constexpr const char* kFirstLast = "First Last";
 constexpr const char* kUsedMost = "used most";
-constexpr const char* kUsualMen = "usual men";
+constexpr const char* kUsualNine = "usual nine";
 
 std::string Setting(const Platform& platform, const char* key, const std::string& missing = "") {
   return platform.settings.Read(settings::kLabels, key, missing);
@@ -106,8 +106,8 @@ void KeepForm(const LineForm& form, const Platform& platform) {
 }
 
 void KeepNine(SeasonNine nine, const Platform& platform) {
-  KeepSetting(platform, settings::kSeasonNine, nine == SeasonNine::UsualMen ? kUsualMen : kUsedMost,
-              kUsedMost);
+  KeepSetting(platform, settings::kSeasonNine,
+              nine == SeasonNine::UsualNine ? kUsualNine : kUsedMost, kUsedMost);
 }
 
 bool KeepSeason(KeptSeason& kept, const std::filesystem::path& archive, const Platform& platform,
@@ -124,8 +124,8 @@ void KeepReadSeason(KeptSeason& kept, std::shared_ptr<const Season> season,
                     const std::filesystem::path& archive, const Platform& platform) {
   const int club = LastClub(*season, platform);
   KeepLeagues(platform, LeaguesOf(*season));
-  const bool usual = Setting(platform, settings::kSeasonNine) == kUsualMen;
-  const SeasonNine last = usual ? SeasonNine::UsualMen : SeasonNine::UsedMost;
+  const bool usual = Setting(platform, settings::kSeasonNine) == kUsualNine;
+  const SeasonNine last = usual ? SeasonNine::UsualNine : SeasonNine::UsedMost;
   kept = {std::move(season), TextOf(archive.filename()), club, std::nullopt,
           kept.season ? kept.nine : last};
 }

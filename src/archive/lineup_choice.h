@@ -44,7 +44,7 @@ enum class SeasonNine {
   // where the club misses him most, while the next best has the other; among equals count games
   // there of any kind. They bat where they batted most often when they began a game, again taken
   // together over all places; nearest to the middle of it, where another has that place.
-  UsualMen
+  UsualNine
 };
 
 // The club's nine, the pitcher who started most games, and all others of its season. A club without

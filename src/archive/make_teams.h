@@ -27,7 +27,7 @@ struct CommandResult {
 };
 
 // Reads an archive and writes the files asked for. Team files that are there already and differ
-// stay unless they are to be replaced; tables of figures are written anew. Forms with words that
+// stay unless they are to be replaced; tables of figures are written again. Forms with words that
 // are not known are refused before anything is read. Never throws ProgramError: what went wrong
 // stands among the errors.
 [[nodiscard]] CommandResult MakeTeams(Archives& archives, const TeamsRequest& request);

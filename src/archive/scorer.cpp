@@ -150,7 +150,7 @@ bool Scorer::InOrder(Side& side, int man) {
 
 const char* Scorer::Score(int inning, int side, int batter, std::string_view count,
                           const Play& play) {
-  if (game_.account == Account::BoxScore) return "a play of a game whose figures were told before";
+  if (game_.account == Account::BoxScore) return "a play of a game whose figures were given before";
   const char* fault = nullptr;
   game_.account = Account::Plays;
   if (inning != inning_ || side != atBat_) fault = BeginHalf(inning, side);

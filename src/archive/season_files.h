@@ -10,7 +10,7 @@ namespace dtb::archive {
 enum class FileState { Nothing, TheSame, Another };
 [[nodiscard]] FileState WhatStands(const std::filesystem::path& file, const std::string& bytes);
 
-// Puts the bytes into the file, whole or not at all, in the place of what was there; makes its
+// Puts the bytes into the file, whole or not at all, in place of what was there; makes its
 // folder where that is missing. Throws ProgramError, in plain words, if it cannot.
 void WriteTeamFile(const std::filesystem::path& file, const std::string& bytes);
 

@@ -1,4 +1,4 @@
-// The line-ups of a whole season: the one used most, and the usual men.
+// The line-ups of a whole season: the one used most, and the usual nine.
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
@@ -169,8 +169,8 @@ std::int64_t OffTheMiddle(const std::array<int, kOrder>& batted, int place) {
   return times == 0 ? 0 : std::abs(std::int64_t{place} * times - sum) * 1000 / times;
 }
 
-// The usual men, with kNobody where the pitcher bats.
-Order OrderOfUsualMen(const Club& club, const std::vector<Order>& used) {
+// The usual nine, with kNobody where the pitcher bats.
+Order OrderOfUsualNine(const Club& club, const std::vector<Order>& used) {
   constexpr std::int64_t kTime = 1'000'000;  // outweighs all distances
   const bool pitcherBats = PitcherBats(used);
   const Starts starts = StartsIn(club, used);
@@ -249,7 +249,7 @@ LineUp LineUpOfSeason(const Season& season, int club, SeasonNine nine) {
   LineUp lineUp;
   if (!used.empty()) {
     lineUp = Around(
-        told, nine == SeasonNine::UsedMost ? OrderUsedMost(used) : OrderOfUsualMen(told, used));
+        told, nine == SeasonNine::UsedMost ? OrderUsedMost(used) : OrderOfUsualNine(told, used));
   }
   AddOthers(told, lineUp, std::vector<Nearness>(told.men.size(), 0));
   return lineUp;

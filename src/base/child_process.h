@@ -34,7 +34,7 @@ class ChildProcess {
 // down, it does so silently.
 void BeAChild(unsigned seconds, std::size_t memory);
 
-// Lets another program go on in the place of this one, with arguments in UTF-8. Returns only if it
+// Lets another program go on in place of this one, with arguments in UTF-8. Returns only if it
 // cannot be started.
 void GoOnAs(const std::filesystem::path& program, const std::vector<std::string>& arguments);
 

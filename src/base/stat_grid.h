@@ -78,12 +78,12 @@ class StatGrid {
     return row > 0 && (oneBand_ ? band == 0 : band % 2 == 0) ? firstBand_ : secondBand_;
   }
 
-  // Takes all contents anew, with the columns in their first look (shown, left-aligned, usual ink)
+  // Takes new contents, with the columns in their first look (shown, left-aligned, usual ink)
   // and white rows. One notification.
   void Replace(GridContents contents);
   // Takes all that the other grid holds, looks as well. One notification.
   void Take(StatGrid&& other);
-  // Puts the function's result in the place of each text of a column's data rows. One notification.
+  // Puts the function's result in place of each text of a column's data rows. One notification.
   void RewriteColumn(int column, const std::function<std::string(std::string_view)>& rewrite);
   // Sorts the data rows on a column as CellColumn::Sorted says. One notification.
   void SortRows(int column, SortOrder order);

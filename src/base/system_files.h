@@ -10,7 +10,7 @@
 
 namespace dtb::system {
 
-// Why nothing can be put in the place of a file: a folder or a device has its name, or it may not
+// Why nothing can be put in place of a file: a folder or a device has its name, or it may not
 // be changed. 0 as well where nothing stands there.
 [[nodiscard]] int FaultOfPlace(const std::filesystem::path& place);
 
@@ -20,7 +20,7 @@ namespace dtb::system {
 
 // How far bytes have come when they count as written.
 enum class Reach { System, Disk };
-// Puts the bytes into a file, in the place of all that it has; makes it if there is none.
+// Puts the bytes into a file, in place of all that it has; makes it if there is none.
 [[nodiscard]] int WriteFile(const std::filesystem::path& file, std::string_view bytes, Reach reach);
 // Forces what others wrote into a file to the disk.
 [[nodiscard]] int ForceFile(const std::filesystem::path& file);

@@ -45,7 +45,7 @@ class FileBeside {
   bool moved_ = false;
 };
 
-// Puts the bytes in the place of what stood in the file. When it returns they are on the disk;
+// Puts the bytes in place of what stood in the file. When it returns they are on the disk;
 // where it throws ProgramError, what stood there is unchanged.
 void WriteWholeFile(const std::filesystem::path& file, std::string_view bytes,
                     const std::string& kind = "file");

@@ -54,7 +54,7 @@ std::string LeftOutPart(const Book& book) {
   for (const std::string& name : book.empty) {
     part += "<li>" + PageText(name) + ": no game is saved yet.</li>\n";
   }
-  // Why it is so tells where the file lies, which is the person's own matter.
+  // Why it is so tells where the file is, which is the person's own matter.
   for (const LeftOut& season : book.leftOut) {
     part += "<li>" + PageText(season.name) + ": left out, because it cannot be read whole.</li>\n";
   }

@@ -27,7 +27,7 @@ std::string NoHitters(const BookHtml& html) {
   }
   return PageParagraph(
              "Nine innings or more without a hit, in the rows of the pitchers and in the line "
-             "score. Whether anyone reached base by an error or was hit by a pitch is not told.") +
+             "score. Whether anyone reached base by an error or was hit by a pitch is not known.") +
          TableOrNone(table);
 }
 

@@ -76,7 +76,7 @@ SheetPlan PlanOf(const char* name, std::vector<GridBlock> blocks,
 }
 
 // Takes out columns of extra innings without a figure in the row looked at. Each look is one row
-// further down, at the column that stands in the place of the tenth inning by then.
+// further down, at the column that stands in place of the tenth inning by then.
 void RemoveEmptyExtraInnings(SheetPlan& plan) {
   constexpr int kTenthInning = 11;  // column L
   constexpr int kFirstLook = 1;     // the sheet's second row

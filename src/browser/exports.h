@@ -15,7 +15,7 @@ namespace dtb {
 // Writes the six sheets into a workbook of the folder "Game Rpts"; the clipboard has the text of
 // the pairings afterwards. Returns the file, which is still to be opened, or nothing where the
 // person cancelled or the file cannot be written, which is told; nothing has changed then. Where no
-// spreadsheet program is installed, that is told, and the workbook written, and told where it lies,
+// spreadsheet program is installed, that is told, and the workbook written, and told where it is,
 // only if the person wants it all the same; the result is nothing.
 [[nodiscard]] std::optional<std::filesystem::path> ExportGrids(Browser& browser,
                                                                const ExportProgress& progress = {});

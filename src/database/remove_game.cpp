@@ -17,7 +17,7 @@
 namespace dtb {
 namespace {
 
-// Rows that cannot be told apart, because they bear no GameID.
+// Rows that cannot be told apart, because they have no GameID.
 struct EqualRows {
   std::string words;  // "win of Pittsburgh 1960"
   std::string from;   // "WinLoss WHERE ..."

@@ -18,7 +18,7 @@ struct GameChoice {
 };
 
 // Deletes all rows of a game in all nine tables, after a question that names it and a copy of the
-// database. Rows of wins, losses and matchups bear no GameID. They are found by the names of the
+// database. Rows of wins, losses and matchups have no GameID. They are found by the names of the
 // teams; where fewer are left than games that gave such a row, the person says whether one of them
 // goes. Finding, counting and deleting are one transaction: where another program has changed
 // meanwhile what the person was asked about, nothing goes. Games of one GameID go alone where no

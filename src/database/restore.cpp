@@ -219,7 +219,7 @@ void BringBackSelected(CopiesDesk& desk) {
   CopiesState& state = desk.state;
   if (state.row == 0 || !state.canBringBack.value()) return;
   MessageBoxes& boxes = desk.platform.boxes;
-  // The list is made anew while today's copy is added, so the name is kept.
+  // The list is made again while today's copy is added, so the name is kept.
   const std::string name = SelectedName(state);
   const std::string words = "the copy of " + TimeOfCopy(name).value_or(name);
   if (!boxes.Ask({"Replace the database with " + words + "?\n\n" + state.lbl_Changes.value() +

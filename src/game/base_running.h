@@ -41,7 +41,7 @@ void PutOnBase(Board& board, const std::string& name, int base,
 [[nodiscard]] bool CanPutOutAnother(const Board& board);
 // Who stood on a base, 1 to 3, when a play began; "": nobody.
 [[nodiscard]] std::string RunnerBefore(const Play& play, int base);
-// Undoes that step and records it anew, with another runner out; `name` is who. Nothing happens
+// Undoes that step and records it again, with another runner out; `name` is who. Nothing happens
 // where it cannot be, or he is out already.
 void PutOutInstead(Board& board, const std::string& name);
 

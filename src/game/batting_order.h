@@ -21,7 +21,7 @@ namespace dtb {
 
 // While the side is at bat and RowOfBatter is none: the row of the player who is due. That is the
 // one behind its last batter, the first row in its first half-inning, the same player again whose
-// turn a runner's out has cut short, and the one who stands in the place of a batter who has left
+// turn a runner's out has cut short, and the one who stands in place of a batter who has left
 // the order.
 [[nodiscard]] std::optional<int> RowOfManDue(Board& board, Side side);
 

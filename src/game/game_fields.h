@@ -39,7 +39,7 @@ void VisitFields(State& state, Sheet& sheet, Game&& game, Surroundings&& surroun
   game(List1, List2, tb_VisTeam, tb_HomeTeam, lbl_VisTeam, lbl_HomeTeam, img_VisLogo, img_HomeLogo,
        Picture3, Picture4, tb_Comments, tb_List1edit, tb_List2edit, lbl_VisPitcher_tag,
        lbl_HomePitcher_tag, lbl_VisPitcher, lbl_HomePitcher, img_VisPitch, img_HomePitch);
-  surroundings(grd_BoxScore);  // a copy of the line score, made anew when the sheet opens
+  surroundings(grd_BoxScore);  // a copy of the line score, made again when the sheet opens
   game(tb_BoxScore, tb_BoxScoreBottom, lbl_NumSel, EnteredCell, pieceWidth, pieceHeight, Option5,
        Option6, tb_OutsCount, tb_OUT, lbl_L1current, lbl_L2current, VisDue, HomeDue, lbl_Selected,
        lbl_tracker, StolenBasePiece, pieces, VisOuts, HomeOuts, VisReported, HomeReported,

@@ -11,7 +11,7 @@ namespace dtb {
 // other order.
 [[nodiscard]] Side SideOfBatter(Board& board, const Play& play);
 
-// The batter's RBI and the earned run of the pitcher who answers for the runner, as far as the move
+// The batter's RBI and the earned run of the pitcher charged with the runner, as far as the move
 // has them: `by` is 1 to count them, -1 to take them back. A player without a line gets nothing.
 void CreditRun(Board& board, const Play& play, const Move& move, int by);
 

@@ -25,14 +25,14 @@ inline constexpr int kBases = 3;
 // A player on a base.
 struct Runner {
   std::string name;      // "": the base is empty
-  std::string pitcher;   // who answers for his run
+  std::string pitcher;   // who is charged with his run
   bool byError = false;  // his run is not earned
   [[nodiscard]] bool none() const { return name.empty(); }
   friend bool operator==(const Runner&, const Runner&) = default;
 };
 
-// Where one player went in a play. The rest tells of a run: who answers for it, whether the batter
-// drove it in, whether it is earned, and whether the runner had come on by an error.
+// Where one player went in a play. The rest tells of a run: who is charged with it, whether the
+// batter drove it in, whether it is earned, and whether the runner had come on by an error.
 struct Move {
   std::string name;
   int from = kAtBatPlace;

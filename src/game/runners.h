@@ -7,7 +7,7 @@ namespace dtb {
 
 // A click on a game piece, 0 to 3: notes the runner; with Ctrl held his stolen base is
 // recorded. While the board asks whether it put out the right runner, he is out instead. A piece
-// that bears no name does nothing.
+// without a name does nothing.
 void ClickPiece(Board& board, int piece);
 
 // The same without a click: the stolen base of the player on a piece, 0 to 3. Where the board keeps

@@ -37,7 +37,7 @@ class Archive {
   // All files, in the order of the archive; folders are none.
   [[nodiscard]] virtual const std::vector<ArchivedFile>& files() const = 0;
 
-  // Puts the whole contents of one file into `bytes`, in the place of what was there; false if it
+  // Puts the whole contents of one file into `bytes`, in place of what was there; false if it
   // was stopped. Throws ProgramError, in plain words and with the file's name, for a file that is
   // damaged, longer, shorter or other than the archive says, encrypted, packed by a method that is
   // not read, gone, or beyond a limit whatever the archive says of its size.

@@ -43,7 +43,7 @@ class DatabaseCopies {
   // Puts what a copy holds into a sound database, in one transaction. A copy that is damaged is
   // refused.
   virtual void BringBack(const std::string& name) = 0;
-  // Puts a copy, or an empty database where no copy is named, in the place of a file that is
+  // Puts a copy, or an empty database where no copy is named, in place of a file that is
   // missing or damaged. That file goes on beside it as `asideName`, or with a number behind it
   // where the name is taken. Returns its name; "" where there was none. A symbolic link stays, and
   // what it points at is replaced. Refused where the database is sound by now.

@@ -1,4 +1,4 @@
-// A statistics database of the Jet format, from the years before this program, in the place of
+// A statistics database of the Jet format, from before this program, in place of
 // ours.
 #pragma once
 

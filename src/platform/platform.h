@@ -173,7 +173,7 @@ class RecoveryStore {
   virtual ~RecoveryStore() = default;
   // What a program that did not end cleanly kept last; nothing if there is none.
   [[nodiscard]] virtual std::optional<std::string> Load() = 0;
-  // Keeps the bytes in the place of what was kept before, whole or not at all, behind the caller's
+  // Keeps the bytes in place of what was kept before, whole or not at all, behind the caller's
   // back. It returns when what an earlier call gave is safe, so at most one gesture is ever
   // missing. A gesture that only goes on, letter by letter or move by move, waits for nothing.
   virtual void Keep(std::string bytes, bool gestureGoesOn) = 0;

@@ -37,12 +37,12 @@ class Seasons {
   virtual void Create(const std::string& name) = 0;
   // Its copies go with it. One in use stays in use.
   virtual void Rename(const std::string& name, const std::string& to) = 0;
-  // Writes it into a file, in the place of one that stands there.
+  // Writes it into a file, in place of one that stands there.
   virtual void CopyOut(const std::string& name, const std::filesystem::path& file) = 0;
   // Another database, wherever it lies, to be read.
   [[nodiscard]] virtual std::unique_ptr<Database> OpenDatabaseFile(
       const std::filesystem::path& file) = 0;
-  // Makes a database without games, lets `fill` put something into it, and puts it in the place of
+  // Makes a database without games, lets `fill` put something into it, and puts it in place of
   // a file, whole or not at all.
   virtual void MakeDatabaseFile(const std::filesystem::path& file,
                                 const std::function<void(Database&)>& fill) = 0;

@@ -238,8 +238,8 @@ Untold UntoldOf(const BothWorlds& worlds, const Moment& moment, SeasonLead lead)
 
 std::string UntoldText(const Untold& untold) {
   if (untold.games == 0) return {};
-  if (untold.games == untold.of) return "The archive does not tell this.";
-  return "The archive does not tell this of " + std::to_string(untold.games) + " of the teams' " +
+  if (untold.games == untold.of) return "The archive does not say.";
+  return "The archive lacks this for " + std::to_string(untold.games) + " of the teams' " +
          std::to_string(untold.of) + " games.";
 }
 

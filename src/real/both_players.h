@@ -55,7 +55,7 @@ struct Untold {
   int of = 0;
 };
 [[nodiscard]] Untold UntoldOf(const BothWorlds& worlds, const Moment& moment, SeasonLead lead);
-// "The archive does not tell this of 12 of the teams' 60 games."; "" where it tells all.
+// "The archive lacks this for 12 of the teams' 60 games."; "" where it tells all.
 [[nodiscard]] std::string UntoldText(const Untold& untold);
 
 }  // namespace dtb::real

@@ -52,7 +52,7 @@ std::vector<std::vector<std::string>> BothTable(const BothStandings& standings) 
                    {RecordOf(real), AverageText(row.really->share), BehindText(row.really->behind),
                     std::to_string(*row.placeReally), AheadText(row.ahead)});
     } else {
-      cells.insert(cells.end(), {row.notTold > 0 ? "not told" : "-", "", "", "", ""});
+      cells.insert(cells.end(), {row.notTold > 0 ? "unknown" : "-", "", "", "", ""});
     }
     table.push_back(std::move(cells));
   }
@@ -78,7 +78,7 @@ std::string HeadlineOf(const BothWorlds& worlds, int team) {
     if (result) ++(*result > 0 ? wins : *result < 0 ? losses : ties);
   }
   const int untold = ResultsNotTold(worlds, team, now);
-  if (untold == count && count > 0) return text + "not told by the archive";
+  if (untold == count && count > 0) return text + "unknown to the archive";
   text += RecordText(wins, losses, ties);
   if (untold > 0) text += " and " + Counted(untold, "game") + " without a known result";
   return text;
@@ -100,7 +100,7 @@ std::string BothNote(const BothWorlds& worlds, const BothStandings& standings,
   int untold = 0;
   for (const BothStanding& row : standings.rows) untold += row.notTold;
   if (untold > 0) {
-    note += " Left out, since the archive does not tell the result: " + std::to_string(untold) +
+    note += " Left out, since the archive lacks the result: " + std::to_string(untold) +
             " of the teams' games.";
   }
   const std::vector<std::string> strangers = NotCompared(worlds);

@@ -129,8 +129,8 @@ TeamUse UseOfTeam(const BothWorlds& worlds, const std::vector<BothPlayer>& playe
   PutInOrder(use.pitchers);
   const int most = std::max(untold[0], untold[1]);
   if (most > 0) {
-    use.note = "The archive does not tell the use in " + std::to_string(most) + " of " +
-               std::to_string(club.games.size()) + " games, so that nobody is marked.";
+    use.note = "The archive lacks the use in " + std::to_string(most) + " of " +
+               std::to_string(club.games.size()) + " games, so nobody is marked.";
   }
   return use;
 }

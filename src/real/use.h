@@ -1,5 +1,5 @@
 // How much each player is used on the board, beside how much he really played: so that a club does
-// not live on a man with forty at-bats.
+// not live on a player with forty at-bats.
 #pragma once
 
 #include <map>

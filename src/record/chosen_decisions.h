@@ -8,7 +8,7 @@
 
 namespace dtb {
 
-// The proposal, with each kind of decision that the person has chosen in the place of its own.
+// The proposal, with each kind of decision that the person has chosen in place of its own.
 // Players who are no pitchers of the side any more have none.
 [[nodiscard]] std::vector<PitcherDecision> DecisionsOnSheet(const StatSheet& sheet,
                                                             const GameRecord& game);

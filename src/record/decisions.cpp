@@ -14,7 +14,7 @@ namespace {
 constexpr double kInning = 3;  // in outs
 
 // The lead that the winners did not give up again: who pitched for them when they took it, and who
-// answers for that run.
+// is charged with that run.
 struct LastingLead {
   std::string winner;
   std::string loser;
@@ -40,7 +40,7 @@ LastingLead FindLastingLead(const GameOutings& outings, Side winners) {
 }
 
 // A reliever who pitched little, and badly: less than an inning and two earned runs or more, also
-// those that others answer for (comment on 9.17c).
+// those charged to others (comment on 9.17c).
 bool BriefAndIneffective(const Outing& outing) {
   constexpr int kRunsOfIneffective = 2;
   return outing.outs < kInning && outing.earnedWhilePitching >= kRunsOfIneffective;

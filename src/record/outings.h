@@ -17,7 +17,7 @@ struct Outing {
   int runners = 0;  // of the other side, on base when he came in
   int outs = 0;
   int earnedWhilePitching = 0;  // also of those whom others left on base
-  int earned = 0;               // that he answers for, whoever pitched when they scored
+  int earned = 0;               // charged to him, whoever pitched when they scored
   int runnersAllowed = 0;       // hits, walks and whoever else reached first on his own
   bool keptLead = true;         // the score was never level while he pitched
 
@@ -29,7 +29,7 @@ struct Outing {
 struct RunOfGame {
   Side scoring = Side::Visitors;
   std::string pitcherOfScoring;  // who pitched last for the scoring side
-  std::string pitcher;           // who answers for the run
+  std::string pitcher;           // who is charged with the run
 };
 
 struct GameOutings {

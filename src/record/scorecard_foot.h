@@ -1,5 +1,5 @@
 // What stands below the boxes of a scorecard: the pitchers, the line score and a note; on a card
-// for a pencil the bench in the place of the line score.
+// for a pencil the bench in place of the line score.
 #pragma once
 
 #include "record/drawing.h"

@@ -58,7 +58,7 @@ class Teller {
     pitchers_.at(Index(fielding)) = play.pitcher;
     for (const BattingPlace& place : entrances_[number]) {
       const bool runs = place.entrance == Entrance::Running;
-      Say(LastNameOf(place.name) + (runs ? " runs for " : " bats in the place of ") +
+      Say(LastNameOf(place.name) + (runs ? " runs for " : " bats for ") +
           LastNameOf(place.instead) + '.');
     }
     const int outs = OutsOf(play);

@@ -45,7 +45,7 @@ QStringList BoxDifferences(Board& board, const QString& page) {
     if (!stored) return {QStringLiteral("the saved game is not in the database")};
     differences += Differences("box of the database", PageOf(*stored), shown);
     if (StoryText(StoryOf(*stored)) != StoryText(StoryOf(game))) {
-      differences += QStringLiteral("the story of the saved game is another one");
+      differences += QStringLiteral("the saved game's story differs from the board's");
     }
   } catch (const ProgramError& failure) {
     differences += ToQt(failure.what());

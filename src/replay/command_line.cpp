@@ -43,7 +43,7 @@ What comes out
 
 Teams
   teams makes team files from a season's archive, a zip or a folder, in FOLDER: with the line-up that
-  each team used most, with --usual-men the usual player at each position or, with --game, both
+  each team used most, with --usual-nine the usual player at each position or, with --game, both
   line-ups of one game. --batters and --pitchers are the forms of the remarks behind "=", with the words
   that the window "From a season..." knows, as in --batters "{pos} {bats} {avg}{few} {at}"; --last-first
   writes family names first. --batting and --pitching write tables of the figures counted; --replace

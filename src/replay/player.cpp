@@ -343,7 +343,7 @@ QString Player::FileToChoose(const QString& name) const {
   QString beside = folder.absoluteFilePath(name);
   if (QFile::exists(beside)) return beside;
   // What the program is to write has no place among the scripts. Names that it made itself, of
-  // games set aside, bear the time.
+  // games set aside, carry the time.
   if (!name.contains('*')) return table_.folder.filePath(name);
   const QStringList found = QDir(table_.folder.path()).entryList({name}, QDir::Files, QDir::Name);
   if (found.isEmpty()) throw Refused("the table's folder has no file " + name);
@@ -404,7 +404,7 @@ void Player::NoteStates() {
     if (!goes && board_.history->steps() == 0 && !board_.history->CanRedo()) states_.clear();
     std::string& state = states_[board_.history->steps()];
     if (goes && state != GameText(board_)) {
-      return Refuse(QString("the game after %1 steps is another").arg(board_.history->steps()));
+      return Refuse(QString("the game after %1 steps differs").arg(board_.history->steps()));
     }
     if (goes) return;
     state = GameText(board_);

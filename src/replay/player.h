@@ -47,7 +47,7 @@ class Player : public Driver {
   [[nodiscard]] QStringList GesturesOf(const QString& line) const;
   [[nodiscard]] QStringList GesturesOfSwap(Side side, const QString& players) const;
   [[nodiscard]] QStringList GesturesOfSteal(const std::string& name) const;
-  // The control of the game piece that bears the name.
+  // The control of the game piece with the name.
   [[nodiscard]] QString PieceOf(const std::string& name) const;
   // The gesture that frees a piece for the next batter; "" where one is free.
   [[nodiscard]] QString Tidying();

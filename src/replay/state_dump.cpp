@@ -118,7 +118,7 @@ void PutPieces(Lines& lines, const BoardState& state) {
   }
 }
 
-// The bases count from 1; R, and the runs that a pitcher answers for, stand beside his row of the
+// The bases count from 1; R, and the runs charged to a pitcher, stand beside his row of the
 // sheet.
 void PutPlays(Lines& lines, Board& board) {
   const BoardState& state = board.state;

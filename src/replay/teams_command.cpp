@@ -17,7 +17,7 @@ std::optional<archive::TeamsRequest> Understood(const QStringList& arguments) {
   constexpr std::array kForms{"batters", "pitchers"};
   for (const char* option : kFiles) parser.addOption({option, {}, "VALUE"});
   for (const char* option : kForms) parser.addOption({option, {}, "FORM"});
-  for (const char* flag : {"usual-men", "last-first", "replace"}) {
+  for (const char* flag : {"usual-nine", "last-first", "replace"}) {
     parser.addOption(QCommandLineOption(flag));
   }
   if (!parser.parse(QStringList("teams") + arguments)) return std::nullopt;
@@ -27,7 +27,7 @@ std::optional<archive::TeamsRequest> Understood(const QStringList& arguments) {
   for (const char* option : kFiles) {
     if (parser.isSet(option) && value(option).empty()) return std::nullopt;
   }
-  if (parser.isSet("usual-men") && parser.isSet("game")) return std::nullopt;
+  if (parser.isSet("usual-nine") && parser.isSet("game")) return std::nullopt;
   archive::LineForm form;
   if (parser.isSet("batters")) form.batters = value("batters");
   if (parser.isSet("pitchers")) form.pitchers = value("pitchers");
@@ -35,8 +35,8 @@ std::optional<archive::TeamsRequest> Understood(const QStringList& arguments) {
   return archive::TeamsRequest{.archive = plain[0].toStdString(),
                                .folder = plain[1].toStdString(),
                                .game = value("game"),
-                               .nine = parser.isSet("usual-men") ? archive::SeasonNine::UsualMen
-                                                                 : archive::SeasonNine::UsedMost,
+                               .nine = parser.isSet("usual-nine") ? archive::SeasonNine::UsualNine
+                                                                  : archive::SeasonNine::UsedMost,
                                .form = form,
                                .batting = value("batting"),
                                .pitching = value("pitching"),

@@ -6,7 +6,7 @@
 namespace dtb::replay {
 
 inline constexpr const char* kTeamsUsage =
-    "teams [--game ID | --usual-men] [--batters FORM] [--pitchers FORM] [--last-first]\n"
+    "teams [--game ID | --usual-nine] [--batters FORM] [--pitchers FORM] [--last-first]\n"
     "             [--batting FILE.csv] [--pitching FILE.csv] [--replace] ARCHIVE FOLDER";
 
 // Makes team files of a season's archive, as MakeTeams tells, and prints what came of it. Returns

@@ -32,7 +32,7 @@ class PageFolder {
   std::filesystem::path draft_;
 };
 
-// Says what was written and where the folder lies, and opens its first page if the person wants it.
+// Says what was written and where the folder is, and opens its first page if the person wants it.
 void OfferPages(Platform& platform, const std::string& told, const std::filesystem::path& folder,
                 const std::string& title);
 

@@ -49,7 +49,7 @@ enum class LastRow { Usual, Sum };
 [[nodiscard]] std::string PartHeading(std::size_t number, std::string_view title);
 [[nodiscard]] std::string PageContents(const std::vector<std::string>& titles);
 
-// The one style sheet of all pages.
-[[nodiscard]] const char* PageStyle();
+// The one style sheet of all pages: pages.css, and the lines' colours on a dark ground.
+[[nodiscard]] std::string PageStyle();
 
 }  // namespace dtb

@@ -45,7 +45,7 @@ SeasonScores CountScores(const SeasonFigures& season) {
 std::string ScoresText(const SeasonScores& scores) {
   if (scores.games == 0) return {};
   return "Games: " + std::to_string(scores.games) +
-         ". Runs a game, both teams: " + RoundedQuotient(scores.runs, scores.games, 2) +
+         ". Runs per game, both teams: " + RoundedQuotient(scores.runs, scores.games, 2) +
          ". Won by the home team: " + std::to_string(scores.homeWins) +
          ", by the visitors: " + std::to_string(scores.visitorsWins) +
          ", ties: " + std::to_string(scores.ties) +

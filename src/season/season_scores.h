@@ -35,7 +35,7 @@ struct SeasonScores {
 
 [[nodiscard]] SeasonScores CountScores(const SeasonFigures& season);
 
-// "Games: 40. Runs a game, both teams: 8.53. ..."
+// "Games: 40. Runs per game, both teams: 8.53. ..."
 [[nodiscard]] std::string ScoresText(const SeasonScores& scores);
 
 // The scores that came, the most frequent first: "5-3: 12 times".

@@ -213,6 +213,16 @@ std::string StandingsDrawings::OfGroup(const std::vector<Standing>& standings) c
   return drawing;
 }
 
+std::string LineColoursOnDark() {
+  std::string rule = "@media (prefers-color-scheme: dark) { :root {";
+  for (std::size_t i = 0; i < kLineColoursOnDark.size(); ++i) {
+    const auto [red, green, blue] = kLineColoursOnDark[i];
+    rule += " --c" + std::to_string(i) + ": rgb(" + std::to_string(red) + "," +
+            std::to_string(green) + "," + std::to_string(blue) + ");";
+  }
+  return rule + " } }\n";
+}
+
 std::string LineSample(int place) {
   return "<svg class=\"sample\" viewBox=\"0 0 28 8\" aria-hidden=\"true\"><line " +
          Class(LineLookOf(place)) + " x1=\"0\" y1=\"4\" x2=\"28\" y2=\"4\"/></svg>";

@@ -1,9 +1,11 @@
 // The standings as pictures of web pages: a line for each team.
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
+#include "base/colour.h"
 #include "season/season_standings.h"
 
 namespace dtb {
@@ -33,6 +35,17 @@ class StandingsDrawings {
   std::vector<int> others_;  // the teams whose lines are shared
   CourseRange range_;
 };
+
+// The colours of lines on a dark ground, by LineLook::colour; pages.css has those on a light one.
+inline constexpr std::array<Colour, kLineColours> kLineColoursOnDark{{{240, 165, 30},
+                                                                      {96, 190, 245},
+                                                                      {30, 185, 140},
+                                                                      {240, 228, 66},
+                                                                      {240, 110, 60},
+                                                                      {220, 145, 195},
+                                                                      {243, 233, 210}}};
+// They as a rule of a style sheet.
+[[nodiscard]] std::string LineColoursOnDark();
 
 // A piece of the line of the team that stands at this place of its group.
 [[nodiscard]] std::string LineSample(int place);

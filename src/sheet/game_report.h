@@ -11,7 +11,7 @@
 namespace dtb {
 
 // Brings the innings of both present pitchers up to date on the sheet, for the time being, asks for
-// a file, writes the page, opens it and tells where it lies. After a save no innings change.
+// a file, writes the page, opens it and tells where it is. After a save no innings change.
 // Nothing happens while the visitors' table has no row of data, nothing more when the person names
 // no file. An error while writing is told as a Program Error, and what stood in the file is
 // unchanged.

@@ -6,7 +6,7 @@
 
 namespace dtb {
 
-// Asks for a text file, writes the log into it and tells where it lies. Nothing happens when the
+// Asks for a text file, writes the log into it and tells where it is. Nothing happens when the
 // person names no file; a file that cannot be written is told as a Program Error.
 void SaveLog(Platform& platform, const EventLog& log);
 

@@ -43,7 +43,7 @@ class WorkbookExport {
 // Where no program takes a workbook: the person wants it written all the same.
 [[nodiscard]] bool WantsWorkbookAllTheSame(Platform& platform, const std::string& title = {});
 
-// Starts the spreadsheet program with a finished workbook and tells where the file lies. False:
+// Starts the spreadsheet program with a finished workbook and tells where the file is. False:
 // there is no such program, or the system could not start it, which is told, too.
 bool OpenWorkbook(Platform& platform, const std::filesystem::path& file,
                   const std::string& title = {});

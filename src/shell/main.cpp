@@ -61,7 +61,7 @@ void OpenTeams(Board& board, const std::vector<std::filesystem::path>& teams) {
     if (side == kSides.end()) {
       return board.platform.boxes.Show("Both teams are on the board already, so \"" +
                                            TextOf(team.filename()) +
-                                           "\" was not opened. LOAD opens it in the place of one.",
+                                           "\" was not opened. LOAD opens it in place of one.",
                                        BoxIcon::Information);
     }
     OpenTeam(board, *side, team);

@@ -160,7 +160,7 @@ TEST_F(Archives, AFolderReadsAsTheZipDoes) {
   EXPECT_NE(refused.errors.find("{avg}. The words are {pos}"), std::string::npos) << refused.errors;
 }
 
-TEST_F(Archives, NamesAreThoseOfMenAndClubsWhateverStandsInTheLines) {
+TEST_F(Archives, NamesAreThoseOfPlayersAndClubsWhateverStandsInTheLines) {
   std::string many;
   for (int i = 0; i < 20'000; ++i) many += "m" + std::to_string(i) + ",Same,Sam,R,R,AAA,P\n";
   TextArchive archive(

@@ -113,7 +113,7 @@ TEST_F(SeasonWindow, ATeamIsWrittenLoadedAndNeverPutOverAnotherFileUnasked) {
   WriteTeamFiles(desk);
   desktop.told.clear();
   LoadTeamAs(desk, Side::Home);
-  LoadTeamAs(desk, Side::Home);  // in the place of the first, not behind it
+  LoadTeamAs(desk, Side::Home);  // in place of the first, not behind it
   EXPECT_EQ(desktop.told, "");
   EXPECT_EQ(boardState.tb_HomeTeam.value(), "Oakland 2020");
   EXPECT_EQ(SideOf(board, Side::Home).list.size(), 38);
@@ -156,12 +156,12 @@ TEST_F(SeasonWindow, ASeasonIsGoneThroughGameByGame) {
   Read();
   EXPECT_EQ(marks(), ".x...");
   EXPECT_EQ(NextGameOffer(kept, board), "Next game of Oakland 2020");
-  SelectNine(desk, SeasonNine::UsualMen);
+  SelectNine(desk, SeasonNine::UsualNine);
   KeepChoices(desk);
   KeptSeason later;  // of another run
   EXPECT_EQ(NextGameOffer(later, board), "Next game of Oakland 2020");
   EXPECT_TRUE(LoadNextGame(later, board, Always));
-  EXPECT_EQ(later.nine, SeasonNine::UsualMen);
+  EXPECT_EQ(later.nine, SeasonNine::UsualNine);
   EXPECT_EQ(later.season->games[*later.game].id, kept.season->games[state.games[0]].id);
   save("b");
   SelectTeamNamed("Houston 2020");

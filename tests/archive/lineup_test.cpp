@@ -70,7 +70,7 @@ TEST(LineUps, AreThoseOfTheSampleGames) {
   }
 }
 
-TEST(LineUps, OurOwnReaderReadsTheSameMenOfEveryTeam) {
+TEST(LineUps, OurOwnReaderReadsTheSamePlayersOfEveryTeam) {
   const std::unique_ptr<Archive> part = PartArchive();
   const Season season = ReadAll(*part);
   const std::filesystem::path folder = MakeTemporaryFolder("teams");
@@ -122,7 +122,7 @@ TEST(LineUps, TheOneUsedMostIsFoundWhoeverPitches) {
   EXPECT_EQ(lineUp.pitchers.size(), 4U);
 }
 
-TEST(LineUps, MenOfOneNameAreToldApartAndWhoPlayedLeastStaysOut) {
+TEST(LineUps, PlayersOfOneNameAreToldApartAndWhoPlayedLeastStaysOut) {
   std::string roster =
       "a1,Garcia,Luis,R,R,AAA,SS\na2,Garcia,Luis,L,L,AAA,P\na3,Garcia,Luis,B,R,AAA,C\n"
       "e1,Equal=Sign,\"Ed\nBreak\",R,R,AAA,OF\n";
@@ -221,7 +221,7 @@ TEST(LineUps, WhereRoomIsShortTheyGoWhoWereAwayLongest) {
   EXPECT_EQ(left, (std::set<std::string>{"13a", "13b", "13c", "13d", "14a", "14b", "14c", "14d"}));
 }
 
-TEST(LineUps, TheUsualMenPlayWhereTheirTeamMissesThemMost) {
+TEST(LineUps, TheUsualNinePlayWhereTheirTeamMissesThemMost) {
   // A began most games at short; but with B there and A at second more of their games count than
   // with A at short and one of four others at second. T began most games at third, never beside B.
   std::string games;
@@ -255,7 +255,7 @@ TEST(LineUps, TheUsualMenPlayWhereTheirTeamMissesThemMost) {
     return text;
   };
   EXPECT_EQ(told(SeasonNine::UsedMost), "b SS, a 2B, m CF, l 1B, n LF, o RF, u 3B, k C, p P, ");
-  EXPECT_EQ(told(SeasonNine::UsualMen), "b SS, a 2B, m CF, l 1B, n LF, o RF, t 3B, k C, p P, ");
+  EXPECT_EQ(told(SeasonNine::UsualNine), "b SS, a 2B, m CF, l 1B, n LF, o RF, t 3B, k C, p P, ");
 }
 
 TEST(LineUps, NoTwoTeamsOfAGameShareAName) {

@@ -125,14 +125,12 @@ TEST(BothWorlds, SayWhatTheArchiveDoesNotTell) {
   season.games[1].forfeit = Forfeit::ToVisitors;
   const BothWorlds worlds = Worlds(BoardOf(3), season);
   EXPECT_EQ(HeadlineOf(worlds, 1), "3 of 4: 0-3, really 0-1 and 2 games without a known result");
-  EXPECT_EQ(UntoldText(UntoldOf(worlds, {}, SeasonLead::HomeRuns)),
-            "The archive does not tell this.");
+  EXPECT_EQ(UntoldText(UntoldOf(worlds, {}, SeasonLead::HomeRuns)), "The archive does not say.");
   const TeamUse use = UseOfTeam(worlds, PlayersOfBoth(worlds, {}, {}), 1);
-  EXPECT_EQ(use.note,
-            "The archive does not tell the use in 4 of 4 games, so that nobody is marked.");
+  EXPECT_EQ(use.note, "The archive lacks the use in 4 of 4 games, so nobody is marked.");
   season.games[1].forfeit = Forfeit::No;
   EXPECT_EQ(HeadlineOf(Worlds(BoardOf(3), season), 1),
-            "3 of 4: 0-3, really not told by the archive");
+            "3 of 4: 0-3, really unknown to the archive");
 }
 
 struct UseCase {

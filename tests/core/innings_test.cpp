@@ -61,7 +61,7 @@ MASTER:12 OUT:1 pitch:h11 => l IP=2.33, 0:0
 atbat:h MASTER:12 OUT:2 pitch:v10 => L IP=2.67, 0:0
 MASTER:6 pitch:h10 MASTER:12 pitch:h11 MASTER:24 pitch:h9 => l IP=2.00, k IP=1.00, 0:0
 
-Where nobody pitched before the present man, a nameless row takes the innings.
+Where nobody pitched before the present pitcher, a nameless row takes the innings.
 MASTER:12 OUT:1 pitch:v10 =>  IP=2.33, 0:0
 )");
   Game full;

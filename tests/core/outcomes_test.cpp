@@ -22,7 +22,7 @@ At two outs a double play leaves its log line, a fielder's choice nothing.
 OUT:2 DP => 0:0 / A=x_____DP; / There are already 2 outs. / 2 0 V A / A:A : : :
 OUT:2 FC => 0:0 / - / i: FC requires < 2 outs. Use GO if it's the 3rd out. / 2 0 V A / A:A : : :
 
-The home team's men count in their own table, against the visitors' pitcher.
+The home team's players count in their own table, against the visitors' pitcher.
 atbat:h bat:h0 HR => L H=1, L HR=1, a HR=1, a AB=1, 0:1 / a=x_____HR; / HIT recorded. / 0 0 H b
   / A:A a:a b:b :
 
@@ -35,7 +35,7 @@ bat:v8 BB => I BB=1, l BB=1, 0:0 / I=x_____BB; / Stat Recorded. / 0 0 V A / A:A 
 bat:v9 PO => A AB=1, 0:0 / A=x_____PO; / OUT recorded. / 1 0 V B / B:B : : :
 bat:v11 BB => A BB=1, l BB=1, 0:0 / A=x_____BB; / Stat Recorded. / 0 0 V B / A:A B:B : :
 
-A reserve has played once he is the man on the first piece. A nameless piece marks nobody.
+A reserve has played once he is the player on the first piece. A nameless piece marks nobody.
 reset: bat:v9 up:v GO => J AB=1, J =1, 0:0 / J=x_____GO; / OUT recorded. / 1 0 V A / A:A : : :
 bat:v9 up:v free:p0 GO => J AB=1, 0:0 / J=x_____GO; / OUT recorded. / 1 0 V A / A:A J: : :
 )");

@@ -291,7 +291,7 @@ TEST_F(CopiesTest, TheCopyJustMadeStays) {
 }
 
 #ifndef _WIN32  // which makes no links for everybody
-// What stands in the place of a damaged file takes no link away and no file that came back.
+// What stands in place of a damaged file takes no link away and no file that came back.
 TEST_F(CopiesTest, LinksAndFilesThatComeBack) {
   Save(1, "Ants", 4, "Bees", 2);
   PurgeAll(browser.platform, kBrowserTitle);

@@ -443,7 +443,7 @@ void HostileDatabase::Use() {
         << told;
   }
   if (after && use == 2 && Told(done)) {
-    // A table that bears the name of one of the plays by chance is kept.
+    // A table with the name of one of the plays by chance is kept.
     for (const TableColumns& table : SavedTables()) {
       EXPECT_FALSE(after->contains(table.table)) << table.table << told;
     }

@@ -58,7 +58,7 @@ class OldDatabaseTest : public CopiesTest {
     std::ranges::sort(names);
     return names;
   }
-  // All five tables, with `special` in the place of its own.
+  // All five tables, with `special` in place of its own.
   static JetMaker MakerWith(const JetTable& special, bool ofOneByte = false, int codePage = 0) {
     JetMaker maker(ofOneByte, codePage);
     for (const TableColumns& table : SavedTables()) {

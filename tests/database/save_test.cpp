@@ -229,24 +229,5 @@ TEST_F(SaveTest, LineScoresTakeAnyText) {
   EXPECT_EQ(Stored("SELECT I9, Errors FROM BoxScores"), (Strings{"-|0", "x|"}));
 }
 
-// The disk fills up: a reader who does not let go keeps the save from ending in the same way.
-TEST_F(SaveTest, NothingIsStoredAndTheButtonComesBackWhenStoringFails) {
-  SQLite::Database reader(file.string(), SQLite::OPEN_READONLY);
-  SQLite::Statement reading(reader, "SELECT 1 FROM sqlite_master");
-  reading.executeStep();
-  SaveGame(table.board);
-  ASSERT_EQ(desk.told.size(), 2U);
-  EXPECT_NE(desk.told[1].find("nothing of it is stored"), std::string::npos) << desk.told[1];
-  EXPECT_TRUE(table.sheet.Command2_enabled.value());
-  reading.reset();
-  EXPECT_EQ(Count("Batting"), "0");
-
-  EXPECT_EQ(table.Cell(Side::Home, 1, kInningsPitched), "") << "the sheet is as it was";
-  SaveGame(table.board);
-  EXPECT_EQ(desk.told.back(), kSaved);
-  EXPECT_EQ(Count("Batting"), "3");
-  EXPECT_EQ(table.Cell(Side::Home, 1, kInningsPitched), "5.33");
-}
-
 }  // namespace
 }  // namespace dtb

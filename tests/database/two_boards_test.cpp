@@ -103,7 +103,7 @@ class InTurns : public TwoBoards {
   void TakeOut(OneBoard& board);
   void BringBack(OneBoard& board);
   void LoseTheFile();
-  // A copy came in the place of a database that was lost.
+  // A copy came in place of a database that was lost.
   void HearOfRenewal(const OneBoard& board) {
     if (board.Told("The database is now the copy of ")) model_ = newest_;
     if (board.Told("An empty database is in place.")) model_.clear();

@@ -1,4 +1,5 @@
-// Real games, played on the board and saved as they really were: both worlds stand level.
+// Real games, played on the board and saved as they really were: the file gives back what the board
+// had, and both worlds stand level.
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <stdlib.h>
 
@@ -6,6 +7,7 @@
 
 #include "archive/season_reader.h"
 #include "database/archive_games.h"
+#include "database/kept_record.h"
 #include "database/save_game.h"
 #include "game/constant_update.h"
 #include "platform/sqlite/sqlite_database.h"
@@ -55,6 +57,33 @@ class Known {
   std::map<std::string, int> deltas_;
 };
 
+// All of a record, a line for each fact.
+std::string TextOf(const GameRecord& game) {
+  std::ostringstream text;
+  text << game.id << ' ' << game.over << '\n';
+  for (const SideRecord& side : game.sides) {
+    text << side.team << ' ' << side.runs << ' ' << side.hits << ' ' << side.errors << ' '
+         << side.runsKnown;
+    for (const std::string& inning : side.innings) text << ' ' << inning;
+    for (const auto& [name, position, place, substitute, f] : side.batters) {
+      text << '\n' << name << '=' << position << ' ' << place << (substitute ? " sub" : "");
+      for (const double figure : {f.atBats, f.singles, f.doubles, f.triples, f.homeRuns,
+                                  f.runsBattedIn, f.walks, f.strikeouts, f.steals, f.runs}) {
+        text << ' ' << figure;
+      }
+    }
+    for (const auto& [name, f] : side.pitchers) {
+      text << '\n' << name;
+      for (const double figure :
+           {f.outs, f.hits, f.earnedRuns, f.walks, f.strikeouts, f.homeRuns, f.runs}) {
+        text << ' ' << figure;
+      }
+    }
+    text << '\n';
+  }
+  return text.str() + DecisionsText(game.decisions);
+}
+
 // A season in which all games of the part are played and saved as they really were.
 class ReplayedPart {
  public:
@@ -82,6 +111,7 @@ class ReplayedPart {
   SqliteDatabase database{folder_ / kDatabaseFile};
   std::shared_ptr<const archive::Season> season;
   Known known;
+  std::map<std::string, std::size_t> gamesOf;  // by the day
 
  private:
   void Play(const GameScript& script) {
@@ -92,9 +122,17 @@ class ReplayedPart {
     for (const Side side : {Side::Visitors, Side::Home}) SideOf(board, side).list.Select(0);
     ConstantUpdate(board);
     played.fake.saysYes = true;
-    SaveGame(board, "");
+    SaveGame(board, "Old Wooden Grounds");
     ASSERT_FALSE(played.sheet.Command2_enabled.value()) << script.id << played.fake.told;
-    known.Take(script, RecordOf(board));
+    const GameRecord record = RecordOf(board);
+    known.Take(script, record);
+    const auto kept = ReadRecord(database, record.id, {script.teams[0], script.teams[1]});
+    ASSERT_TRUE(kept.has_value()) << script.id;
+    EXPECT_EQ(TextOf(*kept), TextOf(record));
+    EXPECT_EQ(kept->plays, record.plays) << script.id;
+    EXPECT_EQ(kept->archive + kept->date + kept->park,
+              script.id + DateOfArchiveGame(script.id) + "Old Wooden Grounds");
+    ++gamesOf[kept->date];
   }
 };
 
@@ -148,6 +186,9 @@ TEST(BothWorlds, StandLevelOnceRealGamesAreReplayedAsTheyWere) {
   ReplayedPart part;
   const auto replayed = std::make_shared<const SeasonFigures>(ReadSeasonFigures(part.database));
   ASSERT_EQ(replayed->games.size(), 120U);
+  for (const auto& [date, games] : part.gamesOf) {
+    EXPECT_EQ(ReadRecordsOfDay(part.database, date).size(), games) << date;
+  }
   const real::BothWorlds worlds = real::PairWorlds(replayed, part.season);
   EXPECT_EQ(real::NotCompared(worlds), std::vector<std::string>());
   const real::StartsOfPitchers starts = real::ReadStarts(part.database);

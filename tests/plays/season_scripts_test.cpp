@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <tuple>
 
 #include "archive/season_reader.h"
@@ -141,58 +140,6 @@ TEST(CountRules, ChargeWalkAndStrikeoutToWhoLeft) {
     EXPECT_EQ(ValueOf(figures, {1, "PITCHING", pitcher, "R"}), 1);
     EXPECT_EQ(ValueOf(figures, {0, "BATTING", batter, "K"}), 1);
     EXPECT_EQ(ValueOf(figures, {1, "PITCHING", "p2", "K"}), 1);
-  }
-}
-
-// Who answers for a run when pitchers change with runners on base. "one", "two" and "three" pitch
-// for the home side.
-struct Charges {
-  const char* gestures;
-  std::vector<int> runs;
-};
-
-class ChargedRuns : public testing::TestWithParam<Charges> {};
-
-TEST_P(ChargedRuns, GoToWhoLeftTheRunner) {
-  std::vector<std::string> players;
-  for (const char* name : {"A", "B", "C", "D", "E", "F", "G", "H", "I"}) players.emplace_back(name);
-  BaseBoard board({players, {"one", "two", "three"}}, Earned::All);
-  board.Do("PITCHER home one");
-  board.Do("BATTER visitors A");
-  std::istringstream gestures(GetParam().gestures);
-  for (std::string line; std::getline(gestures >> std::ws, line, ',');) {
-    const std::size_t out = line.find(" OUT ");
-    if (out == std::string::npos) board.Do(line);
-    if (out != std::string::npos) board.Do(line.substr(0, out), line.back() - '0');
-  }
-  std::vector<int> runs;
-  for (const char* pitcher : {"one", "two", "three"}) {
-    runs.push_back(ValueOf(board.figures(), {1, "PITCHING", pitcher, "R"}));
-  }
-  EXPECT_EQ(runs, GetParam().runs);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rules, ChargedRuns,
-    testing::Values(Charges{"BB,PITCHER home two,GO,RUN 1 2,FO,1B,RUN 3 HOME", {1, 0, 0}},
-                    Charges{"BB,PITCHER home two,FC,GO,RUN 1 2,1B,RUN 3 HOME", {1, 0, 0}},
-                    Charges{"BB,PITCHER home two,1B,RUN 2 3,FC OUT 3,FO,1B,RUN 3 HOME", {1, 0, 0}},
-                    Charges{"BB,PITCHER home two,BB,FO,TO OUT 2,2B,RUN 3 HOME", {0, 1, 0}},
-                    Charges{"BB,PITCHER home two,BB,PITCHER home three,FC,FC,HR", {1, 1, 1}},
-                    Charges{"BB,PITCHER home two,BB,1B,FC,1B,RUN 3 HOME", {1, 1, 0}},
-                    // A run that is taken back is nobody's.
-                    Charges{"BB,RUN 1 3,PITCHER home two,1B,RUN HOME 3,PITCHER home three,1B",
-                            {1, 0, 0}}));
-
-// What no gesture may do.
-TEST(BaseBoardRefuses, WhatTheBasesDoNotAllow) {
-  for (const char* gesture :
-       {"RUN 1 3", "RUN 2 1", "RUN 3 HOME", "RUN HOME 3", "SB B", "PLACE 2 I", "TO"}) {
-    BaseBoard board({{{"A", "B", "C", "D", "E", "F", "G", "H", "I"}, {"one"}}}, Earned::All);
-    for (const char* before : {"PITCHER home one", "BATTER visitors A", "BB", "BB"}) {
-      board.Do(before);
-    }
-    EXPECT_THROW(board.Do(gesture), NotPossible) << gesture;
   }
 }
 

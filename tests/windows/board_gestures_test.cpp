@@ -71,20 +71,6 @@ TEST_F(BoardGesturesTest, ARowOnItsWayToAPieceTellsWhatComesOfIt) {
   }
 }
 
-TEST_F(BoardGesturesTest, RightClickShowsTheWholeEntryAndNamesNobody) {
-  StartGame();
-  auto* list = Find<LineupView>("List1");
-  QString shown;
-  WhileWaiting([&] {
-    shown = MessageBox::Open()->message();
-    Press(&form1(), Qt::Key_Return);
-  });
-  Click(list->viewport(), {}, Qt::RightButton, RowPlace(list, 6));
-  EXPECT_EQ(shown, QStringLiteral("Ants 7"));
-  EXPECT_EQ(board().state.List1.selected(), 6);
-  EXPECT_EQ(board().state.lbl_Selected.value(), "Ants 1");
-}
-
 // A double steal is two clicks while Ctrl is held.
 TEST_F(BoardGesturesTest, CtrlClicksRecordStolenBasesAsLongAsItIsHeld) {
   StartGame();
@@ -107,7 +93,7 @@ TEST_F(BoardGesturesTest, CtrlClicksRecordStolenBasesAsLongAsItIsHeld) {
   EXPECT_EQ(stolen(), "1,1");
 }
 
-TEST_F(BoardGesturesTest, PieceFollowsThePointerAndStaysThere) {
+TEST_F(BoardGesturesTest, PieceFollowsThePointerInOneStepAndStaysThere) {
   StartGame();
   auto* piece = Find("pb_Player1");
   QWindow* window = form1().windowHandle();
@@ -116,6 +102,7 @@ TEST_F(BoardGesturesTest, PieceFollowsThePointerAndStaysThere) {
   QMouseEvent move(QEvent::MouseMove, far, piece->mapToGlobal(far), Qt::NoButton, Qt::LeftButton,
                    {});
   const double left = board().state.pieces.at(0).left.value();
+  const std::size_t steps = board().history->steps();
   QCoreApplication::sendEvent(piece, &move);
   QTest::mouseRelease(window, Qt::LeftButton, {}, piece->mapTo(&form1(), piece->rect().center()));
   const double moved = board().state.pieces.at(0).left.value();
@@ -124,6 +111,9 @@ TEST_F(BoardGesturesTest, PieceFollowsThePointerAndStaysThere) {
   QCoreApplication::processEvents();
   EXPECT_EQ(board().state.pieces.at(0).left.value(), moved);
   EXPECT_EQ(board().state.pieces.at(0).tag.value(), "Ants 1");
+  EXPECT_EQ(board().history->steps(), steps + 1);
+  board().history->Undo(board());
+  EXPECT_EQ(board().state.pieces.at(0).left.value(), left);
 }
 
 // A press on a control stays that control's, however far the pointer slides; a panel moves with a

@@ -31,7 +31,7 @@ class BrowserFormTest : public WindowTest {
         action);
     form1().findChild<QAction*>(QStringLiteral("mnuStatistics"))->trigger();
     QCoreApplication::processEvents();  // the menu has its answer first
-    EXPECT_EQ(form1().findChild<BrowserWindow*>(), nullptr) << "made anew for each opening";
+    EXPECT_EQ(form1().findChild<BrowserWindow*>(), nullptr) << "created for each opening";
   }
 
   BrowserWindow& form() { return *form1().findChild<BrowserWindow*>(); }

@@ -123,19 +123,6 @@ TEST_F(BrowserWindowTest, SurnamesAndAccentsAreFoundAndAnEmptySearchShowsTheWayB
   });
 }
 
-TEST_F(BrowserWindowTest, MissingDatabaseIsToldOnceAndTheFormIsUsable) {
-  const auto messages = AnswerBoxes({Qt::Key_Escape, Qt::Key_Return});
-  Open([&] {
-    EXPECT_EQ(messages->size(), 1);
-    EXPECT_FALSE(Part("MSHFlexGrid1")->isVisible());
-    Click(Part("Command4"));  // asks again, and is told again
-    CloseForm();
-  });
-  EXPECT_EQ(messages->size(), 2);
-  for (const QString& message : *messages) EXPECT_TRUE(message.contains(folder_.path()));
-  EXPECT_FALSE(QFile::exists(folder_.filePath(QStringLiteral("DTB.mdb"))));
-}
-
 // Esc empties a search box, then leaves it, and only then closes the browser; and a press of Ctrl
 // that is over sorts nothing.
 TEST_F(BrowserWindowTest, EscapeEmptiesAndLeavesTextFields) {

@@ -156,22 +156,6 @@ TEST_F(LayoutTest, TheNextStepIsTold) {
   EXPECT_EQ(board().state.tb_OUT.value(), "0");
 }
 
-// Whatever can be pressed or filled in tells what it does.
-TEST_F(LayoutTest, EveryControlHasATip) {
-  StartGame();
-  ShowAll();
-  for (const auto* widget : form1().findChildren<QWidget*>()) {
-    const bool control = qobject_cast<const QAbstractButton*>(widget) != nullptr ||
-                         qobject_cast<const QLineEdit*>(widget) != nullptr;
-    const QString name = widget->objectName();
-    if (!control || widget->window() != &form1() || !widget->isVisible()) continue;
-    if (name.startsWith(QStringLiteral("qt_")) || name.startsWith(QStringLiteral("pb_Player"))) {
-      continue;  // a free piece has nobody to tell of
-    }
-    EXPECT_FALSE(widget->toolTip().isEmpty()) << FromQt(name);
-  }
-}
-
 // The board stands where it was left, unless nobody could reach it there.
 TEST_F(LayoutTest, TheBoardStandsWhereItWasLeft) {
   const auto begun = [this](const char* place) {
@@ -311,8 +295,8 @@ TEST_F(LayoutTest, PiecesAtStartCoverNoControl) {
   EXPECT_EQ(form1().childAt(piece->mapTo(&form1(), piece->rect().center())), piece);
 }
 
-// Every control is reached with Tab, says its name to a screen reader, and is reached once.
-TEST_F(LayoutTest, EveryControlIsReachedByKeyboard) {
+// Every control is reached with Tab, says its name to a screen reader, and tells what it does.
+TEST_F(LayoutTest, EveryControlIsReachedByKeyboardAndHasATip) {
   StartGame();
   ShowAll();
   std::set<const QWidget*> reached;
@@ -325,12 +309,16 @@ TEST_F(LayoutTest, EveryControlIsReachedByKeyboard) {
     const bool control = qobject_cast<const QAbstractButton*>(widget) != nullptr ||
                          qobject_cast<const QLineEdit*>(widget) != nullptr ||
                          qobject_cast<const LineupView*>(widget) != nullptr;
-    if (!control || widget->window() != &form1() || !widget->isVisible() || !widget->isEnabled()) {
-      continue;
-    }
-    if (widget->objectName().startsWith(QStringLiteral("qt_"))) continue;
-    EXPECT_TRUE(reached.contains(widget)) << FromQt(widget->objectName());
-    EXPECT_FALSE(widget->accessibleName().isEmpty()) << FromQt(widget->objectName());
+    const QString name = widget->objectName();
+    if (!control || widget->window() != &form1() || !widget->isVisible()) continue;
+    if (name.startsWith(QStringLiteral("qt_"))) continue;
+    // A line-up tells of its rows, and a free piece has nobody to tell of.
+    const bool needsTip = qobject_cast<const LineupView*>(widget) == nullptr &&
+                          !name.startsWith(QStringLiteral("pb_Player"));
+    EXPECT_FALSE(needsTip && widget->toolTip().isEmpty()) << FromQt(name);
+    if (!widget->isEnabled()) continue;
+    EXPECT_TRUE(reached.contains(widget)) << FromQt(name);
+    EXPECT_FALSE(widget->accessibleName().isEmpty()) << FromQt(name);
   }
 }
 

@@ -156,7 +156,7 @@ TEST_F(PaceTest, ChartsTurnRollAndTakeTheResult) {
   EXPECT_EQ(board().sheet.grd_VisStats.Text(2, stat_column::kDoubles), "1");
 }
 
-TEST_F(PaceTest, KeyNBringsTheManWhoIsDueAndEnterPressesNothing) {
+TEST_F(PaceTest, KeyNBringsTheBatterWhoIsDueAndEnterPressesNothing) {
   desk_->aids().cb_QuickBoxes.Set(true);
   desk_->aids().Check4.Set(true);
   Click(Find("cmd_Roll"));

@@ -176,7 +176,7 @@ TEST_F(ParkMarkersTest, SettingsThatCannotBeWrittenAreReported) {
   ShowPark("Mine.png");
   OpenMarkers();
   Drag("ParkMarkerHome", {30, -30});
-  QDir().mkpath(setup_.settingsFile);  // a folder stands in the place of the file
+  QDir().mkpath(setup_.settingsFile);  // a folder stands in place of the file
   const auto told = AnswerBoxes({Qt::Key_Escape});
   Click(Find("cmd_ParkPlacesDone"));
   EXPECT_TRUE(told->value(0).contains(QStringLiteral("holds until the program ends")))

@@ -36,7 +36,7 @@ class PlaysWindowTest : public WindowTest {
     while (!looked || QApplication::activeModalWidget() != nullptr) {
       QCoreApplication::processEvents();
     }
-    EXPECT_EQ(form1().findChild<PlaysWindow*>(), nullptr) << "it is made anew each time";
+    EXPECT_EQ(form1().findChild<PlaysWindow*>(), nullptr) << "it is created each time";
   }
 
   PlaysWindow* Window() { return Find<PlaysWindow>("Plays"); }

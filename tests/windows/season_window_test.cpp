@@ -3,7 +3,6 @@
 #include <QClipboard>
 #include <QLineEdit>
 
-#include "database/save_game.h"
 #include "replay/play_table.h"
 #include "windows/archive/archive_window.h"
 #include "windows/boxes/busy.h"
@@ -57,7 +56,6 @@ class SeasonWindowTest : public BrowserFormTest {
   }
 
   replay::ScriptedDialogs dialogs_;
-  QString played_;  // marks of the first two games
   const int usualMoment_ = ProgressPanel::moment;
 };
 
@@ -136,46 +134,6 @@ TEST_F(SeasonWindowTest, TheChosenGameIsInSightAndTheListsStayWhereTheyAre) {
     EXPECT_TRUE(games->viewport()->rect().contains(row))
         << row.top() << " to " << row.bottom() << " of " << games->viewport()->height();
   });
-}
-
-TEST_F(SeasonWindowTest, ASavedGameIsMarkedAndTheNextOneFollows) {
-  MakeDatabase("");
-  const auto next = [this] {
-    InWindow([this] {
-      if (Cell("grd_Teams", 1, 1).isEmpty()) Choose(kArchive);
-      ClickRow("grd_Teams", 20);
-      played_ = Cell("grd_Games", 1, 4) + '|' + Cell("grd_Games", 2, 4);
-      Click(Part("cmd_NextGame"));
-    });
-  };
-  next();
-  EXPECT_EQ(played_, "|");
-  for (const Side side : {Side::Visitors, Side::Home}) {
-    SideOf(board(), side).list.Select(20);
-    ChangePitcher(board(), side);
-  }
-  PutAtBat(board(), Side::Visitors);
-  board().state.List1.Select(0);
-  // Yes to every question, no new game at the save, and the proof may say what it likes.
-  QTimer answers;
-  QObject::connect(&answers, &QTimer::timeout, [this] {
-    MessageBox* box = MessageBox::Open();
-    if (box == nullptr) return;
-    for (auto* button : box->findChildren<QPushButton*>()) {
-      if (button->text() == QStringLiteral("Save as it stands")) return button->click();
-    }
-    if (box->message().startsWith(QStringLiteral("Data successfully recorded"))) {
-      return Press(box->window(), Qt::Key_Escape);
-    }
-    const bool yes = box->question() && box->answers().isEmpty();
-    Press(box->window(), yes ? Qt::Key_Y : Qt::Key_Return);
-  });
-  answers.start(0);
-  SaveGame(board());
-  EXPECT_FALSE(board().sheet.Command2_enabled.value());
-  next();
-  EXPECT_EQ(played_, "T 0-0|");
-  EXPECT_EQ(board().state.ArchiveGame.substr(0, 12), "OAK202007250");
 }
 
 TEST_F(SeasonWindowTest, ADayIsGoneThroughAndOneOfItsGamesPlayed) {

@@ -9,7 +9,7 @@
 namespace dtb {
 
 // Watches all input of the application. A Ctrl key that went down while another program had the
-// focus is noticed at the first gesture that bears its modifier.
+// focus is noticed at the first gesture with its modifier.
 class QtKeyboard : public QObject, public Keyboard {
   Q_OBJECT
  public:

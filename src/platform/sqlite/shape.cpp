@@ -149,7 +149,7 @@ std::vector<std::string> Lacks(const SQLite::Database& database, bool alsoNumber
   return sentences;
 }
 
-// Why a table that bears the name of one of the plays is not this program's; "" if it is, or if
+// Why a table with the name of one of the plays is not this program's; "" if it is, or if
 // there is none.
 std::string WhyForeign(const Table& wanted, const Table& there) {
   if (there.columns.empty()) return {};
@@ -157,7 +157,7 @@ std::string WhyForeign(const Table& wanted, const Table& there) {
     std::string fault = FaultOf(wanted, column, there, false);
     if (!fault.empty()) return fault;
   }
-  return there.inOrderOfRows ? "" : "\"" + wanted.name + "\" is no usual table.";
+  return there.inOrderOfRows ? "" : "\"" + wanted.name + "\" is not an ordinary table.";
 }
 
 // Stand-ins for tables of one connection.

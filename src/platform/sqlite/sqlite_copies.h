@@ -14,7 +14,7 @@ class Database;
 
 namespace dtb {
 
-// Makes a new database, which `fill` fills, and puts it in the place of `file`, whole or not at
+// Makes a new database, which `fill` fills, and puts it in place of `file`, whole or not at
 // all; a symbolic link stays, and what it points at is replaced. A file that stands there goes on
 // beside it as `asideName`, or with a number behind it where the name is taken. Returns its name;
 // "" where there was none. Throws ProgramError.

@@ -13,7 +13,7 @@
 namespace dtb {
 namespace {
 
-// A row that the table of a file would pass over, or put in the place of another, is refused.
+// A row that the table of a file would pass over, or put in place of another, is refused.
 std::string InsertInto(const TableColumns& table) {
   std::string names;
   std::string marks;

@@ -61,7 +61,7 @@ FaceDie::FaceDie(Field<int>& face, const QColor& colour, const QColor& pips, QWi
 }
 
 void FaceDie::paintEvent(QPaintEvent* /*event*/) {
-  // Three rows of three places; which of them bear a pip on each face.
+  // Three rows of three places; which of them have a pip on each face.
   constexpr std::array<const char*, 6> faces{"....o....", "o.......o", "o...o...o",
                                              "o.o...o.o", "o.o.o.o.o", "o.oo.oo.o"};
   QPainter painter(this);

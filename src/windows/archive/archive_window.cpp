@@ -12,6 +12,7 @@
 #include "base/program_error.h"
 #include "windows/boxes/busy.h"
 #include "windows/shared/bind.h"
+#include "windows/shared/buttons.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/kept_place.h"
 #include "windows/shared/look.h"
@@ -68,17 +69,6 @@ ArchiveWindow::ArchiveWindow(Board& board, archive::KeptSeason& kept, QWidget* p
 
 // The views go before the grids that they show.
 ArchiveWindow::~ArchiveWindow() { delete inside_; }
-
-QPushButton* ArchiveWindow::AddButton(QBoxLayout* strip, const char* name, const char* caption,
-                                      const char* tip) {
-  auto* button = new QPushButton(QLatin1String(caption));
-  Name(button, name, QLatin1String(caption));
-  button->setToolTip(QLatin1String(tip));
-  button->setAutoDefault(false);
-  button->setFocusPolicy(Qt::TabFocus);
-  strip->addWidget(button);
-  return button;
-}
 
 QLabel* ArchiveWindow::AddText(QBoxLayout* place, const char* name, Field<std::string>& text) {
   QLabel* label = MakeCaption({}, nullptr);
@@ -236,10 +226,10 @@ void ArchiveWindow::BuildButtons(QVBoxLayout* whole) {
                                 "with their starting pitchers");
   AddNine(strip, "cmd_UsedMost", "Line-up used most",
           "Shows the line-up that the team used most in the season", archive::SeasonNine::UsedMost);
-  AddNine(strip, "cmd_UsualMen", "The usual men",
-          "Shows nine players: at each position who began most games there, "
+  AddNine(strip, "cmd_UsualNine", "The usual nine",
+          "Shows nine players: at each position the one who started most games there, "
           "in the order in which they most often batted",
-          archive::SeasonNine::UsualMen);
+          archive::SeasonNine::UsualNine);
   next_ = AddButton(strip, "cmd_NextGame", "Next game",
                     "Loads both teams of the next game in the list "
                     "that is not played yet");

@@ -15,7 +15,7 @@
 
 namespace dtb {
 
-// Made anew for each opening.
+// Created for each opening.
 class ArchiveWindow : public QDialog {
   Q_OBJECT
  public:
@@ -36,7 +36,6 @@ class ArchiveWindow : public QDialog {
   void BuildForms(QVBoxLayout* whole);
   void BuildButtons(QVBoxLayout* whole);
 
-  QPushButton* AddButton(QBoxLayout* strip, const char* name, const char* caption, const char* tip);
   // A button that shows one of the nines of the season, and is marked while it is shown.
   void AddNine(QBoxLayout* strip, const char* name, const char* caption, const char* tip,
                archive::SeasonNine nine);

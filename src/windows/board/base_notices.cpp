@@ -41,7 +41,8 @@ BaseNotices::BaseNotices(Board& board, Scene& scene, QWidget* park) : QObject(pa
                 {{"cmd_TurnOn", QStringLiteral("Turn on"),
                   QStringLiteral("Turns on KEEP THE BASES, as in the options"), answer(true)},
                  {"cmd_NotNow", QStringLiteral("Not now"),
-                  QStringLiteral("Goes on without; the options have it"), answer(false)}});
+                  QStringLiteral("Leaves the bases to you; the options have the choice, too"),
+                  answer(false)}});
   another_ = Make(scene, park, "fra_AnotherOut", {});
   scored_ = Make(scene, park, "fra_Scored",
                  {{"cmd_HoldAtThird", QStringLiteral("At third"),

@@ -61,7 +61,7 @@ class EntryDelegate : public QStyledItemDelegate {
     if (inOrder && !due) {
       painter->drawText(numberPlace, Qt::AlignCenter, QString::number(index.row() + 1));
     }
-    // Who is due is told in the place of his number, so that his figures are seen.
+    // Who is due is told in place of his number, so that his figures are seen.
     if (due) {
       painter->setFont(Font(option.font.pixelSize() * 0.64));
       DrawChip(*painter, numberPlace.adjusted(0, 0, -1, 0), note, 0);

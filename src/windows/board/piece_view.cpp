@@ -34,7 +34,7 @@ PieceShadow::PieceShadow(QWidget* parent) : QWidget(parent) {
 }
 
 void PieceShadow::paintEvent(QPaintEvent* /*event*/) {
-  // All four are the same, and each click paints them anew.
+  // All four are the same, and each click repaints them.
   const double ratio = devicePixelRatioF();
   const QString key = QStringLiteral("PieceShadow %1 %2 %3").arg(width()).arg(height()).arg(ratio);
   QPixmap shadow;

@@ -1,6 +1,5 @@
 #include "windows/box/box_window.h"
 
-#include <QScreen>
 #include <QScrollBar>
 #include <QShowEvent>
 #include <QVBoxLayout>
@@ -16,8 +15,6 @@
 #include "windows/shared/bind.h"
 #include "windows/shared/buttons.h"
 #include "windows/shared/controls.h"
-#include "windows/shared/look.h"
-#include "windows/shared/scene.h"
 
 namespace dtb {
 namespace {
@@ -149,7 +146,7 @@ void BoxWindow::ShowText() {
   if (view_ == View::Box) {
     text_->setHtml(ToQt(BoxHtml(box, BoxColumns::Two)));
   } else if (game_.plays.empty()) {
-    text_->setPlainText(QStringLiteral("No plays are known of this game."));
+    text_->setPlainText(QStringLiteral("The plays of this game are not known."));
   } else {
     text_->setHtml(ToQt(StoryHtml(StoryOf(game_))));
   }
@@ -171,14 +168,10 @@ void BoxWindow::CopyDay() {
 }
 
 void BoxWindow::FollowBoard() {
-  const double scale = TypeScale(parentWidget());
-  setFont(look::Font(look::kBody * scale));
-  text_->setFont(look::Font(look::kBody * scale));
   const std::array buttons{box_, story_, copy_, day_, close_};
-  SizeButtons(buttons, scale);
-  title_->setFont(look::Font(look::kLarge * scale, true));
-  resize((QSizeF(kUsualSize) * scale).toSize().boundedTo(screen()->availableSize() * 0.9));
-  CenterForm(this, parentWidget());
+  const double scale = TakeTypeOfBoard(*this, buttons, title_);
+  text_->setFont(font());
+  PlaceOverBoard(*this, kUsualSize, scale);
 }
 
 void BoxWindow::showEvent(QShowEvent* event) {

@@ -14,7 +14,7 @@
 
 namespace dtb {
 
-// Made anew for each opening. What the players did before in the season is read by a thread of its
+// Created for each opening. What the players did before in the season is read by a thread of its
 // own; until it is there, the box score has none of it.
 class BoxWindow : public QDialog {
   Q_OBJECT

@@ -1,20 +1,18 @@
 #include "windows/boxes/log_window.h"
 
-#include <QScreen>
 #include <QScrollBar>
 #include <QVBoxLayout>
+#include <array>
 
 #include "platform/qt/qt_text.h"
 #include "windows/shared/bind.h"
+#include "windows/shared/buttons.h"
 #include "windows/shared/controls.h"
-#include "windows/shared/look.h"
-#include "windows/shared/scene.h"
 
 namespace dtb {
 namespace {
 
 constexpr QSize kUsualSize(520, 600);  // layout units
-constexpr double kButtonHeight = 36;
 
 }  // namespace
 
@@ -56,10 +54,7 @@ LogWindow::LogWindow(EventLog& log, QWidget* parent)
 }
 
 QPushButton* LogWindow::AddButton(const char* name, const QString& caption, const QString& tip) {
-  auto* button = new QPushButton(caption, this);
-  Name(button, name, caption);
-  button->setToolTip(tip);
-  button->setAutoDefault(false);
+  QPushButton* button = MakeButton(name, caption, tip, this);
   button->setFocusPolicy(Qt::TabFocus);  // Space after a click saves nothing again
   return button;
 }
@@ -67,15 +62,8 @@ QPushButton* LogWindow::AddButton(const char* name, const QString& caption, cons
 void LogWindow::Tell(const QString& outcome) { outcome_->setText(outcome); }
 
 void LogWindow::FollowBoard() {
-  const double scale = TypeScale(parentWidget());
-  setFont(look::Font(look::kBody * scale));
-  for (QPushButton* button : {copy_, save_, close_}) {
-    button->setFixedHeight(qRound(kButtonHeight * scale));
-    button->setMinimumWidth(qRound(2.5 * kButtonHeight * scale));
-  }
-  title_->setFont(look::Font(look::kLarge * scale, true));
-  resize((QSizeF(kUsualSize) * scale).toSize().boundedTo(screen()->availableSize() * 0.9));
-  CenterForm(this, parentWidget());
+  const double scale = TakeTypeOfBoard(*this, std::array{copy_, save_, close_}, title_);
+  PlaceOverBoard(*this, kUsualSize, scale);
 }
 
 void LogWindow::showEvent(QShowEvent* event) {
@@ -95,7 +83,7 @@ void LogWindow::ShowEnd() {
 
 void LogWindow::ShowText() {
   const std::string& log = log_.text();
-  // The usual change is one more line; anything else shows the text anew.
+  // The usual change is one more line; anything else shows the whole text again.
   if (shownBytes_ == 0 || log.size() < shownBytes_) {
     text_->setPlainText(ToQt(log));
   } else {

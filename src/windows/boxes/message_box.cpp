@@ -172,7 +172,7 @@ QString ClosingError(int number, const std::string& description) {
       .arg(ToQt(description), QLatin1String(kSupportAddress));
 }
 
-// The arrow in the place of a busy pointer, while the person is asked.
+// The arrow in place of a busy pointer, while the person is asked.
 class ArrowPointer {
  public:
   ArrowPointer() {

@@ -11,7 +11,7 @@ namespace {
 
 constexpr double kLeastScale = 0.5;  // of the type, however small the board
 
-// A box that names no title bears the program's.
+// A box without a title of its own has the program's.
 QString TitleOr(const std::string& title) {
   return title.empty() ? QStringLiteral("Kelvane Diamond Table") : ToQt(title);
 }

@@ -12,6 +12,7 @@
 #include "windows/scorecard/scorecard_window.h"
 #include "windows/season/pages_writing.h"
 #include "windows/shared/bind.h"
+#include "windows/shared/buttons.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/look.h"
 

@@ -21,6 +21,7 @@
 #include "windows/application.h"
 #include "windows/browser/copies_window.h"
 #include "windows/shared/bind.h"
+#include "windows/shared/buttons.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/kept_place.h"
 #include "windows/shared/look.h"
@@ -231,17 +232,6 @@ QHBoxLayout* BrowserWindow::AddStrip(QVBoxLayout* page) {
   strip->setSpacing(8);
   page->addLayout(strip);
   return strip;
-}
-
-QPushButton* BrowserWindow::AddButton(QHBoxLayout* strip, const char* name, const char* caption,
-                                      const char* tip) {
-  auto* button = new QPushButton(QLatin1String(caption));
-  Name(button, name, QLatin1String(caption));
-  button->setToolTip(QLatin1String(tip));
-  button->setAutoDefault(false);
-  button->setFocusPolicy(Qt::TabFocus);  // Space after a click asks nothing again
-  strip->addWidget(button);
-  return button;
 }
 
 void BrowserWindow::AddSearches(QHBoxLayout* strip, const std::vector<Search>& searches) {

@@ -23,7 +23,7 @@
 
 namespace dtb {
 
-// Made anew for each opening.
+// Created for each opening.
 class BrowserWindow : public QDialog {
   Q_OBJECT
  public:
@@ -93,8 +93,6 @@ class BrowserWindow : public QDialog {
   void AddSearches(QHBoxLayout* strip, const std::vector<Search>& searches);
   StatGridView* AddGrid(const char* name, const char* accessibleName, GridField grid,
                         double typeSize);
-  QPushButton* AddButton(QHBoxLayout* strip, const char* name, const char* caption,
-                         const char* tip = "");
 
   BrowserState state_;
   Browser browser_;

@@ -5,6 +5,7 @@
 #include "windows/application.h"
 #include "windows/boxes/busy.h"
 #include "windows/shared/bind.h"
+#include "windows/shared/buttons.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/scene.h"
 
@@ -59,14 +60,14 @@ void CopiesWindow::BuildTables() {
 
 void CopiesWindow::BuildButtons() {
   QHBoxLayout* strip = frame_.AddStrip();
-  QPushButton* put = frame_.AddButton(strip, "cmd_PutInPlace", "Restore this copy");
+  QPushButton* put = AddButton(strip, "cmd_PutInPlace", "Restore this copy");
   Follow<bool>(put, state_.canBringBack, [put](bool can) { put->setEnabled(can); });
   connect(put, &QPushButton::clicked, this, [this] {
     BringBackSelected(desk_);
     copies_->SetCurrentCell(state_.row, 1);
   });
   strip->addStretch();
-  connect(frame_.AddButton(strip, "cmd_CloseCopies", "Close"), &QPushButton::clicked, this,
+  connect(AddButton(strip, "cmd_CloseCopies", "Close"), &QPushButton::clicked, this,
           &QDialog::accept);
 }
 

@@ -8,7 +8,7 @@
 
 namespace dtb {
 
-// Made anew for each opening.
+// Created for each opening.
 class CopiesWindow : public QDialog {
   Q_OBJECT
  public:

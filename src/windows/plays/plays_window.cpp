@@ -1,6 +1,5 @@
 #include "windows/plays/plays_window.h"
 
-#include <QScreen>
 #include <QShortcut>
 #include <QShowEvent>
 #include <QVBoxLayout>
@@ -14,8 +13,6 @@
 #include "record/box_html.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/buttons.h"
-#include "windows/shared/look.h"
-#include "windows/shared/scene.h"
 
 namespace dtb {
 namespace {
@@ -223,17 +220,12 @@ void PlaysWindow::Copy(const QModelIndexList& rows) {
 }
 
 void PlaysWindow::FollowBoard() {
-  const double scale = TypeScale(parentWidget());
-  setFont(look::Font(look::kBody * scale));
-  const std::array buttons{asStory_, undo_, copy_, close_};
-  SizeButtons(buttons, scale);
+  const double scale = TakeTypeOfBoard(*this, std::array{asStory_, undo_, copy_, close_}, title_);
   const int height = qRound(kRunHeight * scale);
   for (RunLine* line : lines_) line->setFixedHeight(height);
   // Room for the most runs at all times, so that the list above keeps its height.
   runs_->setFixedHeight(kMostRuns * height + 2 * kSpace);
-  title_->setFont(look::Font(look::kLarge * scale, true));
-  resize((QSizeF(kUsualSize) * scale).toSize().boundedTo(screen()->availableSize() * 0.9));
-  CenterForm(this, parentWidget());
+  PlaceOverBoard(*this, kUsualSize, scale);
 }
 
 void PlaysWindow::showEvent(QShowEvent* event) {

@@ -15,7 +15,7 @@
 
 namespace dtb {
 
-// All plays of the game in words, and what the runs of the chosen one are credited as. Made anew
+// All plays of the game in words, and what the runs of the chosen one are credited as. Created
 // for each opening; it begins at the last play.
 class PlaysWindow : public QDialog {
   Q_OBJECT

@@ -47,7 +47,7 @@ QCheckBox* RunLine::AddMark(const QByteArray& name, const QString& caption) {
 void RunLine::ShowRun(const Move& run) {
   words_ = ToQt(LastNameOf(run.name)) + QStringLiteral(" scores");
   if (!run.pitcher.empty()) {
-    words_ += QStringLiteral(", %1 answers for him").arg(ToQt(LastNameOf(run.pitcher)));
+    words_ += QStringLiteral(", charged to %1").arg(ToQt(LastNameOf(run.pitcher)));
   }
   SetMark(battedIn_, run.battedIn, words_);
   SetMark(earned_, run.earned, words_);

@@ -1,4 +1,4 @@
-// A run of a play: who scored, who answers for him, and two marks.
+// A run of a play: who scored, to whom it is charged, and two marks.
 #pragma once
 
 #include <QCheckBox>

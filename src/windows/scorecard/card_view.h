@@ -9,7 +9,7 @@
 namespace dtb {
 
 // Pages below each other, as large as a whole one has room, or larger by steps of Ctrl and the
-// wheel, "+" and "-"; "0" shows the whole page again. They are painted anew at each size, so that
+// wheel, "+" and "-"; "0" shows the whole page again. They are repainted at each size, so that
 // they are sharp at any.
 class CardView : public QAbstractScrollArea {
   Q_OBJECT

@@ -2,9 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QScreen>
 #include <QVBoxLayout>
-#include <algorithm>
 #include <array>
 
 #include "base/file_names.h"
@@ -19,17 +17,15 @@
 #include "windows/scorecard/paint_drawing.h"
 #include "windows/scorecard/print_pages.h"
 #include "windows/shared/bind.h"
+#include "windows/shared/buttons.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/kept_place.h"
-#include "windows/shared/look.h"
-#include "windows/shared/scene.h"
 #include "windows/shared/tips.h"
 
 namespace dtb {
 namespace {
 
 constexpr QSize kUsualSize(1240, 900);  // layout units
-constexpr double kButtonHeight = 36;
 constexpr int kSpace = 8;
 constexpr std::array kSides{Side::Visitors, Side::Home};
 
@@ -84,8 +80,9 @@ void ScorecardWindow::BuildHead(QBoxLayout& column) {
 void ScorecardWindow::BuildButtons(QBoxLayout& column) {
   auto* row = new QHBoxLayout;
   row->setSpacing(kSpace);
-  lineUps_ = AddButton("cmd_LineUps", QStringLiteral("Print line-up card..."),
-                       QStringLiteral("Prints an empty card with both line-ups, for a pencil"));
+  lineUps_ =
+      AddButton("cmd_LineUps", QStringLiteral("Print line-up card..."),
+                QStringLiteral("Prints an empty card with both line-ups, to fill in by pencil"));
   QPushButton* svg =
       AddButton("cmd_Svg", QStringLiteral("Save as SVG..."),
                 QStringLiteral("Writes the page that is shown as a picture of lines"));
@@ -111,10 +108,7 @@ void ScorecardWindow::BuildButtons(QBoxLayout& column) {
 
 QPushButton* ScorecardWindow::AddButton(const char* name, const QString& caption,
                                         const QString& tip) {
-  auto* button = new QPushButton(caption, this);
-  Name(button, name, caption);
-  button->setToolTip(tip);
-  button->setAutoDefault(false);
+  QPushButton* button = MakeButton(name, caption, tip, this);
   button->setFocusPolicy(Qt::TabFocus);  // Space after a click prints nothing again
   buttons_.push_back(button);
   return button;
@@ -204,28 +198,11 @@ void ScorecardWindow::Print() {
   PrintPages(platform_, this, TitleOf(game_), [this](PageSize page) { return BothSides(page); });
 }
 
-void ScorecardWindow::FollowType() {
-  const double scale = TypeScale(parentWidget());
-  setFont(look::Font(look::kBody * scale));
-  sides_->setFont(look::Font(look::kBody * scale));
-  title_->setFont(look::Font(look::kLarge * scale, true));
-  const int high = qRound(kButtonHeight * scale);
-  for (QPushButton* button : buttons_) {
-    button->setFixedHeight(high);
-    button->setMinimumWidth(
-        std::max(qRound(2.5 * kButtonHeight * scale),
-                 look::TextWidth(button->fontMetrics(), button->text()) + high));
-  }
-}
-
 void ScorecardWindow::showEvent(QShowEvent* event) {
   if (!event->spontaneous()) {
-    FollowType();
-    if (!TakeUpPlace(*this, platform_.settings)) {
-      const double scale = TypeScale(parentWidget());
-      resize((QSizeF(kUsualSize) * scale).toSize().boundedTo(screen()->availableSize() * 0.9));
-      CenterForm(this, parentWidget());
-    }
+    const double scale = TakeTypeOfBoard(*this, buttons_, title_);
+    sides_->setFont(font());
+    if (!TakeUpPlace(*this, platform_.settings)) PlaceOverBoard(*this, kUsualSize, scale);
     placed_ = geometry();
     view_->setFocus(Qt::OtherFocusReason);
     if (board_ != nullptr) Update();

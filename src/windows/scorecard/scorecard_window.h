@@ -55,8 +55,6 @@ class ScorecardWindow : public QDialog {
   [[nodiscard]] Dress dress() const;
   void Save(const QString& sides, const char* filter, const char* extension, const char* told,
             const std::function<std::string()>& bytes);
-  // The board's type, and a size that goes with it.
-  void FollowType();
 
   Platform& platform_;
   Board* board_ = nullptr;  // none: another game

@@ -1,6 +1,5 @@
 #include "windows/season/day_window.h"
 
-#include <QScreen>
 #include <QShowEvent>
 #include <algorithm>
 #include <array>
@@ -19,6 +18,7 @@
 #include "windows/archive/archive_window.h"
 #include "windows/box/copied_day.h"
 #include "windows/boxes/busy.h"
+#include "windows/season/season_parts.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/buttons.h"
 #include "windows/shared/controls.h"
@@ -130,22 +130,13 @@ void DayWindow::BuildDays(QVBoxLayout* column) {
   });
 }
 
-StatGridView* DayWindow::AddGrid(const char* name, const QString& accessibleName, StatGrid& grid) {
-  auto* view = new StatGridView(grid, inside_);
-  Name(view, name, accessibleName);
-  view->ShowAsResult();
-  view->StretchAllColumns();
-  view->setSelectionBehavior(QTableView::SelectRows);
-  return view;
-}
-
 void DayWindow::BuildTables(QVBoxLayout* column) {
   auto* sides = new QHBoxLayout;
   sides->setSpacing(12);
   column->addLayout(sides, 1);
-  gamesView_ = AddGrid("grd_Day", QStringLiteral("Games of the day"), games_);
+  gamesView_ = MakeGrid("grd_Day", QStringLiteral("Games of the day"), games_);
   sides->addWidget(gamesView_, 5);
-  standingsView_ = AddGrid(
+  standingsView_ = MakeGrid(
       "grd_Evening", QStringLiteral("Standings in the evening, replayed and real"), standings_);
   sides->addWidget(standingsView_, 6);
   connect(gamesView_, &StatGridView::cellClicked, this, [this](int row, int cell) {
@@ -225,17 +216,13 @@ void DayWindow::CopyDay() {
 
 void DayWindow::showEvent(QShowEvent* event) {
   if (!event->spontaneous()) {
-    const double scale = TypeScale(parentWidget());
-    setFont(Font(kBody * scale));
-    title_->setFont(Font(kLarge * scale, true));
+    const std::array buttons{before_, after_, next_, play_, copy_, close_};
+    const double scale = TakeTypeOfBoard(*this, buttons, title_);
     for (QLabel* label : {told_, note_}) label->setFont(font());
     for (StatGridView* grid : {gamesView_, standingsView_}) {
       grid->SetScale(kBody * scale, kTwip * scale);
     }
-    const std::array buttons{before_, after_, next_, play_, copy_, close_};
-    SizeButtons(buttons, scale);
-    resize((QSizeF(kUsualSize) * scale).toSize().boundedTo(screen()->availableSize() * 0.9));
-    CenterForm(this, parentWidget());
+    PlaceOverBoard(*this, kUsualSize, scale);
     gamesView_->setFocus(Qt::OtherFocusReason);
   }
   QDialog::showEvent(event);

@@ -14,7 +14,7 @@
 namespace dtb {
 
 // The games of a day with what was played of them, and the standings of both worlds in the evening.
-// Made anew for each opening.
+// Created for each opening.
 class DayWindow : public QDialog {
   Q_OBJECT
  public:
@@ -34,7 +34,6 @@ class DayWindow : public QDialog {
   void BuildDays(QVBoxLayout* column);
   void BuildTables(QVBoxLayout* column);
   void BuildButtons(QVBoxLayout* column);
-  StatGridView* AddGrid(const char* name, const QString& accessibleName, StatGrid& grid);
 
   void ShowDay(int day);
   void Play(int row);

@@ -1,6 +1,5 @@
 #include "windows/season/games_window.h"
 
-#include <QScreen>
 #include <QShowEvent>
 #include <QVBoxLayout>
 #include <array>
@@ -13,8 +12,6 @@
 #include "windows/shared/bind.h"
 #include "windows/shared/buttons.h"
 #include "windows/shared/controls.h"
-#include "windows/shared/look.h"
-#include "windows/shared/scene.h"
 
 namespace dtb {
 namespace {
@@ -123,14 +120,9 @@ void GamesWindow::CountChosen() {
 }
 
 void GamesWindow::FollowBoard() {
-  const double scale = TypeScale(parentWidget());
-  setFont(look::Font(look::kBody * scale));
+  const double scale = TakeTypeOfBoard(*this, std::array{all_, none_, do_, cancel_}, title_);
   list_->setFont(font());
-  const std::array buttons{all_, none_, do_, cancel_};
-  SizeButtons(buttons, scale);
-  title_->setFont(look::Font(look::kLarge * scale, true));
-  resize((QSizeF(kUsualSize) * scale).toSize().boundedTo(screen()->availableSize() * 0.9));
-  CenterForm(this, parentWidget());
+  PlaceOverBoard(*this, kUsualSize, scale);
 }
 
 void GamesWindow::showEvent(QShowEvent* event) {

@@ -11,7 +11,7 @@
 
 namespace dtb {
 
-// Made anew for each opening; all games are chosen at first.
+// Created for each opening; all games are chosen at first.
 class GamesWindow : public QDialog {
   Q_OBJECT
  public:

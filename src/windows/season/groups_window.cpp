@@ -1,7 +1,6 @@
 #include "windows/season/groups_window.h"
 
 #include <QKeyEvent>
-#include <QScreen>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 #include <algorithm>
@@ -13,8 +12,6 @@
 #include "windows/shared/bind.h"
 #include "windows/shared/buttons.h"
 #include "windows/shared/controls.h"
-#include "windows/shared/look.h"
-#include "windows/shared/scene.h"
 
 namespace dtb {
 namespace {
@@ -261,13 +258,10 @@ bool GroupsWindow::eventFilter(QObject* watched, QEvent* event) {
 
 void GroupsWindow::showEvent(QShowEvent* event) {
   if (!event->spontaneous()) {
-    const double scale = TypeScale(parentWidget());
-    setFont(look::Font(look::kBody * scale));
+    const double scale = TakeTypeOfBoard(*this, buttons_, nullptr);
     what_->setFont(font());
     tree_->setFont(font());
-    SizeButtons(buttons_, scale);
-    resize((QSizeF(kUsualSize) * scale).toSize().boundedTo(screen()->availableSize() * 0.9));
-    CenterForm(this, parentWidget());
+    PlaceOverBoard(*this, kUsualSize, scale);
     tree_->setFocus(Qt::OtherFocusReason);
   }
   QDialog::showEvent(event);

@@ -14,7 +14,7 @@
 namespace dtb {
 
 // Groups and their teams as a tree: teams are dragged from one to another, or moved by Alt and the
-// arrow keys. Those in no group stand at its end. Made anew for each opening.
+// arrow keys. Those in no group stand at its end. Created for each opening.
 class GroupsWindow : public QDialog {
   Q_OBJECT
  public:

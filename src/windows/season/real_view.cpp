@@ -251,7 +251,7 @@ void RealView::ReadArchive(const std::optional<std::filesystem::path>& archive) 
     if (read) archive::TieSeason(*archive, browser_.platform);
   } catch (const ProgramError& failure) {
     TellMissing(QStringLiteral("The archive of this season's real games\n%1\n"
-                               "cannot be read. %2\n\nChoose it again where it lies now.")
+                               "cannot be read. %2\n\nChoose it again where it is now.")
                     .arg(name, ToQt(failure.what())));
   }
   if (read || kept_.season) return ReadSaved();

@@ -47,7 +47,7 @@ class RealView : public QWidget {
 
  signals:
   void gameWanted(const QString& id, const QString& visitors, const QString& home);
-  // Both worlds are there, or there anew.
+  // Both worlds have been read, or read again.
   void worldsRead();
 
  private:

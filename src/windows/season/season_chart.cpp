@@ -4,9 +4,9 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
-#include <array>
 
 #include "platform/qt/qt_text.h"
+#include "season/standings_drawing.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/look.h"
 
@@ -192,10 +192,7 @@ void DrawMonths(QPainter& painter, const PlotScale& scale, const std::vector<Mon
 }
 
 QColor LineColour(int colour) {
-  static constexpr std::array<QColor, kLineColours> kColours{
-      QColor(240, 165, 30), QColor(96, 190, 245),  QColor(30, 185, 140), QColor(240, 228, 66),
-      QColor(240, 110, 60), QColor(220, 145, 195), QColor(243, 233, 210)};
-  return kColours.at(colour);
+  return look::Shade(kLineColoursOnDark.at(static_cast<std::size_t>(colour)));
 }
 
 QPen LinePen(const LineLook& look, double width) {

@@ -40,7 +40,7 @@ class SeasonChart : public QWidget {
   virtual void Choose(int /*mark*/) {}
   virtual void DrawLit(QPainter& painter, int mark);
 
-  // Other figures: the picture is painted anew, and no mark is lit. The words are all that the
+  // Other figures: the picture is repainted, and no mark is lit. The words are all that the
   // picture shows.
   void SetWords(const QString& words);
   // The same figures in another look.

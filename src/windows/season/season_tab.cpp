@@ -216,7 +216,7 @@ QWidget* SeasonTab::BuildScores() {
   sides->addLayout(left, 1);
   runs_ = new SeasonBars("pic_Runs", QStringLiteral("How often a team scored so many runs"));
   runsByMonth_ =
-      new SeasonBars("pic_RunsByMonth", QStringLiteral("Runs a game, both teams, by month"));
+      new SeasonBars("pic_RunsByMonth", QStringLiteral("Runs per game, both teams, by month"));
   left->addWidget(runs_, 1);
   left->addWidget(runsByMonth_, 1);
   finals_ = new SeasonFinals;
@@ -289,7 +289,7 @@ void SeasonTab::ShowScores() {
     const double mean = month.runs / month.games;
     const QString figure = ToQt(RoundedQuotient(month.runs, month.games, 2));
     bars.push_back({ToQt(month.month), mean, figure,
-                    QStringLiteral("%1: %2 runs a game in %3")
+                    QStringLiteral("%1: %2 runs per game in %3")
                         .arg(ToQt(month.month), figure, ToQt(Counted(month.games, "game")))});
   }
   runsByMonth_->SetBars(std::move(bars));

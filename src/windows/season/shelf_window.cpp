@@ -4,6 +4,7 @@
 #include "windows/boxes/busy.h"
 #include "windows/season/pages_writing.h"
 #include "windows/shared/bind.h"
+#include "windows/shared/buttons.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/scene.h"
 
@@ -75,18 +76,18 @@ void ShelfWindow::BuildButtons() {
           CopySelectedSeasonOut);
   AddWish(strip, "cmd_PutAway", "Put away...", "Takes it off the shelf; its file is kept",
           PutSelectedSeasonAway);
-  connect(frame_.AddButton(strip, "cmd_Book", "The book of all seasons...",
-                           "Writes champions, leaders, records and careers of all seasons as "
-                           "web pages into Game Rpts"),
+  connect(AddButton(strip, "cmd_Book", "The book of all seasons...",
+                    "Writes champions, leaders, records and careers of all seasons as "
+                    "web pages into Game Rpts"),
           &QPushButton::clicked, this, [this] { WriteBookOfSeasons(desk_.platform, this); });
   strip->addStretch();
-  connect(frame_.AddButton(strip, "cmd_CloseShelf", "Close"), &QPushButton::clicked, this,
+  connect(AddButton(strip, "cmd_CloseShelf", "Close"), &QPushButton::clicked, this,
           &QDialog::accept);
 }
 
 void ShelfWindow::AddWish(QBoxLayout* strip, const char* name, const char* caption, const char* tip,
                           void (*wish)(ShelfDesk&)) {
-  connect(frame_.AddButton(strip, name, caption, tip), &QPushButton::clicked, this,
+  connect(AddButton(strip, name, caption, tip), &QPushButton::clicked, this,
           [this, wish] { Do(wish); });
 }
 

@@ -58,17 +58,6 @@ QLabel* TableFrame::AddText(const char* name, Field<std::string>& text) {
   return label;
 }
 
-QPushButton* TableFrame::AddButton(QBoxLayout* strip, const char* name, const char* caption,
-                                   const char* tip) {
-  auto* button = new QPushButton(QLatin1String(caption));
-  Name(button, name, QLatin1String(caption));
-  button->setToolTip(QLatin1String(tip));
-  button->setAutoDefault(false);
-  button->setFocusPolicy(Qt::TabFocus);
-  strip->addWidget(button);
-  return button;
-}
-
 void TableFrame::Fit() { FitAtLaunch(&window_, resizer_, 0); }
 
 void TableFrame::Resize() {

@@ -34,9 +34,6 @@ class TableFrame {
                         StatGrid& grid, int share = 1);
   // A text in lines as wide as the column; "" takes one line.
   QLabel* AddText(const char* name, Field<std::string>& text);
-  // A button that a click leaves without the focus.
-  QPushButton* AddButton(QBoxLayout* strip, const char* name, const char* caption,
-                         const char* tip = "");
 
   // The last of the window's constructor: its size, as it fits on the screen.
   void Fit();

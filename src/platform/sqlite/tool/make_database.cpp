@@ -22,7 +22,7 @@ void MakeDatabase(const std::filesystem::path& schema, const std::filesystem::pa
   const std::string text{std::istreambuf_iterator<char>(stream), {}};
   if (text.empty()) throw std::runtime_error(schema.string() + " cannot be read");
 
-  // Made under another name, so that no half database ever bears the right one.
+  // Made under another name, so that no half database ever has the right one.
   dtb::FileBeside beside(file, "database");
   SQLite::Database(beside.path().string(), SQLite::OPEN_READWRITE)
       .exec("BEGIN; " + text + " COMMIT;");

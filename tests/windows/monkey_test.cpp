@@ -96,6 +96,9 @@ class Monkey : public Driver {
       }
       NoteOutOfTurn();
     });
+    // The guard before an outcome may put a runner at bat within the same step.
+    state_.BatterOf.Observe([this] { NoteOutOfTurn(); });
+    state_.lbl_Selected.Observe([this] { NoteOutOfTurn(); });
     table.dialogs.report = PathOfFile(table.folder.filePath("Report.html"));
     state_.lbl_PhotoPath.Set(FromQt(table.folder.path()));
     form1_.constantTimer().stop();

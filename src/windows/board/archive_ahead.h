@@ -9,7 +9,8 @@
 
 namespace dtb {
 
-// A thread reads it, so that neither the start nor a click waits. What is gone, broken or far too
+// A thread reads it, so that neither the start nor a click waits; what it read is kept, and told,
+// in the thread of the windows, to which all operations belong. What is gone, broken or far too
 // large is passed over in silence; the windows that need it tell.
 class ArchiveAhead : public QObject {
   Q_OBJECT

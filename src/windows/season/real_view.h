@@ -18,7 +18,7 @@
 namespace dtb {
 
 // Reads the archive once it is shown, if the program has not read it yet, and says where it is
-// gone.
+// gone. A thread of its own reads what the season's figures lack, and shows nothing itself.
 class RealView : public QWidget {
   Q_OBJECT
  public:

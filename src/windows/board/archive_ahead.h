@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "archive/kept_season.h"
+#include "windows/shared/hand_over.h"
 
 namespace dtb {
 
@@ -34,7 +35,8 @@ class ArchiveAhead : public QObject {
   const Platform& platform_;
   archive::KeptSeason& kept_;
   QTimer soon_;
-  int reading_ = 0;      // counts them
+  int reading_ = 0;  // counts them
+  HandOver handOver_;
   std::jthread reader_;  // the last member
 };
 

@@ -14,6 +14,7 @@
 #include "real/use.h"
 #include "windows/season/real_charts.h"
 #include "windows/season/use_table.h"
+#include "windows/shared/hand_over.h"
 
 namespace dtb {
 
@@ -106,6 +107,7 @@ class RealView : public QWidget {
   QLabel* headline_ = nullptr;
   QLabel* note_ = nullptr;
   QLabel* useNote_ = nullptr;
+  HandOver handOver_;
   std::jthread reader_;  // the last of the logic's members, so that the others outlive it
 };
 

@@ -15,7 +15,8 @@
 
 namespace dtb::archive {
 
-// The season that was read last, and what was chosen in it; lasts as long as the program runs.
+// The season that was read last, and what was chosen in it; lasts as long as the program runs. It
+// belongs to the thread of the windows; to another one the season alone is handed.
 struct KeptSeason {
   std::shared_ptr<const Season> season;  // none: nothing is read
   std::string archive;                   // the name of its file or folder

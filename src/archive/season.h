@@ -1,4 +1,5 @@
-// What an archive holds once it is read: clubs, their players with figures, and games.
+// What an archive holds once it is read: clubs, their players with figures, and games. It does not
+// change then, so any thread may look at it.
 #pragma once
 
 #include <array>

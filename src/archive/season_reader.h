@@ -1,4 +1,5 @@
-// Reads the archive of a season.
+// Reads the archive of a season. Any thread may do it, with an archive of its own; `goOn` is called
+// there.
 #pragma once
 
 #include <optional>

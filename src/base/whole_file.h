@@ -1,5 +1,5 @@
 // Files of the person, written whole or not at all, and read whole: the one way in which the
-// program writes a file. Any thread may write, but two never the same file at a time.
+// program writes a file. Any thread may read and write, but two never the same file at a time.
 #pragma once
 
 #include <cstddef>

@@ -108,7 +108,7 @@ class DatabaseChange : public DatabaseReader {
 // change in progress. Nothing here creates the file or replaces it. All errors are ProgramErrors
 // that say in plain words what is wrong, with the file's path: DatabaseOutOfReach where no other
 // statement would fare better. Several threads may run queries at a time, each into a sink of its
-// own.
+// own, also while the thread of the windows saves or changes something; all else belongs to that.
 //
 // A table that lacks a column, or the whole of it, reads as if it stood there without values, and
 // columns of another type read in their own: what is there can be shown. A save needs them all.

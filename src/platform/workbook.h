@@ -62,7 +62,8 @@ class WorkbookWriter {
   [[nodiscard]] virtual std::size_t shortened() const = 0;
 
   // Writes the file and moves it into its place. Calls `meanwhile` once and then again and again
-  // until that is done; where it returns false the file is thrown away, and so is the result.
+  // until that is done; where it returns false the file is thrown away, and so is the result. What
+  // `meanwhile` does must not touch this workbook, which another thread packs.
   // Throws ProgramError where the file cannot be written, in words that name it.
   [[nodiscard]] virtual bool Finish(const std::function<bool()>& meanwhile) = 0;
 };

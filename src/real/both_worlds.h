@@ -24,7 +24,8 @@ struct BothWorlds {
   [[nodiscard]] bool Compares(int team) const { return clubs[team] != kNoClub; }
 };
 
-// A team is compared with the club from which the board would make a team of that name.
+// A team is compared with the club from which the board would make a team of that name. Any thread
+// may call it.
 [[nodiscard]] BothWorlds PairWorlds(std::shared_ptr<const SeasonFigures> replayed,
                                     std::shared_ptr<const archive::Season> archive,
                                     archive::NameForm names = archive::NameForm::FirstLast);

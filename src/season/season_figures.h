@@ -55,6 +55,7 @@ struct SeasonPlayer {
   }
 };
 
+// Threads share them once they are read, and nobody changes them then.
 struct SeasonFigures {
   // In the order in which they were played. Those without a time come last, as they were stored.
   std::vector<SeasonGame> games;

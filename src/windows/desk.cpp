@@ -178,10 +178,8 @@ void Desk::KeepGame() {
 void Desk::ServeRecovery() {
   // After all windows, which may add to what a step changes.
   history_.Observe([this] { KeepGame(); });
-  store_.OnFailure([this](const std::string& why) {
-    QMetaObject::invokeMethod(
-        form1_.get(), [this, why] { TellNotKept(why); }, Qt::QueuedConnection);
-  });
+  store_.OnFailure(
+      [this](const std::string& why) { handOver_.Give([this, why] { TellNotKept(why); }); });
 }
 
 void Desk::TellNotKept(const std::string& why) {

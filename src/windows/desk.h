@@ -23,6 +23,7 @@
 #include "windows/board/board_window.h"
 #include "windows/boxes/window_boxes.h"
 #include "windows/browser/busy_old_database.h"
+#include "windows/shared/hand_over.h"
 
 namespace dtb {
 
@@ -88,6 +89,7 @@ class Desk {
   Board board_{state_, sheet_, log_, platform_, &history_};
   AidsState aidsState_;
   Aids aids_{aidsState_, platform_};
+  HandOver handOver_;
   QtRecoveryStore store_;
   std::string noSeason_;  // why the season that was used last is not in use
   bool keepsGame_;        // else it has games that are set aside alone

@@ -1,4 +1,5 @@
-// Pictures from files, decoded once.
+// Pictures from files, decoded once. Any thread may decode one; what is remembered belongs to the
+// thread of the windows.
 #pragma once
 
 #include <QImage>

@@ -19,8 +19,6 @@ QtRecoveryStore::QtRecoveryStore(const QString& file)
   // However long a game takes, its program has the file; that of a dead one is free at once.
   lock_.setStaleLockTime(0);
   Lock();
-  writer_.setMaxThreadCount(1);
-  writer_.setExpiryTimeout(-1);
   if (mine()) RemoveHalfWritten();
 }
 
@@ -42,8 +40,6 @@ void QtRecoveryStore::RemoveHalfWritten() const {
   }
 }
 
-QtRecoveryStore::~QtRecoveryStore() { writer_.waitForDone(); }
-
 std::optional<std::string> QtRecoveryStore::Load() {
   // A full disk takes no lock, but a game that was kept can be read all the same.
   return takenByAnother() ? std::nullopt : ReadWholeFile(File());
@@ -55,29 +51,34 @@ void QtRecoveryStore::Keep(std::string bytes, bool gestureGoesOn) {
     if (!mine()) return Fail("its folder takes no file, or the disk is full");
   }
   if (!mine()) return;
-  {
-    const std::lock_guard lock(waitingGuard_);
-    if (gestureGoesOn && writing_) {
-      waiting_ = std::move(bytes);
-      return;
-    }
+  if (!writer_.joinable()) {
+    writer_ = std::jthread([this](const std::stop_token& stop) { WriteWaiting(stop); });
   }
-  writer_.waitForDone();
-  writing_ = true;
-  writer_.start([this, bytes = std::move(bytes)]() mutable { WriteAll(std::move(bytes)); });
+  {
+    std::unique_lock lock(guard_);
+    if (!gestureGoesOn) changed_.wait(lock, [this] { return Idle(); });
+    waiting_ = std::move(bytes);
+  }
+  changed_.notify_all();
 }
 
-void QtRecoveryStore::WriteAll(std::string bytes) {
-  for (;;) {
-    Write(bytes);
-    const std::lock_guard lock(waitingGuard_);
-    if (!waiting_) {
-      writing_ = false;
-      return;
-    }
-    bytes = std::move(*waiting_);
+void QtRecoveryStore::WriteWaiting(const std::stop_token& stop) {
+  std::unique_lock lock(guard_);
+  while (changed_.wait(lock, stop, [this] { return waiting_.has_value(); })) {
+    const std::string bytes = std::move(*waiting_);
     waiting_.reset();
+    writing_ = true;
+    lock.unlock();
+    Write(bytes);
+    lock.lock();
+    writing_ = false;
+    changed_.notify_all();
   }
+}
+
+void QtRecoveryStore::Wait() {
+  std::unique_lock lock(guard_);
+  changed_.wait(lock, [this] { return Idle(); });
 }
 
 void QtRecoveryStore::Write(const std::string& bytes) {
@@ -94,7 +95,7 @@ void QtRecoveryStore::Fail(const std::string& why) {
 }
 
 bool QtRecoveryStore::Safe() {
-  writer_.waitForDone();
+  Wait();
   return mine() && !failed_;
 }
 
@@ -119,14 +120,14 @@ std::string QtRecoveryStore::PutAside(const std::string& bytes, const std::strin
 }
 
 std::string QtRecoveryStore::SetAside() {
-  writer_.waitForDone();
+  Wait();
   const QString aside = FreeName({});
   // Where it cannot be moved, nothing can be written over it either.
   return FromQt(QFile::rename(file_, aside) ? aside : file_);
 }
 
 void QtRecoveryStore::Discard() {
-  writer_.waitForDone();
+  Wait();
   if (!takenByAnother()) QFile::remove(file_);
 }
 

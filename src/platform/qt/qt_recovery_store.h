@@ -3,9 +3,13 @@
 
 #include <QLockFile>
 #include <QString>
-#include <QThreadPool>
+#include <condition_variable>
 #include <functional>
 #include <mutex>
+#include <optional>
+#include <stop_token>
+#include <string>
+#include <thread>
 
 #include "base/paths.h"
 #include "platform/platform.h"
@@ -13,12 +17,13 @@
 
 namespace dtb {
 
-// One program at a time has the file; a second one with the same file keeps nothing.
+// One program at a time has the file; a second one with the same file keeps nothing. A thread of
+// its own writes; all operations belong to the thread of the windows.
 class QtRecoveryStore : public RecoveryStore {
  public:
   explicit QtRecoveryStore(const QString& file);
   // Waits until what was given last is safe.
-  ~QtRecoveryStore() override;
+  ~QtRecoveryStore() override = default;
   QtRecoveryStore(const QtRecoveryStore&) = delete;
   QtRecoveryStore& operator=(const QtRecoveryStore&) = delete;
 
@@ -29,7 +34,8 @@ class QtRecoveryStore : public RecoveryStore {
     return !mine() && lock_.error() == QLockFile::LockFailedError;
   }
 
-  // Hears why the game is not kept, once until it is kept again; in the thread that writes.
+  // Hears why the game is not kept, once until it is kept again; in the thread that writes, or
+  // within Keep. Set before the first Keep.
   void OnFailure(std::function<void(const std::string& why)> told) { told_ = std::move(told); }
 
   std::optional<std::string> Load() override;
@@ -40,7 +46,7 @@ class QtRecoveryStore : public RecoveryStore {
   std::filesystem::path File() override { return PathOf(FromQt(file_)); }
 
   // Returns when what was given last is safe.
-  void Wait() { writer_.waitForDone(); }
+  void Wait();
 
   // The program ends as the person wants it: nothing stays.
   void Discard();
@@ -52,17 +58,19 @@ class QtRecoveryStore : public RecoveryStore {
   [[nodiscard]] QString FreeName(const QString& title) const;
   void Write(const std::string& bytes);
   void Fail(const std::string& why);
-  // Writes these bytes, and then whatever waits by then.
-  void WriteAll(std::string bytes);
+  [[nodiscard]] bool Idle() const { return !waiting_ && !writing_; }
+  // The thread that writes: whatever waits, until a stop is asked for and nothing waits.
+  void WriteWaiting(const std::stop_token& stop);
 
   QString file_;
   QLockFile lock_;
-  QThreadPool writer_;  // of one thread
-  std::mutex waitingGuard_;
-  bool writing_ = false;
-  std::optional<std::string> waiting_;  // for the present write to end
   std::function<void(const std::string&)> told_;
-  bool failed_ = false;  // changed by the writer alone, or while it waits
+  bool failed_ = false;  // changed by the writer alone, or while it is idle
+  std::mutex guard_;
+  std::condition_variable_any changed_;
+  std::optional<std::string> waiting_;  // to be written
+  bool writing_ = false;
+  std::jthread writer_;  // from the first Keep on; the last member, so that the others outlive it
 };
 
 }  // namespace dtb

@@ -7,6 +7,7 @@
 
 namespace dtb {
 
+// Belongs to the thread of the windows.
 class SoundPlayer {
  public:
   enum class Voice { Once, Loop };

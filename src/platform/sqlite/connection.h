@@ -1,4 +1,5 @@
-// Connections to the database file, and its faults in plain words.
+// Connections to the database file, and its faults in plain words. Any thread may open one; it
+// belongs to that thread alone.
 #pragma once
 
 #include <SQLiteCpp/SQLiteCpp.h>

@@ -18,7 +18,8 @@ class SqliteDatabase : public Database {
                           std::chrono::milliseconds longestWait = kLongestWait)
       : file_(std::move(file)), longestWait_(longestWait) {}
 
-  // From now on it is another file. Nobody may be using it meanwhile.
+  // From now on it is another file. No thread may be using it meanwhile: whoever lets one read ends
+  // it before the person can choose another season.
   void MoveTo(std::filesystem::path file) { file_ = std::move(file); }
 
   void Run(const Statement& query, RowSink& rows) override;

@@ -56,10 +56,8 @@ void ArchiveAhead::Read() {
     auto season = ReadQuietly(platform_.archives, archive,
                               [&stop](double /*share*/) { return !stop.stop_requested(); });
     if (!season) return;
-    QMetaObject::invokeMethod(
-        this,
-        [this, number, archive, season = std::move(season)] { Keep(number, archive, season); },
-        Qt::QueuedConnection);
+    handOver_.Give(
+        [this, number, archive, season = std::move(season)] { Keep(number, archive, season); });
   });
 }
 

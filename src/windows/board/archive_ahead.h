@@ -6,10 +6,12 @@
 #include <thread>
 
 #include "archive/kept_season.h"
+#include "windows/shared/hand_over.h"
 
 namespace dtb {
 
-// A thread reads it, so that neither the start nor a click waits. What is gone, broken or far too
+// A thread reads it, so that neither the start nor a click waits; what it read is kept, and told,
+// in the thread of the windows, to which all operations belong. What is gone, broken or far too
 // large is passed over in silence; the windows that need it tell.
 class ArchiveAhead : public QObject {
   Q_OBJECT
@@ -33,7 +35,8 @@ class ArchiveAhead : public QObject {
   const Platform& platform_;
   archive::KeptSeason& kept_;
   QTimer soon_;
-  int reading_ = 0;      // counts them
+  int reading_ = 0;  // counts them
+  HandOver handOver_;
   std::jthread reader_;  // the last member
 };
 

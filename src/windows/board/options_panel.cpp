@@ -99,9 +99,8 @@ void OptionsPanel::TabInReadingOrder() {
   std::ranges::stable_sort(controls, before);
   // The head comes last: whoever enters by key stands at the first option, not at a link.
   constexpr double kHead = 32;
-  std::stable_partition(controls.begin(), controls.end(), [this](QWidget* control) {
-    return scene_.PlaceOf(control).top >= kHead;
-  });
+  std::stable_partition(controls.begin(), controls.end(),
+                        [this](QWidget* control) { return scene_.PlaceOf(control).top >= kHead; });
   for (qsizetype i = 1; i < controls.size(); ++i) setTabOrder(controls[i - 1], controls[i]);
 }
 

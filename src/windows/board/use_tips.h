@@ -13,7 +13,8 @@
 
 namespace dtb {
 
-// Knows it once the program has read the archive of the season in use.
+// Knows it once the program has read the archive of the season in use. All operations belong to the
+// thread of the windows; another one reads the saved games.
 class UseTips {
  public:
   UseTips(Board& board, const archive::KeptSeason& kept) : board_(board), kept_(kept) {}

@@ -116,7 +116,7 @@ void BoxWindow::ReadBefore() {
       ShowText();
       if (!fault.empty()) Tell(QStringLiteral("The figures of the season cannot be read."));
     };
-    QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
+    handOver_.Give(show);
   });
 }
 

@@ -11,6 +11,7 @@
 #include "game/board.h"
 #include "record/box_score.h"
 #include "record/season_to_date.h"
+#include "windows/shared/hand_over.h"
 
 namespace dtb {
 
@@ -60,6 +61,7 @@ class BoxWindow : public QDialog {
   QPushButton* copy_ = nullptr;
   QPushButton* day_ = nullptr;
   QPushButton* close_ = nullptr;
+  HandOver handOver_;
   std::jthread reading_;  // the last member, so that the others outlive it
 };
 

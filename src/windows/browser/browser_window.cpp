@@ -136,8 +136,7 @@ BrowserWindow::BrowserWindow(Platform& platform, archive::KeptSeason& kept, QWid
       resizer_(kWidth, kHeight),
       SSTab1_(new QTabWidget(this)) {
   // Tables are read while the window is built.
-  opening_.ReadBehind(
-      [this] { QMetaObject::invokeMethod(this, &BrowserWindow::Settle, Qt::QueuedConnection); });
+  opening_.ReadBehind([this] { handOver_.Give([this] { Settle(); }); });
   setObjectName(QStringLiteral("Form4"));
   setWindowTitle(QLatin1String(kBrowserTitle) + ToQt(SeasonInTitle(platform)));
   Name(SSTab1_, "SSTab1", QStringLiteral("Tables of the database"));

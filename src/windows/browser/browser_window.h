@@ -19,6 +19,7 @@
 #include "windows/browser/bracket_view.h"
 #include "windows/browser/no_match.h"
 #include "windows/season/season_tab.h"
+#include "windows/shared/hand_over.h"
 #include "windows/shared/stat_grid_view.h"
 
 namespace dtb {
@@ -97,6 +98,7 @@ class BrowserWindow : public QDialog {
   BrowserState state_;
   Browser browser_;
   archive::KeptSeason& kept_;
+  HandOver handOver_;
   Opening opening_;
   bool settled_ = false;
   std::optional<BusyPointer> busy_;

@@ -285,7 +285,7 @@ void RealView::ReadSaved() {
           ShowWorlds();
           if (!fault.empty()) TellQueryFailure(browser_, fault);
         };
-        QMetaObject::invokeMethod(this, std::move(show), Qt::QueuedConnection);
+        handOver_.Give(std::move(show));
       });
 }
 

@@ -14,11 +14,12 @@
 #include "real/use.h"
 #include "windows/season/real_charts.h"
 #include "windows/season/use_table.h"
+#include "windows/shared/hand_over.h"
 
 namespace dtb {
 
 // Reads the archive once it is shown, if the program has not read it yet, and says where it is
-// gone.
+// gone. A thread of its own reads what the season's figures lack, and shows nothing itself.
 class RealView : public QWidget {
   Q_OBJECT
  public:
@@ -106,6 +107,7 @@ class RealView : public QWidget {
   QLabel* headline_ = nullptr;
   QLabel* note_ = nullptr;
   QLabel* useNote_ = nullptr;
+  HandOver handOver_;
   std::jthread reader_;  // the last of the logic's members, so that the others outlive it
 };
 

@@ -410,7 +410,7 @@ void SeasonTab::ReadChosen() {
           games_->SetOutings(season, subject, std::move(outings));
           if (!fault.empty()) TellQueryFailure(browser_, fault);
         };
-        QMetaObject::invokeMethod(this, std::move(show), Qt::QueuedConnection);
+        handOver_.Give(std::move(show));
       });
 }
 

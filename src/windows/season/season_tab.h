@@ -18,6 +18,7 @@
 #include "windows/season/season_leader_board.h"
 #include "windows/season/season_score_charts.h"
 #include "windows/season/standings_view.h"
+#include "windows/shared/hand_over.h"
 #include "windows/shared/stat_grid_view.h"
 
 namespace dtb {
@@ -117,7 +118,8 @@ class SeasonTab : public QWidget {
   SeasonFinals* finals_ = nullptr;
   RealView* real_ = nullptr;
   QLabel* note_ = nullptr;  // what is to be known of all of it
-  std::jthread reading_;    // the last of the logic's members, so that the others outlive it
+  HandOver handOver_;
+  std::jthread reading_;  // the last of the logic's members, so that the others outlive it
 };
 
 }  // namespace dtb

@@ -218,6 +218,16 @@ TEST(Scorecard, IsDrawnWholeAndLegibleWhateverTheGame) {
       EXPECT_TRUE(IsWellFormed(SvgFile(pages, dress)));
     }
   }
+  // Whichever inning has two columns, it has one head: it is not torn apart.
+  const auto heads = [](const Scorecard& drawn) {
+    return std::ranges::count_if(TextsOf(DrawScorecard(drawn, kA4Landscape)),
+                                 [](const DrawnText& text) { return text.bold && text.size == 9; });
+  };
+  for (int inning = 1; inning <= 20; ++inning) {
+    Scorecard wide = card;
+    wide.columns.insert(wide.columns.begin() + inning, {inning, 1});
+    EXPECT_EQ(heads(wide), heads(card)) << inning;
+  }
 }
 
 }  // namespace

@@ -214,6 +214,9 @@ TEST(Scorecard, IsDrawnWholeAndLegibleWhateverTheGame) {
       EXPECT_TRUE(text.at.y > 20 && text.at.y < page.height - 20) << text.text;
       EXPECT_GE(text.size, 6.5) << text.text;
     }
+    const auto tellsMore = [](const DrawnText& text) { return text.text.starts_with("and "); };
+    EXPECT_EQ(std::ranges::count_if(TextsOf(pages), tellsMore), 2)
+        << "of the pitchers, once a page";
     for (const Dress dress : {Dress::Look, Dress::Paper}) {
       EXPECT_TRUE(IsWellFormed(SvgFile(pages, dress)));
     }

@@ -27,8 +27,11 @@ ROOT = Path(__file__).resolve().parent.parent
 BROAD_HEADERS = 40  # files of the logic that include one: a break in it builds nearly all anew
 BUILD_SECONDS = 900
 TEST_SECONDS = 240
+LONG_TEST_SECONDS = 900
 MEMORY_BYTES = 4 << 30  # what a break may take
 LONG_TESTS = "EveryGame*:Pieces.AreNeverOutOfReach"
+# All real games of the archive that the tree holds, again and again.
+REAL_GAMES_TESTS = "BothWorlds*:*RealGames*"
 # What kills and spoils looks at the storage, and takes long.
 STORAGE_TESTS = "*Kills*:OldDatabaseTest*:HostileDatabase*:TwoBoards*"
 
@@ -163,13 +166,15 @@ def run(command, seconds, environment=None, limit=None):
 def tests(build):
     """What is built, its name in the table and the command; quickest first.
 
-    The random click sequences and the long walks of the core come last.
+    The random click sequences, the long walks of the core and the real games come last.
     """
     games = ROOT / "tests" / "games"
     scripts = sorted(str(folder) for folder in games.iterdir() if folder.is_dir())
     core = build / "dtb_core_tests"
+    plays = build / "dtb_plays_tests"
     yield core.name, "core", [core, f"--gtest_filter=-{LONG_TESTS}"]
-    yield "dtb_season_tests", "seasons", [build / "dtb_season_tests"]
+    yield "dtb_archive_tests", "archive", [build / "dtb_archive_tests"]
+    yield plays.name, "plays", [plays, f"--gtest_filter=-{REAL_GAMES_TESTS}"]
     yield "dtb_replay", "replay", [build / "dtb_replay", *scripts]
     yield "dtb_database_tests", "database", [build / "dtb_database_tests",
                                             f"--gtest_filter=-{STORAGE_TESTS}"]
@@ -177,6 +182,7 @@ def tests(build):
     yield "dtb_replay", "scripts", ["ctest", "--test-dir", build, "-R", "replay_",
                                     "--stop-on-failure"]
     yield core.name, "core, long", [core, f"--gtest_filter={LONG_TESTS}"]
+    yield plays.name, "plays, long", [plays, f"--gtest_filter={REAL_GAMES_TESTS}"]
 
 
 def complaint(name, code, output):
@@ -202,7 +208,8 @@ def who_notices(build, jobs):
         make = ["cmake", "--build", build, "--target", target, "--", f"-j{jobs}"]
         if run(make, BUILD_SECONDS)[0] != 0:
             return False
-        code, output = run(command, TEST_SECONDS, environment, limit_memory)
+        seconds = LONG_TEST_SECONDS if name.endswith("long") else TEST_SECONDS
+        code, output = run(command, seconds, environment, limit_memory)
         if code != 0:
             return complaint(name, code, output)
     return None

@@ -1,4 +1,4 @@
-// The scorecard: what stands in the boxes, and the drawing as SVG.
+// The scorecard: what stands in the boxes, and the drawing as SVG; the story of the same plays.
 #include "record/scorecard.h"
 
 #include <gtest/gtest.h>
@@ -9,6 +9,7 @@
 
 #include "record/drawing_svg.h"
 #include "record/scorecard_drawing.h"
+#include "record/story.h"
 
 namespace dtb {
 namespace {
@@ -214,10 +215,58 @@ TEST(Scorecard, IsDrawnWholeAndLegibleWhateverTheGame) {
       EXPECT_TRUE(text.at.y > 20 && text.at.y < page.height - 20) << text.text;
       EXPECT_GE(text.size, 6.5) << text.text;
     }
+    const auto tellsMore = [](const DrawnText& text) { return text.text.starts_with("and "); };
+    EXPECT_EQ(std::ranges::count_if(TextsOf(pages), tellsMore), 2)
+        << "of the pitchers, once a page";
     for (const Dress dress : {Dress::Look, Dress::Paper}) {
       EXPECT_TRUE(IsWellFormed(SvgFile(pages, dress)));
     }
   }
+  // Whichever inning has two columns, it has one head: it is not torn apart.
+  const auto heads = [](const Scorecard& drawn) {
+    return std::ranges::count_if(TextsOf(DrawScorecard(drawn, kA4Landscape)),
+                                 [](const DrawnText& text) { return text.bold && text.size == 9; });
+  };
+  for (int inning = 1; inning <= 20; ++inning) {
+    Scorecard wide = card;
+    wide.columns.insert(wide.columns.begin() + inning, {inning, 1});
+    EXPECT_EQ(heads(wide), heads(card)) << inning;
+  }
+}
+
+// A half-inning is summed up once it is over, and the next one begins at nothing.
+TEST(Story, TellsPlaysAndSumsUpHalves) {
+  GameRecord game =
+      GameInWords(
+          "A:BB:A01 B:HR:A14:B04 =y C:1B:C01 D:DP:C15:D05 E:K:E05 / F:HP:F01 G:GO:G05 "
+          "H:GO:H05 I:K:I05 / ~A:2B")
+          .game();
+  game.side(Side::Visitors).team = "Owls";
+  game.side(Side::Home).team = "Elks";
+  std::string told;
+  for (const StoryHalf& half : StoryOf(game).halves) {
+    told += half.title + '\n';
+    for (const std::string& sentence : half.sentences) told += sentence + '\n';
+    told += half.summary + '\n';
+  }
+  EXPECT_EQ(told, R"(Top of the 1st, Owls at bat, x pitching
+A walks.
+B homers, A scores from first.
+y relieves x.
+C singles.
+D hits into a double play, C is out on the bases. Two out.
+E strikes out. Three out.
+2 runs, 2 hits, nobody left on base. Owls 2, Elks 0.
+Top of the 2nd, Owls at bat, y pitching
+F takes first without an at-bat.
+G grounds out. One out.
+H grounds out. Two out.
+I strikes out. Three out.
+No runs, no hits, 1 left on base. Owls 2, Elks 0.
+Top of the 3rd, Owls at bat, y pitching
+A doubles.
+
+)");
 }
 
 }  // namespace

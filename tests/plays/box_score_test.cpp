@@ -7,18 +7,34 @@
 namespace dtb::plays {
 namespace {
 
-BoxScore BoxOf(const GameRecord& record) {
+BoxScore BoxOf(GameRecord record) {
+  record.over = true;  // once saved, also one of seven innings
   SeasonToDate season;
   season.Add(record);
   return BoxScoreOf(record, season);
 }
 
+constexpr int kBoth = -1;
+
 std::string SumOf(const GameScript& script, int side, const char* kind, const char* what) {
   double sum = 0;
   for (const auto& [figure, value] : script.board) {
-    if (figure.side == side && figure.kind == kind && figure.what == what) sum += value;
+    if (side != kBoth && figure.side != side) continue;
+    if (figure.kind == kind && figure.what == what) sum += value;
   }
   return DecimalText(sum);
+}
+
+// What a note counts over both teams: "Judge 2, Voit" is 3.
+std::string CountOf(const BoxScore& box, const std::string& what) {
+  const auto note = std::ranges::find(box.notes, what, &BoxNote::what);
+  std::istringstream counts(note == box.notes.end() ? "" : note->text);
+  int sum = 0;
+  for (std::string count; std::getline(counts, count, ',');) {
+    const std::size_t digits = count.find_last_not_of("0123456789") + 1;
+    sum += digits == count.size() ? 1 : std::stoi(count.substr(digits));
+  }
+  return std::to_string(sum);
 }
 
 // No line is wider than the page, and the sums are those of a second model.
@@ -47,6 +63,11 @@ TEST(BoxText, OfRealGamesFitsThePageAndTheFigures) {
       double earned = 0;
       for (const BoxRow& row : pitching.rows) earned += NumberOf(row.cells.at(3));
       EXPECT_EQ(DecimalText(earned), SumOf(script, side, "PITCHING", "ER"));
+    }
+    for (const auto& [note, kind, what] : {std::tuple{"LOB", "BATTING", "LOB"},
+                                           {"Team LOB", "LEFT", ""},
+                                           {"GIDP", "BATTING", "DP"}}) {
+      EXPECT_EQ(CountOf(box, note), SumOf(script, kBoth, kind, what)) << note;
     }
   }
 }

@@ -44,7 +44,7 @@ inline constexpr std::array<Colour, kLineColours> kLineColoursOnDark{{{240, 165,
                                                                       {240, 110, 60},
                                                                       {220, 145, 195},
                                                                       {243, 233, 210}}};
-// They as a rule of a style sheet.
+// The same colours, as a rule of a style sheet.
 [[nodiscard]] std::string LineColoursOnDark();
 
 // A piece of the line of the team that stands at this place of its group.

@@ -339,6 +339,16 @@ TEST(Remarks, FollowTheForm) {
       {"{era} {nothing", "{era} {nothing"},
       {"", ""}};
   for (const auto& [form, remark] : batting) EXPECT_EQ(Remark(form, man, "SS", false), remark);
+  for (const auto& [steals, triples, speed] : {std::tuple{4, 0, "speed AA"},
+                                               {3, 0, "speed A"},
+                                               {2, 0, "speed A"},
+                                               {1, 2, "speed A"},
+                                               {1, 1, ""}}) {
+    Man runner = man;
+    runner.batting.stolenBases = steals;
+    runner.batting.triples = triples;
+    EXPECT_EQ(Remark("{speed}", runner, "SS", false), speed) << steals << ", " << triples;
+  }
   EXPECT_EQ(Remark("{throws} {ip} {h} {bb} {k} {era}{few} {role}", man, "P", true),
             "L 10.1 9 3 12 3.48? relief");
   EXPECT_EQ(Remark("{avg}{few} {obp} {at}", Man{}, "", false), ".--- .---");

@@ -176,7 +176,7 @@ TEST(ExportNamesTest, EveryFileSystemTakesThem) {
                                           {"St. Louis. .", "St. Louis"},
                                           {"...", ""},
                                           {"con", "_con"},
-                                          {"Aux .1960", "_Aux .1960"},
+                                          {"aux .1960", "_aux .1960"},
                                           {"LPT1.", "_LPT1"},
                                           {"COM12", "COM12"},
                                           {"bad \xFF\xED\xA0\x80 bytes", "bad ____ bytes"},

@@ -92,6 +92,9 @@ void PlaceBatterPhoto(Board& board, const std::string& name) {
     // A runner who is named out of turn has one.
     if (PieceOf(board.state, name)) return;
     if (std::ranges::none_of(pieces, &GamePiece::free)) FreeIdlePiece(board.state);
+    // One whose player was taken off, whose photo waits for a reset, is as good as any other.
+    const auto free = std::ranges::find_if(pieces, &GamePiece::free);
+    if (free != pieces.end()) free->store.Set({});
   }
   const auto piece =
       std::find_if(pieces.begin(), pieces.end(), [](const GamePiece& p) { return p.free(); });

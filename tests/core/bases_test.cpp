@@ -1,5 +1,6 @@
 // The board keeps the bases: who moves by himself, who is moved, and who gets what for a run.
 #include "fake_platform.h"
+#include "game/game_pieces.h"
 
 namespace dtb {
 namespace {
@@ -153,6 +154,12 @@ keep:on BB reset: BB => B:B C:C : :
 keep:on BB bat:v0 => A:A B: : :
 BB BB BB keep:on on:J1 => J:J B:B C:C D:D
 )");
+  // One whose player was taken off is free for them, too, though its photo waits for a reset.
+  Game game;
+  game.Play("photo:B BB BB");
+  TakeOffBoard(game.board, "B");
+  game.Play("BB keep:on BB");
+  for (const char* name : {"D", "E"}) EXPECT_TRUE(PieceOf(game.state, name)) << name;
 }
 
 // A reserve with whom the half-inning begins has a run that is saved with him.

@@ -21,7 +21,8 @@ set(levels
 set(allowed
   "game/start_up.cpp teams"
   "game/new_game.cpp teams"
-  "platform/jet database")
+  "platform/jet database"
+  "platform/sqlite/jet database")
 
 set(height 0)
 foreach(rooms IN LISTS levels)

@@ -6,7 +6,7 @@
 #include "base/paths.h"
 #include "base/program_error.h"
 #include "database/old_database.h"
-#include "platform/jet/jet_database.h"
+#include "platform/sqlite/jet/jet_database.h"
 
 namespace dtb::replay {
 

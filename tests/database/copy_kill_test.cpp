@@ -6,7 +6,7 @@
 #include <unistd.h>
 
 #include "copies_test.h"
-#include "platform/jet/jet_database.h"
+#include "platform/sqlite/jet/jet_database.h"
 #include "soak_settings.h"
 
 namespace {

@@ -6,8 +6,8 @@
 
 #include "copies_test.h"
 #include "jet_maker.h"
-#include "platform/jet/jet_database.h"
 #include "platform/jet/jet_rows.h"
+#include "platform/sqlite/jet/jet_database.h"
 
 namespace dtb {
 namespace {

@@ -3,7 +3,7 @@
 // die of it, and we never do.
 #include "base/program_error.h"
 #include "fuzz.h"
-#include "platform/jet/jet_database.h"
+#include "platform/sqlite/jet/jet_database.h"
 
 using namespace dtb;
 using namespace dtb::fuzz;

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/jet/jet_database.h"
+#include "platform/sqlite/jet/jet_database.h"
 #include "windows/boxes/busy.h"
 
 namespace dtb {

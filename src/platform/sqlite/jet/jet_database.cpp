@@ -1,4 +1,4 @@
-#include "platform/jet/jet_database.h"
+#include "platform/sqlite/jet/jet_database.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>

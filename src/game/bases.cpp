@@ -90,14 +90,10 @@ void AddMove(Play& play, Move move) {
   if (before->from == before->to) play.moves.erase(before);
 }
 
-// The piece is free for the next player, with or without a photo; only its name stays.
 void ReleasePiece(BoardState& state, const std::string& name) {
-  const auto piece = PieceOf(state, name);
-  if (!piece) return;
-  GamePiece& released = state.pieces.at(static_cast<std::size_t>(*piece));
-  released.picture.Set({});
-  released.plate.Set("");
-  released.store.Set({});
+  if (const auto piece = PieceOf(state, name)) {
+    EmptyPiece(state.pieces.at(static_cast<std::size_t>(*piece)));
+  }
 }
 
 void ShowOnTracker(BoardState& state) {

@@ -72,9 +72,7 @@ void FreeIdlePiece(BoardState& state) {
   for (GamePiece& piece : state.pieces) {
     const std::string& name = piece.tag.value();
     if (BaseOf(state, name) > 0 || (bats && name == state.lbl_Selected.value())) continue;
-    piece.picture.Set({});
-    piece.plate.Set("");
-    piece.store.Set({});
+    EmptyPiece(piece);
     return;
   }
 }
@@ -107,6 +105,20 @@ void PlaceBatterPhoto(Board& board, const std::string& name) {
   piece->store.Set(*photo);
   piece->picture.Set(*photo);
   piece->tag.Set(name);
+}
+
+void EmptyPiece(GamePiece& piece) {
+  piece.picture.Set({});
+  piece.plate.Set("");
+  piece.store.Set({});
+}
+
+void LeaveOnePieceEach(BoardState& state) {
+  for (std::size_t i = 0; i < state.pieces.size(); ++i) {
+    GamePiece& piece = state.pieces[i];
+    if (!piece.free() && PieceOf(state, piece.tag.value()) != static_cast<int>(i))
+      EmptyPiece(piece);
+  }
 }
 
 void TakeOffBoard(Board& board, const std::string& name) {

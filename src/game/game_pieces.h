@@ -13,8 +13,15 @@ namespace dtb {
 
 // Puts a player on the first free piece: his photo, or a name plate where there is none. With no
 // piece free nothing changes. While the board keeps the bases, a player who has a piece stays on
-// it, and with no piece free he takes that of somebody who is neither at bat nor on a base.
+// it, a piece whose store still keeps a photo is free as well, and with no piece free he takes that
+// of somebody who is neither at bat nor on a base.
 void PlaceBatterPhoto(Board& board, const std::string& name);
+
+// The piece is free for the next player, with or without a photo; only its tag stays.
+void EmptyPiece(GamePiece& piece);
+
+// Empties all pieces but the first of each name, since a runner on the bases has one.
+void LeaveOnePieceEach(BoardState& state);
 
 // Empties box and plate of every piece whose tag is this name. The tags stay.
 void TakeOffBoard(Board& board, const std::string& name);
@@ -26,8 +33,7 @@ void FreePiece(Board& board, int piece);
 void ClearPlate(Board& board, int piece);
 
 // Empties all pieces and puts them back on their start places; the tags stay. Nobody is on base
-// then. The totals of
-// the line score are brought up to date.
+// then. The totals of the line score are brought up to date.
 void ResetGamePieces(Board& board);
 
 // Puts the middle of a piece at a place of the scene, in layout units. A strip of the

@@ -5,6 +5,7 @@
 #include "base/program_error.h"
 #include "base/settings_keys.h"
 #include "game/bases.h"
+#include "game/game_pieces.h"
 #include "game/gate.h"
 #include "game/history.h"
 #include "platform/trapped.h"
@@ -35,6 +36,7 @@ void KeepBasesClicked(Board& board) {
     {
       const Gesture gesture(board, "KEEP THE BASES");
       ClearBases(board);
+      if (on) LeaveOnePieceEach(board.state);
     }
     if (on && PiecesStand(board.state)) {
       board.platform.boxes.Notify("Drag each runner's piece to his base.");

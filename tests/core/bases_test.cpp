@@ -1,6 +1,7 @@
 // The board keeps the bases: who moves by himself, who is moved, and who gets what for a run.
 #include "fake_platform.h"
 #include "game/game_pieces.h"
+#include "game/keep_bases.h"
 
 namespace dtb {
 namespace {
@@ -160,6 +161,11 @@ BB BB BB keep:on on:J1 => J:J B:B C:C D:D
   TakeOffBoard(game.board, "B");
   game.Play("BB keep:on BB");
   for (const char* name : {"D", "E"}) EXPECT_TRUE(PieceOf(game.state, name)) << name;
+  // Who has two when the board begins to keep the bases is left one.
+  Game twice;
+  twice.Play("bat:v1 bat:v0 bat:v1 keep:on");
+  KeepBasesClicked(twice.board);
+  EXPECT_EQ(std::ranges::count_if(twice.state.pieces, &GamePiece::free), 2);
 }
 
 // A reserve with whom the half-inning begins has a run that is saved with him.

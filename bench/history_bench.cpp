@@ -61,7 +61,7 @@ void TwentyInningsOnBases(benchmark::State& state) {
     table.state.cb_KeepBases.Set(true);
     // Seven come to bat in a half-inning, and two score.
     for (int half = 0; half < 2 * 20; ++half) {
-      ChooseManDue(table.board);
+      ChooseBatterDue(table.board);
       for (const Outcome outcome :
            {Outcome::Walk, Outcome::Single, Outcome::Groundout, Outcome::Double, Outcome::Flyout,
             Outcome::Walk, Outcome::Strikeout}) {

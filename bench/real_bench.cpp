@@ -25,10 +25,10 @@ archive::Season RealSeasonOf(const SeasonFigures& board) {
     season.clubs.push_back(club);
   }
   for (const SeasonPlayer& player : board.players) {
-    archive::Man man;
-    man.last = player.name;
-    man.days = {1};
-    season.clubs[player.team].men.push_back(man);
+    archive::Player real;
+    real.last = player.name;
+    real.days = {1};
+    season.clubs[player.team].players.push_back(real);
   }
   for (std::size_t place = 0; place < board.games.size(); ++place) {
     archive::Game game;
@@ -41,15 +41,16 @@ archive::Season RealSeasonOf(const SeasonFigures& board) {
       side.runs = static_cast<int>(random() % 10);
       archive::Club& club = season.clubs[side.club];
       club.games.push_back(static_cast<int>(place));
-      for (std::size_t man = 0; man < std::min<std::size_t>(club.men.size(), 14); ++man) {
+      for (std::size_t player = 0; player < std::min<std::size_t>(club.players.size(), 14);
+           ++player) {
         archive::Batting day;
         day.atBats = 4;
         day.hits = static_cast<int>(random() % 3);
         archive::Pitching pitched;
-        if (man >= 11) pitched.games = 1, pitched.outs = 9;
-        archive::PackDay(side.figures, static_cast<int>(man), {}, day, {}, pitched);
-        archive::Add(club.men[man].batting, day);
-        archive::Add(club.men[man].pitching, pitched);
+        if (player >= 11) pitched.games = 1, pitched.outs = 9;
+        archive::PackDay(side.figures, static_cast<int>(player), {}, day, {}, pitched);
+        archive::Add(club.players[player].batting, day);
+        archive::Add(club.players[player].pitching, pitched);
       }
     }
     season.games.push_back(std::move(game));

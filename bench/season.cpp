@@ -36,8 +36,8 @@ std::string TeamName(int team) {
   return std::string(kTowns.at(team % 10)) + " " + std::to_string(1960 + team / 10);
 }
 
-std::string ManOf(int team, int man) {
-  const auto number = static_cast<std::size_t>(team * (kBatters + kPitchers) + man);
+std::string PlayerOf(int team, int player) {
+  const auto number = static_cast<std::size_t>(team * (kBatters + kPitchers) + player);
   return std::string(kFirstNames.at(number % kFirstNames.size())) + " " +
          kLastNames.at(number / kFirstNames.size() % kLastNames.size()) +
          (number < kFirstNames.size() * kLastNames.size() ? "" : " Jr.");
@@ -95,12 +95,14 @@ class PlaysOfSeason {
   }
 
  private:
-  static std::string PitcherOf(int team, int man) { return ManOf(team, kBatters + 3 * man); }
+  static std::string PitcherOf(int team, int player) {
+    return PlayerOf(team, kBatters + 3 * player);
+  }
   static std::string LineupOf(int team) {
     std::string lineup;
-    for (int man = 0; man < kStarters + 2; ++man) {
-      lineup += (man == 0 ? "" : "\n") + std::to_string(man % kStarters + 1) + "\tSS\t" +
-                ManOf(team, man);
+    for (int player = 0; player < kStarters + 2; ++player) {
+      lineup += (player == 0 ? "" : "\n") + std::to_string(player % kStarters + 1) + "\tSS\t" +
+                PlayerOf(team, player);
     }
     return lineup;
   }
@@ -111,7 +113,7 @@ class PlaysOfSeason {
     std::string onSecond;
     int outs = 0;
     while (outs < 3) {
-      const std::string batter = ManOf(batting, due++ % kStarters);
+      const std::string batter = PlayerOf(batting, due++ % kStarters);
       const auto draw = random_() % 100;
       std::string moves;
       const auto add = [&moves](const std::string& move) {
@@ -187,17 +189,18 @@ class Season {
 
   // Returns the team's runs.
   int RecordTeam(int team, const char* host, const std::string& id) {
-    for (int man = 0; man < kStarters + 2; ++man) {
-      RecordBatter(ManOf(team, man < kStarters ? man : kStarters + Draw(kBatters - kStarters)),
-                   man < kStarters ? 3 + Draw(3) : Draw(2), TeamName(team), id);
+    for (int player = 0; player < kStarters + 2; ++player) {
+      RecordBatter(
+          PlayerOf(team, player < kStarters ? player : kStarters + Draw(kBatters - kStarters)),
+          player < kStarters ? 3 + Draw(3) : Draw(2), TeamName(team), id);
     }
     constexpr std::array kInnings{"5.33", "2.67", "1.00"};
-    for (int man = 0; man < 3; ++man) {
-      Texts row{ManOf(team, kBatters + 3 * man + Draw(3))};
-      for (const int below : {7 - 2 * man, 4 - man, 7 - 2 * man, 2, 4 - man}) {
+    for (int player = 0; player < 3; ++player) {
+      Texts row{PlayerOf(team, kBatters + 3 * player + Draw(3))};
+      for (const int below : {7 - 2 * player, 4 - player, 7 - 2 * player, 2, 4 - player}) {
         row.push_back(Counter(Draw(below)));
       }
-      row.insert(row.end(), {kInnings.at(man), TeamName(team), id});
+      row.insert(row.end(), {kInnings.at(player), TeamName(team), id});
       Insert(pitching_, row);
     }
     Texts line{TeamName(team)};

@@ -47,24 +47,26 @@ void SeasonLines::TakeFigures(std::string_view line) {
   if (came) TakeField(line);  // the inning
   const auto side = SideNumber(TakeField(line));
   if (id.empty() || !side) return Note("a line of figures without a player");
-  const int man = ManOf(game_.sides.at(*side).club, id, {});
-  if (man == kNobody) return;
+  const int player = PlayerOf(game_.sides.at(*side).club, id, {});
+  if (player == kNobody) return;
   const char* fault = nullptr;
-  if (batted) fault = TakeBattingLine(*side, man, line);
-  if (pitched) fault = TakePitchingLine(*side, man, line);
-  if (came) fault = scorer_.NotePosition(*side, man, kind[1] == 'h' ? kPinchHitter : kPinchRunner);
+  if (batted) fault = TakeBattingLine(*side, player, line);
+  if (pitched) fault = TakePitchingLine(*side, player, line);
+  if (came) {
+    fault = scorer_.NotePosition(*side, player, kind[1] == 'h' ? kPinchHitter : kPinchRunner);
+  }
   if (stood) {
     TakeField(line);  // his how many-th position
     const int position = Number(TakeField(line)).value_or(0);
     if (position < 1 || position > kOrder) return Note("a position without a player");
-    fault = scorer_.NotePosition(*side, man, position);
+    fault = scorer_.NotePosition(*side, player, position);
   }
   if (fault != nullptr) Note(fault);
 }
 
 // Place in the order and in it, then ab, r, h, 2b, 3b, hr, rbi, sh, sf, hbp, bb, ibb, k, sb, cs,
 // gdp.
-const char* SeasonLines::TakeBattingLine(int side, int man, std::string_view line) {
+const char* SeasonLines::TakeBattingLine(int side, int player, std::string_view line) {
   const auto all = TakeNumbers<18>(line);
   const auto& [place, turn, atBats, runs, hits, doubles, triples, homeRuns, battedIn, bunts, flies,
                hit, walks, intentional, strikeouts, steals, caught, doublePlays] = all;
@@ -97,13 +99,13 @@ const char* SeasonLines::TakeBattingLine(int side, int man, std::string_view lin
                                             {steals, &Batting::stolenBases},
                                             {doublePlays, &Batting::intoDoublePlays},
                                             {-1, &Batting::leftOnBase}}));
-  const char* fault = scorer_.AddBatting(side, man, figures);
+  const char* fault = scorer_.AddBatting(side, player, figures);
   return !agree && atBats >= 0 ? "more hits than a player can have" : fault;
 }
 
 // His turn, then outs, batters that he did not put out, batters faced, h, 2b, 3b, hr, r, er, bb,
 // ibb, k.
-const char* SeasonLines::TakePitchingLine(int side, int man, std::string_view line) {
+const char* SeasonLines::TakePitchingLine(int side, int player, std::string_view line) {
   const auto all = TakeNumbers<13>(line);
   const auto& [turn, outs, batters, faced, hits, doubles, triples, homeRuns, runs, earned, walks,
                intentional, strikeouts] = all;
@@ -119,7 +121,7 @@ const char* SeasonLines::TakePitchingLine(int side, int man, std::string_view li
   scorer_.NoteUntold(side, Untold<Pitching>({{outs, &Pitching::outs},
                                              {strikeouts, &Pitching::strikeouts},
                                              {runs, &Pitching::runs}}));
-  return scorer_.AddPitching(side, man, figures, turn == 1);
+  return scorer_.AddPitching(side, player, figures, turn == 1);
 }
 
 void SeasonLines::TakeLineScore(std::string_view line) {

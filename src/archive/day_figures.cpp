@@ -88,11 +88,11 @@ std::uint32_t BitOf(const std::array<int Figures::*, size>& members, int Figures
 }  // namespace
 
 // The first number is the player and, in its lowest bit, whether he pitched.
-void PackDay(std::vector<std::uint8_t>& packed, int man, const Batting& before,
+void PackDay(std::vector<std::uint8_t>& packed, int player, const Batting& before,
              const Batting& after, const Pitching& pitchedBefore, const Pitching& pitchedAfter) {
   const std::uint32_t batted = MaskOf(kBatting, before, after);
   const std::uint32_t pitched = MaskOf(kPitching, pitchedBefore, pitchedAfter);
-  PackNumber(packed, static_cast<std::uint32_t>(man) * 2 + (pitched != 0 ? 1 : 0));
+  PackNumber(packed, static_cast<std::uint32_t>(player) * 2 + (pitched != 0 ? 1 : 0));
   PackNumber(packed, batted);
   PackFigures(packed, batted, kBatting, before, after);
   if (pitched == 0) return;
@@ -103,10 +103,10 @@ void PackDay(std::vector<std::uint8_t>& packed, int man, const Batting& before,
 void ForEachDay(const GameSide& side, const std::function<void(const DayFigures&)>& take) {
   Unpacker packed(side.figures);
   while (packed.more()) {
-    const std::uint32_t man = packed.Number();
-    DayFigures day{static_cast<int>(man / 2), {}, {}};
+    const std::uint32_t player = packed.Number();
+    DayFigures day{static_cast<int>(player / 2), {}, {}};
     Unpack(packed, packed.Number(), kBatting, day.batting);
-    if (man % 2 != 0) Unpack(packed, packed.Number(), kPitching, day.pitching);
+    if (player % 2 != 0) Unpack(packed, packed.Number(), kPitching, day.pitching);
     day.batting.games = 1;
     take(day);
   }

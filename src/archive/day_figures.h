@@ -12,13 +12,13 @@ namespace dtb::archive {
 
 // One player's part in one game: his figures of that day alone, without positions.
 struct DayFigures {
-  int man = kNobody;  // of the side's club
+  int player = kNobody;  // of the side's club
   Batting batting;
   Pitching pitching;  // with games 1 where he pitched
 };
 
 // Packs what was added between two states of a player's figures, behind what stands there.
-void PackDay(std::vector<std::uint8_t>& packed, int man, const Batting& before,
+void PackDay(std::vector<std::uint8_t>& packed, int player, const Batting& before,
              const Batting& after, const Pitching& pitchedBefore, const Pitching& pitchedAfter);
 
 // Calls the function with all players whom the side had in the game.

@@ -21,20 +21,20 @@ template <class Figures>
 std::string Table(const Season& season, std::string text, Figures figures) {
   struct Row {
     const Club* club;
-    const Man* man;
+    const Player* player;
   };
   std::vector<Row> rows;
   for (const Club& club : season.clubs) {
-    for (const Man& man : club.men) rows.push_back({&club, &man});
+    for (const Player& player : club.players) rows.push_back({&club, &player});
   }
   std::ranges::stable_sort(rows, [](const Row& a, const Row& b) {
-    return std::tie(a.club->year, a.club->id, a.man->id) <
-           std::tie(b.club->year, b.club->id, b.man->id);
+    return std::tie(a.club->year, a.club->id, a.player->id) <
+           std::tie(b.club->year, b.club->id, b.player->id);
   });
   for (const Row& row : rows) {
-    const std::vector<int> numbers = figures(*row.man);
+    const std::vector<int> numbers = figures(*row.player);
     if (numbers.empty()) continue;
-    text += Cell(row.man->id) + ',' + Cell(row.club->id) + ',' + Cell(FullName(*row.man));
+    text += Cell(row.player->id) + ',' + Cell(row.club->id) + ',' + Cell(FullName(*row.player));
     for (const int number : numbers) {
       text += number == kNotTold ? std::string(",") : ',' + std::to_string(number);
     }
@@ -46,8 +46,8 @@ std::string Table(const Season& season, std::string text, Figures figures) {
 }  // namespace
 
 std::string BattingTable(const Season& season) {
-  return Table(season, "player,team,name,G,AB,H,2B,3B,HR,BB,K,HBP,SB\n", [](const Man& man) {
-    const Batting& b = man.batting;
+  return Table(season, "player,team,name,G,AB,H,2B,3B,HR,BB,K,HBP,SB\n", [](const Player& player) {
+    const Batting& b = player.batting;
     if (b.games == 0) return std::vector<int>{};
     return std::vector<int>{b.games,    b.atBats, b.hits,       b.doubles,    b.triples,
                             b.homeRuns, b.walks,  b.strikeouts, b.hitByPitch, b.stolenBases};
@@ -55,8 +55,8 @@ std::string BattingTable(const Season& season) {
 }
 
 std::string PitchingTable(const Season& season) {
-  return Table(season, "player,team,name,G,GS,outs,H,HR,BB,K,ER,W,L,S\n", [](const Man& man) {
-    const Pitching& p = man.pitching;
+  return Table(season, "player,team,name,G,GS,outs,H,HR,BB,K,ER,W,L,S\n", [](const Player& player) {
+    const Pitching& p = player.pitching;
     if (p.games == 0) return std::vector<int>{};
     const bool told = p.outsUncharged == 0 || p.outs > p.outsUncharged;
     return std::vector<int>{p.games,    p.starts, p.outs,       p.hits,

@@ -21,8 +21,9 @@ struct Claim {
 };
 
 // Nothing if he was not with it.
-std::optional<Claim> ClaimOf(const Season& season, const Club& club, const Man& man, int day) {
-  const std::vector<int>& days = man.days;
+std::optional<Claim> ClaimOf(const Season& season, const Club& club, const Player& player,
+                             int day) {
+  const std::vector<int>& days = player.days;
   if (days.empty()) return Claim{};
   const auto after = std::ranges::lower_bound(days, day);
   int nearest = after == days.end() ? days.back() : *after;
@@ -47,13 +48,15 @@ Claims ClaimsOf(const Season& season, const Game& game, int side) {
   const GameSide& told = game.sides.at(side);
   const Club& club = season.clubs[told.club];
   Claims claims;
-  for (const Man& man : club.men) claims.push_back(ClaimOf(season, club, man, game.day));
+  for (const Player& player : club.players) {
+    claims.push_back(ClaimOf(season, club, player, game.day));
+  }
   const Claim there{Claim::Kind::InTheGame, 0};
   for (const Placed& one : told.order) {
-    if (one.man != kNobody) claims[one.man] = there;
+    if (one.player != kNobody) claims[one.player] = there;
   }
   if (told.pitcher != kNobody) claims[told.pitcher] = there;
-  for (const int man : told.came) claims[man] = there;
+  for (const int player : told.came) claims[player] = there;
   return claims;
 }
 
@@ -62,12 +65,14 @@ void SettleClaims(const Season& season, const Game& game, std::array<Claims, 2>&
   const Club& visitors = season.clubs[game.sides[0].club];
   const Club& home = season.clubs[game.sides[1].club];
   std::unordered_map<std::string_view, std::size_t> places;
-  for (std::size_t man = 0; man < visitors.men.size(); ++man) places[visitors.men[man].id] = man;
-  for (std::size_t man = 0; man < home.men.size(); ++man) {
-    const auto found = places.find(home.men[man].id);
+  for (std::size_t player = 0; player < visitors.players.size(); ++player) {
+    places[visitors.players[player].id] = player;
+  }
+  for (std::size_t player = 0; player < home.players.size(); ++player) {
+    const auto found = places.find(home.players[player].id);
     if (found == places.end()) continue;
     std::optional<Claim>& theirs = claims[0][found->second];
-    std::optional<Claim>& ours = claims[1][man];
+    std::optional<Claim>& ours = claims[1][player];
     if (!theirs || !ours || *theirs == *ours) continue;
     (*theirs < *ours ? theirs : ours).reset();
   }
@@ -82,23 +87,23 @@ LineUp LineUpOfSide(const Season& season, const Game& game, int side, const Clai
   const Club& club = season.clubs[told.club];
   LineUp lineUp;
   lineUp.starter = told.pitcher;
-  std::vector<bool> taken(club.men.size());
-  const auto take = [&taken](int man) {
-    const bool fresh = man != kNobody && !taken[man];
-    if (fresh) taken[man] = true;
+  std::vector<bool> taken(club.players.size());
+  const auto take = [&taken](int player) {
+    const bool fresh = player != kNobody && !taken[player];
+    if (fresh) taken[player] = true;
     return fresh;
   };
-  for (const Placed& one : told.order) lineUp.order.push_back(take(one.man) ? one : Placed{});
+  for (const Placed& one : told.order) lineUp.order.push_back(take(one.player) ? one : Placed{});
   // Of nobody in the order nothing is known, not even that places are empty.
-  if (std::ranges::all_of(lineUp.order, [](const Placed& one) { return one.man == kNobody; })) {
+  if (std::ranges::all_of(lineUp.order, [](const Placed& one) { return one.player == kNobody; })) {
     lineUp.order.clear();
   }
   if (take(told.pitcher)) lineUp.pitchers.push_back(told.pitcher);
-  for (const int man : told.pitched) {
-    if (IsPitcher(club.men[man]) && take(man)) lineUp.pitchers.push_back(man);
+  for (const int player : told.pitched) {
+    if (IsPitcher(club.players[player]) && take(player)) lineUp.pitchers.push_back(player);
   }
-  for (const int man : told.came) {
-    if (!IsPitcher(club.men[man]) && take(man)) lineUp.bench.push_back(man);
+  for (const int player : told.came) {
+    if (!IsPitcher(club.players[player]) && take(player)) lineUp.bench.push_back(player);
   }
   std::vector<Nearness> nearness;
   for (const auto& claim : claims) {

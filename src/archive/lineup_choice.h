@@ -20,7 +20,7 @@ struct LineUp {
 };
 
 // The board's sheet has so many rows for a side.
-inline constexpr std::size_t kMostMen = 49;
+inline constexpr std::size_t kMostPlayers = 49;
 
 // Who stood there on that day, for both sides. The bench begins with the players who came into the
 // game, in that order, and the pitchers with those who pitched; others of the club follow, who

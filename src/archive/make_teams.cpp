@@ -44,7 +44,7 @@ std::vector<TeamText> AllTeams(const Season& season, const TeamsRequest& request
   for (int club = 0; club < static_cast<int>(season.clubs.size()); ++club) {
     const Club& told = season.clubs[club];
     // A roster of a club that is none, as that of an All-Star game, makes no team.
-    if (told.men.empty() || (told.games.empty() && !told.listed)) continue;
+    if (told.players.empty() || (told.games.empty() && !told.listed)) continue;
     teams.push_back(
         MakeTeamText(season, club, LineUpOfSeason(season, club, request.nine), request.form));
   }

@@ -73,7 +73,7 @@ std::string GamesByPosition(const Batting& batting) {
 std::string Mark(int sample, int few) { return sample > 0 && sample < few ? "?" : ""; }
 
 struct Context {
-  const Man& man;
+  const Player& player;
   std::string_view position;
 };
 
@@ -88,65 +88,70 @@ constexpr std::array kShared{
     Word{"pos", [](const Context& c) { return std::string(c.position); }},
     // A switch hitter is "S", as in the team files of the box.
     Word{"bats",
-         [](const Context& c) { return c.man.bats == "B" ? std::string("S") : c.man.bats; }},
-    Word{"throws", [](const Context& c) { return c.man.throws; }},
-    Word{"at", [](const Context& c) { return GamesByPosition(c.man.batting); }},
+         [](const Context& c) { return c.player.bats == "B" ? std::string("S") : c.player.bats; }},
+    Word{"throws", [](const Context& c) { return c.player.throws; }},
+    Word{"at", [](const Context& c) { return GamesByPosition(c.player.batting); }},
 };
 
 constexpr std::array kBatters{
-    Word{"avg", [](const Context& c) { return Average(c.man.batting.hits, c.man.batting.atBats); }},
+    Word{"avg",
+         [](const Context& c) { return Average(c.player.batting.hits, c.player.batting.atBats); }},
     Word{"obp",
          [](const Context& c) {
-           const Batting& b = c.man.batting;
+           const Batting& b = c.player.batting;
            const int reached = b.hits + b.walks + b.hitByPitch;
            return Average(reached, b.atBats + b.walks + b.hitByPitch + b.sacrificeFlies);
          }},
     Word{"slg",
-         [](const Context& c) { return Average(TotalBases(c.man.batting), c.man.batting.atBats); }},
-    Word{"g", [](const Context& c) { return Of(c.man.batting.games); }},
-    Word{"ab", [](const Context& c) { return Of(c.man.batting.atBats); }},
-    Word{"h", [](const Context& c) { return Of(c.man.batting.hits); }},
-    Word{"2b", [](const Context& c) { return Of(c.man.batting.doubles); }},
-    Word{"3b", [](const Context& c) { return Of(c.man.batting.triples); }},
-    Word{"hr", [](const Context& c) { return Of(c.man.batting.homeRuns); }},
-    Word{"bb", [](const Context& c) { return Of(c.man.batting.walks); }},
-    Word{"k", [](const Context& c) { return Of(c.man.batting.strikeouts); }},
-    Word{"hbp", [](const Context& c) { return Of(c.man.batting.hitByPitch); }},
-    Word{"sb", [](const Context& c) { return Of(c.man.batting.stolenBases); }},
-    Word{"sh", [](const Context& c) { return Of(c.man.batting.sacrificeHits); }},
-    Word{"sf", [](const Context& c) { return Of(c.man.batting.sacrificeFlies); }},
-    Word{"pa", [](const Context& c) { return Of(PlateAppearances(c.man.batting)); }},
-    Word{"few",
-         [](const Context& c) { return Mark(PlateAppearances(c.man.batting), kFewAppearances); }},
-    Word{"power", [](const Context& c) { return Power(c.man.batting); }},
-    Word{"speed", [](const Context& c) { return Speed(c.man.batting); }},
+         [](const Context& c) {
+           return Average(TotalBases(c.player.batting), c.player.batting.atBats);
+         }},
+    Word{"g", [](const Context& c) { return Of(c.player.batting.games); }},
+    Word{"ab", [](const Context& c) { return Of(c.player.batting.atBats); }},
+    Word{"h", [](const Context& c) { return Of(c.player.batting.hits); }},
+    Word{"2b", [](const Context& c) { return Of(c.player.batting.doubles); }},
+    Word{"3b", [](const Context& c) { return Of(c.player.batting.triples); }},
+    Word{"hr", [](const Context& c) { return Of(c.player.batting.homeRuns); }},
+    Word{"bb", [](const Context& c) { return Of(c.player.batting.walks); }},
+    Word{"k", [](const Context& c) { return Of(c.player.batting.strikeouts); }},
+    Word{"hbp", [](const Context& c) { return Of(c.player.batting.hitByPitch); }},
+    Word{"sb", [](const Context& c) { return Of(c.player.batting.stolenBases); }},
+    Word{"sh", [](const Context& c) { return Of(c.player.batting.sacrificeHits); }},
+    Word{"sf", [](const Context& c) { return Of(c.player.batting.sacrificeFlies); }},
+    Word{"pa", [](const Context& c) { return Of(PlateAppearances(c.player.batting)); }},
+    Word{
+        "few",
+        [](const Context& c) { return Mark(PlateAppearances(c.player.batting), kFewAppearances); }},
+    Word{"power", [](const Context& c) { return Power(c.player.batting); }},
+    Word{"speed", [](const Context& c) { return Speed(c.player.batting); }},
 };
 
 constexpr std::array kPitchers{
-    Word{"g", [](const Context& c) { return Of(c.man.pitching.games); }},
-    Word{"gs", [](const Context& c) { return Of(c.man.pitching.starts); }},
-    Word{"ip", [](const Context& c) { return InningsWithThirds(c.man.pitching.outs); }},
-    Word{"h", [](const Context& c) { return Of(c.man.pitching.hits); }},
-    Word{"bb", [](const Context& c) { return Of(c.man.pitching.walks); }},
-    Word{"k", [](const Context& c) { return Of(c.man.pitching.strikeouts); }},
-    Word{"hr", [](const Context& c) { return Of(c.man.pitching.homeRuns); }},
+    Word{"g", [](const Context& c) { return Of(c.player.pitching.games); }},
+    Word{"gs", [](const Context& c) { return Of(c.player.pitching.starts); }},
+    Word{"ip", [](const Context& c) { return InningsWithThirds(c.player.pitching.outs); }},
+    Word{"h", [](const Context& c) { return Of(c.player.pitching.hits); }},
+    Word{"bb", [](const Context& c) { return Of(c.player.pitching.walks); }},
+    Word{"k", [](const Context& c) { return Of(c.player.pitching.strikeouts); }},
+    Word{"hr", [](const Context& c) { return Of(c.player.pitching.homeRuns); }},
     Word{"er",
          [](const Context& c) {
-           const Pitching& p = c.man.pitching;
+           const Pitching& p = c.player.pitching;
            return RunsAreTold(p) ? Of(p.earnedRuns) : std::string("-");
          }},
-    Word{"w", [](const Context& c) { return Of(c.man.pitching.wins); }},
-    Word{"l", [](const Context& c) { return Of(c.man.pitching.losses); }},
-    Word{"sv", [](const Context& c) { return Of(c.man.pitching.saves); }},
-    Word{"era", [](const Context& c) { return EarnedRunAverage(c.man.pitching); }},
+    Word{"w", [](const Context& c) { return Of(c.player.pitching.wins); }},
+    Word{"l", [](const Context& c) { return Of(c.player.pitching.losses); }},
+    Word{"sv", [](const Context& c) { return Of(c.player.pitching.saves); }},
+    Word{"era", [](const Context& c) { return EarnedRunAverage(c.player.pitching); }},
     // Whoever got nobody out has a figure, too.
     Word{"few",
          [](const Context& c) {
-           return Mark(c.man.pitching.games > 0 ? c.man.pitching.outs + 1 : 0, kFewInnings * 3 + 1);
+           return Mark(c.player.pitching.games > 0 ? c.player.pitching.outs + 1 : 0,
+                       kFewInnings * 3 + 1);
          }},
     Word{"role",
          [](const Context& c) {
-           const Pitching& p = c.man.pitching;
+           const Pitching& p = c.player.pitching;
            return std::string(p.games > 0 && p.starts * 2 < p.games ? "relief" : "");
          }},
 };
@@ -192,9 +197,9 @@ std::string WithSingleBlanks(const std::string& text) {
 
 std::string InningsWithThirds(int outs) { return Of(outs / 3) + '.' + Of(outs % 3); }
 
-std::string Remark(const std::string& form, const Man& man, std::string_view position,
+std::string Remark(const std::string& form, const Player& player, std::string_view position,
                    bool asPitcher) {
-  const Context context{man, position};
+  const Context context{player, position};
   std::string text;
   EachPiece(
       form, [&](std::string_view plain) { text += plain; },
@@ -227,19 +232,19 @@ std::string KnownWords(bool asPitcher) {
   return words;
 }
 
-std::string PlainName(const Man& man, NameForm form) {
-  std::string name = FullName(man);
-  if (form == NameForm::LastFirst && !man.first.empty() && !man.last.empty()) {
-    name = man.last + ", " + man.first;
+std::string PlainName(const Player& player, NameForm form) {
+  std::string name = FullName(player);
+  if (form == NameForm::LastFirst && !player.first.empty() && !player.last.empty()) {
+    name = player.last + ", " + player.first;
   }
   std::erase(name, '=');
   name = WithSingleBlanks(name);
-  return name.empty() ? man.id : name;
+  return name.empty() ? player.id : name;
 }
 
-std::string NameInFile(const Man& man, NameForm form) {
-  const std::string name = PlainName(man, form);
-  return man.number == 1 ? name : name + " (" + std::to_string(man.number) + ")";
+std::string NameInFile(const Player& player, NameForm form) {
+  const std::string name = PlainName(player, form);
+  return player.number == 1 ? name : name + " (" + std::to_string(player.number) + ")";
 }
 
 }  // namespace dtb::archive

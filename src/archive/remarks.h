@@ -29,8 +29,8 @@ inline constexpr int kFewInnings = 30;
 // "{k}", "{hr}" and "{g}" are those that he allowed. "{at}" tells the games by position, as "SS 45,
 // 2B 10"; "{few}" is the mark "?" of a small sample, to stand behind a figure: ".188?". Line breaks
 // are no part of a remark.
-[[nodiscard]] std::string Remark(const std::string& form, const Man& man, std::string_view position,
-                                 bool asPitcher);
+[[nodiscard]] std::string Remark(const std::string& form, const Player& player,
+                                 std::string_view position, bool asPitcher);
 
 // The words of a form that are not known, as "{wrong}".
 [[nodiscard]] std::vector<std::string> UnknownWords(const std::string& form, bool asPitcher);
@@ -39,10 +39,10 @@ inline constexpr int kFewInnings = 30;
 [[nodiscard]] std::string KnownWords(bool asPitcher);
 
 // His name in the form, without what a team file cannot hold. "Ken Griffey Jr." keeps his suffix.
-[[nodiscard]] std::string PlainName(const Man& man, NameForm form);
+[[nodiscard]] std::string PlainName(const Player& player, NameForm form);
 
 // The same with his number among the year's players of that name: "Luis Garcia (2)".
-[[nodiscard]] std::string NameInFile(const Man& man, NameForm form);
+[[nodiscard]] std::string NameInFile(const Player& player, NameForm form);
 
 // "68.1": whole innings and outs.
 [[nodiscard]] std::string InningsWithThirds(int outs);

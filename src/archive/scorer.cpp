@@ -7,7 +7,7 @@
 namespace dtb::archive {
 namespace {
 
-constexpr const char* kTooManyMen = "too many players come into one game";
+constexpr const char* kTooManyPlayers = "too many players come into one game";
 
 // The counts of the rule on relief pitchers: a walk then belongs to the one who left.
 bool FavoursBatter(int balls, int strikes) { return balls == 3 || (balls == 2 && strikes < 2); }
@@ -45,28 +45,28 @@ void Scorer::Begin(Game game) {
   won_ = false;
 }
 
-Scorer::Entrant* Scorer::EntrantOf(int side, int man) {
-  constexpr std::size_t kMostMen = 100;
+Scorer::Entrant* Scorer::EntrantOf(int side, int player) {
+  constexpr std::size_t kMostPlayers = 100;
   std::vector<Entrant>& entrants = sides_.at(side).entrants;
-  const auto found = std::ranges::find(entrants, man, &Entrant::man);
+  const auto found = std::ranges::find(entrants, player, &Entrant::player);
   if (found != entrants.end()) return &*found;
-  if (entrants.size() >= kMostMen) return nullptr;
-  const Man& entry = ManOf(side, man);
+  if (entrants.size() >= kMostPlayers) return nullptr;
+  const Player& entry = PlayerOf(side, player);
   return &entrants.emplace_back(
-      Entrant{.man = man, .batting = entry.batting, .pitching = entry.pitching});
+      Entrant{.player = player, .batting = entry.batting, .pitching = entry.pitching});
 }
 
 // False: the game has too many players.
-bool Scorer::NotePart(int side, int man, int position, bool starts) {
+bool Scorer::NotePart(int side, int player, int position, bool starts) {
   const std::size_t before = sides_.at(side).entrants.size();
-  Entrant* entrant = EntrantOf(side, man);
+  Entrant* entrant = EntrantOf(side, player);
   if (entrant == nullptr) return false;
   GameSide& told = game_.sides.at(side);
   const bool isNew = sides_.at(side).entrants.size() > before;
-  if (isNew && !starts) told.came.push_back(man);
+  if (isNew && !starts) told.came.push_back(player);
   const unsigned bit = position > 0 ? 1U << static_cast<unsigned>(position) : 0;
   const bool pitches = position == kPitcher && (entrant->positions & bit) == 0;
-  if (pitches && !starts) told.pitched.push_back(man);
+  if (pitches && !starts) told.pitched.push_back(player);
   entrant->positions |= bit;
   return true;
 }
@@ -74,48 +74,48 @@ bool Scorer::NotePart(int side, int man, int position, bool starts) {
 int Scorer::Find(int side, std::string_view id) {
   Side& team = sides_.at(side);
   const int due = team.order.at(team.due);
-  if (due != kNobody && team.club->men[due].id == id) return due;
+  if (due != kNobody && team.club->players[due].id == id) return due;
   for (const Entrant& one : team.entrants) {
-    if (team.club->men[one.man].id == id) return one.man;
+    if (team.club->players[one.player].id == id) return one.player;
   }
   return kNobody;
 }
 
 // What a change in the middle of a time at bat means for whom its end is charged to.
-void Scorer::NoteChange(int side, int man, int order, int position) {
+void Scorer::NoteChange(int side, int player, int order, int position) {
   Side& team = sides_.at(side);
-  const bool relieves = side != atBat_ && position == kPitcher && man != team.pitcher;
+  const bool relieves = side != atBat_ && position == kPitcher && player != team.pitcher;
   if (relieves && FavoursBatter(balls_, strikes_) && owesWalk_ == kNobody) {
     owesWalk_ = team.pitcher;
   }
   const bool batsFor = side == atBat_ && order > 0 && team.order.at(order) == batter_;
-  if (batsFor && man != batter_) {
+  if (batsFor && player != batter_) {
     if (strikes_ == 2 && owesStrikeout_ == kNobody) owesStrikeout_ = batter_;
-    batter_ = man;
+    batter_ = player;
   }
 }
 
-const char* Scorer::Enter(int side, int man, int order, int position, bool starts) {
+const char* Scorer::Enter(int side, int player, int order, int position, bool starts) {
   if (order < 0 || order > kOrder || position < 1 || position > kPinchRunner) {
     return "there is no such place in the order or on the field";
   }
   Side& team = sides_.at(side);
-  if (!NotePart(side, man, position, starts)) return kTooManyMen;
-  if (open_) NoteChange(side, man, order, position);
+  if (!NotePart(side, player, position, starts)) return kTooManyPlayers;
+  if (open_) NoteChange(side, player, order, position);
   const int leaves = team.order.at(order);
-  team.order.at(order) = man;
-  if (position == kPitcher) team.pitcher = man;
+  team.order.at(order) = player;
+  if (position == kPitcher) team.pitcher = player;
   GameSide& told = game_.sides.at(side);
   if (starts) {
-    if (order > 0) told.order.at(order - 1) = {man, position};
-    if (position == kPitcher) told.pitcher = man;
+    if (order > 0) told.order.at(order - 1) = {player, position};
+    if (position == kPitcher) told.pitcher = player;
     return nullptr;
   }
-  if (leaves == kNobody || leaves == man) return nullptr;
-  if (side == atBat_) std::ranges::replace(bases_, leaves, man);
-  const Man& old = ManOf(side, leaves);
+  if (leaves == kNobody || leaves == player) return nullptr;
+  if (side == atBat_) std::ranges::replace(bases_, leaves, player);
+  const Player& old = PlayerOf(side, leaves);
   for (Waiting& one : waiting_) {
-    if (one.id == old.id) one.id = ManOf(side, man).id;
+    if (one.id == old.id) one.id = PlayerOf(side, player).id;
   }
   return nullptr;
 }
@@ -138,10 +138,10 @@ const char* Scorer::BeginHalf(int inning, int side) {
   return whole ? nullptr : "the half-inning before it did not have three outs";
 }
 
-bool Scorer::InOrder(Side& side, int man) {
-  if (side.order.at(side.due) == man) return true;
+bool Scorer::InOrder(Side& side, int player) {
+  if (side.order.at(side.due) == player) return true;
   for (int place = 1; place <= kOrder; ++place) {
-    if (side.order.at(place) != man) continue;
+    if (side.order.at(place) != player) continue;
     side.due = place;
     return true;
   }
@@ -155,9 +155,9 @@ const char* Scorer::Score(int inning, int side, int batter, std::string_view cou
   game_.account = Account::Plays;
   if (inning != inning_ || side != atBat_) fault = BeginHalf(inning, side);
   for (const Waiting& one : waiting_) {
-    const int man = Find(side, one.id);
-    if (man == kNobody) fault = "a runner who is not in the game stands on a base";
-    bases_.at(one.base) = man;
+    const int player = Find(side, one.id);
+    if (player == kNobody) fault = "a runner who is not in the game stands on a base";
+    bases_.at(one.base) = player;
     charged_.at(one.base) = sides_.at(1 - side).pitcher;
   }
   waiting_.clear();
@@ -167,7 +167,7 @@ const char* Scorer::Score(int inning, int side, int batter, std::string_view cou
     balls_ = DigitAt(count, 0);
     strikes_ = DigitAt(count, 1);
   }
-  if (const char* moved = MoveMen(side, batter, play)) fault = moved;
+  if (const char* moved = MoveRunners(side, batter, play)) fault = moved;
   if (play.ended()) {
     if (const char* odd = CreditPlateAppearance(side, batter, play)) fault = odd;
     open_ = false;
@@ -194,7 +194,7 @@ std::array<int, kHome> Scorer::ChargesIn(int side, const Play& play) const {
   return charges;
 }
 
-const char* Scorer::MoveMen(int side, int batter, const Play& play) {
+const char* Scorer::MoveRunners(int side, int batter, const Play& play) {
   const char* fault = nullptr;
   std::array<int, kHome> after{kNobody, kNobody, kNobody, kNobody};
   const std::array<int, kHome> charges = ChargesIn(side, play);
@@ -204,41 +204,43 @@ const char* Scorer::MoveMen(int side, int batter, const Play& play) {
   const bool loaded = std::ranges::none_of(bases_.begin() + 1, bases_.end(),
                                            [](int runner) { return runner == kNobody; });
   for (int from = kHome - 1; from >= 0; --from) {
-    const int man = from == 0 ? batter : bases_.at(from);
+    const int player = from == 0 ? batter : bases_.at(from);
     int to = play.goes.at(from);
-    if (to == kStays && play.appearance == PlateAppearance::HomeRun && man != kNobody) to = kHome;
-    if (man == kNobody && to != kStays) fault = "a runner moves from an empty base";
-    if (play.steals.at(from) && man != kNobody) ++ManOf(side, man).batting.stolenBases;
+    if (to == kStays && play.appearance == PlateAppearance::HomeRun && player != kNobody) {
+      to = kHome;
+    }
+    if (player == kNobody && to != kStays) fault = "a runner moves from an empty base";
+    if (play.steals.at(from) && player != kNobody) ++PlayerOf(side, player).batting.stolenBases;
     if (to == kHome) {
       ++told.runs;
-      CountRun(side, batter, man, play.BatsIn(from, outs_, loaded && from == kHome - 1));
+      CountRun(side, batter, player, play.BatsIn(from, outs_, loaded && from == kHome - 1));
       ChargeRun(1 - side, charges.at(from));
     }
     if (to == kStays) to = from;
-    if (to < 1 || to >= kHome || man == kNobody) continue;
+    if (to < 1 || to >= kHome || player == kNobody) continue;
     left += from > 0 ? 1 : 0;
     // After the third out nobody is told who went where.
     if (after.at(to) != kNobody && outs_ + outs < 3) fault = "two runners stand on one base";
-    after.at(to) = man;
+    after.at(to) = player;
     charged_.at(to) = charges.at(from);
   }
   bases_ = after;
-  if (play.leavesRunners()) ManOf(side, batter).batting.leftOnBase += left;
+  if (play.leavesRunners()) PlayerOf(side, batter).batting.leftOnBase += left;
   if (outs == 0) return fault;
   outs_ += outs;
   if (outs_ > 3) fault = "the half-inning has more than three outs";
   const int pitcher = sides_.at(1 - side).pitcher;
-  if (pitcher != kNobody) ManOf(1 - side, pitcher).pitching.outs += outs;
+  if (pitcher != kNobody) PlayerOf(1 - side, pitcher).pitching.outs += outs;
   return fault;
 }
 
-void Scorer::CountRun(int side, int batter, int man, bool battedIn) {
-  if (man != kNobody) ++ManOf(side, man).batting.runs;
-  if (battedIn) ++ManOf(side, batter).batting.runsBattedIn;
+void Scorer::CountRun(int side, int batter, int player, bool battedIn) {
+  if (player != kNobody) ++PlayerOf(side, player).batting.runs;
+  if (battedIn) ++PlayerOf(side, batter).batting.runsBattedIn;
 }
 
 void Scorer::ChargeRun(int side, int pitcher) {
-  if (pitcher != kNobody) ++ManOf(side, pitcher).pitching.runs;
+  if (pitcher != kNobody) ++PlayerOf(side, pitcher).pitching.runs;
 }
 
 const char* Scorer::CreditPlateAppearance(int side, int batter, const Play& play) {
@@ -249,8 +251,8 @@ const char* Scorer::CreditPlateAppearance(int side, int batter, const Play& play
   int pitcher = sides_.at(1 - side).pitcher;
   if (walk && owesWalk_ != kNobody) pitcher = owesWalk_;
 
-  Batting& batting = ManOf(side, charged).batting;
-  Pitching* pitching = pitcher == kNobody ? nullptr : &ManOf(1 - side, pitcher).pitching;
+  Batting& batting = PlayerOf(side, charged).batting;
+  Pitching* pitching = pitcher == kNobody ? nullptr : &PlayerOf(1 - side, pitcher).pitching;
   if (play.countsAsAtBat()) ++batting.atBats;
   if (play.hit()) CreditHit(batting, pitching, play.appearance);
   if (play.appearance == PlateAppearance::HitByPitch) ++batting.hitByPitch;
@@ -271,15 +273,15 @@ const char* Scorer::CreditPlateAppearance(int side, int batter, const Play& play
   return pitching == nullptr ? "nobody pitches" : nullptr;
 }
 
-void Scorer::ChargeEarnedRuns(int side, int man, int runs) {
-  ManOf(side, man).pitching.earnedRuns += runs;
+void Scorer::ChargeEarnedRuns(int side, int player, int runs) {
+  PlayerOf(side, player).pitching.earnedRuns += runs;
   sides_.at(side).charged = true;
 }
 
-const char* Scorer::AddBatting(int side, int man, const Batting& figures) {
-  if (!NotePart(side, man, 0, false)) return kTooManyMen;
+const char* Scorer::AddBatting(int side, int player, const Batting& figures) {
+  if (!NotePart(side, player, 0, false)) return kTooManyPlayers;
   game_.account = Account::BoxScore;
-  Batting& sum = ManOf(side, man).batting;
+  Batting& sum = PlayerOf(side, player).batting;
   for (const auto figure :
        {&Batting::atBats, &Batting::hits, &Batting::doubles, &Batting::triples, &Batting::homeRuns,
         &Batting::walks, &Batting::strikeouts, &Batting::hitByPitch, &Batting::stolenBases,
@@ -290,11 +292,13 @@ const char* Scorer::AddBatting(int side, int man, const Batting& figures) {
   return nullptr;
 }
 
-const char* Scorer::AddPitching(int side, int man, const Pitching& figures, bool started) {
-  if (started && game_.sides.at(side).pitcher == kNobody) game_.sides.at(side).pitcher = man;
-  if (!NotePart(side, man, kPitcher, game_.sides.at(side).pitcher == man)) return kTooManyMen;
+const char* Scorer::AddPitching(int side, int player, const Pitching& figures, bool started) {
+  if (started && game_.sides.at(side).pitcher == kNobody) game_.sides.at(side).pitcher = player;
+  if (!NotePart(side, player, kPitcher, game_.sides.at(side).pitcher == player)) {
+    return kTooManyPlayers;
+  }
   game_.account = Account::BoxScore;
-  Pitching& sum = ManOf(side, man).pitching;
+  Pitching& sum = PlayerOf(side, player).pitching;
   for (const auto figure :
        {&Pitching::outs, &Pitching::hits, &Pitching::homeRuns, &Pitching::walks,
         &Pitching::strikeouts, &Pitching::runs, &Pitching::earnedRuns, &Pitching::outsUncharged}) {
@@ -304,8 +308,8 @@ const char* Scorer::AddPitching(int side, int man, const Pitching& figures, bool
   return nullptr;
 }
 
-const char* Scorer::NotePosition(int side, int man, int position) {
-  return NotePart(side, man, position, false) ? nullptr : kTooManyMen;
+const char* Scorer::NotePosition(int side, int player, int position) {
+  return NotePart(side, player, position, false) ? nullptr : kTooManyPlayers;
 }
 
 void Scorer::SetRuns(int side, int runs) {
@@ -315,9 +319,9 @@ void Scorer::SetRuns(int side, int runs) {
 
 void Scorer::Credit(int Pitching::*decision, std::string_view id) {
   for (int side = 0; side < 2 && !id.empty(); ++side) {
-    const int man = Find(side, id);
-    if (man == kNobody) continue;
-    ++(ManOf(side, man).pitching.*decision);
+    const int player = Find(side, id);
+    if (player == kNobody) continue;
+    ++(PlayerOf(side, player).pitching.*decision);
     won_ = won_ || decision == &Pitching::wins;
     return;
   }
@@ -328,23 +332,23 @@ void Scorer::End() {
     GameSide& told = game_.sides.at(side);
     packed_.clear();
     for (const Entrant& one : sides_.at(side).entrants) {
-      Man& man = ManOf(side, one.man);
-      ++man.batting.games;
-      man.days.push_back(game_.day);
+      Player& player = PlayerOf(side, one.player);
+      ++player.batting.games;
+      player.days.push_back(game_.day);
       for (int position = 1; position < kPositions; ++position) {
         if ((one.positions >> static_cast<unsigned>(position)) & 1U) {
-          ++man.batting.gamesAt.at(position);
+          ++player.batting.gamesAt.at(position);
         }
       }
-      if ((one.positions >> kPitcher) & 1U) ++man.pitching.games;
-      if (told.pitcher == one.man) ++man.pitching.starts;
+      if ((one.positions >> kPitcher) & 1U) ++player.pitching.games;
+      if (told.pitcher == one.player) ++player.pitching.starts;
       if (!sides_.at(side).charged) {
-        man.pitching.outsUncharged += man.pitching.outs - one.pitching.outs;
+        player.pitching.outsUncharged += player.pitching.outs - one.pitching.outs;
       }
-      if (man.pitching.outsUncharged > one.pitching.outsUncharged) {
+      if (player.pitching.outsUncharged > one.pitching.outsUncharged) {
         NoteUntold(side, UntoldBit(&Pitching::earnedRuns));
       }
-      PackDay(packed_, one.man, one.batting, man.batting, one.pitching, man.pitching);
+      PackDay(packed_, one.player, one.batting, player.batting, one.pitching, player.pitching);
     }
     if (game_.account == Account::LineUps) NoteUntold(side, kAllUntold);
     if (!won_ && game_.sides[0].runs != game_.sides[1].runs) {

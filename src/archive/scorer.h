@@ -22,7 +22,7 @@ class Scorer {
 
   // A player starts or comes into the game; order 0 is the pitcher for whom another bats. He takes
   // the place on the bases of the player whom he replaces.
-  const char* Enter(int side, int man, int order, int position, bool starts);
+  const char* Enter(int side, int player, int order, int position, bool starts);
 
   // The next half-inning, or the one in progress, has this player of the side at bat on a base.
   void PutOnBase(std::string_view id, int base);
@@ -31,13 +31,13 @@ class Scorer {
   const char* Score(int inning, int side, int batter, std::string_view count, const Play& play);
 
   // Without any charge to a side, the earned runs of its pitchers in the game are not known.
-  void ChargeEarnedRuns(int side, int man, int runs);
+  void ChargeEarnedRuns(int side, int player, int runs);
 
   // A game without plays: the figures of a player in it, the position that he played, 0 for none
   // that is told, and the runs of a side.
-  const char* AddBatting(int side, int man, const Batting& figures);
-  const char* AddPitching(int side, int man, const Pitching& figures, bool started);
-  const char* NotePosition(int side, int man, int position);
+  const char* AddBatting(int side, int player, const Batting& figures);
+  const char* AddPitching(int side, int player, const Pitching& figures, bool started);
+  const char* NotePosition(int side, int player, int position);
   void SetRuns(int side, int runs);
   // The archive does not tell these figures of a player of the side: bits of GameSide::untold.
   void NoteUntold(int side, std::uint32_t figures) { game_.sides.at(side).untold |= figures; }
@@ -57,7 +57,7 @@ class Scorer {
 
  private:
   struct Entrant {
-    int man = kNobody;
+    int player = kNobody;
     unsigned positions = 0;  // one bit each
     // His figures before this game.
     Batting batting;
@@ -76,17 +76,19 @@ class Scorer {
     int base = 0;
   };
 
-  [[nodiscard]] Man& ManOf(int side, int man) { return sides_.at(side).club->men[man]; }
+  [[nodiscard]] Player& PlayerOf(int side, int player) {
+    return sides_.at(side).club->players[player];
+  }
   // Nothing if the game has too many players.
-  Entrant* EntrantOf(int side, int man);
-  bool NotePart(int side, int man, int position, bool starts);
-  void NoteChange(int side, int man, int order, int position);
+  Entrant* EntrantOf(int side, int player);
+  bool NotePart(int side, int player, int position, bool starts);
+  void NoteChange(int side, int player, int order, int position);
   const char* BeginHalf(int inning, int side);
-  const char* MoveMen(int side, int batter, const Play& play);
+  const char* MoveRunners(int side, int batter, const Play& play);
   // Whom the run of the player on each base is charged to, the batter's at 0.
   [[nodiscard]] std::array<int, kHome> ChargesIn(int side, const Play& play) const;
-  bool InOrder(Side& side, int man);
-  void CountRun(int side, int batter, int man, bool battedIn);
+  bool InOrder(Side& side, int player);
+  void CountRun(int side, int batter, int player, bool battedIn);
   void ChargeRun(int side, int pitcher);
   const char* CreditPlateAppearance(int side, int batter, const Play& play);
 

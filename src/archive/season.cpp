@@ -49,31 +49,31 @@ const char* PositionName(int position) {
   return position >= 0 && position < kPositions ? kNames.at(position) : "";
 }
 
-std::string FullName(const Man& man) {
-  if (man.last.empty()) return man.id;
-  return man.first.empty() ? man.last : man.first + ' ' + man.last;
+std::string FullName(const Player& player) {
+  if (player.last.empty()) return player.id;
+  return player.first.empty() ? player.last : player.first + ' ' + player.last;
 }
 
-bool IsPitcher(const Man& man) {
-  const bool called = man.position == kNames[kPitcher];
-  const Batting& batting = man.batting;
+bool IsPitcher(const Player& player) {
+  const bool called = player.position == kNames[kPitcher];
+  const Batting& batting = player.batting;
   if (batting.games == 0) return called;
-  if (man.pitching.games * 2 > batting.games) return true;
+  if (player.pitching.games * 2 > batting.games) return true;
   const auto others = batting.gamesAt.begin() + kCatcher;
   const int elsewhere = std::accumulate(others, batting.gamesAt.begin() + kDesignatedHitter + 1, 0);
-  return called && man.pitching.games >= elsewhere;
+  return called && player.pitching.games >= elsewhere;
 }
 
-std::string UsualPosition(const Man& man) {
-  if (IsPitcher(man)) return PositionName(kPitcher);
-  if (const int field = MostPlayed(man.batting, kCatcher, kRightField); field != 0) {
+std::string UsualPosition(const Player& player) {
+  if (IsPitcher(player)) return PositionName(kPitcher);
+  if (const int field = MostPlayed(player.batting, kCatcher, kRightField); field != 0) {
     return PositionName(field);
   }
-  const std::string& told = man.position;
+  const std::string& told = player.position;
   const bool known =
       std::ranges::find(kNames, told) != kNames.end() || told == "OF" || told == "IF";
   if (known && !told.empty() && told != kNames[kPitcher]) return told;
-  return PositionName(MostPlayed(man.batting, kDesignatedHitter, kPinchRunner));
+  return PositionName(MostPlayed(player.batting, kDesignatedHitter, kPinchRunner));
 }
 
 const std::string& TeamName(const Season& season, int club) { return season.clubs[club].name; }

@@ -60,7 +60,7 @@ struct Pitching {
 };
 
 // One player of one club.
-struct Man {
+struct Player {
   std::string id;
   std::string first;
   std::string last;
@@ -75,20 +75,20 @@ struct Man {
 
 struct Club {
   int year = 0;
-  std::string id;          // "NYA"
-  std::string city;        // "New York"
-  std::string nickname;    // "Yankees"
-  std::string league;      // "A"; "": not told
-  bool listed = false;     // among the archive's clubs
-  std::string name;        // TeamName
-  std::vector<Man> men;    // in the order of roster and first appearance
-  std::vector<int> games;  // of Season::games, by date
+  std::string id;               // "NYA"
+  std::string city;             // "New York"
+  std::string nickname;         // "Yankees"
+  std::string league;           // "A"; "": not told
+  bool listed = false;          // among the archive's clubs
+  std::string name;             // TeamName
+  std::vector<Player> players;  // in the order of roster and first appearance
+  std::vector<int> games;       // of Season::games, by date
 };
 
-// A player and where he plays: indices of Club::men, kNobody for a gap in the archive.
+// A player and where he plays: indices of Club::players, kNobody for a gap in the archive.
 inline constexpr int kNobody = -1;
 struct Placed {
-  int man = kNobody;
+  int player = kNobody;
   int position = 0;
   friend bool operator==(const Placed&, const Placed&) = default;
 };
@@ -141,8 +141,8 @@ inline constexpr std::size_t kFaultsKept = 500;
 namespace season_limit {
 inline constexpr std::size_t kGames = 300'000;
 inline constexpr std::size_t kClubs = 6'000;
-inline constexpr std::size_t kMen = 300'000;  // of all clubs
-inline constexpr std::size_t kMenOfClub = 300;
+inline constexpr std::size_t kPlayers = 300'000;  // of all clubs
+inline constexpr std::size_t kPlayersOfClub = 300;
 inline constexpr std::size_t kNameBytes = 64;  // a longer name is cut
 inline constexpr std::size_t kIdBytes = 32;
 }  // namespace season_limit
@@ -157,11 +157,11 @@ inline constexpr const char* kOwnersNotice =
 [[nodiscard]] int DayOf(std::string_view date);
 
 // "Marcus Semien"; the id of a player without any name.
-[[nodiscard]] std::string FullName(const Man& man);
+[[nodiscard]] std::string FullName(const Player& player);
 
 // He is a pitcher by trade: he pitched in most of his games, or the roster calls him one and he
 // played no other part more often.
-[[nodiscard]] bool IsPitcher(const Man& man);
+[[nodiscard]] bool IsPitcher(const Player& player);
 
 // What the club is called on the board: "Oakland 2020", or "New York Yankees 2020" where two clubs
 // of a year share a city.
@@ -169,7 +169,7 @@ inline constexpr const char* kOwnersNotice =
 
 // The position he played most, a pitcher by trade "P"; without any in the field the roster's, else
 // what he did at bat: "SS".
-[[nodiscard]] std::string UsualPosition(const Man& man);
+[[nodiscard]] std::string UsualPosition(const Player& player);
 
 // "P", "C", "1B", ... "DH", "PH", "PR"; "" for anything else.
 [[nodiscard]] const char* PositionName(int position);

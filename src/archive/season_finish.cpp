@@ -20,7 +20,7 @@ void ListGames(Season& season) {
     }
   }
   for (Club& club : season.clubs) {
-    for (Man& man : club.men) std::ranges::sort(man.days);
+    for (Player& player : club.players) std::ranges::sort(player.days);
   }
 }
 
@@ -47,11 +47,11 @@ void NumberNamesakes(Season& season) {
   };
   std::map<std::pair<int, std::string>, Name> names;
   for (Club& club : season.clubs) {
-    for (Man& man : club.men) {
-      Name& name = names[{club.year, PlainName(man, NameForm::FirstLast)}];
-      const auto [place, fresh] = name.numbers.try_emplace(man.id, name.players + 1);
+    for (Player& player : club.players) {
+      Name& name = names[{club.year, PlainName(player, NameForm::FirstLast)}];
+      const auto [place, fresh] = name.numbers.try_emplace(player.id, name.players + 1);
       if (fresh) ++name.players;
-      man.number = place->second;
+      player.number = place->second;
     }
   }
 }

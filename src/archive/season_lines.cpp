@@ -72,31 +72,32 @@ int SeasonLines::ClubOf(int year, std::string_view id) {
   Club& fresh = season_.clubs.emplace_back();
   fresh.year = year;
   fresh.id = key.second;
-  men_.emplace_back();
+  players_.emplace_back();
   clubs_.emplace(key, club);
   return club;
 }
 
 // A player whom no roster names has the name that the game gives him.
-int SeasonLines::ManOf(int club, std::string_view id, std::string_view name) {
-  Places& places = men_[club];
+int SeasonLines::PlayerOf(int club, std::string_view id, std::string_view name) {
+  Places& places = players_[club];
   if (const auto found = places.find(id); found != places.end()) return found->second;
-  std::vector<Man>& men = season_.clubs[club].men;
-  const bool full = men.size() >= season_limit::kMenOfClub || allMen_ >= season_limit::kMen;
+  std::vector<Player>& players = season_.clubs[club].players;
+  const bool full =
+      players.size() >= season_limit::kPlayersOfClub || allPlayers_ >= season_limit::kPlayers;
   if (full || !IsId(id)) {
     Note(full ? "far too many players for a club" : "a player without a name");
     return kNobody;
   }
-  ++allMen_;
-  const int man = static_cast<int>(men.size());
-  Man& fresh = men.emplace_back();
+  ++allPlayers_;
+  const int player = static_cast<int>(players.size());
+  Player& fresh = players.emplace_back();
   fresh.id = std::string(id);
   const std::string whole = Name(name);
   const std::size_t blank = whole.find(' ');
   if (blank != std::string::npos) fresh.first = whole.substr(0, blank);
   fresh.last = blank == std::string::npos ? whole : whole.substr(blank + 1);
-  places.emplace(fresh.id, man);
-  return man;
+  places.emplace(fresh.id, player);
+  return player;
 }
 
 bool SeasonLines::TakeClubs(const std::string& file, int year, std::string_view bytes,
@@ -128,14 +129,14 @@ bool SeasonLines::TakeRoster(const std::string& file, int year, std::string_view
     TakeField(line);  // his own club, on the roster of a game of several clubs
     if (id.empty() || last.empty()) return Note("a roster line without a player");
     const int place = ClubOf(year, club);
-    const int known = place == kNobody ? kNobody : ManOf(place, id, {});
+    const int known = place == kNobody ? kNobody : PlayerOf(place, id, {});
     if (known == kNobody) return;
-    Man& man = season_.clubs[place].men[known];
-    man.last = last;
-    man.first = first;
-    man.bats = Hand(bats);
-    man.throws = Hand(throws);
-    man.position = Name(TakeField(line));
+    Player& player = season_.clubs[place].players[known];
+    player.last = last;
+    player.first = first;
+    player.bats = Hand(bats);
+    player.throws = Hand(throws);
+    player.position = Name(TakeField(line));
   });
 }
 
@@ -245,9 +246,9 @@ void SeasonLines::TakeEntry(std::string_view line, bool starts) {
   const auto order = Number(TakeField(line));
   const auto position = Number(TakeField(line));
   if (id.empty() || !side || !order || !position) return Note("a lineup line without a player");
-  const int man = ManOf(game_.sides.at(*side).club, id, name);
-  if (man == kNobody) return;
-  if (const char* fault = scorer_.Enter(*side, man, *order, *position, starts)) Note(fault);
+  const int player = PlayerOf(game_.sides.at(*side).club, id, name);
+  if (player == kNobody) return;
+  if (const char* fault = scorer_.Enter(*side, player, *order, *position, starts)) Note(fault);
 }
 
 void SeasonLines::TakePlay(std::string_view line) {
@@ -260,7 +261,7 @@ void SeasonLines::TakePlay(std::string_view line) {
   if (!inning || *inning < 1 || !side || id.empty() || line.empty()) return Note("no play");
   int batter = scorer_.Find(*side, id);
   if (batter == kNobody) {
-    batter = ManOf(game_.sides.at(*side).club, id, {});
+    batter = PlayerOf(game_.sides.at(*side).club, id, {});
     Note("a batter who is not in the game");
     if (batter == kNobody) return;
   }
@@ -276,8 +277,8 @@ void SeasonLines::TakeEarnedRuns(std::string_view line) {
   constexpr int kMostRuns = 99;
   if (!runs || *runs < 0 || *runs > kMostRuns) return Note("earned runs without a number");
   for (int side = 0; side < 2; ++side) {
-    const int man = scorer_.Find(side, id);
-    if (man != kNobody) return scorer_.ChargeEarnedRuns(side, man, *runs);
+    const int player = scorer_.Find(side, id);
+    if (player != kNobody) return scorer_.ChargeEarnedRuns(side, player, *runs);
   }
   Note("earned runs of a pitcher who is not in the game");
 }

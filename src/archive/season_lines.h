@@ -50,7 +50,7 @@ class SeasonLines {
 
   // kNobody for what is no name, and where the season is full; both are noted.
   int ClubOf(int year, std::string_view id);
-  int ManOf(int club, std::string_view id, std::string_view name);
+  int PlayerOf(int club, std::string_view id, std::string_view name);
   std::string Name(std::string_view bytes);
   void TakeLine(std::string_view line);
   void TakeId(std::string_view id);
@@ -62,8 +62,8 @@ class SeasonLines {
   void TakeForfeit(std::string_view to);
   // Of games that have no plays.
   void TakeFigures(std::string_view line);
-  const char* TakeBattingLine(int side, int man, std::string_view line);
-  const char* TakePitchingLine(int side, int man, std::string_view line);
+  const char* TakeBattingLine(int side, int player, std::string_view line);
+  const char* TakePitchingLine(int side, int player, std::string_view line);
   void TakeLineScore(std::string_view line);
   bool OpenGame();
   void CloseGame();
@@ -71,8 +71,8 @@ class SeasonLines {
   Season season_;
   Scorer scorer_;
   std::map<std::pair<int, std::string>, int, std::less<>> clubs_;
-  std::vector<Places> men_;  // of each club, by id
-  std::size_t allMen_ = 0;
+  std::vector<Places> players_;  // of each club, by id
+  std::size_t allPlayers_ = 0;
   std::set<std::string, std::less<>> seen_;  // games
   const std::string* file_ = nullptr;
   int line_ = 0;

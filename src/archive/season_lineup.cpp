@@ -20,14 +20,14 @@ using Order = std::array<Placed, kOrder>;
 Order Pattern(const Order& order) {
   Order pattern = order;
   for (Placed& one : pattern) {
-    if (one.position == kPitcher) one.man = kNobody;
+    if (one.position == kPitcher) one.player = kNobody;
   }
   return pattern;
 }
 
 std::vector<int> KeyOf(const Order& order) {
   std::vector<int> key;
-  for (const Placed& one : order) key.insert(key.end(), {one.man, one.position});
+  for (const Placed& one : order) key.insert(key.end(), {one.player, one.position});
   return key;
 }
 
@@ -39,8 +39,9 @@ bool PitcherBats(const Order& order) {
 bool Whole(const Order& order) {
   for (auto one = order.begin(); one != order.end(); ++one) {
     if (one->position == 0) return false;
-    if (std::find_if(std::next(one), order.end(),
-                     [&](const Placed& other) { return other.man == one->man; }) != order.end()) {
+    if (std::find_if(std::next(one), order.end(), [&](const Placed& other) {
+          return other.player == one->player;
+        }) != order.end()) {
       return false;
     }
   }
@@ -63,7 +64,7 @@ Order OrderUsedMost(const std::vector<Order>& used) {
     if (PitcherBats(order) != pitcherBats) continue;
     ++times[KeyOf(order)];
     for (int place = 0; place < kOrder; ++place) {
-      ++stood[{place, order.at(place).man, order.at(place).position}];
+      ++stood[{place, order.at(place).player, order.at(place).position}];
     }
   }
   const Order* best = nullptr;
@@ -72,7 +73,7 @@ Order OrderUsedMost(const std::vector<Order>& used) {
     if (PitcherBats(order) != pitcherBats) continue;
     int usual = 0;
     for (int place = 0; place < kOrder; ++place) {
-      usual += stood[{place, order.at(place).man, order.at(place).position}];
+      usual += stood[{place, order.at(place).player, order.at(place).position}];
     }
     const std::pair value(times[KeyOf(order)], usual);
     if (best != nullptr && value <= most) continue;
@@ -131,28 +132,28 @@ struct Starts {
 };
 
 Starts StartsIn(const Club& club, const std::vector<Order>& used) {
-  Starts starts{std::vector<std::array<int, kPositions>>(club.men.size()),
-                std::vector<std::array<int, kOrder>>(club.men.size() + 1)};
+  Starts starts{std::vector<std::array<int, kPositions>>(club.players.size()),
+                std::vector<std::array<int, kOrder>>(club.players.size() + 1)};
   for (const Order& order : used) {
     for (int place = 0; place < kOrder; ++place) {
-      const auto [man, position] = order.at(place);
-      if (man != kNobody) ++starts.at[man].at(position);
-      ++starts.batting[man == kNobody ? club.men.size() : man].at(place);
+      const auto [player, position] = order.at(place);
+      if (player != kNobody) ++starts.at[player].at(position);
+      ++starts.batting[player == kNobody ? club.players.size() : player].at(place);
     }
   }
   return starts;
 }
 
 // The players of the positions from the catcher on, as many as `slots`.
-std::array<int, kOrder> MenOfPositions(const Club& club, const Starts& starts, int slots) {
+std::array<int, kOrder> PlayersOfPositions(const Club& club, const Starts& starts, int slots) {
   constexpr std::int64_t kStart = 10'000;  // outweighs all games of a season
-  Worths worths(club.men.size());
-  for (std::size_t man = 0; man < club.men.size(); ++man) {
+  Worths worths(club.players.size());
+  for (std::size_t player = 0; player < club.players.size(); ++player) {
     for (int slot = 0; slot < slots; ++slot) {
       const int position = kPitcher + 1 + slot;
-      if (starts.at[man].at(position) == 0) continue;
-      worths[man].at(slot) =
-          starts.at[man].at(position) * kStart + club.men[man].batting.gamesAt.at(position);
+      if (starts.at[player].at(position) == 0) continue;
+      worths[player].at(slot) = starts.at[player].at(position) * kStart +
+                                club.players[player].batting.gamesAt.at(position);
     }
   }
   return BestForSlots(worths, slots);
@@ -176,12 +177,12 @@ Order OrderOfUsualNine(const Club& club, const std::vector<Order>& used) {
   const Starts starts = StartsIn(club, used);
   // Catcher to right field, and the designated hitter behind them.
   const int slots = pitcherBats ? kOrder - 1 : kOrder;
-  const std::array<int, kOrder> men = MenOfPositions(club, starts, slots);
+  const std::array<int, kOrder> players = PlayersOfPositions(club, starts, slots);
   // Orders in which a position stands twice.
-  if (men.front() == kNobody) return OrderUsedMost(used);
+  if (players.front() == kNobody) return OrderUsedMost(used);
   Worths worths(kOrder);
   for (int one = 0; one < kOrder; ++one) {
-    const auto& batted = starts.batting[one < slots ? men.at(one) : club.men.size()];
+    const auto& batted = starts.batting[one < slots ? players.at(one) : club.players.size()];
     for (int place = 0; place < kOrder; ++place) {
       worths[one].at(place) = batted.at(place) * kTime - OffTheMiddle(batted, place);
     }
@@ -191,7 +192,7 @@ Order OrderOfUsualNine(const Club& club, const std::vector<Order>& used) {
   for (int place = 0; place < kOrder; ++place) {
     const int one = batters.at(place);
     order.at(place) =
-        one < slots ? Placed{men.at(one), kPitcher + 1 + one} : Placed{kNobody, kPitcher};
+        one < slots ? Placed{players.at(one), kPitcher + 1 + one} : Placed{kNobody, kPitcher};
   }
   return order;
 }
@@ -200,13 +201,13 @@ Order OrderOfUsualNine(const Club& club, const std::vector<Order>& used) {
 int FirstStarter(const Club& club, const Order& order) {
   int first = 0;
   std::tuple<bool, int, int, bool> most;
-  for (int man = 0; man < static_cast<int>(club.men.size()); ++man) {
-    const Pitching& pitching = club.men[man].pitching;
-    const bool free = std::ranges::find(order, man, &Placed::man) == order.end();
+  for (int player = 0; player < static_cast<int>(club.players.size()); ++player) {
+    const Pitching& pitching = club.players[player].pitching;
+    const bool free = std::ranges::find(order, player, &Placed::player) == order.end();
     const std::tuple value(free && pitching.games > 0, pitching.starts, pitching.outs,
-                           IsPitcher(club.men[man]));
-    if (man > 0 && value <= most) continue;
-    first = man;
+                           IsPitcher(club.players[player]));
+    if (player > 0 && value <= most) continue;
+    first = player;
     most = value;
   }
   return first;
@@ -230,12 +231,12 @@ LineUp Around(const Club& club, const Order& order) {
   const int starter = FirstStarter(club, order);
   bool bats = false;
   for (Placed one : order) {
-    if (one.position == kPitcher) one.man = starter;
-    bats = bats || one.man == starter;
+    if (one.position == kPitcher) one.player = starter;
+    bats = bats || one.player == starter;
     lineUp.order.push_back(one);
   }
   // A club whose pitchers are not told has none.
-  const bool pitches = club.men[starter].pitching.games > 0 || IsPitcher(club.men[starter]);
+  const bool pitches = club.players[starter].pitching.games > 0 || IsPitcher(club.players[starter]);
   if (!bats && pitches) lineUp.pitchers.push_back(starter);
   if (pitches) lineUp.starter = starter;
   return lineUp;
@@ -251,7 +252,7 @@ LineUp LineUpOfSeason(const Season& season, int club, SeasonNine nine) {
     lineUp = Around(
         told, nine == SeasonNine::UsedMost ? OrderUsedMost(used) : OrderOfUsualNine(told, used));
   }
-  AddOthers(told, lineUp, std::vector<Nearness>(told.men.size(), 0));
+  AddOthers(told, lineUp, std::vector<Nearness>(told.players.size(), 0));
   return lineUp;
 }
 

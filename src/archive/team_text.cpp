@@ -12,8 +12,8 @@ namespace {
 std::vector<std::string> NamesApart(const Club& club, NameForm form, TakenNames taken) {
   std::vector<std::string> names;
   std::unordered_map<std::string, int> numbers;  // the last one tried for a name
-  for (const Man& man : club.men) {
-    const std::string name = NameInFile(man, form);
+  for (const Player& player : club.players) {
+    const std::string name = NameInFile(player, form);
     std::string apart = name;
     int& number = numbers.try_emplace(name, 1).first->second;
     while (!taken.insert(apart).second) {
@@ -29,14 +29,14 @@ std::string Ordinal(std::size_t number) {
   return std::to_string(number) + kEndings.at(number < kEndings.size() ? number : 0);
 }
 
-std::vector<int> MenOf(const LineUp& lineUp) {
-  std::vector<int> men;
+std::vector<int> PlayersOf(const LineUp& lineUp) {
+  std::vector<int> players;
   for (const Placed& one : lineUp.order) {
-    if (one.man != kNobody) men.push_back(one.man);
+    if (one.player != kNobody) players.push_back(one.player);
   }
-  men.insert(men.end(), lineUp.bench.begin(), lineUp.bench.end());
-  men.insert(men.end(), lineUp.pitchers.begin(), lineUp.pitchers.end());
-  return men;
+  players.insert(players.end(), lineUp.bench.begin(), lineUp.bench.end());
+  players.insert(players.end(), lineUp.pitchers.begin(), lineUp.pitchers.end());
+  return players;
 }
 
 // A line that stands for the place and is nobody's: its name is empty.
@@ -51,23 +51,24 @@ TeamText MakeTeamText(const Season& season, int club, const LineUp& lineUp, cons
   TeamText team;
   team.name = TeamName(season, club);
   team.inOrder = static_cast<int>(lineUp.order.size());
-  const auto remark = [&](int man, const std::string& position, bool asPitcher) {
-    return Remark(asPitcher ? form.pitchers : form.batters, told.men[man], position, asPitcher);
+  const auto remark = [&](int player, const std::string& position, bool asPitcher) {
+    return Remark(asPitcher ? form.pitchers : form.batters, told.players[player], position,
+                  asPitcher);
   };
-  const auto add = [&](int man, const std::string& text) {
-    team.lines.push_back(text.empty() ? names[man] : names[man] + '=' + text);
+  const auto add = [&](int player, const std::string& text) {
+    team.lines.push_back(text.empty() ? names[player] : names[player] + '=' + text);
   };
   const std::string pitcher = PositionName(kPitcher);
   for (std::size_t i = 0; i < lineUp.order.size(); ++i) {
-    const auto& [man, position] = lineUp.order[i];
-    if (man == kNobody) {
+    const auto& [player, position] = lineUp.order[i];
+    if (player == kNobody) {
       team.lines.push_back(OpenPlace(i + 1));
       team.gaps.push_back("who bats " + Ordinal(i + 1));
-    } else if (man == lineUp.starter && position != kPitcher) {
-      add(man, remark(man, pitcher + '/' + PositionName(position), false) + " / " +
-                   remark(man, pitcher, true));
+    } else if (player == lineUp.starter && position != kPitcher) {
+      add(player, remark(player, pitcher + '/' + PositionName(position), false) + " / " +
+                      remark(player, pitcher, true));
     } else {
-      add(man, remark(man, PositionName(position), position == kPitcher));
+      add(player, remark(player, PositionName(position), position == kPitcher));
     }
   }
   if (lineUp.order.empty()) team.gaps.emplace_back("the batting order");
@@ -76,9 +77,11 @@ TeamText MakeTeamText(const Season& season, int club, const LineUp& lineUp, cons
   } else {
     team.starter = names[lineUp.starter];
   }
-  for (const int man : lineUp.bench) add(man, remark(man, UsualPosition(told.men[man]), false));
-  for (const int man : lineUp.pitchers) add(man, remark(man, pitcher, true));
-  for (const int man : lineUp.leftOut) team.leftOut.push_back(names[man]);
+  for (const int player : lineUp.bench) {
+    add(player, remark(player, UsualPosition(told.players[player]), false));
+  }
+  for (const int player : lineUp.pitchers) add(player, remark(player, pitcher, true));
+  for (const int player : lineUp.leftOut) team.leftOut.push_back(names[player]);
   return team;
 }
 
@@ -96,13 +99,15 @@ GameTeams MakeGameTeams(const Season& season, const Game& game, const LineForm& 
   const std::vector<std::string> theirs = NamesApart(visitors, form.names, {});
   const std::vector<std::string> ours = NamesApart(home, form.names, std::move(taken));
   std::unordered_map<std::string, int> alike;  // visitors by their names without numbers
-  for (const int man : MenOf(lineUps[0])) alike[PlainName(visitors.men[man], form.names)] = man;
-  for (const int man : MenOf(lineUps[1])) {
-    const std::string name = PlainName(home.men[man], form.names);
+  for (const int player : PlayersOf(lineUps[0])) {
+    alike[PlainName(visitors.players[player], form.names)] = player;
+  }
+  for (const int player : PlayersOf(lineUps[1])) {
+    const std::string name = PlainName(home.players[player], form.names);
     const auto found = alike.find(name);
     if (found == alike.end()) continue;
     made.alike.push_back("Both teams have a " + name + ": \"" + theirs[found->second] + "\" of " +
-                         visitors.name + " and \"" + ours[man] + "\" of " + home.name + '.');
+                         visitors.name + " and \"" + ours[player] + "\" of " + home.name + '.');
   }
   return made;
 }

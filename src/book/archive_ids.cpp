@@ -17,10 +17,11 @@ std::optional<ArchiveIds> ReadArchiveIds(const Platform& platform, const std::st
   ArchiveIds ids;
   for (std::size_t club = 0; club < season->clubs.size(); ++club) {
     const std::string team = archive::BoardName(archive::TeamName(*season, static_cast<int>(club)));
-    for (const archive::Man& man : season->clubs[club].men) {
+    for (const archive::Player& player : season->clubs[club].players) {
       for (const auto form : {archive::NameForm::FirstLast, archive::NameForm::LastFirst}) {
-        const auto [place, fresh] = ids.try_emplace({team, archive::NameInFile(man, form)}, man.id);
-        if (!fresh && place->second != man.id) place->second.clear();
+        const auto [place, fresh] =
+            ids.try_emplace({team, archive::NameInFile(player, form)}, player.id);
+        if (!fresh && place->second != player.id) place->second.clear();
       }
     }
   }

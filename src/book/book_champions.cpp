@@ -65,7 +65,7 @@ std::vector<std::string> LeaderRow(const BookHtml& html, int chapter, const Lead
   std::string players;
   std::size_t tied = 0;
   while (tied < list.first.size() && list.first[tied].value == list.first.front().value) {
-    players += (players.empty() ? "" : "<br>") + html.Player({chapter, list.first[tied].man});
+    players += (players.empty() ? "" : "<br>") + html.Player({chapter, list.first[tied].player});
     ++tied;
   }
   if (tied == list.first.size() && list.alsoLast > 0) players += "<br>" + PageText(MoreText(list));

@@ -54,7 +54,7 @@ std::string SeasonBoards(const BookHtml& html) {
     const LeaderList list = LeadersAmong(candidates, lead, true);
     std::vector<Row> rows;
     for (const SeasonLeader& leader : list.first) {
-      const CareerLine& line = lines[leader.man];
+      const CareerLine& line = lines[leader.player];
       rows.push_back({html.Player(line), html.SeasonOf(line.chapter), leader.text});
     }
     boards += ListOf(LeadTitle(lead), "Season", rows, list.alsoLast);
@@ -113,8 +113,8 @@ std::string CareerBoards(const BookHtml& html) {
     const LeaderList list = LeadersAmong(candidates, lead, true);
     std::vector<Row> rows;
     for (const SeasonLeader& leader : list.first) {
-      rows.push_back({html.Player(leader.man, ""),
-                      PageText(html.SeasonsOf(book.careers.all[leader.man])), leader.text});
+      rows.push_back({html.Player(leader.player, ""),
+                      PageText(html.SeasonsOf(book.careers.all[leader.player])), leader.text});
     }
     boards += ListOf(LeadTitle(lead), "Seasons", rows, list.alsoLast);
   }

@@ -31,10 +31,10 @@ void AddFigures(Chapter& chapter, const SeasonFigures& season, const TeamGroups&
       own.standings.push_back({team.name, team.wins, team.losses, team.ties(), standing.share});
     }
   }
-  for (const SeasonPlayer& man : season.players) {
-    const SeasonTeam& team = season.teams[man.team];
+  for (const SeasonPlayer& player : season.players) {
+    const SeasonTeam& team = season.teams[player.team];
     chapter.lines.push_back(
-        {man.name, team.name, double(team.games.size()), man.batting, man.pitching});
+        {player.name, team.name, double(team.games.size()), player.batting, player.pitching});
   }
 }
 
@@ -49,9 +49,9 @@ void CountPlays(Chapter& chapter, Database& database, const SeasonFigures& seaso
 
 void AddPresences(std::vector<Presence>& presences, const SeasonFigures& season,
                   const AllOutings& outings) {
-  for (std::size_t man = 0; man < outings.size(); ++man) {
-    for (const SeasonOuting& outing : outings[man]) {
-      Widen(presences[man].first, presences[man].last,
+  for (std::size_t player = 0; player < outings.size(); ++player) {
+    for (const SeasonOuting& outing : outings[player]) {
+      Widen(presences[player].first, presences[player].last,
             outing.game < 0 ? outing.time : season.games[outing.game].day);
     }
   }
@@ -80,8 +80,8 @@ std::optional<Chapter> ReadChapter(Database& database, const std::string& name,
         ReadAllOutings(database, places, SeasonRole::Pitching, [&](const PlacedLine& line) {
           if (line.game < 0) return;
           PitchedSide& side = pitched[line.game].at(line.side);
-          if (std::ranges::find(side.men, line.man) == side.men.end()) {
-            side.men.push_back(line.man);
+          if (std::ranges::find(side.players, line.player) == side.players.end()) {
+            side.players.push_back(line.player);
           }
           side.sum += std::get<PitchingTotals>(line.line);
         });

@@ -12,7 +12,7 @@ namespace {
 // A player's part in a game.
 struct Part {
   int game = 0;
-  int man = 0;
+  int player = 0;
   const SeasonOuting* outing = nullptr;
 };
 
@@ -20,13 +20,13 @@ struct Part {
 // apart, are left out.
 std::vector<Part> InOrder(const SeasonFigures& season, const AllOutings& outings) {
   std::vector<Part> parts;
-  for (std::size_t man = 0; man < outings.size(); ++man) {
-    for (const SeasonOuting& outing : outings[man]) {
+  for (std::size_t player = 0; player < outings.size(); ++player) {
+    for (const SeasonOuting& outing : outings[player]) {
       if (outing.game < 0 || season.games[outing.game].mixed) continue;
-      parts.push_back({outing.game, static_cast<int>(man), &outing});
+      parts.push_back({outing.game, static_cast<int>(player), &outing});
     }
   }
-  std::ranges::sort(parts, {}, [](const Part& part) { return std::pair(part.game, part.man); });
+  std::ranges::sort(parts, {}, [](const Part& part) { return std::pair(part.game, part.player); });
   return parts;
 }
 
@@ -41,9 +41,9 @@ Feat FeatOf(const SeasonFigures& season, int game, std::size_t side) {
 }
 
 Feat FeatOf(const SeasonFigures& season, const Part& part) {
-  const int team = season.players[part.man].team;
+  const int team = season.players[part.player].team;
   Feat feat = FeatOf(season, part.game, season.games[part.game].sides[0].team == team ? 0 : 1);
-  feat.lines = {part.man};
+  feat.lines = {part.player};
   return feat;
 }
 
@@ -78,7 +78,7 @@ void FindBestGames(Chapter& chapter, const SeasonFigures& season, const AllOutin
       candidate.pitching = &std::get<PitchingTotals>(part.outing->line);
     }
     for (std::size_t i = 0; i < kGameLeads.size(); ++i) {
-      const auto lead = LeadOf(part.man, candidate, kGameLeads.at(i));
+      const auto lead = LeadOf(part.player, candidate, kGameLeads.at(i));
       if (!lead) continue;
       chapter.bestGames.at(i).Offer(lead->value, [&] { return FeatOf(season, part); });
     }
@@ -118,7 +118,7 @@ void FindNoHitters(Chapter& chapter, const SeasonFigures& season, const PitchedG
         continue;
       }
       Feat& feat = chapter.noHitters.emplace_back(FeatOf(season, static_cast<int>(game), side));
-      feat.lines = pitchers.men;
+      feat.lines = pitchers.players;
       feat.figures.insert(feat.figures.begin(), {DecimalInnings(sum.outs), DecimalText(sum.walks),
                                                  DecimalText(sum.strikeouts)});
     }
@@ -129,7 +129,7 @@ void FindHittingStreaks(Chapter& chapter, const SeasonFigures& season, const All
   // By person; each part stands in the order of the games.
   std::vector<std::vector<Part>> parts(chapter.persons.size());
   for (const Part& part : InOrder(season, batting)) {
-    parts[chapter.lines[part.man].person].push_back(part);
+    parts[chapter.lines[part.player].person].push_back(part);
   }
   for (const std::vector<Part>& own : parts) {
     Run run;
@@ -154,7 +154,7 @@ void FindHittingStreaks(Chapter& chapter, const SeasonFigures& season, const All
       }
       run.Add(part.game);
       sum += game;
-      line = part.man;
+      line = part.player;
     }
     end();
   }

@@ -9,7 +9,7 @@ namespace dtb::book {
 
 // What the pitchers of a side gave in a game, in the order in which they are stored.
 struct PitchedSide {
-  std::vector<int> men = {};
+  std::vector<int> players = {};
   PitchingTotals sum = {};
 };
 using PitchedGames = std::vector<std::array<PitchedSide, 2>>;

@@ -81,7 +81,7 @@ bool OfferSideDue(Board& board, Side atBat) {
 // Nobody was chosen, or the batter has left the order.
 bool OfferBatter(Board& board, Side atBat) {
   const SideFields fields = SideOf(board, atBat);
-  const int row = RowOfManDue(board, atBat).value_or(0);
+  const int row = RowOfBatterDue(board, atBat).value_or(0);
   const std::string due = PlayerAt(fields.list, row);
   if (due.empty()) {
     PitcherBatterSelectWarn(board);

@@ -44,7 +44,7 @@ std::optional<int> RowOfBatter(Board& board, Side side) {
   return SideOf(board, side).atBat.value() ? RowOfChosen(board, side) : std::nullopt;
 }
 
-std::optional<int> RowOfManDue(Board& board, Side side) {
+std::optional<int> RowOfBatterDue(Board& board, Side side) {
   const SideFields fields = SideOf(board, side);
   if (!fields.atBat.value() || fields.list.empty() || RowOfBatter(board, side)) return std::nullopt;
   // A shorter list may have been loaded since.
@@ -55,11 +55,11 @@ int PlaceInOrder(Board& board, Side side) {
   return RowOfBatter(board, side).value_or(SideOf(board, side).due.value());
 }
 
-void ChooseManDue(Board& board) {
+void ChooseBatterDue(Board& board) {
   const auto side = SideAtBat(board.state);
   if (!side) return;
   const SideFields fields = SideOf(board, *side);
-  const auto due = RowOfManDue(board, *side);
+  const auto due = RowOfBatterDue(board, *side);
   const int row = due.value_or(PlaceInOrder(board, *side));
   if (PlayerAt(fields.list, row).empty()) return;
   const Gesture gesture(board, "row, " + PlayerAt(fields.list, row));

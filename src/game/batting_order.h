@@ -23,7 +23,7 @@ namespace dtb {
 // one behind its last batter, the first row in its first half-inning, the same player again whose
 // turn a runner's out has cut short, and the one who stands in place of a batter who has left
 // the order.
-[[nodiscard]] std::optional<int> RowOfManDue(Board& board, Side side);
+[[nodiscard]] std::optional<int> RowOfBatterDue(Board& board, Side side);
 
 // The row from which the order of the side goes on: that of the batter, else the one that is due.
 // It need not exist in an empty list.
@@ -35,7 +35,7 @@ namespace dtb {
 // Brings the batter of the side at bat: whoever is due becomes the batter, also while EDIT is on,
 // which it turns off. Where somebody bats already, only the highlight goes back to him. Without a
 // side at bat, or a player in that row, nothing happens.
-void ChooseManDue(Board& board);
+void ChooseBatterDue(Board& board);
 
 // A third out: nobody bats any more. The batter's place is noted, so that his side goes on behind
 // him, or with him where his turn was cut short. Without a batter nothing happens.

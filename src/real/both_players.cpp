@@ -20,23 +20,23 @@ constexpr std::array kForms{NameForm::FirstLast, NameForm::LastFirst};
 class NamesOfClub {
  public:
   explicit NamesOfClub(const Club& club) : club_(club) {
-    for (int man = 0; man < static_cast<int>(club.men.size()); ++man) {
+    for (int player = 0; player < static_cast<int>(club.players.size()); ++player) {
       for (const NameForm form : kForms) {
-        std::vector<int>& men = men_[archive::PlainName(club.men[man], form)];
-        if (men.empty() || men.back() != man) men.push_back(man);
+        std::vector<int>& players = players_[archive::PlainName(club.players[player], form)];
+        if (players.empty() || players.back() != player) players.push_back(player);
       }
     }
   }
 
-  [[nodiscard]] int ManOf(const std::string& name) const {
+  [[nodiscard]] int PlayerOf(const std::string& name) const {
     for (const std::string& plain : {name, WithoutNumber(name)}) {
-      const auto found = men_.find(plain);
-      if (found == men_.end()) continue;
-      const std::vector<int>& men = found->second;
-      if (men.size() == 1) return men.front();
-      for (const int man : men) {
+      const auto found = players_.find(plain);
+      if (found == players_.end()) continue;
+      const std::vector<int>& players = found->second;
+      if (players.size() == 1) return players.front();
+      for (const int player : players) {
         for (const NameForm form : kForms) {
-          if (archive::NameInFile(club_.men[man], form) == name) return man;
+          if (archive::NameInFile(club_.players[player], form) == name) return player;
         }
       }
     }
@@ -45,7 +45,7 @@ class NamesOfClub {
 
  private:
   const Club& club_;
-  std::unordered_map<std::string, std::vector<int>> men_;
+  std::unordered_map<std::string, std::vector<int>> players_;
 };
 
 // What the players of a club did in its first games.
@@ -56,14 +56,14 @@ struct ClubDays {
 
 ClubDays DaysOf(const archive::Season& season, int club, int games) {
   const Club& told = season.clubs[club];
-  ClubDays days{std::vector<archive::Batting>(told.men.size()),
-                std::vector<archive::Pitching>(told.men.size())};
+  ClubDays days{std::vector<archive::Batting>(told.players.size()),
+                std::vector<archive::Pitching>(told.players.size())};
   for (int i = 0; i < games; ++i) {
     const archive::Game& game = season.games[told.games[i]];
     archive::ForEachDay(game.sides[game.sides[0].club == club ? 0 : 1],
                         [&](const archive::DayFigures& day) {
-                          archive::Add(days.batting[day.man], day.batting);
-                          archive::Add(days.pitching[day.man], day.pitching);
+                          archive::Add(days.batting[day.player], day.batting);
+                          archive::Add(days.pitching[day.player], day.pitching);
                         });
   }
   return days;
@@ -168,27 +168,27 @@ std::vector<BothPlayer> PlayersOfBoth(const BothWorlds& worlds, const Moment& mo
   std::vector<BothPlayer> players;
   const SeasonFigures& replayed = *worlds.replayed;
   std::vector<std::optional<NamesOfClub>> names(replayed.teams.size());
-  std::map<std::pair<int, int>, std::size_t> places;  // by team and man
+  std::map<std::pair<int, int>, std::size_t> places;  // by team and place in the club
   for (std::size_t team = 0; team < replayed.teams.size(); ++team) {
     if (worlds.clubs[team] == kNoClub || replayed.teams[team].games.empty()) continue;
     const Club& club = worlds.archive->clubs[worlds.clubs[team]];
     names[team].emplace(club);
     const ClubDays days = DaysOf(*worlds.archive, worlds.clubs[team],
                                  RealGamesAt(worlds, static_cast<int>(team), moment));
-    for (std::size_t man = 0; man < club.men.size(); ++man) {
-      places[{static_cast<int>(team), static_cast<int>(man)}] = players.size();
-      BothPlayer player{.name = archive::NameInFile(club.men[man], worlds.names)};
+    for (std::size_t place = 0; place < club.players.size(); ++place) {
+      places[{static_cast<int>(team), static_cast<int>(place)}] = players.size();
+      BothPlayer player{.name = archive::NameInFile(club.players[place], worlds.names)};
       player.team = static_cast<int>(team);
-      player.man = static_cast<int>(man);
-      player.reallyBatted = days.batting[man];
-      player.reallyPitched = days.pitching[man];
+      player.inArchive = static_cast<int>(place);
+      player.reallyBatted = days.batting[place];
+      player.reallyPitched = days.pitching[place];
       players.push_back(std::move(player));
     }
   }
   for (const SeasonPlayer& saved : replayed.players) {
     if (!names[saved.team]) continue;
-    const int man = names[saved.team]->ManOf(saved.name);
-    const auto found = places.find({saved.team, man});
+    const int inArchive = names[saved.team]->PlayerOf(saved.name);
+    const auto found = places.find({saved.team, inArchive});
     const std::size_t place = found == places.end() ? players.size() : found->second;
     if (place == players.size()) players.push_back({.name = saved.name, .team = saved.team});
     BothPlayer& player = players[place];
@@ -200,8 +200,8 @@ std::vector<BothPlayer> PlayersOfBoth(const BothWorlds& worlds, const Moment& mo
   }
   // Of a roster, who plays in neither world is left out.
   std::erase_if(players, [&](const BothPlayer& player) {
-    if (player.man == kNobody || player.batting || player.pitching) return false;
-    return worlds.archive->clubs[worlds.clubs[player.team]].men[player.man].days.empty();
+    if (player.inArchive == kNobody || player.batting || player.pitching) return false;
+    return worlds.archive->clubs[worlds.clubs[player.team]].players[player.inArchive].days.empty();
   });
   std::ranges::sort(players, [](const BothPlayer& a, const BothPlayer& b) {
     const int order = CompareNames(a.name, b.name);

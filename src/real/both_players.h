@@ -27,7 +27,8 @@ using StartsOfPitchers = std::map<std::pair<std::string, std::string>, double>;
 struct BothPlayer {
   std::string name;  // as saved games have him, else as a team file would
   int team = 0;
-  int man = archive::kNobody;  // of the club; kNobody: the archive does not have him
+  int inArchive =
+      archive::kNobody;  // a place in Club::players; kNobody: the archive does not have him
   // On the board; nothing where he has no row.
   std::optional<BattingTotals> batting = {};
   std::optional<PitchingTotals> pitching = {};

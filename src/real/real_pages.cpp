@@ -143,8 +143,9 @@ class RealWriter {
   [[nodiscard]] static std::string LeaderTable(const SeasonFigures& season, SeasonLead lead) {
     Cells table{{"Name", "Team", ""}};
     for (const SeasonLeader& leader : Leaders(season, lead, true).first) {
-      const SeasonPlayer& man = season.players[leader.man];
-      table.push_back({PageText(man.name), PageText(season.teams[man.team].name), leader.text});
+      const SeasonPlayer& player = season.players[leader.player];
+      table.push_back(
+          {PageText(player.name), PageText(season.teams[player.team].name), leader.text});
     }
     return PageTable(table);
   }

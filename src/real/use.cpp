@@ -36,20 +36,20 @@ Use UseOf(const char* what, double oneGame, const Pace& pace, double replayed, d
   return use;
 }
 
-PlayerUse BatterOf(const BothPlayer& player, const archive::Man& man, const Pace& pace) {
+PlayerUse BatterOf(const BothPlayer& player, const archive::Player& inArchive, const Pace& pace) {
   constexpr double kOfGame = 5;
   const double replayed = player.batting ? player.batting->atBats + player.batting->walks : 0;
   return {player.name,
           true,
           {UseOf(kAppearances, kOfGame, pace, replayed, AppearancesOf(player.reallyBatted),
-                 AppearancesOf(man.batting))}};
+                 AppearancesOf(inArchive.batting))}};
 }
 
-PlayerUse PitcherOf(const BothPlayer& player, const archive::Man& man, const Pace& pace) {
+PlayerUse PitcherOf(const BothPlayer& player, const archive::Player& inArchive, const Pace& pace) {
   constexpr double kOutsOfGame = 27;
   const PitchingTotals replayed = player.pitching.value_or(PitchingTotals{});
   const archive::Pitching& real = player.reallyPitched;
-  const archive::Pitching& year = man.pitching;
+  const archive::Pitching& year = inArchive.pitching;
   return {player.name,
           true,
           {UseOf(kInnings, kOutsOfGame, pace, replayed.outs, real.outs, year.outs),
@@ -113,16 +113,16 @@ TeamUse UseOfTeam(const BothWorlds& worlds, const std::vector<BothPlayer>& playe
   const Pace pitching{share, untold[1] == 0};
   for (const BothPlayer& player : players) {
     if (player.team != team) continue;
-    if (player.man == archive::kNobody) {
+    if (player.inArchive == archive::kNobody) {
       if (player.batting) use.batters.push_back(Stranger(player, SeasonRole::Batting));
       if (player.pitching) use.pitchers.push_back(Stranger(player, SeasonRole::Pitching));
       continue;
     }
-    const archive::Man& man = club.men[player.man];
-    PlayerUse bats = BatterOf(player, man, batting);
+    const archive::Player& inArchive = club.players[player.inArchive];
+    PlayerUse bats = BatterOf(player, inArchive, batting);
     if (bats.uses[0].replayed > 0 || bats.uses[0].year > 0) use.batters.push_back(std::move(bats));
-    if (player.pitching || man.pitching.games > 0) {
-      use.pitchers.push_back(PitcherOf(player, man, pitching));
+    if (player.pitching || inArchive.pitching.games > 0) {
+      use.pitchers.push_back(PitcherOf(player, inArchive, pitching));
     }
   }
   PutInOrder(use.batters);

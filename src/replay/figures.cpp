@@ -172,16 +172,16 @@ void AddFile(Figures& figures, const std::string& file, const SavedGame& game) {
 // A reserve who never stood on the first piece has no row. The players whose figures go are
 // returned.
 QStringList RemoveUnplayed(Figures& figures, const SideFields& side) {
-  QStringList men;
+  QStringList players;
   for (int row = 1; row < side.grid.rows(); ++row) {
     if (side.grid.Text(row, stat_column::kPlayed) == "1") continue;
     const QString who =
         Batter(ToQt(side.team.value()), ToQt(side.grid.Text(row, stat_column::kBatter)));
     const auto removed =
         figures.removeIf([&who](const auto& figure) { return figure.key().startsWith(who); });
-    if (removed > 0) men += who.chopped(2);
+    if (removed > 0) players += who.chopped(2);
   }
-  return men;
+  return players;
 }
 
 QStringList Differences(const QString& place, const Figures& actual, const Figures& expected,

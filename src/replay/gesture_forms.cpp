@@ -98,8 +98,9 @@ QString FaultOfRest(const QString& form, const QString& rest) {
     return ExpectationOf(rest) ? QString() : QString("MUST is followed by NAME = VALUE");
   }
   if (form == "SIDE PLAYER | PLAYER") {
-    const QStringList men = rest.section(' ', 1).split(" | ");
-    const bool two = men.size() == 2 && !men[0].trimmed().isEmpty() && !men[1].trimmed().isEmpty();
+    const QStringList players = rest.section(' ', 1).split(" | ");
+    const bool two =
+        players.size() == 2 && !players[0].trimmed().isEmpty() && !players[1].trimmed().isEmpty();
     const QString side = FaultOfWord("SIDE", rest.section(' ', 0, 0));
     return !side.isEmpty() || two ? side : QString("two players, with \" | \" between");
   }

@@ -198,9 +198,9 @@ QStringList Player::GesturesOf(const QString& line) const {
   const Names& names = NamesOf(side);
   if (verb == "SWAP") return GesturesOfSwap(side, Rest(line, 2));
   if (verb == "RUNNER") {
-    const QStringList men = Rest(line, 2).split(" | ");
-    const QString piece = PieceOf(FromQt(men[1].trimmed()));
-    const QString row = RowOf(SideOf(table_.desk.board(), side).list, men[0].trimmed());
+    const QStringList players = Rest(line, 2).split(" | ");
+    const QString piece = PieceOf(FromQt(players[1].trimmed()));
+    const QString row = RowOf(SideOf(table_.desk.board(), side).list, players[0].trimmed());
     return {"DRAGONTO " + names.list + ' ' + row + ' ' + piece};
   }
   if (verb == "ATBAT") return {"CLICK " + names.atBat};
@@ -253,7 +253,7 @@ QString Player::PieceOf(const std::string& name) const {
 
 QString Player::Tidying() {
   if (KeepsBases(board_.state)) return {};  // the board tidies up itself
-  std::map<std::string, int> men;
+  std::map<std::string, int> players;
   int oldest = -1;
   bool full = true;
   for (int i = 0; i < kPieces; ++i) {
@@ -261,12 +261,13 @@ QString Player::Tidying() {
     const std::string& name = piece.tag.value();
     full = full && !piece.free();
     if (piece.free()) continue;
-    men[name] = men_.contains(name) ? men_[name] : ++clock_;
+    players[name] = players_.contains(name) ? players_[name] : ++clock_;
     if (name == board_.state.lbl_Selected.value() || StealsLater(name)) continue;
-    const bool older = oldest < 0 || men[name] < men[board_.state.pieces.at(oldest).tag.value()];
+    const bool older =
+        oldest < 0 || players[name] < players[board_.state.pieces.at(oldest).tag.value()];
     if (older) oldest = i;
   }
-  men_ = men;
+  players_ = players;
   return full && oldest >= 0 ? QString("DBLCLICK pb_Player%1").arg(oldest + 1) : QString();
 }
 

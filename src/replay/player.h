@@ -84,7 +84,7 @@ class Player : public Driver {
   std::map<std::size_t, std::string> states_;  // the game after so many steps
   int half_ = 0;
   int clock_ = 0;
-  std::map<std::string, int> men_;  // on the pieces; the larger, the later he came on
+  std::map<std::string, int> players_;  // on the pieces; the larger, the later he came on
 };
 
 }  // namespace dtb::replay

@@ -19,16 +19,16 @@ void AddLines(SeasonBook& book, const SeasonPlaces& places, Database& database, 
   AllOutings all = ReadAllOutings(
       database, places, role,
       [&](const PlacedLine& line) {
-        if (line.game >= 0) entriesOf(line)->push_back({line.man, line.line});
+        if (line.game >= 0) entriesOf(line)->push_back({line.player, line.line});
       },
       [&](const PlacedLine& line) {
         if (line.game < 0) return;
         auto* entries = entriesOf(line);
-        const auto entry = std::ranges::find(*entries, line.man, &BookEntry::man);
+        const auto entry = std::ranges::find(*entries, line.player, &BookEntry::player);
         if (entry != entries->end()) entry->line += line.line;
       });
-  for (std::size_t man = 0; man < all.size(); ++man) {
-    book.outings[man].at(roleAt) = std::move(all[man]);
+  for (std::size_t player = 0; player < all.size(); ++player) {
+    book.outings[player].at(roleAt) = std::move(all[player]);
   }
 }
 
@@ -36,9 +36,9 @@ void AddDuels(SeasonBook& book, const SeasonPlaces& places, Database& database) 
   const auto add = [&](const std::string& team, const std::string& name, SeasonRole role,
                        SplitLine line) {
     const int place = places.TeamOf(team);
-    const int man = place < 0 ? -1 : places.ManOf(place, name);
-    if (man < 0) return;
-    auto& duels = book.duels[man].at(static_cast<std::size_t>(role));
+    const int player = place < 0 ? -1 : places.PlayerOf(place, name);
+    if (player < 0) return;
+    auto& duels = book.duels[player].at(static_cast<std::size_t>(role));
     if (duels.size() < kMostDuels) duels.push_back(std::move(line));
   };
   ForEachDuel(database, [&](const Duel& duel) {

@@ -12,7 +12,7 @@ namespace dtb {
 
 // What a player did in a game.
 struct BookEntry {
-  int man = 0;
+  int player = 0;
   SeasonTotals line;
 };
 

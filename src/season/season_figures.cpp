@@ -145,7 +145,7 @@ void PutInOrder(SeasonFigures& season) {
   for (SeasonGame& game : season.games) {
     for (SeasonSide& side : game.sides) side.team = placeOf[side.team];
   }
-  for (SeasonPlayer& man : season.players) man.team = placeOf[man.team];
+  for (SeasonPlayer& player : season.players) player.team = placeOf[player.team];
   std::ranges::sort(season.players, [&](const SeasonPlayer& a, const SeasonPlayer& b) {
     return a.name != b.name ? before(a.name, b.name) : a.team < b.team;
   });

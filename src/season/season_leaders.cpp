@@ -37,15 +37,15 @@ bool IsRate(SeasonLead lead) {
   return lead == SeasonLead::Average || lead == SeasonLead::EarnedRunAverage;
 }
 
-bool Qualified(const LeadCandidate& man, SeasonRole role) {
+bool Qualified(const LeadCandidate& player, SeasonRole role) {
   constexpr double kPlateAppearances = 3.1;
   constexpr double kOuts = 3;
-  if (role == SeasonRole::Pitching) return man.pitching->outs >= kOuts * man.teamGames;
-  return man.batting->atBats + man.batting->walks >= kPlateAppearances * man.teamGames;
+  if (role == SeasonRole::Pitching) return player.pitching->outs >= kOuts * player.teamGames;
+  return player.batting->atBats + player.batting->walks >= kPlateAppearances * player.teamGames;
 }
 
-bool Has(const LeadCandidate& man, SeasonRole role) {
-  return role == SeasonRole::Batting ? man.batting != nullptr : man.pitching != nullptr;
+bool Has(const LeadCandidate& player, SeasonRole role) {
+  return role == SeasonRole::Batting ? player.batting != nullptr : player.pitching != nullptr;
 }
 
 }  // namespace
@@ -57,21 +57,22 @@ SeasonRole RoleOf(SeasonLead lead) {
   return batting ? SeasonRole::Batting : SeasonRole::Pitching;
 }
 
-LeadCandidate CandidateOf(const SeasonFigures& season, const SeasonPlayer& man) {
-  return {man.batting ? &*man.batting : nullptr, man.pitching ? &*man.pitching : nullptr,
-          double(season.teams[man.team].games.size())};
+LeadCandidate CandidateOf(const SeasonFigures& season, const SeasonPlayer& player) {
+  return {player.batting ? &*player.batting : nullptr,
+          player.pitching ? &*player.pitching : nullptr,
+          double(season.teams[player.team].games.size())};
 }
 
-std::optional<SeasonLeader> LeadOf(int man, const LeadCandidate& candidate, SeasonLead lead) {
+std::optional<SeasonLeader> LeadOf(int player, const LeadCandidate& candidate, SeasonLead lead) {
   if (!Has(candidate, RoleOf(lead))) return std::nullopt;
   if (lead == SeasonLead::Average) {
     const auto rate = BattingAverage(*candidate.batting);
-    if (rate) return SeasonLeader{man, rate->value(), AverageText(rate)};
+    if (rate) return SeasonLeader{player, rate->value(), AverageText(rate)};
     return std::nullopt;
   }
   if (lead == SeasonLead::EarnedRunAverage) {
     const auto rate = EarnedRunAverage(*candidate.pitching);
-    if (rate) return SeasonLeader{man, rate->value(), EarnedRunText(rate)};
+    if (rate) return SeasonLeader{player, rate->value(), EarnedRunText(rate)};
     return std::nullopt;
   }
   const Figure& figure = EntryOf(lead).counted;
@@ -80,7 +81,7 @@ std::optional<SeasonLeader> LeadOf(int man, const LeadCandidate& candidate, Seas
                              ? candidate.batting->**batting
                              : candidate.pitching->*std::get<double PitchingTotals::*>(figure);
   if (counted <= 0) return std::nullopt;
-  return SeasonLeader{man, counted,
+  return SeasonLeader{player, counted,
                       lead == SeasonLead::Innings ? DecimalInnings(counted) : DecimalText(counted)};
 }
 
@@ -90,9 +91,9 @@ LeaderList LeadersAmong(const std::vector<LeadCandidate>& candidates, SeasonLead
   LeaderList list;
   std::vector<SeasonLeader>& leaders = list.first;
   for (std::size_t i = 0; i < candidates.size(); ++i) {
-    const LeadCandidate& man = candidates[i];
-    if (!Has(man, role) || (IsRate(lead) && qualified && !Qualified(man, role))) continue;
-    if (auto leader = LeadOf(static_cast<int>(i), man, lead)) {
+    const LeadCandidate& player = candidates[i];
+    if (!Has(player, role) || (IsRate(lead) && qualified && !Qualified(player, role))) continue;
+    if (auto leader = LeadOf(static_cast<int>(i), player, lead)) {
       leaders.push_back(std::move(*leader));
     }
   }
@@ -100,7 +101,7 @@ LeaderList LeadersAmong(const std::vector<LeadCandidate>& candidates, SeasonLead
   const auto kept = static_cast<std::ptrdiff_t>(std::min(kMostLeaders, leaders.size()));
   std::partial_sort(leaders.begin(), leaders.begin() + kept, leaders.end(),
                     [lowestFirst](const SeasonLeader& a, const SeasonLeader& b) {
-                      if (a.value == b.value) return a.man < b.man;
+                      if (a.value == b.value) return a.player < b.player;
                       return lowestFirst ? a.value < b.value : a.value > b.value;
                     });
   if (kept > 0) {
@@ -116,13 +117,15 @@ LeaderList LeadersAmong(const std::vector<LeadCandidate>& candidates, SeasonLead
 LeaderList Leaders(const SeasonFigures& season, SeasonLead lead, bool qualified) {
   std::vector<LeadCandidate> candidates;
   candidates.reserve(season.players.size());
-  for (const SeasonPlayer& man : season.players) candidates.push_back(CandidateOf(season, man));
+  for (const SeasonPlayer& player : season.players) {
+    candidates.push_back(CandidateOf(season, player));
+  }
   return LeadersAmong(candidates, lead, qualified);
 }
 
-std::optional<std::string> LeaderFigure(const SeasonFigures& season, const SeasonPlayer& man,
+std::optional<std::string> LeaderFigure(const SeasonFigures& season, const SeasonPlayer& player,
                                         SeasonLead lead) {
-  const auto leader = LeadOf(0, CandidateOf(season, man), lead);
+  const auto leader = LeadOf(0, CandidateOf(season, player), lead);
   return leader ? std::optional(leader->text) : std::nullopt;
 }
 

@@ -35,7 +35,7 @@ inline constexpr std::size_t kMostLeaders = 10;
 [[nodiscard]] SeasonRole RoleOf(SeasonLead lead);
 
 struct SeasonLeader {
-  int man = 0;       // his place among the players
+  int player = 0;    // his place among the players
   double value = 0;  // innings in outs
   std::string text;
 };
@@ -52,11 +52,11 @@ struct LeadCandidate {
   double teamGames = 0;
 };
 
-// What one has of it, and how it reads; nothing for whoever has none. `man` is as given.
-[[nodiscard]] std::optional<SeasonLeader> LeadOf(int man, const LeadCandidate& candidate,
+// What one has of it, and how it reads; nothing for whoever has none. `player` is as given.
+[[nodiscard]] std::optional<SeasonLeader> LeadOf(int player, const LeadCandidate& candidate,
                                                  SeasonLead lead);
 
-// The best of them; `man` is a place among them. As below.
+// The best of them; `player` is a place among them. As below.
 [[nodiscard]] LeaderList LeadersAmong(const std::vector<LeadCandidate>& candidates, SeasonLead lead,
                                       bool qualified);
 
@@ -71,7 +71,7 @@ inline constexpr const char* kAverageRule =
 
 // What a player of the season has in that figure, "12" or ".333"; nothing where he has none of it.
 [[nodiscard]] std::optional<std::string> LeaderFigure(const SeasonFigures& season,
-                                                      const SeasonPlayer& man, SeasonLead lead);
+                                                      const SeasonPlayer& player, SeasonLead lead);
 
 // "and 3 more with 12".
 [[nodiscard]] std::string MoreText(int more, const std::string& figure);

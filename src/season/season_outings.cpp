@@ -29,7 +29,7 @@ Statement StatementOf(const SeasonFigures& season, const SeasonSubject& subject,
                       stop};
   if (!subject.wholeTeam) {
     statement.text += " AND ifnull(" + NameColumnOf(subject.role) + ", '') = ?2";
-    statement.bound.push_back(subject.man);
+    statement.bound.push_back(subject.player);
   }
   statement.text += " GROUP BY GameID";
   return statement;
@@ -45,12 +45,12 @@ std::optional<SeasonSubject> FoundAgain(const SeasonFigures& season, const Seaso
   SeasonSubject found = subject;
   found.team = static_cast<int>(team - in.teams.begin());
   if (subject.wholeTeam) return found;
-  const auto man = std::ranges::find_if(in.players, [&found](const SeasonPlayer& one) {
-    return one.team == found.team && one.name == found.man;
+  const auto player = std::ranges::find_if(in.players, [&found](const SeasonPlayer& one) {
+    return one.team == found.team && one.name == found.player;
   });
-  if (man == in.players.end()) return std::nullopt;
-  if (!man->has(found.role)) {
-    found.role = man->batting ? SeasonRole::Batting : SeasonRole::Pitching;
+  if (player == in.players.end()) return std::nullopt;
+  if (!player->has(found.role)) {
+    found.role = player->batting ? SeasonRole::Batting : SeasonRole::Pitching;
   }
   return found;
 }
@@ -94,7 +94,7 @@ std::vector<SeasonOuting> ReadOutings(Database& database, const SeasonFigures& s
   std::unordered_map<std::string_view, std::size_t> places;
   for (std::size_t i = 0; i < outings.size(); ++i) places.emplace(outings[i].id, i);
   PlayScope scope{.byGame = true, .team = season.teams[subject.team].name};
-  if (!subject.wholeTeam) scope.name = subject.man;
+  if (!subject.wholeTeam) scope.name = subject.player;
   ForEachPlayPart(
       database, subject.role, scope,
       [&](const PlayPart& part) {

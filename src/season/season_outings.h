@@ -11,7 +11,7 @@ namespace dtb {
 // Who is looked at.
 struct SeasonSubject {
   int team = 0;
-  std::string man = {};  // "": the whole team
+  std::string player = {};  // "": the whole team
   bool wholeTeam = true;
   SeasonRole role = SeasonRole::Batting;
 };

@@ -83,7 +83,9 @@ class PageWriter {
       if (!write(TeamFile(i), WholePage(season_.teams[i].name, kUp, TeamPage(i)))) return false;
     }
     for (int i = 0; i < Size(season_.players); ++i) {
-      if (!write(ManFile(i), WholePage(season_.players[i].name, kUp, ManPage(i)))) return false;
+      if (!write(PlayerFile(i), WholePage(season_.players[i].name, kUp, PlayerPage(i)))) {
+        return false;
+      }
     }
     for (int i = 0; i < Size(season_.games); ++i) {
       const std::string title = ScoreText(season_, season_.games[i]);
@@ -109,8 +111,9 @@ class PageWriter {
   [[nodiscard]] std::string TeamFile(int team) const {
     return "teams/" + PageFileName(season_.teams[team].name, static_cast<std::size_t>(team) + 1);
   }
-  [[nodiscard]] std::string ManFile(int man) const {
-    return "players/" + PageFileName(season_.players[man].name, static_cast<std::size_t>(man) + 1);
+  [[nodiscard]] std::string PlayerFile(int player) const {
+    return "players/" +
+           PageFileName(season_.players[player].name, static_cast<std::size_t>(player) + 1);
   }
   [[nodiscard]] std::string GameFile(int game) const {
     return "games/" + PageFileName(season_.games[game].id, static_cast<std::size_t>(game) + 1);
@@ -118,8 +121,8 @@ class PageWriter {
   [[nodiscard]] std::string TeamLink(int team, const char* root = kUp) const {
     return PageLink(root + TeamFile(team), season_.teams[team].name);
   }
-  [[nodiscard]] std::string ManLink(int man, const char* root = kUp) const {
-    return PageLink(root + ManFile(man), season_.players[man].name);
+  [[nodiscard]] std::string PlayerLink(int player, const char* root = kUp) const {
+    return PageLink(root + PlayerFile(player), season_.players[player].name);
   }
   [[nodiscard]] std::string DayLink(int game, const char* root = kUp) const {
     return PageLink(root + GameFile(game), DayText(season_.games[game].time));
@@ -187,8 +190,8 @@ class PageWriter {
     const std::vector<int> places = PlacesOf(values);
     for (std::size_t i = 0; i < leaders.size(); ++i) {
       const SeasonLeader& leader = leaders[i];
-      table.push_back({Placed(places[i], ManLink(leader.man, "")),
-                       TeamLink(season_.players[leader.man].team, ""), leader.text});
+      table.push_back({Placed(places[i], PlayerLink(leader.player, "")),
+                       TeamLink(season_.players[leader.player].team, ""), leader.text});
     }
     if (list.alsoLast > 0) table.push_back({PageText(MoreText(list)), "", ""});
     return PageTable(table);
@@ -219,10 +222,10 @@ class PageWriter {
       SeasonTotals total = NoTotals(role);
       Cells table{{"Name"}};
       Append(table.front(), LineHeaders(role));
-      for (int man = 0; man < Size(season_.players); ++man) {
-        const auto& outings = OutingsOf(man, role);
-        if (season_.players[man].team != place || outings.empty()) continue;
-        table.push_back({ManLink(man)});
+      for (int player = 0; player < Size(season_.players); ++player) {
+        const auto& outings = OutingsOf(player, role);
+        if (season_.players[player].team != place || outings.empty()) continue;
+        table.push_back({PlayerLink(player)});
         Append(table.back(), LineTexts(outings.back().total));
         total += outings.back().total;
       }
@@ -254,13 +257,13 @@ class PageWriter {
     return page + PartHeading(3, "Games") + PageTable(table);
   }
 
-  [[nodiscard]] const std::vector<SeasonOuting>& OutingsOf(int man, SeasonRole role) const {
-    return book_.outings[man].at(static_cast<std::size_t>(role));
+  [[nodiscard]] const std::vector<SeasonOuting>& OutingsOf(int player, SeasonRole role) const {
+    return book_.outings[player].at(static_cast<std::size_t>(role));
   }
 
-  [[nodiscard]] std::string ManPage(int place) const {
-    const SeasonPlayer& man = season_.players[place];
-    std::string page = "<p>" + TeamLink(man.team) + "</p>\n";
+  [[nodiscard]] std::string PlayerPage(int place) const {
+    const SeasonPlayer& player = season_.players[place];
+    std::string page = "<p>" + TeamLink(player.team) + "</p>\n";
     std::vector<std::string> parts;
     for (const SeasonRole role : kSeasonRoles) {
       if (!OutingsOf(place, role).empty()) parts.emplace_back(NameOf(role));
@@ -274,7 +277,7 @@ class PageWriter {
       Append(games.front(), Counters(LineHeaders(role)));
       games.front().emplace_back(role == SeasonRole::Batting ? "AVG so far" : "ERA so far");
       for (const SeasonOuting& outing : outings) {
-        games.push_back(OutingCells(man.team, outing));
+        games.push_back(OutingCells(player.team, outing));
         Append(games.back(), Counters(LineTexts(outing.line)));
         games.back().push_back(RateText(outing.total));
       }
@@ -284,8 +287,8 @@ class PageWriter {
   }
 
   [[nodiscard]] std::string Splits(int place, SeasonRole role) const {
-    const SeasonPlayer& man = season_.players[place];
-    const SeasonSubject subject{man.team, man.name, false, role};
+    const SeasonPlayer& player = season_.players[place];
+    const SeasonSubject subject{player.team, player.name, false, role};
     std::string page;
     for (const SeasonSplit split :
          {SeasonSplit::Months, SeasonSplit::Places, SeasonSplit::Opponents}) {
@@ -321,7 +324,7 @@ class PageWriter {
         Append(table.front(), Counters(LineHeaders(role)));
         for (const BookEntry& entry :
              book_.games[place].at(side).at(static_cast<std::size_t>(role))) {
-          table.push_back({ManLink(entry.man)});
+          table.push_back({PlayerLink(entry.player)});
           Append(table.back(), Counters(LineTexts(entry.line)));
           total += entry.line;
         }

@@ -15,8 +15,8 @@ std::string KeyOf(int team, std::string_view name) {
 bool Place(PlacedLine& line, const SeasonPlaces& places, std::string_view team,
            std::string_view name) {
   const int own = places.TeamOf(team);
-  line.man = own < 0 ? -1 : places.ManOf(own, name);
-  if (line.man < 0) return false;
+  line.player = own < 0 ? -1 : places.PlayerOf(own, name);
+  if (line.player < 0) return false;
   line.game = places.GameOf(line.id, own);
   if (line.game >= 0) line.side = places.season().games[line.game].sides[0].team == own ? 0 : 1;
   return true;
@@ -36,7 +36,7 @@ SeasonPlaces::SeasonPlaces(const SeasonFigures& season) : season_(season) {
     teams_.emplace(season.teams[i].name, static_cast<int>(i));
   }
   for (std::size_t i = 0; i < season.players.size(); ++i) {
-    men_.emplace(KeyOf(season.players[i].team, season.players[i].name), static_cast<int>(i));
+    players_.emplace(KeyOf(season.players[i].team, season.players[i].name), static_cast<int>(i));
   }
   for (std::size_t i = 0; i < season.games.size(); ++i) {
     games_.emplace(season.games[i].id, static_cast<int>(i));
@@ -48,9 +48,9 @@ int SeasonPlaces::TeamOf(std::string_view name) const {
   return team == teams_.end() ? -1 : team->second;
 }
 
-int SeasonPlaces::ManOf(int team, std::string_view name) const {
-  const auto man = men_.find(KeyOf(team, name));
-  return man == men_.end() ? -1 : man->second;
+int SeasonPlaces::PlayerOf(int team, std::string_view name) const {
+  const auto player = players_.find(KeyOf(team, name));
+  return player == players_.end() ? -1 : player->second;
 }
 
 int SeasonPlaces::GameOf(std::string_view id, int team) const {
@@ -75,9 +75,9 @@ AllOutings ReadAllOutings(Database& database, const SeasonPlaces& places, Season
     PlacedLine line{.id = TextIn(values[2])};
     if (!Place(line, places, TextIn(values[1]), TextIn(values[0]))) return;
     line.line = TotalsOf(values.subspan(3), role);
-    SeasonOuting* outing = Find(all[line.man], line.id);
+    SeasonOuting* outing = Find(all[line.player], line.id);
     if (outing == nullptr) {
-      outing = &all[line.man].emplace_back();
+      outing = &all[line.player].emplace_back();
       outing->id = line.id;
       outing->line = NoTotals(role);
     }
@@ -87,12 +87,12 @@ AllOutings ReadAllOutings(Database& database, const SeasonPlaces& places, Season
   ForEachPlayPart(database, role, {.byGame = true}, [&](const PlayPart& told) {
     PlacedLine line{.id = told.game, .line = told.part};
     if (!Place(line, places, told.team, told.name)) return;
-    if (SeasonOuting* outing = Find(all[line.man], line.id)) outing->line += line.line;
+    if (SeasonOuting* outing = Find(all[line.player], line.id)) outing->line += line.line;
     if (part) part(line);
   });
-  for (std::size_t man = 0; man < season.players.size(); ++man) {
-    const SeasonPlayer& player = season.players[man];
-    SettleOutings(season, {player.team, player.name, false, role}, all[man]);
+  for (std::size_t i = 0; i < season.players.size(); ++i) {
+    const SeasonPlayer& player = season.players[i];
+    SettleOutings(season, {player.team, player.name, false, role}, all[i]);
   }
   return all;
 }

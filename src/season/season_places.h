@@ -18,20 +18,20 @@ class SeasonPlaces {
   [[nodiscard]] const SeasonFigures& season() const { return season_; }
   // -1, here and below: none.
   [[nodiscard]] int TeamOf(std::string_view name) const;
-  [[nodiscard]] int ManOf(int team, std::string_view name) const;
+  [[nodiscard]] int PlayerOf(int team, std::string_view name) const;
   // The first game with this GameID in which the team played.
   [[nodiscard]] int GameOf(std::string_view id, int team) const;
 
  private:
   const SeasonFigures& season_;
   std::unordered_map<std::string_view, int> teams_;
-  std::unordered_map<std::string, int> men_;
+  std::unordered_map<std::string, int> players_;
   std::unordered_multimap<std::string_view, int> games_;
 };
 
 // What a player did in a game, or what the tables of the plays add to it.
 struct PlacedLine {
-  int man = 0;
+  int player = 0;
   std::string id = {};   // GameID
   int game = -1;         // -1: it has no line score
   std::size_t side = 0;  // in that game: 0 visitors, 1 home team

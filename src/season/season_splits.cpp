@@ -91,7 +91,7 @@ std::vector<SplitLine> ReadDuels(DatabaseReader& database, const SeasonFigures& 
                   stop};
   if (!subject.wholeTeam) {
     query.text += std::string(" AND ifnull(") + (bats ? "Batter" : "Pitcher") + ", '') = ?2";
-    query.bound.push_back(subject.man);
+    query.bound.push_back(subject.player);
   }
   query.text += " GROUP BY " + met + " ORDER BY count(*) DESC, " + met + " COLLATE NAMES";
   std::vector<SplitLine> lines;

@@ -69,7 +69,7 @@ class Proof {
       std::ranges::move(ProvePlays(board_, side), std::back_inserter(findings_));
     for (const Side side : kSides) FindBatters(side);
     for (const Side side : kSides) FindIdlePitchers(side);
-    for (const Side side : kSides) FindMenWithoutLine(side);
+    for (const Side side : kSides) FindPlayersWithoutLine(side);
     FindNames();
     FindTexts();
     return std::move(findings_);
@@ -287,7 +287,7 @@ class Proof {
     }
   }
 
-  void FindMenWithoutLine(Side side) {
+  void FindPlayersWithoutLine(Side side) {
     const LineupList& list = SideOf(board_, side).list;
     for (int row = 0; row < std::min(kStarters, list.size()); ++row) {
       if (IsOnSheet(board_, side, row)) continue;

@@ -173,8 +173,8 @@ TEST_F(Archives, NamesAreThoseOfPlayersAndClubsWhateverStandsInTheLines) {
   std::string clubs;
   for (const Club& club : season.clubs) clubs += club.id + (club.listed ? "* " : " ");
   EXPECT_EQ(clubs, "AAA* ALS BBB ") << "a roster is that of its file's club";
-  EXPECT_EQ(ClubNamed(season, "AAA").men.size(), season_limit::kMenOfClub);
-  EXPECT_EQ(ManNamed(season, "AAA", "long1").last.size(), season_limit::kNameBytes);
+  EXPECT_EQ(ClubNamed(season, "AAA").players.size(), season_limit::kPlayersOfClub);
+  EXPECT_EQ(PlayerNamed(season, "AAA", "long1").last.size(), season_limit::kNameBytes);
   std::set<std::string> names;
   const TeamText team =
       MakeTeamText(season, 0, LineUpOfSeason(season, 0, SeasonNine::UsedMost), {});
@@ -205,9 +205,9 @@ TEST_F(Archives, LinesThatMakeNoSenseAreCountedAndTheRestIsUsed) {
       "TEAM:1 AAA2:1 AAA2:3 2020:1 2020:6 2020:7 2020:8 2020:9 2020:10 2020:11 2020:12 2020:14 ");
   EXPECT_EQ(season.faultCount, static_cast<int>(season.faults.size()));
   ASSERT_EQ(season.games.size(), 1U);
-  EXPECT_EQ(ManNamed(season, "AAA", "h1").batting.atBats, 1);
-  EXPECT_EQ(FullName(ManNamed(season, "AAA", "h1")), "Hal One");
-  EXPECT_EQ(ManNamed(season, "AAA", "h1").bats, "");
+  EXPECT_EQ(PlayerNamed(season, "AAA", "h1").batting.atBats, 1);
+  EXPECT_EQ(FullName(PlayerNamed(season, "AAA", "h1")), "Hal One");
+  EXPECT_EQ(PlayerNamed(season, "AAA", "h1").bats, "");
 }
 
 }  // namespace

@@ -72,11 +72,11 @@ TEST(Counts, EveryGameOfThePartArchiveByTwoRoads) {
         counted.runs = game.sides.at(side).runs;
         int earned = 0;
         bool won = false;
-        for (const Man& man : season.clubs[game.sides.at(side).club].men) {
-          counted.hits += man.batting.hits;
-          counted.atBats += man.batting.atBats;
-          earned += man.pitching.earnedRuns;
-          won = won || (man.id == winner && man.pitching.wins == 1);
+        for (const Player& player : season.clubs[game.sides.at(side).club].players) {
+          counted.hits += player.batting.hits;
+          counted.atBats += player.batting.atBats;
+          earned += player.pitching.earnedRuns;
+          won = won || (player.id == winner && player.pitching.wins == 1);
         }
         EXPECT_EQ(counted, expected.at(side)) << game.id << " side " << side;
         EXPECT_LE(earned, game.sides.at(1 - side).runs) << game.id;
@@ -101,10 +101,10 @@ TEST(Counts, TheRealGameAsItWasCountedElsewhere) {
   const Season season = ReadAll(alone);
   std::map<std::string, std::string> counted;
   for (const Club& club : season.clubs) {
-    for (const Man& man : club.men) {
-      const Batting& b = man.batting;
-      const Pitching& p = man.pitching;
-      const std::string who = club.id + " 2020 | " + FullName(man) + " |";
+    for (const Player& player : club.players) {
+      const Batting& b = player.batting;
+      const Pitching& p = player.pitching;
+      const std::string who = club.id + " 2020 | " + FullName(player) + " |";
       const int singles = b.hits - b.doubles - b.triples - b.homeRuns;
       counted["BATTING " + who] = Told({{"AB", b.atBats},
                                         {"1B", singles},
@@ -135,9 +135,9 @@ TEST(Counts, TheRealGameAsItWasCountedElsewhere) {
   for (const auto& [who, figures] : counted) EXPECT_EQ(figures, "") << who;
   EXPECT_EQ(season.games[0].sides[0].runs, 2);
   EXPECT_EQ(season.games[0].sides[1].runs, 3);
-  EXPECT_EQ(ManNamed(season, "OAK", "wendj001").pitching.outs, 9);
-  EXPECT_EQ(ManNamed(season, "HOU", "sneec001").pitching.outs, 2);
-  EXPECT_EQ(ManNamed(season, "HOU", "sneec001").pitching.earnedRuns, 1);
+  EXPECT_EQ(PlayerNamed(season, "OAK", "wendj001").pitching.outs, 9);
+  EXPECT_EQ(PlayerNamed(season, "HOU", "sneec001").pitching.outs, 2);
+  EXPECT_EQ(PlayerNamed(season, "HOU", "sneec001").pitching.earnedRuns, 1);
 }
 
 constexpr const char* kHead =
@@ -175,14 +175,14 @@ TEST(Counts, AChangeInMidCountIsChargedByTheRules) {
     const Season season = ReadAll(archive);
     ASSERT_EQ(season.faultCount, 0) << row.count << row.change << season.faults[0].what;
     for (const Club& club : season.clubs) {
-      for (const Man& man : club.men) {
-        const Batting& b = man.batting;
-        const Pitching& p = man.pitching;
-        EXPECT_EQ(b.atBats + b.walks + b.hitByPitch, man.id == row.batter)
-            << row.count << row.end << man.id;
+      for (const Player& player : club.players) {
+        const Batting& b = player.batting;
+        const Pitching& p = player.pitching;
+        EXPECT_EQ(b.atBats + b.walks + b.hitByPitch, player.id == row.batter)
+            << row.count << row.end << player.id;
         if (*row.end == 'H') continue;
-        EXPECT_EQ(p.strikeouts + p.walks + p.hits, man.id == row.pitcher)
-            << row.count << row.end << man.id;
+        EXPECT_EQ(p.strikeouts + p.walks + p.hits, player.id == row.pitcher)
+            << row.count << row.end << player.id;
       }
     }
   }
@@ -199,14 +199,14 @@ TEST(Counts, RunnersAreFollowedThroughSubstitutesAndInnings) {
             "data,er,hp,2\ndata,er,nobody,1\n"}});
   const Season season = ReadAll(archive);
   EXPECT_EQ(season.games[0].sides[0].runs, 2);
-  EXPECT_EQ(ManNamed(season, "BBB", "pr").batting.stolenBases, 1);
-  EXPECT_EQ(ManNamed(season, "BBB", "pr").batting.strikeouts, 1);
-  EXPECT_EQ(ManNamed(season, "BBB", "v1").batting.stolenBases, 0);
-  EXPECT_EQ(ManNamed(season, "BBB", "v1").batting.games, 1);
-  EXPECT_EQ(ManNamed(season, "AAA", "hp").pitching.outs, 3);
-  EXPECT_EQ(ManNamed(season, "AAA", "hp").pitching.earnedRuns, 2);
-  EXPECT_EQ(ManNamed(season, "AAA", "hp").pitching.starts, 1);
-  EXPECT_EQ(ManNamed(season, "AAA", "p2").batting.stolenBases, 1);
+  EXPECT_EQ(PlayerNamed(season, "BBB", "pr").batting.stolenBases, 1);
+  EXPECT_EQ(PlayerNamed(season, "BBB", "pr").batting.strikeouts, 1);
+  EXPECT_EQ(PlayerNamed(season, "BBB", "v1").batting.stolenBases, 0);
+  EXPECT_EQ(PlayerNamed(season, "BBB", "v1").batting.games, 1);
+  EXPECT_EQ(PlayerNamed(season, "AAA", "hp").pitching.outs, 3);
+  EXPECT_EQ(PlayerNamed(season, "AAA", "hp").pitching.earnedRuns, 2);
+  EXPECT_EQ(PlayerNamed(season, "AAA", "hp").pitching.starts, 1);
+  EXPECT_EQ(PlayerNamed(season, "AAA", "p2").batting.stolenBases, 1);
   ASSERT_EQ(season.faultCount, 1);
   EXPECT_EQ(season.faults[0].what, "earned runs of a pitcher who is not in the game");
 }
@@ -231,9 +231,9 @@ TEST(Counts, AGameWithoutPlaysHasTheFiguresOfItsBoxScore) {
   EXPECT_EQ(game.account, Account::BoxScore);
   EXPECT_EQ(game.sides[0].runs, 3);
   const auto told = [&](const char* club, const char* id) {
-    const Man& man = ManNamed(season, club, id);
-    const Batting& b = man.batting;
-    const Pitching& p = man.pitching;
+    const Player& player = PlayerNamed(season, club, id);
+    const Batting& b = player.batting;
+    const Pitching& p = player.pitching;
     return Told({{"AB", b.atBats},         {"H", b.hits},
                  {"2B", b.doubles},        {"HR", b.homeRuns},
                  {"SF", b.sacrificeFlies}, {"HP", b.hitByPitch},
@@ -254,7 +254,7 @@ TEST(Counts, AGameWithoutPlaysHasTheFiguresOfItsBoxScore) {
   EXPECT_EQ(season.games[1].forfeit, Forfeit::ToVisitors);
   // Runs over the outs of the games that tell them; "-.--" where none does.
   const auto era = [&](const char* id) {
-    return Remark("{era} {er}", ManNamed(season, "AAA", id), "P", true);
+    return Remark("{era} {er}", PlayerNamed(season, "AAA", id), "P", true);
   };
   EXPECT_EQ(era("hp"), "4.05 3");
   EXPECT_EQ(era("rel"), "-.-- -");

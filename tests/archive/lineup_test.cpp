@@ -87,8 +87,8 @@ TEST(LineUps, OurOwnReaderReadsTheSamePlayersOfEveryTeam) {
       const std::vector<std::string> read = NamesIn(file);
       EXPECT_EQ(read, NamesOf(team));
       EXPECT_EQ(std::set(read.begin(), read.end()).size(), read.size());
-      EXPECT_EQ(read.size() + team.leftOut.size(), season.clubs[club].men.size());
-      EXPECT_LE(read.size(), kMostMen);
+      EXPECT_EQ(read.size() + team.leftOut.size(), season.clubs[club].players.size());
+      EXPECT_LE(read.size(), kMostPlayers);
     }
   }
   EXPECT_EQ(files.size(), 30U);
@@ -100,8 +100,8 @@ std::string Nine(const std::string& id, const std::string& first, int pitchersPl
   std::string text = "id," + id + "\ninfo,visteam,BBB\ninfo,hometeam,AAA\n";
   for (int place = 1; place <= 9; ++place) {
     const bool pitcher = place == pitchersPlace;
-    const std::string man = place == 1 ? first : "m" + std::to_string(place);
-    text += "start," + (pitcher ? "pit" + id.substr(10) : man) + ",\"" + man + "\",1," +
+    const std::string player = place == 1 ? first : "m" + std::to_string(place);
+    text += "start," + (pitcher ? "pit" + id.substr(10) : player) + ",\"" + player + "\",1," +
             std::to_string(place) + ',' + std::to_string(pitcher ? 1 : place + 1) + '\n';
   }
   if (pitchersPlace == 0) text += "start,pit" + id.substr(10) + ",\"Pit\",1,0,1\n";
@@ -117,8 +117,8 @@ TEST(LineUps, TheOneUsedMostIsFoundWhoeverPitches) {
   const LineUp lineUp = LineUpOfSeason(season, 1, SeasonNine::UsedMost);
   const Club& club = season.clubs[1];
   ASSERT_EQ(lineUp.order.size(), 9U);
-  EXPECT_EQ(club.men[lineUp.order[0].man].id, "often");
-  EXPECT_EQ(lineUp.order[8], (Placed{lineUp.order[8].man, 10}));
+  EXPECT_EQ(club.players[lineUp.order[0].player].id, "often");
+  EXPECT_EQ(lineUp.order[8], (Placed{lineUp.order[8].player, 10}));
   EXPECT_EQ(lineUp.pitchers.size(), 4U);
 }
 
@@ -137,17 +137,17 @@ TEST(LineUps, PlayersOfOneNameAreToldApartAndWhoPlayedLeastStaysOut) {
   const TeamText team = TeamOfGame(season, 0, 1);
   const std::vector<std::string> names = NamesOf(team);
   EXPECT_EQ(FileNameOf(team), "Some_City 1975.txt");
-  EXPECT_EQ(names.size(), kMostMen);
+  EXPECT_EQ(names.size(), kMostPlayers);
   EXPECT_EQ(std::set(names.begin(), names.end()).size(), names.size());
   EXPECT_EQ(std::ranges::count(names, "X69 Man"), 1);  // he alone has played
-  EXPECT_EQ(team.leftOut.size() + names.size(), season.clubs[0].men.size());
+  EXPECT_EQ(team.leftOut.size() + names.size(), season.clubs[0].players.size());
   for (const char* name : {"Luis Garcia", "Luis Garcia (2)", "Luis Garcia (3)"}) {
     EXPECT_EQ(std::ranges::count(names, name) + std::ranges::count(team.leftOut, name), 1) << name;
   }
 }
 
-std::string Line(const char* kind, const std::string& man, int side, int place, int position) {
-  return std::string(kind) + ',' + man + ",\"\"," + std::to_string(side) + ',' +
+std::string Line(const char* kind, const std::string& player, int side, int place, int position) {
+  return std::string(kind) + ',' + player + ",\"\"," + std::to_string(side) + ',' +
          std::to_string(place) + ',' + std::to_string(position) + '\n';
 }
 
@@ -239,8 +239,8 @@ TEST(LineUps, TheUsualNinePlayWhereTheirTeamMissesThemMost) {
                                                            {first ? "p" : "q", 1}}};
     std::string lines;
     for (int place = 1; place <= 9; ++place) {
-      const auto& [man, position] = nine.at(static_cast<std::size_t>(place - 1));
-      lines += Line("start", man, 1, place, position);
+      const auto& [player, position] = nine.at(static_cast<std::size_t>(place - 1));
+      lines += Line("start", player, 1, place, position);
     }
     games += Day("AAA", day, lines);
   }
@@ -250,7 +250,7 @@ TEST(LineUps, TheUsualNinePlayWhereTheirTeamMissesThemMost) {
     std::string text;
     const int club = season.games[0].sides[1].club;
     for (const Placed& one : LineUpOfSeason(season, club, nine).order) {
-      text += season.clubs[club].men[one.man].id + ' ' + PositionName(one.position) + ", ";
+      text += season.clubs[club].players[one.player].id + ' ' + PositionName(one.position) + ", ";
     }
     return text;
   };
@@ -305,30 +305,30 @@ TEST(LineUps, PIsForPitchersAndAnOpenPlaceStaysOpen) {
 }
 
 TEST(Remarks, FollowTheForm) {
-  Man man;
-  man.first = "Ed";
-  man.last = "Low";
-  man.bats = "B";
-  man.throws = "L";
-  man.batting = {.games = 20,
-                 .atBats = 60,
-                 .hits = 20,
-                 .doubles = 3,
-                 .triples = 1,
-                 .homeRuns = 4,
-                 .walks = 5,
-                 .strikeouts = 9,
-                 .hitByPitch = 1,
-                 .stolenBases = 5,
-                 .gamesAt = {0, 2, 0, 0, 12, 0, 12, 0, 0, 0, 0, 30, 0}};
-  man.pitching = {.games = 4,
-                  .starts = 1,
-                  .outs = 31,
-                  .hits = 9,
-                  .homeRuns = 1,
-                  .walks = 3,
-                  .strikeouts = 12,
-                  .earnedRuns = 4};
+  Player player;
+  player.first = "Ed";
+  player.last = "Low";
+  player.bats = "B";
+  player.throws = "L";
+  player.batting = {.games = 20,
+                    .atBats = 60,
+                    .hits = 20,
+                    .doubles = 3,
+                    .triples = 1,
+                    .homeRuns = 4,
+                    .walks = 5,
+                    .strikeouts = 9,
+                    .hitByPitch = 1,
+                    .stolenBases = 5,
+                    .gamesAt = {0, 2, 0, 0, 12, 0, 12, 0, 0, 0, 0, 30, 0}};
+  player.pitching = {.games = 4,
+                     .starts = 1,
+                     .outs = 31,
+                     .hits = 9,
+                     .homeRuns = 1,
+                     .walks = 3,
+                     .strikeouts = 12,
+                     .earnedRuns = 4};
   const std::pair<const char*, const char*> batting[] = {
       {"{pos} {bats} {avg} {hr} HR", "SS S .333 4 HR"},
       {"{power} {speed}", "power speed AA"},
@@ -338,33 +338,33 @@ TEST(Remarks, FollowTheForm) {
       {"  a   {sh}  = b ", "a 0 = b"},
       {"{era} {nothing", "{era} {nothing"},
       {"", ""}};
-  for (const auto& [form, remark] : batting) EXPECT_EQ(Remark(form, man, "SS", false), remark);
+  for (const auto& [form, remark] : batting) EXPECT_EQ(Remark(form, player, "SS", false), remark);
   for (const auto& [steals, triples, speed] : {std::tuple{4, 0, "speed AA"},
                                                {3, 0, "speed A"},
                                                {2, 0, "speed A"},
                                                {1, 2, "speed A"},
                                                {1, 1, ""}}) {
-    Man runner = man;
+    Player runner = player;
     runner.batting.stolenBases = steals;
     runner.batting.triples = triples;
     EXPECT_EQ(Remark("{speed}", runner, "SS", false), speed) << steals << ", " << triples;
   }
-  EXPECT_EQ(Remark("{throws} {ip} {h} {bb} {k} {era}{few} {role}", man, "P", true),
+  EXPECT_EQ(Remark("{throws} {ip} {h} {bb} {k} {era}{few} {role}", player, "P", true),
             "L 10.1 9 3 12 3.48? relief");
-  EXPECT_EQ(Remark("{avg}{few} {obp} {at}", Man{}, "", false), ".--- .---");
-  EXPECT_EQ(Remark("{era}{few}|{ip}|{role}", Man{}, "", true), "-.--|0.0|");
+  EXPECT_EQ(Remark("{avg}{few} {obp} {at}", Player{}, "", false), ".--- .---");
+  EXPECT_EQ(Remark("{era}{few}|{ip}|{role}", Player{}, "", true), "-.--|0.0|");
   // A hundred plate appearances, and thirty innings, are no small sample any more.
   for (const int more : {33, 34}) {
-    man.batting.walks = 5 + more;
-    man.pitching.outs = 56 + more;
+    player.batting.walks = 5 + more;
+    player.pitching.outs = 56 + more;
     const std::string mark = more == 33 ? "?" : "";
-    EXPECT_EQ(Remark("{few}", man, "", false) + '|' + Remark("{few}", man, "", true),
+    EXPECT_EQ(Remark("{few}", player, "", false) + '|' + Remark("{few}", player, "", true),
               mark + '|' + mark);
   }
-  man.batting.atBats = man.batting.hits = 2;
-  EXPECT_EQ(Remark("{avg}", man, "", false), "1.000");
+  player.batting.atBats = player.batting.hits = 2;
+  EXPECT_EQ(Remark("{avg}", player, "", false), "1.000");
   EXPECT_EQ(UnknownWords("{pos} {era} {avg}", false), std::vector<std::string>{"{era}"});
-  EXPECT_EQ(NameInFile(man, NameForm::LastFirst), "Low, Ed");
+  EXPECT_EQ(NameInFile(player, NameForm::LastFirst), "Low, Ed");
 }
 
 }  // namespace

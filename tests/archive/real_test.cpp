@@ -13,13 +13,13 @@ namespace {
 using archive::Account;
 using archive::Forfeit;
 
-archive::Man LuisGarcia(int number) {
-  archive::Man man;
-  man.id = "garcl00" + std::to_string(number);
-  man.first = "Luis";
-  man.last = "Garcia";
-  man.number = number;
-  return man;
+archive::Player LuisGarcia(int number) {
+  archive::Player player;
+  player.id = "garcl00" + std::to_string(number);
+  player.first = "Luis";
+  player.last = "Garcia";
+  player.number = number;
+  return player;
 }
 
 // A club "Oak 1960" and its opponent "Bay 1960", with so many games a day apart from 1 June on, all
@@ -31,7 +31,7 @@ archive::Season SeasonOf(int games) {
     club.year = 1960;
     club.city = city;
     club.name = std::string(city) + " 1960";
-    club.men.push_back(LuisGarcia(1));
+    club.players.push_back(LuisGarcia(1));
     season.clubs.push_back(club);
   }
   for (int i = 0; i < games; ++i) {
@@ -126,11 +126,20 @@ TEST(BothWorlds, SayWhatTheArchiveDoesNotTell) {
   const BothWorlds worlds = Worlds(BoardOf(3), season);
   EXPECT_EQ(HeadlineOf(worlds, 1), "3 of 4: 0-3, really 0-1 and 2 games without a known result");
   EXPECT_EQ(UntoldText(UntoldOf(worlds, {}, SeasonLead::HomeRuns)), "The archive does not say.");
-  const TeamUse use = UseOfTeam(worlds, PlayersOfBoth(worlds, {}, {}), 1);
-  EXPECT_EQ(use.note, "The archive lacks the use in 4 of 4 games, so nobody is marked.");
   season.games[1].forfeit = Forfeit::No;
   EXPECT_EQ(HeadlineOf(Worlds(BoardOf(3), season), 1),
             "3 of 4: 0-3, really unknown to the archive");
+  // It may lack the figures of the batters or of the pitchers alone.
+  for (const std::uint32_t untold :
+       {archive::kAllUntold, archive::UntoldBit(&archive::Batting::walks),
+        archive::UntoldBit(&archive::Pitching::outs)}) {
+    for (archive::Game& game : season.games) {
+      for (archive::GameSide& side : game.sides) side.untold = untold;
+    }
+    const BothWorlds lacking = Worlds(BoardOf(3), season);
+    EXPECT_EQ(UseOfTeam(lacking, PlayersOfBoth(lacking, {}, {}), 1).note,
+              "The archive lacks the use in 4 of 4 games, so nobody is marked.");
+  }
 }
 
 struct UseCase {
@@ -152,9 +161,9 @@ TEST(Use, IsMarkedWhereItGoesBeyondTheRealOne) {
                                                             {1, 5, 4, 20, UseMark::Within},
                                                             {1, 1, 0, 0, UseMark::Over}}) {
     archive::Season season = SeasonOf(20);
-    archive::Man& man = season.clubs[0].men[0];
-    man.batting.atBats = year;
-    man.days = {1};
+    archive::Player& player = season.clubs[0].players[0];
+    player.batting.atBats = year;
+    player.days = {1};
     archive::PackDay(season.games[0].sides[1].figures, 0, {}, {.atBats = toDate}, {}, {});
     SeasonFigures board = BoardOf(games);
     board.players.push_back({"Luis Garcia", 1, BattingTotals{.atBats = double(replayed)}});
@@ -169,9 +178,9 @@ TEST(Use, IsMarkedWhereItGoesBeyondTheRealOne) {
 
 TEST(RealPages, TellBothWorlds) {
   archive::Season season = SeasonOf(9);
-  archive::Man& man = season.clubs[0].men[0];
-  man.batting.atBats = 3;
-  man.days = {1};
+  archive::Player& player = season.clubs[0].players[0];
+  player.batting.atBats = 3;
+  player.days = {1};
   archive::PackDay(season.games[0].sides[1].figures, 0, {}, {.atBats = 2}, {}, {});
   SeasonFigures board = BoardOf(4);
   board.players.push_back({"Luis Garcia", 1, BattingTotals{.atBats = 5, .homeRuns = 4}});
@@ -205,14 +214,14 @@ TEST(Players, AreFoundByTheirNamesOnTheBoard) {
                                             {1, "Luis Garcias", ""},
                                             {1, "Luis Garcia (Jr)", ""}}) {
     archive::Season season = SeasonOf(1);
-    if (namesakes == 2) season.clubs[0].men.push_back(LuisGarcia(2));
+    if (namesakes == 2) season.clubs[0].players.push_back(LuisGarcia(2));
     SeasonFigures board = BoardOf(1);
     board.players.push_back({name, 1, BattingTotals{.atBats = 3}});
     const BothWorlds worlds = Worlds(board, season);
     for (const BothPlayer& player : PlayersOfBoth(worlds, {}, {})) {
       if (!player.batting) continue;
       const std::string found =
-          player.man == archive::kNobody ? "" : season.clubs[0].men[player.man].id;
+          player.inArchive == archive::kNobody ? "" : season.clubs[0].players[player.inArchive].id;
       EXPECT_EQ(found, id) << name;
     }
   }
@@ -221,19 +230,19 @@ TEST(Players, AreFoundByTheirNamesOnTheBoard) {
 TEST(DayFigures, AddUpToThoseOfTheSeason) {
   const archive::Season season = archive::ReadAll(*archive::PartArchive());
   for (int club = 0; club < static_cast<int>(season.clubs.size()); ++club) {
-    const auto& men = season.clubs[club].men;
-    std::vector<archive::Batting> batting(men.size());
-    std::vector<archive::Pitching> pitching(men.size());
+    const auto& players = season.clubs[club].players;
+    std::vector<archive::Batting> batting(players.size());
+    std::vector<archive::Pitching> pitching(players.size());
     for (const archive::Game& game : season.games) {
       for (const archive::GameSide& side : game.sides) {
         if (side.club != club) continue;
         archive::ForEachDay(side, [&](const archive::DayFigures& day) {
-          archive::Add(batting[day.man], day.batting);
-          archive::Add(pitching[day.man], day.pitching);
+          archive::Add(batting[day.player], day.batting);
+          archive::Add(pitching[day.player], day.pitching);
         });
       }
     }
-    for (std::size_t man = 0; man < men.size(); ++man) {
+    for (std::size_t player = 0; player < players.size(); ++player) {
       const auto counters = [](const archive::Batting& b, const archive::Pitching& p) {
         return std::vector{
             b.games,      b.atBats,       b.hits,          b.doubles,        b.triples,
@@ -243,9 +252,9 @@ TEST(DayFigures, AddUpToThoseOfTheSeason) {
             p.hits,       p.homeRuns,     p.walks,         p.strikeouts,     p.earnedRuns,
             p.wins,       p.losses,       p.saves};
       };
-      EXPECT_EQ(counters(batting[man], pitching[man]),
-                counters(men[man].batting, men[man].pitching))
-          << men[man].id;
+      EXPECT_EQ(counters(batting[player], pitching[player]),
+                counters(players[player].batting, players[player].pitching))
+          << players[player].id;
     }
   }
 }

@@ -70,9 +70,10 @@ inline const Club& ClubNamed(const Season& season, const std::string& id) {
   throw std::out_of_range(id);
 }
 
-inline const Man& ManNamed(const Season& season, const std::string& club, const std::string& id) {
-  for (const Man& man : ClubNamed(season, club).men) {
-    if (man.id == id) return man;
+inline const Player& PlayerNamed(const Season& season, const std::string& club,
+                                 const std::string& id) {
+  for (const Player& player : ClubNamed(season, club).players) {
+    if (player.id == id) return player;
   }
   throw std::out_of_range(id);
 }

@@ -181,7 +181,7 @@ struct Game {
     if (verb == "free") FreePiece(board, row);
     if (verb == "plate") ClearPlate(board, row);
     if (verb == "reset") ResetGamePieces(board);
-    if (verb == "due") ChooseManDue(board);
+    if (verb == "due") ChooseBatterDue(board);
     if (verb == "right") PutRight(board, ProofMoment::Save, Prove(board, ProofMoment::Save));
     if (verb == "cell") {  // "cell:v3,17=6.1"
       const int column = std::atoi(rest.substr(rest.find(',') + 1).c_str());
@@ -248,7 +248,7 @@ struct Game {
       for (const Side side : {Side::Visitors, Side::Home}) {
         const char* letter = side == Side::Visitors ? "v" : "h";
         if (const auto row = RowOfBatter(board, side)) text << letter << *row;
-        if (const auto row = RowOfManDue(board, side)) text << "due " << letter << *row;
+        if (const auto row = RowOfBatterDue(board, side)) text << "due " << letter << *row;
       }
     } else if (facet == "proof") {  // what does not agree at a save, and the cell it leads to
       for (const Finding& finding : Prove(board, ProofMoment::Save)) {

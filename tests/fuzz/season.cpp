@@ -22,7 +22,7 @@ void MakeTeams(const Season& season) {
   for (int club = 0; club < static_cast<int>(season.clubs.size()); ++club) {
     const LineUp lineUp = LineUpOfSeason(season, club, SeasonNine::UsedMost);
     const TeamText team = MakeTeamText(season, club, lineUp, {});
-    Require(team.lines.size() <= kMostMen);
+    Require(team.lines.size() <= kMostPlayers);
     Require(FileNameOf(team).find('/') == std::string::npos);
     std::set<std::string> names;
     for (const std::string& line : team.lines) {
@@ -58,9 +58,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   (void)lines.TakeGames("2020AAA.EVA", bytes, Always);
   const Season season = lines.Take();
   for (const Club& club : season.clubs) {
-    for (const Man& man : club.men) {
-      Require(man.batting.hits <=
-              man.batting.atBats + man.batting.sacrificeHits + man.batting.sacrificeFlies);
+    for (const Player& player : club.players) {
+      Require(player.batting.hits <=
+              player.batting.atBats + player.batting.sacrificeHits + player.batting.sacrificeFlies);
     }
   }
   MakeTeams(season);

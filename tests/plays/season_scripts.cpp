@@ -32,15 +32,17 @@ Teams TeamsOf(const archive::Season& season, const std::string& id) {
   const std::array<archive::LineUp, 2> lineUps = archive::LineUpsOfGame(season, *game);
   for (int side = 0; side < 2; ++side) {
     const archive::LineUp& lineUp = lineUps.at(side);
-    std::vector<int> men;  // line by line
-    for (const archive::Placed& one : lineUp.order) men.push_back(one.man);
-    men.insert(men.end(), lineUp.bench.begin(), lineUp.bench.end());
-    men.insert(men.end(), lineUp.pitchers.begin(), lineUp.pitchers.end());
+    std::vector<int> players;  // line by line
+    for (const archive::Placed& one : lineUp.order) players.push_back(one.player);
+    players.insert(players.end(), lineUp.bench.begin(), lineUp.bench.end());
+    players.insert(players.end(), lineUp.pitchers.begin(), lineUp.pitchers.end());
     const archive::Club& club = season.clubs[game->sides.at(side).club];
-    for (std::size_t line = 0; line < men.size(); ++line) {
+    for (std::size_t line = 0; line < players.size(); ++line) {
       const std::string name = PlayerNameOf(teams.texts.at(side).lines[line]);
       teams.lineUps.at(side).push_back(name);
-      if (men[line] != archive::kNobody) teams.names.at(side)[club.men[men[line]].id] = name;
+      if (players[line] != archive::kNobody) {
+        teams.names.at(side)[club.players[players[line]].id] = name;
+      }
     }
   }
   return teams;

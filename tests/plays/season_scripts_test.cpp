@@ -94,7 +94,7 @@ TEST_F(SeasonScripts, ScorebookAddsUpToTheSeason) {
   }
   std::map<std::string, int> season;
   for (const archive::Club& club : season_.clubs) {
-    for (const archive::Man& player : club.men) {
+    for (const archive::Player& player : club.players) {
       season["BATTING AB"] += player.batting.atBats;
       season["BATTING HR"] += player.batting.homeRuns;
       season["BATTING BB"] += player.batting.walks;

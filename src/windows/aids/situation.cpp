@@ -82,7 +82,7 @@ class Column {
 void AddBatter(Board& board, Side side, Column& column) {
   const LineupList& list = SideOf(board, side).list;
   const auto batter = RowOfBatter(board, side);
-  const auto row = batter ? batter : RowOfManDue(board, side);
+  const auto row = batter ? batter : RowOfBatterDue(board, side);
   if (!row) return;
   const LineUpEntry entry = PartsOf(list.entries()[static_cast<std::size_t>(*row)]);
   column.Caption(batter ? "AT BAT" : "DUE");

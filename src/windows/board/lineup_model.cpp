@@ -111,12 +111,12 @@ const LineupModel::Layout& LineupModel::LayoutIn(const QFont& font, int room) co
 }
 
 bool LineupModel::IsNext(int row) const {
-  return next_.Is(Step::FirstBatter) && row == RowOfManDue(board_, side_);
+  return next_.Is(Step::FirstBatter) && row == RowOfBatterDue(board_, side_);
 }
 
 QString LineupModel::NoteOf(int row) const {
   if (IsNext(row)) return QStringLiteral("Click the first batter");
-  if (row == RowOfManDue(board_, side_)) return kDueNote;
+  if (row == RowOfBatterDue(board_, side_)) return kDueNote;
   if (row < kStarters && !IsOnSheet(board_, side_, row)) return QStringLiteral("not on the sheet");
   return {};
 }

@@ -167,7 +167,7 @@ bool PlayKeys::Press(const QKeyEvent& event) {
     return true;
   }
   if (key == Qt::Key_N) {
-    ChooseManDue(board_);
+    ChooseBatterDue(board_);
     return true;
   }
   return PressOutcome(key);

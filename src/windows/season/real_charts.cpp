@@ -207,17 +207,17 @@ const SeasonLeader& RealLeadersChart::LeaderOf(int mark) const {
 }
 
 // What he did in one of the worlds.
-QString RealLeadersChart::FigureOf(const SeasonFigures& season, int man) const {
-  const auto figure = LeaderFigure(season, season.players[man], lead_);
+QString RealLeadersChart::FigureOf(const SeasonFigures& season, int player) const {
+  const auto figure = LeaderFigure(season, season.players[player], lead_);
   return figure ? ToQt(*figure) : QStringLiteral("none");
 }
 
 QString RealLeadersChart::WordsOf(int mark) const {
   const SeasonLeader& leader = LeaderOf(mark);
-  const SeasonPlayer& man = seasons_->replayed.players[leader.man];
+  const SeasonPlayer& player = seasons_->replayed.players[leader.player];
   return QStringLiteral("%1, %2\nReplayed: %3\nReally: %4")
-      .arg(ToQt(man.name), ToQt(seasons_->replayed.teams[man.team].name),
-           FigureOf(seasons_->replayed, leader.man), FigureOf(seasons_->really, leader.man));
+      .arg(ToQt(player.name), ToQt(seasons_->replayed.teams[player.team].name),
+           FigureOf(seasons_->replayed, leader.player), FigureOf(seasons_->really, leader.player));
 }
 
 QRectF RealLeadersChart::RowOf(int mark) const {

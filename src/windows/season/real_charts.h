@@ -67,7 +67,7 @@ class RealLeadersChart : public SeasonChart {
   static constexpr int kShown = 5;  // of each world
   [[nodiscard]] QRectF RowOf(int mark) const;
   [[nodiscard]] const SeasonLeader& LeaderOf(int mark) const;
-  [[nodiscard]] QString FigureOf(const SeasonFigures& season, int man) const;
+  [[nodiscard]] QString FigureOf(const SeasonFigures& season, int player) const;
 
   SeasonLead lead_;
   std::shared_ptr<const real::BothStandings> seasons_;

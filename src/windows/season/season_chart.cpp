@@ -230,9 +230,9 @@ void SeasonChart::DrawLeader(QPainter& painter, const QRectF& place, const Seaso
   constexpr int kOneLine = Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip;
   painter.setFont(SmallFont());
   const QRectF text = room.adjusted(type() * 0.4, 0, 0, 0);
-  const SeasonPlayer& man = season.players[leader.man];
+  const SeasonPlayer& player = season.players[leader.player];
   const auto& metrics = painter.fontMetrics();
-  const QString name = metrics.elidedText(ToQt(man.name), Qt::ElideRight, qRound(text.width()));
+  const QString name = metrics.elidedText(ToQt(player.name), Qt::ElideRight, qRound(text.width()));
   painter.setPen(kCream);
   painter.drawText(text, kOneLine, name);
   const double taken = metrics.horizontalAdvance(name) + type() * 0.5;
@@ -241,7 +241,7 @@ void SeasonChart::DrawLeader(QPainter& painter, const QRectF& place, const Seaso
     painter.setPen(kSecondText);
     painter.drawText(
         text.adjusted(taken, 0, 0, 0), kOneLine,
-        metrics.elidedText(ToQt(season.teams[man.team].name), Qt::ElideRight, qRound(left)));
+        metrics.elidedText(ToQt(season.teams[player.team].name), Qt::ElideRight, qRound(left)));
   }
   painter.setFont(SmallFont(true));
   painter.setPen(kCream);

@@ -21,8 +21,8 @@ SeasonLeaderBoard::SeasonLeaderBoard(SeasonLead lead)
     : SeasonChart(ObjectName(lead).c_str(), QString::fromLatin1(LeadTitle(lead))), lead_(lead) {}
 
 QString SeasonLeaderBoard::NameOf(const SeasonLeader& leader) const {
-  const SeasonPlayer& man = season_->players[leader.man];
-  return ToQt(man.name) + QStringLiteral(", ") + ToQt(season_->teams[man.team].name);
+  const SeasonPlayer& player = season_->players[leader.player];
+  return ToQt(player.name) + QStringLiteral(", ") + ToQt(season_->teams[player.team].name);
 }
 
 QString SeasonLeaderBoard::WordsOf(int mark) const {
@@ -57,7 +57,7 @@ int SeasonLeaderBoard::MarkAt(const QPointF& place) const {
 }
 
 void SeasonLeaderBoard::Choose(int mark) {
-  emit manChosen(leaders_.at(static_cast<std::size_t>(mark)).man, RoleOf(lead_));
+  emit playerChosen(leaders_.at(static_cast<std::size_t>(mark)).player, RoleOf(lead_));
 }
 
 void SeasonLeaderBoard::DrawLit(QPainter& painter, int mark) {

@@ -21,7 +21,7 @@ class SeasonLeaderBoard : public SeasonChart {
   [[nodiscard]] QString WordsOf(int mark) const override;
 
  signals:
-  void manChosen(int man, SeasonRole role);
+  void playerChosen(int player, SeasonRole role);
 
  protected:
   void Draw(QPainter& painter) override;

@@ -94,7 +94,7 @@ QWidget* SeasonTab::BuildLeaders() {
     auto* board = new SeasonLeaderBoard(lead);
     const auto place = static_cast<int>(boards_.size());
     places->addWidget(board, place / kAcross, place % kAcross);
-    connect(board, &SeasonLeaderBoard::manChosen, this, &SeasonTab::ChooseMan);
+    connect(board, &SeasonLeaderBoard::playerChosen, this, &SeasonTab::ChoosePlayer);
     boards_.push_back(board);
   }
   auto* corner = new QVBoxLayout;
@@ -307,22 +307,23 @@ void SeasonTab::ListNames() {
     now_.listed.push_back({static_cast<int>(team)});
     rows.push_back({teams[team].name, "whole team"});
   }
-  for (std::size_t man = 0; man < now_.season->players.size(); ++man) {
-    const SeasonPlayer& entry = now_.season->players[man];
+  for (std::size_t player = 0; player < now_.season->players.size(); ++player) {
+    const SeasonPlayer& entry = now_.season->players[player];
     if (!wanted.Matches(entry.name) && !wanted.Matches(teams[entry.team].name)) continue;
-    now_.listed.push_back({entry.team, static_cast<int>(man)});
+    now_.listed.push_back({entry.team, static_cast<int>(player)});
     rows.push_back({entry.name, teams[entry.team].name});
   }
   namesGrid_.Take(GridOf(rows));
   noName_->AfterSearch(search_->text(), [this] { search_->clear(); });
 }
 
-void SeasonTab::ChooseMan(int man, SeasonRole role) {
+void SeasonTab::ChoosePlayer(int player, SeasonRole role) {
   search_->clear();
   views_->setCurrentIndex(2);
   switches_.at(2)->setChecked(true);
   role_ = role;
-  const auto row = std::ranges::find(now_.listed, man, &Listed::man) - now_.listed.begin() + 1;
+  const auto row =
+      std::ranges::find(now_.listed, player, &Listed::player) - now_.listed.begin() + 1;
   names_->SetCurrentCell(static_cast<int>(row), 1);
   ChooseListed(static_cast<int>(row));
 }
@@ -330,12 +331,12 @@ void SeasonTab::ChooseMan(int man, SeasonRole role) {
 void SeasonTab::ChooseListed(int row) {
   if (row < 1 || row > static_cast<int>(now_.listed.size())) return;
   const Listed& listed = now_.listed[static_cast<std::size_t>(row) - 1];
-  SeasonSubject subject{listed.team, {}, listed.man < 0, role_};
-  if (listed.man >= 0) {
-    const SeasonPlayer& man = now_.season->players.at(static_cast<std::size_t>(listed.man));
-    subject.man = man.name;
-    if (!man.has(role_)) {
-      subject.role = man.batting ? SeasonRole::Batting : SeasonRole::Pitching;
+  SeasonSubject subject{listed.team, {}, listed.player < 0, role_};
+  if (listed.player >= 0) {
+    const SeasonPlayer& player = now_.season->players.at(static_cast<std::size_t>(listed.player));
+    subject.player = player.name;
+    if (!player.has(role_)) {
+      subject.role = player.batting ? SeasonRole::Batting : SeasonRole::Pitching;
     }
   }
   Choose(subject);
@@ -343,13 +344,15 @@ void SeasonTab::ChooseListed(int row) {
 
 void SeasonTab::Choose(const std::optional<SeasonSubject>& subject) {
   now_.chosen = subject;
-  const auto man = std::ranges::find_if(now_.season->players, [&subject](const SeasonPlayer& one) {
-    return subject && !subject->wholeTeam && one.team == subject->team && one.name == subject->man;
-  });
-  const bool isMan = man != now_.season->players.end();
+  const auto player =
+      std::ranges::find_if(now_.season->players, [&subject](const SeasonPlayer& one) {
+        return subject && !subject->wholeTeam && one.team == subject->team &&
+               one.name == subject->player;
+      });
+  const bool isPlayer = player != now_.season->players.end();
   // Where nobody is chosen the role is that of whoever is chosen next.
-  batting_->setEnabled(!isMan || man->batting);
-  pitching_->setEnabled(!isMan || man->pitching);
+  batting_->setEnabled(!isPlayer || player->batting);
+  pitching_->setEnabled(!isPlayer || player->pitching);
   if (subject) (subject->role == SeasonRole::Batting ? batting_ : pitching_)->setChecked(true);
   TellChosen();
   ReadChosen();
@@ -359,7 +362,7 @@ void SeasonTab::TellChosen() {
   QString who = QLatin1String(kNobody);
   if (const auto& subject = now_.chosen) {
     const std::string& team = now_.season->teams.at(static_cast<std::size_t>(subject->team)).name;
-    who = ToQt(subject->wholeTeam ? team : subject->man + ", " + team);
+    who = ToQt(subject->wholeTeam ? team : subject->player + ", " + team);
     const QString headline = subject->wholeTeam ? real_->HeadlineOf(subject->team) : QString();
     if (!headline.isEmpty()) who += QStringLiteral(", ") + headline;
   }
@@ -370,10 +373,11 @@ void SeasonTab::TellChosen() {
 
 void SeasonTab::ShowChosenInList() {
   for (std::size_t i = 0; i < now_.listed.size() && now_.chosen; ++i) {
-    const auto& [team, man] = now_.listed[i];
-    const bool whole = man < 0;
+    const auto& [team, player] = now_.listed[i];
+    const bool whole = player < 0;
     if (team != now_.chosen->team || whole != now_.chosen->wholeTeam) continue;
-    if (!whole && now_.season->players.at(static_cast<std::size_t>(man)).name != now_.chosen->man) {
+    if (!whole &&
+        now_.season->players.at(static_cast<std::size_t>(player)).name != now_.chosen->player) {
       continue;
     }
     return names_->SetCurrentCell(static_cast<int>(i) + 1, 1);

@@ -51,7 +51,7 @@ class SeasonTab : public QWidget {
  private:
   struct Listed {
     int team = 0;
-    int man = -1;  // none: the whole team
+    int player = -1;  // none: the whole team
   };
 
   void BuildStrip(QBoxLayout* whole);
@@ -67,7 +67,7 @@ class SeasonTab : public QWidget {
   void ShowLeaders();
   void ShowScores();
   void ListNames();
-  void ChooseMan(int man, SeasonRole role);
+  void ChoosePlayer(int player, SeasonRole role);
   void ChooseListed(int row);
   // Chooses a team or a player, or nobody.
   void Choose(const std::optional<SeasonSubject>& subject);

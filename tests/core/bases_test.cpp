@@ -110,6 +110,19 @@ TEST(KeptBases, TellWhatCannotBeAndLeaveItUndone) {
   }
 }
 
+TEST(KeptBases, TellWhoMovedUnlessHeIsBackWhereHeWas) {
+  for (const auto& [before, gesture, told] :
+       {std::tuple{"BB", "run:12", "A goes to second;"},
+        {"3B SAC", "run:34", "A scores from third, batted in by B;"},
+        {"2B BB run:23", "run:32", ""}}) {
+    Game game;
+    game.Play(std::string("keep:on ") + before);
+    game.Look("notices");
+    game.Play(gesture);
+    EXPECT_EQ(game.Look("notices"), told) << before << ' ' << gesture;
+  }
+}
+
 TEST(KeptBases, LightUpWhereAPieceMayGo) {
   Game game;
   game.Play("keep:on BB BB");  // A on second, B on first, C bats

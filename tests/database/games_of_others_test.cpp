@@ -128,6 +128,18 @@ TEST_F(OthersTest, TheSeasonIsTheSameInAnyOrder) {
   }
 }
 
+TEST_F(OthersTest, AGameThatStandsThereTwiceComesOnce) {
+  const auto season = Make("season.mdb");
+  const auto other = Make("other.mdb");
+  for (const bool byHand : {true, false}) {
+    const std::string id = byHand ? "08072011000" : "08082011000";
+    for (const char* second : {"0", "1"}) Save(*other, id + second, "Owls", 2, byHand);
+  }
+  const auto games = GamesLacking(*season, *other);
+  EXPECT_LE(games.size(), 2U);
+  EXPECT_EQ(PutGames(*other, games, *season), std::ssize(games));
+}
+
 TEST_F(OthersTest, WhatIsNoDatabaseChangesNothing) {
   const auto season = Make("season.mdb");
   const auto other = Make("other.mdb");

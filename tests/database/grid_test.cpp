@@ -5,6 +5,7 @@
 #include <set>
 
 #include "base/stat_grid.h"
+#include "database/rows.h"
 
 namespace dtb {
 namespace {
@@ -61,6 +62,9 @@ TEST(CellColumnTest, IsAListOfTexts) {
     }
     RC_ASSERT(column.size() == plain.size());
     for (std::size_t i = 0; i < plain.size(); ++i) RC_ASSERT(column.Text(i) == plain[i]);
+    std::size_t longest = 0;
+    for (const std::string& text : plain) longest = std::max(longest, text.size());
+    RC_ASSERT(column.LongestText() >= longest);
     const std::string wanted = *rc::gen::arbitrary<bool>() || plain.empty() ? "4" : plain.back();
     const auto first = std::ranges::find(plain, wanted);
     RC_ASSERT(column.Find(wanted).value_or(plain.size()) ==
@@ -109,6 +113,18 @@ TEST(StatGridTest, TellsItsObserverOnce) {
   EXPECT_EQ(heard, "rearranged rearranged column cell replaced ");
   EXPECT_EQ(grid.rows(), 1);
   EXPECT_FALSE(grid.ColumnAt(0).ink);
+}
+
+// A sum of inexact numbers reads like the sum that a person would write.
+TEST(RowsTest, NumbersShowNoDust) {
+  for (const auto& [number, text] :
+       std::vector<std::pair<double, std::string>>{{0.1 + 0.2, "0.3"},
+                                                   {5.33 + 5.33 + 5.34 - 3.3, "12.7"},
+                                                   {2.0 / 3, "0.666666666666667"},
+                                                   {1e15 + 1, "1000000000000000"},
+                                                   {123456.5, "123456.5"}}) {
+    EXPECT_EQ(TextIn(number), text);
+  }
 }
 
 // A season's batting rows: names, small counts, many empty cells, a GameID for each game.

@@ -363,6 +363,28 @@ TEST_F(BookTest, APlayerIsKnownByIdOrByName) {
   EXPECT_NE(book.chapters[3].archiveFault, "");
 }
 
+// Who shares the first place of a season is named, ten at most; nobody else is.
+TEST_F(BookTest, LeadersOfASeasonAreNamedOrCounted) {
+  for (const int best : {1, 2}) {
+    Season season{.name = best == 1 ? "1960" : "1961"};
+    const std::string id = IdOf(59 + best, 0);
+    season.games.push_back({id, {"Ants", "Bees"}, {9, 1}});
+    for (int i = 0; i < 13; ++i) {
+      season.batted.push_back(
+          {std::string(1, char('A' + i)), "Ants", id, {0, 0, 0, i == 0 ? best : 1, 2}});
+    }
+    Write(season);
+  }
+  WriteBook(platform, {});
+  const Strings lines = Lines("read_pages.py", Report("All seasons 2026-11-18"));
+  std::string ten;
+  for (char name = 'A'; name <= 'J'; ++name) ten += std::string(1, name) + "Ants";
+  for (const std::string& line : {"leaders Home runs 1|1960|" + ten + "and 3 more with 1|1",
+                                  std::string("leaders Home runs 1|1961|AAnts|2")}) {
+    EXPECT_TRUE(std::ranges::find(lines, line) != lines.end()) << line;
+  }
+}
+
 // A season of two games with two hard names.
 Season Hard(const std::string& name, int year, const std::function<std::string(int, int)>& id) {
   return Of(name, year, {{kHard, "<Ants>", {1, 2}}, {"Bo", "<Ants>", {1}}}, id);

@@ -58,6 +58,8 @@ def main(folder):
                 print("line {}|{}|{}".format(page.stem.split("-")[0], row[0], row[-3]))
             if page.name == "index.html":
                 print("standing " + "|".join(row[:3]))
+            if page.stem.startswith("games-"):
+                print("month " + "|".join(row[1:]))
     assert linked >= set(pages), set(pages) - linked
     print("pages", len(pages))
 

@@ -1,5 +1,6 @@
 #include "season/season_pages.h"
 
+#include <numeric>
 #include <set>
 
 #include "base/text_cell.h"
@@ -7,6 +8,7 @@
 #include "export_test.h"
 #include "season/season_html.h"
 #include "season/season_leaders.h"
+#include "season/season_scores.h"
 #include "season/season_splits.h"
 #include "season/season_standings.h"
 
@@ -135,17 +137,17 @@ TEST_F(SeasonTest, FiguresAreThoseOfTheRows) {
     EXPECT_EQ(above, courses.at(season.teams[team].name)) << season.teams[team].name;
   }
   ASSERT_EQ(season.players.size(), 15U);
-  for (const SeasonPlayer& man : season.players) {
-    const std::string& team = season.teams[man.team].name;
-    const Row sum = Sum(man.name, team);
-    EXPECT_EQ(man.batting->hits, sum.hits);
-    EXPECT_EQ(man.pitching->outs, sum.outs) << "thirds do not crumble";
-    EXPECT_EQ(man.pitching->earnedRuns, sum.earned);
+  for (const SeasonPlayer& player : season.players) {
+    const std::string& team = season.teams[player.team].name;
+    const Row sum = Sum(player.name, team);
+    EXPECT_EQ(player.batting->hits, sum.hits);
+    EXPECT_EQ(player.pitching->outs, sum.outs) << "thirds do not crumble";
+    EXPECT_EQ(player.pitching->earnedRuns, sum.earned);
     int seen = 0;
     Row total{};
-    for (const SeasonOuting& outing :
-         ReadOutings(ports.database, season, {man.team, man.name, false, SeasonRole::Batting})) {
-      const Row one = Sum(man.name, team, outing.id);
+    for (const SeasonOuting& outing : ReadOutings(
+             ports.database, season, {player.team, player.name, false, SeasonRole::Batting})) {
+      const Row one = Sum(player.name, team, outing.id);
       total.hits += one.hits;
       EXPECT_EQ(std::get<BattingTotals>(outing.line).hits, one.hits);
       EXPECT_EQ(std::get<BattingTotals>(outing.total).hits, total.hits);
@@ -157,8 +159,8 @@ TEST_F(SeasonTest, FiguresAreThoseOfTheRows) {
   EXPECT_EQ(OutingText(BattingTotals{1, 5, 2, 0, 0, 1, 3, 0, 0, 4}), "2 for 5, 1 HR, 3 RBI, 4 SB");
   // Fifteen at-bats of one player in one game qualify nobody whose team has played more.
   std::vector<double> averages;
-  for (const SeasonPlayer& man : season.players) {
-    const Row sum = Sum(man.name, season.teams[man.team].name);
+  for (const SeasonPlayer& player : season.players) {
+    const Row sum = Sum(player.name, season.teams[player.team].name);
     averages.push_back(double(sum.hits) / sum.atBats);
   }
   std::ranges::sort(averages, std::greater{});
@@ -169,6 +171,47 @@ TEST_F(SeasonTest, FiguresAreThoseOfTheRows) {
   const SeasonFigures few = ReadSeasonFigures(ports.database);
   EXPECT_EQ(Leaders(few, SeasonLead::Average, true).first.size(), 0U);
   EXPECT_EQ(Leaders(few, SeasonLead::Average, false).first.size(), 3U);
+}
+
+// The scores of all games, counted in a plain loop; whoever scores very many counts with the last
+// place.
+TEST_F(SeasonTest, ScoresAreThoseOfTheGames) {
+  Play(30);
+  SeasonFigures season = ReadSeasonFigures(ports.database);
+  season.games[0].sides[0].runs = 31;
+  games[0].runs[0] = 31;
+  SeasonScores expected;
+  std::map<std::string, int> finals;
+  for (const Game& game : games) {
+    const auto [fewest, most] = std::minmax(game.runs[0], game.runs[1]);
+    expected.runs += fewest + most;
+    expected.homeWins += game.runs[1] == most && fewest < most ? 1 : 0;
+    expected.visitorsWins += game.runs[0] == most && fewest < most ? 1 : 0;
+    expected.ties += fewest == most ? 1 : 0;
+    expected.shutouts += fewest == 0 && most > 0 ? 1 : 0;
+    expected.byOneRun += most - fewest == 1 ? 1 : 0;
+    ++finals[(most == 31 ? "15+" : std::to_string(most)) + "-" + std::to_string(fewest) + ": "];
+  }
+  expected.games = 30;
+  const SeasonScores scores = CountScores(season);
+  EXPECT_EQ(ScoresText(scores), ScoresText(expected));
+  EXPECT_EQ(scores.ofTeam.back(), 1);
+  EXPECT_EQ(std::accumulate(scores.ofTeam.begin(), scores.ofTeam.end(), 0), 60);
+  std::size_t month = 0;
+  const auto marks = MonthMarks(season);
+  for (const RunsOfMonth& one : scores.months) {
+    double runs = 0;
+    EXPECT_EQ(one.month, marks.at(month++).month);
+    for (int i = marks[month - 1].game; i < marks[month - 1].game + one.games; ++i) {
+      runs += games.at(std::size_t(i)).runs[0] + games.at(std::size_t(i)).runs[1];
+    }
+    EXPECT_EQ(one.runs, runs) << one.month;
+  }
+  EXPECT_EQ(month, marks.size());
+  for (const auto& [final, times] : finals) {
+    const std::string line = final + std::to_string(times) + (times == 1 ? " time\n" : " times\n");
+    EXPECT_NE(('\n' + FinalsText(scores)).find('\n' + line), std::string::npos) << line;
+  }
 }
 
 // Rates are made of whole numbers and rounded once; those who share the tenth place are counted.
@@ -187,9 +230,9 @@ TEST_F(SeasonTest, RatesAndTies) {
                                            {1.5, 2, 2, "0.75"}}) {
     EXPECT_EQ(RoundedQuotient(one.part, one.whole, one.decimals), one.text);
   }
-  for (int man = 0; man < 12; ++man) {
+  for (int player = 0; player < 12; ++player) {
     Execute("INSERT INTO Pitching (Pitcher, Team, IP, Runs, GameID) VALUES ('P" +
-            std::to_string(man) + "', 'Ants', 40, 21, 'x')");
+            std::to_string(player) + "', 'Ants', 40, 21, 'x')");
   }
   const SeasonFigures season = ReadSeasonFigures(ports.database);
   const LeaderList list = Leaders(season, SeasonLead::EarnedRunAverage, false);
@@ -206,6 +249,7 @@ TEST_F(SeasonTest, RatesAndTies) {
 
 TEST_F(SeasonTest, PagesAreValidAndTheirLinksLead) {
   Play(12);
+  Execute("UPDATE Batting SET HR = 1");  // the three of a team have as many as it has games
   std::filesystem::create_directories(
       Report("Season 2020-01-01 (being written)/players"));  // of a program that was killed
   WriteSeasonPages(browser.platform, kBrowserTitle);
@@ -237,7 +281,36 @@ TEST_F(SeasonTest, PagesAreValidAndTheirLinksLead) {
           << game.id;
     }
   }
+  // Each game stands once among those of its month.
+  EXPECT_EQ(std::ranges::count_if(
+                page, [](const std::string& line) { return line.starts_with("month "); }),
+            std::ssize(games));
+  for (const auto& [id, order, teams, runs] : games) {
+    std::string line = "month";
+    for (std::size_t side = 0; side < 2; ++side) {
+      line += (side == 0 ? " " : "|") + (teams.at(side) == kHard ? "hard" : teams.at(side)) + "|" +
+              std::to_string(runs.at(side));
+    }
+    EXPECT_TRUE(lines.contains(line)) << line;
+  }
   const SeasonFigures season = ReadSeasonFigures(ports.database);
+  // Ten lead in home runs, and who shares the tenth place is counted.
+  std::vector<int> homeRuns;
+  for (const SeasonPlayer& player : season.players) {
+    homeRuns.push_back(static_cast<int>(season.teams[player.team].games.size()));
+  }
+  std::ranges::sort(homeRuns, std::greater{});
+  const std::string tenth = std::to_string(homeRuns.at(9));
+  const auto more = std::count(homeRuns.begin() + 10, homeRuns.end(), homeRuns[9]);
+  ASSERT_GT(more, 0);
+  EXPECT_TRUE(lines.contains("index Home runs 1|and " + std::to_string(more) + " more with " +
+                             tenth + "||"));
+  EXPECT_EQ(std::ranges::count_if(page,
+                                  [&tenth](const std::string& line) {
+                                    return line.starts_with("index Home runs 1|") &&
+                                           line.ends_with("|" + tenth);
+                                  }),
+            std::count(homeRuns.begin(), homeRuns.begin() + 10, homeRuns[9]));
   for (const Standing& standing : Standings(season)) {
     const SeasonTeam& team = season.teams[standing.team];
     EXPECT_TRUE(lines.contains("standing " + (team.name == kHard ? "hard" : team.name) + "|" +

@@ -181,6 +181,16 @@ BB BB BB keep:on on:J1 => J:J B:B C:C D:D
   EXPECT_EQ(std::ranges::count_if(twice.state.pieces, &GamePiece::free), 2);
 }
 
+TEST(Pieces, StandWithTheirMiddleWhereTheyAreMoved) {
+  Game game;
+  const double x = kSceneWidth / 2.0;
+  const double y = kSceneHeight / 3.0;
+  MovePiece(game.board, 2, x, y);
+  const GamePiece& piece = game.state.pieces[2];
+  EXPECT_DOUBLE_EQ(piece.left.value() + game.state.pieceWidth.value() / 2, x);
+  EXPECT_DOUBLE_EQ(piece.top.value() + game.state.pieceHeight.value() / 2, y);
+}
+
 // A reserve with whom the half-inning begins has a run that is saved with him.
 TEST(KeptBases, WhoBeginsOnABaseTakesPart) {
   Game game;

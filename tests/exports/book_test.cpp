@@ -119,16 +119,16 @@ class MadeUp : public BookTest {
       const auto first = std::size_t(Draw(3));
       const std::size_t second = (first + 1 + std::size_t(Draw(2))) % 3;
       season.games.push_back({IdOf(year, i), {teams[first], teams[second]}, {Draw(4), Draw(4)}});
-      const bool none = Draw(4) == 0;  // one side is held without a hit
+      const std::size_t held = std::size_t(Draw(8));  // the side without a hit, if there is one
       for (std::size_t side = 0; side < 2; ++side) {
         const std::string& team = season.games.back().teams.at(side);
         for (const char* name : {" Al", " Bo"}) {
           Row row{
               team + name, team, season.games.back().id, {Draw(3), Draw(2), Draw(2), Draw(2), 2}};
-          if (none && side == 0) row.figures = {0, 0, 0, 0, Draw(3)};
+          if (side == held) row.figures = {0, 0, 0, 0, Draw(3)};
           season.batted.push_back(row);
         }
-        const int hits = none && side == 1 ? 0 : 1 + Draw(3);
+        const int hits = 1 - side == held ? 0 : 1 + Draw(3);
         season.pitched.push_back(
             {team + " Cy", team, season.games.back().id, 15 + Draw(6), hits, Draw(9)});
         season.pitched.push_back({team + " Di", team, season.games.back().id, 10, 0, Draw(3)});

@@ -11,6 +11,7 @@
 #include "season/season_scores.h"
 #include "season/season_splits.h"
 #include "season/season_standings.h"
+#include "season/season_words.h"
 
 namespace dtb {
 namespace {
@@ -98,6 +99,24 @@ class SeasonTest : public ExportTest {
     return sum;
   }
 
+  // The lines of a team's split: months as they come, at home before away, opponents by name.
+  static Strings InOrder(const SeasonFigures& season, int team, SeasonSplit split) {
+    Strings months;
+    std::set<std::string> others;
+    std::set<std::string> places;
+    for (const SeasonGame& game : season.games) {
+      const std::size_t side = game.sides[0].team == team ? 0 : 1;
+      if (game.sides.at(side).team != team) continue;
+      const std::string month = MonthText(game.day);
+      if (months.empty() || months.back() != month) months.push_back(month);
+      others.insert(season.teams[game.sides.at(1 - side).team].name);
+      places.insert(side == 0 ? "away" : "at home");
+    }
+    if (split == SeasonSplit::Months) return months;
+    if (split == SeasonSplit::Opponents) return {others.begin(), others.end()};
+    return {places.begin(), places.end()};
+  }
+
   std::mt19937 random{7};
   std::vector<Game> games;
   std::vector<Row> rows;
@@ -128,8 +147,14 @@ TEST_F(SeasonTest, FiguresAreThoseOfTheRows) {
       EXPECT_EQ(lines.back().wins, season.teams[team].wins);
       EXPECT_EQ(lines.back().losses, season.teams[team].losses) << "a tie is no loss";
       int won = 0;
-      for (const SplitLine& line : lines) won += line.wins;
+      Strings names;
+      for (const SplitLine& line : lines) {
+        won += line.wins;
+        names.push_back(line.name);
+      }
       EXPECT_EQ(won, 2 * lines.back().wins) << "the last line is the sum";
+      names.pop_back();
+      EXPECT_EQ(names, InOrder(season, whole.team, split));
     }
     std::vector<int> above;
     for (const CoursePoint& point : CourseOf(season, int(team))) above.push_back(point.above);

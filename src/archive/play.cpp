@@ -236,7 +236,7 @@ class Reader {
       }
       const std::string_view brackets = move.substr(3);
       const auto says = [brackets](std::string_view mark) {
-        return brackets.find(mark) != brackets.npos;
+        return brackets.find(mark) != std::string_view::npos;
       };
       if (says("(RBI)")) play_.marks.at(from) = RunMark::BattedIn;
       if (says("(NR)") || says("(NORBI)")) play_.marks.at(from) = RunMark::NotBattedIn;

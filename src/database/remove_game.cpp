@@ -87,9 +87,9 @@ Statement DeleteOf(const Tally& tally) {
 }
 
 struct TableOfGames {
-  const char* name;
-  const char* word;      // for one of its rows
-  bool ofPlays = false;  // games without plays have no row there
+  const char* name = "";
+  const char* word = "";  // for one of its rows
+  bool ofPlays = false;   // games without plays have no row there
 };
 constexpr std::array<TableOfGames, 6> kTablesWithTeams{{{table::kBoxScores, "line"},
                                                         {table::kBatting, "batter"},

@@ -83,7 +83,7 @@ void Empty(Value& value) {
 // Moves a game that is not wanted to a file with the names of its teams; where that cannot be
 // written, to one without them.
 std::string DeclinedAside(const std::string& bytes, const KeptTable& kept, RecoveryStore& store) {
-  const std::string aside = store.PutAside(bytes, AsideTitle(kept.game.state));
+  std::string aside = store.PutAside(bytes, AsideTitle(kept.game.state));
   if (aside.empty()) return store.SetAside();
   std::error_code stays;  // it is offered again then
   std::filesystem::remove(store.File(), stays);

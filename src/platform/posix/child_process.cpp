@@ -85,6 +85,7 @@ void GoOnAs(const std::filesystem::path& program, const std::vector<std::string>
   std::vector<std::string> texts{program.string()};
   texts.insert(texts.end(), arguments.begin(), arguments.end());
   std::vector<char*> pointers;
+  pointers.reserve(texts.size() + 1);
   for (std::string& text : texts) pointers.push_back(text.data());
   pointers.push_back(nullptr);
   execv(program.c_str(), pointers.data());

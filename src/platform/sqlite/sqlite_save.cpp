@@ -98,6 +98,7 @@ void SqliteSave::Run(const Statement& query, RowSink& rows) {
 
 std::vector<SqliteSave::Table> SqliteSave::Prepared(const std::vector<TableColumns>& tables) const {
   std::vector<Table> prepared;
+  prepared.reserve(tables.size());
   for (const TableColumns& columns : tables) {
     prepared.push_back({columns, SQLite::Statement(database_, InsertInto(columns))});
   }

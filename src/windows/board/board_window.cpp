@@ -12,7 +12,7 @@
 #include "aids/dice.h"
 #include "archive/kept_season.h"
 #include "base/version.h"
-#include "database/backups.h"
+#include "database/season_shelf.h"
 #include "game/constant_update.h"
 #include "game/new_game.h"
 #include "game/recovery.h"
@@ -22,22 +22,14 @@
 #include "windows/aids/chart_viewer.h"
 #include "windows/aids/dice_panels.h"
 #include "windows/application.h"
-#include "windows/archive/archive_window.h"
 #include "windows/board/base_notices.h"
 #include "windows/board/base_targets.h"
 #include "windows/board/base_tracker.h"
 #include "windows/board/options_panel.h"
 #include "windows/board/piece_view.h"
 #include "windows/box/box_window.h"
-#include "windows/boxes/about_box.h"
 #include "windows/boxes/busy.h"
 #include "windows/boxes/message_box.h"
-#include "windows/browser/browser_window.h"
-#include "windows/browser/copies_window.h"
-#include "windows/season/day_window.h"
-#include "windows/season/games_window.h"
-#include "windows/season/pages_writing.h"
-#include "windows/season/shelf_window.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/kept_place.h"
 #include "windows/shared/look.h"
@@ -120,107 +112,6 @@ void BoardWindow::StartTimers() {
   tmr_Constant_.start(kConstantInterval);
   connect(&tmr_F12detect_, &QTimer::timeout, this, [this] { DetectF12(aids_); });
   tmr_F12detect_.start(kF12Interval);
-}
-
-void BoardWindow::BuildMenu() {
-  const auto add = [this](const char* name, const char* caption, auto operation) {
-    QAction* action = menuBar()->addAction(QLatin1String(caption));
-    action->setObjectName(QLatin1String(name));
-    connect(action, &QAction::triggered, this, operation);
-    return action;
-  };
-  // A window of its own waits for the person; the menu, and a screen reader, has its answer before.
-  const auto later = [this](auto operation) {
-    return [this, operation] {
-      QTimer::singleShot(0, this, [this, operation] {
-        // The window may change the saved games, and which season is in use.
-        ahead_.End();
-        use_.Forget();
-        operation();
-        ahead_.Begin();
-      });
-    };
-  };
-  menuBar()->setNativeMenuBar(false);
-  edit_ = new EditActions(board_, this);
-  editMenu_ = menuBar()->addMenu(QStringLiteral("Edit"));
-  editMenu_->setObjectName(QStringLiteral("mnuEdit"));
-  editMenu_->addActions({edit_->undo(), edit_->redo()});
-  editMenu_->addSeparator();
-  QAction* newGame = editMenu_->addAction(QStringLiteral("New game"));
-  newGame->setObjectName(QStringLiteral("mnuNewGame"));
-  newGame->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_N));
-  connect(newGame, &QAction::triggered, this, [this] { NewGame(board_); });
-  editMenu_->addSeparator();
-  QAction* copies = editMenu_->addAction(QLatin1String(kBringBack));
-  copies->setObjectName(QStringLiteral("mnuBringBack"));
-  connect(copies, &QAction::triggered, this,
-          later([this] { CopiesWindow::Run(board_.platform, this); }));
-  QMenu* teams = menuBar()->addMenu(QStringLiteral("Teams"));
-  teams->setObjectName(QStringLiteral("mnuTeams"));
-  QAction* season = teams->addAction(QStringLiteral("From a season..."));
-  season->setObjectName(QStringLiteral("mnuSeason"));
-  connect(season, &QAction::triggered, this,
-          later([this] { ArchiveWindow::Run(board_, season_, this); }));
-  QAction* lineUps = teams->addAction(QStringLiteral("Print line-up card..."));
-  lineUps->setObjectName(QStringLiteral("mnuLineUpCard"));
-  connect(lineUps, &QAction::triggered, this, later([this] { PrintLineUpCard(board_, this); }));
-  QMenu* seasons = menuBar()->addMenu(QStringLiteral("Season"));
-  seasons->setObjectName(QStringLiteral("mnuSeasons"));
-  QAction* shelf = seasons->addAction(QStringLiteral("Choose a season..."));
-  shelf->setObjectName(QStringLiteral("mnuShelf"));
-  connect(shelf, &QAction::triggered, this, later([this] {
-            if (!ShelfWindow::Run(board_.platform, this)) return;
-            season_ = {};  // the archive of the other season
-            ShowSeasonInTitle();
-          }));
-  QAction* day = seasons->addAction(QStringLiteral("The day..."));
-  day->setObjectName(QStringLiteral("mnuDay"));
-  connect(day, &QAction::triggered, this, later([this] { DayWindow::Run(board_, season_, this); }));
-  QAction* book = seasons->addAction(QStringLiteral("The book of all seasons..."));
-  book->setObjectName(QStringLiteral("mnuBook"));
-  connect(book, &QAction::triggered, this,
-          later([this] { WriteBookOfSeasons(board_.platform, this); }));
-  seasons->addSeparator();
-  for (const auto& [name, caption, way] :
-       {std::tuple{"mnuTakeIn", "Take in games...", &GamesWindow::TakeIn},
-        {"mnuGiveOut", "Give out games...", &GamesWindow::GiveOut}}) {
-    QAction* action = seasons->addAction(QLatin1String(caption));
-    action->setObjectName(QLatin1String(name));
-    connect(action, &QAction::triggered, this,
-            later([this, way = way] { way(board_.platform, this); }));
-  }
-  add("mnuStatistics", "Database",
-      later([this] { BrowserWindow::Run(board_.platform, season_, this); }));
-  add("mnuEventLog", "EventLog", later([this] { ShowLog(); }));
-  add("mnuPlays", "Plays", later([this] { ShowPlays(); }))
-      ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
-  add("mnuBox", "Box", later([this] { ShowBox(); }))
-      ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_B));
-  add("mnuScorecard", "Scorecard", later([this] { ShowScorecard(); }))
-      ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
-  add("mnu_Options", "Options", [this] {
-    ToggleOptions(board_);
-    if (menuBar()->hasFocus()) focusKeys_->EnterOptions();
-  });
-  add("About", "About", later([this] { AboutBox::Run(board_.platform, this); }));
-  BuildHelpMenu();
-  for (auto* menu : menuBar()->findChildren<QMenu*>()) menu->installEventFilter(this);
-}
-
-void BoardWindow::BuildHelpMenu() {
-  QMenu* help = menuBar()->addMenu(QStringLiteral("Help"));
-  help->setObjectName(QStringLiteral("mnuHelp"));
-  const auto add = [this, help](const char* name, const char* caption, auto operation) {
-    QAction* action = help->addAction(QLatin1String(caption));
-    action->setObjectName(QLatin1String(name));
-    connect(action, &QAction::triggered, this, operation);
-  };
-  add("mnuHelpPage", "Help page", [this] { OpenHelp(aids_); });
-  add("mnuKeys", "Keys (?)", [this] { keys_->ShowPlate(true); });
-  add("mnuRules", "Rules of the dice game", [this] { OpenRules(aids_); });
-  help->addSeparator();
-  add("mnuAbout", "About", [this] { AboutBox::Run(board_.platform, this); });
 }
 
 void BoardWindow::AddTakeUp(const std::function<void()>& operation) {

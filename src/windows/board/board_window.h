@@ -49,8 +49,14 @@ class BoardWindow : public QMainWindow {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  // The menus, in board_menus.cpp.
+  std::function<void()> Later(const std::function<void()>& operation);
+  QMenu* AddMenu(const char* name, const char* caption);
   void BuildMenu();
+  void BuildEditMenu();
+  void BuildSeasonMenu();
   void BuildHelpMenu();
+
   void BuildScene();
   void BuildPieces();
   void StartTimers();

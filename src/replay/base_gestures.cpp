@@ -31,7 +31,7 @@ QString TargetOf(Desk& desk, const QString& word) {
 
 QStringList Turn(Desk& desk, bool on) {
   if (KeepsBases(desk.board().state) == on) return {};
-  const QStringList click{"CLICK cb_KeepBases"};
+  QStringList click{"CLICK cb_KeepBases"};
   if (desk.board().state.fra_Options_visible.value()) return click;
   return QStringList{"MENU Options"} + click + QStringList{"MENU Options"};
 }

@@ -5,6 +5,7 @@
 #include "aids/charts.h"
 #include "database/backups.h"
 #include "game/new_game.h"
+#include "game/recovery.h"
 #include "game/start_up.h"
 #include "windows/archive/archive_window.h"
 #include "windows/board/board_window.h"
@@ -89,6 +90,11 @@ void BoardWindow::BuildEditMenu() {
   editMenu_->addSeparator();
   AddEntry(editMenu_, "mnuBringBack", kBringBack,
            Later([this] { CopiesWindow::Run(board_.platform, this); }));
+}
+
+void BoardWindow::AddTakeUp(const std::function<void()>& operation) {
+  editMenu_->addSeparator();
+  AddEntry(editMenu_, "mnuTakeUp", kTakeUpSetAside, operation);
 }
 
 void BoardWindow::BuildSeasonMenu() {

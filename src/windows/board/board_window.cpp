@@ -114,13 +114,6 @@ void BoardWindow::StartTimers() {
   tmr_F12detect_.start(kF12Interval);
 }
 
-void BoardWindow::AddTakeUp(const std::function<void()>& operation) {
-  editMenu_->addSeparator();
-  QAction* takeUp = editMenu_->addAction(QLatin1String(kTakeUpSetAside));
-  takeUp->setObjectName(QStringLiteral("mnuTakeUp"));
-  connect(takeUp, &QAction::triggered, this, operation);
-}
-
 void BoardWindow::BuildScene() {
   park_ = new ParkView(this);
   park_->installEventFilter(this);

@@ -76,7 +76,7 @@ class CopyKills : public CopiesTest {
     operation();
     const int steps = stepsMade;
     ASSERT_GT(steps, 3);
-    const int kills = static_cast<int>(FromOutside("DTB_KILLS", 200));
+    const int kills = static_cast<int>(FromOutside("DTB_KILLS", static_cast<unsigned>(steps)));
     std::mt19937 random(FromOutside("DTB_SEED", 1960));
     for (int run = 0; run < kills && !HasFailure(); ++run) {
       prepare();

@@ -122,7 +122,7 @@ TEST_F(ExportFaultsTest, MoreRowsThanASheetTakes) {
 TEST_F(ExportFaultsTest, FullDisks) {
   Execute(
       "INSERT INTO Batting (Batter, Team, k) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT "
-      "i + 1 FROM n WHERE i < 10000) SELECT hex(randomblob(20)), 'Ants', i FROM n");
+      "i + 1 FROM n WHERE i < 2500) SELECT hex(randomblob(20)), 'Ants', i FROM n");
   enum Outcome { kTold, kWhole, kWrong };
   const auto exportBelow = [this](rlim_t most) {
     const pid_t child = fork();

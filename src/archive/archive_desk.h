@@ -58,4 +58,6 @@ struct ArchiveDesk {
   Board& board;
 };
 
+[[nodiscard]] inline Platform& PlatformOf(const ArchiveDesk& desk) { return desk.board.platform; }
+
 }  // namespace dtb::archive

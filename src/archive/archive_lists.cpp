@@ -16,8 +16,6 @@
 namespace dtb::archive {
 namespace {
 
-Platform& PlatformOf(ArchiveDesk& desk) { return desk.board.platform; }
-
 std::string Years(const Season& season) {
   const std::string first = season.games.front().date.substr(0, 4);
   const std::string last = season.games.back().date.substr(0, 4);

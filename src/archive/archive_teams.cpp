@@ -14,8 +14,6 @@
 namespace dtb::archive {
 namespace {
 
-Platform& PlatformOf(ArchiveDesk& desk) { return desk.board.platform; }
-
 std::filesystem::path TeamsFolder(ArchiveDesk& desk) {
   return PlatformOf(desk).programFolder / "Teams";
 }

@@ -46,11 +46,11 @@ void Scorer::Begin(Game game) {
 }
 
 Scorer::Entrant* Scorer::EntrantOf(int side, int player) {
-  constexpr std::size_t kMostPlayers = 100;
+  constexpr std::size_t kMostEntrants = 100;
   std::vector<Entrant>& entrants = sides_.at(side).entrants;
   const auto found = std::ranges::find(entrants, player, &Entrant::player);
   if (found != entrants.end()) return &*found;
-  if (entrants.size() >= kMostPlayers) return nullptr;
+  if (entrants.size() >= kMostEntrants) return nullptr;
   const Player& entry = PlayerOf(side, player);
   return &entrants.emplace_back(
       Entrant{.player = player, .batting = entry.batting, .pitching = entry.pitching});

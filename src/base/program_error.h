@@ -5,6 +5,7 @@
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 
 namespace dtb {
 
@@ -34,6 +35,13 @@ inline constexpr int kPathOrFileAccess = 75;
 inline constexpr int kInvalidFileFormat = 321;
 inline constexpr int kNoComponent = 429;  // a program that the work needs is not there
 }  // namespace error_number
+
+// Throws the error of an operation on a file or folder: "`what`: the system's reason."
+[[noreturn]] inline void ThrowFileError(const std::string& what, const std::error_code& error) {
+  const bool full = error == std::errc::no_space_on_device;
+  throw ProgramError(full ? error_number::kDiskFull : error_number::kPathOrFileAccess,
+                     what + ": " + error.message() + ".");
+}
 
 // Runs one whole operation. An error that leaves it is given to `report` as a number and a
 // description, and goes no further.

@@ -8,15 +8,15 @@
 namespace dtb {
 namespace {
 
-std::size_t Place(int rowOrColumn) { return static_cast<std::size_t>(rowOrColumn); }
+std::size_t Index(int rowOrColumn) { return static_cast<std::size_t>(rowOrColumn); }
 
 }  // namespace
 
 StatGrid::StatGrid(int rows, int columns)
     : rows_(rows),
-      columns_(Place(columns)),
-      headers_(Place(columns)),
-      cells_(Place(columns), CellColumn(Place(rows - 1))) {}
+      columns_(Index(columns)),
+      headers_(Index(columns)),
+      cells_(Index(columns), CellColumn(Index(rows - 1))) {}
 
 StatGrid::StatGrid(const StatGrid& other)
     : rows_(other.rows_),
@@ -55,16 +55,16 @@ void StatGrid::RequireCell(int row, int column) const {
 
 std::string_view StatGrid::Text(int row, int column) const {
   RequireCell(row, column);
-  if (row == 0) return headers_[Place(column)];
-  return cells_[Place(column)].Text(Place(row - 1));
+  if (row == 0) return headers_[Index(column)];
+  return cells_[Index(column)].Text(Index(row - 1));
 }
 
 void StatGrid::SetText(int row, int column, std::string_view text) {
   if (Text(row, column) == text) return;
   if (row == 0) {
-    headers_[Place(column)] = text;
+    headers_[Index(column)] = text;
   } else {
-    cells_[Place(column)].Set(Place(row - 1), text);
+    cells_[Index(column)].Set(Index(row - 1), text);
   }
   if (observer_.cellChanged) observer_.cellChanged(row, column);
 }
@@ -73,7 +73,7 @@ void StatGrid::Raise(int row, int column) { SetText(row, column, RaisedText(Text
 
 std::optional<int> StatGrid::FindRow(int column, std::string_view text) const {
   if (Text(0, column) == text) return 0;
-  const auto cell = cells_[Place(column)].Find(text);
+  const auto cell = cells_[Index(column)].Find(text);
   if (!cell) return std::nullopt;
   return static_cast<int>(*cell) + 1;
 }
@@ -92,7 +92,7 @@ void StatGrid::SetColumnInk(int column, std::optional<Colour> ink) {
 
 template <class Change>
 void StatGrid::ChangeColumn(int column, Change change) {
-  Column& changed = columns_.at(Place(column));
+  Column& changed = columns_.at(Index(column));
   const Column before = changed;
   change(changed);
   if (changed != before && observer_.columnChanged) observer_.columnChanged(column);
@@ -131,18 +131,18 @@ void StatGrid::Take(StatGrid&& other) {
 
 void StatGrid::RewriteColumn(int column,
                              const std::function<std::string(std::string_view)>& rewrite) {
-  cells_.at(Place(column)).Rewrite(rewrite);
+  cells_.at(Index(column)).Rewrite(rewrite);
   if (observer_.rearranged) observer_.rearranged();
 }
 
 void StatGrid::SortRows(int column, SortOrder order) {
-  const auto sorted = cells_.at(Place(column)).Sorted(order);
+  const auto sorted = cells_.at(Index(column)).Sorted(order);
   for (CellColumn& cells : cells_) cells.Arrange(sorted);
   if (observer_.rearranged) observer_.rearranged();
 }
 
 std::size_t StatGrid::LongestText(int column) const {
-  return std::max(CharacterCount(Text(0, column)), cells_[Place(column)].LongestText());
+  return std::max(CharacterCount(Text(0, column)), cells_[Index(column)].LongestText());
 }
 
 std::size_t StatGrid::BytesTaken() const {

@@ -7,13 +7,14 @@
 namespace dtb::book {
 namespace {
 
-struct Part {
+struct BookPart {
   const char* file;
   const char* caption;
 };
-constexpr std::array kParts{Part{"index.html", "Champions"}, Part{"leaders.html", "Leaders"},
-                            Part{"records.html", "Records"}, Part{"feats.html", "Feats"},
-                            Part{"careers.html", "Careers"}};
+constexpr std::array kParts{BookPart{"index.html", "Champions"},
+                            BookPart{"leaders.html", "Leaders"},
+                            BookPart{"records.html", "Records"}, BookPart{"feats.html", "Feats"},
+                            BookPart{"careers.html", "Careers"}};
 
 }  // namespace
 
@@ -76,7 +77,7 @@ std::string BookHtml::SeasonsOf(const Career& career) const {
 
 std::string BookHtml::Page(std::string_view title, const std::string& body) {
   std::string links = "<nav class=\"contents\" aria-label=\"The book\">";
-  for (const Part& part : kParts) links += PageLink(part.file, part.caption) + " ";
+  for (const BookPart& part : kParts) links += PageLink(part.file, part.caption) + " ";
   return WholePage(title, "", links + "</nav>\n" + body);
 }
 

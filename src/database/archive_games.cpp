@@ -1,10 +1,10 @@
 #include "database/archive_games.h"
 
-#include <algorithm>
 #include <string_view>
 #include <vector>
 
 #include "base/settings_keys.h"
+#include "base/text_parts.h"
 #include "database/rows.h"
 #include "database/saved_games.h"
 #include "platform/database.h"
@@ -15,11 +15,7 @@ namespace {
 // The texts between such a sign, in order.
 std::vector<std::string_view> Parts(std::string_view text, char between) {
   std::vector<std::string_view> parts;
-  while (!text.empty()) {
-    const std::string_view part = text.substr(0, text.find(between));
-    parts.push_back(part);
-    text.remove_prefix(std::min(part.size() + 1, text.size()));
-  }
+  while (!text.empty()) parts.push_back(TakeUpTo(text, between));
   return parts;
 }
 

@@ -21,10 +21,6 @@
 namespace dtb {
 namespace {
 
-const TableColumns& ColumnsOf(const char* table) {
-  return *std::ranges::find(AllTables(), table, &TableColumns::table);
-}
-
 std::string Listed(const std::vector<std::string>& columns) {
   std::string list;
   for (const std::string& column : columns) list += (list.empty() ? "[" : ", [") + column + "]";
@@ -35,7 +31,7 @@ std::string Listed(const std::vector<std::string>& columns) {
 using Sums = std::map<std::pair<std::string, std::string>, std::uint64_t>;
 
 void AddSums(DatabaseReader& database, const char* table, Sums& sums) {
-  const std::vector<std::string>& columns = ColumnsOf(table).columns;
+  const std::vector<std::string>& columns = ColumnsOf(table);
   const auto placeOf = [&columns](const char* name) {
     return static_cast<std::size_t>(std::ranges::find(columns, name) - columns.begin());
   };
@@ -73,7 +69,7 @@ std::unordered_map<std::string, GamesRow> ReadGamesRows(DatabaseReader& database
 // The rows of a game in a table, ready to be put elsewhere under another GameID.
 std::vector<TableRow> RowsOf(DatabaseReader& database, const char* table, const SavedGame& game,
                              const std::string& newId) {
-  const std::vector<std::string>& columns = ColumnsOf(table).columns;
+  const std::vector<std::string>& columns = ColumnsOf(table);
   Statement query{"SELECT " + Listed(columns) + " FROM " + table + " WHERE GameID = ?1", {game.id}};
   if (std::ranges::find(columns, "Team") != columns.end()) {
     query.text += " AND ifnull(Team, '') IN (?2, ?3)";

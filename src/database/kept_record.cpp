@@ -39,10 +39,6 @@ class Row {
   std::span<const DatabaseValue> values_;
 };
 
-const TableColumns& ColumnsOf(const char* table) {
-  return *std::ranges::find(AllTables(), table, &TableColumns::table);
-}
-
 // A game while it is being read.
 struct Game {
   GameRecord record;
@@ -76,7 +72,7 @@ class Reading {
 
   // The rows of these games in a table, in the order in which they were saved.
   void ForEach(const char* table, const Take& take) {
-    const std::vector<std::string>& columns = ColumnsOf(table).columns;
+    const std::vector<std::string>& columns = ColumnsOf(table);
     Statement query{"SELECT ", ids_};
     for (const std::string& column : columns) {
       query.text += (query.text.back() == ' ' ? "[" : ", [") + column + "]";

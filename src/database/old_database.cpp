@@ -14,12 +14,12 @@ namespace {
 constexpr const char* kOldName = "DTB (Jet).mdb";
 
 // The contents, or the reason why there are none.
-struct Reading {
+struct OldReading {
   OldContents contents;
   std::string fault;
 };
 
-Reading ReadOld(OldDatabase& old) {
+OldReading ReadOld(OldDatabase& old) {
   try {
     return {old.Contents(), {}};
   } catch (const ProgramError& failure) {
@@ -80,7 +80,7 @@ Aside AsideFor(Platform& platform) {
 
 OldOffer OfferTakingOver(Platform& platform, std::string& complaint, const std::string& title) {
   if (!platform.old.StandsInPlace()) return OldOffer::None;
-  const Reading reading = ReadOld(platform.old);
+  const OldReading reading = ReadOld(platform.old);
   if (reading.fault.empty()) return Offer(platform, complaint, reading.contents, title);
   complaint += "\n\nIt cannot be imported: " + reading.fault;
   return OldOffer::Unreadable;
@@ -88,7 +88,7 @@ OldOffer OfferTakingOver(Platform& platform, std::string& complaint, const std::
 
 void OfferTakingOverAtStart(Platform& platform) {
   if (!platform.old.StandsInPlace()) return;
-  const Reading reading = ReadOld(platform.old);
+  const OldReading reading = ReadOld(platform.old);
   if (!reading.fault.empty()) return;
   Offer(platform,
         "The statistics database \"DTB.mdb\" in the program's folder "

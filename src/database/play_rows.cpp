@@ -6,6 +6,7 @@
 
 #include "base/checksum.h"
 #include "base/text_cell.h"
+#include "base/text_parts.h"
 #include "database/saved_games.h"
 #include "database/saved_tables.h"
 
@@ -15,13 +16,6 @@ namespace {
 // By the numbers of the places.
 constexpr std::string_view kPlaceLetters = "B123HXS";
 constexpr std::size_t kMoveHead = 4;  // "1-H "
-
-// Takes the text up to the sign, which goes, too.
-std::string_view TakeUpTo(std::string_view& text, char sign) {
-  const std::string_view part = text.substr(0, text.find(sign));
-  text.remove_prefix(std::min(part.size() + 1, text.size()));
-  return part;
-}
 
 std::optional<Move> MoveIn(std::string_view line) {
   if (line.size() < kMoveHead || line[1] != '-' || line[3] != ' ') return std::nullopt;
@@ -137,9 +131,8 @@ std::vector<BatterRecord> LineupIn(std::string_view text) {
     if (std::ranges::count(line, '\t') < 2) continue;
     const int placeBefore = batters.empty() ? 0 : batters.back().place;
     BatterRecord& batter = batters.emplace_back();
-    constexpr double kLastPlace = 9;
     const double place = NumberOf(TakeUpTo(line, '\t'));
-    if (place >= 1 && place <= kLastPlace) batter.place = static_cast<int>(place);
+    if (place >= 1 && place <= kLineupSlots) batter.place = static_cast<int>(place);
     batter.substitute = batter.place > 0 && batter.place == placeBefore;
     batter.position = TakeUpTo(line, '\t');
     batter.name = line;

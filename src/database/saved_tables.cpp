@@ -1,5 +1,7 @@
 #include "database/saved_tables.h"
 
+#include <algorithm>
+
 #include "base/text_cell.h"
 #include "game/board_state.h"
 
@@ -53,6 +55,10 @@ const std::vector<TableColumns>& AllTables() {
     return all;
   }();
   return tables;
+}
+
+const std::vector<std::string>& ColumnsOf(std::string_view table) {
+  return std::ranges::find(AllTables(), table, &TableColumns::table)->columns;
 }
 
 }  // namespace dtb

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/database.h"
@@ -40,5 +41,8 @@ inline constexpr const char* kDecisions = "Decisions";
 
 // All nine.
 [[nodiscard]] const std::vector<TableColumns>& AllTables();
+
+// Names of the columns of one of the nine.
+[[nodiscard]] const std::vector<std::string>& ColumnsOf(std::string_view table);
 
 }  // namespace dtb

@@ -6,6 +6,7 @@
 
 #include "base/program_error.h"
 #include "base/settings_keys.h"
+#include "base/text_parts.h"
 #include "database/rows.h"
 #include "database/season_shelf.h"
 #include "platform/seasons.h"
@@ -15,7 +16,7 @@ namespace {
 
 // A line for each group, its name and its teams between tabs, behind this one. So no groups at all
 // are told from groups that nobody has made.
-constexpr std::string_view kHead = "groups";
+constexpr std::string_view kFirstWord = "groups";
 
 // Tabs and line ends stand between the names.
 std::string Plain(std::string text) {
@@ -71,16 +72,10 @@ void WriteGroups(Database& database, const std::optional<TeamGroups>& groups) {
   change->Commit();
 }
 
-std::string_view TakeUpTo(std::string_view& text, char sign) {
-  const std::string_view part = text.substr(0, text.find(sign));
-  text.remove_prefix(std::min(part.size() + 1, text.size()));
-  return part;
-}
-
 }  // namespace
 
 std::string GroupsText(const TeamGroups& groups) {
-  std::string text(kHead);
+  std::string text(kFirstWord);
   for (const TeamGroup& group : groups) {
     text += '\n' + Plain(group.name);
     for (const std::string& team : group.teams) text += '\t' + Plain(team);
@@ -89,7 +84,7 @@ std::string GroupsText(const TeamGroups& groups) {
 }
 
 TeamGroups GroupsIn(std::string_view text) {
-  if (TakeUpTo(text, '\n') != kHead) return {};
+  if (TakeUpTo(text, '\n') != kFirstWord) return {};
   TeamGroups groups;
   std::set<std::string, std::less<>> known;
   while (!text.empty()) {

@@ -60,7 +60,6 @@ bool GivesRunBattedIn(const Play& play) {
 }
 
 bool IsEarned(const Board& board, const Play& play, const Runner& runner) {
-  constexpr int kOutsOfHalf = 3;
   return !runner.byError && play.outcome != Outcome::AtBat &&
          OutsWithErrors(board, play, runner.pitcher) < kOutsOfHalf;
 }

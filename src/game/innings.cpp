@@ -40,11 +40,11 @@ int TakeAway(PitchedOuts& outs, const std::string& pitcher, int count) {
 
 int OutsInTheField(Board& board, Side fielding) {
   const double inProgress = board.state.tb_OUT.number();
-  const bool counts = SideAtBat(board.state) == Other(fielding) && inProgress < 3;
+  const bool counts = SideAtBat(board.state) == Other(fielding) && inProgress < kOutsOfHalf;
   int outs = counts ? static_cast<int>(std::max(inProgress, 0.0)) : 0;
   const ScoreRow& score = SideOf(board, Other(fielding)).score;
   for (int inning = 0; inning < kInnings; ++inning) {
-    if (score.at(inning).colour.value() == kFinishedYellow) outs += 3;
+    if (score.at(inning).colour.value() == kFinishedYellow) outs += kOutsOfHalf;
   }
   return outs;
 }
@@ -120,9 +120,9 @@ double InningsPitchedBySide(Board& board, Side fielding) {
   double outs = board.state.tb_OUT.number();
   const ScoreRow& score = SideOf(board, Other(fielding)).score;
   for (int inning = 0; inning < kInnings; ++inning) {
-    if (score.at(inning).colour.value() == kFinishedYellow) outs += 3;
+    if (score.at(inning).colour.value() == kFinishedYellow) outs += kOutsOfHalf;
   }
-  return std::round(outs / 3 * 100) / 100;
+  return std::round(outs / kOutsOfHalf * 100) / 100;
 }
 
 double InningsNotCredited(Board& board, Side fielding) {

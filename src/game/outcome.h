@@ -29,6 +29,9 @@ enum class Outcome {
   PutOnBase,   // a runner with whom a half-inning begins
 };
 
+// A single, a double, a triple or a home run.
+[[nodiscard]] constexpr bool IsHit(Outcome outcome) { return outcome <= Outcome::Homer; }
+
 // What stands behind the batter's list line in the event log: "_____1B".
 [[nodiscard]] std::string_view LogSuffix(Outcome outcome);
 

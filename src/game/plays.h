@@ -21,6 +21,7 @@ inline constexpr int kPutOut = 5;
 inline constexpr int kFromBench = 6;  // he came on without a time at bat, as a drag from the list
 
 inline constexpr int kBases = 3;
+inline constexpr int kOutsOfHalf = 3;
 
 // A player on a base.
 struct Runner {

@@ -11,10 +11,6 @@ namespace {
 
 std::string BehindText(double behind) { return behind == 0 ? "-" : FixedDecimals(behind, 1); }
 
-std::string RecordOf(const SeasonTeam& team) {
-  return RecordText(team.wins, team.losses, team.ties());
-}
-
 }  // namespace
 
 std::string AheadText(double ahead) {
@@ -45,12 +41,12 @@ std::vector<std::vector<std::string>> BothTable(const BothStandings& standings) 
   for (const BothStanding& row : standings.rows) {
     const SeasonTeam& own = standings.replayed.teams[row.team];
     const SeasonTeam& real = standings.really.teams[row.team];
-    std::vector<std::string> cells{own.name, RecordOf(own), AverageText(row.replayed.share),
+    std::vector<std::string> cells{own.name, RecordText(own), AverageText(row.replayed.share),
                                    BehindText(row.replayed.behind)};
     if (row.really) {
-      cells.insert(cells.end(),
-                   {RecordOf(real), AverageText(row.really->share), BehindText(row.really->behind),
-                    std::to_string(*row.placeReally), AheadText(row.ahead)});
+      cells.insert(cells.end(), {RecordText(real), AverageText(row.really->share),
+                                 BehindText(row.really->behind), std::to_string(*row.placeReally),
+                                 AheadText(row.ahead)});
     } else {
       cells.insert(cells.end(), {row.notTold > 0 ? "unknown" : "-", "", "", "", ""});
     }
@@ -63,7 +59,7 @@ std::string HeadlineOf(const BothWorlds& worlds, int team) {
   const Moment now;
   const SeasonTeam& own = worlds.replayed->teams[team];
   const auto games = std::to_string(own.games.size());
-  const std::string record = RecordText(own.wins, own.losses, own.ties());
+  const std::string record = RecordText(own);
   if (!worlds.Compares(team)) return games + ": " + record + ", not in the archive";
   const auto& club = worlds.archive->clubs[worlds.clubs[team]];
   std::string text =

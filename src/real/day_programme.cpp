@@ -35,10 +35,6 @@ std::string RealResult(const Game& game) {
   return game.forfeit == archive::Forfeit::No ? "" : "forfeit";
 }
 
-std::string RecordOf(const SeasonTeam& team) {
-  return RecordText(team.wins, team.losses, team.ties());
-}
-
 std::string StandingsText(const BothStandings& standings) {
   constexpr std::size_t kTeam = 30;
   constexpr std::size_t kColumn = 11;
@@ -51,7 +47,7 @@ std::string StandingsText(const BothStandings& standings) {
   for (const BothStanding& row : standings.rows) {
     const SeasonTeam& own = standings.replayed.teams[row.team];
     const SeasonTeam& real = standings.really.teams[row.team];
-    text += line(own.name, RecordOf(own), row.really ? RecordOf(real) : "-",
+    text += line(own.name, RecordText(own), row.really ? RecordText(real) : "-",
                  row.really ? AheadText(row.ahead) : "");
   }
   return text;

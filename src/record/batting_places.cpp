@@ -8,8 +8,6 @@
 namespace dtb {
 namespace {
 
-constexpr int kPlaces = 9;
-
 class Finder {
  public:
   void Take(const Play& play, std::size_t number) {
@@ -59,7 +57,7 @@ class Finder {
       const Entrance entrance = before.empty() ? Entrance::Start : Entrance::Batting;
       places.push_back({name, place, entrance, number_, before});
     }
-    next_ = place % kPlaces;
+    next_ = place % kLineupSlots;
   }
 
   // A player stands on a base; if another one stood there, he runs for him.

@@ -17,12 +17,12 @@ constexpr const char* kTable = "<table class=\"box\" cellpadding=\"2\" cellspaci
 
 // A row of a table: the name on the left, figures on the right, so many percent of the table wide;
 // the last one, an average, has more room.
-struct Widths {
+struct CellWidths {
   int figure = 0;  // 0: as wide as its text
   int last = 0;
 };
 std::string Row(const char* tag, std::string_view name, const std::vector<std::string>& cells,
-                Widths widths = {}) {
+                CellWidths widths = {}) {
   const auto cell = [tag](const char* align, int width, std::string_view text) {
     std::string html = std::string("<").append(tag).append(" align=\"").append(align).append("\"");
     if (width > 0) html += " width=\"" + std::to_string(width) + "%\"";
@@ -36,7 +36,7 @@ std::string Row(const char* tag, std::string_view name, const std::vector<std::s
 }
 
 std::string TableHtml(const BoxTable& table) {
-  constexpr Widths kWidths{7, 12};
+  constexpr CellWidths kWidths{7, 12};
   std::string html =
       kTable + std::string(" width=\"100%\">\n") + Row("th", table.title, table.headers, kWidths);
   for (const BoxRow& row : table.rows) {

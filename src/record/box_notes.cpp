@@ -82,8 +82,6 @@ int OnBase(const Play& play) {
       std::ranges::count_if(play.after, [](const std::string& name) { return !name.empty(); }));
 }
 
-bool IsHit(Outcome outcome) { return outcome <= Outcome::Homer; }
-
 bool IsAtBat(Outcome outcome) {
   return EndsTimeAtBat(outcome) && outcome != Outcome::Walk && outcome != Outcome::TakesFirst &&
          outcome != Outcome::Sacrifice && outcome != Outcome::PutOnBase;

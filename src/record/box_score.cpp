@@ -13,7 +13,6 @@
 namespace dtb {
 namespace {
 
-constexpr double kInning = 3;  // in outs
 constexpr const char* kNotKnown = "-";
 
 std::string Average(const BatterFigures& season) {
@@ -168,8 +167,8 @@ std::string BoxHeadline(const GameRecord& game) {
 }
 
 std::string InningsAndThirds(double outs) {
-  const double innings = std::floor(outs / kInning);
-  return DecimalText(innings) + '.' + DecimalText(outs - kInning * innings);
+  const double innings = std::floor(outs / kOutsOfHalf);
+  return DecimalText(innings) + '.' + DecimalText(outs - kOutsOfHalf * innings);
 }
 
 std::string PlainDate(const std::string& date) {

@@ -11,8 +11,6 @@
 namespace dtb {
 namespace {
 
-constexpr double kInning = 3;  // in outs
-
 // The lead that the winners did not give up again: who pitched for them when they took it, and who
 // is charged with that run.
 struct LastingLead {
@@ -43,7 +41,7 @@ LastingLead FindLastingLead(const GameOutings& outings, Side winners) {
 // those charged to others (comment on 9.17c).
 bool BriefAndIneffective(const Outing& outing) {
   constexpr int kRunsOfIneffective = 2;
-  return outing.outs < kInning && outing.earnedWhilePitching >= kRunsOfIneffective;
+  return outing.outs < kOutsOfHalf && outing.earnedWhilePitching >= kRunsOfIneffective;
 }
 
 // How well a reliever did, for the scorer's choice among several (comment on 9.17b): runs weigh
@@ -63,7 +61,7 @@ const Outing& MostEffective(const std::vector<const Outing*>& relievers) {
 bool Saves(const Outing& outing) {
   constexpr double kThreeInnings = 9;
   if (outing.outs < 1 || outing.lead < 1) return false;
-  return (outing.lead <= kLeadOfSave && outing.outs >= kInning) || outing.TyingRunIsNear() ||
+  return (outing.lead <= kLeadOfSave && outing.outs >= kOutsOfHalf) || outing.TyingRunIsNear() ||
          outing.outs >= kThreeInnings;
 }
 

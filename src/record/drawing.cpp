@@ -8,10 +8,10 @@
 namespace dtb {
 namespace {
 
-constexpr char32_t kFirst = 0x20;
-constexpr char32_t kLast = 0x7E;
+constexpr char32_t kFirstWidth = 0x20;
+constexpr char32_t kLastWidth = 0x7E;
 // Thousandths of the size, from the blank to "~".
-using Widths = std::array<short, kLast - kFirst + 1>;
+using Widths = std::array<short, kLastWidth - kFirstWidth + 1>;
 constexpr Widths kPlain{
     226, 326, 401, 498, 507, 715, 682, 221, 303, 303, 498, 498, 250, 306, 252, 386, 507, 507, 507,
     507, 507, 507, 507, 507, 507, 507, 268, 268, 498, 498, 498, 463, 894, 579, 544, 533, 615, 488,
@@ -29,7 +29,8 @@ double WidthOf(char32_t code, bool bold) {
   constexpr char32_t kFirstIdeograph = 0x1100;
   constexpr double kLetter = 560;
   constexpr double kIdeograph = 1000;
-  if (code >= kFirst && code <= kLast) return (bold ? kBold : kPlain).at(code - kFirst);
+  if (code >= kFirstWidth && code <= kLastWidth)
+    return (bold ? kBold : kPlain).at(code - kFirstWidth);
   return code >= kFirstIdeograph && code != U'\u2026' ? kIdeograph : kLetter;
 }
 

@@ -19,8 +19,6 @@ namespace {
 
 using namespace stat_column;
 
-constexpr int kPlaces = 9;
-
 template <class Record>
 auto Sum(const std::vector<Record>& records) {
   decltype(Record::figures) sum;
@@ -60,7 +58,7 @@ PitcherFigures PitcherIn(const StatGrid& grid, int row) {
 
 // The first of a list's first nine rows that has the player, from 1; 0 for none.
 int RowInOrder(const LineupList& list, const std::string& name) {
-  for (int row = 0; row < std::min(list.size(), kPlaces); ++row) {
+  for (int row = 0; row < std::min(list.size(), kLineupSlots); ++row) {
     if (PlayerNameOf(list.entries()[static_cast<std::size_t>(row)]) == name) return row + 1;
   }
   return 0;
@@ -166,7 +164,7 @@ void SettlePlaces(GameRecord& game, Side side) {
   for (BatterRecord& batter : batters) {
     const auto known = std::ranges::find(places, batter.name, &BattingPlace::name);
     // Who came to no play began in his place, or was the last one in it.
-    Standing standing{batter.place == 0 ? kPlaces + 1 : batter.place,
+    Standing standing{batter.place == 0 ? kLineupSlots + 1 : batter.place,
                       batter.substitute ? kLast : kFirst};
     if (known != places.end()) standing = {known->place, static_cast<long>(known - places.begin())};
     settled.emplace_back(standing, std::move(batter));
@@ -176,7 +174,7 @@ void SettlePlaces(GameRecord& game, Side side) {
   });
   batters.clear();
   for (auto& [standing, batter] : settled) {
-    batter.place = standing.place > kPlaces ? 0 : standing.place;
+    batter.place = standing.place > kLineupSlots ? 0 : standing.place;
     batter.substitute =
         batter.place != 0 && !batters.empty() && batters.back().place == batter.place;
     batters.push_back(std::move(batter));

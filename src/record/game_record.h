@@ -13,6 +13,8 @@
 
 namespace dtb {
 
+inline constexpr int kLineupSlots = 9;
+
 // The figures of a batter, as the sheet has them. They are doubles because a person may write any
 // number there.
 struct BatterFigures {

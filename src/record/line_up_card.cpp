@@ -13,7 +13,7 @@ constexpr int kColumnsToFill = 10;
 
 BatterRecord PlayerOf(const LineupList& list, int row) {
   const std::string& entry = list.entries().at(static_cast<std::size_t>(row));
-  const bool inOrder = row < kPlacesInOrder;
+  const bool inOrder = row < kLineupSlots;
   return {.name = PlayerAt(list, row),
           .position = PositionIn(entry),
           .place = inOrder ? row + 1 : 0,
@@ -22,7 +22,7 @@ BatterRecord PlayerOf(const LineupList& list, int row) {
 
 void FillOrder(Board& board, Side side, SideRecord& record) {
   const LineupList& list = SideOf(board, side).list;
-  for (int row = 0; row < std::min(list.size(), kPlacesInOrder); ++row) {
+  for (int row = 0; row < std::min(list.size(), kLineupSlots); ++row) {
     BatterRecord player = PlayerOf(list, row);
     const auto same = std::ranges::find(record.batters, player.name, &BatterRecord::name);
     const bool listed = same != record.batters.end();
@@ -59,7 +59,7 @@ Scorecard EmptyScorecard(Board& board, Side side) {
   card.side = side;
   card.team = fields.team.value();
   card.other = others.team.value();
-  card.places.resize(kPlacesInOrder);
+  card.places.resize(kLineupSlots);
   for (int row = 0; row < fields.list.size(); ++row) {
     const BatterRecord player = PlayerOf(fields.list, row);
     if (player.name.empty()) continue;

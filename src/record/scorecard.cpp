@@ -9,8 +9,6 @@
 namespace dtb {
 namespace {
 
-constexpr int kUsualInnings = 9;
-
 int LastInning(const GameRecord& game) {
   int last = kUsualInnings;
   for (const Play& play : game.plays) last = std::max(last, play.half / 2 + 1);

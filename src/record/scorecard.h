@@ -9,6 +9,8 @@
 
 namespace dtb {
 
+inline constexpr int kUsualInnings = 9;
+
 // One time at bat, or a runner who came on without one, and his way around the bases.
 struct ScoreBox {
   int place = 1;  // in the order, from 1

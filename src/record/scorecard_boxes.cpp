@@ -10,15 +10,9 @@
 namespace dtb {
 namespace {
 
-constexpr int kOutsOfHalf = 3;
 constexpr std::size_t kNoBox = std::string::npos;
 
 bool IsBase(int place) { return place >= kFirstBase && place <= kThirdBase; }
-
-bool IsHit(Outcome outcome) {
-  return outcome == Outcome::Single || outcome == Outcome::Double || outcome == Outcome::Triple ||
-         outcome == Outcome::Homer;
-}
 
 // Where the outcome alone takes the batter, if the board did not keep the bases.
 int BaseByOutcome(Outcome outcome) {
@@ -87,19 +81,19 @@ class Scorer {
   // those whose place nobody knows share a row behind the nine.
   void PlaceBatters() {
     constexpr std::size_t kInRow = 3;
-    card_.places.resize(kPlacesInOrder);
+    card_.places.resize(kLineupSlots);
     for (const BattingPlace& one : PlacesOf(game_, card_.side)) entrances_[one.name] = one;
     const auto& batters = game_.side(card_.side).batters;
     const bool known = std::ranges::any_of(batters, [](const auto& one) { return one.place > 0; });
     int next = 0;
     for (const BatterRecord& batter : batters) {
-      const bool first = !known && next < kPlacesInOrder;
+      const bool first = !known && next < kLineupSlots;
       const int place = first ? ++next : batter.place;
-      if (place >= 1 && place <= kPlacesInOrder) {
+      if (place >= 1 && place <= kLineupSlots) {
         Lines(place).push_back(LineOf(batter));
         continue;
       }
-      if (card_.places.size() == kPlacesInOrder || card_.places.back().size() == kInRow) {
+      if (card_.places.size() == kLineupSlots || card_.places.back().size() == kInRow) {
         card_.places.emplace_back();
       }
       card_.places.back().push_back({batter, 0, false});
@@ -162,9 +156,9 @@ class Scorer {
     if (const auto known = entrances_.find(name); known != entrances_.end()) {
       return known->second.place;
     }
-    const int next = lastPlace_ % kPlacesInOrder + 1;
-    for (int ahead = 0; ahead < kPlacesInOrder; ++ahead) {
-      const int place = (next - 1 + ahead) % kPlacesInOrder + 1;
+    const int next = lastPlace_ % kLineupSlots + 1;
+    for (int ahead = 0; ahead < kLineupSlots; ++ahead) {
+      const int place = (next - 1 + ahead) % kLineupSlots + 1;
       if (StandsIn(place, name)) return place;
     }
     return next;

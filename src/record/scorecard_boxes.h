@@ -5,8 +5,6 @@
 
 namespace dtb {
 
-inline constexpr int kPlacesInOrder = 9;
-
 // Fills the places, the boxes without their columns, and the sums of the innings but for the runs.
 // The card's side must be set.
 void FillBoxes(const GameRecord& game, Scorecard& card);

@@ -23,7 +23,7 @@ constexpr double kTotals = kFigure * kFigures.size();
 constexpr double kNarrowest = 40;
 constexpr double kLine = 8.8;  // of a name in its place
 constexpr double kNameSize = 8;
-constexpr double kSmallSize = 6.5;
+constexpr double kSlotSize = 6.5;
 
 constexpr double kPlaceNumber = 12;
 constexpr double kPosition = 20;
@@ -244,9 +244,8 @@ class Page {
     const auto& lines = card_.places[place];
     const double step =
         std::min(kLine, (height - 3) / static_cast<double>(std::max<std::size_t>(lines.size(), 1)));
-    constexpr std::size_t kOrder = 9;
-    if (place < kOrder) {
-      Text(kMargin + kPlaceNumber - 3, top + kLine, std::to_string(place + 1), kSmallSize, false,
+    if (place < kLineupSlots) {
+      Text(kMargin + kPlaceNumber - 3, top + kLine, std::to_string(place + 1), kSlotSize, false,
            TextAlign::Right, Ink::Dim, kPlaceNumber);
     }
     double base = top + kLine;

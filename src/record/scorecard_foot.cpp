@@ -7,6 +7,7 @@
 #include "base/text_cell.h"
 #include "base/words.h"
 #include "record/box_drawing.h"
+#include "record/box_score.h"
 
 namespace dtb {
 namespace {
@@ -18,21 +19,20 @@ constexpr double kSize = 8;
 constexpr double kSmall = 7;
 constexpr double kGap = 18;
 // The pitchers, as many beside each other as have room.
-constexpr std::array kFigures{"IP", "H", "R", "ER", "BB", "K"};
-constexpr double kFigure = 21;
+constexpr std::array kPitcherFigures{"IP", "H", "R", "ER", "BB", "K"};
+constexpr double kPitcherFigure = 21;
 constexpr double kName = 128;
-constexpr double kPitchers = kName + kFigure * kFigures.size();
+constexpr double kPitchers = kName + kPitcherFigure * kPitcherFigures.size();
 constexpr std::size_t kFewestRows = 4;
 constexpr std::size_t kMostRows = 12;
 constexpr std::size_t kRowsToFill = 6;
 // The line score.
-constexpr std::size_t kUsualInnings = 9;
 constexpr double kTeam = 84;
 constexpr double kTotal = 16;
 constexpr double kBenchWidth = 250;
 
-std::size_t Innings(const Scorecard& card) {
-  return std::max(kUsualInnings, static_cast<std::size_t>(card.innings.size()));
+int Innings(const Scorecard& card) {
+  return std::max(kUsualInnings, static_cast<int>(card.innings.size()));
 }
 double InningWidth(const Scorecard& card) { return Innings(card) > kUsualInnings ? 9.5 : 12; }
 double LineScoreWidth(const Scorecard& card) {
@@ -52,13 +52,6 @@ Rows RowsOf(const Scorecard& card, const FootPlace& place) {
   const auto blocks = std::clamp<std::size_t>(wanted, 1, static_cast<std::size_t>(fit));
   const std::size_t rows = (card.pitchers.size() + blocks - 1) / blocks;
   return {blocks, std::clamp(rows, kFewestRows, kMostRows)};
-}
-
-// "6.1" is six innings and one out.
-std::string InningsPitched(double outs) {
-  constexpr double kOuts = 3;
-  const double whole = std::floor(outs / kOuts);
-  return DecimalText(whole) + "." + DecimalText(outs - whole * kOuts);
 }
 
 class Foot {
@@ -98,9 +91,9 @@ class Foot {
     if (block == 0) {
       Text(left, top_ + 9, heading, kSmall, false, TextAlign::Left, Ink::Dim, kName - 8);
     }
-    for (std::size_t figure = 0; figure < kFigures.size(); ++figure) {
-      Text(FigureEnd(left, figure), top_ + 9, kFigures.at(figure), kSmall, false, TextAlign::Right,
-           Ink::Dim, kFigure);
+    for (std::size_t figure = 0; figure < kPitcherFigures.size(); ++figure) {
+      Text(FigureEnd(left, figure), top_ + 9, kPitcherFigures.at(figure), kSmall, false,
+           TextAlign::Right, Ink::Dim, kPitcherFigure);
     }
     Line(left, end, top_ + kHeading - 1, Ink::Frame);
     for (std::size_t row = 0; row < rows_.rows; ++row) {
@@ -118,7 +111,7 @@ class Foot {
   }
 
   static double FigureEnd(double left, std::size_t figure) {
-    return left + kName + kFigure * (static_cast<double>(figure) + 1) - 3;
+    return left + kName + kPitcherFigure * (static_cast<double>(figure) + 1) - 3;
   }
 
   void DrawPitcher(const ScorePitcher& pitcher, double left, double base) {
@@ -132,8 +125,8 @@ class Foot {
     Text(left + kNumber, base, name + decision, kSize, true, TextAlign::Left, Ink::Text, kName);
     if (card_.toFillIn) return;
     const PitcherFigures& figures = pitcher.record.figures;
-    const std::array<std::string, kFigures.size()> texts{
-        InningsPitched(figures.outs),
+    const std::array<std::string, kPitcherFigures.size()> texts{
+        InningsAndThirds(figures.outs),
         DecimalText(figures.hits),
         pitcher.runsKnown ? DecimalText(figures.runs) : "\u2013",
         DecimalText(figures.earnedRuns),
@@ -141,7 +134,7 @@ class Foot {
         DecimalText(figures.strikeouts)};
     for (std::size_t figure = 0; figure < texts.size(); ++figure) {
       Text(FigureEnd(left, figure), base, texts.at(figure), kSize, false, TextAlign::Right,
-           Ink::Text, kFigure - 2);
+           Ink::Text, kPitcherFigure - 2);
     }
   }
 
@@ -149,8 +142,8 @@ class Foot {
     const double end = place_.left + place_.width;
     const double left = end - LineScoreWidth(card_);
     const double step = InningWidth(card_);
-    const std::size_t innings = Innings(card_);
-    const double size = innings > kUsualInnings ? 6.5 : kSmall;
+    const auto innings = static_cast<std::size_t>(Innings(card_));
+    const double size = Innings(card_) > kUsualInnings ? 6.5 : kSmall;
     const auto middle = [&](std::size_t inning) {
       return left + kTeam + step * (static_cast<double>(inning) + 0.5);
     };
@@ -191,12 +184,12 @@ class Foot {
       const BatterRecord& player = card_.bench[i];
       const double x = left + (i < rows_.rows ? 0 : wide);
       const double base = Base(i % rows_.rows);
-      constexpr double kPosition = 20;
-      const double room = wide - kPosition - 8;
+      constexpr double kBenchPosition = 20;
+      const double room = wide - kBenchPosition - 8;
       Text(x, base, FittedName(player.name, kSize, false, room), kSize, false, TextAlign::Left,
            Ink::Text, room);
       Text(x + wide - 10, base, player.position, kSmall, false, TextAlign::Right, Ink::Dim,
-           kPosition);
+           kBenchPosition);
     }
   }
 

@@ -18,8 +18,6 @@ namespace {
 
 constexpr std::array kOutsInWords{"", "One out.", "Two out.", "Three out."};
 
-bool IsHit(Outcome outcome) { return outcome <= Outcome::Homer; }
-
 class Teller {
  public:
   explicit Teller(const GameRecord& game) : game_(game) {

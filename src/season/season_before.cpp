@@ -24,10 +24,10 @@ class Earlier {
   std::optional<LocalTime> time_;
 };
 
-constexpr const char* kBatting =
+constexpr const char* kBattingToDate =
     "SELECT GameID, Batter, AB, [1B], [2B], [3B], HR, RBI, BB, K, SB FROM Batting"
     " WHERE ifnull(Team, '') = ?1";
-constexpr const char* kPitching =
+constexpr const char* kPitchingToDate =
     "SELECT GameID, Pitcher, round(IP * 3), Hits, Runs, BB, K, HR FROM Pitching"
     " WHERE ifnull(Team, '') = ?1";
 constexpr const char* kDecisions =
@@ -59,8 +59,10 @@ SeasonToDate ReadSeasonBefore(DatabaseReader& database, const GameRecord& game,
         if (before(TextIn(row[0]))) add(season.Of(side.team, TextIn(row[1])), row);
       });
     };
-    read(kBatting, [&](PlayerToDate& player, auto row) { Add(player.batting, kBatted, row); });
-    read(kPitching, [&](PlayerToDate& player, auto row) { Add(player.pitching, kPitched, row); });
+    read(kBattingToDate,
+         [&](PlayerToDate& player, auto row) { Add(player.batting, kBatted, row); });
+    read(kPitchingToDate,
+         [&](PlayerToDate& player, auto row) { Add(player.pitching, kPitched, row); });
     read(kDecisions, [&](PlayerToDate& player, auto row) {
       const std::string code = TextIn(row[2]);
       for (const Decision decision : kAllDecisions) {

@@ -9,7 +9,7 @@
 namespace dtb {
 namespace {
 
-constexpr const char* kLineScores = "SELECT * FROM BoxScores ORDER BY rowid";
+constexpr const char* kWholeLineScores = "SELECT * FROM BoxScores ORDER BY rowid";
 
 void AddLines(SeasonBook& book, const SeasonPlaces& places, Database& database, SeasonRole role) {
   const auto roleAt = static_cast<std::size_t>(role);
@@ -55,7 +55,7 @@ SeasonBook ReadSeasonBook(Database& database) {
   SeasonBook book;
   book.season = ReadSeasonFigures(database);
   const SeasonFigures& season = book.season;
-  book.lineScores.Take(TextsOf(database, {kLineScores}));
+  book.lineScores.Take(TextsOf(database, {kWholeLineScores}));
   book.games.resize(season.games.size());
   book.outings.resize(season.players.size());
   book.duels.resize(season.players.size());

@@ -9,11 +9,11 @@
 namespace dtb {
 namespace {
 
-using Figure = std::variant<double BattingTotals::*, double PitchingTotals::*>;
+using CountedFigure = std::variant<double BattingTotals::*, double PitchingTotals::*>;
 
 struct LeadEntry {
   const char* title;
-  Figure counted;  // averages have a rule of their own
+  CountedFigure counted;  // averages have a rule of their own
 };
 
 // In the order of SeasonLead.
@@ -75,7 +75,7 @@ std::optional<SeasonLeader> LeadOf(int player, const LeadCandidate& candidate, S
     if (rate) return SeasonLeader{player, rate->value(), EarnedRunText(rate)};
     return std::nullopt;
   }
-  const Figure& figure = EntryOf(lead).counted;
+  const CountedFigure& figure = EntryOf(lead).counted;
   const auto* batting = std::get_if<double BattingTotals::*>(&figure);
   const double counted = batting != nullptr
                              ? candidate.batting->**batting

@@ -169,7 +169,7 @@ class PageWriter {
     std::vector<std::string> records;
     for (const Standing& standing : standings) {
       const SeasonTeam& team = season_.teams[standing.team];
-      records.push_back(RecordText(team.wins, team.losses, team.ties()));
+      records.push_back(RecordText(team));
     }
     const std::vector<int> places = PlacesOf(records);
     for (std::size_t place = 0; place < table.size(); ++place) {
@@ -216,8 +216,7 @@ class PageWriter {
   [[nodiscard]] std::string TeamPage(int place) const {
     const SeasonTeam& team = season_.teams[place];
     std::string page = PageContents({"Batting", "Pitching", "Games"}) +
-                       PageParagraph(RecordText(team.wins, team.losses, team.ties()) + ", " +
-                                     AboveText(team.above()) + ".");
+                       PageParagraph(RecordText(team) + ", " + AboveText(team.above()) + ".");
     for (const SeasonRole role : kSeasonRoles) {
       SeasonTotals total = NoTotals(role);
       Cells table{{"Name"}};

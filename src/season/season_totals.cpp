@@ -10,12 +10,12 @@ namespace {
 
 // A figure, and what of a row of the database counts for it.
 template <class Totals>
-struct Figure {
+struct TotalFigure {
   double Totals::*member;
   const char* column;
 };
 
-constexpr std::array<Figure<BattingTotals>, 9> kBatting{{
+constexpr std::array<TotalFigure<BattingTotals>, 9> kBatting{{
     {&BattingTotals::atBats, "AB"},
     {&BattingTotals::hits, "ifnull([1B], 0) + ifnull([2B], 0) + ifnull([3B], 0) + ifnull(HR, 0)"},
     {&BattingTotals::doubles, "[2B]"},
@@ -27,7 +27,7 @@ constexpr std::array<Figure<BattingTotals>, 9> kBatting{{
     {&BattingTotals::stolenBases, "SB"},
 }};
 // Innings are stored with their thirds as .33 and .67, and none at all as .0001.
-constexpr std::array<Figure<PitchingTotals>, 6> kPitching{{
+constexpr std::array<TotalFigure<PitchingTotals>, 6> kPitching{{
     {&PitchingTotals::outs, "round(IP * 3)"},
     {&PitchingTotals::hits, "Hits"},
     {&PitchingTotals::earnedRuns, "Runs"},
@@ -42,7 +42,7 @@ struct Source {
   const char* from;  // with the rows that count
   const char* team;
   const char* name;
-  std::array<Figure<Totals>, size> figures;
+  std::array<TotalFigure<Totals>, size> figures;
 };
 constexpr Source<BattingTotals, 1> kRunsScored{
     "Runs", "Team", "Runner", {{{&BattingTotals::runs, "1"}}}};
@@ -83,7 +83,7 @@ auto WithFigures(SeasonRole role, Function&& function) {
 }
 
 template <class Totals, std::size_t size>
-Totals Read(const std::array<Figure<Totals>, size>& figures,
+Totals Read(const std::array<TotalFigure<Totals>, size>& figures,
             std::span<const DatabaseValue> values) {
   Totals totals;
   totals.games = NumberIn(values.front());
@@ -93,12 +93,13 @@ Totals Read(const std::array<Figure<Totals>, size>& figures,
 
 template <class Totals, std::size_t size>
 void AddFigures(Totals& sum, const Totals& totals,
-                const std::array<Figure<Totals>, size>& figures) {
+                const std::array<TotalFigure<Totals>, size>& figures) {
   for (const auto& figure : figures) sum.*figure.member += totals.*figure.member;
 }
 
 template <class Totals, std::size_t size>
-Totals& Add(Totals& sum, const Totals& totals, const std::array<Figure<Totals>, size>& figures) {
+Totals& Add(Totals& sum, const Totals& totals,
+            const std::array<TotalFigure<Totals>, size>& figures) {
   sum.games += totals.games;
   AddFigures(sum, totals, figures);
   return sum;

@@ -37,6 +37,10 @@ std::string RecordText(int wins, int losses, int ties) {
          (ties > 0 ? "-" + std::to_string(ties) : "");
 }
 
+std::string RecordText(const SeasonTeam& team) {
+  return RecordText(team.wins, team.losses, team.ties());
+}
+
 std::string AboveText(int above) {
   if (above == 0) return "at .500";
   return std::to_string(above > 0 ? above : -above) + (above > 0 ? " above .500" : " below .500");

@@ -18,6 +18,7 @@ namespace dtb {
 
 // "10-4", with ties "10-4-1".
 [[nodiscard]] std::string RecordText(int wins, int losses, int ties);
+[[nodiscard]] std::string RecordText(const SeasonTeam& team);
 // "6 above .500", "2 below .500", "at .500".
 [[nodiscard]] std::string AboveText(int above);
 

@@ -129,7 +129,7 @@ std::string Axes(const Frame& frame) {
   return axes;
 }
 
-std::string Lines(const Frame& frame, const std::vector<Standing>& standings) {
+std::string CurvesOf(const Frame& frame, const std::vector<Standing>& standings) {
   std::string lines;
   for (std::size_t place = standings.size(); place-- > 0;) {
     const int team = standings[place].team;
@@ -140,8 +140,8 @@ std::string Lines(const Frame& frame, const std::vector<Standing>& standings) {
 }
 
 // Each beside the end of its line, to which a short one leads.
-std::string Names(const Frame& frame, const std::vector<Standing>& standings,
-                  const std::vector<std::string>& names) {
+std::string NamesBeside(const Frame& frame, const std::vector<Standing>& standings,
+                        const std::vector<std::string>& names) {
   std::vector<CoursePoint> last;
   std::vector<double> ends;
   for (const Standing& standing : standings) {
@@ -208,7 +208,7 @@ std::string StandingsDrawings::OfGroup(const std::vector<Standing>& standings) c
     const Frame frame = FrameOf(season_, *sheet, range_);
     drawing += Begin(frame, "role=\"img\" aria-label=\"Games above .500\"") + Axes(frame);
     if (!others_.empty()) drawing += "\n<use href=\"#" + frame.faintName() + "\"/>";
-    drawing += Lines(frame, standings) + Names(frame, standings, names_) + "\n</svg>\n";
+    drawing += CurvesOf(frame, standings) + NamesBeside(frame, standings, names_) + "\n</svg>\n";
   }
   return drawing;
 }

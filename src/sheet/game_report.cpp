@@ -1,11 +1,10 @@
 #include "sheet/game_report.h"
 
-#include <algorithm>
-
 #include "base/file_names.h"
 #include "base/html_text.h"
 #include "base/paths.h"
 #include "base/program_error.h"
+#include "base/text_parts.h"
 #include "base/time_stamp.h"
 #include "base/utf8.h"
 #include "base/whole_file.h"
@@ -23,7 +22,7 @@ constexpr const char* kLineEnd = "\r\n";
 constexpr const char* kBetweenTables = "<td>&nbsp;</td>";
 
 // The page as it grows, line by line.
-class Page {
+class ReportPage {
  public:
   void Line(std::string_view line) { text_.append(line).append(kLineEnd); }
   [[nodiscard]] const std::string& text() const { return text_; }
@@ -32,18 +31,18 @@ class Page {
   std::string text_;
 };
 
-void BeginTable(Page& page, int width) {
+void BeginTable(ReportPage& page, int width) {
   page.Line("<html><head></head><body><table border=1 cellspacing=0 bordercolor=#C0C0C0 width=" +
             std::to_string(width) + ">");
 }
 
-void EndTable(Page& page) { page.Line("</table></body><html>"); }
+void EndTable(ReportPage& page) { page.Line("</table></body><html>"); }
 
-void WriteCell(Page& page, std::string_view text) {
+void WriteCell(ReportPage& page, std::string_view text) {
   page.Line("<td><font color=#000000>" + HtmlText(text) + "</td>");
 }
 
-void WriteTeamTable(Page& page, const StatGrid& grid) {
+void WriteTeamTable(ReportPage& page, const StatGrid& grid) {
   constexpr int kWidth = 800;  // pixels
   BeginTable(page, kWidth);
   for (int row = 0; row < grid.rows(); ++row) {
@@ -54,7 +53,7 @@ void WriteTeamTable(Page& page, const StatGrid& grid) {
   EndTable(page);
 }
 
-void WriteLineScore(Page& page, const StatGrid& grid) {
+void WriteLineScore(ReportPage& page, const StatGrid& grid) {
   constexpr int kWidth = 400;
   constexpr int kVisitors = 1;
   BeginTable(page, kWidth);
@@ -84,7 +83,7 @@ std::string NewspaperPart(Board& board, const SeasonBefore& before) {
 
 void WritePage(const StatSheet& sheet, std::string_view title, const std::string& behind,
                const std::filesystem::path& file) {
-  Page page;
+  ReportPage page;
   page.Line(HtmlText(title));
   for (const StatGrid* grid : {&sheet.grd_VisStats, &sheet.grd_HomeStats}) {
     WriteTeamTable(page, *grid);
@@ -92,11 +91,7 @@ void WritePage(const StatSheet& sheet, std::string_view title, const std::string
   }
   WriteLineScore(page, sheet.grd_BoxScore);
   page.Line(HtmlLines(sheet.tb_Comments.value()));
-  for (std::string_view rest = behind; !rest.empty();) {
-    const std::string_view line = rest.substr(0, rest.find('\n'));
-    page.Line(line);
-    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
-  }
+  for (std::string_view rest = behind; !rest.empty();) page.Line(TakeUpTo(rest, '\n'));
   WriteWholeFile(file, page.text(), "report");
 }
 

@@ -17,8 +17,6 @@ namespace {
 
 using namespace stat_column;
 
-constexpr int kOutsOfHalf = 3;
-
 std::vector<Play> PlaysOf(const BoardState& state, Side batting) {
   std::vector<Play> plays = state.plays.All();
   std::erase_if(plays, [batting](const Play& play) {

@@ -13,7 +13,7 @@ namespace {
 
 using Gestures = std::vector<std::string>;
 
-Gestures RandomGame() {
+Gestures RandomGestures() {
   std::istringstream words(R"(
     put:01 put:02 put:03 put:04 put:05 put:11 put:12 put:13 put:14 put:15 put:21 put:22 put:23 put:24
     put:25 put:31 put:32 put:33 put:34 put:35 run:12 run:13 run:14 run:21 run:23 run:24 run:31 run:32
@@ -80,7 +80,7 @@ void RequireBooksInBalance(Game& game, bool wasReset) {
 }
 
 RC_GTEST_PROP(EveryGameOnTheBases, IsInOrderAfterEachGesture, ()) {
-  const Gestures gestures = RandomGame();
+  const Gestures gestures = RandomGestures();
   Game game;
   game.Play("keep:on");
   bool wasReset = false;
@@ -98,7 +98,7 @@ RC_GTEST_PROP(EveryGameOnTheBases, IsInOrderAfterEachGesture, ()) {
 }
 
 RC_GTEST_PROP(EveryGameOnTheBases, GoesBackByteForByteAndIsTakenUpAsItWas, ()) {
-  const Gestures gestures = RandomGame();
+  const Gestures gestures = RandomGestures();
   Game game;
   game.Play("keep:on");
   game.history.Clear();

@@ -139,7 +139,7 @@ RC_GTEST_PROP(EveryGame, IsTakenUpElsewhereAsItWasKept, ()) {
   RC_ASSERT((GameText(other.board) == GameText(game.board)));
 }
 
-struct FakeStore : RecoveryStore {
+struct ForgettingStore : RecoveryStore {
   std::optional<std::string> Load() override { return kept; }
   void Keep(std::string bytes, bool /*gestureGoesOn*/) override { kept = std::move(bytes); }
   bool Safe() override { return true; }
@@ -166,7 +166,7 @@ TEST(Recovery, AGameSetAsideIsTakenUp) {
     std::ofstream(*other.fake.chosen, std::ios::binary) << bytes;
     AidsState state;
     Aids aids{state, other.fake.ports};
-    FakeStore store;
+    ForgettingStore store;
     TakeUpSetAside(other.board, aids, store);
     EXPECT_FALSE(state.cb_RandParks.value());
     EXPECT_FALSE(store.kept);
@@ -205,7 +205,7 @@ TEST(Recovery, DamageOfAnyKindIsToldAndChangesNothing) {
   }
   expectDamaged(kept + "x", "longer");
 
-  FakeStore store;
+  ForgettingStore store;
   store.kept = kept.substr(0, 500);
   OfferRecovery(other.board, aids, store);
   EXPECT_EQ(other.Look("told"),

@@ -7,11 +7,11 @@
 namespace dtb::plays {
 namespace {
 
-constexpr int kHome = 4;
+constexpr int kPlate = 4;
 constexpr int kOrder = 9;
 
 int BaseNamed(const std::string& word) {
-  if (word == "HOME") return kHome;
+  if (word == "HOME") return kPlate;
   if (word.size() == 1 && word[0] >= '1' && word[0] <= '3') return word[0] - '0';
   throw NotPossible("no base: " + word);
 }
@@ -77,7 +77,7 @@ void BaseBoard::EndGame() {
 }
 
 int BaseBoard::BaseOf(const std::string& name) const {
-  for (int base = 1; base < kHome; ++base) {
+  for (int base = 1; base < kPlate; ++base) {
     if (bases_.at(base).name == name) return base;
   }
   return 0;
@@ -151,11 +151,11 @@ void BaseBoard::Outcome(const std::string& code, std::optional<int> out) {
   }
   ++Batting(batter_, "AB");
   constexpr std::array kHits{"1B", "2B", "3B", "HR"};
-  for (int bases = 1; bases <= kHome; ++bases) {
+  for (int bases = 1; bases <= kPlate; ++bases) {
     if (code != kHits.at(bases - 1)) continue;
     ++Batting(batter_, kHits.at(bases - 1));
     ++Pitching(Pitcher(), "H");
-    if (bases == kHome) ++Pitching(Pitcher(), "HR");
+    if (bases == kPlate) ++Pitching(Pitcher(), "HR");
     return Hit(bases, false);
   }
   if (code == "AB") return Hit(1, true);
@@ -262,14 +262,14 @@ void BaseBoard::Steal(const std::string& name) {
 }
 
 void BaseBoard::Run(int from, int to) {
-  if (from == kHome || from == to) Refuse("no such run");
+  if (from == kPlate || from == to) Refuse("no such run");
   Runner runner = bases_.at(from);
   if (runner.name.empty()) Refuse("nobody is on base " + std::to_string(from));
   const int step = to > from ? 1 : -1;
-  for (int base = from + step; base != to && base < kHome; base += step) {
+  for (int base = from + step; base != to && base < kPlate; base += step) {
     if (!bases_.at(base).name.empty()) Refuse("he would pass a runner");
   }
-  if (to < kHome && !bases_.at(to).name.empty()) Refuse("the base is taken");
+  if (to < kPlate && !bases_.at(to).name.empty()) Refuse("the base is taken");
   bases_.at(from) = {};
   Put(to, std::move(runner));
 }
@@ -300,7 +300,7 @@ void BaseBoard::MoveForced() {
 }
 
 void BaseBoard::Put(int base, Runner runner) {
-  if (base >= kHome) return ComesHome(std::move(runner));
+  if (base >= kPlate) return ComesHome(std::move(runner));
   bases_.at(base) = std::move(runner);
 }
 
@@ -330,7 +330,7 @@ void BaseBoard::ComesHome(Runner runner) {
 void BaseBoard::TakeBack(int base) {
   const std::size_t home = last_.home.size();
   if (home == 0 || home > last_.brought) Refuse("the outcome brought nobody home last");
-  for (int passed = base; passed < kHome; ++passed) {
+  for (int passed = base; passed < kPlate; ++passed) {
     if (!bases_.at(passed).name.empty()) Refuse("the base is taken");
   }
   auto [runner, earned] = std::move(last_.home.back());

@@ -11,6 +11,9 @@
 
 namespace dtb {
 
+// A part of a season.
+inline constexpr const char* kArchive = DTB_PROGRAM_FOLDER "/../tests/archive/2020-part.zip";
+
 class BrowserFormTest : public WindowTest {
  protected:
   // An empty database, and then these statements.

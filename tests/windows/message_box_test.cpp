@@ -17,18 +17,18 @@ namespace {
 class MessageBoxTest : public WindowTest {};
 
 // Each way to close a box, and what it answers to a plain box and to a question.
-struct Way {
+struct CloseWay {
   const char* name;
   std::function<void(QWidget& form, MessageBox& box)> close;
   bool closesQuestion;
   bool answersYes;
 };
 
-const std::vector<Way>& Ways() {
+const std::vector<CloseWay>& Ways() {
   const auto key = [](Qt::Key k) {
     return [k](QWidget& form, MessageBox&) { QTest::keyClick(form.windowHandle(), k); };
   };
-  static const std::vector<Way> ways{
+  static const std::vector<CloseWay> ways{
       {"Enter", key(Qt::Key_Return), true, false},  // No has the focus: a game is not lost lightly
       {"Space", key(Qt::Key_Space), true, false},
       {"Esc", key(Qt::Key_Escape), true, false},
@@ -58,7 +58,7 @@ const std::vector<Way>& Ways() {
 }
 
 TEST_F(MessageBoxTest, EachWayClosesAndAnswers) {
-  for (const Way& way : Ways()) {
+  for (const CloseWay& way : Ways()) {
     SCOPED_TRACE(way.name);
     bool waited = false;
     const bool letter = QByteArray(way.name).size() == 1;

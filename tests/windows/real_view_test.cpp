@@ -12,8 +12,6 @@
 namespace dtb {
 namespace {
 
-constexpr const char* kArchive = DTB_PROGRAM_FOLDER "/../tests/archive/2020-part.zip";
-
 // One game of the part, Anaheim 3, Oakland 7 on the first day, replayed the other way round, in
 // which a player with 12 real at-bats has 20.
 constexpr const char* kGame =

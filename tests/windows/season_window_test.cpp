@@ -12,8 +12,6 @@
 namespace dtb {
 namespace {
 
-constexpr const char* kArchive = DTB_PROGRAM_FOLDER "/../tests/archive/2020-part.zip";
-
 class SeasonWindowTest : public BrowserFormTest {
  protected:
   SeasonWindowTest() { setup_.dialogs = &dialogs_; }

@@ -11,6 +11,7 @@
 #include <system_error>
 
 #include "base/paths.h"
+#include "base/program_error.h"
 #include "base/system.h"
 #include "platform/database.h"
 #include "platform/sqlite/connection.h"
@@ -84,12 +85,6 @@ std::string QuickCheck(SQLite::Database& database) {
   return database.execAndGet("PRAGMA quick_check(1)").getString();
 }
 
-[[noreturn]] void Refuse(const std::string& what, const std::error_code& error) {
-  const bool full = error == std::errc::no_space_on_device;
-  throw ProgramError(full ? error_number::kDiskFull : error_number::kPathOrFileAccess,
-                     what + ": " + error.message() + ".");
-}
-
 // A new file, written beside its place. What lives on when it is given up is nothing.
 class Beside {
  public:
@@ -116,7 +111,7 @@ class Beside {
   void MoveIntoPlace() {
     std::error_code error;
     fs::rename(file_, place_, error);
-    if (error) Refuse("\"" + TextOf(place_) + "\" cannot be put in place", error);
+    if (error) ThrowFileError("\"" + TextOf(place_) + "\" cannot be put in place", error);
     moved_ = true;
     SyncFolder(place_.parent_path());
   }
@@ -182,7 +177,7 @@ void SetAside(const fs::path& file, const fs::path& aside) {
   if (fs::exists(fs::symlink_status(file))) {
     fs::create_hard_link(file, aside, error);
     if (error) fs::rename(file, aside, error);
-    if (error) Refuse("\"" + TextOf(file) + "\" cannot be set aside", error);
+    if (error) ThrowFileError("\"" + TextOf(file) + "\" cannot be set aside", error);
   }
   for (const char* suffix : {"-journal", "-wal", "-shm"}) {
     fs::path from = file;
@@ -191,7 +186,7 @@ void SetAside(const fs::path& file, const fs::path& aside) {
     to += suffix;
     if (!fs::exists(from)) continue;
     fs::rename(from, to, error);
-    if (error) Refuse("\"" + TextOf(from) + "\" cannot be set aside", error);
+    if (error) ThrowFileError("\"" + TextOf(from) + "\" cannot be set aside", error);
   }
   SyncFolder(file.parent_path());
 }
@@ -260,7 +255,8 @@ bool SqliteCopies::EqualsCopy(const std::string& name) {
 void SqliteCopies::MakeFolder() const {
   std::error_code error;
   if (fs::create_directories(folder_, error)) SyncFolder(folder_.parent_path());
-  if (error) Refuse("The folder \"" + TextOf(folder_) + "\" for the copies cannot be made", error);
+  if (error)
+    ThrowFileError("The folder \"" + TextOf(folder_) + "\" for the copies cannot be made", error);
 }
 
 // Programs that died while they made a copy leave these.

@@ -20,20 +20,16 @@ constexpr const char* kPutAway = "Put away";
 constexpr const char* kEnding = ".mdb";
 constexpr const char* kDraft = ".new";  // behind the name of a file that is being written
 
-[[noreturn]] void Refuse(const std::string& what, const std::error_code& error) {
-  throw ProgramError(error_number::kPathOrFileAccess, what + ": " + error.message() + ".");
-}
-
 void MakeFolders(const fs::path& folder) {
   std::error_code error;
   fs::create_directories(folder, error);
-  if (error) Refuse("The folder \"" + TextOf(folder) + "\" cannot be made", error);
+  if (error) ThrowFileError("The folder \"" + TextOf(folder) + "\" cannot be made", error);
 }
 
 void Move(const fs::path& from, const fs::path& to) {
   std::error_code error;
   fs::rename(from, to, error);
-  if (error) Refuse("\"" + TextOf(from) + "\" cannot be moved", error);
+  if (error) ThrowFileError("\"" + TextOf(from) + "\" cannot be moved", error);
 }
 
 // What SQLite was about to take back in a file belongs to it.

@@ -33,8 +33,7 @@ constexpr double kSideWidth = 264;  // layout units, as all sizes here
 constexpr double kStripHeight = 36;
 constexpr double kDieSize = 88;
 constexpr double kSmallDieSize = 46;
-constexpr double kGap = 8;
-constexpr double kMargin = 12;
+constexpr double kPageMargin = 12;
 constexpr int kOutcomeColumns = 3;
 
 const ClickLabel::Shades kOther{kSlateRaised, kSlateHover, kCream};
@@ -87,8 +86,8 @@ int ChartViewer::Units(double length) const { return qRound(length * scale_); }
 QWidget* ChartViewer::BuildStrip() {
   auto* strip = new QWidget(this);
   auto* row = new QHBoxLayout(strip);
-  row->setContentsMargins(Units(kMargin), Units(4), Units(kMargin), Units(4));
-  row->setSpacing(Units(kGap));
+  row->setContentsMargins(Units(kPageMargin), Units(4), Units(kPageMargin), Units(4));
+  row->setSpacing(Units(kSpace));
   for (int chart = 0; chart < kChartButtons; ++chart) {
     auto* title = new ClickLabel({}, kOther, strip);
     Name(title, qPrintable(QStringLiteral("cmd_Chart%1").arg(chart + 1)));
@@ -112,8 +111,9 @@ QWidget* ChartViewer::BuildSide() {
   auto* side = new QWidget(this);
   side->setFixedWidth(Units(kSideWidth));
   auto* column = new QVBoxLayout(side);
-  column->setContentsMargins(Units(kMargin), Units(kMargin), Units(kMargin), Units(kMargin));
-  column->setSpacing(Units(kGap));
+  column->setContentsMargins(Units(kPageMargin), Units(kPageMargin), Units(kPageMargin),
+                             Units(kPageMargin));
+  column->setSpacing(Units(kSpace));
   column->addWidget(BuildDice(side), 0, Qt::AlignHCenter);
   auto* roll = new QPushButton(QStringLiteral("ROLL"), side);
   Name(roll, "cmd_RollAgain", QStringLiteral("ROLL the dice"));
@@ -141,7 +141,7 @@ QWidget* ChartViewer::BuildDice(QWidget* side) {
   auto* dice = new QWidget(side);
   auto* grid = new QGridLayout(dice);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->setSpacing(Units(kGap));
+  grid->setSpacing(Units(kSpace));
   const auto put = [&](QWidget* die, double size, int row, int column) {
     die->setFixedSize(Units(size), Units(size));
     grid->addWidget(die, row, column);
@@ -180,7 +180,7 @@ QWidget* ChartViewer::BuildOutcomes(QWidget* side) {
   auto* outcomes = new QWidget(side);
   auto* grid = new QGridLayout(outcomes);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->setSpacing(Units(kGap));
+  grid->setSpacing(Units(kSpace));
   auto* title = MakeCaption(QStringLiteral("RESULT"), outcomes);
   title->setFont(Font(kBody * scale_, true));
   grid->addWidget(title, 0, 0, 1, kOutcomeColumns);

@@ -14,15 +14,14 @@ using namespace look;
 // Places in layout units. Both lie over the outfield, under the scoreboard: clear of the bases, the
 // game pieces and the other panels.
 constexpr double kMargin = 12;
-constexpr double kGap = 8;
 constexpr double kFaceDieSize = 64;
 constexpr double kNumberDieSize = 56;
 constexpr double kRollHeight = 36;
-constexpr double kFacePanelWidth = 2 * kMargin + 2 * kFaceDieSize + kGap;
-constexpr double kFacePanelHeight = kFacePanelWidth + kGap + kRollHeight;
+constexpr double kFacePanelWidth = 2 * kMargin + 2 * kFaceDieSize + kSpace;
+constexpr double kFacePanelHeight = kFacePanelWidth + kSpace + kRollHeight;
 constexpr Place kFacePanel{344, 208, kFacePanelWidth, kFacePanelHeight};
-constexpr double kNumberPanelWidth = 2 * kMargin + 4 * kNumberDieSize + 3 * kGap;
-constexpr double kNumberPanelHeight = 2 * kMargin + 2 * kNumberDieSize + 2 * kGap + kRollHeight;
+constexpr double kNumberPanelWidth = 2 * kMargin + 4 * kNumberDieSize + 3 * kSpace;
+constexpr double kNumberPanelHeight = 2 * kMargin + 2 * kNumberDieSize + 2 * kSpace + kRollHeight;
 constexpr Place kNumberPanel{1335 - kNumberPanelWidth, 208, kNumberPanelWidth, kNumberPanelHeight};
 
 // A timer that runs while the field is on.
@@ -114,7 +113,7 @@ FaceDicePanel::FaceDicePanel(Aids& aids, Scene& scene, QWidget* parent)
   setToolTip(QStringLiteral("CTRL + Left Click to drag dice roller"));
   SetFill(kBoxGrey);
   scene.Put(this, kFacePanel);
-  constexpr double kSecond = kMargin + kFaceDieSize + kGap;
+  constexpr double kSecond = kMargin + kFaceDieSize + kSpace;
   constexpr std::array<QPointF, kFaceDice> places{
       {{kMargin, kSecond}, {kSecond, kMargin}, {kMargin, kMargin}}};
   for (std::size_t die = 0; die < places.size(); ++die) {
@@ -130,7 +129,7 @@ FaceDicePanel::FaceDicePanel(Aids& aids, Scene& scene, QWidget* parent)
   });
   auto* roll = AddRoll("cmd_Roll", QStringLiteral("ROLL the dice"), this);
   scene.Put(roll,
-            {kMargin, kSecond + kFaceDieSize + kGap, kFacePanelWidth - 2 * kMargin, kRollHeight},
+            {kMargin, kSecond + kFaceDieSize + kSpace, kFacePanelWidth - 2 * kMargin, kRollHeight},
             kBody, true);
   connect(roll, &QPushButton::clicked, this, [this, &aids] {
     EndTextVisit(this);
@@ -151,8 +150,8 @@ NumberDicePanel::NumberDicePanel(Aids& aids, Scene& scene, QWidget* parent)
     const NumberDie& kind = kNumberDiceSet.at(i);
     const int row = i / 4;
     const int column = i % 4;
-    const double left = kMargin + column * (kNumberDieSize + kGap);
-    const double top = kMargin + row * (kNumberDieSize + kGap);
+    const double left = kMargin + column * (kNumberDieSize + kSpace);
+    const double top = kMargin + row * (kNumberDieSize + kSpace);
     auto* shape = new NumberPlate(kind.colour, kind.figures, this);
     Name(shape, kind.shape, QLatin1String(kind.word));
     scene.Put(shape, {left, top, kNumberDieSize, kNumberDieSize});
@@ -167,7 +166,7 @@ NumberDicePanel::NumberDicePanel(Aids& aids, Scene& scene, QWidget* parent)
   }
   auto* roll = AddRoll("Command1", QStringLiteral("ROLL the numbered dice"), this);
   scene.Put(roll,
-            {kMargin, kMargin + 2 * (kNumberDieSize + kGap), kNumberPanelWidth - 2 * kMargin,
+            {kMargin, kMargin + 2 * (kNumberDieSize + kSpace), kNumberPanelWidth - 2 * kMargin,
              kRollHeight},
             kBody, true);
   connect(roll, &QPushButton::clicked, this, [this, &aids] {

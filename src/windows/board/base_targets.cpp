@@ -17,7 +17,7 @@ using namespace look;
 
 // Layout units.
 constexpr double kReach = 70;  // how far from a base a piece may be let go: half its height
-constexpr double kRing = 46;
+constexpr double kTargetRing = 46;
 constexpr std::array kOutFields{Place{12, 822, 180, 140}, Place{1320, 822, 180, 140}};
 // The batter stands in front of the plate, so that it can be seen: by this share of his width.
 constexpr double kBesidePlate = 1.15;
@@ -110,7 +110,7 @@ void BaseTargets::paintEvent(QPaintEvent* /*event*/) {
   for (const int place : places_) {
     dress(place);
     if (place <= kHomePlate) {
-      painter.drawEllipse(SpotOf(aids_.state, place), kRing, kRing * 0.6);
+      painter.drawEllipse(SpotOf(aids_.state, place), kTargetRing, kTargetRing * 0.6);
       continue;
     }
     for (const Place& field : kOutFields) {

@@ -9,7 +9,7 @@
 namespace dtb {
 namespace {
 
-constexpr Place kPanel{1043, 680, 128, 128};
+constexpr Place kTrackerPanel{1043, 680, 128, 128};
 constexpr double kBase = 38;  // from corner to corner
 
 // The panel, with the lines from base to base and home plate.
@@ -21,7 +21,7 @@ class Diamond : public QWidget {
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(width() / kPanel.width, height() / kPanel.height);
+    painter.scale(width() / kTrackerPanel.width, height() / kTrackerPanel.height);
     painter.setPen(QPen(QColor(150, 150, 150), 2));
     painter.drawConvexPolygon(QPolygonF({{64, 27}, {101, 64}, {64, 101}, {27, 64}}));
     painter.setPen(Qt::NoPen);
@@ -65,11 +65,11 @@ BaseTracker::BaseTracker(Board& board, Scene& scene, QWidget* parent)
   Name(this, "pb_BaseTracker", QStringLiteral("Base tracker"));
   setToolTip(QStringLiteral("CTRL + Left Click to drag the base tracker"));
   SetFill(look::kBoxGrey);
-  scene.Put(this, kPanel);
+  scene.Put(this, kTrackerPanel);
   auto* diamond = new Diamond(this);
   Name(diamond, "lbl_tracker", QStringLiteral("Home"));
   diamond->setAttribute(Qt::WA_TransparentForMouseEvents);
-  scene.Put(diamond, {0, 0, kPanel.width, kPanel.height});
+  scene.Put(diamond, {0, 0, kTrackerPanel.width, kTrackerPanel.height});
   struct Corner {
     const char* name;
     const char* word;

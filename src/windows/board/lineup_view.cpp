@@ -20,7 +20,7 @@ namespace {
 
 using namespace look;
 
-constexpr int kRing = 3;  // pixels around the rows; of the keyboard focus
+constexpr int kFocusRing = 3;  // pixels around the rows; of the keyboard focus
 
 constexpr QColor kDimInk{64, 70, 66};  // what is no name
 constexpr int kRows = 12;              // fill the list without a scroll bar
@@ -304,8 +304,8 @@ void LineupView::keyPressEvent(QKeyEvent* event) {
 
 // Twelve whole rows are the viewport; what is left below them is too little for a name and no row.
 void LineupView::FitRows() {
-  const int rest = std::max(0, height() - 2 * kRing) % kRows;
-  setViewportMargins(kRing, kRing, kRing, kRing + rest);
+  const int rest = std::max(0, height() - 2 * kFocusRing) % kRows;
+  setViewportMargins(kFocusRing, kFocusRing, kFocusRing, kFocusRing + rest);
 }
 
 // Qt would let the rows keep their old size for a tenth of a second, cut as they are.
@@ -370,7 +370,8 @@ bool LineupView::event(QEvent* event) {
   if (changes) update();
   if (event->type() == QEvent::Paint && hasFocus() && usesKeys_) {
     QPainter painter(this);
-    DrawFocus(painter, viewport()->geometry().adjusted(-kRing, -kRing, kRing, kRing), 2);
+    DrawFocus(painter,
+              viewport()->geometry().adjusted(-kFocusRing, -kFocusRing, kFocusRing, kFocusRing), 2);
   }
   return done;
 }

@@ -24,7 +24,7 @@ namespace {
 
 using namespace look;
 
-constexpr Place kPanel{12, 532, 408, 276};
+constexpr Place kOptionsPanel{12, 532, 408, 276};
 constexpr double kRowHeight = 26;
 constexpr double kFirstRow = 36;
 constexpr double kRightColumn = 216;
@@ -67,7 +67,7 @@ OptionsPanel::OptionsPanel(Board& board, Aids& aids, Scene& scene, QWidget* pare
     : Panel(parent), board_(board), aids_(aids), scene_(scene) {
   Name(this, "fra_Options", QStringLiteral("OPTIONS"));
   SetFill(kSlate);
-  scene.Put(this, kPanel);
+  scene.Put(this, kOptionsPanel);
   scene.Put(MakeCaption(QStringLiteral("OPTIONS"), this), {16, 8, 200, 24}, kBody, true);
   auto* close = new ClickLabel(QStringLiteral("X"), {kSlateRaised, kSlateHover, kCream}, this);
   Name(close, "Label9", QStringLiteral("Close the options"));

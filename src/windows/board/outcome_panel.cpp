@@ -16,7 +16,7 @@ namespace {
 
 using namespace look;
 
-constexpr Place kPanel{1347, 532, 320, 276};
+constexpr Place kOutcomePanel{1347, 532, 320, 276};
 constexpr double kWidth = 68;
 constexpr double kPitch = 76;
 constexpr double kHeight = 44;
@@ -39,7 +39,7 @@ OutcomePanel::OutcomePanel(Board& board, NextStep& next, Scene& scene, QWidget* 
     : DraggablePanel(scene, parent), board_(board) {
   Name(this, "pb_Res", QStringLiteral("Outcomes"));
   setToolTip(QStringLiteral("CTRL + Left Click to drag controls"));
-  scene.Put(this, kPanel);
+  scene.Put(this, kOutcomePanel);
   const auto add = [&](const char* name, const char* caption, const QString& tip,
                        const QString& key, const ClickLabel::Shades& shades, const Place& place) {
     auto* button = new ClickLabel(QLatin1String(caption), shades, this);

@@ -18,31 +18,31 @@ using namespace look;
 // In layout units. The place lies in the middle of the ring.
 constexpr double kMarkerWidth = 40;
 constexpr double kMarkerHeight = 68;
-constexpr double kRing = 18;  // radius, to the outer edge
+constexpr double kMarkerRing = 18;  // radius, to the outer edge
 constexpr double kBelow = 20;
 constexpr double kAbove = kMarkerHeight - kBelow;
 constexpr double kPlateSize = 28;
 
-constexpr Place kPanel{650, 288, 380, 76};
+constexpr Place kMarkersPanel{650, 288, 380, 76};
 constexpr double kButtonWidth = 96;
 
 constexpr double kStep = 1;
 constexpr double kLongStep = 12;
 constexpr double kStill = 4;  // pixels: a hand that shakes while it clicks does not drag
 
-struct Base {
+struct MarkedBase {
   const char* name;
   const char* letter;
   const char* words;
 };
 constexpr std::array kMarkedBases{
-    Base{"ParkMarkerHome", "H", "home plate"}, Base{"ParkMarker1", "1", "first base"},
-    Base{"ParkMarker2", "2", "second base"}, Base{"ParkMarker3", "3", "third base"}};
+    MarkedBase{"ParkMarkerHome", "H", "home plate"}, MarkedBase{"ParkMarker1", "1", "first base"},
+    MarkedBase{"ParkMarker2", "2", "second base"}, MarkedBase{"ParkMarker3", "3", "third base"}};
 
 }  // namespace
 
 ParkMarker::ParkMarker(int base, Scene& scene, QWidget* park) : QWidget(park), scene_(scene) {
-  const Base& of = kMarkedBases.at(static_cast<std::size_t>(base));
+  const MarkedBase& of = kMarkedBases.at(static_cast<std::size_t>(base));
   letter_ = QLatin1String(of.letter);
   const QString words = QLatin1String(of.words);
   Name(this, of.name, QStringLiteral("Marker of ") + words);
@@ -85,11 +85,11 @@ void ParkMarker::paintEvent(QPaintEvent* /*event*/) {
   for (const auto& [colour, width] : {std::pair{kSlate, 5.0}, {line, 2.5}}) {
     painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::FlatCap));
     painter.setBrush(Qt::NoBrush);
-    painter.drawEllipse(QPointF(), kRing - 2.5, kRing - 2.5);
-    painter.drawLine(QPointF(0, -kRing), QPointF(0, kPlateSize - kAbove));
+    painter.drawEllipse(QPointF(), kMarkerRing - 2.5, kMarkerRing - 2.5);
+    painter.drawLine(QPointF(0, -kMarkerRing), QPointF(0, kPlateSize - kAbove));
     painter.setPen(QPen(colour, width - 1, Qt::SolidLine, Qt::FlatCap));
     for (const QPointF& way : {QPointF(1, 0), QPointF(-1, 0), QPointF(0, 1), QPointF(0, -1)}) {
-      painter.drawLine(way * (kRing - 3), way * (kRing - 7));
+      painter.drawLine(way * (kMarkerRing - 3), way * (kMarkerRing - 7));
     }
   }
   const QRectF plate(-kPlateSize / 2, 1 - kAbove, kPlateSize, kPlateSize);
@@ -163,10 +163,10 @@ void ParkMarkers::BuildPanel(Scene& scene, QWidget* park) {
   panel_->SetFill(kSlate);
   panel_->SetLit(true);
   panel_->hide();
-  scene.Put(panel_, kPanel);
+  scene.Put(panel_, kMarkersPanel);
   scene.Put(MakeCaption(QStringLiteral("Drag the markers to the bases of this park."), panel_,
                         Qt::AlignCenter),
-            {8, 8, kPanel.width - 16, 24}, kBody);
+            {8, 8, kMarkersPanel.width - 16, 24}, kBody);
   QWidget* before = nullptr;
   for (std::size_t base = 0; base < markers_.size(); ++base) {
     markers_.at(base) = new ParkMarker(static_cast<int>(base), scene, park);
@@ -182,7 +182,7 @@ void ParkMarkers::BuildPanel(Scene& scene, QWidget* park) {
     before = button;
     return button;
   };
-  const double middle = kPanel.width / 2;
+  const double middle = kMarkersPanel.width / 2;
   connect(add("cmd_ParkPlacesDone", "Done", "Keeps these places for this park",
               middle - kButtonWidth - 4),
           &QPushButton::clicked, this, [this] { Done(); });

@@ -25,7 +25,7 @@ constexpr double kPanelWidth = 320;
 constexpr Place kVisitorsPlace{12, 12, kPanelWidth, 512};
 
 // The objectNames and words that differ between the sides.
-struct Names {
+struct PanelNames {
   const char* panel;
   const char* load;
   const char* loadCaption;
@@ -41,16 +41,16 @@ struct Names {
   const char* team;  // for screen readers
 };
 
-constexpr Names kVisitors{
+constexpr PanelNames kVisitors{
     "VisitorsPanel",  "Command6",        "LOAD Visitor team", "List1",   "Command2",
     "Command3",       "Check1",          "tb_List1edit",      "Option5", "img_VisPitch",
     "lbl_VisPitcher", "Visitor Pitcher", "visitors"};
-constexpr Names kHome{"HomePanel", "Command7",      "LOAD Home team",  "List2",
-                      "Command8",  "Command4",      "Check2",          "tb_List2edit",
-                      "Option6",   "img_HomePitch", "lbl_HomePitcher", "Home Pitcher",
-                      "home team"};
+constexpr PanelNames kHome{"HomePanel", "Command7",      "LOAD Home team",  "List2",
+                           "Command8",  "Command4",      "Check2",          "tb_List2edit",
+                           "Option6",   "img_HomePitch", "lbl_HomePitcher", "Home Pitcher",
+                           "home team"};
 
-const Names& NamesOf(Side side) { return side == Side::Visitors ? kVisitors : kHome; }
+const PanelNames& PanelNamesOf(Side side) { return side == Side::Visitors ? kVisitors : kHome; }
 
 // The option "AT BAT" on a ground of its own, white or grey as its side is at bat or in the field.
 class AtBatOption : public QRadioButton {
@@ -111,7 +111,7 @@ ClickLabel::HintLight LightOf(const NextStep& next, Step step) {
 }
 
 QString ForTeam(const char* what, Side side) {
-  return QStringLiteral("%1, %2").arg(QLatin1String(what), QLatin1String(NamesOf(side).team));
+  return QStringLiteral("%1, %2").arg(QLatin1String(what), QLatin1String(PanelNamesOf(side).team));
 }
 
 }  // namespace
@@ -119,7 +119,7 @@ QString ForTeam(const char* what, Side side) {
 SidePanel::SidePanel(Board& board, Side side, NextStep& next, QtPictures& pictures, Scene& scene,
                      QWidget* parent)
     : Panel(parent), board_(board), side_(side), next_(next), scene_(scene) {
-  Name(this, NamesOf(side).panel);
+  Name(this, PanelNamesOf(side).panel);
   Place place = kVisitorsPlace;
   if (side == Side::Home) place.left = kSceneWidth - place.left - place.width;
   scene.Put(this, place);
@@ -140,7 +140,7 @@ void SidePanel::PutMirrored(QWidget* control, Place place, double typeSize, bool
 }
 
 void SidePanel::BuildLoadButton() {
-  const Names& names = NamesOf(side_);
+  const PanelNames& names = PanelNamesOf(side_);
   auto* load = new QPushButton(QLatin1String(names.loadCaption), this);
   Name(load, names.load, QLatin1String(names.loadCaption));
   load->setToolTip(QStringLiteral("Chooses the file of a team and loads it"));
@@ -150,12 +150,12 @@ void SidePanel::BuildLoadButton() {
 
 void SidePanel::BuildList() {
   list_ = new LineupView(board_, side_, next_, this);
-  Name(list_, NamesOf(side_).list, ForTeam("Line-up", side_));
+  Name(list_, PanelNamesOf(side_).list, ForTeam("Line-up", side_));
   PutMirrored(list_, {12, 56, 296, 288}, kLarge);
 }
 
 void SidePanel::BuildButtons() {
-  const Names& names = NamesOf(side_);
+  const PanelNames& names = PanelNamesOf(side_);
   SideFields fields = SideOf(board_, side_);
   const auto addButton = [&](const char* name, const char* caption, const char* tip, double left,
                              auto operation) {
@@ -188,7 +188,7 @@ void SidePanel::BuildButtons() {
 void SidePanel::BuildAtBat() {
   auto* atBat = new AtBatOption(this);
   TakeClosingPress(atBat);
-  Name(atBat, NamesOf(side_).atBat, ForTeam("AT BAT", side_));
+  Name(atBat, PanelNamesOf(side_).atBat, ForTeam("AT BAT", side_));
   atBat->setToolTip(QStringLiteral("This side bats, the other is in the field"));
   PutMirrored(atBat, {96, 388, 212, 28}, kBody, true);
   FollowAll(
@@ -226,7 +226,7 @@ void SidePanel::ShowDuel(NameLabel* title) const {
 }
 
 void SidePanel::BuildPitcher(QtPictures& pictures) {
-  const Names& names = NamesOf(side_);
+  const PanelNames& names = PanelNamesOf(side_);
   SideFields fields = SideOf(board_, side_);
 
   auto* photo = new PictureBox(PictureBox::Fit::Whole, this);
@@ -248,7 +248,7 @@ void SidePanel::BuildPitcher(QtPictures& pictures) {
 
 // His name, and under it what the line-up remarks of him.
 void SidePanel::BuildPitcherPlate() {
-  const Names& names = NamesOf(side_);
+  const PanelNames& names = PanelNamesOf(side_);
   SideFields fields = SideOf(board_, side_);
   auto* pitcher = new ClickLabel({}, {kSlateRaised, kSlateHover, kCream}, this);
   Name(pitcher, names.pitcher);

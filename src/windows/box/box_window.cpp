@@ -15,12 +15,12 @@
 #include "windows/shared/bind.h"
 #include "windows/shared/buttons.h"
 #include "windows/shared/controls.h"
+#include "windows/shared/look.h"
 
 namespace dtb {
 namespace {
 
 constexpr QSize kUsualSize(1080, 820);  // layout units
-constexpr int kSpace = 8;
 
 constexpr const char* kStyle =
     "table.box { margin-bottom: 8px; }"
@@ -47,7 +47,7 @@ BoxWindow::BoxWindow(Platform& platform, QWidget* parent)
   text_->document()->setDocumentMargin(12);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(12, 12, 12, 12);
-  column->setSpacing(kSpace);
+  column->setSpacing(look::kSpace);
   column->addWidget(title_);
   column->addWidget(when_);
   column->addWidget(text_, 1);
@@ -68,7 +68,7 @@ BoxWindow::BoxWindow(Board& board, QWidget* parent) : BoxWindow(board.platform, 
 
 void BoxWindow::BuildButtons() {
   auto* row = new QHBoxLayout;
-  row->setSpacing(kSpace);
+  row->setSpacing(look::kSpace);
   box_ = MakeButton("cmd_Box", QStringLiteral("Box score"),
                     QStringLiteral("Batters, pitchers and notes, as newspapers print them"), this);
   story_ = MakeButton("cmd_Story", QStringLiteral("Story"),

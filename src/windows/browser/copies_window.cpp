@@ -12,8 +12,8 @@
 namespace dtb {
 namespace {
 
-constexpr double kWidth = 1120;  // layout units
-constexpr double kHeight = 620;
+constexpr double kCopiesWidth = 1120;  // layout units
+constexpr double kCopiesHeight = 620;
 
 }  // namespace
 
@@ -26,7 +26,7 @@ bool CopiesWindow::Run(Platform& platform, QWidget* over) {
 }
 
 CopiesWindow::CopiesWindow(Platform& platform, QWidget* parent)
-    : QDialog(parent), desk_{state_, platform}, frame_(*this, kWidth, kHeight) {
+    : QDialog(parent), desk_{state_, platform}, frame_(*this, kCopiesWidth, kCopiesHeight) {
   setObjectName(QStringLiteral("CopiesForm"));
   setWindowTitle(QLatin1String(kCopiesTitle));
   {

@@ -13,13 +13,13 @@
 #include "record/box_html.h"
 #include "windows/shared/bind.h"
 #include "windows/shared/buttons.h"
+#include "windows/shared/look.h"
 
 namespace dtb {
 namespace {
 
 constexpr QSize kUsualSize(640, 660);  // layout units
 constexpr double kRunHeight = 24;
-constexpr int kSpace = 8;
 
 }  // namespace
 
@@ -37,7 +37,7 @@ PlaysWindow::PlaysWindow(Board& board, QWidget* parent)
   setWindowTitle(QStringLiteral("Plays"));
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(12, 12, 12, 12);
-  column->setSpacing(kSpace);
+  column->setSpacing(look::kSpace);
   column->addWidget(title_);
   column->addWidget(list_, 1);
   column->addWidget(story_, 1);
@@ -68,7 +68,7 @@ void PlaysWindow::BuildRuns() {
   Name(noRun_, "lbl_NoRun");
   noRun_->setWordWrap(true);
   auto* column = new QVBoxLayout(runs_);
-  column->setContentsMargins(12, kSpace, 12, kSpace);
+  column->setContentsMargins(12, look::kSpace, 12, look::kSpace);
   column->setSpacing(0);
   column->addWidget(noRun_);
   for (int number = 0; number < kMostRuns; ++number) {
@@ -88,7 +88,7 @@ void PlaysWindow::BuildRuns() {
 
 void PlaysWindow::BuildButtons() {
   auto* row = new QHBoxLayout;
-  row->setSpacing(kSpace);
+  row->setSpacing(look::kSpace);
   row->addWidget(outcome_, 1);
   asStory_ =
       MakeButton("cmd_Story", QStringLiteral("Story"),
@@ -224,7 +224,7 @@ void PlaysWindow::FollowBoard() {
   const int height = qRound(kRunHeight * scale);
   for (RunLine* line : lines_) line->setFixedHeight(height);
   // Room for the most runs at all times, so that the list above keeps its height.
-  runs_->setFixedHeight(kMostRuns * height + 2 * kSpace);
+  runs_->setFixedHeight(kMostRuns * height + 2 * look::kSpace);
   PlaceOverBoard(*this, kUsualSize, scale);
 }
 

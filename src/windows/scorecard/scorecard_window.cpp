@@ -20,13 +20,13 @@
 #include "windows/shared/buttons.h"
 #include "windows/shared/controls.h"
 #include "windows/shared/kept_place.h"
+#include "windows/shared/look.h"
 #include "windows/shared/tips.h"
 
 namespace dtb {
 namespace {
 
 constexpr QSize kUsualSize(1240, 900);  // layout units
-constexpr int kSpace = 8;
 constexpr std::array kSides{Side::Visitors, Side::Home};
 
 QString TitleOf(const GameRecord& game) {
@@ -47,7 +47,7 @@ ScorecardWindow::ScorecardWindow(Platform& platform, QWidget* parent)
   setWindowTitle(QStringLiteral("Scorecard"));
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(12, 12, 12, 12);
-  column->setSpacing(kSpace);
+  column->setSpacing(look::kSpace);
   BuildHead(*column);
   column->addWidget(view_, 1);
   BuildButtons(*column);
@@ -68,7 +68,7 @@ void ScorecardWindow::BuildHead(QBoxLayout& column) {
   paper_->setToolTip(
       TipWithKey(QStringLiteral("Shows and saves the card as it is printed"), QStringLiteral("B")));
   auto* row = new QHBoxLayout;
-  row->setSpacing(kSpace);
+  row->setSpacing(look::kSpace);
   row->addWidget(sides_);
   row->addWidget(title_, 1);
   row->addWidget(paper_);
@@ -79,7 +79,7 @@ void ScorecardWindow::BuildHead(QBoxLayout& column) {
 
 void ScorecardWindow::BuildButtons(QBoxLayout& column) {
   auto* row = new QHBoxLayout;
-  row->setSpacing(kSpace);
+  row->setSpacing(look::kSpace);
   lineUps_ =
       AddButton("cmd_LineUps", QStringLiteral("Print line-up card..."),
                 QStringLiteral("Prints an empty card with both line-ups, to fill in by pencil"));

@@ -31,8 +31,7 @@ namespace {
 
 using namespace look;
 
-constexpr QSize kUsualSize(1300, 820);  // layout units; 30 teams stand in it
-constexpr int kSpace = 8;
+constexpr QSize kUsualDaySize(1300, 820);  // layout units; 30 teams stand in it
 constexpr const char* kDayTitle = "The day";
 
 // False: there is none, which was told.
@@ -222,7 +221,7 @@ void DayWindow::showEvent(QShowEvent* event) {
     for (StatGridView* grid : {gamesView_, standingsView_}) {
       grid->SetScale(kBody * scale, kTwip * scale);
     }
-    PlaceOverBoard(*this, kUsualSize, scale);
+    PlaceOverBoard(*this, kUsualDaySize, scale);
     gamesView_->setFocus(Qt::OtherFocusReason);
   }
   QDialog::showEvent(event);

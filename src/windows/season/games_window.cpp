@@ -12,12 +12,12 @@
 #include "windows/shared/bind.h"
 #include "windows/shared/buttons.h"
 #include "windows/shared/controls.h"
+#include "windows/shared/look.h"
 
 namespace dtb {
 namespace {
 
-constexpr QSize kUsualSize(640, 620);  // layout units
-constexpr int kSpace = 8;
+constexpr QSize kUsualGamesSize(640, 620);  // layout units
 
 // The chosen games; none where the person cancelled.
 std::vector<GameIdentity> Choose(const char* title, const char* wish,
@@ -82,11 +82,11 @@ GamesWindow::GamesWindow(const QString& title, const QString& wish, std::vector<
   list_->setFrameShape(QFrame::NoFrame);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(12, 12, 12, 12);
-  column->setSpacing(kSpace);
+  column->setSpacing(look::kSpace);
   column->addWidget(title_);
   column->addWidget(list_, 1);
   auto* row = new QHBoxLayout;
-  row->setSpacing(kSpace);
+  row->setSpacing(look::kSpace);
   column->addLayout(row);
   for (QPushButton* button : {all_, none_}) row->addWidget(button);
   row->addStretch(1);
@@ -122,7 +122,7 @@ void GamesWindow::CountChosen() {
 void GamesWindow::FollowBoard() {
   const double scale = TakeTypeOfBoard(*this, std::array{all_, none_, do_, cancel_}, title_);
   list_->setFont(font());
-  PlaceOverBoard(*this, kUsualSize, scale);
+  PlaceOverBoard(*this, kUsualGamesSize, scale);
 }
 
 void GamesWindow::showEvent(QShowEvent* event) {

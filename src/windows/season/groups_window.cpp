@@ -12,12 +12,12 @@
 #include "windows/shared/bind.h"
 #include "windows/shared/buttons.h"
 #include "windows/shared/controls.h"
+#include "windows/shared/look.h"
 
 namespace dtb {
 namespace {
 
-constexpr QSize kUsualSize(620, 640);  // layout units
-constexpr int kSpace = 8;
+constexpr QSize kUsualGroupsSize(620, 640);  // layout units
 constexpr const char* kTitle = "Groups of teams";
 constexpr int kLongestName = 60;  // letters of a group
 
@@ -63,7 +63,7 @@ GroupsWindow::GroupsWindow(const Platform& platform, std::vector<std::string> te
   tree_->installEventFilter(this);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(12, 12, 12, 12);
-  column->setSpacing(kSpace);
+  column->setSpacing(look::kSpace);
   column->addWidget(what_);
   column->addWidget(tree_, 1);
   BuildButtons(column);
@@ -80,7 +80,7 @@ void GroupsWindow::BuildButtons(QVBoxLayout* column) {
   QHBoxLayout* row = nullptr;
   const auto begin = [&] {
     row = new QHBoxLayout;
-    row->setSpacing(kSpace);
+    row->setSpacing(look::kSpace);
     column->addLayout(row);
   };
   const auto add = [&](const char* name, const char* caption, const char* tip, auto pressed) {
@@ -261,7 +261,7 @@ void GroupsWindow::showEvent(QShowEvent* event) {
     const double scale = TakeTypeOfBoard(*this, buttons_, nullptr);
     what_->setFont(font());
     tree_->setFont(font());
-    PlaceOverBoard(*this, kUsualSize, scale);
+    PlaceOverBoard(*this, kUsualGroupsSize, scale);
     tree_->setFocus(Qt::OtherFocusReason);
   }
   QDialog::showEvent(event);

@@ -14,7 +14,6 @@ namespace {
 
 using namespace look;
 
-constexpr double kReach = 1.6;  // of the pointer, in type sizes
 constexpr QColor kRealLine{243, 233, 210};
 constexpr QColor kRealToCome{116, 134, 122};
 constexpr QColor kRealBar{104, 92, 60};
@@ -140,7 +139,6 @@ void RealCourseChart::Draw(QPainter& painter) {
   }
   const PlotScale scale = Scale();
   painter.setFont(SmallFont());
-  constexpr int kMostMarks = 9;
   DrawValueLines(painter, scale, AxisMarks(scale.bottom, scale.top, kMostMarks, 1),
                  [](double value) { return QString::number(value); });
   const double high = painter.fontMetrics().height();

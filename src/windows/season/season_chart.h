@@ -34,6 +34,9 @@ class SeasonChart : public QWidget {
   [[nodiscard]] virtual QString WordsOf(int mark) const = 0;
 
  protected:
+  static constexpr double kReach = 1.6;  // of the pointer, in type sizes
+  static constexpr int kMostMarks = 9;   // of an axis
+
   virtual void Draw(QPainter& painter) = 0;
   // The mark at a place; -1: none.
   [[nodiscard]] virtual int MarkAt(const QPointF& place) const = 0;

@@ -13,10 +13,8 @@ namespace {
 
 using namespace look;
 
-constexpr double kReach = 1.6;           // of the pointer, in type sizes
 constexpr QColor kDimLine{78, 108, 93};  // of teams that are not chosen
 constexpr std::size_t kManyPoints = 150;
-constexpr int kMostMarks = 9;  // of the axis
 
 }  // namespace
 

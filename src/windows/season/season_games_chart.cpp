@@ -16,7 +16,7 @@ namespace {
 using namespace look;
 
 constexpr double kStripShare = 0.3;
-constexpr int kMostMarks = 5;
+constexpr int kMostGameMarks = 5;
 
 }  // namespace
 
@@ -186,9 +186,10 @@ void SeasonGamesChart::Draw(QPainter& painter) {
   painter.setFont(SmallFont());
   subject_.wholeTeam ? DrawResults(painter, scale) : DrawCounts(painter, scale);
   DrawMonths(painter, scale, months_);
-  DrawValueLines(painter, scale, AxisMarks(lowest_, highest_, kMostMarks), [batting](double value) {
-    return ToQt(batting ? AverageText(Quotient{value}) : EarnedRunText(Quotient{value}));
-  });
+  DrawValueLines(
+      painter, scale, AxisMarks(lowest_, highest_, kMostGameMarks), [batting](double value) {
+        return ToQt(batting ? AverageText(Quotient{value}) : EarnedRunText(Quotient{value}));
+      });
   DrawCurve(painter, scale);
 }
 

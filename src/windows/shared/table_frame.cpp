@@ -11,7 +11,6 @@ namespace {
 using namespace look;
 
 constexpr int kMargin = 12;
-constexpr int kSpace = 8;
 constexpr double kControlHeight = 32;  // layout units
 
 }  // namespace

@@ -255,8 +255,9 @@ bool SqliteCopies::EqualsCopy(const std::string& name) {
 void SqliteCopies::MakeFolder() const {
   std::error_code error;
   if (fs::create_directories(folder_, error)) SyncFolder(folder_.parent_path());
-  if (error)
+  if (error) {
     ThrowFileError("The folder \"" + TextOf(folder_) + "\" for the copies cannot be made", error);
+  }
 }
 
 // Programs that died while they made a copy leave these.

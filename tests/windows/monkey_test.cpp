@@ -28,7 +28,7 @@ namespace dtb::replay {
 namespace {
 
 const unsigned kSeed = FromOutside("DTB_SEED", 19601005);
-const int kGestures = static_cast<int>(FromOutside("DTB_GESTURES", 2000));
+const int kGestures = static_cast<int>(FromOutside("DTB_GESTURES", 1000));
 
 // Controls and keys for a new game up to its first hit.
 QList<std::pair<const char*, const char*>> NewGame() {

@@ -76,7 +76,8 @@ class CopyKills : public CopiesTest {
     operation();
     const int steps = stepsMade;
     ASSERT_GT(steps, 3);
-    const int kills = static_cast<int>(FromOutside("DTB_KILLS", static_cast<unsigned>(steps)));
+    // Twice the steps, since every other way back brings another copy.
+    const int kills = static_cast<int>(FromOutside("DTB_KILLS", static_cast<unsigned>(2 * steps)));
     std::mt19937 random(FromOutside("DTB_SEED", 1960));
     for (int run = 0; run < kills && !HasFailure(); ++run) {
       prepare();

@@ -45,7 +45,7 @@ inline constexpr double kHuge = 24;
 inline constexpr std::array kFittingSizes{1.0, kBody / kLarge, kSmall / kLarge, kTiny / kLarge};
 
 inline constexpr double kCorner = 6;
-inline constexpr int kSpace = 8;  // pixels between controls that a layout places
+inline constexpr int kSpace = 8;  // between controls: pixels, in windows that scale layout units
 
 inline constexpr double kLeastContrast = 4.5;  // of a text and its ground
 
